@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+/// Where the program's files stand, and how a path is parted.
+namespace Paths {
+
+/// The platform's own separator, the one that is written.
+QChar separator();
+/// On reading both slashes part a path: old projects hold paths of another platform.
+bool isSeparator(QChar character);
+/// The text with both slashes turned to the platform's separator.
+QString native(const QString& path);
+
+/// The folder of the program's own data, with a trailing separator: the folder of the executable when it can
+/// be written to, else the user's data folder. Decided once.
+QString programFolder();
+/// The folder of the executable itself, with a trailing separator: the helper libraries stand there.
+QString executableFolder();
+/// A folder or file that is installed with the program ("Dict", "Languages", "WebTemplate"): beside the
+/// program's data when it is there, else in the executable's folder or the installed share folder.
+QString installed(const QString& name);
+/// The user's documents folder, with a trailing separator.
+QString documentsFolder();
+/// The system's temporary folder, with a trailing separator.
+QString temporaryFolder();
+
+/// For tests: both folders become this one.
+void overrideFolders(const QString& folder);
+
+}  // namespace Paths

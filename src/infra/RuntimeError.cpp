@@ -1,0 +1,74 @@
+#include "infra/RuntimeError.h"
+
+#include <array>
+#include <cerrno>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Described {
+  int number;
+  const char* text;
+};
+
+constexpr std::array kDescriptions{
+    Described{RuntimeError::InvalidCall, "Invalid procedure call or argument"},
+    Described{RuntimeError::Overflow, "Overflow"},
+    Described{RuntimeError::OutOfMemory, "Out of memory"},
+    Described{RuntimeError::OutOfBounds, "Subscript out of range"},
+    Described{RuntimeError::TypeMismatch, "Type mismatch"},
+    Described{RuntimeError::Internal, "Internal error"},
+    Described{RuntimeError::BadFileName, "Bad file name or number"},
+    Described{RuntimeError::FileNotFound, "File not found"},
+    Described{RuntimeError::FileAlreadyOpen, "File already open"},
+    Described{RuntimeError::DeviceError, "Device I/O error"},
+    Described{RuntimeError::DiskFull, "Disk full"},
+    Described{RuntimeError::PermissionDenied, "Permission denied"},
+    Described{RuntimeError::PathAccess, "Path/File access error"},
+    Described{RuntimeError::PathNotFound, "Path not found"},
+    Described{RuntimeError::NoObject, "Object variable or With block variable not set"},
+    Described{RuntimeError::DuplicateKey, "This key is already associated with an element of this collection"},
+};
+
+int numberOfErrno(int code) {
+  switch (code) {
+    case ENOENT:
+      return RuntimeError::FileNotFound;
+    case ENOTDIR:
+      return RuntimeError::PathNotFound;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return RuntimeError::DiskFull;
+    case ENAMETOOLONG:
+    case EINVAL:
+      return RuntimeError::BadFileName;
+    case EIO:
+      return RuntimeError::DeviceError;
+    default:
+      return RuntimeError::PathAccess;
+  }
+}
+
+}  // namespace
+
+RuntimeError::RuntimeError(int number) : RuntimeError(number, descriptionOf(number)) {}
+
+RuntimeError::RuntimeError(int number, QString description)
+    : number_(number), description_(std::move(description)), what_(description_.toUtf8()) {}
+
+QString RuntimeError::descriptionOf(int number) {
+  for (const Described& entry : kDescriptions) {
+    if (entry.number == number) {
+      return QString::fromLatin1(entry.text);
+    }
+  }
+  return u"Application-defined or object-defined error"_s;
+}
+
+RuntimeError RuntimeError::fromErrno(int code, const QString& path) {
+  const int number = numberOfErrno(code);
+  return {number, descriptionOf(number) + u": "_s + path};
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+/// What a failing statement throws: one of the numbers below and a text for the log.
+class RuntimeError : public std::exception {
+ public:
+  enum Number {
+    InvalidCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    OutOfBounds = 9,
+    TypeMismatch = 13,
+    Internal = 51,
+    BadFileName = 52,
+    FileNotFound = 53,
+    FileAlreadyOpen = 55,
+    DeviceError = 57,
+    DiskFull = 61,
+    PermissionDenied = 70,
+    PathAccess = 75,
+    PathNotFound = 76,
+    NoObject = 91,
+    DuplicateKey = 457
+  };
+
+  /// With the number's usual description.
+  explicit RuntimeError(int number);
+  RuntimeError(int number, QString description);
+
+  int number() const { return number_; }
+  const QString& description() const { return description_; }
+  const char* what() const noexcept override { return what_.constData(); }
+
+  /// The usual description of a number; "Application-defined or object-defined error" for an unknown one.
+  static QString descriptionOf(int number);
+  /// The error that stands for a failed system call's errno, with the path in its description.
+  static RuntimeError fromErrno(int code, const QString& path);
+
+ private:
+  int number_;
+  QString description_;
+  QByteArray what_;
+};

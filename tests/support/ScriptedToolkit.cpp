@@ -1,0 +1,106 @@
+#include "support/ScriptedToolkit.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class RecordingProgress : public ProgressWindow {
+ public:
+  explicit RecordingProgress(ScriptedToolkit& owner) : owner_(owner) {}
+  void Show() override { ++owner_.progressWindowsShown; }
+  void Hide() override {}
+  void setCaption(const QString& caption) override { owner_.progressCaptions.append(caption); }
+
+ private:
+  ScriptedToolkit& owner_;
+};
+
+}  // namespace
+
+ScriptedToolkit::ScriptedToolkit() { installToolkit(this); }
+
+ScriptedToolkit::~ScriptedToolkit() {
+  installToolkit(nullptr);
+  for (const Expected& left : script_) {
+    ADD_FAILURE() << "was never asked: " << left.text.toStdString();
+  }
+}
+
+void ScriptedToolkit::expectBox(const QString& text, Answer answer) {
+  script_.push_back({Kind::Box, text, answer, {}});
+}
+
+void ScriptedToolkit::expectFile(const QString& answer) { script_.push_back({Kind::File, answer, Answer::Ok, {}}); }
+
+void ScriptedToolkit::expectColour(std::optional<quint32> answer) {
+  script_.push_back({Kind::Colour, {}, Answer::Ok, answer});
+}
+
+void ScriptedToolkit::expectErrorReport(const QString& text) {
+  script_.push_back({Kind::Report, text, Answer::Ok, {}});
+}
+
+std::optional<ScriptedToolkit::Expected> ScriptedToolkit::take(Kind kind, const QString& asked) {
+  if (script_.empty() || script_.front().kind != kind) {
+    ADD_FAILURE() << "was asked without being told to expect it: " << asked.toStdString();
+    return {};
+  }
+  const Expected expected = script_.front();
+  script_.pop_front();
+  return expected;
+}
+
+Answer ScriptedToolkit::MsgBox(const QString& text, Buttons buttons) {
+  boxes.append(text);
+  const auto expected = take(Kind::Box, text);
+  if (!expected) {
+    return buttons == Buttons::Ok ? Answer::Ok : buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+  }
+  EXPECT_TRUE(text.contains(expected->text)) << text.toStdString() << " lacks " << expected->text.toStdString();
+  return expected->answer;
+}
+
+QString ScriptedToolkit::InputBox(const QString& prompt, const QString&, const QString&) {
+  const auto expected = take(Kind::File, prompt);
+  return expected ? expected->text : QString();
+}
+
+QString ScriptedToolkit::OpenFileDialog(const FileQuestion& question) {
+  fileQuestions.append(question);
+  const auto expected = take(Kind::File, question.title);
+  return expected ? expected->text : QString();
+}
+
+QString ScriptedToolkit::SaveFileDialog(const FileQuestion& question) { return OpenFileDialog(question); }
+
+QString ScriptedToolkit::PickFolder(const QString& title, const QString& folder) {
+  return OpenFileDialog({title, {}, {}, folder});
+}
+
+std::optional<quint32> ScriptedToolkit::PickColour(const QString& title, quint32) {
+  const auto expected = take(Kind::Colour, title);
+  return expected ? expected->colour : std::nullopt;
+}
+
+void ScriptedToolkit::ShowErrorReport(const QString& text, const QString&) {
+  errorReports.append(text);
+  const auto expected = take(Kind::Report, text);
+  if (expected) {
+    EXPECT_TRUE(text.contains(expected->text)) << text.toStdString() << " lacks " << expected->text.toStdString();
+  }
+}
+
+bool ScriptedToolkit::openDocument(const QString& pathOrAddress) {
+  openedDocuments.append(pathOrAddress);
+  return true;
+}
+
+bool ScriptedToolkit::runProgram(const QString& program, const QStringList& arguments, bool) {
+  programsRun.append((QStringList{program} + arguments).join(u' '));
+  return true;
+}
+
+std::unique_ptr<ProgressWindow> ScriptedToolkit::makeProgressWindow() {
+  ++progressWindowsMade;
+  return std::make_unique<RecordingProgress>(*this);
+}

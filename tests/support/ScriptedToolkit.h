@@ -1,0 +1,66 @@
+#pragma once
+
+#include "toolkit/Toolkit.h"
+
+#include <QStringList>
+
+#include <deque>
+
+/// Answers from a list, keeps what was asked, and fails the test when something is asked that it was not told
+/// to expect or when an answer is left unused. Installs itself for its lifetime.
+class ScriptedToolkit : public Toolkit {
+ public:
+  ScriptedToolkit();
+  ~ScriptedToolkit() override;
+  ScriptedToolkit(const ScriptedToolkit&) = delete;
+  ScriptedToolkit& operator=(const ScriptedToolkit&) = delete;
+
+  /// The next box must hold this text (as a part of its own) and is answered so.
+  void expectBox(const QString& text, Answer answer = Answer::Ok);
+  /// The next file, folder or input question is answered with this text; empty is cancel.
+  void expectFile(const QString& answer);
+  void expectColour(std::optional<quint32> answer);
+  /// The next thing asked is the error reporter with this text in it.
+  void expectErrorReport(const QString& text);
+
+  QStringList boxes;
+  QList<FileQuestion> fileQuestions;
+  QStringList errorReports;
+  /// Every caption that a progress window showed, and how many windows were made and shown.
+  QStringList progressCaptions;
+  int progressWindowsMade = 0;
+  int progressWindowsShown = 0;
+  QStringList openedDocuments;
+  QStringList programsRun;
+  QString clipboard;
+  Pointer pointer = Pointer::Normal;
+  int yields = 0;
+
+  Answer MsgBox(const QString& text, Buttons buttons) override;
+  QString InputBox(const QString& prompt, const QString& title, const QString& text) override;
+  QString OpenFileDialog(const FileQuestion& question) override;
+  QString SaveFileDialog(const FileQuestion& question) override;
+  QString PickFolder(const QString& title, const QString& folder) override;
+  std::optional<quint32> PickColour(const QString& title, quint32 initial) override;
+  void ShowErrorReport(const QString& text, const QString& helpTopic) override;
+  void setPointer(Pointer shape) override { pointer = shape; }
+  QString clipboardText() override { return clipboard; }
+  void setClipboardText(const QString& text) override { clipboard = text; }
+  bool openDocument(const QString& pathOrAddress) override;
+  bool runProgram(const QString& program, const QStringList& arguments, bool hidden) override;
+  void DoEvents() override { ++yields; }
+  std::unique_ptr<ProgressWindow> makeProgressWindow() override;
+
+ private:
+  enum class Kind { Box, File, Colour, Report };
+  struct Expected {
+    Kind kind;
+    QString text;
+    Answer answer = Answer::Ok;
+    std::optional<quint32> colour;
+  };
+
+  std::optional<Expected> take(Kind kind, const QString& asked);
+
+  std::deque<Expected> script_;
+};

@@ -1,0 +1,39 @@
+#include "support/TestHome.h"
+
+#include "infra/Paths.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+TestHome::TestHome() {
+  const QString home = folder_.path();
+  qputenv("HOME", home.toLocal8Bit());
+  qputenv("XDG_RUNTIME_DIR", home.toLocal8Bit());
+  qputenv("XDG_CONFIG_HOME", (home + u"/config"_s).toLocal8Bit());
+  qputenv("XDG_DATA_HOME", (home + u"/data"_s).toLocal8Bit());
+  qputenv("TZ", "UTC");
+  QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+  // The helper libraries are looked for in the program's folder: the test's one links to the built ones.
+  const QDir built(QCoreApplication::applicationDirPath());
+  QDir(home).mkdir(u"program"_s);
+  for (const QString& name : {u"qnHtml.dll"_s, u"qnHtml2.dll"_s, u"Hash.dll"_s}) {
+    QFile::link(built.filePath(name), home + u"/program/"_s + name);
+  }
+  Paths::overrideFolders(home + u"/program"_s);
+}
+
+TestHome::~TestHome() { Paths::overrideFolders({}); }
+
+QString ScratchFolder::path(const QString& name) const {
+  return name.isEmpty() ? folder_.path() : folder_.filePath(name);
+}
+
+QString sharedFolder() {
+  const QString folder = QFileInfo(QStringLiteral(QUILLANE_SOURCE_DIR "/../shared")).absoluteFilePath();
+  return QFileInfo::exists(folder + u"/novels"_s) ? folder : QString();
+}
