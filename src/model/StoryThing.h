@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// What a location and an item of the story have in common: everything but the names of dialog and table.
+class StoryThing {
+ public:
+  bool Unused = false;
+  QString Title;
+  /// Position in the list; written to the project file and not read back.
+  qint16 SortOrder = 0;
+  QString Tags;
+  QString DescText;
+  bool EditOpen = false;
+
+ protected:
+  ~StoryThing() = default;
+  void appendXML(QByteArray& out, QByteArrayView element, qint32 id) const;
+  void readXML(QByteArrayView xml, const char* module, qint32& id);
+
+  qint32 id_ = 0;
+};
