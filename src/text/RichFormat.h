@@ -40,7 +40,7 @@ struct ParagraphFormat {
   enum class Alignment : quint8 { Left, Centre, Right, Justify };
 
   Alignment alignment = Alignment::Left;
-  int leftIndent = 0;   ///< Of all lines but the first.
+  int leftIndent = 0;  ///< Of all lines but the first.
   int rightIndent = 0;
   int firstIndent = 0;  ///< Of the first line, relative to leftIndent; below 0 the first line hangs out.
   int spaceBefore = 0;

@@ -135,7 +135,6 @@ class RichText::Builder {
   /// True when nothing stands in the current paragraph, or a line break was the last.
   bool atLineStart() const;
   bool paragraphIsEmpty() const;
-  qsizetype paragraphCount() const;
 
   /// The text so far, its last paragraph ended thus. The builder is empty afterwards.
   RichText take(int charFormat, int paragraphFormat);
