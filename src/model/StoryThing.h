@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Tags.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -14,10 +16,14 @@ class StoryThing {
   QString DescText;
   bool EditOpen = false;
 
+  void setID(qint32 id) { id_ = id; }
+  /// Empties Title, DescText and the ID; the other fields stay.
+  void Clear();
+
  protected:
   ~StoryThing() = default;
-  void appendXML(QByteArray& out, QByteArrayView element, qint32 id) const;
-  void readXML(QByteArrayView xml, const char* module, qint32& id);
+  void appendXML(QByteArray& out, const Tag& element, qint32 id) const;
+  void readXML(QByteArrayView xml, const char* module);
 
   qint32 id_ = 0;
 };

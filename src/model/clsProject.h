@@ -61,8 +61,8 @@ class clsProject {
   void setDeadlineStartDate(int level, qint32 dayNumber);
   /// The project's names of the ratings 1 to 4.
   const QString& FieldTitle(int index) const;
-  /// The project file holds these as they stand: throws RuntimeError 5, with a text for the user, for a name
-  /// that the file's code page lacks characters of or that holds a line end or a "<".
+  /// The project file holds these as they stand: throws RuntimeError 5, with a text for the user, for a name that
+  /// would not come back from the file, because of a character that its code page lacks or of a tag.
   void setFieldTitle(int index, const QString& name);
 
   /// The project's folder, ending in a separator; "./" when the file name has none.
@@ -148,7 +148,7 @@ class clsProject {
  private:
   void cScenes_LoadingNum(qint32 number);
   void cScenes_SavingNum(qint32 number);
-  void showProgressCaption(const QString& caption);
+  void showProgressNumber(const QString& what, qint32 number);
   void setProgress(const QString& caption);
   void eachOpenEditor(void (clsScene::*action)());
 
@@ -158,13 +158,12 @@ class clsProject {
   void failLoad();
   bool Save(bool showProgress, bool singleFile);
   bool attemptSave(bool showProgress, bool singleFile, bool asked);
-  bool askForFile(QString& folder, bool& asked);
+  bool askForFile(const QString& folder);
   bool prepareTarget(bool singleFile, bool asked);
   bool writeProject(int file, bool showProgress, bool singleFile);
   /// True when nothing that is referred to is missing; what is gets a line in the log.
   bool IntegrityCheck() const;
   QString forcedExtension(const QString& extension) const;
-  void readFieldsFrom(const class ElementReader& element);
 
   std::array<qint32, 7> lastFileIndex_{};
   std::array<qint32, 5> deadlineDate_{};

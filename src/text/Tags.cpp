@@ -139,6 +139,10 @@ qsizetype find(QByteArrayView text, QByteArrayView what, qsizetype from) {
   return -1;
 }
 
+bool startsWith(QByteArrayView text, QByteArrayView beginning) {
+  return text.size() >= beginning.size() && equalIgnoringCase(text.data(), beginning.data(), beginning.size());
+}
+
 QByteArrayView ExtractWithTags(QByteArrayView text, const Tag& tag) {
   const qsizetype open = find(text, tag.open);
   if (open < 0) {

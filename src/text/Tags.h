@@ -18,6 +18,9 @@ namespace Tags {
 /// The position of the first occurrence at or behind `from`, case ignored; -1 for none. Empty `find` gives `from`.
 qsizetype find(QByteArrayView text, QByteArrayView find, qsizetype from = 0);
 
+/// True when the text begins so, case ignored.
+bool startsWith(QByteArrayView text, QByteArrayView beginning);
+
 /// From the start of the opening tag to the end of the closing one, or to the end of the text when there is no
 /// closing tag behind it; an empty view when there is no opening tag. Nothing is copied.
 QByteArrayView ExtractWithTags(QByteArrayView text, const Tag& tag);
