@@ -1,7 +1,7 @@
 #include "infra/CodePage.h"
 
-#include <array>
 #include <algorithm>
+#include <array>
 #include <type_traits>
 
 namespace {
@@ -64,7 +64,9 @@ void appendMark(QByteArray& out, char16_t unit) {
 
 namespace CodePage {
 
-char16_t toChar(uchar byte) { return byte >= 0x80 && byte < 0xA0 ? kHigh[byte - 0x80U] : byte; }
+char16_t toChar(uchar byte) {
+  return byte >= 0x80 && byte < 0xA0 ? kHigh[byte - 0x80U] : byte;
+}
 
 int toByte(char16_t unit) {
   if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) {

@@ -11,9 +11,13 @@
 
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool isBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 int digitOf(char c) {
   if (isDigit(c)) {
@@ -87,7 +91,9 @@ qsizetype skipBlanks(QByteArrayView text) {
   return at;
 }
 
-double roundHalfEven(double value) { return std::nearbyint(value); }
+double roundHalfEven(double value) {
+  return std::nearbyint(value);
+}
 
 /// The low bits of a whole number of any size, as a two's complement number.
 quint32 lowBits(double value) {
@@ -112,7 +118,9 @@ int datePiece(QByteArrayView text, qsizetype& at) {
   return at == from ? -1 : value;
 }
 
-bool isDateSeparator(char c) { return c == '-' || c == '/' || c == '.'; }
+bool isDateSeparator(char c) {
+  return c == '-' || c == '/' || c == '.';
+}
 
 }  // namespace
 
@@ -131,11 +139,17 @@ double Val(QByteArrayView text) {
   return end == 0 ? 0 : decimal(text.first(end));
 }
 
-double Val(QStringView text) { return Val(QByteArrayView(CodePage::toBytes(text))); }
+double Val(QStringView text) {
+  return Val(QByteArrayView(CodePage::toBytes(text)));
+}
 
-qint32 ValTo32(QByteArrayView text) { return static_cast<qint32>(lowBits(Val(text))); }
+qint32 ValTo32(QByteArrayView text) {
+  return static_cast<qint32>(lowBits(Val(text)));
+}
 
-qint16 ValTo16(QByteArrayView text) { return static_cast<qint16>(lowBits(Val(text)) & 0xFFFFU); }
+qint16 ValTo16(QByteArrayView text) {
+  return static_cast<qint16>(lowBits(Val(text)) & 0xFFFFU);
+}
 
 qint32 Strict32(QByteArrayView text) {
   text = text.sliced(skipBlanks(text));

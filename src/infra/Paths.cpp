@@ -33,9 +33,13 @@ QString decideProgramFolder() {
 
 namespace Paths {
 
-QChar separator() { return QDir::separator(); }
+QChar separator() {
+  return QDir::separator();
+}
 
-bool isSeparator(QChar character) { return character == u'\\' || character == u'/'; }
+bool isSeparator(QChar character) {
+  return character == u'\\' || character == u'/';
+}
 
 QString native(const QString& path) {
   QString result = path;
@@ -65,8 +69,12 @@ QString documentsFolder() {
   return withSeparator(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
 }
 
-QString temporaryFolder() { return withSeparator(QDir::tempPath()); }
+QString temporaryFolder() {
+  return withSeparator(QDir::tempPath());
+}
 
-void overrideFolders(const QString& folder) { overridden() = folder.isEmpty() ? folder : withSeparator(folder); }
+void overrideFolders(const QString& folder) {
+  overridden() = folder.isEmpty() ? folder : withSeparator(folder);
+}
 
 }  // namespace Paths

@@ -22,9 +22,11 @@ constexpr std::array kDescriptions{
     Described{RuntimeError::Internal, "Internal error"},
     Described{RuntimeError::BadFileName, "Bad file name or number"},
     Described{RuntimeError::FileNotFound, "File not found"},
+    Described{RuntimeError::BadFileMode, "Bad file mode"},
     Described{RuntimeError::FileAlreadyOpen, "File already open"},
     Described{RuntimeError::DeviceError, "Device I/O error"},
     Described{RuntimeError::DiskFull, "Disk full"},
+    Described{RuntimeError::InputPastEnd, "Input past end of file"},
     Described{RuntimeError::PermissionDenied, "Permission denied"},
     Described{RuntimeError::PathAccess, "Path/File access error"},
     Described{RuntimeError::PathNotFound, "Path not found"},
@@ -47,6 +49,9 @@ int numberOfErrno(int code) {
       return RuntimeError::BadFileName;
     case EIO:
       return RuntimeError::DeviceError;
+    case EBUSY:
+    case ETXTBSY:
+      return RuntimeError::PermissionDenied;
     default:
       return RuntimeError::PathAccess;
   }

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+/// A file opened by the system's own calls. Every failure is a RuntimeError with the number that stands for it:
+/// 52 no file name, 53 missing, 61 disk full, 70 in use, 75 no access, 76 no such folder.
+class NativeFile {
+ public:
+  enum class Mode { Read, Truncate, Append };
+
+  NativeFile(const QString& path, Mode mode);
+  /// Closes without telling of a failure; call close() to be told.
+  ~NativeFile();
+  NativeFile(NativeFile&& other) noexcept;
+  NativeFile& operator=(NativeFile&& other) noexcept;
+
+  /// The next bytes, at most so many; empty at the end of the file.
+  QByteArray read(qsizetype most);
+  void write(QByteArrayView bytes);
+  void close();
+
+ private:
+  struct Handle;
+  std::unique_ptr<Handle> handle_;
+};
+
+/// New content for a file, written beside it and put in its place in one step: until commit() has returned
+/// the old file stands there whole. Without a commit the new content is thrown away.
+class ReplacementFile {
+ public:
+  enum class Durability { Cached, OnDisk };
+
+  /// The file's permissions are kept; a link is followed; a file that can't be written to is refused with 75.
+  explicit ReplacementFile(const QString& path);
+  ~ReplacementFile();
+  ReplacementFile(const ReplacementFile&) = delete;
+  ReplacementFile& operator=(const ReplacementFile&) = delete;
+
+  void write(QByteArrayView bytes);
+  /// OnDisk waits until content and name have reached the disk.
+  void commit(Durability durability);
+
+ private:
+  struct Handle;
+  std::unique_ptr<Handle> handle_;
+};
+
+/// The whole content of a file; nothing when there is no such file or a folder stands there.
+std::optional<QByteArray> readWholeFile(const QString& path);

@@ -1,0 +1,363 @@
+#include "infra/cSHAREDSettings.h"
+
+#include "infra/CodePage.h"
+#include "infra/Guard.h"
+#include "infra/NativeFile.h"
+#include "infra/Numbers.h"
+#include "infra/Paths.h"
+#include "infra/RuntimeError.h"
+#include "infra/cSHAREDShowError.h"
+#include "infra/cSharedDateSubs.h"
+#include "infra/cSharedFileSubs.h"
+#include "infra/cSharedLogging.h"
+#include "text/cSharedText.h"
+#include "toolkit/Toolkit.h"
+
+#include <QStorageInfo>
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char* kModule = "cSHAREDSettings";
+
+QString withoutCommas(QString key) {
+  return key.remove(u',');
+}
+
+/// The truth that a text says in English or in the system's language, if it says one.
+std::optional<bool> truthOf(const QString& text) {
+  const QString word = text.trimmed().toUpper();
+  if (word == u"FALSE" || word == Dates().FalseStr()) {
+    return false;
+  }
+  return word == u"TRUE" || word == Dates().TrueStr() ? std::optional(true) : std::nullopt;
+}
+
+int asInteger(bool truth) {
+  return truth ? -1 : 0;
+}
+
+/// Empty, text, int or double: what the table holds.
+QVariant stored(const QVariant& value) {
+  switch (value.typeId()) {
+    case QMetaType::UnknownType:
+    case QMetaType::Int:
+    case QMetaType::Double:
+    case QMetaType::QString:
+      return value;
+    case QMetaType::Bool:
+      return asInteger(value.toBool());
+    case QMetaType::Float:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+      return value.toDouble();
+    default:
+      return value.toString();
+  }
+}
+
+/// A number as a printed line shows it: a blank where the plus sign would stand, the digits, a blank behind.
+QByteArray printForm(const QVariant& value) {
+  constexpr int kSignificantDigits = 15;
+  if (value.typeId() == QMetaType::Int || value.typeId() == QMetaType::Double) {
+    const QByteArray digits = value.typeId() == QMetaType::Int
+                                  ? QByteArray::number(value.toInt())
+                                  : QByteArray::number(value.toDouble(), 'g', kSignificantDigits);
+    return (digits.startsWith('-') ? "" : " ") + digits + ' ';
+  }
+  return CodePage::toMarkedBytes(value.toString());
+}
+
+/// Our own lines end with CR LF; a file without any such end was written by an editor of another platform.
+QByteArray lineEndOf(const QByteArray& content) {
+  return content.contains("\r\n") ? "\r\n" : "\n";
+}
+
+QString volumeNamed(const QString& path) {
+  const QString drive = Files().DriveOnly(path);
+  return drive.isEmpty() ? QStorageInfo(Files().PathOnly(path)).rootPath() : drive;
+}
+
+bool askAfterDiskFull(const QString& path) {
+  return toolkit().MsgBox(u"You've run out of disk space on drive "_s + volumeNamed(path) +
+                              u":\rPlease clear some space and then click Retry, else click Cancel to abort."_s,
+                          Buttons::RetryCancel) == Answer::Retry;
+}
+
+bool tellReadOnly() {
+  toolkit().MsgBox(u"Your settings file is read-only and I can't change it. Save cancelled."_s);
+  return false;
+}
+
+void showLineError(const RuntimeError& error, const QByteArray& line, const QString& path) {
+  ShowError().ShowErr(u"Error "_s + QString::number(error.number()) + u" in setting file. Line: "_s +
+                      CodePage::fromMarkedBytes(line) + u" of "_s + path);
+}
+
+/// What is done about a failed save. True when it is worth another try; made writable in vain it is not.
+class SaveRecovery {
+ public:
+  explicit SaveRecovery(const QString& path) : path_(path) {}
+
+  bool tryAgain(const RuntimeError& error) {
+    switch (error.number()) {
+      case RuntimeError::PathAccess:
+      case RuntimeError::BadFileName: {
+        const bool writable = !madeWritable_ && Files().MakeReadWrite(path_);
+        madeWritable_ = true;
+        return writable || tellReadOnly();
+      }
+      case RuntimeError::DiskFull:
+        return askAfterDiskFull(path_);
+      default:
+        ShowError().ShowErr(QString::number(error.number()) + u" - "_s + error.description() + u" in SaveSettings"_s);
+        return false;
+    }
+  }
+
+ private:
+  const QString& path_;
+  bool madeWritable_ = false;
+};
+
+}  // namespace
+
+QString cSHAREDSettings::SettingNameByIndex(int index) const {
+  QString name;
+  Guard("SettingNameByIndex", kModule)([&] {
+    if (index < 1 || index > SettingsCount()) {
+      throw RuntimeError(RuntimeError::OutOfBounds);
+    }
+    name = std::next(entries_.begin(), index - 1)->KeyName;
+  });
+  return name;
+}
+
+const cSHAREDSetting* cSHAREDSettings::find(const QString& key) const {
+  const auto found = index_.constFind(withoutCommas(key).toUpper());
+  return found == index_.constEnd() ? nullptr : &**found;
+}
+
+bool cSHAREDSettings::IsSettingPresent(const QString& key) const {
+  return find(key) != nullptr;
+}
+
+void cSHAREDSettings::AddSetting(const QString& key, const QVariant& value) {
+  Guard("AddSetting", kModule)([&] {
+    const QString name = withoutCommas(key);
+    const QString indexKey = name.toUpper();
+    const auto found = index_.constFind(indexKey);
+    if (found != index_.constEnd()) {
+      (*found)->KeyValue = stored(value);
+      return;
+    }
+    index_.insert(indexKey, entries_.insert(entries_.end(), {name, stored(value)}));
+  });
+}
+
+QVariant cSHAREDSettings::RetrieveSetting(const QString& key, const QVariant& defaultValue) const {
+  const cSHAREDSetting* setting = find(key);
+  const QVariant& value = setting == nullptr ? defaultValue : setting->KeyValue;
+  if (value.typeId() != QMetaType::QString) {
+    return value;
+  }
+  const std::optional<bool> truth = truthOf(value.toString());
+  return truth ? QVariant(*truth) : value;
+}
+
+QVariant cSHAREDSettings::RetrieveWithDefault(const QString& key, const QVariant& defaultValue) const {
+  const QVariant value = RetrieveSetting(key, defaultValue);
+  bool given = false;
+  Guard("RetrieveWithDefault", kModule)([&] {
+    const std::optional<double> number = value.isValid() ? Numbers::ToNumber(value) : 0;
+    if (!number) {
+      throw RuntimeError(RuntimeError::TypeMismatch);
+    }
+    given = *number != 0;
+  });
+  return given ? value : defaultValue;
+}
+
+void cSHAREDSettings::DeleteAllSettings() {
+  index_.clear();
+  entries_.clear();
+}
+
+void cSHAREDSettings::DeleteSettingByName(const QString& key) {
+  const auto found = index_.find(withoutCommas(key).toUpper());
+  if (found == index_.end()) {
+    return;
+  }
+  entries_.erase(*found);
+  index_.erase(found);
+}
+
+void cSHAREDSettings::DeleteSetting(int index) {
+  Guard("DeleteSetting", kModule)([&] {
+    if (index < 1 || index > SettingsCount()) {
+      throw RuntimeError(RuntimeError::OutOfBounds);
+    }
+    DeleteSettingByName(QString(std::next(entries_.begin(), index - 1)->KeyName));
+  });
+}
+
+QByteArray cSHAREDSettings::fileContent() const {
+  QByteArray content;
+  for (const cSHAREDSetting& setting : entries_) {
+    content += CodePage::toMarkedBytes(setting.KeyName.toUpper()) + ',' + printForm(setting.KeyValue) + "\r\n";
+  }
+  return content;
+}
+
+bool cSHAREDSettings::SaveSettings(const QString& path) {
+  SaveRecovery recovery(path);
+  for (;;) {
+    try {
+      Files().ReplaceFile(path, fileContent());
+      return true;
+    } catch (const RuntimeError& error) {
+      if (!recovery.tryAgain(error)) {
+        return false;
+      }
+    }
+  }
+}
+
+void cSHAREDSettings::loadLine(const QByteArray& line) {
+  const qsizetype comma = line.indexOf(',');
+  const QString key = comma < 0 ? QString() : CodePage::fromMarkedBytes(line.first(comma));
+  if (key.trimmed().isEmpty()) {
+    return;
+  }
+  const QString value = CodePage::fromMarkedBytes(line.sliced(comma + 1));
+  const std::optional<bool> truth = truthOf(value);
+  AddSetting(key, truth ? QVariant(asInteger(*truth)) : QVariant(value));
+}
+
+void cSHAREDSettings::LoadSettings(const QString& path) {
+  DeleteAllSettings();
+  QByteArray content;
+  try {
+    content = readWholeFile(Paths::native(path)).value_or(QByteArray());
+  } catch (const RuntimeError& error) {
+    showLineError(error, {}, path);
+  }
+  const QByteArray lineEnd = lineEndOf(content);
+  for (qsizetype from = 0; from < content.size();) {
+    const qsizetype end = content.indexOf(lineEnd, from);
+    const QByteArray line = content.sliced(from, (end < 0 ? content.size() : end) - from);
+    try {
+      loadLine(line);
+    } catch (const RuntimeError& error) {
+      showLineError(error, line, path);
+    }
+    from += line.size() + lineEnd.size();
+  }
+}
+
+int cSHAREDSettings::LastIndexInSet(const QString& setName) const {
+  return std::max(Numbers::ToInt(sGet(setName.toUpper() + u"_INDEX"_s)), 0);
+}
+
+/// The numbers, up to the last one, under which the set has a member. One look-up each; where the index claims
+/// more members than there are settings, the table is walked instead.
+std::vector<int> cSHAREDSettings::membersOf(const QString& setName, qint64 last) const {
+  const QString prefix = withoutCommas(setName).toUpper() + u'_';
+  std::vector<int> numbers;
+  if (last <= SettingsCount()) {
+    for (int i = 1; i <= last; ++i) {
+      if (index_.contains(prefix + QString::number(i))) {
+        numbers.push_back(i);
+      }
+    }
+    return numbers;
+  }
+  for (auto entry = index_.keyBegin(); entry != index_.keyEnd(); ++entry) {
+    const int number = entry->startsWith(prefix) ? QStringView(*entry).sliced(prefix.size()).toInt() : 0;
+    if (number > 0 && number <= last && index_.contains(prefix + QString::number(number))) {
+      numbers.push_back(number);
+    }
+  }
+  std::sort(numbers.begin(), numbers.end());
+  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+  return numbers;
+}
+
+int cSHAREDSettings::AddToSet(const QString& setName, const QVariant& value) {
+  const QString prefix = setName.toUpper() + u'_';
+  int number = LastIndexInSet(setName);
+  const bool found = Guard("AddToSet", kModule)([&] {
+    do {
+      if (number == std::numeric_limits<int>::max()) {
+        throw RuntimeError(RuntimeError::Overflow);
+      }
+      ++number;
+    } while (IsSettingPresent(prefix + QString::number(number)));
+  });
+  if (!found) {
+    return 0;
+  }
+  StoreSetting(prefix + u"INDEX"_s, number);
+  StoreSetting(prefix + QString::number(number), value);
+  return number;
+}
+
+int cSHAREDSettings::SetCount(const QString& setName) const {
+  const int last = LastIndexInSet(setName);
+  const int count = static_cast<int>(membersOf(setName, last).size());
+  if (count != last) {
+    Logging().AddDebug(u"WARNING: LastIDX and Setcount not the same with setting '"_s + setName + u'\'');
+  }
+  return count;
+}
+
+bool cSHAREDSettings::ValueInSet(const QString& setName, const QString& value) const {
+  const QString prefix = setName.toUpper() + u'_';
+  const std::vector<int> members = membersOf(setName, LastIndexInSet(setName));
+  return std::any_of(members.begin(), members.end(), [&](int number) {
+    return cSharedText::StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
+  });
+}
+
+void cSHAREDSettings::DeleteFromSetByValue(const QString& setName, const QString& value) {
+  const QString prefix = setName.toUpper() + u'_';
+  const int last = LastIndexInSet(setName);
+  const std::vector<int> members = membersOf(setName, last);
+  const auto match = std::find_if(members.begin(), members.end(), [&](int number) {
+    return cSharedText::StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
+  });
+  if (match == members.end()) {
+    return;
+  }
+  DeleteSettingByName(prefix + QString::number(*match));
+  for (auto behind = std::next(match); behind != members.end(); ++behind) {
+    const QString key = prefix + QString::number(*behind);
+    StoreSetting(prefix + QString::number(*behind - 1), find(key)->KeyValue);
+    DeleteSettingByName(key);
+  }
+  StoreSetting(prefix + u"INDEX"_s, last - 1);
+}
+
+void cSHAREDSettings::DeleteASet(const QString& setName) {
+  constexpr int kMargin = 10;
+  for (const int number : membersOf(setName, qint64{LastIndexInSet(setName)} + kMargin)) {
+    DeleteSettingByName(setName.toUpper() + u'_' + QString::number(number));
+  }
+  DeleteSettingByName(setName.toUpper() + u"_INDEX"_s);
+}
+
+cSHAREDSettings& Settings() {
+  static cSHAREDSettings settings;
+  return settings;
+}
