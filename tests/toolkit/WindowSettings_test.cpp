@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QScreen>
+#include <QTest>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
@@ -41,7 +42,7 @@ TEST_F(WindowSettingsTest, AMaximisedWindowKeepsTheSizeThatItHadBefore) {
   window.resize(300, 200);
   storeWindow(u"Editor"_s, window);
   window.showMaximized();
-  ASSERT_NE(window.size(), QSize(300, 200));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() != QSize(300, 200); }, 20000));
   storeWindow(u"Editor"_s, window);
   QWidget again;
   restoreWindow(u"Editor"_s, again);
