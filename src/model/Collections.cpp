@@ -8,6 +8,8 @@
 #include "model/clsNote.h"
 #include "model/clsScene.h"
 
+clsScenes::Pointer clsScenes::SceneByID(qint32 id) const { return byID(id); }
+
 clsScenes::Pointer clsScenes::SceneByIndex(qint32 index) const { return byIndex(index, "SceneByIndex", "clsScenes"); }
 
 void clsScenes::setSceneByIndex(qint32 index, const Pointer& scene) {
@@ -25,6 +27,8 @@ void clsScenes::RemoveSceneByID(qint32 id) {
 }
 
 void clsScenes::Clear() { clearEach(); }
+
+clsChapters::Pointer clsChapters::ChapterByID(qint32 id) const { return byID(id); }
 
 clsChapters::Pointer clsChapters::ChapterByIndex(qint32 index) const {
   return byIndex(index, "ChapterByIndex", "clsChapters");
@@ -64,6 +68,8 @@ void clsChapters::RemoveChapterByIndex(qint32 index) {
   }
 }
 
+clsCharacters::Pointer clsCharacters::CharByID(qint32 id) const { return byID(id); }
+
 clsCharacters::Pointer clsCharacters::CharByIndex(qint32 index) const {
   return byIndex(index, "CharByIndex", "clsCharacters");
 }
@@ -77,6 +83,10 @@ void clsCharacters::AddChar(const Pointer& character) { add(character, "AddChar"
 void clsCharacters::RemoveCharByID(qint32 id) { removeID(id, "RemoveCharByID", "clsCharacters"); }
 
 void clsCharacters::RemoveCharByIndex(qint32 index) { removeIndex(index, "RemoveCharByIndex", "clsCharacters"); }
+
+void clsCharacters::Clear() { clearEach(); }
+
+clsLocations::Pointer clsLocations::LocationByID(qint32 id) const { return byID(id); }
 
 clsLocations::Pointer clsLocations::LocationByIndex(qint32 index) const {
   return byIndex(index, "LocationByIndex", "clsLocations");
@@ -94,6 +104,10 @@ void clsLocations::RemoveLocationByIndex(qint32 index) {
   removeIndex(index, "RemoveLocationByIndex", "clsLocations");
 }
 
+void clsLocations::Clear() { clearEach(); }
+
+clsItems::Pointer clsItems::ItemByID(qint32 id) const { return byID(id); }
+
 clsItems::Pointer clsItems::ItemByIndex(qint32 index) const { return byIndex(index, "ItemByIndex", "clsItems"); }
 
 void clsItems::AddItem(const Pointer& item) { add(item, "AddItem", "clsItems"); }
@@ -101,6 +115,10 @@ void clsItems::AddItem(const Pointer& item) { add(item, "AddItem", "clsItems"); 
 void clsItems::RemoveItemByID(qint32 id) { removeID(id, "RemoveItemByID", "clsItems"); }
 
 void clsItems::RemoveItemByIndex(qint32 index) { removeIndex(index, "RemoveItemByIndex", "clsItems"); }
+
+void clsItems::Clear() { clearEach(); }
+
+clsNotes::Pointer clsNotes::NoteByID(qint32 id) const { return byID(id); }
 
 clsNotes::Pointer clsNotes::NoteByIndex(qint32 index) const { return byIndex(index, "NoteByIndex", "clsNotes"); }
 

@@ -25,7 +25,7 @@ class clsScenes : public EntityCollection<clsScene> {
   std::function<void(qint32)> LoadingNum;
   std::function<void(qint32)> SavingNum;
 
-  Pointer SceneByID(qint32 id) const { return byID(id); }
+  Pointer SceneByID(qint32 id) const;
   Pointer SceneByIndex(qint32 index) const;
   void setSceneByIndex(qint32 index, const Pointer& scene);
   void Addscene(const Pointer& scene);
@@ -39,7 +39,7 @@ class clsScenes : public EntityCollection<clsScene> {
 
 class clsChapters : public EntityCollection<clsChapter> {
  public:
-  Pointer ChapterByID(qint32 id) const { return byID(id); }
+  Pointer ChapterByID(qint32 id) const;
   Pointer ChapterByIndex(qint32 index) const;
   void setChapterByIndex(qint32 index, const Pointer& chapter);
   /// The ID at a position; 0 when there is none.
@@ -57,46 +57,46 @@ class clsChapters : public EntityCollection<clsChapter> {
 
 class clsCharacters : public EntityCollection<clsCharacter> {
  public:
-  Pointer CharByID(qint32 id) const { return byID(id); }
+  Pointer CharByID(qint32 id) const;
   Pointer CharByIndex(qint32 index) const;
   void setCharByIndex(qint32 index, const Pointer& character);
   void AddChar(const Pointer& character);
   void RemoveCharByID(qint32 id);
   void RemoveCharByIndex(qint32 index);
-  void Clear() { clearEach(); }
+  void Clear();
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
 };
 
 class clsLocations : public EntityCollection<clsLocation> {
  public:
-  Pointer LocationByID(qint32 id) const { return byID(id); }
+  Pointer LocationByID(qint32 id) const;
   Pointer LocationByIndex(qint32 index) const;
   Pointer Location(qint32 index) const { return LocationByIndex(index); }
   void setLocation(qint32 index, const Pointer& location);
   void AddLocation(const Pointer& location);
   void RemoveLocationByID(qint32 id);
   void RemoveLocationByIndex(qint32 index);
-  void Clear() { clearEach(); }
+  void Clear();
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
 };
 
 class clsItems : public EntityCollection<clsItem> {
  public:
-  Pointer ItemByID(qint32 id) const { return byID(id); }
+  Pointer ItemByID(qint32 id) const;
   Pointer ItemByIndex(qint32 index) const;
   void AddItem(const Pointer& item);
   void RemoveItemByID(qint32 id);
   void RemoveItemByIndex(qint32 index);
-  void Clear() { clearEach(); }
+  void Clear();
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
 };
 
 class clsNotes : public EntityCollection<clsNote> {
  public:
-  Pointer NoteByID(qint32 id) const { return byID(id); }
+  Pointer NoteByID(qint32 id) const;
   Pointer NoteByIndex(qint32 index) const;
   void AddNote(const Pointer& note);
   void RemoveNoteByID(qint32 id);

@@ -3,6 +3,7 @@
 #include "infra/CodePage.h"
 #include "infra/Guard.h"
 #include "infra/Paths.h"
+#include "infra/Numbers.h"
 #include "infra/cSHAREDSettings.h"
 #include "infra/cSharedFileSubs.h"
 #include "infra/cSharedLogging.h"
@@ -198,7 +199,7 @@ void clsScene::SaveRTF(bool force) {
 }
 
 void clsScene::writePlainMirror() {
-  if (!Settings().sGet(u"CreateTextToo"_s, false).toBool()) {
+  if (!Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s))) {
     return;
   }
   const QString folder = g_Project->Path() + u"Data"_s + Paths::separator();

@@ -5,7 +5,7 @@
 #include "persist/modConstXML.h"
 #include "text/cSharedHTML.h"
 
-#include "infra/CodePage.h"
+#include "infra/RuntimeError.h"
 #include "infra/cSharedLogging.h"
 
 using namespace Qt::StringLiterals;
@@ -121,8 +121,8 @@ void clsScene::readRTF(const ElementReader& element) {
     setTextRTF(Html().DecodeMime64(Tags::ExtractBetweenTags(stored, kCData)));
     wordsStale_ = !countKnown;
   } catch (const RuntimeError& error) {
-    Logging().AddDebug(error.description() + u" (" + QString::number(error.number()) + u") in the text of scene '" +
-                           Title + u"'",
+    Logging().AddDebug(error.description() + u" ("_s + QString::number(error.number()) + u") in the text of scene '"_s +
+                           Title + u'\'',
                        u"CreateFromXML"_s, u"clsScene"_s);
   }
 }
