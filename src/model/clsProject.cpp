@@ -1,6 +1,7 @@
 #include "model/clsProject.h"
 
 #include "infra/CodePage.h"
+#include "infra/Numbers.h"
 #include "infra/cSHAREDSettings.h"
 #include "infra/cSHAREDSubs.h"
 #include "infra/cSharedFileSubs.h"
@@ -168,7 +169,7 @@ bool clsProject::CreateNewScene(qint32 chapterID, qint32 position) {
 }
 
 void clsProject::AddEditCharacters(qint32 arg) {
-  const bool highlighted = Settings().sGet(u"HighlightChar"_s, false).toBool();
+  const bool highlighted = Numbers::ToBool(Settings().sGet(u"HighlightChar"_s));
   if (highlighted) {
     UnMarkAllCharInEditorWindows();
   }

@@ -35,7 +35,7 @@ QString loadFailure() {
   return u"There was an error loading this project. (If you moved the QN4 file and didn't move the RTF folder along "
          "with it, just put the QN4 file back where it was again.) Please submit an error report - and if possible, "
          "email your QN4 project file to "_s +
-         Maker::kSupportAddress;
+         QString::fromLatin1(Maker::kSupportAddress);
 }
 
 }  // namespace

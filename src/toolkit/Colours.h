@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+/// Colours are kept as 24-bit numbers in blue-green-red order; a number with its top bit set names a system colour.
+namespace Colours {
+
+inline constexpr quint32 systemWindow = 0x80000005;
+inline constexpr quint32 systemWindowText = 0x80000008;
+
+/// True for a number that follows the palette rather than stating a colour.
+constexpr bool isSystem(quint32 number) {
+  return (number & 0x80000000U) != 0;
+}
+
+/// The bits above the lowest 24 count for nothing.
+inline QColor toQt(quint32 number) {
+  return QColor(static_cast<int>(number & 0xFFU), static_cast<int>((number >> 8) & 0xFFU),
+                static_cast<int>((number >> 16) & 0xFFU));
+}
+
+/// The same, with the palette's own colour for a system colour: its text colour, or its base for any other.
+inline QColor toQt(quint32 number, const QPalette& palette) {
+  if (!isSystem(number)) {
+    return toQt(number);
+  }
+  return palette.color(number == systemWindowText ? QPalette::Text : QPalette::Base);
+}
+
+inline quint32 fromQt(const QColor& colour) {
+  return static_cast<quint32>(colour.red()) | static_cast<quint32>(colour.green()) << 8 |
+         static_cast<quint32>(colour.blue()) << 16;
+}
+
+}  // namespace Colours

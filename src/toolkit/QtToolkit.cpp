@@ -1,0 +1,221 @@
+#include "toolkit/QtToolkit.h"
+
+#include "infra/Paths.h"
+#include "toolkit/Colours.h"
+#include "toolkit/cSharedProgress.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct BoxKind {
+  QMessageBox::Icon picture;
+  QMessageBox::StandardButtons buttons;
+  QMessageBox::StandardButton onEnter;
+  QMessageBox::StandardButton onEscape;
+};
+
+BoxKind kindOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::YesNo:
+      return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+    case Buttons::RetryCancel:
+      return {QMessageBox::Warning, QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Retry, QMessageBox::Cancel};
+    case Buttons::Ok:
+      break;
+  }
+  return {QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+}
+
+Answer answerOf(int button) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    case QMessageBox::Retry:
+      return Answer::Retry;
+    case QMessageBox::Cancel:
+      return Answer::Cancel;
+    default:
+      return Answer::Ok;
+  }
+}
+
+/// "*.qn3;*.qn4" as the file dialog wants it, with all files behind.
+QStringList nameFilters(const QString& patterns) {
+  const QStringList wanted = patterns.split(u';', Qt::SkipEmptyParts);
+  QStringList filters;
+  if (!wanted.isEmpty()) {
+    filters.append(u"Files (%1)"_s.arg(wanted.join(u' ')));
+  }
+  filters.append(u"All files (*)"_s);
+  return filters;
+}
+
+/// The extension of the first pattern, without its dot; empty when that is no plain one.
+QString defaultSuffix(const QString& patterns) {
+  const QString first = patterns.section(u';', 0, 0).trimmed();
+  const QString suffix = first.startsWith(u"*."_s) ? first.mid(2) : QString();
+  return suffix.contains(u'*') || suffix.contains(u'?') ? QString() : suffix;
+}
+
+QString chosen(QFileDialog& dialog) {
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    return {};
+  }
+  return Paths::native(dialog.selectedFiles().constFirst());
+}
+
+void prepare(QFileDialog& dialog, const FileQuestion& question) {
+  dialog.setNameFilters(nameFilters(question.filter));
+  if (!question.folder.isEmpty()) {
+    dialog.setDirectory(question.folder);
+  }
+  if (!question.defaultName.isEmpty()) {
+    dialog.selectFile(question.defaultName);
+  }
+}
+
+QUrl addressOf(const QString& pathOrAddress) {
+  const QUrl address(pathOrAddress, QUrl::TolerantMode);
+  // A scheme of one letter is the drive of a path.
+  return address.scheme().size() > 1 ? address : QUrl::fromLocalFile(QFileInfo(pathOrAddress).absoluteFilePath());
+}
+
+}  // namespace
+
+/// A question that comes up amid long work is answered with the ordinary pointer.
+class QtToolkit::PointerPause {
+ public:
+  explicit PointerPause(QtToolkit& owner) : owner_(owner) { owner_.showPointer(Pointer::Normal); }
+  ~PointerPause() { owner_.showPointer(owner_.pointer_); }
+  PointerPause(const PointerPause&) = delete;
+  PointerPause& operator=(const PointerPause&) = delete;
+
+ private:
+  QtToolkit& owner_;
+};
+
+Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
+  const PointerPause pause(*this);
+  const BoxKind kind = kindOf(buttons);
+  QMessageBox box(kind.picture, u"Quillane"_s, text, kind.buttons, QApplication::activeWindow());
+  // Titles and paths stand in these texts as they are, "<" and "&" too.
+  box.setTextFormat(Qt::PlainText);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.setDefaultButton(kind.onEnter);
+  box.setEscapeButton(kind.onEscape);
+  box.button(kind.onEnter)->setFocus();
+  return answerOf(box.exec());
+}
+
+QString QtToolkit::InputBox(const QString& prompt, const QString& title, const QString& text) {
+  const PointerPause pause(*this);
+  QInputDialog dialog(QApplication::activeWindow());
+  dialog.setWindowTitle(title.isEmpty() ? u"Quillane"_s : title);
+  dialog.setLabelText(prompt);
+  dialog.setTextValue(text);
+  return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
+}
+
+QString QtToolkit::OpenFileDialog(const FileQuestion& question) {
+  const PointerPause pause(*this);
+  QFileDialog dialog(QApplication::activeWindow(), question.title);
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  prepare(dialog, question);
+  return chosen(dialog);
+}
+
+QString QtToolkit::SaveFileDialog(const FileQuestion& question) {
+  const PointerPause pause(*this);
+  QFileDialog dialog(QApplication::activeWindow(), question.title);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(defaultSuffix(question.filter));
+  prepare(dialog, question);
+  return chosen(dialog);
+}
+
+QString QtToolkit::PickFolder(const QString& title, const QString& folder) {
+  const PointerPause pause(*this);
+  QFileDialog dialog(QApplication::activeWindow(), title, folder);
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  return chosen(dialog);
+}
+
+std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initial) {
+  const PointerPause pause(*this);
+  const QColor start = Colours::toQt(initial, QApplication::palette());
+  const QColor picked = QColorDialog::getColor(start, QApplication::activeWindow(), title);
+  return picked.isValid() ? std::optional(Colours::fromQt(picked)) : std::nullopt;
+}
+
+void QtToolkit::ShowErrorReport(const QString& text, const QString&) {
+  MsgBox(text);
+}
+
+void QtToolkit::setPointer(Pointer pointer) {
+  pointer_ = pointer;
+  showPointer(pointer);
+}
+
+void QtToolkit::showPointer(Pointer pointer) {
+  // One entry at most on the application's stack, so that a single Normal ends any number of Busy.
+  if (overriding_) {
+    QGuiApplication::restoreOverrideCursor();
+  }
+  overriding_ = pointer != Pointer::Normal;
+  if (overriding_) {
+    QGuiApplication::setOverrideCursor(pointer == Pointer::Busy ? Qt::WaitCursor : Qt::BusyCursor);
+  }
+}
+
+QString QtToolkit::clipboardText() {
+  return QGuiApplication::clipboard()->text();
+}
+
+void QtToolkit::setClipboardText(const QString& text) {
+  QGuiApplication::clipboard()->setText(text);
+}
+
+bool QtToolkit::openDocument(const QString& pathOrAddress) {
+  const QUrl address = addressOf(pathOrAddress);
+  if (pathOrAddress.isEmpty() || (address.isLocalFile() && !QFileInfo::exists(address.toLocalFile()))) {
+    return false;
+  }
+  return QDesktopServices::openUrl(address);
+}
+
+bool QtToolkit::runProgram(const QString& program, const QStringList& arguments, bool hidden) {
+  QProcess process;
+  process.setProgram(program);
+  process.setArguments(arguments);
+  if (hidden) {
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+  }
+  return process.startDetached();
+}
+
+void QtToolkit::DoEvents() {
+  QCoreApplication::processEvents();
+}
+
+std::unique_ptr<ProgressWindow> QtToolkit::makeProgressWindow() {
+  return std::make_unique<cSharedProgress>();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "toolkit/Toolkit.h"
+
+#include <memory>
+
+class QLabel;
+class QWidget;
+
+/// The small modeless window of a long load or save: a caption line over a busy bar. It draws itself whenever the
+/// work yields to the message loop. A caption that is set while it is hidden is only remembered.
+class cSharedProgress : public ProgressWindow {
+ public:
+  cSharedProgress();
+  ~cSharedProgress() override;
+  cSharedProgress(const cSharedProgress&) = delete;
+  cSharedProgress& operator=(const cSharedProgress&) = delete;
+
+  void Show() override;
+  void Hide() override;
+  void setCaption(const QString& caption) override;
+
+ private:
+  void build();
+
+  QString caption_;
+  /// Made when first shown: most loads never show it.
+  std::unique_ptr<QWidget> window_;
+  QLabel* lblCaption_ = nullptr;
+};

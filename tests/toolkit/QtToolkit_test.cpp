@@ -1,0 +1,215 @@
+#include "toolkit/QtToolkit.h"
+
+#include "support/ModalHelper.h"
+#include "support/TestHome.h"
+#include "toolkit/Colours.h"
+
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QMessageBox& asBox(QWidget& window) {
+  return dynamic_cast<QMessageBox&>(window);
+}
+
+struct BoxCase {
+  Buttons buttons;
+  Answer onEnter;
+  Answer onEscape;
+};
+
+constexpr BoxCase kBoxes[] = {{Buttons::Ok, Answer::Ok, Answer::Ok},
+                              {Buttons::YesNo, Answer::Yes, Answer::No},
+                              {Buttons::RetryCancel, Answer::Retry, Answer::Cancel}};
+
+TEST(MsgBox, EnterTakesTheFirstButtonAndEscapeOrClosingTheLast) {
+  QtToolkit toolkit;
+  for (const BoxCase& box : kBoxes) {
+    {
+      const WhenModal press([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); });
+      EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, box.buttons), box.onEnter);
+    }
+    {
+      const WhenModal press([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+      EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, box.buttons), box.onEscape);
+    }
+    {
+      const WhenModal close([](QWidget& window) { window.close(); });
+      EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, box.buttons), box.onEscape);
+    }
+  }
+}
+
+TEST(MsgBox, ClickedButtonsAnswer) {
+  QtToolkit toolkit;
+  const std::pair<QMessageBox::StandardButton, Answer> clicks[] = {{QMessageBox::Yes, Answer::Yes},
+                                                                   {QMessageBox::No, Answer::No}};
+  for (const auto& click : clicks) {
+    const WhenModal act([&](QWidget& window) { QTest::mouseClick(asBox(window).button(click.first), Qt::LeftButton); });
+    EXPECT_EQ(toolkit.MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNo), click.second);
+  }
+}
+
+TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {
+  QtToolkit toolkit;
+  const QString text = u"The scene <b>'Salt & \"Sand\"'</b> is locked.\r\nTwo lines."_s;
+  const WhenModal look([&](QWidget& window) {
+    QMessageBox& box = asBox(window);
+    EXPECT_EQ(box.windowTitle(), u"Quillane"_s);
+    EXPECT_EQ(box.text(), text);
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    EXPECT_TRUE(box.textInteractionFlags() & Qt::TextSelectableByMouse);
+    box.close();
+  });
+  toolkit.MsgBox(text);
+}
+
+TEST(InputBox, GivesTheTextAndNothingOnCancel) {
+  QtToolkit toolkit;
+  {
+    const WhenModal type([](QWidget& window) {
+      EXPECT_EQ(window.windowTitle(), u"Custom scene splitting"_s);
+      auto* const edit = window.findChild<QLineEdit*>();
+      EXPECT_EQ(edit->text(), u"%-%"_s);
+      QTest::keyClicks(edit, u"##"_s);
+      QTest::keyClick(edit, Qt::Key_Return);
+    });
+    EXPECT_EQ(toolkit.InputBox(u"Enter"_s, u"Custom scene splitting"_s, u"%-%"_s), u"##"_s);
+  }
+  const WhenModal cancel([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+  EXPECT_EQ(toolkit.InputBox(u"Enter"_s, u"t"_s, u"offered"_s), QString());
+}
+
+TEST(FileDialog, OffersFolderPatternsAndNameAndAddsTheExtension) {
+  const ScratchFolder folder;
+  QtToolkit toolkit;
+  const WhenModal accept([&](QWidget& window) {
+    auto& dialog = dynamic_cast<QFileDialog&>(window);
+    EXPECT_EQ(dialog.nameFilters().constFirst(), u"Files (*.qn3 *.qn4)"_s);
+    EXPECT_EQ(QFileInfo(dialog.directory().absolutePath()), QFileInfo(folder.path()));
+    auto* const name = dialog.findChild<QLineEdit*>();
+    EXPECT_EQ(name->text(), u"MyProject"_s);
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  const FileQuestion question{u"Specify your Project file."_s, u"*.qn3;*.qn4"_s, u"MyProject"_s, folder.path()};
+  EXPECT_EQ(toolkit.SaveFileDialog(question), folder.path(u"MyProject.qn3"_s));
+}
+
+TEST(FileDialog, GivesNothingOnCancel) {
+  QtToolkit toolkit;
+  const auto cancelled = [&](const std::function<QString()>& ask) {
+    const WhenModal cancel([](QWidget& window) { window.close(); });
+    EXPECT_EQ(ask(), QString());
+  };
+  cancelled([&] { return toolkit.OpenFileDialog({u"Open"_s, u"*.qn4"_s, {}, {}}); });
+  cancelled([&] { return toolkit.SaveFileDialog({u"Save"_s, {}, {}, {}}); });
+  cancelled([&] { return toolkit.PickFolder(u"Folder"_s, {}); });
+}
+
+TEST(ColourDialog, SpeaksBlueGreenRedNumbersAndTakesSystemColours) {
+  QtToolkit toolkit;
+  const auto pick = [&](quint32 initial, bool accept) {
+    const WhenModal act([&](QWidget& window) {
+      EXPECT_EQ(window.windowTitle(), u"Set font colour"_s);
+      accept ? dynamic_cast<QDialog&>(window).accept() : dynamic_cast<QDialog&>(window).reject();
+    });
+    return toolkit.PickColour(u"Set font colour"_s, initial);
+  };
+  EXPECT_EQ(pick(0x336699, true), 0x336699U);
+  EXPECT_EQ(pick(0x336699, false), std::nullopt);
+  const quint32 text = Colours::fromQt(QApplication::palette().color(QPalette::Text));
+  EXPECT_EQ(pick(Colours::systemWindowText, true), text);
+}
+
+TEST(Pointer, OneNormalEndsAnyNumberOfBusyAndLeavesOthersAlone) {
+  QtToolkit toolkit;
+  QGuiApplication::setOverrideCursor(Qt::CrossCursor);
+  toolkit.setPointer(Pointer::Busy);
+  toolkit.setPointer(Pointer::Busy);
+  toolkit.setPointer(Pointer::Background);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
+  toolkit.setPointer(Pointer::Normal);
+  toolkit.setPointer(Pointer::Normal);
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
+  QGuiApplication::restoreOverrideCursor();
+}
+
+TEST(Pointer, IsOrdinaryWhileABoxIsUpAndBusyAgainBehind) {
+  QtToolkit toolkit;
+  toolkit.setPointer(Pointer::Busy);
+  {
+    const WhenModal look([](QWidget& window) {
+      EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+      window.close();
+    });
+    toolkit.MsgBox(u"Disk full"_s, Buttons::RetryCancel);
+  }
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  toolkit.setPointer(Pointer::Normal);
+}
+
+class UrlCatcher : public QObject {
+  Q_OBJECT
+
+ public:
+  UrlCatcher() {
+    QDesktopServices::setUrlHandler(u"file"_s, this, "take");
+    QDesktopServices::setUrlHandler(u"mailto"_s, this, "take");
+  }
+  ~UrlCatcher() override {
+    QDesktopServices::unsetUrlHandler(u"file"_s);
+    QDesktopServices::unsetUrlHandler(u"mailto"_s);
+  }
+  Q_SLOT void take(const QUrl& url) { taken.append(url); }
+
+  QList<QUrl> taken;
+};
+
+TEST(OpenDocument, TellsFilesFromAddressesAndRefusesWhatIsNotThere) {
+  const ScratchFolder folder;
+  const QString path = folder.path(u"100% done #2.txt"_s);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.close();
+  UrlCatcher catcher;
+  QtToolkit toolkit;
+  EXPECT_TRUE(toolkit.openDocument(path));
+  EXPECT_FALSE(toolkit.openDocument(folder.path(u"missing.txt"_s)));
+  EXPECT_FALSE(toolkit.openDocument(QString()));
+  EXPECT_TRUE(toolkit.openDocument(u"mailto:bugs@example.org?subject=A%20B&body=100%25"_s));
+  ASSERT_EQ(catcher.taken.size(), 2);
+  EXPECT_EQ(catcher.taken[0].toLocalFile(), path);
+  EXPECT_EQ(catcher.taken[1].toEncoded(), "mailto:bugs@example.org?subject=A%20B&body=100%25");
+}
+
+TEST(RunProgram, StartsItAndSaysWhenItCouldNot) {
+  const ScratchFolder folder;
+  QtToolkit toolkit;
+  const QString made = folder.path(u"a file"_s);
+  EXPECT_TRUE(toolkit.runProgram(u"touch"_s, {made}, true));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(made); }, 20000));
+  EXPECT_FALSE(toolkit.runProgram(u"/no/such/program"_s, {}, false));
+}
+
+TEST(Clipboard, HoldsPlainText) {
+  QtToolkit toolkit;
+  toolkit.setClipboardText(u"one\r\ntwo"_s);
+  EXPECT_EQ(toolkit.clipboardText(), u"one\r\ntwo"_s);
+}
+
+}  // namespace
+
+#include "QtToolkit_test.moc"
