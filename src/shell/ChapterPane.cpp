@@ -5,7 +5,7 @@
 #include "model/clsProject.h"
 #include "shell/ListView.h"
 #include "shell/RowColours.h"
-#include "toolkit/Icons.h"
+#include "shell/RowIcon.h"
 
 #include <QEvent>
 #include <QFormLayout>
@@ -60,7 +60,7 @@ void ChapterPane::buildLayout() {
   QHeaderView& header = *listChapters_->header();
   header.setStretchLastSection(false);
   const int digit = fontMetrics().horizontalAdvance(u'0');
-  for (const auto& [column, digits] : {std::pair{kTitle, 20}, {kWords, 8}, {kScenes, 7}, {kCount, 9}}) {
+  for (const auto& [column, digits] : {std::pair{kTitle, 18}, {kWords, 8}, {kScenes, 7}, {kCount, 9}}) {
     listChapters_->setColumnWidth(column, digit * digits);
   }
   for (const int column : {kWords, kScenes, kCount}) {
@@ -159,7 +159,7 @@ void ChapterPane::UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const
   const quint32 colour = chapter->Unused ? RowColours::kGrey : RowColours::kGreen;
   const QBrush text(RowColours::readable(colour, listChapters_->palette()));
   ListView::setTag(row, ChapterID);
-  row.setIcon(kTitle, icon(chapter->Unused ? "chapterunused" : "chapter"));
+  row.setIcon(kTitle, rowIcon(chapter->Unused ? "chapterunused" : "chapter"));
   row.setForeground(kTitle, text);
   row.setForeground(kWords, text);
   setCell(row, kTitle, chapter->Title);
@@ -191,12 +191,18 @@ void ChapterPane::SelectChapter(qint32 ChapterID) {
   listChapters_->SelectTag(ChapterID);
 }
 
-qint32 ChapterPane::SelectedChapterID() const { return listChapters_->SelectedTag(); }
+qint32 ChapterPane::SelectedChapterID() const {
+  return listChapters_->SelectedTag();
+}
 
-int ChapterPane::ChapterRowIndex(qint32 ChapterID) const { return listChapters_->rowOfTag(ChapterID); }
+int ChapterPane::ChapterRowIndex(qint32 ChapterID) const {
+  return listChapters_->rowOfTag(ChapterID);
+}
 
 void ChapterPane::showDescription(const clsChapter& chapter) {
   txtChapterDesc_->setPlainText(chapter.Title + u" description: \n"_s + chapter.DescText);
 }
 
-void ChapterPane::clearDescription() { txtChapterDesc_->clear(); }
+void ChapterPane::clearDescription() {
+  txtChapterDesc_->clear();
+}

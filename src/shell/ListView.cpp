@@ -16,9 +16,13 @@ ListView::ListView(const QStringList& columns, QWidget* parent) : QTreeWidget(pa
   connect(this, &QTreeWidget::itemDoubleClicked, this, &ListView::rowOpened);
 }
 
-qint32 ListView::tagOf(const QTreeWidgetItem& row) { return row.data(0, Qt::UserRole).toInt(); }
+qint32 ListView::tagOf(const QTreeWidgetItem& row) {
+  return row.data(0, Qt::UserRole).toInt();
+}
 
-void ListView::setTag(QTreeWidgetItem& row, qint32 id) { row.setData(0, Qt::UserRole, id); }
+void ListView::setTag(QTreeWidgetItem& row, qint32 id) {
+  row.setData(0, Qt::UserRole, id);
+}
 
 QTreeWidgetItem* ListView::SelectedItem() const {
   QTreeWidgetItem* current = currentItem();
@@ -61,7 +65,9 @@ void ListView::SelectRow(int row) {
   }
 }
 
-void ListView::SelectTag(qint32 id) { SelectRow(std::max(rowOfTag(id), 0)); }
+void ListView::SelectTag(qint32 id) {
+  SelectRow(std::max(rowOfTag(id), 0));
+}
 
 void ListView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -102,4 +108,6 @@ void setCell(QTreeWidgetItem& row, int column, const QString& text) {
   }
 }
 
-void setCell(QTreeWidgetItem& row, int column, qint32 number) { setCell(row, column, QString::number(number)); }
+void setCell(QTreeWidgetItem& row, int column, qint32 number) {
+  setCell(row, column, QString::number(number));
+}

@@ -39,8 +39,9 @@ constexpr MenuEntry separator(const char* parent, const char* name = "") {
 
 constexpr std::array kFileAndSearch{
     menu("mnuFile", u"File"),
-    entry("mnuConfirmExit", u"Exit", "mnuFile", [](frmMain& m, const MenuChoice&) { m.mnuConfirmExit_Click(); },
-          "Ctrl+Q"),
+    entry(
+        "mnuConfirmExit", u"Exit", "mnuFile", [](frmMain& m, const MenuChoice&) { m.mnuConfirmExit_Click(); },
+        "Ctrl+Q"),
 
     menu("mnuSearch", u"Search"),
     titled("mnuFind", u"Find (Ctrl-F)", "mnuSearch", u"Find"),
@@ -67,14 +68,16 @@ constexpr std::array kFileAndSearch{
 
 constexpr std::array kProject{
     menu("mnuProject", u"Project"),
-    entry("mnuLoadProj", u"Open", "mnuProject", [](frmMain& m, const MenuChoice&) { m.project().mnuLoadProj_Click(); },
-          "Ctrl+O"),
+    entry(
+        "mnuLoadProj", u"Open", "mnuProject", [](frmMain& m, const MenuChoice&) { m.project().mnuLoadProj_Click(); },
+        "Ctrl+O"),
     menu("mnuOpenRecent", u"Recent", "mnuProject"),
     entry("mnuRecent(0)", u"None yet", "mnuOpenRecent",
           [](frmMain& m, const MenuChoice& chosen) { m.project().mnuRecent_Click(chosen.tag.toString()); }),
     separator("mnuProject"),
-    entry("mnuSaveProj", u"Save", "mnuProject", [](frmMain& m, const MenuChoice&) { m.project().mnuSaveProj_Click(); },
-          "Ctrl+S"),
+    entry(
+        "mnuSaveProj", u"Save", "mnuProject", [](frmMain& m, const MenuChoice&) { m.project().mnuSaveProj_Click(); },
+        "Ctrl+S"),
     flagged("mnuSaveAs", u"Save As...", "mnuProject", kHidden,
             [](frmMain& m, const MenuChoice&) { m.project().mnuSaveAs_Click(); }),
     entry("mnuCloseProject", u"Close", "mnuProject",
@@ -99,8 +102,7 @@ constexpr std::array kProject{
     titled("mnuPrintOnStatus(3)", u"1st Edit only", "mnuPrintWorkSched", u"The work schedule"),
     titled("mnuPrintOnStatus(4)", u"2nd Edit only", "mnuPrintWorkSched", u"The work schedule"),
     titled("mnuPrintSummary", u"Summary (Short scene descriptions)", "mnuPrint", u"Printing the summary"),
-    titled("mnuPrintSynopsis", u"Brief Synopsis (Long scene descriptions)", "mnuPrint",
-           u"Printing the brief synopsis"),
+    titled("mnuPrintSynopsis", u"Brief Synopsis (Long scene descriptions)", "mnuPrint", u"Printing the brief synopsis"),
     titled("mnuExpandedSynopsis", u"Full Synopsis (Both descriptions)", "mnuPrint", u"Printing the full synopsis"),
     titled("mnuPrintProject", u"Whole project (Or selected chapters)", "mnuPrint", u"Printing the project"),
     menu("mnuExportProj", u"Export ...", "mnuProject"),
@@ -174,8 +176,7 @@ constexpr std::array kCastAndWorld{
 
     menu("mnuLocations", u"Locations"),
     titled("mnuAddLocation", u"View/Edit", "mnuLocations", u"Viewing and editing locations"),
-    titled("mnuAddLocToCurrentScene", u"Add location to current scene", "mnuLocations",
-           u"Adding locations to a scene"),
+    titled("mnuAddLocToCurrentScene", u"Add location to current scene", "mnuLocations", u"Adding locations to a scene"),
     flagged("mnuRemoveLocation", u"Remove location", "mnuLocations", kHidden),
     separator("mnuLocations"),
     titled("mnuPrintLocationList", u"Print List", "mnuLocations", u"Printing the locations"),
@@ -229,10 +230,9 @@ constexpr std::array kLanguageAndHelp{
             [](frmMain& m, const MenuChoice& chosen) { m.tools().mnuLanguage_Click(chosen.index); }),
 
     menu("mnuHelp", u"Help"),
-    entry("mnuAbout", u"About Quillane", "mnuHelp",
-          [](frmMain& m, const MenuChoice&) { m.tools().mnuAbout_Click(); }),
-    entry("mnuManual", u"Contents", "mnuHelp", [](frmMain& m, const MenuChoice&) { m.tools().mnuManual_Click(); },
-          "F1"),
+    entry("mnuAbout", u"About Quillane", "mnuHelp", [](frmMain& m, const MenuChoice&) { m.tools().mnuAbout_Click(); }),
+    entry(
+        "mnuManual", u"Contents", "mnuHelp", [](frmMain& m, const MenuChoice&) { m.tools().mnuManual_Click(); }, "F1"),
     separator("mnuHelp"),
     entry("mnuCheckVersion", u"Check for new version", "mnuHelp",
           [](frmMain& m, const MenuChoice&) { m.tools().mnuCheckVersion_Click(); }),
@@ -254,7 +254,13 @@ constexpr std::array kPopups{
 template <class... Parts>
 std::vector<MenuEntry> joined(const Parts&... parts) {
   std::vector<MenuEntry> table;
-  (table.insert(table.end(), parts.begin(), parts.end()), ...);
+  table.reserve((parts.size() + ...));
+  const auto append = [&table](const auto& part) {
+    for (const MenuEntry& line : part) {
+      table.push_back(line);
+    }
+  };
+  (append(parts), ...);
   return table;
 }
 
@@ -291,7 +297,9 @@ QString commandName(const MenuEntry& entry) {
   return caption.section(u'(', 0, 0).section(u"..."_s, 0, 0).trimmed();
 }
 
-QString menuBaseName(const QString& name) { return name.section(u'(', 0, 0); }
+QString menuBaseName(const QString& name) {
+  return name.section(u'(', 0, 0);
+}
 
 MenuState menusBeforeStart() {
   MenuState state = everyEntry(false);
@@ -323,9 +331,9 @@ MenuState menusForEditing(bool editing) {
 }
 
 MenuState chapterEntries(bool anyRows) {
-  return stateOf({"mnuEditChapter", "mnuRenumber", "mnuMarkChaptersUnused", "mnuRemoveChapter",
-                  "mnuPrintSelectedChapters"},
-                 anyRows);
+  return stateOf(
+      {"mnuEditChapter", "mnuRenumber", "mnuMarkChaptersUnused", "mnuRemoveChapter", "mnuPrintSelectedChapters"},
+      anyRows);
 }
 
 MenuState sceneEntries(bool anyRows) {

@@ -14,13 +14,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A caption as it is shown: an ampersand in it marks no key.
-QString shown(const QString& caption) { return QString(caption).replace(u'&', u"&&"_s); }
+QString shown(const QString& caption) {
+  return QString(caption).replace(u'&', u"&&"_s);
+}
 
-QString plain(const QString& text) { return QString(text).replace(u"&&"_s, u"&"_s); }
+QString plain(const QString& text) {
+  return QString(text).replace(u"&&"_s, u"&"_s);
+}
 
-QString elementName(const QString& array, qsizetype index) { return array + u'(' + QString::number(index) + u')'; }
+QString elementName(const QString& array, qsizetype index) {
+  return array + u'(' + QString::number(index) + u')';
+}
 
-int elementIndex(const QString& name) { return name.section(u'(', 1).section(u')', 0, 0).toInt(); }
+int elementIndex(const QString& name) {
+  return name.section(u'(', 1).section(u')', 0, 0).toInt();
+}
 
 /// The names of the lines that other lines stand in.
 const QSet<QString>& menuNames() {
@@ -79,7 +87,7 @@ QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, cons
   const QString array = menuBaseName(name);
   QAction* before = nullptr;
   if (array != name) {
-    templates_.tryEmplace(array, &entry);
+    templates_.insert(array, &entry);
     QList<QAction*>& elements = arrays_[array];
     // Behind the array's last element, whatever else the menu holds.
     const QList<QAction*> inMenu = menu->actions();

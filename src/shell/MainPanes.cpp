@@ -84,7 +84,9 @@ void MainPanes::clearSelection() {
   frameScenes_->clear();
 }
 
-void MainPanes::showScenesTab() { tabStrip2_->setCurrentWidget(frameScenes_); }
+void MainPanes::showScenesTab() {
+  tabStrip2_->setCurrentWidget(frameScenes_);
+}
 
 void MainPanes::EditSelectedScene() {
   const qint32 id = frameScenes_->SelectedSceneID();
@@ -107,14 +109,26 @@ double MainPanes::chapterSplit() const {
   return whole > 0 ? static_cast<double>(splitter_->handle(1)->x()) / whole : 0;
 }
 
-void MainPanes::placeChapterSplit(double fraction) { pendingSplit_ = fraction; }
-
-void MainPanes::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  if (pendingSplit_ > 0) {
-    const int whole = contentsRect().width();
-    const int left = qRound(whole * pendingSplit_);
-    splitter_->setSizes({left, whole - left});
-    pendingSplit_ = 0;
+void MainPanes::placeSplitters(double chapterSplit, double sceneSplit) {
+  chapterSplit_ = chapterSplit;
+  sceneSplit_ = sceneSplit;
+  if (isVisible()) {
+    applySplits();
   }
+}
+
+// Widths that come before the window is on the screen are not yet those of its layout.
+void MainPanes::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (chapterSplit_ > 0) {
+    applySplits();
+  }
+}
+
+void MainPanes::applySplits() {
+  const int whole = splitter_->width();
+  const int left = qRound(whole * chapterSplit_);
+  splitter_->setSizes({left, whole - splitter_->handleWidth() - left});
+  frameScenes_->placeSplitter(sceneSplit_);
+  chapterSplit_ = 0;
 }

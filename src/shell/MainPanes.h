@@ -35,24 +35,27 @@ class MainPanes : public QWidget {
 
   /// The left edge of the panes on the right, as a part of the whole width; 0 before they are laid out.
   double chapterSplit() const;
-  void placeChapterSplit(double fraction);
+  /// Where the two splitters go as soon as the panes are on the screen: parts of the whole and of the scene pane.
+  void placeSplitters(double chapterSplit, double sceneSplit);
 
  Q_SIGNALS:
   void chapterOpened();
   void titlesEdited();
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void buildLayout();
   void connectSignals();
   void showSelectedChapter(int SelectIndex);
+  void applySplits();
 
   ChapterPane* frameChapters_;
   ScenePane* frameScenes_;
   NotesPane* frameNotes_;
   QTabWidget* tabStrip2_;
   QSplitter* splitter_;
-  double pendingSplit_ = 0;
+  double chapterSplit_ = 0;
+  double sceneSplit_ = 0;
 };

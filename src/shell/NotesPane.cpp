@@ -4,7 +4,7 @@
 #include "model/clsNote.h"
 #include "model/clsProject.h"
 #include "shell/ListView.h"
-#include "toolkit/Icons.h"
+#include "shell/RowIcon.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -63,7 +63,7 @@ void NotesPane::FillNoteList() {
     for (const auto& note : g_Project->Notes) {
       auto* row = new QTreeWidgetItem({note->Title});
       ListView::setTag(*row, note->ID());
-      row->setIcon(0, icon("note"));
+      row->setIcon(0, rowIcon("note"));
       rows.append(row);
     }
     listNotes_->clear();

@@ -8,8 +8,8 @@
 #include "shell/MainMenuBar.h"
 #include "shell/MainPanes.h"
 #include "shell/RecentProjects.h"
-#include "shell/modCreateProject.h"
 #include "shell/frmMain.h"
+#include "shell/modCreateProject.h"
 #include "toolkit/Toolkit.h"
 
 using namespace Qt::StringLiterals;
@@ -19,8 +19,9 @@ namespace {
 /// An older project is written anew in the present form: only when the user wants that.
 bool conversionWanted(const QString& path) {
   return Files().ExtOnly(path).toLower() != u"qn3"_s ||
-         toolkit().MsgBox(u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s,
-                          Buttons::YesNo) == Answer::Yes;
+         toolkit().MsgBox(
+             u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s,
+             Buttons::YesNo) == Answer::Yes;
 }
 
 }  // namespace
@@ -121,7 +122,9 @@ void ProjectCommands::mnuRecent_Click(const QString& Path) {
   main_.StartScanTimer();
 }
 
-void ProjectCommands::mnuSaveProj_Click() { SaveProject(true); }
+void ProjectCommands::mnuSaveProj_Click() {
+  SaveProject(true);
+}
 
 void ProjectCommands::mnuSaveAs_Click() {
   main_.StopScanTimer();
@@ -132,7 +135,9 @@ void ProjectCommands::mnuSaveAs_Click() {
   main_.StartScanTimer();
 }
 
-void ProjectCommands::mnuCloseProject_Click() { CloseProject(); }
+void ProjectCommands::mnuCloseProject_Click() {
+  CloseProject();
+}
 
 void ProjectCommands::mnuNewProj_Click() {
   main_.StopScanTimer();

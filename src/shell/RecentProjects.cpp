@@ -8,9 +8,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString key(qsizetype index) { return u"Recent"_s + QString::number(index); }
+QString key(qsizetype index) {
+  return u"Recent"_s + QString::number(index);
+}
 
-QString stored(int index) { return Settings().sGet(key(index)).toString(); }
+QString stored(int index) {
+  return Settings().sGet(key(index)).toString();
+}
 
 QStringList takeAll() {
   QStringList paths;

@@ -19,4 +19,6 @@ void SceneBody::showText(clsScene& scene) {
   setPlainText(text.trimmed().isEmpty() ? u"This scene has no content"_s : text);
 }
 
-void SceneBody::clearText() { clear(); }
+void SceneBody::clearText() {
+  clear();
+}

@@ -8,8 +8,8 @@
 #include "shell/ListView.h"
 #include "shell/PaneLayout.h"
 #include "shell/RowColours.h"
+#include "shell/RowIcon.h"
 #include "shell/SceneTabs.h"
-#include "toolkit/Icons.h"
 #include "toolkit/Twips.h"
 
 #include <QApplication>
@@ -36,14 +36,16 @@ const char* sceneIcon(clsScene& scene) {
 }
 
 /// A scene whose status was never set has none to show.
-QString statusName(qint16 status) { return status > 0 ? g_StatusNames.value(status) : QString(); }
+QString statusName(qint16 status) {
+  return status > 0 ? g_StatusNames.value(status) : QString();
+}
 
 }  // namespace
 
 ScenePane::ScenePane(QWidget* parent)
     : QWidget(parent),
-      listScenes_(new ListView(
-          {u"Viewpoint"_s, u"Words"_s, u"Scene"_s, u"Status"_s, u"A/R"_s, u"Filename"_s, u"Letters"_s})),
+      listScenes_(
+          new ListView({u"Viewpoint"_s, u"Words"_s, u"Scene"_s, u"Status"_s, u"A/R"_s, u"Filename"_s, u"Letters"_s})),
       tabStrip1_(new SceneTabs),
       splitter_(new QSplitter(Qt::Horizontal)) {
   setObjectName(u"FrameScenes"_s);
@@ -59,8 +61,13 @@ void ScenePane::buildLayout() {
   header.setFirstSectionMovable(true);
   header.setStretchLastSection(false);
   const int digit = fontMetrics().horizontalAdvance(u'0');
-  for (const auto& [column, digits] : {std::pair{kViewpoint, 14}, {kWords, 8}, {kScene, 24}, {kStatus, 9},
-                                       {kActionReaction, 6}, {kFilename, 15}, {kLetters, 9}}) {
+  for (const auto& [column, digits] : {std::pair{kViewpoint, 14},
+                                       {kWords, 8},
+                                       {kScene, 24},
+                                       {kStatus, 9},
+                                       {kActionReaction, 6},
+                                       {kFilename, 15},
+                                       {kLetters, 9}}) {
     listScenes_->setColumnWidth(column, digit * digits);
   }
   listScenes_->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
@@ -140,7 +147,7 @@ void ScenePane::clear() {
 void ScenePane::UpdateSceneRow(QTreeWidgetItem& row, qint32 SceneID) const {
   const auto scene = g_Project->SceneByID(SceneID);
   ListView::setTag(row, SceneID);
-  row.setIcon(kViewpoint, icon(sceneIcon(*scene)));
+  row.setIcon(kViewpoint, rowIcon(sceneIcon(*scene)));
   setCell(row, kViewpoint, scene->ViewPointChar()->Title());
   setCell(row, kWords, scene->Wordcount());
   setCell(row, kScene, scene->Title);
@@ -176,31 +183,21 @@ void ScenePane::SelectScene(qint32 SceneID) {
   displayIfOther();
 }
 
-qint32 ScenePane::SelectedSceneID() const { return listScenes_->SelectedTag(); }
+qint32 ScenePane::SelectedSceneID() const {
+  return listScenes_->SelectedTag();
+}
 
-double ScenePane::splitterLeft() const { return Twips::fromPixels(splitter_->handle(1)->x()); }
+double ScenePane::splitterLeft() const {
+  return Twips::fromPixels(splitter_->handle(1)->x());
+}
 
-double ScenePane::frameWidth() const { return Twips::fromPixels(width()); }
+double ScenePane::frameWidth() const {
+  return Twips::fromPixels(width());
+}
 
 void ScenePane::placeSplitter(double fraction) {
-  pendingSplit_ = fraction;
-  if (isVisible()) {
-    applySplit();
-  }
-}
-
-void ScenePane::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  applySplit();
-}
-
-void ScenePane::applySplit() {
-  if (pendingSplit_ <= 0) {
-    return;
-  }
-  const int left = Twips::toPixels(PaneLayout::clampSplitter(frameWidth() * pendingSplit_, frameWidth()));
+  const int left = Twips::toPixels(PaneLayout::clampSplitter(frameWidth() * fraction, frameWidth()));
   splitter_->setSizes({left, width() - splitter_->handleWidth() - left});
-  pendingSplit_ = 0;
 }
 
 void ScenePane::changeEvent(QEvent* event) {

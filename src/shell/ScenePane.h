@@ -33,21 +33,19 @@ class ScenePane : public QWidget {
   /// The splitter's left edge and the pane's width, in twips; 0 before the pane is laid out.
   double splitterLeft() const;
   double frameWidth() const;
-  /// Where the splitter goes once the pane has its width: a part of that, clamped.
+  /// Moves the splitter to this part of the pane's width, clamped. For a pane that is laid out.
   void placeSplitter(double fraction);
 
  Q_SIGNALS:
   void sceneOpened();
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void buildLayout();
   void connectSignals();
   void displayIfOther();
-  void applySplit();
 
   ListView* listScenes_;
   SceneTabs* tabStrip1_;
@@ -56,5 +54,4 @@ class ScenePane : public QWidget {
   qint32 displayedSceneID_ = 0;
   /// The list is being filled: selections in it are no choice of the user's.
   bool Filling_ = false;
-  double pendingSplit_ = 0;
 };

@@ -61,8 +61,9 @@ SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
   buildGoals();
   buildNotes();
   for (int tab = 0; tab < count(); ++tab) {
-    setTabToolTip(tab, u"ALL of the fields in this tab control are READ ONLY! Double-click a scene to change the data "
-                       "presented here."_s);
+    setTabToolTip(tab,
+                  u"ALL of the fields in this tab control are READ ONLY! Double-click a scene to change the data "
+                  "presented here."_s);
   }
 }
 
@@ -94,8 +95,7 @@ void SceneTabs::buildContent() {
   addFrame(u"Content"_s)->layout()->addWidget(txtBody_);
 }
 
-SceneTabs::ListPair SceneTabs::buildLists(const QString& caption, const QString& array,
-                                          const QStringList& allColumns) {
+SceneTabs::ListPair SceneTabs::buildLists(const QString& caption, const QString& array, const QStringList& allColumns) {
   auto* column = static_cast<QVBoxLayout*>(addFrame(caption)->layout());
   const ListPair lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
                        plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
@@ -130,7 +130,9 @@ bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
   return QTabWidget::eventFilter(watched, event);
 }
 
-void SceneTabs::showTabIcon(int tab, const char* key, bool shown) { setTabIcon(tab, shown ? icon(key) : QIcon()); }
+void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
+  setTabIcon(tab, shown ? icon(key) : QIcon());
+}
 
 void SceneTabs::display(clsScene& scene) {
   const qint32 id = scene.ID();

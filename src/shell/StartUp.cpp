@@ -34,9 +34,11 @@ namespace {
 /// A full backup that is older than this many days is due.
 constexpr int kBackupDays = 7;
 
-constexpr double kDefaultChapterSplit = 0.34;
+constexpr double kDefaultChapterSplit = 0.3;
 
-bool truth(const QVariant& value) { return Numbers::ToInt(value) != 0; }
+bool truth(const QVariant& value) {
+  return Numbers::ToInt(value) != 0;
+}
 
 /// A part of a whole; one that isn't between its ends gives the default.
 double fractionSetting(const QString& key, double byDefault) {
@@ -151,8 +153,8 @@ void StartUp::restoreLayout() const {
   restoreColumns(u"MainChap"_s, panes.FrameChapters().ListChapters());
   restoreColumns(u"MainScn"_s, panes.FrameScenes().ListScenes());
   panes.showScenesTab();
-  panes.placeChapterSplit(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit));
-  panes.FrameScenes().placeSplitter(fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
+  panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
+                       fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
 }
 
 void StartUp::openProject() const {
@@ -184,6 +186,7 @@ void StartUp::finish() {
   splash_.reset();
   main_.project().UpdateRecent();
   main_.panes().FrameScenes().TabStrip1().setCurrentIndex(0);
+  main_.panes().FrameChapters().ListChapters().setFocus();
   main_.StartScanTimer();
   main_.startUpdateCheck();
 }

@@ -1,21 +1,10 @@
 #pragma once
 
-#include <QLabel>
 #include <QString>
 
+class ElidedLabel;
+class QLabel;
 class QStatusBar;
-
-/// A label that ends in an ellipsis where its panel is too narrow, and tells the whole text as its tool tip.
-class StatusPanel : public QLabel {
-  Q_OBJECT
-
- public:
-  StatusPanel(const QString& key, QWidget* parent);
-  QSize minimumSizeHint() const override;
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-};
 
 /// The main window's status bar of four panels: running messages, the total of words, the version, the reminder
 /// to make a backup. The panels bear their keys as names: "numberfiles", "Totalwords", "Version", "backup".
@@ -29,8 +18,8 @@ class StatusPanels {
   void setBackupReminder(bool due);
 
  private:
-  StatusPanel* message_;
-  StatusPanel* total_;
-  StatusPanel* version_;
-  StatusPanel* backup_;
+  ElidedLabel* message_;
+  QLabel* total_;
+  QLabel* version_;
+  QLabel* backup_;
 };

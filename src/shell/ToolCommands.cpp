@@ -19,7 +19,9 @@ constexpr auto kHelpFile = "Quillane3.chm";
 
 }  // namespace
 
-void ToolCommands::mnuViewLog_Click() { main_.sayNotBuilt(u"View Log"_s); }
+void ToolCommands::mnuViewLog_Click() {
+  main_.sayNotBuilt(u"View Log"_s);
+}
 
 bool ToolCommands::useFormFont(const QString& family) {
   const bool systemFont = family == u"MS Sans Serif"_s;
@@ -46,7 +48,9 @@ void ToolCommands::mnuLanguage_Click(int index) {
   }
 }
 
-void ToolCommands::mnuAbout_Click() { frmAbout::showOver(main_); }
+void ToolCommands::mnuAbout_Click() {
+  frmAbout::showOver(main_);
+}
 
 void ToolCommands::mnuManual_Click() {
   toolkit().MsgBox(u"There are no help files for Quillane 4 yet. For now, you'll get the Quillane 3 help instead."_s);

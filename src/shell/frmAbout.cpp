@@ -53,8 +53,7 @@ void frmAbout::buildLayout() {
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   QPushButton* page = buttons->addButton(u"Visit "_s + maker, QDialogButtonBox::ActionRole);
   page->setObjectName(u"cmdWebPage"_s);
-  connect(page, &QPushButton::clicked, this,
-          [] { toolkit().openDocument(QString::fromLatin1(Maker::kWebAddress)); });
+  connect(page, &QPushButton::clicked, this, [] { toolkit().openDocument(QString::fromLatin1(Maker::kWebAddress)); });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
   auto* column = new QVBoxLayout(this);

@@ -40,6 +40,7 @@ frmMain::frmMain(QString commandLine)
       project_(*this),
       tools_(*this) {
   setObjectName(u"frmMain"_s);
+  setWindowTitle(u"Quillane 4 by Brackenlight Software"_s);
   createParts();
   createShortcuts();
   connectSignals();
@@ -51,7 +52,7 @@ frmMain::~frmMain() = default;
 void frmMain::createParts() {
   setWindowIcon(icon("quillane"));
   setMinimumSize(Twips::toPixels(PaneLayout::kMinimumWidth), Twips::toPixels(PaneLayout::kMinimumHeight));
-  resize(1100, 720);
+  resize(1200, 760);
   menus_ = new MainMenuBar(*this, *menuBar());
   panes_ = new MainPanes;
   setCentralWidget(panes_);
@@ -90,12 +91,11 @@ bool frmMain::Form_Initialize() {
   if (instance_->acquire()) {
     return true;
   }
-  if (toolkit().MsgBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s,
-                       Buttons::YesNo) != Answer::Yes) {
+  if (toolkit().MsgBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Buttons::YesNo) !=
+      Answer::Yes) {
     return false;
   }
-  toolkit().MsgBox(
-      u"Warning: If you open the same project twice, the last one you close will be the one saved."_s);
+  toolkit().MsgBox(u"Warning: If you open the same project twice, the last one you close will be the one saved."_s);
   return true;
 }
 
@@ -112,7 +112,9 @@ void frmMain::Form_Load() {
   ShowFatalAndExit(u"Error "_s + failure);
 }
 
-bool frmMain::Editing() const { return g_SceneChanges.AnyLocked(); }
+bool frmMain::Editing() const {
+  return g_SceneChanges.AnyLocked();
+}
 
 void frmMain::ActivateOpenEditors() {
   for (qint32 i = 1; i <= g_SceneChanges.HighWater(); ++i) {
@@ -147,11 +149,17 @@ void frmMain::setProjectFieldsEnabled(bool enabled) {
   panes_->FrameChapters().setTitlesEnabled(enabled);
 }
 
-void frmMain::UpdateMenusForEditing() { menus_->apply(menusForEditing(Editing())); }
+void frmMain::UpdateMenusForEditing() {
+  menus_->apply(menusForEditing(Editing()));
+}
 
-void frmMain::StopScanTimer() { scan_->Stop(); }
+void frmMain::StopScanTimer() {
+  scan_->Stop();
+}
 
-void frmMain::StartScanTimer() { scan_->Start(); }
+void frmMain::StartScanTimer() {
+  scan_->Start();
+}
 
 void frmMain::RefreshAll() {
   StopScanTimer();
@@ -161,19 +169,29 @@ void frmMain::RefreshAll() {
   StartScanTimer();
 }
 
-void frmMain::showTotal() { status_->setTotal(panes_->FrameChapters().ProgressiveTotal()); }
+void frmMain::showTotal() {
+  status_->setTotal(panes_->FrameChapters().ProgressiveTotal());
+}
 
-void frmMain::showMessage(const QString& text) { status_->setMessage(text); }
+void frmMain::showMessage(const QString& text) {
+  status_->setMessage(text);
+}
 
 void frmMain::sayNotBuilt(const QString& command) {
   showMessage(command + u" is not part of this version yet."_s);
 }
 
-void frmMain::EditSelectedScene() { panes_->EditSelectedScene(); }
+void frmMain::EditSelectedScene() {
+  panes_->EditSelectedScene();
+}
 
-void frmMain::EditSelectedChapter() { sayNotBuilt(u"Editing a chapter's details"_s); }
+void frmMain::EditSelectedChapter() {
+  sayNotBuilt(u"Editing a chapter's details"_s);
+}
 
-int frmMain::CurrentTab() const { return panes_->FrameScenes().TabStrip1().currentIndex(); }
+int frmMain::CurrentTab() const {
+  return panes_->FrameScenes().TabStrip1().currentIndex();
+}
 
 // A one-shot that waits until no scene is open. There is nothing to check with yet.
 void frmMain::Timer3_Timer() {

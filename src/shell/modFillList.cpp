@@ -7,7 +7,7 @@
 #include "model/clsProject.h"
 #include "model/clsScene.h"
 #include "shell/ListView.h"
-#include "toolkit/Icons.h"
+#include "shell/RowIcon.h"
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ constexpr auto kSceneProperty = "sceneID";
 QTreeWidgetItem* row(qint32 id, const QString& text, const char* iconKey) {
   auto* item = new QTreeWidgetItem({text});
   ListView::setTag(*item, id);
-  item->setIcon(0, icon(iconKey));
+  item->setIcon(0, rowIcon(iconKey));
   return item;
 }
 
@@ -111,10 +111,16 @@ void FillItemsInScene(ListView& list, qint32 SceneID) {
   showListed(list, SceneID, scene->ItemIDs(), "item", [](qint32 id) { return g_Project->ItemByID(id); });
 }
 
-void FillAllLocations(ListView& list) { showAll(list, g_Project->Locations, "location"); }
+void FillAllLocations(ListView& list) {
+  showAll(list, g_Project->Locations, "location");
+}
 
-void FillAllItems(ListView& list) { showAll(list, g_Project->Items, "item"); }
+void FillAllItems(ListView& list) {
+  showAll(list, g_Project->Items, "item");
+}
 
-qint32 listSceneID(const ListView& list) { return list.property(kSceneProperty).toInt(); }
+qint32 listSceneID(const ListView& list) {
+  return list.property(kSceneProperty).toInt();
+}
 
 }  // namespace modFillList
