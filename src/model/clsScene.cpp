@@ -43,6 +43,13 @@ QString GenerateFilename(const QString& folder, const QString& prefix, int fileI
   return name;
 }
 
+/// A file that holds these bytes is left alone: reading it costs a hundredth of writing it to disk anew, and a save
+/// of the whole book asks for every one.
+bool holdsAlready(const QString& path, const QByteArray& bytes) {
+  QByteArray stored;
+  return Files().FileSize(path) == bytes.size() && Files().LoadTextFile(path, stored) && stored == bytes;
+}
+
 }  // namespace
 
 clsScene::~clsScene() {
@@ -188,10 +195,9 @@ void clsScene::SaveRTF(bool force) {
     if (rtfFilename_.isEmpty()) {
       rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s);
     }
-    if (Files().SaveTextFile(RTFFileWithPath(), QByteArrayView(textRTF_))) {
-      rtfChanged_ = false;
-    } else {
-      rtfChanged_ = true;
+    rtfChanged_ = !(holdsAlready(RTFFileWithPath(), textRTF_) ||
+                    Files().SaveTextFile(RTFFileWithPath(), QByteArrayView(textRTF_)));
+    if (rtfChanged_) {
       Logging().LogEvent(u"Could not save "_s + RTFFileWithPath());
     }
   }
