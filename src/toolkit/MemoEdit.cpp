@@ -22,3 +22,15 @@ void MemoEdit::setText(const QString& text) {
   setPlainText(text);
   document()->setModified(false);
 }
+
+QSize MemoEdit::sizeHint() const {
+  return {QPlainTextEdit::sizeHint().width(), heightOf(5)};
+}
+
+QSize MemoEdit::minimumSizeHint() const {
+  return {QPlainTextEdit::minimumSizeHint().width(), heightOf(2)};
+}
+
+int MemoEdit::heightOf(int lines) const {
+  return fontMetrics().lineSpacing() * lines + 2 * (frameWidth() + qRound(document()->documentMargin()));
+}

@@ -12,7 +12,12 @@ class MemoEdit : public QPlainTextEdit {
 
   QString Text() const;
   void setText(const QString& text);
+  /// Room for a few lines; layouts may give more.
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  private:
+  int heightOf(int lines) const;
+
   QString given_;
 };

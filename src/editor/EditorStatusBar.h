@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStatusBar>
+
+#include <array>
+
+class QLabel;
+
+/// The status bar of an editor, of five panels counted from 1.
+class EditorStatusBar : public QStatusBar {
+  Q_OBJECT
+
+ public:
+  static constexpr int autosave = 1;
+  static constexpr int chapterWords = 2;
+  static constexpr int sceneWords = 3;
+  static constexpr int chapterTitle = 5;
+
+  explicit EditorStatusBar(QWidget* parent = nullptr);
+
+  void setPanel(int panel, const QString& text);
+
+ private:
+  std::array<QLabel*, 5> panels_;
+};

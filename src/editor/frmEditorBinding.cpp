@@ -1,0 +1,164 @@
+#include "editor/DescriptionTab.h"
+#include "editor/EditorPlacement.h"
+#include "editor/EditorStatusBar.h"
+#include "editor/EditorText.h"
+#include "editor/frmEditor.h"
+#include "model/Globals.h"
+#include "model/clsChapter.h"
+#include "model/clsProject.h"
+#include "model/clsScene.h"
+#include "text/Rtf.h"
+#include "text/cSharedHTML.h"
+#include "toolkit/RichTextBox.h"
+#include "toolkit/Toolkit.h"
+#include "toolkit/Twips.h"
+
+using namespace Qt::StringLiterals;
+
+// What passes between the window and its scene.
+
+namespace {
+
+constexpr int kWordCountMs = 3000;
+
+}  // namespace
+
+std::shared_ptr<clsScene> frmEditor::scene() const {
+  return g_Project->SceneByID(SceneID);
+}
+
+void frmEditor::EditScene(qint32 id) {
+  const bool fontsWaiting = TimerLoadFonts.isActive();
+  TimerLoadFonts.stop();
+  SceneID = id;
+  setCaption(scene()->Title);
+  StatusBar1->setPanel(EditorStatusBar::autosave, u"Last Autosave: None"_s);
+  ShowScene();
+  Dirty = false;
+  DisableOrEnable(true);
+  if (fontsWaiting) {
+    TimerLoadFonts.start();
+  }
+}
+
+void frmEditor::ShowScene() {
+  DataToForm(SceneID, true);
+  txtMain->moveCursor(QTextCursor::Start);
+  Dirty = false;
+}
+
+void frmEditor::DataToForm(qint32 id, bool loadText) {
+  const auto shown = g_Project->SceneByID(id);
+  StatusBar1->setPanel(EditorStatusBar::chapterTitle, g_Project->ChapterByID(shown->BelongsToChID)->Title);
+  description_->DataToForm(*shown);
+  if (loadText) {
+    loadMainText(*shown);
+  }
+  ShowSceneWordCount();
+  Dirty = false;
+}
+
+void frmEditor::loadMainText(const clsScene& from) {
+  applyEditorFont();
+  RichText text = readRtf(from.TextRTF());
+  ResetFontColour(text, colours_.textColour());
+  SetMainIndent(text);
+  txtMain->setRichText(text);
+}
+
+void frmEditor::FormToData(clsScene& into) {
+  TimerWC.stop();
+  description_->FormToData(into);
+  RichText text = txtMain->richText();
+  ResetFontColour(text, colours_.textColour());
+  into.setTextRTF(writeRtf(text));
+  TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::textChanged() {
+  markDirty();
+  TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::ShowSceneWordCount() {
+  TimerWC.stop();
+  const QString text = txtMain->Text();
+  if (text != LastCountedText) {
+    LastCountedText = text;
+    const qint32 words = Html().CalcWordCount(text);
+    qint32 total = words;
+    for (const qint32 id : g_Project->ChapterByID(scene()->BelongsToChID)->SceneIDs()) {
+      total += id == SceneID ? 0 : g_Project->SceneByID(id)->Wordcount();
+    }
+    StatusBar1->setPanel(EditorStatusBar::sceneWords, u"Scene: %1 words"_s.arg(words));
+    StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %1 words"_s.arg(total));
+  }
+  TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::SaveChanges(bool) {
+  const auto saved = scene();
+  if (!saved->InScenes) {
+    // The scene has left the project while its window stood open: a blank one would be written in its place.
+    return;
+  }
+  Dirty = false;
+  FormToData(*saved);
+  saved->Save(false, true);
+  LastEditorLeft = Twips::fromPixels(x());
+  LastEditorTop = Twips::fromPixels(y());
+  setCaption(saved->Title);
+  ShowSceneWordCount();
+  savedChanges_ = true;
+  if (Changed) {
+    Changed();
+  }
+  Dirty = false;
+}
+
+void frmEditor::AskIfSave() {
+  if (!Dirty) {
+    return;
+  }
+  if (toolkit().MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNo) == Answer::Yes) {
+    SaveChanges(false);
+  } else {
+    savedChanges_ = false;
+  }
+}
+
+void frmEditor::ExitForm() {
+  TimerWC.stop();
+  leaving_ = true;
+  if (!Finished) {
+    // Nobody is left to unload the window.
+    Unload();
+    return;
+  }
+  // A copy, since the listener lets go of the window while it runs.
+  const auto finished = Finished;
+  finished();
+}
+
+void frmEditor::saveAndExit() {
+  DisableOrEnable(false);
+  storeWindowSettings();
+  SaveChanges(false);
+  ExitForm();
+}
+
+void frmEditor::closeForm() {
+  if (leaving_) {
+    return;
+  }
+  AskIfSave();
+  ExitForm();
+}
+
+void frmEditor::setCurrentSearchString(const QString&) {}
+
+void frmEditor::MarkCharacters() {}
+
+void frmEditor::UnmarkCharacters() {}
+
+void frmEditor::UpdateCombos() {}
