@@ -61,7 +61,29 @@ qsizetype decimalEnd(QByteArrayView text) {
   return end;
 }
 
+/// Whole numbers of few digits, which nearly all are; nothing for any other text.
+std::optional<double> shortWhole(QByteArrayView text) {
+  constexpr qsizetype kExactDigits = 15;
+  const bool negative = text[0] == '-';
+  const QByteArrayView digits = text.sliced(negative || text[0] == '+' ? 1 : 0);
+  if (digits.size() > kExactDigits) {
+    return {};
+  }
+  qint64 value = 0;
+  for (const char c : digits) {
+    if (!isDigit(c)) {
+      return {};
+    }
+    value = value * 10 + (c - '0');
+  }
+  return static_cast<double>(negative ? -value : value);
+}
+
+/// The value of a text that decimalEnd has found to be a number.
 double decimal(QByteArrayView text) {
+  if (const auto whole = shortWhole(text)) {
+    return *whole;
+  }
   if (text.startsWith('+')) {
     text = text.sliced(1);
   }

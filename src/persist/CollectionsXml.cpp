@@ -9,6 +9,7 @@
 #include "model/clsNote.h"
 #include "model/clsScene.h"
 #include "persist/modConstXML.h"
+#include "text/TagView.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,9 +59,9 @@ QString numberMessage(int file) {
 
 /// The entities of a block: each piece that holds the element's opening tag, without its closing tag.
 template <class Read>
-void readBlock(QByteArrayView xml, const Tag& block, const Tag& element, Read read) {
-  for (const QByteArrayView piece : Tags::ExtractXMLArray(xml, block, element.close)) {
-    if (Tags::find(piece, element.open) >= 0 && !read(piece)) {
+void readBlock(const TagView& xml, const Tag& block, const Tag& element, Read read) {
+  for (const TagView& piece : xml.block(block).split(element.close)) {
+    if (piece.contains(element) && !read(piece)) {
       return;
     }
   }
@@ -68,9 +69,9 @@ void readBlock(QByteArrayView xml, const Tag& block, const Tag& element, Read re
 
 /// Reads a whole block of entities that have no file of their own.
 template <class Entity, class Add>
-bool readEntities(QByteArrayView xml, const Tag& block, const Tag& element, const Guard& guard, Add add) {
+bool readEntities(const TagView& xml, const Tag& block, const Tag& element, const Guard& guard, Add add) {
   return guard([&] {
-    readBlock(xml, block, element, [&](QByteArrayView piece) {
+    readBlock(xml, block, element, [&](const TagView& piece) {
       const auto entity = std::make_shared<Entity>();
       entity->CreateFromXML(piece);
       add(entity);
@@ -106,13 +107,15 @@ bool clsScenes::WriteXML(int file, bool singleFile) {
   });
 }
 
-bool clsScenes::CreateFromXML(QByteArrayView xml, bool singleFile) {
+bool clsScenes::CreateFromXML(QByteArrayView xml, bool singleFile) { return CreateFromXML(TagView(TagIndex(xml)), singleFile); }
+
+bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
   Clear();
   bool result = true;
   qint32 number = 0;
   const Guard guard("CreateFromXML", "clsScenes");
   const bool read = guard([&] {
-    readBlock(xml, kScenes, kScene, [&](QByteArrayView piece) {
+    readBlock(block, kScenes, kScene, [&](const TagView& piece) {
       ++number;
       if (LoadingNum) {
         LoadingNum(number);
@@ -146,40 +149,50 @@ bool clsChapters::WriteXML(int file) {
                     [](clsChapter& chapter, QByteArray& lines) { chapter.DataAsXML(lines); });
 }
 
-bool clsChapters::CreateFromXML(QByteArrayView xml) {
+bool clsChapters::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+
+bool clsChapters::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsChapter>(xml, kChapters, kChapter, Guard("CreateFromXML", "clsChapters"),
+  return readEntities<clsChapter>(block, kChapters, kChapter, Guard("CreateFromXML", "clsChapters"),
                                   [this](const Pointer& chapter) { AddChapter(chapter); });
 }
 
 bool clsCharacters::WriteXML(int file) { return writeNumbered(file, kCharacters, *this, "clsCharacters"); }
 
-bool clsCharacters::CreateFromXML(QByteArrayView xml) {
+bool clsCharacters::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+
+bool clsCharacters::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsCharacter>(xml, kCharacters, kCharacter, Guard("CreateFromXML", "clsCharacters"),
+  return readEntities<clsCharacter>(block, kCharacters, kCharacter, Guard("CreateFromXML", "clsCharacters"),
                                     [this](const Pointer& character) { AddChar(character); });
 }
 
 bool clsLocations::WriteXML(int file) { return writeNumbered(file, kLocations, *this, "clsLocations"); }
 
-bool clsLocations::CreateFromXML(QByteArrayView xml) {
+bool clsLocations::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+
+bool clsLocations::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsLocation>(xml, kLocations, kLocation, Guard("CreateFromXML", "clsLocations"),
+  return readEntities<clsLocation>(block, kLocations, kLocation, Guard("CreateFromXML", "clsLocations"),
                                    [this](const Pointer& location) { AddLocation(location); });
 }
 
 bool clsItems::WriteXML(int file) { return writeNumbered(file, kItems, *this, "clsItems"); }
 
-bool clsItems::CreateFromXML(QByteArrayView xml) {
+bool clsItems::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+
+bool clsItems::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsItem>(xml, kItems, kItem, Guard("CreateFromXML", "clsItems"),
+  return readEntities<clsItem>(block, kItems, kItem, Guard("CreateFromXML", "clsItems"),
                                [this](const Pointer& item) { AddItem(item); });
 }
 
 bool clsNotes::WriteXML(int file) { return writeNumbered(file, kProjectNotes, *this, "clsNotes"); }
 
-bool clsNotes::CreateFromXML(QByteArrayView xml) {
+bool clsNotes::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+
+bool clsNotes::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsNote>(xml, kProjectNotes, kProjectNote, Guard("CreateFromXML", "clsNotes"),
+  return readEntities<clsNote>(block, kProjectNotes, kProjectNote, Guard("CreateFromXML", "clsNotes"),
                                [this](const Pointer& note) { AddNote(note); });
 }

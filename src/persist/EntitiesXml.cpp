@@ -26,9 +26,10 @@ void clsCharacter::DataAsXML(QByteArray& out) {
   element.text(kImageFile, ImageFile);
 }
 
-void clsCharacter::CreateFromXML(QByteArrayView xml) {
+void clsCharacter::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+
+void clsCharacter::CreateFromXML(const TagView& element) {
   Clear();
-  const ElementReader element(xml);
   ReadFields::strictInteger(Guard("CreateFromXML", "clsCharacter"), element, kID, id_);
   title_ = element.text(kTitle);
   FullName = element.text(kFullName);
@@ -55,8 +56,7 @@ void StoryThing::appendXML(QByteArray& out, const Tag& elementTag, qint32 id) co
 }
 
 // SortOrder is written and not read: a loaded thing has 0.
-void StoryThing::readXML(QByteArrayView xml, const char* module) {
-  const ElementReader element(xml);
+void StoryThing::readXML(const TagView& element, const char* module) {
   ReadFields::strictInteger(Guard("CreateFromXML", module), element, kID, id_);
   Title = element.text(kTitle);
   Unused = element.boolean(kUnused);
@@ -66,16 +66,20 @@ void StoryThing::readXML(QByteArrayView xml, const char* module) {
 
 void clsLocation::DataAsXML(QByteArray& out) { appendXML(out, kLocation, ID()); }
 
-void clsLocation::CreateFromXML(QByteArrayView xml) {
+void clsLocation::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+
+void clsLocation::CreateFromXML(const TagView& element) {
   Clear();
-  readXML(xml, "clsLocation");
+  readXML(element, "clsLocation");
 }
 
 void clsItem::DataAsXML(QByteArray& out) { appendXML(out, kItem, ID()); }
 
-void clsItem::CreateFromXML(QByteArrayView xml) {
+void clsItem::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+
+void clsItem::CreateFromXML(const TagView& element) {
   Clear();
-  readXML(xml, "clsItem");
+  readXML(element, "clsItem");
 }
 
 void clsNote::DataAsXML(QByteArray& out) {
@@ -86,9 +90,10 @@ void clsNote::DataAsXML(QByteArray& out) {
   element.textUnlessEmpty(kTags, Tags);
 }
 
-void clsNote::CreateFromXML(QByteArrayView xml) {
+void clsNote::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+
+void clsNote::CreateFromXML(const TagView& element) {
   Clear();
-  const ElementReader element(xml);
   ReadFields::strictInteger(Guard("CreateFromXML", "clsNote"), element, kID, id_);
   Title = element.text(kTitle);
   DescText = element.text(kDesc);

@@ -15,10 +15,11 @@ void clsChapter::DataAsXML(QByteArray& out) {
   element.list(kChapterScenes, kScID, scenes_);
 }
 
-void clsChapter::CreateFromXML(QByteArrayView xml) {
+void clsChapter::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+
+void clsChapter::CreateFromXML(const TagView& element) {
   using namespace modConstXML;
   Clear();
-  const ElementReader element(xml);
   const Guard guard("CreateFromXML", "clsChapter");
   ReadFields::strictInteger(guard, element, kID, id_);
   Title = element.text(kTitle);

@@ -2,11 +2,9 @@
 
 #include "persist/ElementWriter.h"
 #include "persist/modConstXML.h"
-#include "text/ElementReader.h"
+#include "text/TagView.h"
 
 #include "infra/Guard.h"
-
-#include <iterator>
 
 using namespace modConstXML;
 
@@ -43,10 +41,11 @@ void clsProject::DataAsXML(QByteArray& out) const {
   }
 }
 
-bool clsProject::CreateFromXML(QByteArrayView xml) {
+bool clsProject::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+
+bool clsProject::CreateFromXML(const TagView& element) {
   const Guard guard("CreateFromXML", "clsProject");
   return guard([&] {
-    const ElementReader element(xml);
     Title = element.text(kTitle);
     DescText = element.text(kDesc);
     AuthorBio = element.text(kBio);

@@ -59,15 +59,16 @@ void clsScene::DataAsXML(QByteArray& out, bool singleFile) {
   }
 }
 
-void clsScene::CreateFromXML(QByteArrayView xml) {
+void clsScene::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+
+void clsScene::CreateFromXML(const TagView& element) {
   Clear();
-  const ElementReader element(xml);
   readFields(element);
   readLists(element);
   readRTF(element);
 }
 
-void clsScene::readFields(const ElementReader& element) {
+void clsScene::readFields(const TagView& element) {
   using namespace modConstXML;
   const Guard guard("CreateFromXML", "clsScene");
   ReadFields::strictInteger(guard, element, kID, id_);
@@ -99,7 +100,7 @@ void clsScene::readFields(const ElementReader& element) {
   lettercount_ = element.integer32(kLetterCount);
 }
 
-void clsScene::readLists(const ElementReader& element) {
+void clsScene::readLists(const TagView& element) {
   using namespace modConstXML;
   const Guard guard("CreateFromXML", "clsScene");
   ReadFields::ids(guard, element, kSceneCharacters, kCharID, characters_);
@@ -107,7 +108,7 @@ void clsScene::readLists(const ElementReader& element) {
   ReadFields::ids(guard, element, kSceneItems, kItemID, items_);
 }
 
-void clsScene::readRTF(const ElementReader& element) {
+void clsScene::readRTF(const TagView& element) {
   using namespace modConstXML;
   if (!element.contains(kSceneRTF)) {
     return;

@@ -10,17 +10,6 @@
 
 namespace {
 
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
-
-bool equalIgnoringCase(const char* a, const char* b, qsizetype length) {
-  for (qsizetype i = 0; i < length; ++i) {
-    if (lower(a[i]) != lower(b[i])) {
-      return false;
-    }
-  }
-  return true;
-}
-
 const char* findByte(const char* from, const char* end, char byte) {
   const void* found = std::memchr(from, byte, static_cast<size_t>(end - from));
   return found == nullptr ? end : static_cast<const char*>(found);
@@ -28,11 +17,11 @@ const char* findByte(const char* from, const char* end, char byte) {
 
 /// The next place where the first character of what is sought stands, in either case.
 const char* findAnchor(const char* from, const char* end, char first) {
-  const char small = lower(first);
+  const char small = Tags::lowerCase(first);
   if (small < 'a' || small > 'z') {
     return findByte(from, end, first);
   }
-  while (from < end && lower(*from) != small) {
+  while (from < end && Tags::lowerCase(*from) != small) {
     ++from;
   }
   return from;
@@ -86,7 +75,7 @@ int hexDigit(char c) {
   if (c >= '0' && c <= '9') {
     return c - '0';
   }
-  const char small = lower(c);
+  const char small = Tags::lowerCase(c);
   return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
 }
 
@@ -131,16 +120,12 @@ qsizetype find(QByteArrayView text, QByteArrayView what, qsizetype from) {
   }
   while (at < last) {
     at = findAnchor(at, last, what[0]);
-    if (at < last && equalIgnoringCase(at, what.data(), what.size())) {
+    if (at < last && startsWith(QByteArrayView(at, what.size()), what)) {
       return at - text.data();
     }
     ++at;
   }
   return -1;
-}
-
-bool startsWith(QByteArrayView text, QByteArrayView beginning) {
-  return text.size() >= beginning.size() && equalIgnoringCase(text.data(), beginning.data(), beginning.size());
 }
 
 QByteArrayView ExtractWithTags(QByteArrayView text, const Tag& tag) {

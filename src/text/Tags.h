@@ -18,8 +18,20 @@ namespace Tags {
 /// The position of the first occurrence at or behind `from`, case ignored; -1 for none. Empty `find` gives `from`.
 qsizetype find(QByteArrayView text, QByteArrayView find, qsizetype from = 0);
 
+inline char lowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
+
 /// True when the text begins so, case ignored.
-bool startsWith(QByteArrayView text, QByteArrayView beginning);
+inline bool startsWith(QByteArrayView text, QByteArrayView beginning) {
+  if (text.size() < beginning.size()) {
+    return false;
+  }
+  for (qsizetype i = 0; i < beginning.size(); ++i) {
+    if (lowerCase(text[i]) != lowerCase(beginning[i])) {
+      return false;
+    }
+  }
+  return true;
+}
 
 /// From the start of the opening tag to the end of the closing one, or to the end of the text when there is no
 /// closing tag behind it; an empty view when there is no opening tag. Nothing is copied.

@@ -1,11 +1,10 @@
 #include "text/Tags.h"
 
 #include "infra/CodePage.h"
-#include "persist/TopBlocks.h"
 #include "persist/modConstXML.h"
 #include "support/Mutations.h"
-#include "text/ElementReader.h"
 #include "text/LiteralTags.h"
+#include "text/TagView.h"
 
 #include <gtest/gtest.h>
 
@@ -38,27 +37,28 @@ const Tag kFieldTags[] = {kID,      kTitle, kUnused,   kRTFFile, kSceneCharacter
 // The fast extraction gives what the word-for-word one gives, for whole and for damaged files alike.
 TEST(Tags, FastAndLiteralExtractionAgreeOnDamagedFiles) {
   std::mt19937 random(20260101);
-  const std::array<Tag, 4> blocks{kProject, kChapters, kScenes, kLocations};
   for (int round = 0; round < 4000; ++round) {
     const QByteArray text = round == 0 ? kFile : mutated(kFile, random, kSnippets);
-    const ElementReader reader(text);
+    const TagIndex index(text);
+    const TagView view(index);
     for (const Tag& tag : kFieldTags) {
       const QString literal = LiteralTags::ExtractTagged(wide(text), wide(tag.open), wide(tag.close), false);
       ASSERT_EQ(wide(Tags::ExtractBetweenTags(text, tag)), literal) << text.constData();
-      ASSERT_EQ(wide(reader.bytes(tag)), literal) << text.constData();
-      ASSERT_EQ(wide(Tags::ExtractWithTags(text, tag)),
-                LiteralTags::ExtractTagged(wide(text), wide(tag.open), wide(tag.close), true));
+      ASSERT_EQ(wide(view.bytes(tag)), literal) << text.constData();
+      const QString span = LiteralTags::ExtractTagged(wide(text), wide(tag.open), wide(tag.close), true);
+      ASSERT_EQ(wide(Tags::ExtractWithTags(text, tag)), span);
+      ASSERT_EQ(wide(view.block(tag).text()), span);
     }
-    const auto found = extractTopBlocks(text, blocks);
-    for (size_t i = 0; i < blocks.size(); ++i) {
-      ASSERT_EQ(wide(found[i]),
-                LiteralTags::ExtractTagged(wide(text), wide(blocks[i].open), wide(blocks[i].close), true));
-    }
+    const auto scenes = view.block(kScenes).split(Tag(kScene).close);
     const auto pieces = Tags::ExtractXMLArray(text, kScenes, Tag(kScene).close);
     const QStringList literalPieces = LiteralTags::ExtractXMLArray(wide(text), u"<SCENES>"_s, u"</SCENES>"_s, u"</SCENE>"_s);
     ASSERT_EQ(static_cast<qsizetype>(pieces.size()), literalPieces.size());
+    ASSERT_EQ(scenes.size(), pieces.size());
     for (size_t i = 0; i < pieces.size(); ++i) {
-      ASSERT_EQ(wide(pieces[i]), literalPieces[static_cast<qsizetype>(i)]);
+      const QString& literal = literalPieces[static_cast<qsizetype>(i)];
+      ASSERT_EQ(wide(pieces[i]), literal);
+      ASSERT_EQ(wide(scenes[i].text()), literal);
+      ASSERT_EQ(wide(scenes[i].bytes(kTitle)), LiteralTags::ExtractTagged(literal, u"<Title>"_s, u"</Title>"_s, false));
     }
   }
 }
