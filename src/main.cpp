@@ -1,4 +1,5 @@
 #include "Version.h"
+#include "editor/frmEditor.h"
 #include "infra/Maker.h"
 #include "shell/GuardedApplication.h"
 #include "shell/frmMain.h"
@@ -22,8 +23,12 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationVersion(QStringLiteral(QUILLANE_VERSION));
   QGuiApplication::setDesktopFileName(u"quillane4"_s);
 
+  // The main window ends the program itself; a box that closes before it is shown shall not.
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+
   QtToolkit screen;
   installToolkit(&screen);
+  registerSceneEditor();
   int result = 0;
   {
     frmMain main(commandLine());

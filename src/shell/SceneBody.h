@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QTextEdit>
+#include "toolkit/RichTextBox.h"
 
 class clsScene;
 
 /// The selected scene's text, formatted and read-only, in the colours that the editor uses.
-class SceneBody : public QTextEdit {
+class SceneBody : public RichTextBox {
   Q_OBJECT
 
  public:
   explicit SceneBody(QWidget* parent = nullptr);
 
   /// A text of nothing but blanks says so.
-  void showText(clsScene& scene);
+  void showText(const clsScene& scene);
   void clearText();
 };
