@@ -81,10 +81,8 @@ void ScenePane::buildLayout() {
   splitter_->setStretchFactor(0, 0);
   splitter_->setStretchFactor(1, 1);
   splitter_->handle(1)->setObjectName(u"imgHorDivide"_s);
-  // Rounded up: a pixel short would be a twip short.
-  listScenes_->setMinimumWidth(Twips::toPixels(PaneLayout::kSplitterLeft + Twips::perPixel / 2));
-  tabStrip1_->setMinimumWidth(Twips::toPixels(PaneLayout::kSplitterRight + Twips::perPixel / 2) -
-                              splitter_->handleWidth());
+  listScenes_->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterLeft));
+  tabStrip1_->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterRight) - splitter_->handleWidth());
 
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);

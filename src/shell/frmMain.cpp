@@ -19,7 +19,6 @@
 #include "shell/StatusPanels.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Toolkit.h"
-#include "toolkit/Twips.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -51,7 +50,8 @@ frmMain::~frmMain() = default;
 
 void frmMain::createParts() {
   setWindowIcon(icon("quillane"));
-  setMinimumSize(Twips::toPixels(PaneLayout::kMinimumWidth), Twips::toPixels(PaneLayout::kMinimumHeight));
+  setMinimumSize(PaneLayout::pixelsAtLeast(PaneLayout::kMinimumWidth),
+                 PaneLayout::pixelsAtLeast(PaneLayout::kMinimumHeight));
   resize(1200, 760);
   menus_ = new MainMenuBar(*this, *menuBar());
   panes_ = new MainPanes;
