@@ -190,7 +190,9 @@ bool clsScene::Save(bool noMark, bool force) {
   return true;
 }
 
-void clsScene::SaveRTF(bool force) {
+bool clsScene::mirrorWanted() { return Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s)); }
+
+void clsScene::SaveRTF(bool force, bool mirror) {
   if (rtfFilename_.isEmpty() || force || rtfChanged_) {
     if (rtfFilename_.isEmpty()) {
       rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s);
@@ -201,13 +203,12 @@ void clsScene::SaveRTF(bool force) {
       Logging().LogEvent(u"Could not save "_s + RTFFileWithPath());
     }
   }
-  writePlainMirror();
+  if (mirror) {
+    writePlainMirror();
+  }
 }
 
 void clsScene::writePlainMirror() {
-  if (!Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s))) {
-    return;
-  }
   const QString folder = g_Project->Path() + u"Data"_s + Paths::separator();
   QString name = Files().FileWithoutExt(rtfFilename_) + u".txt"_s;
   name.replace(u"RTF_"_s, u"Plain_"_s);

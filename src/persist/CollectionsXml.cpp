@@ -134,9 +134,10 @@ bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
 
 bool clsScenes::SaveScenesText(bool force) {
   bool result = true;
+  const bool mirror = clsScene::mirrorWanted();
   const Guard guard("SaveScenesText", "clsScenes");
   for (const Pointer& scene : *this) {
-    result = guard([&] { scene->SaveRTF(force); }) && result;
+    result = guard([&] { scene->SaveRTF(force, mirror); }) && result;
   }
   return result;
 }

@@ -29,7 +29,7 @@ const QList<QByteArray> kSnippets{"<",       "</",       "<ID>",     "</id>",   
                                   "%2",      "&H1",      "\x00\xFF", "<<Title>",  "</</ID>ID>"};
 
 const Tag kFieldTags[] = {kID,      kTitle, kUnused,   kRTFFile, kSceneCharacters, kCharID,  kSceneRTF,
-                          kCData,   kScID,  kScenes,   kScene,   kField[1],        kChapter, kProject,
+                            kScID,  kScenes,   kScene,   kField[1],        kChapter, kProject,
                           kChapters, kDesc, kLocations};
 
 }  // namespace
