@@ -59,6 +59,10 @@ TagIndex::TagIndex(QByteArrayView text) : text_(text) {
 TagView::TagView(const TagIndex& index)
     : TagView(index, 0, index.text_.size(), 0, static_cast<qsizetype>(index.positions_.size())) {}
 
+bool TagView::isAt(QByteArrayView tag, qsizetype entry) const {
+  return entry < endEntry_ && Tags::startsWith(index_->text_.sliced(positionOf(entry), to_ - positionOf(entry)), tag);
+}
+
 qsizetype TagView::first(QByteArrayView tag, qsizetype entry) const {
   const quint32 key = keyOf(tag.data() + 1, tag.size() - 1);
   for (qsizetype i = entry; i < endEntry_; i += kTogether) {
@@ -67,9 +71,8 @@ qsizetype TagView::first(QByteArrayView tag, qsizetype entry) const {
     for (qsizetype k = 0; k < kTogether; ++k) {
       any |= keys[k] == key;
     }
-    for (qsizetype k = 0; any && k < kTogether && i + k < endEntry_; ++k) {
-      const qsizetype at = positionOf(i + k);
-      if (keys[k] == key && Tags::startsWith(index_->text_.sliced(at, to_ - at), tag)) {
+    for (qsizetype k = 0; any && k < kTogether; ++k) {
+      if (keys[k] == key && isAt(tag, i + k)) {
         return i + k;
       }
     }
@@ -105,11 +108,11 @@ QByteArrayView TagView::value(const Tag& tag, QByteArray& scratch) const {
   if (open < 0) {
     return {};
   }
-  const qsizetype close = first(tag.close, open);
   const qsizetype start = positionOf(open);
-  if (close == open + 1) {
-    return index_->text_.sliced(start + tag.open.size(), positionOf(close) - start - tag.open.size());
+  if (isAt(tag.close, open + 1)) {
+    return index_->text_.sliced(start + tag.open.size(), positionOf(open + 1) - start - tag.open.size());
   }
+  const qsizetype close = first(tag.close, open);
   const qsizetype end = close < 0 ? to_ : positionOf(close) + tag.close.size();
   scratch = Tags::withoutTags(index_->text_.sliced(start, end - start), tag);
   return scratch;

@@ -57,6 +57,7 @@ class TagView {
 
   /// The entry of the first occurrence at or behind an entry; -1 for none.
   qsizetype first(QByteArrayView tag, qsizetype entry) const;
+  bool isAt(QByteArrayView tag, qsizetype entry) const;
   qsizetype positionOf(qsizetype entry) const { return index_->positions_[static_cast<size_t>(entry)]; }
   /// The value as a view where no inner tag has to be taken out, else through `scratch`.
   QByteArrayView value(const Tag& tag, QByteArray& scratch) const;
