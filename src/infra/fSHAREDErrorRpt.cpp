@@ -33,6 +33,8 @@ QPlainTextEdit* makeText(const QString& name, const QString& accessibleName, int
   text->setTabChangesFocus(true);
   const QFontMetrics metrics = text->fontMetrics();
   text->setMinimumHeight(metrics.lineSpacing() * lines + 2 * text->frameWidth() + metrics.lineSpacing() / 2);
+  // The pane is as high as its lines ask for, and grows with the window.
+  text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   text->setMinimumWidth(metrics.averageCharWidth() * kTextWidthInLetters);
   return text;
 }
