@@ -196,7 +196,9 @@ qint32 DayNumber(QByteArrayView text) {
 }
 
 QByteArray IsoDate(qint32 dayNumber) {
-  return Clock::dateOf(dayNumber).toString(Qt::ISODate).toLatin1();
+  constexpr qint32 kFirst = -657434;
+  constexpr qint32 kLast = 2958465;
+  return Clock::dateOf(std::clamp(dayNumber, kFirst, kLast)).toString(Qt::ISODate).toLatin1();
 }
 
 std::optional<double> ToNumber(const QVariant& value) {
