@@ -83,10 +83,13 @@ FileChannels::Channel& FileChannels::writer(int number) {
 
 void FileChannels::Print(int number, QByteArrayView bytes) {
   Channel& to = writer(number);
-  to.buffer.append(bytes);
-  if (to.buffer.size() >= kBufferSize) {
-    to.file.write(std::exchange(to.buffer, {}));
+  if (to.buffer.size() + bytes.size() < kBufferSize) {
+    to.buffer.append(bytes);
+    return;
   }
+  to.file.write(to.buffer);
+  to.buffer.resize(0);
+  to.file.write(bytes);
 }
 
 void FileChannels::Print(int number, QStringView text) {
@@ -145,10 +148,21 @@ bool FileChannels::EndOfFile(int number) {
 }
 
 void FileChannels::Close(int number) {
+  close(number, false);
+}
+
+void FileChannels::CloseToDisk(int number) {
+  close(number, true);
+}
+
+void FileChannels::close(int number, bool toDisk) {
   Channel closing = std::move(channel(number));
   open_.erase(number);
   if (closing.mode != Mode::Input) {
     closing.file.write(closing.buffer);
+  }
+  if (toDisk) {
+    closing.file.flushToDisk();
   }
   closing.file.close();
 }

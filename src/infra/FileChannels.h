@@ -35,6 +35,8 @@ class FileChannels {
   bool EndOfFile(int number);
   /// The number is free afterwards, also when the last bytes could not be written and this throws.
   void Close(int number);
+  /// As Close, once all that was printed has reached the disk.
+  void CloseToDisk(int number);
 
   bool isOpen(const QString& path) const;
 
@@ -47,6 +49,7 @@ class FileChannels {
     QByteArray buffer;
   };
 
+  void close(int number, bool toDisk);
   Channel& channel(int number);
   Channel& reader(int number);
   Channel& writer(int number);

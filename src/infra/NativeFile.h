@@ -22,6 +22,8 @@ class NativeFile {
   /// The next bytes, at most so many; empty at the end of the file.
   QByteArray read(qsizetype most);
   void write(QByteArrayView bytes);
+  /// Waits until what was written, and the file's name, have reached the disk.
+  void flushToDisk();
   void close();
 
  private:

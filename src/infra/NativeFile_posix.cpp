@@ -135,6 +135,11 @@ void NativeFile::write(QByteArrayView bytes) {
   writeAll(handle_->fd, bytes, handle_->path);
 }
 
+void NativeFile::flushToDisk() {
+  ::flushToDisk(handle_->fd, handle_->path);
+  flushFolder(folderOf(encoded(handle_->path)));
+}
+
 void NativeFile::close() {
   handle_->close(handle_->path);
 }

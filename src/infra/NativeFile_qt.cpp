@@ -77,6 +77,11 @@ void NativeFile::write(QByteArrayView bytes) {
   writeAll(handle_->file, bytes);
 }
 
+// As far as Qt can tell the system.
+void NativeFile::flushToDisk() {
+  handle_->file.flush();
+}
+
 void NativeFile::close() {
   handle_->file.close();
   if (handle_->file.error() != QFileDevice::NoError) {

@@ -33,5 +33,7 @@ QByteArray IsoDate(qint32 dayNumber);
 std::optional<double> ToNumber(const QVariant& value);
 /// A value as a whole number, rounded half to even; 0 when it is no number.
 qint32 ToInt(const QVariant& value);
+/// True for a number other than 0, which is how a stored yes reads back.
+bool ToBool(const QVariant& value);
 
 }  // namespace Numbers

@@ -1,0 +1,69 @@
+# Shared by ./run, ./test and .ci/run: the packages, the build, a display of our own.
+# Sourced; the caller has set -euo pipefail and stands in the project's folder.
+
+PACKAGES=(
+  g++ cmake ninja-build ccache pkg-config
+  qt6-base-dev libqt6svg6 libicu-dev libgtest-dev
+  fonts-dejavu-core fonts-liberation
+  xvfb xauth openbox imagemagick x11-utils xdotool procps python3
+)
+
+say() { printf '%s\n' "$*" >&2; }
+
+# Installs what is missing of the packages named, with apt, as root or through sudo.
+ensure_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  local as=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      say "These packages are missing and neither root nor sudo is here to install them:"
+      say "  ${missing[*]}"
+      say "Please install them as root:  apt-get install ${missing[*]}"
+      exit 1
+    fi
+    as=(sudo)
+  fi
+  say "Installing: ${missing[*]}"
+  local apt=("${as[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 -qq)
+  "${apt[@]}" update >&2
+  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2
+}
+
+# Configures and builds a preset; further arguments are targets, all of them when there is none.
+build() {
+  local preset=$1
+  shift
+  export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+  cmake --preset "$preset" -Wno-dev >&2
+  cmake --build --preset "$preset" --parallel "${JOBS:-2}" ${1:+--target "$@"} >&2
+}
+
+# Runs a command on a virtual display with a window manager; DISPLAY is set for it.
+with_display() {
+  local runtime
+  runtime=$(mktemp -d)
+  export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$runtime}
+  local number=90
+  while [ -e "/tmp/.X11-unix/X$number" ] || [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
+  Xvfb ":$number" -screen 0 1440x900x24 -nolisten tcp >/dev/null 2>&1 &
+  local server=$!
+  export DISPLAY=":$number"
+  local tries=0
+  until xdpyinfo >/dev/null 2>&1; do
+    tries=$((tries + 1))
+    [ $tries -lt 100 ] || { say "The virtual display did not start."; exit 1; }
+    sleep 0.1
+  done
+  openbox >/dev/null 2>&1 &
+  local manager=$!
+  local status=0
+  "$@" || status=$?
+  kill "$manager" "$server" 2>/dev/null || true
+  wait "$manager" "$server" 2>/dev/null || true
+  rm -rf "$runtime"
+  return $status
+}

@@ -1,0 +1,93 @@
+#include "infra/Guard.h"
+#include "model/EntityDialogs.h"
+#include "model/Globals.h"
+#include "model/clsCharacter.h"
+#include "model/clsItem.h"
+#include "model/clsLocation.h"
+#include "model/clsNote.h"
+#include "model/clsProject.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <class Entity>
+qint32 lazyID(Entity& entity, const qint32& id) {
+  if (id == 0) {
+    entity.GenerateID();
+  }
+  return id;
+}
+
+/// Locks the record while the dialog is open; a saved edit marks it for all windows.
+template <class Entity, class Ask>
+bool runDialog(Entity& entity, clsHashTable& table, Ask ask) {
+  table.LockRec(entity.ID());
+  entity.EditOpen = true;
+  const bool saved = ask();
+  if (saved) {
+    table.MarkUpdated(entity.ID());
+  }
+  entity.EditOpen = false;
+  table.UnLockRec(entity.ID());
+  return saved;
+}
+
+}  // namespace
+
+qint32 clsCharacter::ID() { return lazyID(*this, id_); }
+
+void clsCharacter::GenerateID() { id_ = g_Project->Chars.maximumID() + 1; }
+
+void clsCharacter::setTitle(const QString& title) {
+  title_ = title;
+  if (title.toLower() != u"n/a"_s) {
+    g_CharChanges.MarkUpdated(ID());
+  }
+}
+
+bool clsCharacter::Edit(qint32 arg) {
+  return runDialog(*this, g_CharChanges,
+                   [&] { return entityDialogs().character && entityDialogs().character(*this, arg); });
+}
+
+void clsCharacter::Clear() {
+  title_.clear();
+  id_ = 0;
+  Bio.clear();
+  DescText.clear();
+  Goals.clear();
+  Notes.clear();
+}
+
+qint32 clsLocation::ID() { return lazyID(*this, id_); }
+
+void clsLocation::GenerateID() { id_ = g_Project->Locations.maximumID() + 1; }
+
+bool clsLocation::Edit() {
+  return runDialog(*this, g_LocationChanges, [&] { return entityDialogs().location && entityDialogs().location(*this); });
+}
+
+qint32 clsItem::ID() { return lazyID(*this, id_); }
+
+void clsItem::GenerateID() { id_ = g_Project->Items.maximumID() + 1; }
+
+bool clsItem::Edit() {
+  return runDialog(*this, g_ItemChanges, [&] { return entityDialogs().item && entityDialogs().item(*this); });
+}
+
+void StoryThing::Clear() {
+  Title.clear();
+  DescText.clear();
+  id_ = 0;
+}
+
+qint32 clsNote::ID() { return lazyID(*this, id_); }
+
+void clsNote::GenerateID() { id_ = g_Project->Notes.maximumID() + 1; }
+
+void clsNote::Clear() {
+  Title.clear();
+  DescText.clear();
+  id_ = 0;
+}

@@ -1,0 +1,255 @@
+#include "model/clsScene.h"
+
+#include "infra/CodePage.h"
+#include "infra/Guard.h"
+#include "infra/Paths.h"
+#include "infra/Numbers.h"
+#include "infra/cSHAREDSettings.h"
+#include "infra/cSharedFileSubs.h"
+#include "infra/cSharedLogging.h"
+#include "model/Globals.h"
+#include "model/clsCharacter.h"
+#include "model/clsItem.h"
+#include "model/clsLocation.h"
+#include "model/clsProject.h"
+#include "text/cSharedHTML.h"
+#include "model/SceneEditor.h"
+#include "text/frmRTFHidden.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kModule = "clsScene";
+/// The slot of LastFileIndex that numbers the RTF files.
+constexpr int kRTFFileIndex = 4;
+constexpr double kHoursADay = 24;
+constexpr double kMinutesADay = 1440;
+
+/// The next free file name. The folder is relative, so the test for a file of that name looks in the working
+/// directory and normally finds none: the stored counter is what keeps names unique.
+QString GenerateFilename(const QString& folder, const QString& prefix, int fileIndex, const QString& extension) {
+  const QString base = Files().AddSlashIfMissing(folder);
+  QString ending = extension.isEmpty() ? u".txt"_s : extension;
+  if (!ending.contains(u'.')) {
+    ending.prepend(u'.');
+  }
+  qint32 number = g_Project->LastFileIndex(fileIndex);
+  QString name;
+  do {
+    name = prefix + QString::number(++number).rightJustified(5, u'0') + ending;
+  } while (Files().FileExists(base + name));
+  g_Project->setLastFileIndex(fileIndex, number);
+  return name;
+}
+
+/// A file that holds these bytes is left alone: reading it costs a hundredth of writing it to disk anew, and a save
+/// of the whole book asks for every one.
+bool holdsAlready(const QString& path, const QByteArray& bytes) {
+  QByteArray stored;
+  return Files().FileSize(path) == bytes.size() && Files().LoadTextFile(path, stored) && stored == bytes;
+}
+
+}  // namespace
+
+clsScene::~clsScene() {
+  if (fEditor_ != nullptr) {
+    fEditor_->Finished = nullptr;
+    fEditor_->Changed = nullptr;
+  }
+}
+
+qint32 clsScene::ID() {
+  if (id_ == 0) {
+    GenerateID();
+  }
+  return id_;
+}
+
+void clsScene::GenerateID() { id_ = g_Project->Scenes.maximumID() + 1; }
+
+qint16 clsScene::Field(int index) const {
+  if (index < 0 || index >= static_cast<int>(field_.size())) {
+    throw RuntimeError(RuntimeError::OutOfBounds);
+  }
+  return field_[static_cast<size_t>(index)];
+}
+
+void clsScene::setField(int index, qint16 value) {
+  if (index < 0 || index >= static_cast<int>(field_.size())) {
+    throw RuntimeError(RuntimeError::OutOfBounds);
+  }
+  field_[static_cast<size_t>(index)] = value;
+}
+
+bool clsScene::HasNote() const { return !Notes.trimmed().isEmpty(); }
+
+bool clsScene::Locked() { return g_SceneChanges.IsLocked(ID()); }
+
+double clsScene::StartDate() const { return Day + Hour / kHoursADay + Minute / kMinutesADay; }
+
+void clsScene::setRTFFilename(const QString& name) {
+  if (!CodePage::canEncode(name)) {
+    throw RuntimeError(RuntimeError::InvalidCall,
+                       u"The file name '"_s + name + u"' has characters that a project file can't hold"_s);
+  }
+  rtfFilename_ = name;
+}
+
+QString clsScene::RTFFileWithPath() const {
+  return g_Project->Path() + u"RTF"_s + Paths::separator() + rtfFilename_;
+}
+
+void clsScene::setTextRTF(const QByteArray& rtf) {
+  if (rtf == textRTF_ && !rtf.isEmpty()) {
+    return;
+  }
+  textRTF_ = rtf;
+  wordsStale_ = true;
+  ++textStamp_;
+  rtfChanged_ = true;
+}
+
+void clsScene::refreshPlainText() {
+  if (textStamp_ != plainStamp_) {
+    plainText_ = RtfToPlain(textRTF_);
+    plainStamp_ = textStamp_;
+  }
+}
+
+const QString& clsScene::ConvertedToBodyText() {
+  refreshPlainText();
+  return plainText_;
+}
+
+void clsScene::ForceWordcount() {
+  refreshPlainText();
+  wordcount_ = Html().CalcWordCount(plainText_);
+  lettercount_ = static_cast<qint32>(plainText_.size());
+}
+
+qint32 clsScene::Wordcount() {
+  if (wordsStale_) {
+    ForceWordcount();
+    wordsStale_ = false;
+  }
+  return wordcount_;
+}
+
+qint32 clsScene::Lettercount() {
+  Wordcount();
+  return lettercount_;
+}
+
+std::shared_ptr<clsCharacter> clsScene::CharByIndex(qint32 index) const { return g_Project->CharByID(CharID(index)); }
+
+std::shared_ptr<clsLocation> clsScene::LocationByIndex(qint32 index) const {
+  return g_Project->LocationByID(LocationID(index));
+}
+
+std::shared_ptr<clsItem> clsScene::ItemByIndex(qint32 index) const { return g_Project->ItemByID(ItemID(index)); }
+
+void clsScene::AddCharByID(qint32 id) {
+  Guard("AddCharByID", kModule)([&] { characters_.append(id); });
+}
+
+void clsScene::AddLocationByID(qint32 id) {
+  Guard("AddLocationByID", kModule)([&] { locations_.append(id); });
+}
+
+void clsScene::AddItemByID(qint32 id) {
+  Guard("AddItemByID", kModule)([&] { items_.append(id); });
+}
+
+std::shared_ptr<clsCharacter> clsScene::ViewPointChar() const {
+  return g_Project->CharByID(ViewPointID());
+}
+
+void clsScene::ChangeViewpointByID(qint32 id) {
+  characters_.remove(id);
+  if (characters_.isEmpty()) {
+    characters_.append(id);
+  } else {
+    characters_.insertBefore(id, 1);
+  }
+  g_SceneChanges.MarkUpdated(ID());
+}
+
+void clsScene::SetViewpointByID(qint32 id) {
+  if (!characters_.isEmpty()) {
+    characters_.removeAt(1);
+  }
+  ChangeViewpointByID(id);
+}
+
+bool clsScene::Save(bool noMark, bool force) {
+  SaveRTF(force);
+  if (!noMark) {
+    g_SceneChanges.MarkUpdated(ID());
+  }
+  return true;
+}
+
+void clsScene::SaveRTF(bool force) {
+  if (rtfFilename_.isEmpty() || force || rtfChanged_) {
+    if (rtfFilename_.isEmpty()) {
+      rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s);
+    }
+    rtfChanged_ = !(holdsAlready(RTFFileWithPath(), textRTF_) ||
+                    Files().SaveTextFile(RTFFileWithPath(), QByteArrayView(textRTF_)));
+    if (rtfChanged_) {
+      Logging().LogEvent(u"Could not save "_s + RTFFileWithPath());
+    }
+  }
+  writePlainMirror();
+}
+
+void clsScene::writePlainMirror() {
+  if (!Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s))) {
+    return;
+  }
+  const QString folder = g_Project->Path() + u"Data"_s + Paths::separator();
+  QString name = Files().FileWithoutExt(rtfFilename_) + u".txt"_s;
+  name.replace(u"RTF_"_s, u"Plain_"_s);
+  Files().MkMissingDir(folder);
+  if (!Files().WriteTextFile(folder + name, ConvertedToBodyText())) {
+    Logging().LogEvent(u"Could not save "_s + folder + name);
+  }
+}
+
+bool clsScene::LoadRTF() {
+  if (rtfFilename_.isEmpty()) {
+    Logging().LogEvent(u"No RTF filename in scene "_s + Title);
+    return false;
+  }
+  if (!Files().LoadTextFile(RTFFileWithPath(), textRTF_)) {
+    Logging().LogEvent(u"Could not find or load "_s + RTFFileWithPath());
+    return false;
+  }
+  ++textStamp_;
+  return true;
+}
+
+bool clsScene::EraseScene() {
+  if (!rtfFilename_.isEmpty()) {
+    Files().EraseFile(rtfFilename_);
+  }
+  return true;
+}
+
+void clsScene::Clear() {
+  if (id_ > 0) {
+    g_SceneChanges.UnLockRec(id_);
+    g_SceneChanges.ResetAllChanged(id_);
+  }
+  characters_.clear();
+  locations_.clear();
+  items_.clear();
+  SavedByEditor = false;
+  textRTF_.clear();
+  rtfFilename_.clear();
+  rtfChanged_ = false;
+  plainText_.clear();
+  ++textStamp_;
+  wordsStale_ = true;
+}

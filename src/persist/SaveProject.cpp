@@ -1,0 +1,166 @@
+#include "model/clsProject.h"
+
+#include "infra/FileChannels.h"
+#include "infra/Guard.h"
+#include "infra/Paths.h"
+#include "infra/cSHAREDSettings.h"
+#include "infra/cSHAREDShowError.h"
+#include "infra/cSharedFileSubs.h"
+#include "infra/cSharedLogging.h"
+#include "persist/modConstXML.h"
+
+using namespace Qt::StringLiterals;
+using namespace modConstXML;
+
+namespace {
+
+FileQuestion projectFileQuestion(const QString& folder) {
+  return {u"Specify your Project file."_s, u"*.qn4"_s, u"MyProject.qn4"_s, folder};
+}
+
+/// Shows the reporter when a writer reported failure.
+bool written(bool result, const QString& failure) {
+  if (!result) {
+    ShowError().ShowErr(failure, {});
+  }
+  return result;
+}
+
+}  // namespace
+
+QString clsProject::forcedExtension(const QString& extension) const {
+  return Files().FileWithoutExt(FileWithPath) + extension;
+}
+
+bool clsProject::SaveQN4(bool showProgress) {
+  if (!FileWithPath.isEmpty()) {
+    FileWithPath = forcedExtension(u".qn4"_s);
+  }
+  return Save(showProgress, false);
+}
+
+bool clsProject::SaveQNC4(bool showProgress) {
+  FileWithPath = forcedExtension(u".qnc4"_s);
+  return Save(showProgress, true);
+}
+
+bool clsProject::SaveAs() {
+  const QString answer = toolkit().SaveFileDialog(projectFileQuestion(Paths::documentsFolder()));
+  if (answer.isEmpty()) {
+    return false;
+  }
+  QN3FileMode = false;
+  FileWithPath = answer;
+  SaveQN4(true);
+  return true;
+}
+
+// Every failure turns into the question for another file; only giving that up ends the save.
+bool clsProject::Save(bool showProgress, bool singleFile) {
+  QN3FileMode = false;
+  QString folder = Paths::documentsFolder();
+  for (;;) {
+    const bool asked = FileWithPath.isEmpty();
+    if (asked && !askForFile(folder)) {
+      return false;
+    }
+    if (attemptSave(showProgress, singleFile, asked)) {
+      return true;
+    }
+    ProgressWindow_.reset();
+    folder = Path();
+    FileWithPath.clear();
+  }
+}
+
+bool clsProject::askForFile(const QString& folder) {
+  FileWithPath = toolkit().SaveFileDialog(projectFileQuestion(folder));
+  if (FileWithPath.isEmpty()) {
+    toolkit().MsgBox(u"No project file specified. Save cancelled."_s);
+    return false;
+  }
+  return true;
+}
+
+bool clsProject::prepareTarget(bool singleFile, bool asked) {
+  if (!singleFile && asked && Files().FolderExists(Path() + u"RTF"_s)) {
+    toolkit().MsgBox(u"There's already a project in that location. Please choose a different folder."_s);
+    return false;
+  }
+  Files().MkMissingDir(Path());
+  if (!singleFile) {
+    Files().MkMissingDir(Path() + u"RTF"_s);
+    if (!Files().FolderExists(Path())) {
+      toolkit().MsgBox(u"Unable to create project folder. Please choose another location."_s);
+      return false;
+    }
+  }
+  Files().EraseFile(FileWithPath);
+  if (Files().FileExists(FileWithPath)) {
+    toolkit().MsgBox(u"Unable to write the project file. Please choose another location."_s);
+    return false;
+  }
+  return true;
+}
+
+bool clsProject::attemptSave(bool showProgress, bool singleFile, bool asked) {
+  if (!prepareTarget(singleFile, asked)) {
+    return false;
+  }
+  const int file = Files().CreateOutputFile(FileWithPath);
+  if (file <= 0) {
+    Logging().LogEvent(u"Unable to write project file"_s);
+    toolkit().MsgBox(u"Unable to save project. Please use Save As and choose a different location."_s);
+    return false;
+  }
+  Logging().LogEvent(u"Saving project"_s);
+  ProgressWindow_ = toolkit().makeProgressWindow();
+  if (showProgress) {
+    ProgressWindow_->Show();
+  }
+  setProgress(u"Saving Project"_s);
+  const bool result = writeProject(file, showProgress, singleFile);
+  const Guard guard("Save", "clsProject");
+  const bool closed = guard([&] { Channels().CloseToDisk(file); });
+  if (!result) {
+    return false;
+  }
+  if (!closed) {
+    toolkit().MsgBox(u"Unable to save project. Please use Save As and choose a different location."_s);
+    return false;
+  }
+  Settings().sSet(u"LastProjectFile"_s, FileWithPath);
+  Settings().sSet(u"LastProjectLoaded"_s, FileWithPath);
+  Logging().LogEvent(u"Project saved"_s);
+  ProgressWindow_.reset();
+  return true;
+}
+
+bool clsProject::writeProject(int file, bool showProgress, bool singleFile) {
+  const Guard guard("Save", "clsProject");
+  guard([&] {
+    QByteArray head;
+    head.append(kHeader).append("\r\n").append(Tag(kRoot).open).append("\r\n");
+    DataAsXML(head);
+    Channels().PrintLine(file, QByteArrayView(head));
+  });
+  setProgress(u"Saving Locations, Items, Characters"_s);
+  if (!written(Locations.WriteXML(file), u"Unable to write location details (cProject.Save)"_s) ||
+      !written(Items.WriteXML(file), u"Unable to write item details (cProject.Save)"_s) ||
+      !written(Chars.WriteXML(file), u"Unable to write character details (cProject.Save)"_s) ||
+      !written(Notes.WriteXML(file), u"Unable to write notes (cProject.Save)"_s)) {
+    return false;
+  }
+  setProgress(u"Saving Scenes and Chapters"_s);
+  if (singleFile) {
+    Logging().LogEvent(u"Saving scene RTF in project file"_s);
+  } else {
+    Logging().LogEvent(u"Saving scene RTF files to "_s + Path() + u"RTF"_s);
+    if (!written(Scenes.SaveScenesText(showProgress), u"Unable to scene contents (cProject.Save)"_s)) {
+      return false;
+    }
+  }
+  return written(Scenes.WriteXML(file, singleFile), u"Unable to write scene details (cProject.Save)"_s) &&
+         written(Chapters.WriteXML(file), u"Unable to write chapter details (cProject.Save)"_s) &&
+         guard([&] { Channels().PrintLine(file, Tag(kRoot).close); });
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QHashFunctions>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+/// How characters look. A default-constructed format states nothing: the reader of the text decides.
+/// RichText keeps formats in the normal form of `normalised`, whatever it is given.
+struct CharFormat {
+  enum class Script : quint8 { Normal, Subscript, Superscript };
+
+  QString fontName;    ///< Empty: the default font.
+  int halfPoints = 0;  ///< Font size in half points; 0: the default size.
+  bool bold = false;
+  bool italic = false;
+  bool underline = false;
+  bool strikeOut = false;
+  bool smallCaps = false;
+  bool allCaps = false;
+  Script script = Script::Normal;
+  std::optional<quint32> colour;      ///< 24 bits in blue-green-red order; none: automatic.
+  std::optional<quint32> background;  ///< Likewise, behind the characters.
+
+  friend bool operator==(const CharFormat&, const CharFormat&) = default;
+};
+
+struct TabStop {
+  enum class Kind : quint8 { Left, Centre, Right, Decimal };
+
+  int position = 0;  ///< Twips from the left margin.
+  Kind kind = Kind::Left;
+
+  friend bool operator==(const TabStop&, const TabStop&) = default;
+};
+
+/// How a paragraph stands; lengths are twips.
+struct ParagraphFormat {
+  enum class Alignment : quint8 { Left, Centre, Right, Justify };
+
+  Alignment alignment = Alignment::Left;
+  int leftIndent = 0;  ///< Of all lines but the first.
+  int rightIndent = 0;
+  int firstIndent = 0;  ///< Of the first line, relative to leftIndent; below 0 the first line hangs out.
+  int spaceBefore = 0;
+  int spaceAfter = 0;
+  /// 0: single. With lineSpacingIsFactor in 240ths of a line, else twips: at least, or when below 0 exactly.
+  int lineSpacing = 0;
+  bool lineSpacingIsFactor = false;
+  QList<TabStop> tabStops;  ///< In rising order, 64 at most.
+
+  friend bool operator==(const ParagraphFormat&, const ParagraphFormat&) = default;
+};
+
+/// The form in which formats are kept: font names trimmed, free of control characters and at most 128 long,
+/// colours of 24 bits, sizes and lengths within what rich text files can hold, tab stops sorted, each once.
+CharFormat normalised(CharFormat format);
+ParagraphFormat normalised(ParagraphFormat format);
+
+size_t qHash(const CharFormat& format, size_t seed = 0) noexcept;
+size_t qHash(const ParagraphFormat& format, size_t seed = 0) noexcept;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QMap>
+#include <QString>
+
+/// Puts a fresh, empty project in place of g_Project and empties the change tables.
+void newProject();
+
+/// A fresh g_Project with two used chapters and an unused one, five scenes with text (one unused), three
+/// characters, two locations, an item and a note; most planning fields are set. Nothing is saved yet.
+void makeSmallProject();
+
+/// The small project, saved in this folder as Small.qn4. Its path.
+QString saveSmallProject(const QString& folder);
+
+/// One paragraph of RTF with this text, which must be plain ASCII.
+QByteArray simpleRtf(const QByteArray& text);
+
+/// The bytes of every file below the folder, by relative path.
+QMap<QString, QByteArray> filesBelow(const QString& folder);
+QByteArray fileBytes(const QString& path);
+void writeFile(const QString& path, const QByteArray& bytes);
