@@ -68,21 +68,7 @@ int hexDigit(char byte) {
   return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-const char* endWithoutBlanks(QByteArrayView bytes) {
-  const char* end = bytes.data() + bytes.size();
-  while (end != bytes.data() && (end[-1] == '\0' || end[-1] == ' ' || (end[-1] >= '\t' && end[-1] <= '\r'))) {
-    --end;
-  }
-  return end;
-}
-
 }  // namespace
-
-RtfLexer::RtfLexer(QByteArrayView bytes)
-    : at_(bytes.data()),
-      end_(bytes.data() + bytes.size()),
-      trimmedEnd_(endWithoutBlanks(bytes)),
-      closesAtEnd_(trimmedEnd_ != at_ && trimmedEnd_[-1] == '}') {}
 
 void RtfLexer::next(RtfToken& token) {
   while (at_ != end_ && kindOf(*at_) == ByteKind::Ignored) {
