@@ -18,10 +18,11 @@ auto anyOf(QRandomGenerator& random, const List& list) {
 }
 
 QString randomWord(QRandomGenerator& random) {
-  static const QStringList pieces{u"word"_s,   u" "_s,       u"\t"_s,     u"{"_s,      u"}\\"_s,   u"’"_s,      u"naïve"_s,
-                                  u"Ж"_s,      u"語"_s,      u"😀"_s,     u"\x0c"_s,   u"\u00A0"_s, u"\u2011"_s, u"\x81"_s,
-                                  u"-12 ;"_s,  u"\\par "_s,  u"\x7f"_s,   u"\u2022"_s, u"\u2028"_s, u"a"_s,      u"0"_s,
-                                  u"\xD83D"_s, u"\xDE00"_s,  u"'3f"_s,    u"\u0002"_s, u"\uFEFF"_s, u"\r\n"_s,   u"?"_s};
+  static const QStringList pieces{u"word"_s,   u" "_s,      u"\t"_s,    u"{"_s,      u"}\\"_s,    u"’"_s,
+                                  u"naïve"_s,  u"Ж"_s,      u"語"_s,    u"😀"_s,      u"\x0c"_s,   u"\u00A0"_s,
+                                  u"\u2011"_s, u"\x81"_s,   u"-12 ;"_s, u"\\par "_s, u"\x7f"_s,   u"\u2022"_s,
+                                  u"\u2028"_s, u"a"_s,      u"0"_s,     u"\xD83D"_s, u"\xDE00"_s, u"'3f"_s,
+                                  u"\u0002"_s, u"\uFEFF"_s, u"\r\n"_s,  u"?"_s};
   return anyOf(random, pieces);
 }
 
@@ -79,10 +80,13 @@ QList<QByteArray> rtfSamples() {
       "plain text\nof a file\r\n",
       "{\\rtf1}",
       "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}{\\f1\\froman Times New Roman;}}\r\n"
-      "{\\colortbl ;\\red0\\green0\\blue0;\\red192\\green0\\blue0;}\r\n\\viewkind4\\uc1\\pard\\fi-200\\li200\\cf1\\f0\\fs20 "
-      "One \\b bold\\b0  and \\i italic\\i0 .\\par\r\n\\par\r\n\\pard\\qc\\tx720\\tqr\\tx5000\\cf2\\ul centred\\ulnone\\tab "
+      "{\\colortbl "
+      ";\\red0\\green0\\blue0;\\red192\\green0\\blue0;}\r\n\\viewkind4\\uc1\\pard\\fi-200\\li200\\cf1\\f0\\fs20 "
+      "One \\b bold\\b0  and \\i italic\\i0 .\\par\r\n\\par\r\n\\pard\\qc\\tx720\\tqr\\tx5000\\cf2\\ul "
+      "centred\\ulnone\\tab "
       "\\'93quoted\\'94\\line next\\par\r\n}\r\n",
-      "{\\rtf1\\ansi\\deff1{\\fonttbl{\\f0\\fcharset128 MS Mincho;}{\\f1\\fcharset204 Arial Cyr;}{\\f2\\fcharset2 Symbol;}}"
+      "{\\rtf1\\ansi\\deff1{\\fonttbl{\\f0\\fcharset128 MS Mincho;}{\\f1\\fcharset204 Arial Cyr;}{\\f2\\fcharset2 "
+      "Symbol;}}"
       "\\f0 \\'8b\\'43\\'8bC \\f1 \\'c6\\'e8 {\\f2 abc \\'b7}\\u1046\\'c6\\u-10179?\\u-8704?}",
       "{\\rtf1\\trowd\\cellx100\\intbl one\\cell two\\cell\\row{\\trowd\\intbl three\\nestcell\\nestrow}after"
       "{\\nonesttables lost}\\par{\\pict\\bin5 {}}{}}text{\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt shown}}}",
@@ -137,4 +141,6 @@ QString withoutTrailingLineEnds(QString text) {
   return text;
 }
 
-std::ostream& operator<<(std::ostream& out, const RichText& text) { return out << writeRtf(text).toStdString(); }
+std::ostream& operator<<(std::ostream& out, const RichText& text) {
+  return out << writeRtf(text).toStdString();
+}
