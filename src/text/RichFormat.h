@@ -11,7 +11,7 @@
 struct CharFormat {
   enum class Script : quint8 { Normal, Subscript, Superscript };
 
-  QString fontName{};    ///< Empty: the default font.
+  QString fontName{};  ///< Empty: the default font.
   int halfPoints = 0;  ///< Font size in half points; 0: the default size.
   bool bold = false;
   bool italic = false;
