@@ -234,7 +234,9 @@ std::optional<double> ToNumber(const QVariant& value) {
   return end != 0 && end == text.size() ? std::optional(decimal(text)) : std::nullopt;
 }
 
-bool ToBool(const QVariant& value) { return ToNumber(value).value_or(0) != 0; }
+bool ToBool(const QVariant& value) {
+  return ToNumber(value).value_or(0) != 0;
+}
 
 qint32 ToInt(const QVariant& value) {
   const double number = roundHalfEven(ToNumber(value).value_or(0));

@@ -98,7 +98,9 @@ void ElementWriter::integerUnlessZero(const Tag& tag, qint32 value) {
   }
 }
 
-void ElementWriter::boolean(const Tag& tag, bool value) { integer(tag, value ? -1 : 0); }
+void ElementWriter::boolean(const Tag& tag, bool value) {
+  integer(tag, value ? -1 : 0);
+}
 
 void ElementWriter::booleanIfTrue(const Tag& tag, bool value) {
   if (value) {
