@@ -15,7 +15,8 @@ double secondsOf(Work&& work) {
 /// Runs the limit and the work turn by turn, each behind its own untimed preparation; the counter "ratio" is how
 /// many times the limit's time the work takes. Turn by turn, so that a machine that changes its speed changes both.
 template <class PrepareLimit, class Limit, class PrepareWork, class Work>
-void comparePaired(benchmark::State& state, PrepareLimit prepareLimit, Limit limit, PrepareWork prepareWork, Work work) {
+void comparePaired(benchmark::State& state, PrepareLimit prepareLimit, Limit limit, PrepareWork prepareWork,
+                   Work work) {
   double limited = 0;
   double worked = 0;
   for (auto turn : state) {

@@ -58,8 +58,9 @@ void load(benchmark::State& state, const QString& project) {
       });
   const qint16 scenes = g_Project->SceneCount();
   state.counters["scenes"] = scenes;
-  state.counters["time_per_scene"] = benchmark::Counter(static_cast<double>(scenes) * static_cast<double>(state.iterations()),
-                                                        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+  state.counters["time_per_scene"] =
+      benchmark::Counter(static_cast<double>(scenes) * static_cast<double>(state.iterations()),
+                         benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
 void writeFile(const QString& path, const QByteArray& bytes, bool toDisk) {

@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <system_error>
 
 namespace {
 
@@ -61,6 +63,15 @@ qsizetype decimalEnd(QByteArrayView text) {
   return end;
 }
 
+/// What a number beyond the range of a double stands for: nothing when it is too small, else infinity.
+double beyondRange(QByteArrayView text) {
+  const bool negative = text.startsWith('-');
+  const QByteArray digits = QByteArray(text.data(), text.size()).mid(negative ? 1 : 0).toLower();
+  const bool tooSmall = digits.contains("e-") || digits.startsWith('0') || digits.startsWith('.');
+  const double size = tooSmall ? 0 : std::numeric_limits<double>::infinity();
+  return negative ? -size : size;
+}
+
 /// Whole numbers of few digits, which nearly all are; nothing for any other text.
 std::optional<double> shortWhole(QByteArrayView text) {
   constexpr qsizetype kExactDigits = 15;
@@ -87,10 +98,9 @@ double decimal(QByteArrayView text) {
   if (text.startsWith('+')) {
     text = text.sliced(1);
   }
-  bool ok = false;
-  const double value = QByteArray(text.data(), text.size()).toDouble(&ok);
-  // Out of range is no reason to lose the sign or to stop: the caller cuts the value anyway.
-  return ok || std::isinf(value) ? value : 0;
+  double value = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+  return read.ec == std::errc::result_out_of_range ? beyondRange(text) : value;
 }
 
 double radix(QByteArrayView digits, int base) {
@@ -208,7 +218,9 @@ qint32 DayNumber(QByteArrayView text) {
 }
 
 QByteArray IsoDate(qint32 dayNumber) {
-  return Clock::dateOf(dayNumber).toString(Qt::ISODate).toLatin1();
+  constexpr qint32 kFirst = -657434;
+  constexpr qint32 kLast = 2958465;
+  return Clock::dateOf(std::clamp(dayNumber, kFirst, kLast)).toString(Qt::ISODate).toLatin1();
 }
 
 std::optional<double> ToNumber(const QVariant& value) {
@@ -222,7 +234,9 @@ std::optional<double> ToNumber(const QVariant& value) {
   return end != 0 && end == text.size() ? std::optional(decimal(text)) : std::nullopt;
 }
 
-bool ToBool(const QVariant& value) { return ToNumber(value).value_or(0) != 0; }
+bool ToBool(const QVariant& value) {
+  return ToNumber(value).value_or(0) != 0;
+}
 
 qint32 ToInt(const QVariant& value) {
   const double number = roundHalfEven(ToNumber(value).value_or(0));

@@ -127,7 +127,11 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
 
   /// Writes the RTF file when it is due or forced; marks the scene updated unless told not to. Always true.
   bool Save(bool noMark = false, bool force = false);
-  void SaveRTF(bool force);
+  void SaveRTF(bool force) { SaveRTF(force, mirrorWanted()); }
+  /// The same where the wish for a plain-text mirror is known.
+  void SaveRTF(bool force, bool mirror);
+  /// Whether the writer wants a plain-text file beside each RTF file.
+  static bool mirrorWanted();
   /// Reads the RTF file; false, and logged, when it can't be read. Counts stay as they are.
   bool LoadRTF();
   /// Erases a file of the bare name in the working directory; the project's own file stays. Always true.

@@ -1,7 +1,6 @@
-#include "model/Collections.h"
-
 #include "infra/FileChannels.h"
 #include "infra/cSharedLogging.h"
+#include "model/Collections.h"
 #include "model/clsChapter.h"
 #include "model/clsCharacter.h"
 #include "model/clsItem.h"
@@ -21,7 +20,8 @@ constexpr qsizetype kPrintedTogether = 256 * 1024;
 /// Prints a block: its tags, each on a line behind a tab, and what `appendElement` gives for each entity. A failure
 /// is logged, makes the result false and goes on with the next element.
 template <class Collection, class AppendElement>
-bool writeBlock(int file, const Tag& block, const Collection& collection, const Guard& guard, AppendElement appendElement) {
+bool writeBlock(int file, const Tag& block, const Collection& collection, const Guard& guard,
+                AppendElement appendElement) {
   bool result = true;
   QByteArray lines;
   lines.reserve(kPrintedTogether * 2);
@@ -51,7 +51,9 @@ bool isOpen(int file, const QString& what, const char* routine, const char* modu
   return false;
 }
 
-QString closedMessage() { return u"Unable to write data ... output file closed!"_s; }
+QString closedMessage() {
+  return u"Unable to write data ... output file closed!"_s;
+}
 
 QString numberMessage(int file) {
   return u"Unable to write data ... output file is "_s + QString::number(file) + u'!';
@@ -107,7 +109,9 @@ bool clsScenes::WriteXML(int file, bool singleFile) {
   });
 }
 
-bool clsScenes::CreateFromXML(QByteArrayView xml, bool singleFile) { return CreateFromXML(TagView(TagIndex(xml)), singleFile); }
+bool clsScenes::CreateFromXML(QByteArrayView xml, bool singleFile) {
+  return CreateFromXML(TagView(TagIndex(xml)), singleFile);
+}
 
 bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
   Clear();
@@ -134,9 +138,10 @@ bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
 
 bool clsScenes::SaveScenesText(bool force) {
   bool result = true;
+  const bool mirror = clsScene::mirrorWanted();
   const Guard guard("SaveScenesText", "clsScenes");
   for (const Pointer& scene : *this) {
-    result = guard([&] { scene->SaveRTF(force); }) && result;
+    result = guard([&] { scene->SaveRTF(force, mirror); }) && result;
   }
   return result;
 }
@@ -149,7 +154,9 @@ bool clsChapters::WriteXML(int file) {
                     [](clsChapter& chapter, QByteArray& lines) { chapter.DataAsXML(lines); });
 }
 
-bool clsChapters::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+bool clsChapters::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
 
 bool clsChapters::CreateFromXML(const TagView& block) {
   Clear();
@@ -157,9 +164,13 @@ bool clsChapters::CreateFromXML(const TagView& block) {
                                   [this](const Pointer& chapter) { AddChapter(chapter); });
 }
 
-bool clsCharacters::WriteXML(int file) { return writeNumbered(file, kCharacters, *this, "clsCharacters"); }
+bool clsCharacters::WriteXML(int file) {
+  return writeNumbered(file, kCharacters, *this, "clsCharacters");
+}
 
-bool clsCharacters::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+bool clsCharacters::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
 
 bool clsCharacters::CreateFromXML(const TagView& block) {
   Clear();
@@ -167,9 +178,13 @@ bool clsCharacters::CreateFromXML(const TagView& block) {
                                     [this](const Pointer& character) { AddChar(character); });
 }
 
-bool clsLocations::WriteXML(int file) { return writeNumbered(file, kLocations, *this, "clsLocations"); }
+bool clsLocations::WriteXML(int file) {
+  return writeNumbered(file, kLocations, *this, "clsLocations");
+}
 
-bool clsLocations::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+bool clsLocations::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
 
 bool clsLocations::CreateFromXML(const TagView& block) {
   Clear();
@@ -177,9 +192,13 @@ bool clsLocations::CreateFromXML(const TagView& block) {
                                    [this](const Pointer& location) { AddLocation(location); });
 }
 
-bool clsItems::WriteXML(int file) { return writeNumbered(file, kItems, *this, "clsItems"); }
+bool clsItems::WriteXML(int file) {
+  return writeNumbered(file, kItems, *this, "clsItems");
+}
 
-bool clsItems::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+bool clsItems::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
 
 bool clsItems::CreateFromXML(const TagView& block) {
   Clear();
@@ -187,9 +206,13 @@ bool clsItems::CreateFromXML(const TagView& block) {
                                [this](const Pointer& item) { AddItem(item); });
 }
 
-bool clsNotes::WriteXML(int file) { return writeNumbered(file, kProjectNotes, *this, "clsNotes"); }
+bool clsNotes::WriteXML(int file) {
+  return writeNumbered(file, kProjectNotes, *this, "clsNotes");
+}
 
-bool clsNotes::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+bool clsNotes::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
 
 bool clsNotes::CreateFromXML(const TagView& block) {
   Clear();

@@ -2,7 +2,6 @@
 #include "model/clsItem.h"
 #include "model/clsLocation.h"
 #include "model/clsNote.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/ReadFields.h"
 #include "persist/modConstXML.h"
@@ -26,7 +25,9 @@ void clsCharacter::DataAsXML(QByteArray& out) {
   element.text(kImageFile, ImageFile);
 }
 
-void clsCharacter::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+void clsCharacter::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
 
 void clsCharacter::CreateFromXML(const TagView& element) {
   Clear();
@@ -64,18 +65,26 @@ void StoryThing::readXML(const TagView& element, const char* module) {
   Tags = element.text(kTags);
 }
 
-void clsLocation::DataAsXML(QByteArray& out) { appendXML(out, kLocation, ID()); }
+void clsLocation::DataAsXML(QByteArray& out) {
+  appendXML(out, kLocation, ID());
+}
 
-void clsLocation::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+void clsLocation::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
 
 void clsLocation::CreateFromXML(const TagView& element) {
   Clear();
   readXML(element, "clsLocation");
 }
 
-void clsItem::DataAsXML(QByteArray& out) { appendXML(out, kItem, ID()); }
+void clsItem::DataAsXML(QByteArray& out) {
+  appendXML(out, kItem, ID());
+}
 
-void clsItem::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+void clsItem::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
 
 void clsItem::CreateFromXML(const TagView& element) {
   Clear();
@@ -90,7 +99,9 @@ void clsNote::DataAsXML(QByteArray& out) {
   element.textUnlessEmpty(kTags, Tags);
 }
 
-void clsNote::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+void clsNote::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
 
 void clsNote::CreateFromXML(const TagView& element) {
   Clear();

@@ -1,5 +1,3 @@
-#include "model/clsProject.h"
-
 #include "infra/Guard.h"
 #include "infra/Maker.h"
 #include "infra/cSHAREDShowError.h"
@@ -10,6 +8,7 @@
 #include "model/clsCharacter.h"
 #include "model/clsItem.h"
 #include "model/clsLocation.h"
+#include "model/clsProject.h"
 #include "model/clsScene.h"
 #include "persist/modConstXML.h"
 #include "text/TagView.h"

@@ -1,5 +1,4 @@
 #include "model/clsChapter.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/ReadFields.h"
 #include "persist/modConstXML.h"
@@ -15,7 +14,9 @@ void clsChapter::DataAsXML(QByteArray& out) {
   element.list(kChapterScenes, kScID, scenes_);
 }
 
-void clsChapter::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+void clsChapter::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
 
 void clsChapter::CreateFromXML(const TagView& element) {
   using namespace modConstXML;

@@ -1,10 +1,8 @@
+#include "infra/Guard.h"
 #include "model/clsProject.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/modConstXML.h"
 #include "text/TagView.h"
-
-#include "infra/Guard.h"
 
 using namespace modConstXML;
 
@@ -41,7 +39,9 @@ void clsProject::DataAsXML(QByteArray& out) const {
   }
 }
 
-bool clsProject::CreateFromXML(QByteArrayView xml) { return CreateFromXML(TagView(TagIndex(xml))); }
+bool clsProject::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
 
 bool clsProject::CreateFromXML(const TagView& element) {
   const Guard guard("CreateFromXML", "clsProject");

@@ -1,12 +1,10 @@
+#include "infra/RuntimeError.h"
+#include "infra/cSharedLogging.h"
 #include "model/clsScene.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/ReadFields.h"
 #include "persist/modConstXML.h"
 #include "text/cSharedHTML.h"
-
-#include "infra/RuntimeError.h"
-#include "infra/cSharedLogging.h"
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +57,9 @@ void clsScene::DataAsXML(QByteArray& out, bool singleFile) {
   }
 }
 
-void clsScene::CreateFromXML(QByteArrayView xml) { CreateFromXML(TagView(TagIndex(xml))); }
+void clsScene::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
 
 void clsScene::CreateFromXML(const TagView& element) {
   Clear();
@@ -122,8 +122,8 @@ void clsScene::readRTF(const TagView& element) {
     setTextRTF(Html().DecodeMime64(Tags::ExtractBetweenTags(stored, kCData)));
     wordsStale_ = !countKnown;
   } catch (const RuntimeError& error) {
-    Logging().AddDebug(error.description() + u" ("_s + QString::number(error.number()) + u") in the text of scene '"_s +
-                           Title + u'\'',
-                       u"CreateFromXML"_s, u"clsScene"_s);
+    Logging().AddDebug(
+        error.description() + u" ("_s + QString::number(error.number()) + u") in the text of scene '"_s + Title + u'\'',
+        u"CreateFromXML"_s, u"clsScene"_s);
   }
 }

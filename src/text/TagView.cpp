@@ -3,32 +3,37 @@
 #include "infra/CodePage.h"
 #include "infra/Numbers.h"
 
+#include <QtEndian>
+
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace {
 
-constexpr quint64 kFold = 0x2020202020202020ULL;
 constexpr qsizetype kKeyLength = 8;
+/// So many keys are compared at once.
+constexpr qsizetype kTogether = 16;
 
-quint64 foldedKey(const char* from, qsizetype available) {
-  quint64 key = 0;
+/// A number of the first eight bytes of a name, up to its ">" where that comes earlier, case ignored.
+quint32 keyOf(const char* name, qsizetype available) {
+  constexpr quint64 kCaseBits = 0x2020202020202020ULL;
+  constexpr quint64 kEnds = 0x3E3E3E3E3E3E3E3EULL;
+  constexpr quint64 kOnes = 0x0101010101010101ULL;
+  constexpr quint64 kHighBits = 0x8080808080808080ULL;
+  quint64 bytes = 0;
   if (available >= kKeyLength) {
-    std::memcpy(&key, from, kKeyLength);
+    std::memcpy(&bytes, name, kKeyLength);
   } else {
-    std::memcpy(&key, from, static_cast<size_t>(available));
+    std::memcpy(&bytes, name, static_cast<size_t>(available));
   }
-  return key | kFold;
-}
-
-/// Ones where the first bytes of a key stand in memory, by their number.
-std::array<quint64, kKeyLength + 1> keyMasks() {
-  std::array<quint64, kKeyLength + 1> masks{};
-  for (size_t i = 0; i < masks.size(); ++i) {
-    std::memset(&masks[i], 0xFF, i);
+  bytes = qFromLittleEndian(bytes) | kCaseBits;
+  // The lowest byte that is ">" has its high bit set here; what stands behind it is no part of the name.
+  const quint64 difference = bytes ^ kEnds;
+  const quint64 ends = (difference - kOnes) & ~difference & kHighBits;
+  if (ends != 0) {
+    bytes &= ends ^ (ends - 1);
   }
-  return masks;
+  return static_cast<quint32>((bytes * 0x9E3779B97F4A7C15ULL) >> 32);
 }
 
 }  // namespace
@@ -46,22 +51,30 @@ TagIndex::TagIndex(QByteArrayView text) : text_(text) {
       break;
     }
     positions_.push_back(at - begin);
-    keys_.push_back(foldedKey(at + 1, end - at - 1));
+    keys_.push_back(keyOf(at + 1, end - at - 1));
   }
+  keys_.resize(keys_.size() + kTogether);
 }
 
 TagView::TagView(const TagIndex& index)
     : TagView(index, 0, index.text_.size(), 0, static_cast<qsizetype>(index.positions_.size())) {}
 
+bool TagView::isAt(QByteArrayView tag, qsizetype entry) const {
+  return entry < endEntry_ && Tags::startsWith(index_->text_.sliced(positionOf(entry), to_ - positionOf(entry)), tag);
+}
+
 qsizetype TagView::first(QByteArrayView tag, qsizetype entry) const {
-  static const auto masks = keyMasks();
-  const QByteArrayView name = tag.sliced(1);
-  const quint64 mask = masks[static_cast<size_t>(std::min(name.size(), kKeyLength))];
-  const quint64 key = foldedKey(name.data(), name.size()) & mask;
-  const quint64* const keys = index_->keys_.data();
-  for (qsizetype i = entry; i < endEntry_; ++i) {
-    if ((keys[i] & mask) == key && Tags::startsWith(index_->text_.sliced(positionOf(i), to_ - positionOf(i)), tag)) {
-      return i;
+  const quint32 key = keyOf(tag.data() + 1, tag.size() - 1);
+  for (qsizetype i = entry; i < endEntry_; i += kTogether) {
+    const quint32* const keys = index_->keys_.data() + i;
+    bool any = false;
+    for (qsizetype k = 0; k < kTogether; ++k) {
+      any |= keys[k] == key;
+    }
+    for (qsizetype k = 0; any && k < kTogether; ++k) {
+      if (keys[k] == key && isAt(tag, i + k)) {
+        return i + k;
+      }
     }
   }
   return -1;
@@ -95,11 +108,11 @@ QByteArrayView TagView::value(const Tag& tag, QByteArray& scratch) const {
   if (open < 0) {
     return {};
   }
-  const qsizetype close = first(tag.close, open);
   const qsizetype start = positionOf(open);
-  if (close == open + 1) {
-    return index_->text_.sliced(start + tag.open.size(), positionOf(close) - start - tag.open.size());
+  if (isAt(tag.close, open + 1)) {
+    return index_->text_.sliced(start + tag.open.size(), positionOf(open + 1) - start - tag.open.size());
   }
+  const qsizetype close = first(tag.close, open);
   const qsizetype end = close < 0 ? to_ : positionOf(close) + tag.close.size();
   scratch = Tags::withoutTags(index_->text_.sliced(start, end - start), tag);
   return scratch;

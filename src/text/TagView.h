@@ -19,12 +19,13 @@ class TagIndex {
 
   QByteArrayView text_;
   std::vector<qsizetype> positions_;
-  /// The eight bytes behind each "<", folded so that the case of letters is gone: a quick first test.
-  std::vector<quint64> keys_;
+  /// A number made of each tag's name, the case of its letters gone: equal for equal names. Some zeros stand behind
+  /// the last one, so that a search may look at several at once.
+  std::vector<quint32> keys_;
 };
 
 /// A part of an indexed text: the whole, a block, an element. Gives just what the functions of Tags give for the same
-/// characters. The index must outlive it.
+/// characters, for tags of the usual form: "<", a name, ">". The index must outlive it.
 class TagView {
  public:
   explicit TagView(const TagIndex& index);
@@ -56,6 +57,7 @@ class TagView {
 
   /// The entry of the first occurrence at or behind an entry; -1 for none.
   qsizetype first(QByteArrayView tag, qsizetype entry) const;
+  bool isAt(QByteArrayView tag, qsizetype entry) const;
   qsizetype positionOf(qsizetype entry) const { return index_->positions_[static_cast<size_t>(entry)]; }
   /// The value as a view where no inner tag has to be taken out, else through `scratch`.
   QByteArrayView value(const Tag& tag, QByteArray& scratch) const;

@@ -13,7 +13,9 @@ using namespace modConstXML;
 
 namespace {
 
-QString wide(QByteArrayView bytes) { return QString::fromLatin1(bytes); }
+QString wide(QByteArrayView bytes) {
+  return QString::fromLatin1(bytes);
+}
 
 const QByteArray kFile =
     "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\r\n<QUILLANE4>\r\n\t<PROJECT>\r\n\t\t<Title>A%20b</Title>\r\n"
@@ -24,13 +26,13 @@ const QByteArray kFile =
     "\t<CHAPTERS>\r\n\t<CHAPTER>\r\n\t\t<ID>1</ID>\r\n\t\t<Scenes>\r\n\t\t\t<ScID>1</ScID>\r\n\t\t</Scenes>\r\n"
     "\t</CHAPTER>\r\n\t</CHAPTERS>\r\n</QUILLANE4>\r\n";
 
-const QList<QByteArray> kSnippets{"<",       "</",       "<ID>",     "</id>",    "<Title>", "</TITLE>", "<ti<Title>tle>",
-                                  "<SCENE>", "</Scene>", "<scenes>", "</SCENES>", "<CharID>", "%",       "%zz",
-                                  "%2",      "&H1",      "\x00\xFF", "<<Title>",  "</</ID>ID>"};
+const QList<QByteArray> kSnippets{
+    "<",       "</",       "<ID>",     "</id>",     "<Title>",   "</TITLE>", "<ti<Title>tle>",
+    "<SCENE>", "</Scene>", "<scenes>", "</SCENES>", "<CharID>",  "%",        "%zz",
+    "%2",      "&H1",      "\x00\xFF", "<<Title>",  "</</ID>ID>"};
 
-const Tag kFieldTags[] = {kID,      kTitle, kUnused,   kRTFFile, kSceneCharacters, kCharID,  kSceneRTF,
-                          kCData,   kScID,  kScenes,   kScene,   kField[1],        kChapter, kProject,
-                          kChapters, kDesc, kLocations};
+const Tag kFieldTags[] = {kID,     kTitle, kUnused,   kRTFFile, kSceneCharacters, kCharID,   kSceneRTF, kScID,
+                          kScenes, kScene, kField[1], kChapter, kProject,         kChapters, kDesc,     kLocations};
 
 }  // namespace
 
@@ -51,7 +53,8 @@ TEST(Tags, FastAndLiteralExtractionAgreeOnDamagedFiles) {
     }
     const auto scenes = view.block(kScenes).split(Tag(kScene).close);
     const auto pieces = Tags::ExtractXMLArray(text, kScenes, Tag(kScene).close);
-    const QStringList literalPieces = LiteralTags::ExtractXMLArray(wide(text), u"<SCENES>"_s, u"</SCENES>"_s, u"</SCENE>"_s);
+    const QStringList literalPieces =
+        LiteralTags::ExtractXMLArray(wide(text), u"<SCENES>"_s, u"</SCENES>"_s, u"</SCENE>"_s);
     ASSERT_EQ(static_cast<qsizetype>(pieces.size()), literalPieces.size());
     ASSERT_EQ(scenes.size(), pieces.size());
     for (size_t i = 0; i < pieces.size(); ++i) {
@@ -71,7 +74,8 @@ TEST(Tags, EscapedTextReadsAsTheDialectOfOldReadsIt) {
     for (auto length = random() % 12; length > 0; --length) {
       text += alphabet[static_cast<qsizetype>(random() % static_cast<unsigned>(alphabet.size()))];
     }
-    ASSERT_EQ(Tags::HtmlDecode(text), LiteralTags::HtmlDecode(CodePage::fromBytes(text))) << text.toPercentEncoding().constData();
+    ASSERT_EQ(Tags::HtmlDecode(text), LiteralTags::HtmlDecode(CodePage::fromBytes(text)))
+        << text.toPercentEncoding().constData();
   }
 }
 
@@ -81,11 +85,14 @@ TEST(Tags, EscapingIsLosslessForAnyText) {
     QString text;
     for (auto length = random() % 20; length > 0; --length) {
       const auto kind = random() % 4;
-      text += QChar(static_cast<char16_t>(kind == 0 ? random() % 0x80 : kind == 1 ? random() % 0x180 : random() % 0x10000));
+      text += QChar(static_cast<char16_t>(kind == 0   ? random() % 0x80
+                                          : kind == 1 ? random() % 0x180
+                                                      : random() % 0x10000));
     }
     const QByteArray stored = Tags::HtmlEncode(text);
     for (const char c : stored) {
-      ASSERT_TRUE((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || strchr(":.,?%", c) != nullptr);
+      ASSERT_TRUE((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                  strchr(":.,?%", c) != nullptr);
     }
     ASSERT_EQ(Tags::HtmlDecode(stored), text);
   }
