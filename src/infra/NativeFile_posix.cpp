@@ -194,7 +194,7 @@ ReplacementFile::ReplacementFile(const QString& path) : handle_(std::make_unique
   if (exists && S_ISDIR(old.st_mode)) {
     throw RuntimeError::fromErrno(EISDIR, path);
   }
-  if (exists && ::access(handle_->target.constData(), W_OK) != 0) {
+  if (exists && ::faccessat(AT_FDCWD, handle_->target.constData(), W_OK, AT_EACCESS) != 0) {
     throw RuntimeError::fromErrno(errno, path);
   }
   if (exists && !S_ISREG(old.st_mode)) {

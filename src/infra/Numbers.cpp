@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <system_error>
 
 namespace {
 
@@ -61,14 +63,22 @@ qsizetype decimalEnd(QByteArrayView text) {
   return end;
 }
 
+/// What a number beyond the range of a double stands for: nothing when it is too small, else infinity.
+double beyondRange(QByteArrayView text) {
+  const bool negative = text.startsWith('-');
+  const QByteArray digits = QByteArray(text.data(), text.size()).mid(negative ? 1 : 0).toLower();
+  const bool tooSmall = digits.contains("e-") || digits.startsWith('0') || digits.startsWith('.');
+  const double size = tooSmall ? 0 : std::numeric_limits<double>::infinity();
+  return negative ? -size : size;
+}
+
 double decimal(QByteArrayView text) {
   if (text.startsWith('+')) {
     text = text.sliced(1);
   }
-  bool ok = false;
-  const double value = QByteArray(text.data(), text.size()).toDouble(&ok);
-  // Out of range is no reason to lose the sign or to stop: the caller cuts the value anyway.
-  return ok || std::isinf(value) ? value : 0;
+  double value = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+  return read.ec == std::errc::result_out_of_range ? beyondRange(text) : value;
 }
 
 double radix(QByteArrayView digits, int base) {

@@ -17,7 +17,9 @@ class RecordingProgress : public ProgressWindow {
 
 }  // namespace
 
-ScriptedToolkit::ScriptedToolkit() { installToolkit(this); }
+ScriptedToolkit::ScriptedToolkit() {
+  installToolkit(this);
+}
 
 ScriptedToolkit::~ScriptedToolkit() {
   installToolkit(nullptr);
@@ -30,7 +32,9 @@ void ScriptedToolkit::expectBox(const QString& text, Answer answer) {
   script_.push_back({Kind::Box, text, answer, {}});
 }
 
-void ScriptedToolkit::expectFile(const QString& answer) { script_.push_back({Kind::File, answer, Answer::Ok, {}}); }
+void ScriptedToolkit::expectFile(const QString& answer) {
+  script_.push_back({Kind::File, answer, Answer::Ok, {}});
+}
 
 void ScriptedToolkit::expectColour(std::optional<quint32> answer) {
   script_.push_back({Kind::Colour, {}, Answer::Ok, answer});
@@ -71,7 +75,9 @@ QString ScriptedToolkit::OpenFileDialog(const FileQuestion& question) {
   return expected ? expected->text : QString();
 }
 
-QString ScriptedToolkit::SaveFileDialog(const FileQuestion& question) { return OpenFileDialog(question); }
+QString ScriptedToolkit::SaveFileDialog(const FileQuestion& question) {
+  return OpenFileDialog(question);
+}
 
 QString ScriptedToolkit::PickFolder(const QString& title, const QString& folder) {
   return OpenFileDialog({title, {}, {}, folder});

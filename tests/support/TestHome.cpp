@@ -1,6 +1,7 @@
 #include "support/TestHome.h"
 
 #include "infra/Paths.h"
+#include "infra/cSharedLogging.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -27,13 +28,24 @@ TestHome::TestHome() {
   Paths::overrideFolders(home + u"/program"_s);
 }
 
-TestHome::~TestHome() { Paths::overrideFolders({}); }
+/// What is still queued for the log goes with the home; nothing is written beside the test program.
+TestHome::~TestHome() {
+  Logging().WriteActionsToLog();
+  Logging().NOLOGGING = true;
+  Paths::overrideFolders({});
+}
 
 QString ScratchFolder::path(const QString& name) const {
   return name.isEmpty() ? folder_.path() : folder_.filePath(name);
 }
 
+/// Beside the source tree, or beside the folder that holds several of them.
 QString sharedFolder() {
-  const QString folder = QFileInfo(QStringLiteral(QUILLANE_SOURCE_DIR "/../shared")).absoluteFilePath();
-  return QFileInfo::exists(folder + u"/novels"_s) ? folder : QString();
+  for (const QString& beside : {u"/../shared"_s, u"/../../shared"_s}) {
+    const QString folder = QDir::cleanPath(QStringLiteral(QUILLANE_SOURCE_DIR) + beside);
+    if (QFileInfo::exists(folder + u"/novels"_s)) {
+      return folder;
+    }
+  }
+  return {};
 }
