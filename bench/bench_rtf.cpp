@@ -3,6 +3,7 @@
 #include "text/Rtf.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QString>
 
 #include <array>
@@ -94,7 +95,8 @@ const QByteArray& generated(Style style, qsizetype megabytes) {
 }
 
 QByteArray novel(Style style) {
-  QFile file(QStringLiteral(QUILLANE_SOURCE_DIR "/../shared/novels/war-and-peace.txt"));
+  const QFileInfo path(QStringLiteral(QUILLANE_SOURCE_DIR "/../shared/novels/war-and-peace.txt"));
+  QFile file(path.absoluteFilePath());
   return file.open(QIODevice::ReadOnly) ? rtfOf(QString::fromUtf8(file.readAll()).split(u'\n'), style) : QByteArray();
 }
 

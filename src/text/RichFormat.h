@@ -11,7 +11,7 @@
 struct CharFormat {
   enum class Script : quint8 { Normal, Subscript, Superscript };
 
-  QString fontName;    ///< Empty: the default font.
+  QString fontName{};  ///< Empty: the default font.
   int halfPoints = 0;  ///< Font size in half points; 0: the default size.
   bool bold = false;
   bool italic = false;
@@ -20,8 +20,8 @@ struct CharFormat {
   bool smallCaps = false;
   bool allCaps = false;
   Script script = Script::Normal;
-  std::optional<quint32> colour;      ///< 24 bits in blue-green-red order; none: automatic.
-  std::optional<quint32> background;  ///< Likewise, behind the characters.
+  std::optional<quint32> colour{};      ///< 24 bits in blue-green-red order; none: automatic.
+  std::optional<quint32> background{};  ///< Likewise, behind the characters.
 
   friend bool operator==(const CharFormat&, const CharFormat&) = default;
 };
@@ -48,7 +48,7 @@ struct ParagraphFormat {
   /// 0: single. With lineSpacingIsFactor in 240ths of a line, else twips: at least, or when below 0 exactly.
   int lineSpacing = 0;
   bool lineSpacingIsFactor = false;
-  QList<TabStop> tabStops;  ///< In rising order, 64 at most.
+  QList<TabStop> tabStops{};  ///< In rising order, 64 at most.
 
   friend bool operator==(const ParagraphFormat&, const ParagraphFormat&) = default;
 };

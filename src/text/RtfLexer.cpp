@@ -30,27 +30,30 @@ constexpr quint64 everyByte(uchar byte) {
   return 0x0101010101010101ULL * byte;
 }
 
-/// The highest bit of each byte that is not text; bytes behind the first such may be marked wrongly.
+/// The highest bit of each byte that may not be text: braces and the backslash are marked along with their
+/// neighbours, "[" to "_" and "{" to DEL, controls and what is not ASCII.
 quint64 marksOfSpecial(quint64 eight) {
-  const auto lessThan = [](quint64 bytes, uchar limit) { return (bytes - everyByte(limit)) & ~bytes; };
-  return (eight | lessThan(eight, 0x20) | lessThan(eight ^ everyByte('\\'), 1) | lessThan(eight ^ everyByte('{'), 1) |
-          lessThan(eight ^ everyByte('}'), 1)) &
-         everyByte(0x80);
+  const quint64 low = eight & everyByte(0x7F);
+  const quint64 fromBracket = (low | everyByte(0x20)) + everyByte(0x80 - '{');
+  const quint64 notControl = low + everyByte(0x60);
+  return (eight | fromBracket | ~notControl) & everyByte(0x80);
 }
 
 const char* endOfText(const char* at, const char* end) {
+  const auto isText = [](char byte) { return kindOf(byte) == ByteKind::Text; };
   if constexpr (std::endian::native == std::endian::little) {
-    while (end - at >= 8) {
+    for (; end - at >= 8; at += 8) {
       quint64 eight;
       std::memcpy(&eight, at, sizeof eight);
-      const quint64 marks = marksOfSpecial(eight);
-      if (marks != 0) {
-        return at + std::countr_zero(marks) / 8;
+      for (quint64 marks = marksOfSpecial(eight); marks != 0; marks &= marks - 1) {
+        const char* const marked = at + std::countr_zero(marks) / 8;
+        if (!isText(*marked)) {
+          return marked;
+        }
       }
-      at += 8;
     }
   }
-  return std::find_if(at, end, [](char byte) { return kindOf(byte) != ByteKind::Text; });
+  return std::find_if_not(at, end, isText);
 }
 
 bool isLetter(char byte) {
@@ -68,21 +71,7 @@ int hexDigit(char byte) {
   return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-const char* endWithoutBlanks(QByteArrayView bytes) {
-  const char* end = bytes.data() + bytes.size();
-  while (end != bytes.data() && (end[-1] == '\0' || end[-1] == ' ' || (end[-1] >= '\t' && end[-1] <= '\r'))) {
-    --end;
-  }
-  return end;
-}
-
 }  // namespace
-
-RtfLexer::RtfLexer(QByteArrayView bytes)
-    : at_(bytes.data()),
-      end_(bytes.data() + bytes.size()),
-      trimmedEnd_(endWithoutBlanks(bytes)),
-      closesAtEnd_(trimmedEnd_ != at_ && trimmedEnd_[-1] == '}') {}
 
 void RtfLexer::next(RtfToken& token) {
   while (at_ != end_ && kindOf(*at_) == ByteKind::Ignored) {

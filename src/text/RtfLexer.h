@@ -26,14 +26,12 @@ struct RtfToken {
 /// what \binN announces is skipped with it.
 class RtfLexer {
  public:
-  explicit RtfLexer(QByteArrayView bytes);
+  explicit RtfLexer(QByteArrayView bytes) : at_(bytes.data()), end_(bytes.data() + bytes.size()) {}
 
   /// Fills the token in; a number of a word beyond 32 bits is cut to the nearest. End comes for ever.
   void next(RtfToken& token);
   /// Goes to the brace that closes the group, from anywhere in it; to the end when there is none.
   void skipGroup();
-  /// True when the last brace of the text is still to come.
-  bool closesLater() const { return closesAtEnd_ && at_ < trimmedEnd_; }
 
  private:
   void readEscape(RtfToken& token);
@@ -44,6 +42,4 @@ class RtfLexer {
 
   const char* at_;
   const char* end_;
-  const char* trimmedEnd_;
-  bool closesAtEnd_;
 };

@@ -81,7 +81,7 @@ bool RtfReader::close() {
     return true;
   }
   if (outer_.size() <= 1) {
-    return lexer_.closesLater();  // a brace too many does not end the text
+    return false;  // what stands behind the document's own brace is no part of it
   }
   group_ = outer_.back();
   outer_.pop_back();

@@ -1,22 +1,21 @@
 #include "text/RtfWords.h"
 
 #include <array>
-#include <cstring>
 #include <string_view>
 
 namespace {
 
-constexpr RtfWord format(const char* name, RtfProperty property) {
-  return {name, RtfAction::Format, static_cast<quint16>(property)};
+constexpr RtfWord action(std::string_view name, RtfAction what, quint16 value = 0) {
+  return {name.data(), static_cast<quint8>(name.size()), what, value};
 }
-constexpr RtfWord character(const char* name, char16_t unit) {
-  return {name, RtfAction::Character, unit};
+constexpr RtfWord format(std::string_view name, RtfProperty property) {
+  return action(name, RtfAction::Format, static_cast<quint16>(property));
 }
-constexpr RtfWord skipped(const char* name) {
-  return {name, RtfAction::SkipGroup, 0};
+constexpr RtfWord character(std::string_view name, char16_t unit) {
+  return action(name, RtfAction::Character, unit);
 }
-constexpr RtfWord action(const char* name, RtfAction what, quint16 value = 0) {
-  return {name, what, value};
+constexpr RtfWord skipped(std::string_view name) {
+  return action(name, RtfAction::SkipGroup);
 }
 
 constexpr RtfWord kWords[] = {
@@ -255,19 +254,17 @@ constexpr RtfWord kWords[] = {
 
 constexpr size_t kSlots = 1024;
 
-constexpr quint32 hashOf(std::string_view name) {
-  quint32 hash = 2166136261U;
-  for (const char letter : name) {
-    hash = (hash ^ static_cast<uchar>(letter)) * 16777619U;
-  }
-  return (hash ^ hash >> 15) % kSlots;
+/// Three letters and the length tell the words apart well enough, and cost the same for any length.
+constexpr size_t slotOf(const char* name, size_t length) {
+  const auto letter = [name](size_t at) { return static_cast<size_t>(static_cast<uchar>(name[at])); };
+  return (letter(0) * 31 + letter(length / 2) * 7 + letter(length - 1) * 131 + length * 17) % kSlots;
 }
 
 /// Open addressing, laid out by the compiler.
 constexpr auto kTable = [] {
   std::array<RtfWord, kSlots> table{};
   for (const RtfWord& word : kWords) {
-    size_t slot = hashOf(word.name);
+    size_t slot = slotOf(word.name, word.length);
     while (table[slot].name != nullptr) {
       slot = (slot + 1) % kSlots;
     }
@@ -276,18 +273,21 @@ constexpr auto kTable = [] {
   return table;
 }();
 
-constexpr size_t kLongestWord = 32;
+/// For a few letters, where a call costs more than the comparison.
+bool isSame(const char* a, const char* b, size_t length) {
+  size_t same = 0;
+  while (same < length && a[same] == b[same]) {
+    ++same;
+  }
+  return same == length;
+}
 
 }  // namespace
 
 const RtfWord* findRtfWord(const char* name, qsizetype length) {
   const auto size = static_cast<size_t>(length);
-  if (size > kLongestWord) {
-    return nullptr;
-  }
-  const std::string_view wanted(name, size);
-  for (size_t slot = hashOf(wanted); kTable[slot].name != nullptr; slot = (slot + 1) % kSlots) {
-    if (std::strncmp(kTable[slot].name, name, size) == 0 && kTable[slot].name[size] == '\0') {
+  for (size_t slot = slotOf(name, size); kTable[slot].name != nullptr; slot = (slot + 1) % kSlots) {
+    if (kTable[slot].length == size && isSame(kTable[slot].name, name, size)) {
       return &kTable[slot];
     }
   }

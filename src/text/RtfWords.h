@@ -69,6 +69,7 @@ enum class RtfProperty : quint8 {
 
 struct RtfWord {
   const char* name = nullptr;
+  quint8 length = 0;
   RtfAction action = RtfAction::Ignore;
   quint16 value = 0;
 };

@@ -1,0 +1,33 @@
+#include "text/Rtf.h"
+#include "text/RtfSamples.h"
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList wordsOf(const QString& text) {
+  static const QRegularExpression blank(u"\\s+"_s);
+  return text.split(blank, Qt::SkipEmptyParts);
+}
+
+}  // namespace
+
+TEST(RtfCorpus, FilesOfOtherProgramsGiveTheirExpectedPlainText) {
+  const QList<CorpusFile> files = rtfCorpus();
+  if (files.isEmpty()) {
+    GTEST_SKIP() << "the shared RTF files are absent";
+  }
+  for (const CorpusFile& file : files) {
+    SCOPED_TRACE(file.name.toStdString());
+    const QString plain = withoutTrailingLineEnds(rtfToPlainText(file.rtf));
+    if (file.flags.contains(u"page") || file.flags.contains(u"sect")) {
+      EXPECT_EQ(wordsOf(plain).join(u' ').toStdString(), wordsOf(file.plain).join(u' ').toStdString());
+    } else {
+      EXPECT_EQ(plain.toStdString(), file.plain.toStdString());
+    }
+  }
+}
