@@ -2,8 +2,7 @@
 
 #include "infra/Numbers.h"
 #include "infra/cSHAREDSettings.h"
-
-#include <QWidget>
+#include "toolkit/RichTextBox.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,16 +38,14 @@ std::optional<quint32> EditorColours::textColour() const {
   return Colours::isSystem(EditorFG) ? std::nullopt : std::optional(EditorFG & 0xFFFFFFU);
 }
 
-void EditorColours::applyTo(QWidget& pane) const {
+void EditorColours::applyTo(RichTextBox& pane) const {
+  pane.setBackColor(EditorBG);
   // States only what differs, so that the rest goes on following the desktop.
-  QPalette palette;
-  palette.setResolveMask(0);
-  if (!Colours::isSystem(EditorBG)) {
-    palette.setColor(QPalette::Base, Colours::toQt(EditorBG));
-    palette.setColor(QPalette::Text, readableOn(Colours::toQt(EditorBG)));
-  }
+  QPalette palette = pane.palette();
   if (!Colours::isSystem(EditorFG)) {
     palette.setColor(QPalette::Text, Colours::toQt(EditorFG));
+  } else if (!Colours::isSystem(EditorBG)) {
+    palette.setColor(QPalette::Text, readableOn(Colours::toQt(EditorBG)));
   }
   pane.setPalette(palette);
 }

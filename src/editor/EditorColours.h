@@ -4,7 +4,7 @@
 
 #include <optional>
 
-class QWidget;
+class RichTextBox;
 
 /// The colours of the text pane: its background, and the one colour of all text that is saved. Blue-green-red
 /// numbers; the defaults name system colours and follow the palette.
@@ -19,5 +19,5 @@ struct EditorColours {
   /// fixed black would vanish on a dark desktop.
   std::optional<quint32> textColour() const;
   /// Background and automatic text colour of the pane; text is readable on a background of the user's own.
-  void applyTo(QWidget& pane) const;
+  void applyTo(RichTextBox& pane) const;
 };

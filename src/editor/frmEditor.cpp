@@ -4,6 +4,7 @@
 #include "editor/EditorPlacement.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/FontBar.h"
+#include "editor/TextKeys.h"
 #include "infra/Numbers.h"
 #include "infra/cSHAREDSettings.h"
 #include "toolkit/RichTextBox.h"
@@ -32,6 +33,7 @@ constexpr double MinWidth = 10032;
 constexpr double MinHeight = 7020;
 constexpr QSize kFirstSize(920, 680);
 constexpr int kLoadFontsMs = 100;
+constexpr qreal kTextMargin = 10;
 
 }  // namespace
 
@@ -68,6 +70,8 @@ void frmEditor::buildLayout() {
   txtMain = new RichTextBox(this);
   txtMain->setObjectName(u"txtMain"_s);
   txtMain->setAccessibleName(u"Scene text"_s);
+  txtMain->document()->setDocumentMargin(kTextMargin);
+  new TextKeys(*txtMain);
   auto* upper = new QWidget(this);
   fontBar_ = new FontBar(*txtMain, upper);
   auto* upperLayout = new QVBoxLayout(upper);
@@ -117,7 +121,7 @@ QPushButton* frmEditor::makeButton(const char* name, const QString& caption) {
 }
 
 void frmEditor::connectSignals() {
-  connect(txtMain, &RichTextBox::textChanged, this, &frmEditor::textChanged);
+  connect(txtMain, &RichTextBox::Changed, this, &frmEditor::textChanged);
   connect(description_, &DescriptionTab::changed, this, &frmEditor::markDirty);
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
   connect(findChild<QPushButton*>(u"cmdSave"_s), &QPushButton::clicked, this, [this] {

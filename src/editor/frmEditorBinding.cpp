@@ -43,7 +43,7 @@ void frmEditor::EditScene(qint32 id) {
 
 void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
-  txtMain->moveCursor(QTextCursor::Start);
+  txtMain->setSelStart(0);
   Dirty = false;
 }
 

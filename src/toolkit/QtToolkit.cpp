@@ -1,6 +1,7 @@
 #include "toolkit/QtToolkit.h"
 
 #include "infra/Paths.h"
+#include "infra/fSHAREDErrorRpt.h"
 #include "toolkit/Colours.h"
 #include "toolkit/cSharedProgress.h"
 
@@ -165,8 +166,9 @@ std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initi
   return picked.isValid() ? std::optional(Colours::fromQt(picked)) : std::nullopt;
 }
 
-void QtToolkit::ShowErrorReport(const QString& text, const QString&) {
-  MsgBox(text);
+void QtToolkit::ShowErrorReport(const QString& text, const QString& helpTopic) {
+  const PointerPause pause(*this);
+  fSHAREDErrorRpt::run(text, helpTopic);
 }
 
 void QtToolkit::setPointer(Pointer pointer) {

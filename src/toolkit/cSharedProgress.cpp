@@ -8,6 +8,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kWidthInChars = 48;
+
+}  // namespace
+
 cSharedProgress::cSharedProgress() = default;
 cSharedProgress::~cSharedProgress() = default;
 
@@ -25,11 +31,11 @@ void cSharedProgress::build() {
   bar->setRange(0, 0);
   bar->setTextVisible(false);
   bar->setAccessibleName(u"Busy"_s);
+  bar->setMinimumWidth(window_->fontMetrics().averageCharWidth() * kWidthInChars);
   auto* layout = new QVBoxLayout(window_.get());
   layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
   layout->addWidget(lblCaption_);
   layout->addWidget(bar);
-  window_->setMinimumWidth(window_->fontMetrics().averageCharWidth() * 48);
 }
 
 void cSharedProgress::Show() {

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QUrl>
@@ -73,6 +74,19 @@ TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {
     box.close();
   });
   toolkit.MsgBox(text);
+}
+
+TEST(ErrorReport, IsShownInTheReporterAndWaitsForIt) {
+  QtToolkit toolkit;
+  bool shown = false;
+  const WhenModal look([&](QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), u"Error Reporter"_s);
+    EXPECT_EQ(window.findChild<QPlainTextEdit*>(u"txtError"_s)->toPlainText(), u"61 - Disk full in SaveSettings"_s);
+    shown = true;
+    window.close();
+  });
+  toolkit.ShowErrorReport(u"61 - Disk full in SaveSettings"_s, {});
+  EXPECT_TRUE(shown);
 }
 
 TEST(InputBox, GivesTheTextAndNothingOnCancel) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+
+class QKeyEvent;
+class RichTextBox;
+
+/// The keys that the text pane of an editor takes for itself: Ctrl+B, Ctrl+I and Ctrl+U format the selection.
+class TextKeys : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Belongs to the pane.
+  explicit TextKeys(RichTextBox& text);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool isOurs(const QKeyEvent& key) const;
+  void run(int key);
+
+  RichTextBox& text_;
+};
