@@ -3,7 +3,10 @@
 #include "infra/Maker.h"
 #include "shell/GuardedApplication.h"
 #include "shell/frmMain.h"
+#include "toolkit/Icons.h"
 #include "toolkit/QtToolkit.h"
+
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +39,8 @@ int main(int argc, char** argv) {
       main.Form_Load();
       if (!main.Closing) {
         main.show();
+        // Drawn in many sizes, so not before there is something to see.
+        QTimer::singleShot(0, &main, [] { QGuiApplication::setWindowIcon(icon("quillane")); });
         result = QCoreApplication::exec();
       }
     }
