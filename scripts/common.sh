@@ -58,11 +58,21 @@ with_display() {
     [ $tries -lt 100 ] || { say "The virtual display did not start."; exit 1; }
     sleep 0.1
   done
-  if [ "${OPENBOX:-yes}" = yes ]; then openbox >/dev/null 2>&1 & else sleep infinity & fi
-  local manager=$!
+  local manager=$server
+  if [ "${WINDOW_MANAGER:-yes}" = yes ]; then
+    openbox >/dev/null 2>&1 &
+    manager=$!
+    # A window that is mapped before the manager runs gets no keys.
+    until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
+      tries=$((tries + 1))
+      [ $tries -lt 200 ] || { say "The window manager did not start."; exit 1; }
+      sleep 0.05
+    done
+  fi
   local status=0
   "$@" || status=$?
-  kill "$manager" "$server" 2>/dev/null || true
+  kill "$manager" 2>/dev/null || true
+  kill "$server" 2>/dev/null || true
   wait "$manager" "$server" 2>/dev/null || true
   rm -rf "$runtime"
   return $status
