@@ -16,9 +16,9 @@ constexpr std::array<Kind, 256> classify() {
     const bool high = c == 0x83 || c == 0x8A || c == 0x8C || c == 0x8E || c == 0x9A || c == 0x9C || c == 0x9E ||
                       c == 0x9F || c == 0xAA || c == 0xB2 || c == 0xB3 || c == 0xB5 || c == 0xB9 || c == 0xBA;
     const bool space = (c >= 0x09 && c <= 0x0D) || c == ' ' || c == 0xA0;
-    kinds[static_cast<std::size_t>(c)] = ascii || latin || high ? Kind::Letter
-                                         : space                ? Kind::Space
-                                         : c == '-'             ? Kind::Hyphen
+    kinds[static_cast<std::size_t>(c)] = ascii || latin || high   ? Kind::Letter
+                                         : space                  ? Kind::Space
+                                         : c == '-'               ? Kind::Hyphen
                                          : c == 0x96 || c == 0x97 ? Kind::Dash
                                                                   : Kind::Other;
   }

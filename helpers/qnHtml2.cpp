@@ -22,7 +22,9 @@ constexpr std::array<std::uint8_t, 256> digits() {
 
 constexpr std::array<std::uint8_t, 256> kDigits = digits();
 
-char letter(std::uint32_t bits, int shift) { return kAlphabet[(bits >> shift) & 63U]; }
+char letter(std::uint32_t bits, int shift) {
+  return kAlphabet[(bits >> shift) & 63U];
+}
 
 }  // namespace
 

@@ -58,7 +58,7 @@ with_display() {
     [ $tries -lt 100 ] || { say "The virtual display did not start."; exit 1; }
     sleep 0.1
   done
-  openbox >/dev/null 2>&1 &
+  if [ "${OPENBOX:-yes}" = yes ]; then openbox >/dev/null 2>&1 & else sleep infinity & fi
   local manager=$!
   local status=0
   "$@" || status=$?

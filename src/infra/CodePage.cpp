@@ -1,23 +1,14 @@
 #include "infra/CodePage.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <type_traits>
 
 namespace {
 
-constexpr std::array<char16_t, 32> kHigh{0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                         0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
-                                         0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                         0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-
 int byteInHighBlock(char16_t unit) {
-  for (size_t i = 0; i < kHigh.size(); ++i) {
-    if (kHigh[i] == unit) {
-      return static_cast<int>(0x80 + i);
-    }
-  }
-  return -1;
+  const auto* const found = std::find(std::begin(CodePage::kHigh), std::end(CodePage::kHigh), unit);
+  return found == std::end(CodePage::kHigh) ? -1 : static_cast<int>(0x80 + (found - CodePage::kHigh));
 }
 
 int hexDigit(int character) {
@@ -63,10 +54,6 @@ void appendMark(QByteArray& out, char16_t unit) {
 }  // namespace
 
 namespace CodePage {
-
-char16_t toChar(uchar byte) {
-  return byte >= 0x80 && byte < 0xA0 ? kHigh[byte - 0x80U] : byte;
-}
 
 int toByte(char16_t unit) {
   if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) {

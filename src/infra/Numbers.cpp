@@ -72,7 +72,29 @@ double beyondRange(QByteArrayView text) {
   return negative ? -size : size;
 }
 
+/// Whole numbers of few digits, which nearly all are; nothing for any other text.
+std::optional<double> shortWhole(QByteArrayView text) {
+  constexpr qsizetype kExactDigits = 15;
+  const bool negative = text[0] == '-';
+  const QByteArrayView digits = text.sliced(negative || text[0] == '+' ? 1 : 0);
+  if (digits.size() > kExactDigits) {
+    return {};
+  }
+  qint64 value = 0;
+  for (const char c : digits) {
+    if (!isDigit(c)) {
+      return {};
+    }
+    value = value * 10 + (c - '0');
+  }
+  return static_cast<double>(negative ? -value : value);
+}
+
+/// The value of a text that decimalEnd has found to be a number.
 double decimal(QByteArrayView text) {
+  if (const auto whole = shortWhole(text)) {
+    return *whole;
+  }
   if (text.startsWith('+')) {
     text = text.sliced(1);
   }
@@ -196,7 +218,9 @@ qint32 DayNumber(QByteArrayView text) {
 }
 
 QByteArray IsoDate(qint32 dayNumber) {
-  return Clock::dateOf(dayNumber).toString(Qt::ISODate).toLatin1();
+  constexpr qint32 kFirst = -657434;
+  constexpr qint32 kLast = 2958465;
+  return Clock::dateOf(std::clamp(dayNumber, kFirst, kLast)).toString(Qt::ISODate).toLatin1();
 }
 
 std::optional<double> ToNumber(const QVariant& value) {
@@ -210,7 +234,9 @@ std::optional<double> ToNumber(const QVariant& value) {
   return end != 0 && end == text.size() ? std::optional(decimal(text)) : std::nullopt;
 }
 
-bool ToBool(const QVariant& value) { return ToNumber(value).value_or(0) != 0; }
+bool ToBool(const QVariant& value) {
+  return ToNumber(value).value_or(0) != 0;
+}
 
 qint32 ToInt(const QVariant& value) {
   const double number = roundHalfEven(ToNumber(value).value_or(0));

@@ -26,7 +26,7 @@ qint32 Strict32(QByteArrayView text);
 /// The day number of a date written year, month, day with "-", "/" or "." between; a time behind is dropped.
 /// Throws RuntimeError 13 when it is empty, malformed or no day of the calendar.
 qint32 DayNumber(QByteArrayView text);
-/// "YYYY-MM-DD".
+/// "YYYY-MM-DD"; a day that DayNumber would not read back, outside of the years 100 to 9999, is the nearest it would.
 QByteArray IsoDate(qint32 dayNumber);
 
 /// The number that a stored value stands for, blanks around it skipped; nothing when it is no number.

@@ -19,9 +19,15 @@ QString& overridden() {
   return folder;
 }
 
+/// With a share folder of ours next to it the program is installed: whoever may write to the folder of
+/// executables, as an administrator may, still keeps nothing of his own there.
+bool isInstalled(const QString& folder) {
+  return QFileInfo::exists(folder + u"/../share/quillane4"_s);
+}
+
 QString decideProgramFolder() {
   const QString beside = QCoreApplication::applicationDirPath();
-  if (QFileInfo(beside).isWritable()) {
+  if (QFileInfo(beside).isWritable() && !isInstalled(beside)) {
     return withSeparator(beside);
   }
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/quillane4"_s;

@@ -14,7 +14,8 @@ bool isSeparator(QChar character);
 QString native(const QString& path);
 
 /// The folder of the program's own data, with a trailing separator: the folder of the executable when it can
-/// be written to, else the user's data folder. Decided once.
+/// be written to, unless the program is installed there with a share folder; else the user's data folder.
+/// Decided once.
 QString programFolder();
 /// The folder of the executable itself, with a trailing separator: the helper libraries stand there.
 QString executableFolder();

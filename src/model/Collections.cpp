@@ -8,9 +8,13 @@
 #include "model/clsNote.h"
 #include "model/clsScene.h"
 
-clsScenes::Pointer clsScenes::SceneByID(qint32 id) const { return byID(id); }
+clsScenes::Pointer clsScenes::SceneByID(qint32 id) const {
+  return byID(id);
+}
 
-clsScenes::Pointer clsScenes::SceneByIndex(qint32 index) const { return byIndex(index, "SceneByIndex", "clsScenes"); }
+clsScenes::Pointer clsScenes::SceneByIndex(qint32 index) const {
+  return byIndex(index, "SceneByIndex", "clsScenes");
+}
 
 void clsScenes::setSceneByIndex(qint32 index, const Pointer& scene) {
   assign(index, scene, "SceneByIndex", "clsScenes");
@@ -26,9 +30,13 @@ void clsScenes::RemoveSceneByID(qint32 id) {
   g_SceneChanges.MarkDeleted(id);
 }
 
-void clsScenes::Clear() { clearEach(); }
+void clsScenes::Clear() {
+  clearEach();
+}
 
-clsChapters::Pointer clsChapters::ChapterByID(qint32 id) const { return byID(id); }
+clsChapters::Pointer clsChapters::ChapterByID(qint32 id) const {
+  return byID(id);
+}
 
 clsChapters::Pointer clsChapters::ChapterByIndex(qint32 index) const {
   return byIndex(index, "ChapterByIndex", "clsChapters");
@@ -54,13 +62,17 @@ qint32 clsChapters::ChapterIndex(qint32 id) const {
   return -1;
 }
 
-void clsChapters::AddChapter(const Pointer& chapter) { add(chapter, "AddChapter", "clsChapters"); }
+void clsChapters::AddChapter(const Pointer& chapter) {
+  add(chapter, "AddChapter", "clsChapters");
+}
 
 void clsChapters::InsertChapter(const Pointer& chapter, qint32 position) {
   insert(chapter, position, "InsertChapter", "clsChapters");
 }
 
-void clsChapters::RemoveChapterByID(qint32 id) { removeID(id, "RemoveChapterByID", "clsChapters"); }
+void clsChapters::RemoveChapterByID(qint32 id) {
+  removeID(id, "RemoveChapterByID", "clsChapters");
+}
 
 void clsChapters::RemoveChapterByIndex(qint32 index) {
   if (index <= Count()) {
@@ -68,7 +80,9 @@ void clsChapters::RemoveChapterByIndex(qint32 index) {
   }
 }
 
-clsCharacters::Pointer clsCharacters::CharByID(qint32 id) const { return byID(id); }
+clsCharacters::Pointer clsCharacters::CharByID(qint32 id) const {
+  return byID(id);
+}
 
 clsCharacters::Pointer clsCharacters::CharByIndex(qint32 index) const {
   return byIndex(index, "CharByIndex", "clsCharacters");
@@ -78,15 +92,25 @@ void clsCharacters::setCharByIndex(qint32 index, const Pointer& character) {
   assign(index, character, "CharByIndex", "clsCharacters");
 }
 
-void clsCharacters::AddChar(const Pointer& character) { add(character, "AddChar", "clsCharacters"); }
+void clsCharacters::AddChar(const Pointer& character) {
+  add(character, "AddChar", "clsCharacters");
+}
 
-void clsCharacters::RemoveCharByID(qint32 id) { removeID(id, "RemoveCharByID", "clsCharacters"); }
+void clsCharacters::RemoveCharByID(qint32 id) {
+  removeID(id, "RemoveCharByID", "clsCharacters");
+}
 
-void clsCharacters::RemoveCharByIndex(qint32 index) { removeIndex(index, "RemoveCharByIndex", "clsCharacters"); }
+void clsCharacters::RemoveCharByIndex(qint32 index) {
+  removeIndex(index, "RemoveCharByIndex", "clsCharacters");
+}
 
-void clsCharacters::Clear() { clearEach(); }
+void clsCharacters::Clear() {
+  clearEach();
+}
 
-clsLocations::Pointer clsLocations::LocationByID(qint32 id) const { return byID(id); }
+clsLocations::Pointer clsLocations::LocationByID(qint32 id) const {
+  return byID(id);
+}
 
 clsLocations::Pointer clsLocations::LocationByIndex(qint32 index) const {
   return byIndex(index, "LocationByIndex", "clsLocations");
@@ -96,34 +120,62 @@ void clsLocations::setLocation(qint32 index, const Pointer& location) {
   assign(index, location, "Location", "clsLocations");
 }
 
-void clsLocations::AddLocation(const Pointer& location) { add(location, "AddLocation", "clsLocations"); }
+void clsLocations::AddLocation(const Pointer& location) {
+  add(location, "AddLocation", "clsLocations");
+}
 
-void clsLocations::RemoveLocationByID(qint32 id) { removeID(id, "RemoveLocationByID", "clsLocations"); }
+void clsLocations::RemoveLocationByID(qint32 id) {
+  removeID(id, "RemoveLocationByID", "clsLocations");
+}
 
 void clsLocations::RemoveLocationByIndex(qint32 index) {
   removeIndex(index, "RemoveLocationByIndex", "clsLocations");
 }
 
-void clsLocations::Clear() { clearEach(); }
+void clsLocations::Clear() {
+  clearEach();
+}
 
-clsItems::Pointer clsItems::ItemByID(qint32 id) const { return byID(id); }
+clsItems::Pointer clsItems::ItemByID(qint32 id) const {
+  return byID(id);
+}
 
-clsItems::Pointer clsItems::ItemByIndex(qint32 index) const { return byIndex(index, "ItemByIndex", "clsItems"); }
+clsItems::Pointer clsItems::ItemByIndex(qint32 index) const {
+  return byIndex(index, "ItemByIndex", "clsItems");
+}
 
-void clsItems::AddItem(const Pointer& item) { add(item, "AddItem", "clsItems"); }
+void clsItems::AddItem(const Pointer& item) {
+  add(item, "AddItem", "clsItems");
+}
 
-void clsItems::RemoveItemByID(qint32 id) { removeID(id, "RemoveItemByID", "clsItems"); }
+void clsItems::RemoveItemByID(qint32 id) {
+  removeID(id, "RemoveItemByID", "clsItems");
+}
 
-void clsItems::RemoveItemByIndex(qint32 index) { removeIndex(index, "RemoveItemByIndex", "clsItems"); }
+void clsItems::RemoveItemByIndex(qint32 index) {
+  removeIndex(index, "RemoveItemByIndex", "clsItems");
+}
 
-void clsItems::Clear() { clearEach(); }
+void clsItems::Clear() {
+  clearEach();
+}
 
-clsNotes::Pointer clsNotes::NoteByID(qint32 id) const { return byID(id); }
+clsNotes::Pointer clsNotes::NoteByID(qint32 id) const {
+  return byID(id);
+}
 
-clsNotes::Pointer clsNotes::NoteByIndex(qint32 index) const { return byIndex(index, "NoteByIndex", "clsNotes"); }
+clsNotes::Pointer clsNotes::NoteByIndex(qint32 index) const {
+  return byIndex(index, "NoteByIndex", "clsNotes");
+}
 
-void clsNotes::AddNote(const Pointer& note) { add(note, "AddNote", "clsNotes"); }
+void clsNotes::AddNote(const Pointer& note) {
+  add(note, "AddNote", "clsNotes");
+}
 
-void clsNotes::RemoveNoteByID(qint32 id) { removeID(id, "RemoveNoteByID", "clsNotes"); }
+void clsNotes::RemoveNoteByID(qint32 id) {
+  removeID(id, "RemoveNoteByID", "clsNotes");
+}
 
-void clsNotes::RemoveNoteByIndex(qint32 index) { removeIndex(index, "RemoveNoteByIndex", "clsNotes"); }
+void clsNotes::RemoveNoteByIndex(qint32 index) {
+  removeIndex(index, "RemoveNoteByIndex", "clsNotes");
+}

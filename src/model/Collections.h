@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class TagView;
 class clsChapter;
 class clsCharacter;
 class clsItem;
@@ -34,6 +35,7 @@ class clsScenes : public EntityCollection<clsScene> {
   bool WriteXML(int file, bool singleFile);
   /// Unless `singleFile`, each scene's RTF file is read too; one that is missing ends it with false.
   bool CreateFromXML(QByteArrayView xml, bool singleFile);
+  bool CreateFromXML(const TagView& block, bool singleFile);
   bool SaveScenesText(bool force);
 };
 
@@ -53,6 +55,7 @@ class clsChapters : public EntityCollection<clsChapter> {
   void Clear() { removeAll(); }
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
+  bool CreateFromXML(const TagView& block);
 };
 
 class clsCharacters : public EntityCollection<clsCharacter> {
@@ -66,6 +69,7 @@ class clsCharacters : public EntityCollection<clsCharacter> {
   void Clear();
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
+  bool CreateFromXML(const TagView& block);
 };
 
 class clsLocations : public EntityCollection<clsLocation> {
@@ -80,6 +84,7 @@ class clsLocations : public EntityCollection<clsLocation> {
   void Clear();
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
+  bool CreateFromXML(const TagView& block);
 };
 
 class clsItems : public EntityCollection<clsItem> {
@@ -92,6 +97,7 @@ class clsItems : public EntityCollection<clsItem> {
   void Clear();
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
+  bool CreateFromXML(const TagView& block);
 };
 
 class clsNotes : public EntityCollection<clsNote> {
@@ -104,4 +110,5 @@ class clsNotes : public EntityCollection<clsNote> {
   void Clear() { removeAll(); }
   bool WriteXML(int file);
   bool CreateFromXML(QByteArrayView xml);
+  bool CreateFromXML(const TagView& block);
 };

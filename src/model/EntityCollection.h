@@ -141,7 +141,8 @@ class EntityCollection {
   }
 
   void forget(const Pointer& entity) {
-    const auto found = std::find_if(byID_.begin(), byID_.end(), [&](const auto& entry) { return entry.second == entity; });
+    const auto found =
+        std::find_if(byID_.begin(), byID_.end(), [&](const auto& entry) { return entry.second == entity; });
     if (found != byID_.end()) {
       byID_.erase(found);
     }

@@ -35,9 +35,13 @@ bool runDialog(Entity& entity, clsHashTable& table, Ask ask) {
 
 }  // namespace
 
-qint32 clsCharacter::ID() { return lazyID(*this, id_); }
+qint32 clsCharacter::ID() {
+  return lazyID(*this, id_);
+}
 
-void clsCharacter::GenerateID() { id_ = g_Project->Chars.maximumID() + 1; }
+void clsCharacter::GenerateID() {
+  id_ = g_Project->Chars.maximumID() + 1;
+}
 
 void clsCharacter::setTitle(const QString& title) {
   title_ = title;
@@ -60,17 +64,26 @@ void clsCharacter::Clear() {
   Notes.clear();
 }
 
-qint32 clsLocation::ID() { return lazyID(*this, id_); }
-
-void clsLocation::GenerateID() { id_ = g_Project->Locations.maximumID() + 1; }
-
-bool clsLocation::Edit() {
-  return runDialog(*this, g_LocationChanges, [&] { return entityDialogs().location && entityDialogs().location(*this); });
+qint32 clsLocation::ID() {
+  return lazyID(*this, id_);
 }
 
-qint32 clsItem::ID() { return lazyID(*this, id_); }
+void clsLocation::GenerateID() {
+  id_ = g_Project->Locations.maximumID() + 1;
+}
 
-void clsItem::GenerateID() { id_ = g_Project->Items.maximumID() + 1; }
+bool clsLocation::Edit() {
+  return runDialog(*this, g_LocationChanges,
+                   [&] { return entityDialogs().location && entityDialogs().location(*this); });
+}
+
+qint32 clsItem::ID() {
+  return lazyID(*this, id_);
+}
+
+void clsItem::GenerateID() {
+  id_ = g_Project->Items.maximumID() + 1;
+}
 
 bool clsItem::Edit() {
   return runDialog(*this, g_ItemChanges, [&] { return entityDialogs().item && entityDialogs().item(*this); });
@@ -82,9 +95,13 @@ void StoryThing::Clear() {
   id_ = 0;
 }
 
-qint32 clsNote::ID() { return lazyID(*this, id_); }
+qint32 clsNote::ID() {
+  return lazyID(*this, id_);
+}
 
-void clsNote::GenerateID() { id_ = g_Project->Notes.maximumID() + 1; }
+void clsNote::GenerateID() {
+  id_ = g_Project->Notes.maximumID() + 1;
+}
 
 void clsNote::Clear() {
   Title.clear();

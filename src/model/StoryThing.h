@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+class TagView;
+
 /// What a location and an item of the story have in common: everything but the names of dialog and table.
 class StoryThing {
  public:
@@ -23,7 +25,7 @@ class StoryThing {
  protected:
   ~StoryThing() = default;
   void appendXML(QByteArray& out, const Tag& element, qint32 id) const;
-  void readXML(QByteArrayView xml, const char* module);
+  void readXML(const TagView& element, const char* module);
 
   qint32 id_ = 0;
 };

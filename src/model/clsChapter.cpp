@@ -16,7 +16,9 @@ qint32 clsChapter::ID() {
   return id_;
 }
 
-void clsChapter::GenerateID() { id_ = g_Project->Chapters.maximumID() + 1; }
+void clsChapter::GenerateID() {
+  id_ = g_Project->Chapters.maximumID() + 1;
+}
 
 qint32 clsChapter::Wordcount(bool includeUnused) const {
   if (Unused && !includeUnused) {
@@ -38,7 +40,9 @@ qint32 clsChapter::Lettercount() const {
   return letters;
 }
 
-std::shared_ptr<clsScene> clsChapter::SceneByIndex(qint32 index) const { return g_Project->SceneByID(SceneID(index)); }
+std::shared_ptr<clsScene> clsChapter::SceneByIndex(qint32 index) const {
+  return g_Project->SceneByID(SceneID(index));
+}
 
 void clsChapter::adopt(const std::shared_ptr<clsScene>& scene) {
   if (!scene->InScenes) {
@@ -55,9 +59,8 @@ void clsChapter::Addscene(const std::shared_ptr<clsScene>& scene) {
 void clsChapter::InsertScene(const std::shared_ptr<clsScene>& scene, qint32 position) {
   adopt(scene);
   const bool atEnd = scenes_.isEmpty() || position == 0 || position > scenes_.Count();
-  Guard("InsertScene", "clsChapter")([&] {
-    atEnd ? scenes_.append(scene->ID()) : scenes_.insertBefore(scene->ID(), position);
-  });
+  Guard("InsertScene",
+        "clsChapter")([&] { atEnd ? scenes_.append(scene->ID()) : scenes_.insertBefore(scene->ID(), position); });
 }
 
 void clsChapter::UpdateBelongsToChapter() {
@@ -90,7 +93,9 @@ void clsChapter::Edit() {
   EditOpen = false;
 }
 
-bool clsChapter::Add() { return runDialog(true); }
+bool clsChapter::Add() {
+  return runDialog(true);
+}
 
 void clsChapter::Clear() {
   scenes_.clear();

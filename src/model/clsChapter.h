@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class TagView;
 class clsScene;
 
 /// Orders scenes: a title, a description and the IDs of its scenes in running order.
@@ -53,6 +54,7 @@ class clsChapter {
   void GenerateID();
   void DataAsXML(QByteArray& out);
   void CreateFromXML(QByteArrayView xml);
+  void CreateFromXML(const TagView& element);
 
  private:
   void adopt(const std::shared_ptr<clsScene>& scene);

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+class TagView;
+
 /// A person of the story.
 class clsCharacter {
  public:
@@ -36,6 +38,7 @@ class clsCharacter {
   void GenerateID();
   void DataAsXML(QByteArray& out);
   void CreateFromXML(QByteArrayView xml);
+  void CreateFromXML(const TagView& element);
 
  private:
   qint32 id_ = 0;

@@ -11,4 +11,5 @@ class clsLocation : public StoryThing {
   void GenerateID();
   void DataAsXML(QByteArray& out);
   void CreateFromXML(QByteArrayView xml);
+  void CreateFromXML(const TagView& element);
 };

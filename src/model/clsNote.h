@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+class TagView;
+
 /// A free note attached to the project as a whole.
 class clsNote {
  public:
@@ -20,6 +22,7 @@ class clsNote {
   /// Appends the element as it stands in the project file, without the last line's end.
   void DataAsXML(QByteArray& out);
   void CreateFromXML(QByteArrayView xml);
+  void CreateFromXML(const TagView& element);
 
  private:
   qint32 id_ = 0;

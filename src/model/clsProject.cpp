@@ -39,19 +39,33 @@ clsProject::clsProject() {
 
 clsProject::~clsProject() = default;
 
-qint32 clsProject::LastFileIndex(int index) const { return element(lastFileIndex_, index); }
+qint32 clsProject::LastFileIndex(int index) const {
+  return element(lastFileIndex_, index);
+}
 
-void clsProject::setLastFileIndex(int index, qint32 value) { element(lastFileIndex_, index) = value; }
+void clsProject::setLastFileIndex(int index, qint32 value) {
+  element(lastFileIndex_, index) = value;
+}
 
-qint32 clsProject::DeadlineDate(int level) const { return element(deadlineDate_, level); }
+qint32 clsProject::DeadlineDate(int level) const {
+  return element(deadlineDate_, level);
+}
 
-void clsProject::setDeadlineDate(int level, qint32 dayNumber) { element(deadlineDate_, level) = dayNumber; }
+void clsProject::setDeadlineDate(int level, qint32 dayNumber) {
+  element(deadlineDate_, level) = dayNumber;
+}
 
-qint32 clsProject::DeadlineStartDate(int level) const { return element(deadlineStartDate_, level); }
+qint32 clsProject::DeadlineStartDate(int level) const {
+  return element(deadlineStartDate_, level);
+}
 
-void clsProject::setDeadlineStartDate(int level, qint32 dayNumber) { element(deadlineStartDate_, level) = dayNumber; }
+void clsProject::setDeadlineStartDate(int level, qint32 dayNumber) {
+  element(deadlineStartDate_, level) = dayNumber;
+}
 
-const QString& clsProject::FieldTitle(int index) const { return element(fieldTitle_, index); }
+const QString& clsProject::FieldTitle(int index) const {
+  return element(fieldTitle_, index);
+}
 
 void clsProject::setFieldTitle(int index, const QString& name) {
   QString& title = element(fieldTitle_, index);
@@ -64,7 +78,9 @@ void clsProject::setFieldTitle(int index, const QString& name) {
   title = name;
 }
 
-QString clsProject::Path() const { return Files().PathOnly(FileWithPath); }
+QString clsProject::Path() const {
+  return Files().PathOnly(FileWithPath);
+}
 
 qint32 clsProject::Wordcount(bool includeUnused) const {
   qint32 words = 0;
@@ -204,11 +220,17 @@ void clsProject::eachOpenEditor(void (clsScene::*action)()) {
   }
 }
 
-void clsProject::MarkAllCharInEditorWindows() { eachOpenEditor(&clsScene::MarkCharacters); }
+void clsProject::MarkAllCharInEditorWindows() {
+  eachOpenEditor(&clsScene::MarkCharacters);
+}
 
-void clsProject::UnMarkAllCharInEditorWindows() { eachOpenEditor(&clsScene::UnmarkCharacters); }
+void clsProject::UnMarkAllCharInEditorWindows() {
+  eachOpenEditor(&clsScene::UnmarkCharacters);
+}
 
-void clsProject::UpdateCombosInEditorWindows() { eachOpenEditor(&clsScene::UpdateEditorCombos); }
+void clsProject::UpdateCombosInEditorWindows() {
+  eachOpenEditor(&clsScene::UpdateEditorCombos);
+}
 
 qint32 clsProject::DaysLeft(int level, double today) const {
   const double start = DeadlineStartDate(level);
@@ -250,6 +272,10 @@ void clsProject::showProgressNumber(const QString& what, qint32 number) {
   }
 }
 
-void clsProject::cScenes_LoadingNum(qint32 number) { showProgressNumber(u"Loading Scene "_s, number); }
+void clsProject::cScenes_LoadingNum(qint32 number) {
+  showProgressNumber(u"Loading Scene "_s, number);
+}
 
-void clsProject::cScenes_SavingNum(qint32 number) { showProgressNumber(u"Saving Scene "_s, number); }
+void clsProject::cScenes_SavingNum(qint32 number) {
+  showProgressNumber(u"Saving Scene "_s, number);
+}

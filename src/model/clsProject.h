@@ -9,6 +9,8 @@
 #include <array>
 #include <memory>
 
+class TagView;
+
 /// The document: the root of everything the writer has written. One is alive at a time, in g_Project; every
 /// entity reaches its siblings through that.
 class clsProject {
@@ -144,6 +146,7 @@ class clsProject {
   void DataAsXML(QByteArray& out) const;
   /// False, and logged, at the first field that can't be read.
   bool CreateFromXML(QByteArrayView xml);
+  bool CreateFromXML(const TagView& element);
 
  private:
   void cScenes_LoadingNum(qint32 number);

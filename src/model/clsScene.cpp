@@ -2,18 +2,18 @@
 
 #include "infra/CodePage.h"
 #include "infra/Guard.h"
-#include "infra/Paths.h"
 #include "infra/Numbers.h"
+#include "infra/Paths.h"
 #include "infra/cSHAREDSettings.h"
 #include "infra/cSharedFileSubs.h"
 #include "infra/cSharedLogging.h"
 #include "model/Globals.h"
+#include "model/SceneEditor.h"
 #include "model/clsCharacter.h"
 #include "model/clsItem.h"
 #include "model/clsLocation.h"
 #include "model/clsProject.h"
 #include "text/cSharedHTML.h"
-#include "model/SceneEditor.h"
 #include "text/frmRTFHidden.h"
 
 using namespace Qt::StringLiterals;
@@ -66,7 +66,9 @@ qint32 clsScene::ID() {
   return id_;
 }
 
-void clsScene::GenerateID() { id_ = g_Project->Scenes.maximumID() + 1; }
+void clsScene::GenerateID() {
+  id_ = g_Project->Scenes.maximumID() + 1;
+}
 
 qint16 clsScene::Field(int index) const {
   if (index < 0 || index >= static_cast<int>(field_.size())) {
@@ -82,11 +84,17 @@ void clsScene::setField(int index, qint16 value) {
   field_[static_cast<size_t>(index)] = value;
 }
 
-bool clsScene::HasNote() const { return !Notes.trimmed().isEmpty(); }
+bool clsScene::HasNote() const {
+  return !Notes.trimmed().isEmpty();
+}
 
-bool clsScene::Locked() { return g_SceneChanges.IsLocked(ID()); }
+bool clsScene::Locked() {
+  return g_SceneChanges.IsLocked(ID());
+}
 
-double clsScene::StartDate() const { return Day + Hour / kHoursADay + Minute / kMinutesADay; }
+double clsScene::StartDate() const {
+  return Day + Hour / kHoursADay + Minute / kMinutesADay;
+}
 
 void clsScene::setRTFFilename(const QString& name) {
   if (!CodePage::canEncode(name)) {
@@ -141,13 +149,17 @@ qint32 clsScene::Lettercount() {
   return lettercount_;
 }
 
-std::shared_ptr<clsCharacter> clsScene::CharByIndex(qint32 index) const { return g_Project->CharByID(CharID(index)); }
+std::shared_ptr<clsCharacter> clsScene::CharByIndex(qint32 index) const {
+  return g_Project->CharByID(CharID(index));
+}
 
 std::shared_ptr<clsLocation> clsScene::LocationByIndex(qint32 index) const {
   return g_Project->LocationByID(LocationID(index));
 }
 
-std::shared_ptr<clsItem> clsScene::ItemByIndex(qint32 index) const { return g_Project->ItemByID(ItemID(index)); }
+std::shared_ptr<clsItem> clsScene::ItemByIndex(qint32 index) const {
+  return g_Project->ItemByID(ItemID(index));
+}
 
 void clsScene::AddCharByID(qint32 id) {
   Guard("AddCharByID", kModule)([&] { characters_.append(id); });
@@ -190,7 +202,11 @@ bool clsScene::Save(bool noMark, bool force) {
   return true;
 }
 
-void clsScene::SaveRTF(bool force) {
+bool clsScene::mirrorWanted() {
+  return Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s));
+}
+
+void clsScene::SaveRTF(bool force, bool mirror) {
   if (rtfFilename_.isEmpty() || force || rtfChanged_) {
     if (rtfFilename_.isEmpty()) {
       rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s);
@@ -201,13 +217,12 @@ void clsScene::SaveRTF(bool force) {
       Logging().LogEvent(u"Could not save "_s + RTFFileWithPath());
     }
   }
-  writePlainMirror();
+  if (mirror) {
+    writePlainMirror();
+  }
 }
 
 void clsScene::writePlainMirror() {
-  if (!Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s))) {
-    return;
-  }
   const QString folder = g_Project->Path() + u"Data"_s + Paths::separator();
   QString name = Files().FileWithoutExt(rtfFilename_) + u".txt"_s;
   name.replace(u"RTF_"_s, u"Plain_"_s);

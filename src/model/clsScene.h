@@ -12,6 +12,7 @@ class clsCharacter;
 class clsItem;
 class clsLocation;
 class SceneEditor;
+class TagView;
 
 /// The unit of writing: one rich text and its planning data. The text is held as RTF and mirrored to a file of its
 /// own; plain text and counts are derived when they are asked for.
@@ -126,7 +127,11 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
 
   /// Writes the RTF file when it is due or forced; marks the scene updated unless told not to. Always true.
   bool Save(bool noMark = false, bool force = false);
-  void SaveRTF(bool force);
+  void SaveRTF(bool force) { SaveRTF(force, mirrorWanted()); }
+  /// The same where the wish for a plain-text mirror is known.
+  void SaveRTF(bool force, bool mirror);
+  /// Whether the writer wants a plain-text file beside each RTF file.
+  static bool mirrorWanted();
   /// Reads the RTF file; false, and logged, when it can't be read. Counts stay as they are.
   bool LoadRTF();
   /// Erases a file of the bare name in the working directory; the project's own file stays. Always true.
@@ -137,6 +142,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// With `singleFile` the RTF goes into the element.
   void DataAsXML(QByteArray& out, bool singleFile);
   void CreateFromXML(QByteArrayView xml);
+  void CreateFromXML(const TagView& element);
 
  private:
   SceneEditor* openEditor();
@@ -144,9 +150,9 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   void writePlainMirror();
   void appendLists(QByteArray& out) const;
   void appendRTF(QByteArray& out) const;
-  void readFields(const class ElementReader& element);
-  void readLists(const class ElementReader& element);
-  void readRTF(const class ElementReader& element);
+  void readFields(const TagView& element);
+  void readLists(const TagView& element);
+  void readRTF(const TagView& element);
 
   qint32 id_ = 0;
   std::array<qint16, 6> field_{};

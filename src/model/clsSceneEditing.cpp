@@ -1,7 +1,6 @@
 #include "model/Globals.h"
 #include "model/SceneEditor.h"
 #include "model/clsScene.h"
-
 #include "toolkit/Toolkit.h"
 
 /// The editor window, made on demand and listened to; null when no editor is registered.
@@ -61,7 +60,9 @@ void clsScene::fEditor_Finished() {
   g_SceneChanges.MarkUpdated(ID());
 }
 
-void clsScene::fEditor_Changed() { g_SceneChanges.MarkUpdated(ID()); }
+void clsScene::fEditor_Changed() {
+  g_SceneChanges.MarkUpdated(ID());
+}
 
 void clsScene::setCurrentSearchString(const QString& text) {
   if (fEditor_ != nullptr) {

@@ -1,7 +1,6 @@
-#include "model/Collections.h"
-
 #include "infra/FileChannels.h"
 #include "infra/cSharedLogging.h"
+#include "model/Collections.h"
 #include "model/clsChapter.h"
 #include "model/clsCharacter.h"
 #include "model/clsItem.h"
@@ -9,6 +8,7 @@
 #include "model/clsNote.h"
 #include "model/clsScene.h"
 #include "persist/modConstXML.h"
+#include "text/TagView.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +20,8 @@ constexpr qsizetype kPrintedTogether = 256 * 1024;
 /// Prints a block: its tags, each on a line behind a tab, and what `appendElement` gives for each entity. A failure
 /// is logged, makes the result false and goes on with the next element.
 template <class Collection, class AppendElement>
-bool writeBlock(int file, const Tag& block, const Collection& collection, const Guard& guard, AppendElement appendElement) {
+bool writeBlock(int file, const Tag& block, const Collection& collection, const Guard& guard,
+                AppendElement appendElement) {
   bool result = true;
   QByteArray lines;
   lines.reserve(kPrintedTogether * 2);
@@ -50,7 +51,9 @@ bool isOpen(int file, const QString& what, const char* routine, const char* modu
   return false;
 }
 
-QString closedMessage() { return u"Unable to write data ... output file closed!"_s; }
+QString closedMessage() {
+  return u"Unable to write data ... output file closed!"_s;
+}
 
 QString numberMessage(int file) {
   return u"Unable to write data ... output file is "_s + QString::number(file) + u'!';
@@ -58,9 +61,9 @@ QString numberMessage(int file) {
 
 /// The entities of a block: each piece that holds the element's opening tag, without its closing tag.
 template <class Read>
-void readBlock(QByteArrayView xml, const Tag& block, const Tag& element, Read read) {
-  for (const QByteArrayView piece : Tags::ExtractXMLArray(xml, block, element.close)) {
-    if (Tags::find(piece, element.open) >= 0 && !read(piece)) {
+void readBlock(const TagView& xml, const Tag& block, const Tag& element, Read read) {
+  for (const TagView& piece : xml.block(block).split(element.close)) {
+    if (piece.contains(element) && !read(piece)) {
       return;
     }
   }
@@ -68,9 +71,9 @@ void readBlock(QByteArrayView xml, const Tag& block, const Tag& element, Read re
 
 /// Reads a whole block of entities that have no file of their own.
 template <class Entity, class Add>
-bool readEntities(QByteArrayView xml, const Tag& block, const Tag& element, const Guard& guard, Add add) {
+bool readEntities(const TagView& xml, const Tag& block, const Tag& element, const Guard& guard, Add add) {
   return guard([&] {
-    readBlock(xml, block, element, [&](QByteArrayView piece) {
+    readBlock(xml, block, element, [&](const TagView& piece) {
       const auto entity = std::make_shared<Entity>();
       entity->CreateFromXML(piece);
       add(entity);
@@ -107,12 +110,16 @@ bool clsScenes::WriteXML(int file, bool singleFile) {
 }
 
 bool clsScenes::CreateFromXML(QByteArrayView xml, bool singleFile) {
+  return CreateFromXML(TagView(TagIndex(xml)), singleFile);
+}
+
+bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
   Clear();
   bool result = true;
   qint32 number = 0;
   const Guard guard("CreateFromXML", "clsScenes");
   const bool read = guard([&] {
-    readBlock(xml, kScenes, kScene, [&](QByteArrayView piece) {
+    readBlock(block, kScenes, kScene, [&](const TagView& piece) {
       ++number;
       if (LoadingNum) {
         LoadingNum(number);
@@ -131,9 +138,10 @@ bool clsScenes::CreateFromXML(QByteArrayView xml, bool singleFile) {
 
 bool clsScenes::SaveScenesText(bool force) {
   bool result = true;
+  const bool mirror = clsScene::mirrorWanted();
   const Guard guard("SaveScenesText", "clsScenes");
   for (const Pointer& scene : *this) {
-    result = guard([&] { scene->SaveRTF(force); }) && result;
+    result = guard([&] { scene->SaveRTF(force, mirror); }) && result;
   }
   return result;
 }
@@ -147,39 +155,67 @@ bool clsChapters::WriteXML(int file) {
 }
 
 bool clsChapters::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
+
+bool clsChapters::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsChapter>(xml, kChapters, kChapter, Guard("CreateFromXML", "clsChapters"),
+  return readEntities<clsChapter>(block, kChapters, kChapter, Guard("CreateFromXML", "clsChapters"),
                                   [this](const Pointer& chapter) { AddChapter(chapter); });
 }
 
-bool clsCharacters::WriteXML(int file) { return writeNumbered(file, kCharacters, *this, "clsCharacters"); }
+bool clsCharacters::WriteXML(int file) {
+  return writeNumbered(file, kCharacters, *this, "clsCharacters");
+}
 
 bool clsCharacters::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
+
+bool clsCharacters::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsCharacter>(xml, kCharacters, kCharacter, Guard("CreateFromXML", "clsCharacters"),
+  return readEntities<clsCharacter>(block, kCharacters, kCharacter, Guard("CreateFromXML", "clsCharacters"),
                                     [this](const Pointer& character) { AddChar(character); });
 }
 
-bool clsLocations::WriteXML(int file) { return writeNumbered(file, kLocations, *this, "clsLocations"); }
+bool clsLocations::WriteXML(int file) {
+  return writeNumbered(file, kLocations, *this, "clsLocations");
+}
 
 bool clsLocations::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
+
+bool clsLocations::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsLocation>(xml, kLocations, kLocation, Guard("CreateFromXML", "clsLocations"),
+  return readEntities<clsLocation>(block, kLocations, kLocation, Guard("CreateFromXML", "clsLocations"),
                                    [this](const Pointer& location) { AddLocation(location); });
 }
 
-bool clsItems::WriteXML(int file) { return writeNumbered(file, kItems, *this, "clsItems"); }
+bool clsItems::WriteXML(int file) {
+  return writeNumbered(file, kItems, *this, "clsItems");
+}
 
 bool clsItems::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
+
+bool clsItems::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsItem>(xml, kItems, kItem, Guard("CreateFromXML", "clsItems"),
+  return readEntities<clsItem>(block, kItems, kItem, Guard("CreateFromXML", "clsItems"),
                                [this](const Pointer& item) { AddItem(item); });
 }
 
-bool clsNotes::WriteXML(int file) { return writeNumbered(file, kProjectNotes, *this, "clsNotes"); }
+bool clsNotes::WriteXML(int file) {
+  return writeNumbered(file, kProjectNotes, *this, "clsNotes");
+}
 
 bool clsNotes::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
+
+bool clsNotes::CreateFromXML(const TagView& block) {
   Clear();
-  return readEntities<clsNote>(xml, kProjectNotes, kProjectNote, Guard("CreateFromXML", "clsNotes"),
+  return readEntities<clsNote>(block, kProjectNotes, kProjectNote, Guard("CreateFromXML", "clsNotes"),
                                [this](const Pointer& note) { AddNote(note); });
 }

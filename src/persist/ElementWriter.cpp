@@ -3,24 +3,71 @@
 #include "infra/CodePage.h"
 #include "infra/Numbers.h"
 
-#include <array>
+#include <algorithm>
 #include <charconv>
+#include <cstring>
+
+namespace {
+
+/// Tabs, both tags and the line's end of the longest field, a number included.
+constexpr qsizetype kRoomForTags = 128;
+constexpr qsizetype kGrowth = 8192;
+
+}  // namespace
 
 ElementWriter::ElementWriter(QByteArray& out, const Tag& element) : out_(out), element_(element) {
-  out_.append('\t').append(element.open).append("\r\n");
+  to_ = out_.data() + out_.size();
+  end_ = to_;
+  ensureRoom(0);
+  *to_++ = '\t';
+  put(element.open);
+  put("\r\n");
 }
 
-ElementWriter::~ElementWriter() { out_.append('\t').append(element_.close); }
+ElementWriter::~ElementWriter() {
+  ensureRoom(0);
+  *to_++ = '\t';
+  put(element_.close);
+  out_.resize(to_ - out_.constData());
+}
 
-void ElementWriter::line(QByteArrayView content) { out_.append("\t\t").append(content).append("\r\n"); }
+void ElementWriter::ensureRoom(qsizetype content) {
+  const qsizetype needed = content + kRoomForTags;
+  if (end_ - to_ >= needed) {
+    return;
+  }
+  const qsizetype used = to_ - out_.constData();
+  out_.resize(used + std::max(needed, kGrowth));
+  to_ = out_.data() + used;
+  end_ = out_.constData() + out_.size();
+}
 
-void ElementWriter::open(const Tag& tag) { out_.append("\t\t").append(tag.open); }
+void ElementWriter::put(QByteArrayView bytes) {
+  std::memcpy(to_, bytes.data(), static_cast<size_t>(bytes.size()));
+  to_ += bytes.size();
+}
 
-void ElementWriter::close(const Tag& tag) { out_.append(tag.close).append("\r\n"); }
+void ElementWriter::line(QByteArrayView content) {
+  ensureRoom(content.size());
+  put("\t\t");
+  put(content);
+  put("\r\n");
+}
+
+void ElementWriter::open(const Tag& tag) {
+  put("\t\t");
+  put(tag.open);
+}
+
+void ElementWriter::close(const Tag& tag) {
+  put(tag.close);
+  put("\r\n");
+}
 
 void ElementWriter::text(const Tag& tag, QStringView value) {
+  ensureRoom((value.size() + 1) * Tags::kMostEscaped);
   open(tag);
-  Tags::appendHtmlEncoded(out_, value);
+  to_ = Tags::writeHtmlEncoded(to_, value);
   close(tag);
 }
 
@@ -31,16 +78,17 @@ void ElementWriter::textUnlessEmpty(const Tag& tag, QStringView value) {
 }
 
 void ElementWriter::raw(const Tag& tag, QStringView value) {
+  const QByteArray bytes = CodePage::toBytes(value);
+  ensureRoom(bytes.size());
   open(tag);
-  out_.append(CodePage::toBytes(value));
+  put(bytes);
   close(tag);
 }
 
 void ElementWriter::integer(const Tag& tag, qint32 value) {
-  std::array<char, 12> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  ensureRoom(0);
   open(tag);
-  out_.append(digits.data(), end - digits.data());
+  to_ = std::to_chars(to_, to_ + kRoomForTags / 4, value).ptr;
   close(tag);
 }
 
@@ -50,7 +98,9 @@ void ElementWriter::integerUnlessZero(const Tag& tag, qint32 value) {
   }
 }
 
-void ElementWriter::boolean(const Tag& tag, bool value) { integer(tag, value ? -1 : 0); }
+void ElementWriter::boolean(const Tag& tag, bool value) {
+  integer(tag, value ? -1 : 0);
+}
 
 void ElementWriter::booleanIfTrue(const Tag& tag, bool value) {
   if (value) {
@@ -59,13 +109,19 @@ void ElementWriter::booleanIfTrue(const Tag& tag, bool value) {
 }
 
 void ElementWriter::date(const Tag& tag, qint32 dayNumber) {
+  ensureRoom(0);
   open(tag);
-  out_.append(Numbers::IsoDate(dayNumber));
+  put(Numbers::IsoDate(dayNumber));
   close(tag);
 }
 
 void ElementWriter::base64(const Tag& tag, const Tag& data, QByteArrayView encoded) {
   line(tag.open);
-  out_.append("\t\t\t").append(data.open).append(encoded).append(data.close).append("\r\n");
+  ensureRoom(encoded.size());
+  put("\t\t\t");
+  put(data.open);
+  put(encoded);
+  put(data.close);
+  put("\r\n");
   line(tag.close);
 }

@@ -33,7 +33,8 @@ class ElementWriter {
     }
     line(tag.open);
     for (const qint32 id : ids) {
-      out_.append('\t');
+      ensureRoom(1);
+      *to_++ = '\t';
       integer(entry, id);
     }
     line(tag.close);
@@ -43,9 +44,15 @@ class ElementWriter {
 
  private:
   void line(QByteArrayView content);
+  /// Room for a field of so many bytes, its tags and line end not counted.
+  void ensureRoom(qsizetype content);
+  void put(QByteArrayView bytes);
   void open(const Tag& tag);
   void close(const Tag& tag);
 
   QByteArray& out_;
+  /// Where the next byte goes; the text is longer than what is in it until the element is closed.
+  char* to_ = nullptr;
+  const char* end_ = nullptr;
   Tag element_;
 };

@@ -2,7 +2,6 @@
 #include "model/clsItem.h"
 #include "model/clsLocation.h"
 #include "model/clsNote.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/ReadFields.h"
 #include "persist/modConstXML.h"
@@ -27,8 +26,11 @@ void clsCharacter::DataAsXML(QByteArray& out) {
 }
 
 void clsCharacter::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
+
+void clsCharacter::CreateFromXML(const TagView& element) {
   Clear();
-  const ElementReader element(xml);
   ReadFields::strictInteger(Guard("CreateFromXML", "clsCharacter"), element, kID, id_);
   title_ = element.text(kTitle);
   FullName = element.text(kFullName);
@@ -55,8 +57,7 @@ void StoryThing::appendXML(QByteArray& out, const Tag& elementTag, qint32 id) co
 }
 
 // SortOrder is written and not read: a loaded thing has 0.
-void StoryThing::readXML(QByteArrayView xml, const char* module) {
-  const ElementReader element(xml);
+void StoryThing::readXML(const TagView& element, const char* module) {
   ReadFields::strictInteger(Guard("CreateFromXML", module), element, kID, id_);
   Title = element.text(kTitle);
   Unused = element.boolean(kUnused);
@@ -64,18 +65,30 @@ void StoryThing::readXML(QByteArrayView xml, const char* module) {
   Tags = element.text(kTags);
 }
 
-void clsLocation::DataAsXML(QByteArray& out) { appendXML(out, kLocation, ID()); }
-
-void clsLocation::CreateFromXML(QByteArrayView xml) {
-  Clear();
-  readXML(xml, "clsLocation");
+void clsLocation::DataAsXML(QByteArray& out) {
+  appendXML(out, kLocation, ID());
 }
 
-void clsItem::DataAsXML(QByteArray& out) { appendXML(out, kItem, ID()); }
+void clsLocation::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
+
+void clsLocation::CreateFromXML(const TagView& element) {
+  Clear();
+  readXML(element, "clsLocation");
+}
+
+void clsItem::DataAsXML(QByteArray& out) {
+  appendXML(out, kItem, ID());
+}
 
 void clsItem::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
+
+void clsItem::CreateFromXML(const TagView& element) {
   Clear();
-  readXML(xml, "clsItem");
+  readXML(element, "clsItem");
 }
 
 void clsNote::DataAsXML(QByteArray& out) {
@@ -87,8 +100,11 @@ void clsNote::DataAsXML(QByteArray& out) {
 }
 
 void clsNote::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
+
+void clsNote::CreateFromXML(const TagView& element) {
   Clear();
-  const ElementReader element(xml);
   ReadFields::strictInteger(Guard("CreateFromXML", "clsNote"), element, kID, id_);
   Title = element.text(kTitle);
   DescText = element.text(kDesc);

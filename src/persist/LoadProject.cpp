@@ -1,5 +1,3 @@
-#include "model/clsProject.h"
-
 #include "infra/Guard.h"
 #include "infra/Maker.h"
 #include "infra/cSHAREDShowError.h"
@@ -10,11 +8,11 @@
 #include "model/clsCharacter.h"
 #include "model/clsItem.h"
 #include "model/clsLocation.h"
+#include "model/clsProject.h"
 #include "model/clsScene.h"
-#include "persist/TopBlocks.h"
 #include "persist/modConstXML.h"
+#include "text/TagView.h"
 
-#include <algorithm>
 #include <array>
 #include <functional>
 
@@ -80,32 +78,31 @@ bool clsProject::readBlocks(QByteArrayView text, bool singleFile) {
     QString caption;
     Tag block;
     QString what;
-    std::function<bool(QByteArrayView)> read;
+    std::function<bool(const TagView&)> read;
   };
   const std::array steps{
-      Step{{}, kProject, u"extract project data from "_s, [this](auto xml) { return CreateFromXML(xml); }},
+      Step{{}, kProject, u"extract project data from "_s, [this](const TagView& xml) { return CreateFromXML(xml); }},
       Step{u"Loading Chapters"_s, kChapters, u"extract chapter data from "_s,
-           [this](auto xml) { return Chapters.CreateFromXML(xml); }},
+           [this](const TagView& xml) { return Chapters.CreateFromXML(xml); }},
       Step{u"Loading Scenes"_s, kScenes, u"extract scene data / load scenes from "_s,
-           [this, singleFile](auto xml) { return Scenes.CreateFromXML(xml, singleFile); }},
+           [this, singleFile](const TagView& xml) { return Scenes.CreateFromXML(xml, singleFile); }},
       Step{u"Loading Locations"_s, kLocations, u"extract location data from "_s,
-           [this](auto xml) { return Locations.CreateFromXML(xml); }},
+           [this](const TagView& xml) { return Locations.CreateFromXML(xml); }},
       Step{u"Loading Characters"_s, kCharacters, u"extract character data from "_s,
-           [this](auto xml) { return Chars.CreateFromXML(xml); }},
+           [this](const TagView& xml) { return Chars.CreateFromXML(xml); }},
       Step{u"Loading Items"_s, kItems, u"extract items data from "_s,
-           [this](auto xml) { return Items.CreateFromXML(xml); }},
+           [this](const TagView& xml) { return Items.CreateFromXML(xml); }},
       Step{u"Loading Notes"_s, kProjectNotes, u"extract notes data from "_s,
-           [this](auto xml) { return Notes.CreateFromXML(xml); }},
+           [this](const TagView& xml) { return Notes.CreateFromXML(xml); }},
   };
-  std::array<Tag, steps.size()> tags;
-  std::transform(steps.begin(), steps.end(), tags.begin(), [](const Step& step) { return step.block; });
-  const auto blocks = extractTopBlocks(text, tags);
-  for (size_t i = 0; i < steps.size(); ++i) {
-    if (!steps[i].caption.isEmpty()) {
-      setProgress(steps[i].caption);
+  const TagIndex index(text);
+  const TagView whole(index);
+  for (const Step& step : steps) {
+    if (!step.caption.isEmpty()) {
+      setProgress(step.caption);
     }
-    if (!steps[i].read(blocks[i])) {
-      Logging().LogEvent(u"Load failed ... unable to "_s + steps[i].what + FileWithPath);
+    if (!step.read(whole.block(step.block))) {
+      Logging().LogEvent(u"Load failed ... unable to "_s + step.what + FileWithPath);
       return false;
     }
   }

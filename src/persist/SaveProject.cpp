@@ -1,5 +1,3 @@
-#include "model/clsProject.h"
-
 #include "infra/FileChannels.h"
 #include "infra/Guard.h"
 #include "infra/Paths.h"
@@ -7,6 +5,7 @@
 #include "infra/cSHAREDShowError.h"
 #include "infra/cSharedFileSubs.h"
 #include "infra/cSharedLogging.h"
+#include "model/clsProject.h"
 #include "persist/modConstXML.h"
 
 using namespace Qt::StringLiterals;

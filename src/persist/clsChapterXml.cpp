@@ -1,5 +1,4 @@
 #include "model/clsChapter.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/ReadFields.h"
 #include "persist/modConstXML.h"
@@ -16,9 +15,12 @@ void clsChapter::DataAsXML(QByteArray& out) {
 }
 
 void clsChapter::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
+
+void clsChapter::CreateFromXML(const TagView& element) {
   using namespace modConstXML;
   Clear();
-  const ElementReader element(xml);
   const Guard guard("CreateFromXML", "clsChapter");
   ReadFields::strictInteger(guard, element, kID, id_);
   Title = element.text(kTitle);

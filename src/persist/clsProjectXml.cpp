@@ -1,12 +1,8 @@
+#include "infra/Guard.h"
 #include "model/clsProject.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/modConstXML.h"
-#include "text/ElementReader.h"
-
-#include "infra/Guard.h"
-
-#include <iterator>
+#include "text/TagView.h"
 
 using namespace modConstXML;
 
@@ -44,9 +40,12 @@ void clsProject::DataAsXML(QByteArray& out) const {
 }
 
 bool clsProject::CreateFromXML(QByteArrayView xml) {
+  return CreateFromXML(TagView(TagIndex(xml)));
+}
+
+bool clsProject::CreateFromXML(const TagView& element) {
   const Guard guard("CreateFromXML", "clsProject");
   return guard([&] {
-    const ElementReader element(xml);
     Title = element.text(kTitle);
     DescText = element.text(kDesc);
     AuthorBio = element.text(kBio);

@@ -1,12 +1,10 @@
+#include "infra/RuntimeError.h"
+#include "infra/cSharedLogging.h"
 #include "model/clsScene.h"
-
 #include "persist/ElementWriter.h"
 #include "persist/ReadFields.h"
 #include "persist/modConstXML.h"
 #include "text/cSharedHTML.h"
-
-#include "infra/RuntimeError.h"
-#include "infra/cSharedLogging.h"
 
 using namespace Qt::StringLiterals;
 
@@ -60,14 +58,17 @@ void clsScene::DataAsXML(QByteArray& out, bool singleFile) {
 }
 
 void clsScene::CreateFromXML(QByteArrayView xml) {
+  CreateFromXML(TagView(TagIndex(xml)));
+}
+
+void clsScene::CreateFromXML(const TagView& element) {
   Clear();
-  const ElementReader element(xml);
   readFields(element);
   readLists(element);
   readRTF(element);
 }
 
-void clsScene::readFields(const ElementReader& element) {
+void clsScene::readFields(const TagView& element) {
   using namespace modConstXML;
   const Guard guard("CreateFromXML", "clsScene");
   ReadFields::strictInteger(guard, element, kID, id_);
@@ -99,7 +100,7 @@ void clsScene::readFields(const ElementReader& element) {
   lettercount_ = element.integer32(kLetterCount);
 }
 
-void clsScene::readLists(const ElementReader& element) {
+void clsScene::readLists(const TagView& element) {
   using namespace modConstXML;
   const Guard guard("CreateFromXML", "clsScene");
   ReadFields::ids(guard, element, kSceneCharacters, kCharID, characters_);
@@ -107,7 +108,7 @@ void clsScene::readLists(const ElementReader& element) {
   ReadFields::ids(guard, element, kSceneItems, kItemID, items_);
 }
 
-void clsScene::readRTF(const ElementReader& element) {
+void clsScene::readRTF(const TagView& element) {
   using namespace modConstXML;
   if (!element.contains(kSceneRTF)) {
     return;
@@ -121,8 +122,8 @@ void clsScene::readRTF(const ElementReader& element) {
     setTextRTF(Html().DecodeMime64(Tags::ExtractBetweenTags(stored, kCData)));
     wordsStale_ = !countKnown;
   } catch (const RuntimeError& error) {
-    Logging().AddDebug(error.description() + u" ("_s + QString::number(error.number()) + u") in the text of scene '"_s +
-                           Title + u'\'',
-                       u"CreateFromXML"_s, u"clsScene"_s);
+    Logging().AddDebug(
+        error.description() + u" ("_s + QString::number(error.number()) + u") in the text of scene '"_s + Title + u'\'',
+        u"CreateFromXML"_s, u"clsScene"_s);
   }
 }

@@ -20,7 +20,8 @@ class NamedTag {
     open_[N] = close_[N + 1] = '>';
   }
   constexpr operator Tag() const {
-    return {QByteArrayView(open_, static_cast<qsizetype>(N + 1)), QByteArrayView(close_, static_cast<qsizetype>(N + 2))};
+    return {QByteArrayView(open_, static_cast<qsizetype>(N + 1)),
+            QByteArrayView(close_, static_cast<qsizetype>(N + 2))};
   }
 
  private:
@@ -127,9 +128,7 @@ inline constexpr Tag kDeadlineStartDate[] = {{"<DeadlineStartDate1>", "</Deadlin
                                              {"<DeadlineStartDate3>", "</DeadlineStartDate3>"},
                                              {"<DeadlineStartDate4>", "</DeadlineStartDate4>"},
                                              {"<DeadlineStartDate5>", "</DeadlineStartDate5>"}};
-inline constexpr Tag kField[] = {{"<Field1>", "</Field1>"},
-                                 {"<Field2>", "</Field2>"},
-                                 {"<Field3>", "</Field3>"},
-                                 {"<Field4>", "</Field4>"}};
+inline constexpr Tag kField[] = {
+    {"<Field1>", "</Field1>"}, {"<Field2>", "</Field2>"}, {"<Field3>", "</Field3>"}, {"<Field4>", "</Field4>"}};
 
 }  // namespace modConstXML

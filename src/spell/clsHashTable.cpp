@@ -61,7 +61,9 @@ QByteArray clsHashTable::keyOf(qint32 index) const {
   return byText ? CodePage::toBytes(at(index).Text) : QByteArray::number(at(index).ID);
 }
 
-qint16 clsHashTable::bucketOf(const QByteArray& key) const { return hashRoutine()(key.constData(), bucketCount_); }
+qint16 clsHashTable::bucketOf(const QByteArray& key) const {
+  return hashRoutine()(key.constData(), bucketCount_);
+}
 
 template <class Same>
 qint32 clsHashTable::findInBucket(qint16 bucket, Key kind, Same same) const {
@@ -97,7 +99,8 @@ qint32 clsHashTable::insert(HashRecord record, Key kind, const QByteArray& key) 
   const qint32 node = nodes_.Alloc();
   const auto top = static_cast<qint32>(records_.size()) - 1;
   if (node > top) {
-    const auto grown = static_cast<size_t>(std::max(node, static_cast<qint32>(std::lround(static_cast<float>(top) * growthFactor_))));
+    const auto grown =
+        static_cast<size_t>(std::max(node, static_cast<qint32>(std::lround(static_cast<float>(top) * growthFactor_))));
     records_.resize(grown + 1);
     nextInChain_.resize(grown + 1);
     keyedBy_.resize(grown + 1, Key::None);
@@ -128,7 +131,9 @@ void clsHashTable::growBuckets() {
   }
 }
 
-void clsHashTable::AddAmtToCount(qint32 id, qint32 amount) { at(findOrInsert(id)).Count += amount; }
+void clsHashTable::AddAmtToCount(qint32 id, qint32 amount) {
+  at(findOrInsert(id)).Count += amount;
+}
 
 void clsHashTable::AddToValue(const QString& text) {
   ensureInitialised();
@@ -142,7 +147,9 @@ void clsHashTable::AddToValue(const QString& text) {
   ++at(found).Value;
 }
 
-void clsHashTable::SetText(qint32 id, const QString& text) { at(findOrInsert(id)).Text = text; }
+void clsHashTable::SetText(qint32 id, const QString& text) {
+  at(findOrInsert(id)).Text = text;
+}
 
 void clsHashTable::ResetCount(qint32 id) {
   const qint32 found = find(id);
@@ -208,7 +215,9 @@ void clsHashTable::UnLockRec(qint32 id) {
   }
 }
 
-void clsHashTable::MarkUpdated(qint32 id) { at(findOrInsert(id)).Changed.fill(true); }
+void clsHashTable::MarkUpdated(qint32 id) {
+  at(findOrInsert(id)).Changed.fill(true);
+}
 
 void clsHashTable::MarkDeleted(qint32 id) {
   MarkUpdated(id);

@@ -6,20 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace {
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
-
-bool equalIgnoringCase(const char* a, const char* b, qsizetype length) {
-  for (qsizetype i = 0; i < length; ++i) {
-    if (lower(a[i]) != lower(b[i])) {
-      return false;
-    }
-  }
-  return true;
-}
 
 const char* findByte(const char* from, const char* end, char byte) {
   const void* found = std::memchr(from, byte, static_cast<size_t>(end - from));
@@ -28,11 +18,11 @@ const char* findByte(const char* from, const char* end, char byte) {
 
 /// The next place where the first character of what is sought stands, in either case.
 const char* findAnchor(const char* from, const char* end, char first) {
-  const char small = lower(first);
+  const char small = Tags::lowerCase(first);
   if (small < 'a' || small > 'z') {
     return findByte(from, end, first);
   }
-  while (from < end && lower(*from) != small) {
+  while (from < end && Tags::lowerCase(*from) != small) {
     ++from;
   }
   return from;
@@ -54,17 +44,29 @@ QByteArray removeAll(const QByteArray& text, QByteArrayView what) {
   return kept;
 }
 
-constexpr std::array<bool, 128> plainCharacters() {
-  std::array<bool, 128> plain{};
-  for (size_t c = 0; c < plain.size(); ++c) {
-    plain[c] = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ':' || c == '.' ||
-               c == ',' || c == '?';
+constexpr char kHex[] = "0123456789ABCDEF";
+
+/// How a character of Latin-1 is written: up to four bytes, of which `length` count; 0 leaves it to escape().
+struct Escaped {
+  std::array<char, 4> bytes{};
+  std::uint32_t length = 0;
+};
+
+constexpr std::array<Escaped, 256> escapes() {
+  std::array<Escaped, 256> table{};
+  for (unsigned c = 0; c < table.size(); ++c) {
+    const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ':' ||
+                       c == '.' || c == ',' || c == '?';
+    if (plain) {
+      table[c] = {{static_cast<char>(c)}, 1};
+    } else if (c < 0x80 || c >= 0xA0) {
+      table[c] = {{'%', kHex[c >> 4], kHex[c & 0xF]}, 3};
+    }
   }
-  return plain;
+  return table;
 }
 
-constexpr std::array<bool, 128> kPlain = plainCharacters();
-constexpr char kHex[] = "0123456789ABCDEF";
+constexpr std::array<Escaped, 256> kEscapes = escapes();
 
 /// Writes one escaped character; six bytes at the most.
 char* escape(char* out, char16_t unit) {
@@ -86,7 +88,7 @@ int hexDigit(char c) {
   if (c >= '0' && c <= '9') {
     return c - '0';
   }
-  const char small = lower(c);
+  const char small = Tags::lowerCase(c);
   return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
 }
 
@@ -131,16 +133,12 @@ qsizetype find(QByteArrayView text, QByteArrayView what, qsizetype from) {
   }
   while (at < last) {
     at = findAnchor(at, last, what[0]);
-    if (at < last && equalIgnoringCase(at, what.data(), what.size())) {
+    if (at < last && startsWith(QByteArrayView(at, what.size()), what)) {
       return at - text.data();
     }
     ++at;
   }
   return -1;
-}
-
-bool startsWith(QByteArrayView text, QByteArrayView beginning) {
-  return text.size() >= beginning.size() && equalIgnoringCase(text.data(), beginning.data(), beginning.size());
 }
 
 QByteArrayView ExtractWithTags(QByteArrayView text, const Tag& tag) {
@@ -181,24 +179,23 @@ std::vector<QByteArrayView> ExtractXMLArray(QByteArrayView text, const Tag& tag,
   return pieces;
 }
 
-void appendHtmlEncoded(QByteArray& out, QStringView text) {
-  const qsizetype old = out.size();
-  out.resize(old + text.size() * 6);
-  char* to = out.data() + old;
+// Always four bytes, of which those that count are kept: no branch on what the character is, in most of the text.
+char* writeHtmlEncoded(char* to, QStringView text) {
   for (const QChar character : text) {
     const char16_t unit = character.unicode();
-    if (unit < kPlain.size() && kPlain[unit]) {
-      *to++ = static_cast<char>(unit);
+    if (unit < kEscapes.size() && kEscapes[unit].length != 0) {
+      std::memcpy(to, kEscapes[unit].bytes.data(), kEscapes[unit].bytes.size());
+      to += kEscapes[unit].length;
     } else {
       to = escape(to, unit);
     }
   }
-  out.resize(to - out.data());
+  return to;
 }
 
 QByteArray HtmlEncode(QStringView text) {
-  QByteArray out;
-  appendHtmlEncoded(out, text);
+  QByteArray out((text.size() + 1) * kMostEscaped, Qt::Uninitialized);
+  out.truncate(writeHtmlEncoded(out.data(), text) - out.data());
   return out;
 }
 

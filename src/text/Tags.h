@@ -18,8 +18,22 @@ namespace Tags {
 /// The position of the first occurrence at or behind `from`, case ignored; -1 for none. Empty `find` gives `from`.
 qsizetype find(QByteArrayView text, QByteArrayView find, qsizetype from = 0);
 
+inline char lowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
 /// True when the text begins so, case ignored.
-bool startsWith(QByteArrayView text, QByteArrayView beginning);
+inline bool startsWith(QByteArrayView text, QByteArrayView beginning) {
+  if (text.size() < beginning.size()) {
+    return false;
+  }
+  for (qsizetype i = 0; i < beginning.size(); ++i) {
+    if (lowerCase(text[i]) != lowerCase(beginning[i])) {
+      return false;
+    }
+  }
+  return true;
+}
 
 /// From the start of the opening tag to the end of the closing one, or to the end of the text when there is no
 /// closing tag behind it; an empty view when there is no opening tag. Nothing is copied.
@@ -38,7 +52,10 @@ std::vector<QByteArrayView> ExtractXMLArray(QByteArrayView text, const Tag& tag,
 /// Percent-escaping: a-z, A-Z, 0-9, ":", ".", "," and "?" stay, any other byte becomes % and two upper-case
 /// hexadecimal digits; a character that the code page lacks becomes %uXXXX, one for each UTF-16 unit.
 QByteArray HtmlEncode(QStringView text);
-void appendHtmlEncoded(QByteArray& out, QStringView text);
+/// The bytes that one UTF-16 unit takes at the most when escaped, and that the routine below may write behind its end.
+inline constexpr qsizetype kMostEscaped = 6;
+/// The same to where there is room for kMostEscaped bytes a unit and as many more; gives the end of what it wrote.
+char* writeHtmlEncoded(char* to, QStringView text);
 /// The reverse. A "%" with fewer than two characters behind it stays; bad digits read as 0 or as the part before.
 QString HtmlDecode(QByteArrayView text);
 

@@ -43,4 +43,6 @@ Toolkit& toolkit() {
   return installed() == nullptr ? silent : *installed();
 }
 
-void installToolkit(Toolkit* toolkit) { installed() = toolkit; }
+void installToolkit(Toolkit* toolkit) {
+  installed() = toolkit;
+}

@@ -4,7 +4,9 @@
 #include "infra/RuntimeError.h"
 #include "support/QtPrinters.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -84,6 +86,8 @@ TEST(Numbers, DatesAreReadStrictlyAndWrittenBack) {
   for (const qint32 day : {-657434, -1, 0, 1, 36526, 45351, 2958465}) {
     EXPECT_EQ(Numbers::DayNumber(Numbers::IsoDate(day)), day);
   }
+  EXPECT_EQ(Numbers::IsoDate(std::numeric_limits<qint32>::max()), "9999-12-31");
+  EXPECT_EQ(Numbers::IsoDate(std::numeric_limits<qint32>::min()), "0100-01-01");
 }
 
 TEST(Numbers, StoredValuesStandForNumbers) {

@@ -206,15 +206,23 @@ TEST_F(Scene, ANewSceneStaysOnlyWhenItsEditorSaved) {
 }
 
 TEST_F(Scene, WordsAreCountedInAnyScript) {
-  const std::pair<QString, int> cases[] = {
-      {u"one two  three\r\n\tfour"_s, 4}, {u"well-known don't e.g. 3.14"_s, 4}, {u"wait--what wait—what a–b"_s, 6},
-      {u" - -- --- "_s, 0},              {u"foo_bar “quoted” (x)"_s, 3},        {u"Идут белые снеги"_s, 3},
-      {u"Ὀδυσσεύς 100% ½"_s, 2},         {u"naïve café\u00A0noir"_s, 3},        {u"🙂 𝔘𝔫𝔦"_s, 1},
-      {u"—“Да”—нет…"_s, 2},              {QString(), 0}};
+  const std::pair<QString, int> cases[] = {{u"one two  three\r\n\tfour"_s, 4},
+                                           {u"well-known don't e.g. 3.14"_s, 4},
+                                           {u"wait--what wait—what a–b"_s, 6},
+                                           {u" - -- --- "_s, 0},
+                                           {u"foo_bar “quoted” (x)"_s, 3},
+                                           {u"Идут белые снеги"_s, 3},
+                                           {u"Ὀδυσσεύς 100% ½"_s, 2},
+                                           {u"naïve café\u00A0noir"_s, 3},
+                                           {u"🙂 𝔘𝔫𝔦"_s, 1},
+                                           {u"—“Да”—нет…"_s, 2},
+                                           {QString(), 0}};
   for (const auto& [text, words] : cases) {
     QByteArray rtf = "{\\rtf1\\ansi\\uc1 ";
     for (const QChar c : text) {
-      rtf += c == u'\r' ? "" : c == u'\n' ? "\\par " : "\\u" + QByteArray::number(static_cast<qint16>(c.unicode())) + "?";
+      rtf += c == u'\r'   ? ""
+             : c == u'\n' ? "\\par "
+                          : "\\u" + QByteArray::number(static_cast<qint16>(c.unicode())) + "?";
     }
     clsScene scene;
     scene.setTextRTF(rtf + "}");

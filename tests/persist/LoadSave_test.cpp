@@ -67,10 +67,10 @@ TEST_F(LoadSave, ProgressIsShownOnlyWhenAskedAndNamesEachStep) {
   screen_.progressCaptions.clear();
   g_Project->Load(path_, true);
   EXPECT_EQ(screen_.progressWindowsShown, 1);
-  const QStringList expected{u"Loading Project"_s,    u"Loading Chapters"_s,   u"Loading Scenes"_s,
-                             u"Loading Scene 1"_s,    u"Loading Scene 2"_s,    u"Loading Scene 3"_s,
-                             u"Loading Scene 4"_s,    u"Loading Scene 5"_s,    u"Loading Locations"_s,
-                             u"Loading Characters"_s, u"Loading Items"_s,      u"Loading Notes"_s,
+  const QStringList expected{u"Loading Project"_s,    u"Loading Chapters"_s, u"Loading Scenes"_s,
+                             u"Loading Scene 1"_s,    u"Loading Scene 2"_s,  u"Loading Scene 3"_s,
+                             u"Loading Scene 4"_s,    u"Loading Scene 5"_s,  u"Loading Locations"_s,
+                             u"Loading Characters"_s, u"Loading Items"_s,    u"Loading Notes"_s,
                              u"Loading Complete"_s};
   EXPECT_EQ(screen_.progressCaptions, expected);
   EXPECT_EQ(screen_.pointer, Pointer::Normal);
@@ -175,7 +175,8 @@ TEST_F(LoadSave, ASingleFileHoldsTheTextsAndTurnsIntoAFolderAgain) {
   ASSERT_TRUE(g_Project->SaveQNC4(false));
   EXPECT_EQ(filesBelow(scratch_.path(u"one"_s)).size(), 1);
   const QByteArray single = fileBytes(scratch_.path(u"one/Small.qnc4"_s));
-  EXPECT_TRUE(single.contains("\t\t<SCENERTF>\r\n\t\t\t<![CDATA[" + simpleRtf("one two three").toBase64() + "]]>\r\n\t\t</SCENERTF>\r\n"));
+  EXPECT_TRUE(single.contains("\t\t<SCENERTF>\r\n\t\t\t<![CDATA[" + simpleRtf("one two three").toBase64() +
+                              "]]>\r\n\t\t</SCENERTF>\r\n"));
   newProject();
   screen_.expectBox(u"You've loaded an all-in-one 'qnc4' project file."_s);
   ASSERT_TRUE(g_Project->Load(scratch_.path(u"one/Small.qnc4"_s), false));

@@ -2,9 +2,11 @@
 
 #include "model/Globals.h"
 #include "model/clsProject.h"
+#include "model/clsScene.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
+#include <QDir>
 #include <QProcess>
 
 #include <gtest/gtest.h>
@@ -16,8 +18,9 @@ namespace {
 QString makeNovel(const QString& folder, const QString& novel, const QStringList& options) {
   const QString shared = sharedFolder();
   QProcess python;
-  python.start(u"python3"_s, QStringList{shared + u"/tools/make_project.py"_s, shared + u"/novels/"_s + novel + u".txt"_s,
-                                         folder} + options);
+  python.start(
+      u"python3"_s,
+      QStringList{shared + u"/tools/make_project.py"_s, shared + u"/novels/"_s + novel + u".txt"_s, folder} + options);
   return python.waitForFinished(120000) && python.exitCode() == 0 ? folder + u'/' + novel + u".qn4"_s : QString();
 }
 
@@ -72,5 +75,29 @@ TEST(Novels, WithoutCachedCountsDifferInTheCountsAlone) {
     // The novel counts 121,966 pieces between blanks; dashes part some of them.
     EXPECT_NEAR(g_Project->Wordcount(true), 122000, 2500);
   }
+  newProject();
+}
+
+// The sample is the first thing that a newcomer opens: it must be written as this program writes it, counts too.
+TEST(Novels, TheSampleIsAsThisProgramWritesIt) {
+  const ScratchFolder scratch;
+  const QString name = u"The-Return-Fare"_s;
+  const auto sample = filesBelow(QStringLiteral(QUILLANE_SOURCE_DIR "/samples/") + name);
+  ASSERT_EQ(sample.size(), 29);
+  QDir(scratch.path()).mkdir(u"RTF"_s);
+  for (auto file = sample.begin(); file != sample.end(); ++file) {
+    writeFile(scratch.path(file.key()), file.value());
+  }
+  newProject();
+  ASSERT_TRUE(g_Project->Load(scratch.path(name + u".qn4"_s), false));
+  for (const auto& scene : g_Project->Scenes) {
+    const qint32 words = scene->Wordcount();
+    const qint32 letters = scene->Lettercount();
+    scene->ForceWordcount();
+    EXPECT_EQ(scene->Wordcount(), words) << scene->Title.toStdString();
+    EXPECT_EQ(scene->Lettercount(), letters) << scene->Title.toStdString();
+  }
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_TRUE(filesBelow(scratch.path()) == sample);
   newProject();
 }

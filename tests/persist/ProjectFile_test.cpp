@@ -1,5 +1,7 @@
 // The project file: what is written, what is read back, and how far an error reaches.
 
+#include "infra/RuntimeError.h"
+#include "infra/cSharedLogging.h"
 #include "model/Globals.h"
 #include "model/clsChapter.h"
 #include "model/clsCharacter.h"
@@ -8,8 +10,6 @@
 #include "model/clsNote.h"
 #include "model/clsProject.h"
 #include "model/clsScene.h"
-#include "infra/RuntimeError.h"
-#include "infra/cSharedLogging.h"
 #include "support/SampleProject.h"
 
 #include <gtest/gtest.h>
@@ -54,13 +54,14 @@ TEST_F(ProjectFile, AnElementIsWrittenLineByLineInItsDialect) {
   scene.setRTFFilename(u"RTF_00012.rtf"_s);
   scene.AddCharByID(5);
   scene.AddCharByID(2);
-  EXPECT_EQ(xmlOf(scene),
-            "\t<SCENE>\r\n\t\t<ID>12</ID>\r\n\t\t<Title>%3CA%20%26%20B%3E%20100%25</Title>\r\n\t\t<Unused>0</Unused>\r\n"
-            "\t\t<BelongsToChID>3</BelongsToChID>\r\n\t\t<Outcome></Outcome>\r\n\t\t<Goal></Goal>\r\n"
-            "\t\t<Conflict></Conflict>\r\n\t\t<Hour>7</Hour>\r\n\t\t<RTFFile>RTF_00012.rtf</RTFFile>\r\n"
-            "\t\t<Desc></Desc>\r\n\t\t<Notes></Notes>\r\n\t\t<Field1>1</Field1>\r\n\t\t<Field2>9</Field2>\r\n"
-            "\t\t<Field3>1</Field3>\r\n\t\t<Field4>1</Field4>\r\n\t\t<SubPlot>-1</SubPlot>\r\n\t\t<Status>0</Status>\r\n"
-            "\t\t<Characters>\r\n\t\t\t<CharID>5</CharID>\r\n\t\t\t<CharID>2</CharID>\r\n\t\t</Characters>\r\n\t</SCENE>");
+  EXPECT_EQ(
+      xmlOf(scene),
+      "\t<SCENE>\r\n\t\t<ID>12</ID>\r\n\t\t<Title>%3CA%20%26%20B%3E%20100%25</Title>\r\n\t\t<Unused>0</Unused>\r\n"
+      "\t\t<BelongsToChID>3</BelongsToChID>\r\n\t\t<Outcome></Outcome>\r\n\t\t<Goal></Goal>\r\n"
+      "\t\t<Conflict></Conflict>\r\n\t\t<Hour>7</Hour>\r\n\t\t<RTFFile>RTF_00012.rtf</RTFFile>\r\n"
+      "\t\t<Desc></Desc>\r\n\t\t<Notes></Notes>\r\n\t\t<Field1>1</Field1>\r\n\t\t<Field2>9</Field2>\r\n"
+      "\t\t<Field3>1</Field3>\r\n\t\t<Field4>1</Field4>\r\n\t\t<SubPlot>-1</SubPlot>\r\n\t\t<Status>0</Status>\r\n"
+      "\t\t<Characters>\r\n\t\t\t<CharID>5</CharID>\r\n\t\t\t<CharID>2</CharID>\r\n\t\t</Characters>\r\n\t</SCENE>");
   EXPECT_EQ(scene.Field(1), 1);
 }
 
@@ -70,8 +71,8 @@ TEST_F(ProjectFile, EveryFieldOfEveryKindComesBack) {
   clsScene scene;
   scene.setID(4);
   scene.BelongsToChID = 2;
-  for (QString* field : {&scene.Title, &scene.Outcome, &scene.Goal, &scene.Conflict, &scene.DescText, &scene.Tags,
-                         &scene.Notes}) {
+  for (QString* field :
+       {&scene.Title, &scene.Outcome, &scene.Goal, &scene.Conflict, &scene.DescText, &scene.Tags, &scene.Notes}) {
     *field = tricky + QString::number(number++);
   }
   scene.Unused = scene.ReactionScene = scene.SubPlot = true;
@@ -188,8 +189,8 @@ TEST_F(ProjectFile, ABadIDLosesOnlyItselfAndIsLogged) {
 TEST_F(ProjectFile, AProjectElementFailsAtAnyStrictFieldAndNoOther) {
   const QByteArray whole = projectElement();
   EXPECT_TRUE(g_Project->CreateFromXML(whole));
-  const QList<QByteArray> strict{"LastFileIndex1", "LastFileIndex7",      "WordTargetStartDate",
-                                 "DeadlineDate5",  "DeadlineStartDate1"};
+  const QList<QByteArray> strict{"LastFileIndex1", "LastFileIndex7", "WordTargetStartDate", "DeadlineDate5",
+                                 "DeadlineStartDate1"};
   for (const QByteArray& tag : strict) {
     EXPECT_FALSE(g_Project->CreateFromXML(QByteArray(whole).replace("<" + tag + ">", "<x>"))) << tag.constData();
   }
@@ -198,7 +199,8 @@ TEST_F(ProjectFile, AProjectElementFailsAtAnyStrictFieldAndNoOther) {
     EXPECT_TRUE(g_Project->CreateFromXML(QByteArray(whole).replace("<" + tag + ">", "<x>"))) << tag.constData();
   }
   EXPECT_FALSE(g_Project->CreateFromXML(""));
-  EXPECT_FALSE(g_Project->CreateFromXML(QByteArray(whole).replace("<DeadlineDate1>1899-12-30", "<DeadlineDate1>2026-02-30")));
+  EXPECT_FALSE(
+      g_Project->CreateFromXML(QByteArray(whole).replace("<DeadlineDate1>1899-12-30", "<DeadlineDate1>2026-02-30")));
 }
 
 TEST_F(ProjectFile, DatesAreStoredAsDaysAndAnUnsetOneStaysUnset) {

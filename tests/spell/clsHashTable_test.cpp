@@ -3,7 +3,6 @@
 #include "infra/RuntimeError.h"
 
 #include <gtest/gtest.h>
-
 #include <map>
 #include <random>
 
@@ -98,7 +97,8 @@ TEST(clsHashTable, WordsAreCountedByTheirExactText) {
   for (qint32 i = 1; i <= table.HighWater(); ++i) {
     counts[table.Record(i).Text] = table.Record(i).Value;
   }
-  const std::map<QString, qint32> expected{{u"Mary"_s, 2}, {u"mary"_s, 1}, {u"Zoë"_s, 1}, {u"Пётр"_s, 1}, {u"Маша"_s, 1}};
+  const std::map<QString, qint32> expected{
+      {u"Mary"_s, 2}, {u"mary"_s, 1}, {u"Zoë"_s, 1}, {u"Пётр"_s, 1}, {u"Маша"_s, 1}};
   EXPECT_EQ(counts, expected);
 }
 

@@ -98,7 +98,8 @@ QString saveSmallProject(const QString& folder) {
 }
 
 QByteArray simpleRtf(const QByteArray& text) {
-  return "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}\r\n\\pard\\f0\\fs20 " + text + "\\par\r\n}\r\n";
+  return "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}\r\n\\pard\\f0\\fs20 " + text +
+         "\\par\r\n}\r\n";
 }
 
 QMap<QString, QByteArray> filesBelow(const QString& folder) {

@@ -1,11 +1,10 @@
 #include "text/Tags.h"
 
 #include "infra/CodePage.h"
-#include "persist/TopBlocks.h"
 #include "persist/modConstXML.h"
 #include "support/Mutations.h"
-#include "text/ElementReader.h"
 #include "text/LiteralTags.h"
+#include "text/TagView.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +13,9 @@ using namespace modConstXML;
 
 namespace {
 
-QString wide(QByteArrayView bytes) { return QString::fromLatin1(bytes); }
+QString wide(QByteArrayView bytes) {
+  return QString::fromLatin1(bytes);
+}
 
 const QByteArray kFile =
     "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\r\n<QUILLANE4>\r\n\t<PROJECT>\r\n\t\t<Title>A%20b</Title>\r\n"
@@ -25,40 +26,42 @@ const QByteArray kFile =
     "\t<CHAPTERS>\r\n\t<CHAPTER>\r\n\t\t<ID>1</ID>\r\n\t\t<Scenes>\r\n\t\t\t<ScID>1</ScID>\r\n\t\t</Scenes>\r\n"
     "\t</CHAPTER>\r\n\t</CHAPTERS>\r\n</QUILLANE4>\r\n";
 
-const QList<QByteArray> kSnippets{"<",       "</",       "<ID>",     "</id>",    "<Title>", "</TITLE>", "<ti<Title>tle>",
-                                  "<SCENE>", "</Scene>", "<scenes>", "</SCENES>", "<CharID>", "%",       "%zz",
-                                  "%2",      "&H1",      "\x00\xFF", "<<Title>",  "</</ID>ID>"};
+const QList<QByteArray> kSnippets{
+    "<",       "</",       "<ID>",     "</id>",     "<Title>",   "</TITLE>", "<ti<Title>tle>",
+    "<SCENE>", "</Scene>", "<scenes>", "</SCENES>", "<CharID>",  "%",        "%zz",
+    "%2",      "&H1",      "\x00\xFF", "<<Title>",  "</</ID>ID>"};
 
-const Tag kFieldTags[] = {kID,      kTitle, kUnused,   kRTFFile, kSceneCharacters, kCharID,  kSceneRTF,
-                          kCData,   kScID,  kScenes,   kScene,   kField[1],        kChapter, kProject,
-                          kChapters, kDesc, kLocations};
+const Tag kFieldTags[] = {kID,     kTitle, kUnused,   kRTFFile, kSceneCharacters, kCharID,   kSceneRTF, kScID,
+                          kScenes, kScene, kField[1], kChapter, kProject,         kChapters, kDesc,     kLocations};
 
 }  // namespace
 
 // The fast extraction gives what the word-for-word one gives, for whole and for damaged files alike.
 TEST(Tags, FastAndLiteralExtractionAgreeOnDamagedFiles) {
   std::mt19937 random(20260101);
-  const std::array<Tag, 4> blocks{kProject, kChapters, kScenes, kLocations};
   for (int round = 0; round < 4000; ++round) {
     const QByteArray text = round == 0 ? kFile : mutated(kFile, random, kSnippets);
-    const ElementReader reader(text);
+    const TagIndex index(text);
+    const TagView view(index);
     for (const Tag& tag : kFieldTags) {
       const QString literal = LiteralTags::ExtractTagged(wide(text), wide(tag.open), wide(tag.close), false);
       ASSERT_EQ(wide(Tags::ExtractBetweenTags(text, tag)), literal) << text.constData();
-      ASSERT_EQ(wide(reader.bytes(tag)), literal) << text.constData();
-      ASSERT_EQ(wide(Tags::ExtractWithTags(text, tag)),
-                LiteralTags::ExtractTagged(wide(text), wide(tag.open), wide(tag.close), true));
+      ASSERT_EQ(wide(view.bytes(tag)), literal) << text.constData();
+      const QString span = LiteralTags::ExtractTagged(wide(text), wide(tag.open), wide(tag.close), true);
+      ASSERT_EQ(wide(Tags::ExtractWithTags(text, tag)), span);
+      ASSERT_EQ(wide(view.block(tag).text()), span);
     }
-    const auto found = extractTopBlocks(text, blocks);
-    for (size_t i = 0; i < blocks.size(); ++i) {
-      ASSERT_EQ(wide(found[i]),
-                LiteralTags::ExtractTagged(wide(text), wide(blocks[i].open), wide(blocks[i].close), true));
-    }
+    const auto scenes = view.block(kScenes).split(Tag(kScene).close);
     const auto pieces = Tags::ExtractXMLArray(text, kScenes, Tag(kScene).close);
-    const QStringList literalPieces = LiteralTags::ExtractXMLArray(wide(text), u"<SCENES>"_s, u"</SCENES>"_s, u"</SCENE>"_s);
+    const QStringList literalPieces =
+        LiteralTags::ExtractXMLArray(wide(text), u"<SCENES>"_s, u"</SCENES>"_s, u"</SCENE>"_s);
     ASSERT_EQ(static_cast<qsizetype>(pieces.size()), literalPieces.size());
+    ASSERT_EQ(scenes.size(), pieces.size());
     for (size_t i = 0; i < pieces.size(); ++i) {
-      ASSERT_EQ(wide(pieces[i]), literalPieces[static_cast<qsizetype>(i)]);
+      const QString& literal = literalPieces[static_cast<qsizetype>(i)];
+      ASSERT_EQ(wide(pieces[i]), literal);
+      ASSERT_EQ(wide(scenes[i].text()), literal);
+      ASSERT_EQ(wide(scenes[i].bytes(kTitle)), LiteralTags::ExtractTagged(literal, u"<Title>"_s, u"</Title>"_s, false));
     }
   }
 }
@@ -71,7 +74,8 @@ TEST(Tags, EscapedTextReadsAsTheDialectOfOldReadsIt) {
     for (auto length = random() % 12; length > 0; --length) {
       text += alphabet[static_cast<qsizetype>(random() % static_cast<unsigned>(alphabet.size()))];
     }
-    ASSERT_EQ(Tags::HtmlDecode(text), LiteralTags::HtmlDecode(CodePage::fromBytes(text))) << text.toPercentEncoding().constData();
+    ASSERT_EQ(Tags::HtmlDecode(text), LiteralTags::HtmlDecode(CodePage::fromBytes(text)))
+        << text.toPercentEncoding().constData();
   }
 }
 
@@ -81,11 +85,14 @@ TEST(Tags, EscapingIsLosslessForAnyText) {
     QString text;
     for (auto length = random() % 20; length > 0; --length) {
       const auto kind = random() % 4;
-      text += QChar(static_cast<char16_t>(kind == 0 ? random() % 0x80 : kind == 1 ? random() % 0x180 : random() % 0x10000));
+      text += QChar(static_cast<char16_t>(kind == 0   ? random() % 0x80
+                                          : kind == 1 ? random() % 0x180
+                                                      : random() % 0x10000));
     }
     const QByteArray stored = Tags::HtmlEncode(text);
     for (const char c : stored) {
-      ASSERT_TRUE((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || strchr(":.,?%", c) != nullptr);
+      ASSERT_TRUE((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                  strchr(":.,?%", c) != nullptr);
     }
     ASSERT_EQ(Tags::HtmlDecode(stored), text);
   }
