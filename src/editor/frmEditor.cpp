@@ -98,6 +98,7 @@ QWidget* frmEditor::buildLowerPart() {
   auto* lower = new QWidget(this);
   TabStrip1 = new QTabWidget(lower);
   TabStrip1->setObjectName(u"TabStrip1"_s);
+  TabStrip1->setAccessibleName(u"Planning data of the scene"_s);
   description_ = new DescriptionTab(TabStrip1);
   description_->setObjectName(u"Frame(0)"_s);
   TabStrip1->addTab(description_, u"Description"_s);

@@ -76,6 +76,16 @@ TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {
   toolkit.MsgBox(text);
 }
 
+TEST(MsgBox, WhoseWindowGoesBeneathItCountsAsNo) {
+  auto* const under = new QWidget;
+  under->show();
+  under->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(under, 20000));
+  QtToolkit toolkit;
+  const WhenModal destroy([&](QWidget&) { delete under; });
+  EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, Buttons::YesNo), Answer::No);
+}
+
 TEST(ErrorReport, IsShownInTheReporterAndWaitsForIt) {
   QtToolkit toolkit;
   bool shown = false;
