@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -178,7 +179,10 @@ void frmEditor::setCaption(const QString& title) {
 
 void frmEditor::Show() {
   if (!isMaximized()) {
-    move(editorPlace(LastEditorLeft, LastEditorTop, size(), screen()->availableGeometry()));
+    const QPoint last(Twips::toPixels(LastEditorLeft), Twips::toPixels(LastEditorTop));
+    const QScreen* const there = QGuiApplication::screenAt(last);
+    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
+    move(editorPlace(LastEditorLeft, LastEditorTop, size(), room));
   }
   show();
   raise();

@@ -3,9 +3,9 @@
 #include "support/ModalHelper.h"
 #include "support/TestHome.h"
 #include "toolkit/Colours.h"
+#include "toolkit/UrlCatcher.h"
 
 #include <QColorDialog>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -14,7 +14,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -185,23 +184,6 @@ TEST(Pointer, IsOrdinaryWhileABoxIsUpAndBusyAgainBehind) {
   toolkit.setPointer(Pointer::Normal);
 }
 
-class UrlCatcher : public QObject {
-  Q_OBJECT
-
- public:
-  UrlCatcher() {
-    QDesktopServices::setUrlHandler(u"file"_s, this, "take");
-    QDesktopServices::setUrlHandler(u"mailto"_s, this, "take");
-  }
-  ~UrlCatcher() override {
-    QDesktopServices::unsetUrlHandler(u"file"_s);
-    QDesktopServices::unsetUrlHandler(u"mailto"_s);
-  }
-  Q_SLOT void take(const QUrl& url) { taken.append(url); }
-
-  QList<QUrl> taken;
-};
-
 TEST(OpenDocument, TellsFilesFromAddressesAndRefusesWhatIsNotThere) {
   const ScratchFolder folder;
   const QString path = folder.path(u"100% done #2.txt"_s);
@@ -235,5 +217,3 @@ TEST(Clipboard, HoldsPlainText) {
 }
 
 }  // namespace
-
-#include "QtToolkit_test.moc"
