@@ -127,7 +127,7 @@ class Assembler {
 RichText::RichText() : data_(sharedEmpty()) {}
 RichText::RichText(RichTextData* data) : data_(data) {}
 RichText::RichText(const RichText&) = default;
-RichText::RichText(RichText&& other) noexcept : data_(sharedEmpty()) {
+RichText::RichText(RichText&& other) noexcept : RichText() {
   data_.swap(other.data_);
 }
 RichText& RichText::operator=(const RichText&) = default;
@@ -228,7 +228,7 @@ qsizetype RichText::replaceAll(QStringView find, QStringView with, Qt::CaseSensi
   if (copied < text.size()) {
     assembler.appendPart(copied, text.size());
   }
-  data_ = assembler.take(text.size());
+  *this = RichText(assembler.take(text.size()));
   return count;
 }
 

@@ -5,7 +5,6 @@
 #include <QHash>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -103,29 +102,17 @@ class RichSink final : public RtfSink {
 };
 
 void RichSink::formatCharacters(RtfProperty property, std::optional<int> value) {
+  static constexpr bool CharState::*kFlags[] = {&CharState::bold,      &CharState::italic,    &CharState::underline,
+                                                &CharState::strikeOut, &CharState::smallCaps, &CharState::allCaps};
   CharState& state = now_.characters;
   const bool on = value.value_or(1) != 0;
+  if (property <= RtfProperty::AllCaps) {
+    state.*kFlags[static_cast<size_t>(property)] = on;
+    return;
+  }
   switch (property) {
-    case RtfProperty::Bold:
-      state.bold = on;
-      return;
-    case RtfProperty::Italic:
-      state.italic = on;
-      return;
-    case RtfProperty::Underline:
-      state.underline = on;
-      return;
     case RtfProperty::NoUnderline:
       state.underline = false;
-      return;
-    case RtfProperty::StrikeOut:
-      state.strikeOut = on;
-      return;
-    case RtfProperty::SmallCaps:
-      state.smallCaps = on;
-      return;
-    case RtfProperty::AllCaps:
-      state.allCaps = on;
       return;
     case RtfProperty::Subscript:
     case RtfProperty::Lowered:
@@ -144,68 +131,31 @@ void RichSink::formatCharacters(RtfProperty property, std::optional<int> value) 
     case RtfProperty::Colour:
       state.colour = value.value_or(0);
       return;
-    case RtfProperty::Background:
-      state.background = value.value_or(0);
-      return;
     default:
+      state.background = value.value_or(0);
       return;
   }
 }
 
 void RichSink::formatParagraph(RtfProperty property, int value) {
-  ParagraphFormat& format = now_.paragraph;
-  using Alignment = ParagraphFormat::Alignment;
-  switch (property) {
-    case RtfProperty::ParagraphDefaults:
-      format = {};
-      now_.nextTab = TabStop::Kind::Left;
-      return;
-    case RtfProperty::AlignLeft:
-      format.alignment = Alignment::Left;
-      return;
-    case RtfProperty::AlignCentre:
-      format.alignment = Alignment::Centre;
-      return;
-    case RtfProperty::AlignRight:
-      format.alignment = Alignment::Right;
-      return;
-    case RtfProperty::AlignJustify:
-      format.alignment = Alignment::Justify;
-      return;
-    case RtfProperty::LeftIndent:
-      format.leftIndent = value;
-      return;
-    case RtfProperty::RightIndent:
-      format.rightIndent = value;
-      return;
-    case RtfProperty::FirstIndent:
-      format.firstIndent = value;
-      return;
-    case RtfProperty::SpaceBefore:
-      format.spaceBefore = value;
-      return;
-    case RtfProperty::SpaceAfter:
-      format.spaceAfter = value;
-      return;
-    case RtfProperty::LineSpacing:
-      format.lineSpacing = value;
-      return;
-    case RtfProperty::LineSpacingFactor:
-      format.lineSpacingIsFactor = value != 0;
-      return;
-    case RtfProperty::TabStop:
-      return addTabStop(value);
-    case RtfProperty::TabCentre:
-      now_.nextTab = TabStop::Kind::Centre;
-      return;
-    case RtfProperty::TabRight:
-      now_.nextTab = TabStop::Kind::Right;
-      return;
-    case RtfProperty::TabDecimal:
-      now_.nextTab = TabStop::Kind::Decimal;
-      return;
-    default:
-      return;
+  using Format = ParagraphFormat;
+  static constexpr int Format::*kLengths[] = {&Format::leftIndent,  &Format::rightIndent, &Format::firstIndent,
+                                              &Format::spaceBefore, &Format::spaceAfter,  &Format::lineSpacing};
+  Format& format = now_.paragraph;
+  const auto after = [property](RtfProperty first) { return static_cast<int>(property) - static_cast<int>(first); };
+  if (property == RtfProperty::ParagraphDefaults) {
+    format = {};
+    now_.nextTab = TabStop::Kind::Left;
+  } else if (property <= RtfProperty::AlignJustify) {
+    format.alignment = static_cast<Format::Alignment>(after(RtfProperty::AlignLeft));
+  } else if (property <= RtfProperty::LineSpacing) {
+    format.*kLengths[after(RtfProperty::LeftIndent)] = value;
+  } else if (property == RtfProperty::LineSpacingFactor) {
+    format.lineSpacingIsFactor = value != 0;
+  } else if (property == RtfProperty::TabStop) {
+    addTabStop(value);
+  } else {
+    now_.nextTab = static_cast<TabStop::Kind>(after(RtfProperty::TabStop));
   }
 }
 

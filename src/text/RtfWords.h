@@ -32,39 +32,17 @@ enum class RtfAction : quint8 {
   Hidden,
 };
 
-/// Formats that control words set.
+/// Formats that control words set, in groups whose order the rich text's own enumerations and fields follow.
 enum class RtfProperty : quint8 {
-  Bold,
-  Italic,
-  Underline,
-  NoUnderline,
-  StrikeOut,
-  SmallCaps,
-  AllCaps,
-  Subscript,
-  Superscript,
-  NormalScript,
-  Raised,
-  Lowered,
-  FontSize,
-  Colour,
-  Background,
+  // clang-format off
+  Bold, Italic, Underline, StrikeOut, SmallCaps, AllCaps,
+  NoUnderline, Subscript, Superscript, NormalScript, Raised, Lowered, FontSize, Colour, Background,
   ParagraphDefaults,
-  AlignLeft,
-  AlignCentre,
-  AlignRight,
-  AlignJustify,
-  LeftIndent,
-  RightIndent,
-  FirstIndent,
-  SpaceBefore,
-  SpaceAfter,
-  LineSpacing,
+  AlignLeft, AlignCentre, AlignRight, AlignJustify,
+  LeftIndent, RightIndent, FirstIndent, SpaceBefore, SpaceAfter, LineSpacing,
   LineSpacingFactor,
-  TabStop,
-  TabCentre,
-  TabRight,
-  TabDecimal,
+  TabStop, TabCentre, TabRight, TabDecimal
+  // clang-format on
 };
 
 struct RtfWord {

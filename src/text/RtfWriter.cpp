@@ -23,9 +23,7 @@ constexpr std::array<bool, 128> kPlain = [] {
 }();
 
 char* copy(char* out, const char* text) {
-  const size_t length = std::strlen(text);
-  std::memcpy(out, text, length);
-  return out + length;
+  return std::copy(text, text + std::strlen(text), out);
 }
 
 char* writeHex(char* out, int byte) {

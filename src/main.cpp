@@ -1,0 +1,45 @@
+#include "Version.h"
+#include "editor/frmEditor.h"
+#include "infra/Maker.h"
+#include "shell/GuardedApplication.h"
+#include "shell/frmMain.h"
+#include "toolkit/QtToolkit.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Everything behind the program's name is one path; a shell may have parted it at its blanks.
+QString commandLine() {
+  return QCoreApplication::arguments().mid(1).join(u' ');
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  GuardedApplication application(argc, argv);
+  QCoreApplication::setApplicationName(u"quillane4"_s);
+  QCoreApplication::setOrganizationName(QString::fromLatin1(Maker::kName));
+  QCoreApplication::setApplicationVersion(QStringLiteral(QUILLANE_VERSION));
+  QGuiApplication::setDesktopFileName(u"quillane4"_s);
+
+  // The main window ends the program itself; a box that closes before it is shown shall not.
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+
+  QtToolkit screen;
+  installToolkit(&screen);
+  registerSceneEditor();
+  int result = 0;
+  {
+    frmMain main(commandLine());
+    if (main.Form_Initialize()) {
+      main.Form_Load();
+      if (!main.Closing) {
+        main.show();
+        result = QCoreApplication::exec();
+      }
+    }
+  }
+  installToolkit(nullptr);
+  return result;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QTreeWidget>
+
+/// A list of model rows in columns. A row's tag is the ID of what it shows.
+class ListView : public QTreeWidget {
+  Q_OBJECT
+
+ public:
+  explicit ListView(const QStringList& columns, QWidget* parent = nullptr);
+
+  static qint32 tagOf(const QTreeWidgetItem& row);
+  static void setTag(QTreeWidgetItem& row, qint32 id);
+
+  /// The selected row: the current one if it is selected, else the first selected; null when none is.
+  QTreeWidgetItem* SelectedItem() const;
+  /// Its tag; 0 when none is selected.
+  qint32 SelectedTag() const;
+  /// The tags of all selected rows in list order.
+  QList<qint32> SelectedTags() const;
+  int SelectedCount() const { return static_cast<int>(selectedItems().size()); }
+  /// Index of the row with this tag; -1 when there is none.
+  int rowOfTag(qint32 id) const;
+  /// Selects this row alone and makes it the current one; nothing for an index outside.
+  void SelectRow(int row);
+  /// Selects the row with this tag, the first row when there is none.
+  void SelectTag(qint32 id);
+  /// True while a key is down that may move the selection: its release tells the end.
+  bool keyIsDown() const { return keyIsDown_; }
+
+ Q_SIGNALS:
+  /// Enter, or a double click on a row.
+  void rowOpened();
+  /// A key went up, or the keyboard went elsewhere while it was down.
+  void keyUp(int key);
+  /// The left or another mouse button went up.
+  void buttonUp();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  void endKey(int key);
+
+  bool keyIsDown_ = false;
+};
+
+/// Writes a cell only when it differs: a row that is shown repaints otherwise.
+void setCell(QTreeWidgetItem& row, int column, const QString& text);
+void setCell(QTreeWidgetItem& row, int column, qint32 number);

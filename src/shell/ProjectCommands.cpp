@@ -1,0 +1,168 @@
+#include "shell/ProjectCommands.h"
+
+#include "infra/Paths.h"
+#include "infra/cSharedFileSubs.h"
+#include "model/Globals.h"
+#include "model/clsProject.h"
+#include "shell/ChapterPane.h"
+#include "shell/MainMenuBar.h"
+#include "shell/MainPanes.h"
+#include "shell/RecentProjects.h"
+#include "shell/frmMain.h"
+#include "shell/modCreateProject.h"
+#include "toolkit/Toolkit.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An older project is written anew in the present form: only when the user wants that.
+bool conversionWanted(const QString& path) {
+  return Files().ExtOnly(path).toLower() != u"qn3"_s ||
+         toolkit().MsgBox(
+             u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s,
+             Buttons::YesNo) == Answer::Yes;
+}
+
+}  // namespace
+
+void ProjectCommands::LoadProject(const QString& Path, bool ShowProgress) {
+  AddToRecent(Path);
+  if (!g_Project->Load(Path, ShowProgress)) {
+    showEmptyProject();
+    toolkit().DoEvents();
+    return;
+  }
+  main_.panes().clearSelection();
+  main_.EnableMenus();
+  main_.RefreshAll();
+  main_.ProjectChanged = false;
+}
+
+void ProjectCommands::showEmptyProject() {
+  g_Project = std::make_unique<clsProject>();
+  main_.DisableMenus();
+  main_.panes().clearSelection();
+  main_.RefreshAll();
+  main_.ProjectChanged = false;
+}
+
+void ProjectCommands::SaveProject(bool ShowProgress) {
+  main_.StopScanTimer();
+  main_.ProjectChanged = false;
+  if (g_Project->SaveQN4(ShowProgress)) {
+    AddToRecent(g_Project->FileWithPath);
+  }
+  main_.StartScanTimer();
+}
+
+void ProjectCommands::saveIfChanged() {
+  if (main_.ProjectChanged) {
+    SaveProject(false);
+  }
+}
+
+void ProjectCommands::AddToRecent(const QString& Path) {
+  RecentProjects::AddToRecent(Path);
+  UpdateRecent();
+}
+
+void ProjectCommands::UpdateRecent() {
+  QList<MenuElement> elements;
+  for (const QString& path : RecentProjects::existing()) {
+    elements.append({RecentProjects::captionOf(path), path});
+  }
+  main_.menus().loadElements(u"mnuRecent"_s, elements);
+  // Element 0 only says that there is nothing yet.
+  main_.menus().setVisible(u"mnuRecent(0)"_s, elements.isEmpty());
+}
+
+bool ProjectCommands::CloseProject() {
+  if (main_.ProjectChanged) {
+    if (main_.refusedWhileEditing()) {
+      return true;
+    }
+    SaveProject(false);
+  }
+  showEmptyProject();
+  return true;
+}
+
+void ProjectCommands::setMenusByProject() {
+  g_Project->FileWithPath.isEmpty() ? main_.DisableMenus() : main_.EnableMenus();
+}
+
+// Whoever opens a project by hand is not asked about updates in this run.
+void ProjectCommands::mnuLoadProj_Click() {
+  main_.stopUpdateCheck();
+  saveIfChanged();
+  main_.StopScanTimer();
+  const QString path =
+      toolkit().OpenFileDialog({u"Open"_s, u"*.qn3;*.qn4;*.qnc4"_s, QString(), Paths::documentsFolder()});
+  if (!path.isEmpty() && conversionWanted(path)) {
+    LoadProject(path, true);
+  }
+  if (g_Project->FileWithPath.isEmpty()) {
+    main_.RefreshAll();
+  }
+  setMenusByProject();
+  UpdateRecent();
+  main_.StartScanTimer();
+}
+
+void ProjectCommands::mnuRecent_Click(const QString& Path) {
+  if (Path.isEmpty()) {
+    return;
+  }
+  main_.stopUpdateCheck();
+  saveIfChanged();
+  main_.StopScanTimer();
+  LoadProject(Path, true);
+  setMenusByProject();
+  main_.StartScanTimer();
+}
+
+void ProjectCommands::mnuSaveProj_Click() {
+  SaveProject(true);
+}
+
+void ProjectCommands::mnuSaveAs_Click() {
+  main_.StopScanTimer();
+  main_.ProjectChanged = false;
+  if (g_Project->SaveAs()) {
+    AddToRecent(g_Project->FileWithPath);
+  }
+  main_.StartScanTimer();
+}
+
+void ProjectCommands::mnuCloseProject_Click() {
+  CloseProject();
+}
+
+void ProjectCommands::mnuNewProj_Click() {
+  main_.StopScanTimer();
+  saveIfChanged();
+  main_.StopScanTimer();
+  const bool created = CreateEmptyProject();
+  created ? main_.EnableMenus() : main_.DisableMenus();
+  main_.panes().clearSelection();
+  main_.RefreshAll();
+  main_.ProjectChanged = false;
+  main_.StartScanTimer();
+}
+
+void ProjectCommands::mnuAppendProject_Click() {
+  toolkit().MsgBox(u"This isn't working yet - project path in TP used from main project file, not TP."_s);
+}
+
+void ProjectCommands::mnuSaveToSingleFile_Click() {
+  if (g_Project->FileWithPath.isEmpty()) {
+    return;
+  }
+  const QString remembered = g_Project->FileWithPath;
+  g_Project->FileWithPath = Files().FileWithoutExt(remembered) + u".qnc4"_s;
+  if (g_Project->SaveQNC4(true)) {
+    toolkit().MsgBox(u"File saved to "_s + g_Project->FileWithPath);
+  }
+  g_Project->FileWithPath = remembered;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// The projects that were open last, newest first, in the settings "Recent0", "Recent1" and so on.
+namespace RecentProjects {
+
+/// As many are read; one more is written, and never read again: so the oldest falls off.
+inline constexpr int kCount = 14;
+
+/// The path in front, and no path twice.
+QStringList withNewest(QStringList paths, const QString& path);
+
+/// Puts the path in front and saves the settings file at once, so that the list outlives a crash.
+void AddToRecent(const QString& path);
+/// The paths whose files are there; one that has gone leaves the settings.
+QStringList existing();
+/// "name \folder": the file's name without extension and the last folder of its path.
+QString captionOf(const QString& path);
+
+}  // namespace RecentProjects

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QWidget>
+
+class ListView;
+class QSplitter;
+class QTreeWidgetItem;
+class SceneTabs;
+
+/// The scenes of the selected chapter, and beside them, over a splitter, the display of the selected one.
+class ScenePane : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ScenePane(QWidget* parent = nullptr);
+
+  ListView& ListScenes() const { return *listScenes_; }
+  SceneTabs& TabStrip1() const { return *tabStrip1_; }
+
+  /// The chapter whose scenes the list shows; 0 when it shows none.
+  qint32 shownChapterID() const { return shownChapterID_; }
+  /// Fills the list and selects a row, counted from 1: 0 for the row that is selected already. The first row when
+  /// there is no such row.
+  void FillSceneList(qint32 ChapterID, int SelectIndex);
+  /// No chapter: an empty list and display.
+  void clear();
+  void UpdateSceneRow(QTreeWidgetItem& row, qint32 SceneID) const;
+  void DisplaySelectedScene();
+  void ClearSceneDisplay();
+  void SelectScene(qint32 SceneID);
+  qint32 SelectedSceneID() const;
+
+  /// The splitter's left edge and the pane's width, in twips; 0 before the pane is laid out.
+  double splitterLeft() const;
+  double frameWidth() const;
+  /// Moves the splitter to this part of the pane's width, clamped. For a pane that is laid out.
+  void placeSplitter(double fraction);
+
+ Q_SIGNALS:
+  void sceneOpened();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void buildLayout();
+  void connectSignals();
+  void displayIfOther();
+
+  ListView* listScenes_;
+  SceneTabs* tabStrip1_;
+  QSplitter* splitter_;
+  qint32 shownChapterID_ = 0;
+  qint32 displayedSceneID_ = 0;
+  /// The list is being filled: selections in it are no choice of the user's.
+  bool Filling_ = false;
+};

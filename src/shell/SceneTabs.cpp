@@ -1,0 +1,181 @@
+#include "shell/SceneTabs.h"
+
+#include "model/clsScene.h"
+#include "shell/ListView.h"
+#include "shell/SceneBody.h"
+#include "shell/modFillList.h"
+#include "toolkit/Icons.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Tab { kDescription, kContent, kCharacters, kLocations, kItems, kGoals, kNotes };
+
+constexpr std::array kGoalNames{"txtGoal", "txtConflict", "txtOutcome"};
+constexpr std::array kActionLabels{"Goal", "Conflict", "Outcome"};
+constexpr std::array kReactionLabels{"Reaction", "Dilemma", "Decision"};
+
+QPlainTextEdit* readOnlyText(const QString& name, const QString& spokenName) {
+  auto* field = new QPlainTextEdit;
+  field->setObjectName(name);
+  field->setAccessibleName(spokenName);
+  field->setReadOnly(true);
+  field->setTabChangesFocus(true);
+  return field;
+}
+
+QLabel* labelOf(const QString& caption, QWidget* buddy) {
+  auto* label = new QLabel(caption);
+  label->setBuddy(buddy);
+  return label;
+}
+
+ListView* plainList(const QString& name, const QString& spokenName, const QStringList& columns) {
+  auto* list = new ListView(columns);
+  list->setObjectName(name);
+  list->setAccessibleName(spokenName);
+  list->setHeaderHidden(columns.size() == 1);
+  return list;
+}
+
+}  // namespace
+
+SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
+  setObjectName(u"TabStrip1"_s);
+  setUsesScrollButtons(true);
+  tabBar()->setExpanding(false);
+  buildDescription();
+  buildContent();
+  ListChar_ = buildLists(u"Characters"_s, u"ListChar"_s, {u"Name"_s, u"Full name"_s});
+  ListLoc_ = buildLists(u"Locations"_s, u"ListLoc"_s, {u"Name"_s});
+  ListItems_ = buildLists(u"Items"_s, u"ListItems"_s, {u"Name"_s});
+  buildGoals();
+  buildNotes();
+  for (int tab = 0; tab < count(); ++tab) {
+    setTabToolTip(tab,
+                  u"ALL of the fields in this tab control are READ ONLY! Double-click a scene to change the data "
+                  "presented here."_s);
+  }
+}
+
+QWidget* SceneTabs::addFrame(const QString& caption) {
+  auto* frame = new QWidget;
+  frame->setObjectName(u"Frame("_s + QString::number(count()) + u')');
+  new QVBoxLayout(frame);
+  addTab(frame, caption);
+  return frame;
+}
+
+void SceneTabs::buildDescription() {
+  QLayout* column = addFrame(u"Description"_s)->layout();
+  txtSceneTitle_ = new QLineEdit;
+  txtSceneTitle_->setObjectName(u"txtSceneTitle"_s);
+  txtSceneTitle_->setAccessibleName(u"Scene title"_s);
+  txtSceneTitle_->setReadOnly(true);
+  txtDesc_ = readOnlyText(u"txtDesc"_s, u"Scene description"_s);
+  txtDesc_->viewport()->installEventFilter(this);
+  column->addWidget(labelOf(u"Title:"_s, txtSceneTitle_));
+  column->addWidget(txtSceneTitle_);
+  column->addWidget(labelOf(u"Description:"_s, txtDesc_));
+  column->addWidget(txtDesc_);
+}
+
+void SceneTabs::buildContent() {
+  txtBody_ = new SceneBody;
+  txtBody_->viewport()->installEventFilter(this);
+  addFrame(u"Content"_s)->layout()->addWidget(txtBody_);
+}
+
+SceneTabs::ListPair SceneTabs::buildLists(const QString& caption, const QString& array, const QStringList& allColumns) {
+  auto* column = static_cast<QVBoxLayout*>(addFrame(caption)->layout());
+  const ListPair lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
+                       plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
+  column->addWidget(labelOf(u"In this scene:"_s, lists.inScene));
+  column->addWidget(lists.inScene, 1);
+  column->addWidget(labelOf(u"All:"_s, lists.all));
+  column->addWidget(lists.all, 1);
+  return lists;
+}
+
+void SceneTabs::buildGoals() {
+  auto* column = static_cast<QVBoxLayout*>(addFrame(u"Goals"_s)->layout());
+  for (size_t i = 0; i < goals_.size(); ++i) {
+    goals_[i] = readOnlyText(QString::fromLatin1(kGoalNames[i]), QString::fromLatin1(kActionLabels[i]));
+    goalLabels_[i] = labelOf(QString::fromLatin1(kActionLabels[i]), goals_[i]);
+    column->addWidget(goalLabels_[i]);
+    column->addWidget(goals_[i], 1);
+  }
+}
+
+void SceneTabs::buildNotes() {
+  txtNotes_ = readOnlyText(u"txtNotes"_s, u"Scene notes"_s);
+  addFrame(u"Scene Notes"_s)->layout()->addWidget(txtNotes_);
+}
+
+bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
+  const bool opens = watched == txtBody_->viewport() || watched == txtDesc_->viewport();
+  if (opens && event->type() == QEvent::MouseButtonDblClick) {
+    Q_EMIT sceneOpened();
+    return true;
+  }
+  return QTabWidget::eventFilter(watched, event);
+}
+
+void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
+  setTabIcon(tab, shown ? icon(key) : QIcon());
+}
+
+void SceneTabs::display(clsScene& scene) {
+  const qint32 id = scene.ID();
+  txtBody_->showText(scene);
+  txtSceneTitle_->setText(scene.Title);
+  txtSceneTitle_->setCursorPosition(0);
+  txtDesc_->setPlainText(scene.DescText);
+  txtNotes_->setPlainText(scene.Notes);
+  showTabIcon(kNotes, "note", scene.HasNote());
+  modFillList::FillCharInScene(*ListChar_.inScene, id, false, false);
+  modFillList::FillAllCharList(*ListChar_.all, true, false);
+  modFillList::FillAllItems(*ListItems_.all);
+  modFillList::FillAllLocations(*ListLoc_.all);
+  displayGoals(scene);
+  modFillList::FillItemsInScene(*ListItems_.inScene, id);
+  modFillList::FillLocationsInScene(*ListLoc_.inScene, id);
+}
+
+void SceneTabs::displayGoals(const clsScene& scene) {
+  const auto& labels = scene.ReactionScene ? kReactionLabels : kActionLabels;
+  const std::array texts{&scene.Goal, &scene.Conflict, &scene.Outcome};
+  bool any = false;
+  for (size_t i = 0; i < goals_.size(); ++i) {
+    const QString label = QString::fromLatin1(labels[i]);
+    const QString& text = *texts[i];
+    any = any || !text.isEmpty();
+    goalLabels_[i]->setText(label);
+    goals_[i]->setAccessibleName(label);
+    goals_[i]->setPlainText(text.isEmpty() ? u"No "_s + label + u" specified"_s : text);
+  }
+  showTabIcon(kGoals, "goal", any);
+}
+
+void SceneTabs::clearDisplay() {
+  txtSceneTitle_->clear();
+  for (QPlainTextEdit* field : {txtDesc_, txtNotes_, goals_[0], goals_[1], goals_[2]}) {
+    field->clear();
+  }
+  txtBody_->clearText();
+  for (const ListPair& lists : {ListChar_, ListLoc_, ListItems_}) {
+    lists.inScene->clear();
+    lists.all->clear();
+  }
+  showTabIcon(kNotes, "note", false);
+  showTabIcon(kGoals, "goal", false);
+}

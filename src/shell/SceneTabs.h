@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QTabWidget>
+
+#include <array>
+
+class ListView;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class SceneBody;
+class clsScene;
+
+/// The tabs beside the scene list: a read-only display of the selected scene.
+class SceneTabs : public QTabWidget {
+  Q_OBJECT
+
+ public:
+  explicit SceneTabs(QWidget* parent = nullptr);
+
+  /// Fills everything from the scene.
+  void display(clsScene& scene);
+  /// Empties the lists and fields.
+  void clearDisplay();
+
+ Q_SIGNALS:
+  /// A double click on the scene's text or description.
+  void sceneOpened();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct ListPair {
+    ListView* inScene;
+    ListView* all;
+  };
+
+  QWidget* addFrame(const QString& caption);
+  void buildDescription();
+  void buildContent();
+  ListPair buildLists(const QString& caption, const QString& array, const QStringList& allColumns);
+  void buildGoals();
+  void buildNotes();
+  void displayGoals(const clsScene& scene);
+  void showTabIcon(int tab, const char* key, bool shown);
+
+  QLineEdit* txtSceneTitle_ = nullptr;
+  QPlainTextEdit* txtDesc_ = nullptr;
+  SceneBody* txtBody_ = nullptr;
+  ListPair ListChar_{};
+  ListPair ListLoc_{};
+  ListPair ListItems_{};
+  std::array<QLabel*, 3> goalLabels_{};
+  std::array<QPlainTextEdit*, 3> goals_{};
+  QPlainTextEdit* txtNotes_ = nullptr;
+};

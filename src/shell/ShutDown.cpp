@@ -1,0 +1,82 @@
+#include "infra/Guard.h"
+#include "infra/cSHAREDSettings.h"
+#include "infra/cSharedLogging.h"
+#include "model/Globals.h"
+#include "model/clsProject.h"
+#include "shell/ChapterPane.h"
+#include "shell/ListView.h"
+#include "shell/MainPanes.h"
+#include "shell/ScenePane.h"
+#include "shell/frmMain.h"
+#include "toolkit/Toolkit.h"
+#include "toolkit/WindowSettings.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+// The end of the program. Each step stands for itself: none may keep the next from running.
+
+void frmMain::EndProgram() {
+  if (Closing) {
+    return;
+  }
+  Closing = true;
+  StopScanTimer();
+  Timer3_.stop();
+  const Guard guard("EndProgram", "frmMain");
+  guard([&] { storeSettings(); });
+  toolkit().DoEvents();
+  if (!g_Project->FileWithPath.isEmpty()) {
+    guard([&] { SaveProject(true); });
+    StopScanTimer();
+  }
+  guard([&] { g_Project = std::make_unique<clsProject>(); });
+  if (settingsLoaded_) {
+    guard([&] { Settings().SaveSettings(g_SettingsFile); });
+  }
+  unloadForms();
+  Logging().WriteActionsToLog();
+  if (!InstallerPath.isEmpty()) {
+    guard([&] { toolkit().runProgram(InstallerPath, {}, false); });
+  }
+  endProcess();
+}
+
+// A start that failed before the settings were read has nothing to store: it would wipe out what they hold.
+void frmMain::storeSettings() {
+  if (!settingsLoaded_) {
+    return;
+  }
+  Settings().sSet(u"DblSpaced"_s, g_DblSpaced);
+  Settings().sSet(u"12Spaced"_s, g_12Spaced);
+  Settings().sSet(u"FontSize"_s, static_cast<int>(g_FontSize));
+  Settings().sSet(u"FontName"_s, g_FontName);
+  storeLayout();
+}
+
+void frmMain::storeLayout() {
+  if (!isVisible()) {
+    return;
+  }
+  storeWindow(u"Main"_s, *this);
+  storeColumns(u"MainChap"_s, panes_->FrameChapters().ListChapters());
+  storeColumns(u"MainScn"_s, panes_->FrameScenes().ListScenes());
+  const double left = panes_->FrameScenes().splitterLeft();
+  const double width = panes_->FrameScenes().frameWidth();
+  if (!isMinimized() && left > 0 && width > 0) {
+    Settings().sSet(u"SplitPercent"_s, left / width);
+    Settings().sSet(u"ChapterSplit"_s, panes_->chapterSplit());
+  }
+}
+
+// From the last to the first, this window at the end.
+void frmMain::unloadForms() {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  for (QWidget* window : windows) {
+    if (window != this && window->isVisible() && window->isWindow()) {
+      window->close();
+    }
+  }
+  hide();
+}

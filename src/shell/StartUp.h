@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class frmMain;
+class frmSplash;
+
+/// What happens between the start of the process and the main window's first appearance, in its order. An error
+/// in any step ends it; the main window tells the user then.
+class StartUp {
+ public:
+  explicit StartUp(frmMain& main);
+  ~StartUp();
+
+  void run();
+
+ private:
+  /// False, and said, at the first essential library that is missing.
+  bool helperLibrariesExist() const;
+  void setGlobals() const;
+  void showSplash();
+  void splashStatus(const QString& text) const;
+  void fillStatusMenu() const;
+  void greetFirstRun() const;
+  void readSettings() const;
+  void readFonts() const;
+  void showStatusBar() const;
+  void restoreLayout() const;
+  void openProject() const;
+  void openFromCommandLine(const QString& path) const;
+  void openLast(const QString& path) const;
+  void finish();
+
+  frmMain& main_;
+  std::unique_ptr<frmSplash> splash_;
+};
