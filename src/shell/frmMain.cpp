@@ -50,7 +50,7 @@ frmMain::~frmMain() = default;
 void frmMain::createParts() {
   setMinimumSize(PaneLayout::pixelsAtLeast(PaneLayout::kMinimumWidth),
                  PaneLayout::pixelsAtLeast(PaneLayout::kMinimumHeight));
-  resize(1200, 760);
+  resize(1100, 720);
   menus_ = new MainMenuBar(*this, *menuBar());
   panes_ = new MainPanes;
   setCentralWidget(panes_);
