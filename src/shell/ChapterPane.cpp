@@ -60,7 +60,7 @@ void ChapterPane::buildLayout() {
   QHeaderView& header = *listChapters_->header();
   header.setStretchLastSection(false);
   const int digit = fontMetrics().horizontalAdvance(u'0');
-  for (const auto& [column, digits] : {std::pair{kTitle, 18}, {kWords, 8}, {kScenes, 7}, {kCount, 9}}) {
+  for (const auto& [column, digits] : {std::pair{kTitle, 18}, {kWords, 7}, {kScenes, 6}, {kCount, 8}}) {
     listChapters_->setColumnWidth(column, digit * digits);
   }
   for (const int column : {kWords, kScenes, kCount}) {

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 namespace {
@@ -90,6 +91,12 @@ void ListView::SelectRow(int row) {
 
 void ListView::SelectTag(qint32 id) {
   SelectRow(std::max(rowOfTag(id), 0));
+}
+
+void ListView::fitColumn(int column) {
+  const int others = header()->length() - columnWidth(column);
+  const int room = maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
+  setColumnWidth(column, std::max(room - others, header()->minimumSectionSize() * 2));
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {

@@ -26,6 +26,8 @@ class ListView : public QTreeWidget {
   void SelectRow(int row);
   /// Selects the row with this tag, the first row when there is none.
   void SelectTag(qint32 id);
+  /// Gives a column the room that the others leave, with a scroll bar beside them.
+  void fitColumn(int column);
   /// True while a key is down that may move the selection: its release tells the end.
   bool keyIsDown() const { return keyIsDown_; }
 

@@ -109,9 +109,10 @@ double MainPanes::chapterSplit() const {
   return whole > 0 ? static_cast<double>(splitter_->handle(1)->x()) / whole : 0;
 }
 
-void MainPanes::placeSplitters(double chapterSplit, double sceneSplit) {
+void MainPanes::placeSplitters(double chapterSplit, double sceneSplit, bool fitTitles) {
   chapterSplit_ = chapterSplit;
   sceneSplit_ = sceneSplit;
+  fitTitles_ = fitTitles;
   if (isVisible()) {
     applySplits();
   }
@@ -130,5 +131,8 @@ void MainPanes::applySplits() {
   const int left = qRound(whole * chapterSplit_);
   splitter_->setSizes({left, whole - splitter_->handleWidth() - left});
   frameScenes_->placeSplitter(sceneSplit_);
+  if (fitTitles_) {
+    frameChapters_->ListChapters().fitColumn(0);
+  }
   chapterSplit_ = 0;
 }

@@ -37,6 +37,8 @@ void NotesPane::buildLayout() {
   txtNoteEditor_->setAccessibleName(u"Note text"_s);
   txtNoteEditor_->setReadOnly(true);
   txtNoteEditor_->setTabChangesFocus(true);
+  // The colour of a button: this is for reading.
+  txtNoteEditor_->viewport()->setBackgroundRole(QPalette::Button);
 
   auto* note = new QWidget;
   auto* column = new QVBoxLayout(note);

@@ -34,7 +34,7 @@ namespace {
 /// A full backup that is older than this many days is due.
 constexpr int kBackupDays = 7;
 
-constexpr double kDefaultChapterSplit = 0.31;
+constexpr double kDefaultChapterSplit = 0.33;
 
 bool truth(const QVariant& value) {
   return Numbers::ToInt(value) != 0;
@@ -142,6 +142,7 @@ void StartUp::readFonts() const {
 void StartUp::showStatusBar() const {
   const QString version = Subs().AppVersion();
   main_.status().setVersion(version);
+  main_.showTotal();
   const qint32 lastBackup = Numbers::ToInt(Settings().sGet(u"LastFullBackup"_s, 0));
   main_.status().setBackupReminder(lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
   Logging().LogEvent(u"Quillane 4 startup: "_s + version);
@@ -154,7 +155,8 @@ void StartUp::restoreLayout() const {
   restoreColumns(u"MainScn"_s, panes.FrameScenes().ListScenes());
   panes.showScenesTab();
   panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
-                       fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
+                       fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit),
+                       !Settings().IsSettingPresent(u"MainChap1_W"_s));
 }
 
 void StartUp::openProject() const {

@@ -63,4 +63,5 @@ void frmAbout::buildLayout() {
   column->addWidget(buttons);
   column->setSizeConstraint(QLayout::SetFixedSize);
   buttons->button(QDialogButtonBox::Close)->setDefault(true);
+  buttons->button(QDialogButtonBox::Close)->setFocus();
 }

@@ -135,11 +135,13 @@ bool frmMain::refusedWhileEditing() {
 void frmMain::DisableMenus() {
   menus_->apply(menusWithoutProject());
   setProjectFieldsEnabled(false);
+  showMessage(u"No project is open. The Project menu opens or creates one."_s);
 }
 
 void frmMain::EnableMenus() {
   menus_->apply(menusWithProject());
   setProjectFieldsEnabled(true);
+  showMessage({});
 }
 
 void frmMain::setProjectFieldsEnabled(bool enabled) {

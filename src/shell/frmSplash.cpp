@@ -25,7 +25,8 @@ QLabel* label(const QString& name, const QString& text, double scale) {
 
 }  // namespace
 
-frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen), lblStatus_(new QLabel) {
+frmSplash::frmSplash() : QFrame(nullptr, Qt::SplashScreen), lblStatus_(new QLabel) {
+  setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
   setObjectName(u"frmSplash"_s);
   setWindowTitle(u"Quillane 4"_s);
   buildLayout();

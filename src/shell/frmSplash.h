@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include <QFrame>
 
 class QLabel;
 
 /// What is on the screen while the program starts: version, maker, and what is being done.
-class frmSplash : public QWidget {
+class frmSplash : public QFrame {
   Q_OBJECT
 
  public:
