@@ -30,7 +30,9 @@ bool writeBlock(int file, const Tag& block, const Collection& collection, const 
     lines.resize(0);
   };
   lines.append('\t').append(block.open).append("\r\n");
-  for (const auto& entity : collection) {
+  // A copy: the progress caption yields, and what it yields to may add an entity.
+  const std::vector<typename Collection::Pointer> entities(collection.begin(), collection.end());
+  for (const auto& entity : entities) {
     result = guard([&] { appendElement(*entity, lines); }) && result;
     lines.append("\r\n");
     if (lines.size() > kPrintedTogether) {
@@ -136,11 +138,18 @@ bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
   return read && result;
 }
 
+void clsScenes::NameScenesText() {
+  for (const Pointer& scene : *this) {
+    scene->NameRTFFile();
+  }
+}
+
 bool clsScenes::SaveScenesText(bool force) {
   bool result = true;
   const bool mirror = clsScene::mirrorWanted();
   const Guard guard("SaveScenesText", "clsScenes");
-  for (const Pointer& scene : *this) {
+  const std::vector<Pointer> scenes(begin(), end());
+  for (const Pointer& scene : scenes) {
     result = guard([&] { scene->SaveRTF(force, mirror); }) && result;
   }
   return result;
