@@ -3,7 +3,10 @@
 #include "infra/Maker.h"
 #include "shell/GuardedApplication.h"
 #include "shell/frmMain.h"
+#include "toolkit/Icons.h"
 #include "toolkit/QtToolkit.h"
+
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +20,11 @@ QString commandLine() {
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifndef Q_OS_MACOS
+  // The menu bar stays in its window. Asking the desktop for another place means a session bus, and where there is
+  // none a process that looks for one: longer than the rest of the start.
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+#endif
   GuardedApplication application(argc, argv);
   QCoreApplication::setApplicationName(u"quillane4"_s);
   QCoreApplication::setOrganizationName(QString::fromLatin1(Maker::kName));
@@ -36,6 +44,8 @@ int main(int argc, char** argv) {
       main.Form_Load();
       if (!main.Closing) {
         main.show();
+        // Drawn in many sizes, so not before there is something to see.
+        QTimer::singleShot(100, &main, [] { QGuiApplication::setWindowIcon(icon("quillane")); });
         result = QCoreApplication::exec();
       }
     }

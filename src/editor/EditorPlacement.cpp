@@ -8,7 +8,7 @@ double LastEditorTop = 0;
 namespace {
 
 int placeAlong(int last, int size, int screenStart, int screenSize) {
-  const bool onScreen = last > 0 && last < screenStart + screenSize;
+  const bool onScreen = last > 0 && last >= screenStart && last < screenStart + screenSize;
   return onScreen ? last : screenStart + qMax(0, (screenSize - size) / 2);
 }
 

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QToolButton>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,15 @@ namespace {
 /// A typed size is taken from the lower limit on and below the upper one.
 constexpr double kSmallestSize = 5;
 constexpr double kTooLarge = 32;
+
+/// Stays as it is under the mouse wheel: scrolling past it must not format the text.
+class BarCombo : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
 
 }  // namespace
 
@@ -42,7 +52,7 @@ FontBar::FontBar(RichTextBox& text, QWidget* parent)
 }
 
 QComboBox* FontBar::makeCombo(const char* name, const QString& tip) {
-  auto* combo = new QComboBox(this);
+  auto* combo = new BarCombo(this);
   combo->setObjectName(QString::fromLatin1(name));
   combo->setAccessibleName(tip);
   combo->setToolTip(tip);

@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -98,6 +99,7 @@ QWidget* frmEditor::buildLowerPart() {
   auto* lower = new QWidget(this);
   TabStrip1 = new QTabWidget(lower);
   TabStrip1->setObjectName(u"TabStrip1"_s);
+  TabStrip1->setAccessibleName(u"Planning data of the scene"_s);
   description_ = new DescriptionTab(TabStrip1);
   description_->setObjectName(u"Frame(0)"_s);
   TabStrip1->addTab(description_, u"Description"_s);
@@ -177,7 +179,10 @@ void frmEditor::setCaption(const QString& title) {
 
 void frmEditor::Show() {
   if (!isMaximized()) {
-    move(editorPlace(LastEditorLeft, LastEditorTop, size(), screen()->availableGeometry()));
+    const QPoint last(Twips::toPixels(LastEditorLeft), Twips::toPixels(LastEditorTop));
+    const QScreen* const there = QGuiApplication::screenAt(last);
+    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
+    move(editorPlace(LastEditorLeft, LastEditorTop, size(), room));
   }
   show();
   raise();

@@ -148,10 +148,11 @@ void ChapterPane::FillChapterList() {
     UpdateChapterRow(*row, chapter->ID());
     rows.append(row);
   }
+  // Written before they stand in the list, which would hear of each cell.
+  writeProgress(rows);
   listChapters_->clear();
   clearDescription();
   listChapters_->addTopLevelItems(rows);
-  RecalcProgressive();
 }
 
 void ChapterPane::UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const {
@@ -165,23 +166,28 @@ void ChapterPane::UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const
   setCell(row, kTitle, chapter->Title);
   setCell(row, kWords, chapter->Wordcount(false));
   setCell(row, kScenes, chapter->SceneCount());
-  for (const int column : {kWords, kScenes, kCount}) {
-    row.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-  }
 }
 
 void ChapterPane::RecalcProgressive() {
+  QList<QTreeWidgetItem*> rows;
+  for (int i = 0; i < listChapters_->topLevelItemCount(); ++i) {
+    rows.append(listChapters_->topLevelItem(i));
+  }
+  writeProgress(rows);
+}
+
+void ChapterPane::writeProgress(const QList<QTreeWidgetItem*>& rows) {
   const qint32 endOfBeginning = g_Project->Chapters.ChapterIndex(g_Project->EndBeginningChID);
   const qint32 endOfMiddle = g_Project->Chapters.ChapterIndex(g_Project->EndMiddleChID);
   progressiveTotal_ = 0;
-  for (int i = 0; i < listChapters_->topLevelItemCount(); ++i) {
-    QTreeWidgetItem& row = *listChapters_->topLevelItem(i);
-    const auto chapter = g_Project->ChapterByID(ListView::tagOf(row));
+  qint32 position = 0;
+  for (QTreeWidgetItem* row : rows) {
+    const auto chapter = g_Project->ChapterByID(ListView::tagOf(*row));
     progressiveTotal_ += chapter->Wordcount(false);
-    setCell(row, kCount, progressiveTotal_);
-    setCell(row, kScenes, chapter->SceneCount());
-    const quint32 colour = sectionColour(i + 1, endOfBeginning, endOfMiddle);
-    row.setForeground(kCount, RowColours::readable(colour, listChapters_->palette()));
+    setCell(*row, kCount, progressiveTotal_);
+    setCell(*row, kScenes, chapter->SceneCount());
+    const quint32 colour = sectionColour(++position, endOfBeginning, endOfMiddle);
+    row->setForeground(kCount, RowColours::readable(colour, listChapters_->palette()));
   }
 }
 

@@ -51,6 +51,7 @@ class ChapterPane : public QWidget {
  private:
   void buildLayout();
   void connectSignals();
+  void writeProgress(const QList<QTreeWidgetItem*>& rows);
 
   QLineEdit* txtTitle_;
   QLineEdit* txtAuthor_;

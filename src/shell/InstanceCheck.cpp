@@ -3,8 +3,14 @@
 #include "infra/Paths.h"
 
 #include <QDir>
+#include <QFile>
 #include <QLockFile>
 #include <QStandardPaths>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <sys/file.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -21,9 +27,25 @@ QString InstanceCheck::lockPath() {
   return Paths::temporaryFolder() + u"quillane4-"_s + user + u".lock"_s;
 }
 
+#ifdef Q_OS_UNIX
+
+// The system's own lock goes with the process however that ends, and nothing has to reach the disk for it. The file
+// stays: taking it away would open a gap in which two instances hold two files of the same name.
+bool InstanceCheck::acquire() {
+  file_ = std::make_unique<QFile>(lockPath());
+  if (!file_->open(QIODevice::ReadWrite)) {
+    return true;
+  }
+  return ::flock(file_->handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+#else
+
 bool InstanceCheck::acquire() {
   lock_ = std::make_unique<QLockFile>(lockPath());
   // Age says nothing about a program that runs all day; a dead process's lock is found out by its number.
   lock_->setStaleLockTime(0);
   return lock_->tryLock() || lock_->error() != QLockFile::LockFailedError;
 }
+
+#endif

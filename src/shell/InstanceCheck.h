@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class QFile;
 class QLockFile;
 
 /// Tells whether this user runs the program already. The lock goes with the object, and with a process that
@@ -19,5 +20,7 @@ class InstanceCheck {
   static QString lockPath();
 
  private:
+  /// One of the two, as the platform has it.
+  std::unique_ptr<QFile> file_;
   std::unique_ptr<QLockFile> lock_;
 };

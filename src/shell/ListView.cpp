@@ -2,6 +2,28 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// Aligns a cell like its column's title: once a column, not once a cell.
+class ColumnDelegate : public QStyledItemDelegate {
+ public:
+  explicit ColumnDelegate(QTreeWidget* list) : QStyledItemDelegate(list), list_(list) {}
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (const int alignment = list_->headerItem()->textAlignment(index.column()); alignment != 0) {
+      option->displayAlignment = Qt::Alignment(alignment);
+    }
+  }
+
+ private:
+  QTreeWidget* list_;
+};
+
+}  // namespace
 
 ListView::ListView(const QStringList& columns, QWidget* parent) : QTreeWidget(parent) {
   setColumnCount(static_cast<int>(columns.size()));
@@ -13,6 +35,7 @@ ListView::ListView(const QStringList& columns, QWidget* parent) : QTreeWidget(pa
   setSelectionMode(QAbstractItemView::ExtendedSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setTabKeyNavigation(false);
+  setItemDelegate(new ColumnDelegate(this));
   connect(this, &QTreeWidget::itemDoubleClicked, this, &ListView::rowOpened);
 }
 

@@ -2,7 +2,8 @@
 
 #include <QTreeWidget>
 
-/// A list of model rows in columns. A row's tag is the ID of what it shows.
+/// A list of model rows in columns. A row's tag is the ID of what it shows. Cells stand as the titles of their
+/// columns do.
 class ListView : public QTreeWidget {
   Q_OBJECT
 

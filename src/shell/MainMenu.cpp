@@ -298,7 +298,8 @@ QString commandName(const MenuEntry& entry) {
 }
 
 QString menuBaseName(const QString& name) {
-  return name.section(u'(', 0, 0);
+  const qsizetype index = name.indexOf(u'(');
+  return index < 0 ? name : name.left(index);
 }
 
 MenuState menusBeforeStart() {

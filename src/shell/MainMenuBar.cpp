@@ -103,6 +103,7 @@ QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, cons
 void MainMenuBar::remember(const QString& name, QAction* action) {
   action->setObjectName(name);
   actions_.insert(name, action);
+  stated_.append({menuBaseName(name), action});
 }
 
 void MainMenuBar::choose(const MenuEntry& entry, const QAction& action) {
@@ -117,10 +118,10 @@ void MainMenuBar::choose(const MenuEntry& entry, const QAction& action) {
 }
 
 void MainMenuBar::apply(const MenuState& state) {
-  for (auto entry = actions_.cbegin(); entry != actions_.cend(); ++entry) {
-    const auto told = state.constFind(menuBaseName(entry.key()));
+  for (const StatedAction& entry : stated_) {
+    const auto told = state.constFind(entry.baseName);
     if (told != state.constEnd()) {
-      entry.value()->setEnabled(*told);
+      entry.action->setEnabled(*told);
     }
   }
 }
@@ -130,6 +131,7 @@ void MainMenuBar::unloadElements(const QString& array) {
   while (elements.size() > 1) {
     QAction* leaving = elements.takeLast();
     actions_.remove(leaving->objectName());
+    stated_.removeIf([leaving](const StatedAction& entry) { return entry.action == leaving; });
     leaving->setVisible(false);
     // It may be the one whose choice led here.
     leaving->deleteLater();

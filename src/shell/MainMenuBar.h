@@ -45,7 +45,14 @@ class MainMenuBar : public QObject {
   void unloadElements(const QString& array);
 
   frmMain& window_;
+  struct StatedAction {
+    QString baseName;
+    QAction* action;
+  };
+
   QHash<QString, QAction*> actions_;
+  /// What the states speak of, in the order of the menus.
+  QList<StatedAction> stated_;
   QHash<QString, QMenu*> menus_;
   /// Elements of each array in order, and the line of the table that they repeat.
   QHash<QString, QList<QAction*>> arrays_;

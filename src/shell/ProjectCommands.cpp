@@ -27,7 +27,8 @@ bool conversionWanted(const QString& path) {
 }  // namespace
 
 void ProjectCommands::LoadProject(const QString& Path, bool ShowProgress) {
-  AddToRecent(Path);
+  // Written at once, so that the list outlives a crash; as it stands already at most starts, it is left alone then.
+  RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
   if (!g_Project->Load(Path, ShowProgress)) {
     showEmptyProject();
     toolkit().DoEvents();

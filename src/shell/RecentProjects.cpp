@@ -38,6 +38,10 @@ QStringList withNewest(QStringList paths, const QString& path) {
   return paths;
 }
 
+bool isNewest(const QString& path) {
+  return stored(0) == path;
+}
+
 void AddToRecent(const QString& path) {
   const QStringList paths = withNewest(takeAll(), path);
   for (qsizetype i = 0; i < paths.size(); ++i) {

@@ -12,6 +12,7 @@ inline constexpr int kCount = 14;
 /// The path in front, and no path twice.
 QStringList withNewest(QStringList paths, const QString& path);
 
+bool isNewest(const QString& path);
 /// Puts the path in front and saves the settings file at once, so that the list outlives a crash.
 void AddToRecent(const QString& path);
 /// The paths whose files are there; one that has gone leaves the settings.

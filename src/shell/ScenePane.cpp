@@ -153,8 +153,6 @@ void ScenePane::UpdateSceneRow(QTreeWidgetItem& row, qint32 SceneID) const {
   setCell(row, kActionReaction, scene->ReactionScene ? u"R"_s : u"A"_s);
   setCell(row, kFilename, scene->RTFFilename());
   setCell(row, kLetters, scene->Lettercount());
-  row.setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
-  row.setTextAlignment(kActionReaction, Qt::AlignCenter);
   const QVariant grey = QBrush(RowColours::readable(RowColours::kGrey, listScenes_->palette()));
   row.setData(kStatus, Qt::ForegroundRole, scene->Unused ? grey : QVariant());
 }
@@ -169,8 +167,10 @@ void ScenePane::DisplaySelectedScene() {
 }
 
 void ScenePane::ClearSceneDisplay() {
-  displayedSceneID_ = 0;
-  tabStrip1_->clearDisplay();
+  if (displayedSceneID_ != 0) {
+    displayedSceneID_ = 0;
+    tabStrip1_->clearDisplay();
+  }
 }
 
 void ScenePane::SelectScene(qint32 SceneID) {

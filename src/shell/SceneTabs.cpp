@@ -1,5 +1,7 @@
 #include "shell/SceneTabs.h"
 
+#include "model/Globals.h"
+#include "model/clsProject.h"
 #include "model/clsScene.h"
 #include "shell/ListView.h"
 #include "shell/SceneBody.h"
@@ -12,6 +14,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -53,30 +56,51 @@ SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
   setObjectName(u"TabStrip1"_s);
   setUsesScrollButtons(true);
   tabBar()->setExpanding(false);
-  buildDescription();
-  buildContent();
-  ListChar_ = buildLists(u"Characters"_s, u"ListChar"_s, {u"Name"_s, u"Full name"_s});
-  ListLoc_ = buildLists(u"Locations"_s, u"ListLoc"_s, {u"Name"_s});
-  ListItems_ = buildLists(u"Items"_s, u"ListItems"_s, {u"Name"_s});
-  buildGoals();
-  buildNotes();
-  for (int tab = 0; tab < count(); ++tab) {
-    setTabToolTip(tab,
-                  u"ALL of the fields in this tab control are READ ONLY! Double-click a scene to change the data "
-                  "presented here."_s);
+  for (const QString& caption :
+       {u"Description"_s, u"Content"_s, u"Characters"_s, u"Locations"_s, u"Items"_s, u"Goals"_s, u"Scene Notes"_s}) {
+    addFrame(caption);
   }
+  buildDescription();
+  connect(this, &QTabWidget::currentChanged, this, &SceneTabs::buildHiddenTabs);
 }
 
-QWidget* SceneTabs::addFrame(const QString& caption) {
+void SceneTabs::addFrame(const QString& caption) {
   auto* frame = new QWidget;
   frame->setObjectName(u"Frame("_s + QString::number(count()) + u')');
   new QVBoxLayout(frame);
-  addTab(frame, caption);
-  return frame;
+  setTabToolTip(addTab(frame, caption),
+                u"ALL of the fields in this tab control are READ ONLY! Double-click a scene to change the data "
+                "presented here."_s);
+}
+
+QVBoxLayout* SceneTabs::columnOf(int tab) const {
+  return static_cast<QVBoxLayout*>(widget(tab)->layout());
+}
+
+void SceneTabs::paintEvent(QPaintEvent* event) {
+  QTabWidget::paintEvent(event);
+  if (txtBody_ == nullptr) {
+    QTimer::singleShot(0, this, &SceneTabs::buildHiddenTabs);
+  }
+}
+
+void SceneTabs::buildHiddenTabs() {
+  if (txtBody_ != nullptr) {
+    return;
+  }
+  buildContent();
+  ListChar_ = buildLists(kCharacters, u"ListChar"_s, {u"Name"_s, u"Full name"_s});
+  ListLoc_ = buildLists(kLocations, u"ListLoc"_s, {u"Name"_s});
+  ListItems_ = buildLists(kItems, u"ListItems"_s, {u"Name"_s});
+  buildGoals();
+  buildNotes();
+  if (sceneID_ != 0) {
+    displayHiddenTabs(*g_Project->SceneByID(sceneID_));
+  }
 }
 
 void SceneTabs::buildDescription() {
-  QLayout* column = addFrame(u"Description"_s)->layout();
+  QVBoxLayout* column = columnOf(kDescription);
   txtSceneTitle_ = new QLineEdit;
   txtSceneTitle_->setObjectName(u"txtSceneTitle"_s);
   txtSceneTitle_->setAccessibleName(u"Scene title"_s);
@@ -92,13 +116,14 @@ void SceneTabs::buildDescription() {
 void SceneTabs::buildContent() {
   txtBody_ = new SceneBody;
   txtBody_->viewport()->installEventFilter(this);
-  addFrame(u"Content"_s)->layout()->addWidget(txtBody_);
+  columnOf(kContent)->addWidget(txtBody_);
 }
 
-SceneTabs::ListPair SceneTabs::buildLists(const QString& caption, const QString& array, const QStringList& allColumns) {
-  auto* column = static_cast<QVBoxLayout*>(addFrame(caption)->layout());
+SceneTabs::ListPair SceneTabs::buildLists(int tab, const QString& array, const QStringList& allColumns) {
+  const QString caption = tabText(tab);
   const ListPair lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
                        plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
+  QVBoxLayout* column = columnOf(tab);
   column->addWidget(labelOf(u"In this scene:"_s, lists.inScene));
   column->addWidget(lists.inScene, 1);
   column->addWidget(labelOf(u"All:"_s, lists.all));
@@ -107,7 +132,7 @@ SceneTabs::ListPair SceneTabs::buildLists(const QString& caption, const QString&
 }
 
 void SceneTabs::buildGoals() {
-  auto* column = static_cast<QVBoxLayout*>(addFrame(u"Goals"_s)->layout());
+  QVBoxLayout* column = columnOf(kGoals);
   for (size_t i = 0; i < goals_.size(); ++i) {
     goals_[i] = readOnlyText(QString::fromLatin1(kGoalNames[i]), QString::fromLatin1(kActionLabels[i]));
     goalLabels_[i] = labelOf(QString::fromLatin1(kActionLabels[i]), goals_[i]);
@@ -118,12 +143,12 @@ void SceneTabs::buildGoals() {
 
 void SceneTabs::buildNotes() {
   txtNotes_ = readOnlyText(u"txtNotes"_s, u"Scene notes"_s);
-  addFrame(u"Scene Notes"_s)->layout()->addWidget(txtNotes_);
+  columnOf(kNotes)->addWidget(txtNotes_);
 }
 
 bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
-  const bool opens = watched == txtBody_->viewport() || watched == txtDesc_->viewport();
-  if (opens && event->type() == QEvent::MouseButtonDblClick) {
+  // Only the text and the description are watched.
+  if (event->type() == QEvent::MouseButtonDblClick) {
     Q_EMIT sceneOpened();
     return true;
   }
@@ -135,47 +160,56 @@ void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
 }
 
 void SceneTabs::display(clsScene& scene) {
-  const qint32 id = scene.ID();
-  txtBody_->showText(scene);
+  sceneID_ = scene.ID();
   txtSceneTitle_->setText(scene.Title);
   txtSceneTitle_->setCursorPosition(0);
   txtDesc_->setPlainText(scene.DescText);
-  txtNotes_->setPlainText(scene.Notes);
   showTabIcon(kNotes, "note", scene.HasNote());
-  modFillList::FillCharInScene(*ListChar_.inScene, id, false, false);
+  showTabIcon(kGoals, "goal", !(scene.Goal.isEmpty() && scene.Conflict.isEmpty() && scene.Outcome.isEmpty()));
+  if (txtBody_ != nullptr) {
+    displayHiddenTabs(scene);
+  }
+}
+
+void SceneTabs::displayHiddenTabs(clsScene& scene) {
+  txtBody_->showText(scene);
+  txtNotes_->setPlainText(scene.Notes);
+  modFillList::FillCharInScene(*ListChar_.inScene, sceneID_, false, false);
   modFillList::FillAllCharList(*ListChar_.all, true, false);
   modFillList::FillAllItems(*ListItems_.all);
   modFillList::FillAllLocations(*ListLoc_.all);
   displayGoals(scene);
-  modFillList::FillItemsInScene(*ListItems_.inScene, id);
-  modFillList::FillLocationsInScene(*ListLoc_.inScene, id);
+  modFillList::FillItemsInScene(*ListItems_.inScene, sceneID_);
+  modFillList::FillLocationsInScene(*ListLoc_.inScene, sceneID_);
 }
 
 void SceneTabs::displayGoals(const clsScene& scene) {
   const auto& labels = scene.ReactionScene ? kReactionLabels : kActionLabels;
   const std::array texts{&scene.Goal, &scene.Conflict, &scene.Outcome};
-  bool any = false;
   for (size_t i = 0; i < goals_.size(); ++i) {
     const QString label = QString::fromLatin1(labels[i]);
     const QString& text = *texts[i];
-    any = any || !text.isEmpty();
     goalLabels_[i]->setText(label);
     goals_[i]->setAccessibleName(label);
     goals_[i]->setPlainText(text.isEmpty() ? u"No "_s + label + u" specified"_s : text);
   }
-  showTabIcon(kGoals, "goal", any);
 }
 
 void SceneTabs::clearDisplay() {
+  sceneID_ = 0;
   txtSceneTitle_->clear();
-  for (QPlainTextEdit* field : {txtDesc_, txtNotes_, goals_[0], goals_[1], goals_[2]}) {
-    field->clear();
+  txtDesc_->clear();
+  showTabIcon(kNotes, "note", false);
+  showTabIcon(kGoals, "goal", false);
+  if (txtBody_ == nullptr) {
+    return;
   }
   txtBody_->clearText();
+  for (QPlainTextEdit* field : {txtNotes_, goals_[0], goals_[1], goals_[2]}) {
+    field->clear();
+  }
   for (const ListPair& lists : {ListChar_, ListLoc_, ListItems_}) {
     lists.inScene->clear();
     lists.all->clear();
   }
-  showTabIcon(kNotes, "note", false);
-  showTabIcon(kGoals, "goal", false);
 }

@@ -8,10 +8,12 @@ class ListView;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QVBoxLayout;
 class SceneBody;
 class clsScene;
 
-/// The tabs beside the scene list: a read-only display of the selected scene.
+/// The tabs beside the scene list: a read-only display of the selected scene. The tabs behind the first are built
+/// when the first has been painted, or when one of them is needed before.
 class SceneTabs : public QTabWidget {
   Q_OBJECT
 
@@ -22,6 +24,8 @@ class SceneTabs : public QTabWidget {
   void display(clsScene& scene);
   /// Empties the lists and fields.
   void clearDisplay();
+  /// Builds what isn't there yet. From now on `display` fills all tabs.
+  void buildHiddenTabs();
 
  Q_SIGNALS:
   /// A double click on the scene's text or description.
@@ -29,6 +33,7 @@ class SceneTabs : public QTabWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   struct ListPair {
@@ -36,12 +41,14 @@ class SceneTabs : public QTabWidget {
     ListView* all;
   };
 
-  QWidget* addFrame(const QString& caption);
+  void addFrame(const QString& caption);
+  QVBoxLayout* columnOf(int tab) const;
   void buildDescription();
   void buildContent();
-  ListPair buildLists(const QString& caption, const QString& array, const QStringList& allColumns);
+  ListPair buildLists(int tab, const QString& array, const QStringList& allColumns);
   void buildGoals();
   void buildNotes();
+  void displayHiddenTabs(clsScene& scene);
   void displayGoals(const clsScene& scene);
   void showTabIcon(int tab, const char* key, bool shown);
 
@@ -54,4 +61,6 @@ class SceneTabs : public QTabWidget {
   std::array<QLabel*, 3> goalLabels_{};
   std::array<QPlainTextEdit*, 3> goals_{};
   QPlainTextEdit* txtNotes_ = nullptr;
+  /// What is displayed; 0 for nothing.
+  qint32 sceneID_ = 0;
 };

@@ -34,7 +34,7 @@ namespace {
 /// A full backup that is older than this many days is due.
 constexpr int kBackupDays = 7;
 
-constexpr double kDefaultChapterSplit = 0.3;
+constexpr double kDefaultChapterSplit = 0.31;
 
 bool truth(const QVariant& value) {
   return Numbers::ToInt(value) != 0;

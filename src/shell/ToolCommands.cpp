@@ -3,6 +3,7 @@
 #include "infra/Paths.h"
 #include "infra/cSHAREDSettings.h"
 #include "infra/cSharedFileSubs.h"
+#include "infra/fSHAREDLogViewer.h"
 #include "shell/MainMenuBar.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
@@ -20,7 +21,7 @@ constexpr auto kHelpFile = "Quillane3.chm";
 }  // namespace
 
 void ToolCommands::mnuViewLog_Click() {
-  main_.sayNotBuilt(u"View Log"_s);
+  fSHAREDLogViewer::open(&main_);
 }
 
 bool ToolCommands::useFormFont(const QString& family) {

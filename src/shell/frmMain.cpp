@@ -17,7 +17,6 @@
 #include "shell/SceneTabs.h"
 #include "shell/StartUp.h"
 #include "shell/StatusPanels.h"
-#include "toolkit/Icons.h"
 #include "toolkit/Toolkit.h"
 
 #include <QCloseEvent>
@@ -49,10 +48,9 @@ frmMain::frmMain(QString commandLine)
 frmMain::~frmMain() = default;
 
 void frmMain::createParts() {
-  setWindowIcon(icon("quillane"));
   setMinimumSize(PaneLayout::pixelsAtLeast(PaneLayout::kMinimumWidth),
                  PaneLayout::pixelsAtLeast(PaneLayout::kMinimumHeight));
-  resize(1200, 760);
+  resize(1100, 720);
   menus_ = new MainMenuBar(*this, *menuBar());
   panes_ = new MainPanes;
   setCentralWidget(panes_);

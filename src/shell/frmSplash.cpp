@@ -3,12 +3,11 @@
 #include "Version.h"
 #include "infra/Clock.h"
 #include "infra/Maker.h"
-#include "toolkit/Icons.h"
 
-#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -37,26 +36,21 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen), lblStatus_(new QLab
 }
 
 void frmSplash::buildLayout() {
-  constexpr int kPicture = 64;
-  auto* picture = new QLabel;
-  picture->setPixmap(icon("quillane").pixmap(kPicture));
   lblStatus_->setObjectName(u"lblStatus"_s);
   lblStatus_->setTextFormat(Qt::PlainText);
   // Room for the name of a project; a longer one doesn't make the window jump.
   const int width = fontMetrics().horizontalAdvance(u'0') * 52;
   lblStatus_->setFixedWidth(width);
 
-  auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(24, 20, 24, 16);
-  grid->setHorizontalSpacing(20);
-  grid->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
-  grid->addWidget(label(u"lblTitle"_s, u"Quillane 4"_s, 2), 0, 1);
-  grid->addWidget(label(u"lblVersion"_s, u"Version " QUILLANE_VERSION ""_s, 1), 1, 1);
+  // No picture: it would take longer to draw than the start takes.
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(24, 20, 24, 16);
+  column->addWidget(label(u"lblTitle"_s, u"Quillane 4"_s, 2));
+  column->addWidget(label(u"lblVersion"_s, u"Version " QUILLANE_VERSION ""_s, 1));
   const QString maker = QString::fromLatin1(Maker::kName) + u" "_s + QString::number(Clock::today().year());
-  grid->addWidget(label(u"lblMaker"_s, maker, 1), 2, 1);
-  grid->addItem(new QSpacerItem(0, 12), 3, 0);
-  grid->addWidget(lblStatus_, 4, 0, 1, 2);
-  grid->setColumnStretch(1, 1);
+  column->addWidget(label(u"lblMaker"_s, maker, 1));
+  column->addSpacing(16);
+  column->addWidget(lblStatus_);
 }
 
 void frmSplash::setStatus(const QString& text) {

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QProcess>
 #include <QPushButton>
 #include <QUrl>
@@ -73,21 +74,38 @@ QString defaultSuffix(const QString& patterns) {
   return suffix.contains(u'*') || suffix.contains(u'?') ? QString() : suffix;
 }
 
-QString chosen(QFileDialog& dialog) {
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-    return {};
-  }
-  return Paths::native(dialog.selectedFiles().constFirst());
-}
+/// A dialog over the window that is active. Should that window go while the dialog is up, the dialog goes with it.
+template <class Dialog>
+class OverActiveWindow {
+ public:
+  OverActiveWindow() : dialog_(new Dialog(QApplication::activeWindow())) {}
+  ~OverActiveWindow() { delete dialog_.data(); }
+  OverActiveWindow(const OverActiveWindow&) = delete;
+  OverActiveWindow& operator=(const OverActiveWindow&) = delete;
 
-void prepare(QFileDialog& dialog, const FileQuestion& question) {
-  dialog.setNameFilters(nameFilters(question.filter));
+  Dialog* operator->() const { return dialog_.data(); }
+  /// Waits for it. False when it was cancelled or went with its window.
+  bool accepted() const { return dialog_->exec() == QDialog::Accepted && dialog_; }
+
+ private:
+  QPointer<Dialog> dialog_;
+};
+
+using FileDialog = OverActiveWindow<QFileDialog>;
+
+void prepare(const FileDialog& dialog, const FileQuestion& question) {
+  dialog->setWindowTitle(question.title);
+  dialog->setNameFilters(nameFilters(question.filter));
   if (!question.folder.isEmpty()) {
-    dialog.setDirectory(question.folder);
+    dialog->setDirectory(question.folder);
   }
   if (!question.defaultName.isEmpty()) {
-    dialog.selectFile(question.defaultName);
+    dialog->selectFile(question.defaultName);
   }
+}
+
+QString chosen(const FileDialog& dialog) {
+  return dialog.accepted() ? Paths::native(dialog->selectedFiles().value(0)) : QString();
 }
 
 QUrl addressOf(const QString& pathOrAddress) {
@@ -113,57 +131,64 @@ class QtToolkit::PointerPause {
 Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
   const PointerPause pause(*this);
   const BoxKind kind = kindOf(buttons);
-  QMessageBox box(kind.picture, u"Quillane"_s, text, kind.buttons, QApplication::activeWindow());
+  const OverActiveWindow<QMessageBox> box;
+  box->setIcon(kind.picture);
+  box->setWindowTitle(u"Quillane"_s);
   // Titles and paths stand in these texts as they are, "<" and "&" too.
-  box.setTextFormat(Qt::PlainText);
-  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  box.setDefaultButton(kind.onEnter);
-  box.setEscapeButton(kind.onEscape);
-  box.button(kind.onEnter)->setFocus();
-  return answerOf(box.exec());
+  box->setTextFormat(Qt::PlainText);
+  box->setText(text);
+  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box->setStandardButtons(kind.buttons);
+  box->setDefaultButton(kind.onEnter);
+  box->setEscapeButton(kind.onEscape);
+  box->button(kind.onEnter)->setFocus();
+  const int button = box->exec();
+  return answerOf(button == 0 ? kind.onEscape : button);
 }
 
 QString QtToolkit::InputBox(const QString& prompt, const QString& title, const QString& text) {
   const PointerPause pause(*this);
-  QInputDialog dialog(QApplication::activeWindow());
-  dialog.setWindowTitle(title.isEmpty() ? u"Quillane"_s : title);
-  dialog.setLabelText(prompt);
-  dialog.setTextValue(text);
-  return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
+  const OverActiveWindow<QInputDialog> dialog;
+  dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : title);
+  dialog->setLabelText(prompt);
+  dialog->setTextValue(text);
+  return dialog.accepted() ? dialog->textValue() : QString();
 }
 
 QString QtToolkit::OpenFileDialog(const FileQuestion& question) {
   const PointerPause pause(*this);
-  QFileDialog dialog(QApplication::activeWindow(), question.title);
-  dialog.setAcceptMode(QFileDialog::AcceptOpen);
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  const FileDialog dialog;
+  dialog->setAcceptMode(QFileDialog::AcceptOpen);
+  dialog->setFileMode(QFileDialog::ExistingFile);
   prepare(dialog, question);
   return chosen(dialog);
 }
 
 QString QtToolkit::SaveFileDialog(const FileQuestion& question) {
   const PointerPause pause(*this);
-  QFileDialog dialog(QApplication::activeWindow(), question.title);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setDefaultSuffix(defaultSuffix(question.filter));
+  const FileDialog dialog;
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setFileMode(QFileDialog::AnyFile);
+  dialog->setDefaultSuffix(defaultSuffix(question.filter));
   prepare(dialog, question);
   return chosen(dialog);
 }
 
 QString QtToolkit::PickFolder(const QString& title, const QString& folder) {
   const PointerPause pause(*this);
-  QFileDialog dialog(QApplication::activeWindow(), title, folder);
-  dialog.setFileMode(QFileDialog::Directory);
-  dialog.setOption(QFileDialog::ShowDirsOnly);
+  const FileDialog dialog;
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  prepare(dialog, {title, {}, {}, folder});
   return chosen(dialog);
 }
 
 std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initial) {
   const PointerPause pause(*this);
-  const QColor start = Colours::toQt(initial, QApplication::palette());
-  const QColor picked = QColorDialog::getColor(start, QApplication::activeWindow(), title);
-  return picked.isValid() ? std::optional(Colours::fromQt(picked)) : std::nullopt;
+  const OverActiveWindow<QColorDialog> dialog;
+  dialog->setWindowTitle(title);
+  dialog->setCurrentColor(Colours::toQt(initial, QApplication::palette()));
+  return dialog.accepted() ? std::optional(Colours::fromQt(dialog->selectedColor())) : std::nullopt;
 }
 
 void QtToolkit::ShowErrorReport(const QString& text, const QString& helpTopic) {

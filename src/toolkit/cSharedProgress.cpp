@@ -15,24 +15,25 @@ constexpr int kWidthInChars = 48;
 }  // namespace
 
 cSharedProgress::cSharedProgress() = default;
-cSharedProgress::~cSharedProgress() = default;
+cSharedProgress::~cSharedProgress() {
+  delete window_.data();
+}
 
 void cSharedProgress::build() {
   // No close button: it would only hide what goes on.
-  window_ = std::make_unique<QWidget>(QApplication::activeWindow(),
-                                      Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+  window_ = new QWidget(QApplication::activeWindow(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   window_->setObjectName(u"cSharedProgress"_s);
   window_->setWindowTitle(u"Quillane"_s);
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
-  lblCaption_ = new QLabel(window_.get());
+  lblCaption_ = new QLabel(window_);
   lblCaption_->setObjectName(u"lblCaption"_s);
   lblCaption_->setTextFormat(Qt::PlainText);
-  auto* bar = new QProgressBar(window_.get());
+  auto* bar = new QProgressBar(window_);
   bar->setRange(0, 0);
   bar->setTextVisible(false);
   bar->setAccessibleName(u"Busy"_s);
   bar->setMinimumWidth(window_->fontMetrics().averageCharWidth() * kWidthInChars);
-  auto* layout = new QVBoxLayout(window_.get());
+  auto* layout = new QVBoxLayout(window_);
   layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
   layout->addWidget(lblCaption_);
   layout->addWidget(bar);

@@ -2,10 +2,10 @@
 
 #include "toolkit/Toolkit.h"
 
-#include <memory>
+#include <QPointer>
+#include <QWidget>
 
 class QLabel;
-class QWidget;
 
 /// The small modeless window of a long load or save: a caption line over a busy bar. It draws itself whenever the
 /// work yields to the message loop. A caption that is set while it is hidden is only remembered.
@@ -24,7 +24,7 @@ class cSharedProgress : public ProgressWindow {
   void build();
 
   QString caption_;
-  /// Made when first shown: most loads never show it.
-  std::unique_ptr<QWidget> window_;
+  /// Made when first shown: most loads never show it. It goes with the window that it stands over.
+  QPointer<QWidget> window_;
   QLabel* lblCaption_ = nullptr;
 };

@@ -30,4 +30,10 @@ TEST(EditorPlacement, AWindowLargerThanTheScreenShowsItsCorner) {
   EXPECT_EQ(editorPlace(0, 0, {1200, 900}, kScreen), QPoint(0, 0));
 }
 
+TEST(EditorPlacement, ASecondScreenHasAMiddleOfItsOwn) {
+  const QRect second(1000, 0, 1000, 800);
+  EXPECT_EQ(editorPlace(16500, 0, kWindow, second), QPoint(1100, 200));
+  EXPECT_EQ(editorPlace(1500, 0, kWindow, second), QPoint(1200, 200));
+}
+
 }  // namespace

@@ -79,6 +79,7 @@ frmMain& ShellTest::start(const QString& commandLine) {
     window_->show();
     // Only the active window hears keys.
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), 20000));
+    EXPECT_TRUE(soon([this] { return window_->findChild<QWidget*>(u"txtBody"_s) != nullptr; }));
   }
   return *window_;
 }

@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QFile>
 #include <QLineEdit>
-#include <QLockFile>
 #include <QTabWidget>
 #include <QTimer>
 
@@ -123,8 +122,8 @@ TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeek) {
 
 TEST_F(StartUpTest, ASecondCopyStartsOnlyWhenTheUserInsists) {
   writeSettings({});
-  QLockFile other(InstanceCheck::lockPath());
-  ASSERT_TRUE(other.tryLock());
+  auto other = std::make_unique<InstanceCheck>();
+  ASSERT_TRUE(other->acquire());
   frmMain refused;
   toolkit.expectBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Answer::No);
   EXPECT_FALSE(refused.Form_Initialize());
@@ -132,6 +131,9 @@ TEST_F(StartUpTest, ASecondCopyStartsOnlyWhenTheUserInsists) {
   toolkit.expectBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Answer::Yes);
   toolkit.expectBox(u"Warning: If you open the same project twice, the last one you close will be the one saved."_s);
   EXPECT_TRUE(insisted.Form_Initialize());
+  other.reset();
+  frmMain alone;
+  EXPECT_TRUE(alone.Form_Initialize());
 }
 
 TEST_F(StartUpTest, AnErrorEndsTheProgramAndSavesNoSettingsThatWereNeverRead) {

@@ -3,9 +3,9 @@
 #include "support/ModalHelper.h"
 #include "support/TestHome.h"
 #include "toolkit/Colours.h"
+#include "toolkit/UrlCatcher.h"
 
 #include <QColorDialog>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -14,7 +14,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +73,16 @@ TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {
     box.close();
   });
   toolkit.MsgBox(text);
+}
+
+TEST(MsgBox, WhoseWindowGoesBeneathItCountsAsNo) {
+  auto* const under = new QWidget;
+  under->show();
+  under->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(under, 20000));
+  QtToolkit toolkit;
+  const WhenModal destroy([&](QWidget&) { delete under; });
+  EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, Buttons::YesNo), Answer::No);
 }
 
 TEST(ErrorReport, IsShownInTheReporterAndWaitsForIt) {
@@ -175,23 +184,6 @@ TEST(Pointer, IsOrdinaryWhileABoxIsUpAndBusyAgainBehind) {
   toolkit.setPointer(Pointer::Normal);
 }
 
-class UrlCatcher : public QObject {
-  Q_OBJECT
-
- public:
-  UrlCatcher() {
-    QDesktopServices::setUrlHandler(u"file"_s, this, "take");
-    QDesktopServices::setUrlHandler(u"mailto"_s, this, "take");
-  }
-  ~UrlCatcher() override {
-    QDesktopServices::unsetUrlHandler(u"file"_s);
-    QDesktopServices::unsetUrlHandler(u"mailto"_s);
-  }
-  Q_SLOT void take(const QUrl& url) { taken.append(url); }
-
-  QList<QUrl> taken;
-};
-
 TEST(OpenDocument, TellsFilesFromAddressesAndRefusesWhatIsNotThere) {
   const ScratchFolder folder;
   const QString path = folder.path(u"100% done #2.txt"_s);
@@ -225,5 +217,3 @@ TEST(Clipboard, HoldsPlainText) {
 }
 
 }  // namespace
-
-#include "QtToolkit_test.moc"

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,21 @@ TEST(Progress, TheWindowGoesWithTheObject) {
     progress.Show();
   }
   EXPECT_EQ(progressWindow(), nullptr);
+}
+
+TEST(Progress, BearsTheLossOfTheWindowThatItStandsOver) {
+  auto under = std::make_unique<QWidget>();
+  under->show();
+  under->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(under.get(), 20000));
+  cSharedProgress progress;
+  progress.Show();
+  under.reset();
+  EXPECT_EQ(progressWindow(), nullptr);
+  progress.setCaption(u"Loading Scene 9"_s);
+  progress.Hide();
+  progress.Show();
+  EXPECT_NE(progressWindow(), nullptr);
 }
 
 }  // namespace
