@@ -56,7 +56,7 @@ void load(benchmark::State& state, const QString& project) {
           state.SkipWithError("the project does not load");
         }
       });
-  const qint16 scenes = g_Project->SceneCount();
+  const qint32 scenes = g_Project->SceneCount();
   state.counters["scenes"] = scenes;
   state.counters["time_per_scene"] =
       benchmark::Counter(static_cast<double>(scenes) * static_cast<double>(state.iterations()),

@@ -7,6 +7,7 @@
 #include "editor/TextKeys.h"
 #include "infra/Numbers.h"
 #include "infra/cSHAREDSettings.h"
+#include "toolkit/Icons.h"
 #include "toolkit/RichTextBox.h"
 #include "toolkit/Twips.h"
 #include "toolkit/WindowSettings.h"
@@ -40,6 +41,7 @@ constexpr qreal kTextMargin = 10;
 
 frmEditor::frmEditor() {
   setObjectName(u"frmEditor"_s);
+  setWindowIcon(icon("quillane"));
   createActions();
   buildLayout();
   connectSignals();

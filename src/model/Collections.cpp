@@ -18,6 +18,7 @@ clsScenes::Pointer clsScenes::SceneByIndex(qint32 index) const {
 
 void clsScenes::setSceneByIndex(qint32 index, const Pointer& scene) {
   assign(index, scene, "SceneByIndex", "clsScenes");
+  scene->InScenes = true;
 }
 
 void clsScenes::Addscene(const Pointer& scene) {

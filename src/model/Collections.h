@@ -37,6 +37,8 @@ class clsScenes : public EntityCollection<clsScene> {
   bool CreateFromXML(QByteArrayView xml, bool singleFile);
   bool CreateFromXML(const TagView& block, bool singleFile);
   bool SaveScenesText(bool force);
+  /// Gives a file name to each scene that has none yet.
+  void NameScenesText();
 };
 
 class clsChapters : public EntityCollection<clsChapter> {

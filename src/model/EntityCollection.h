@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -22,7 +23,20 @@ class EntityCollection {
   typename std::vector<Pointer>::const_iterator begin() const { return entities_.begin(); }
   typename std::vector<Pointer>::const_iterator end() const { return entities_.end(); }
 
-  /// The highest ID in the collection, 0 when it is empty. A new entity takes the next one.
+  /// The ID that a new entity takes: the one behind the highest, or the lowest free one when there is none behind.
+  qint32 nextID() const {
+    const qint32 highest = maximumID();
+    if (highest < std::numeric_limits<qint32>::max()) {
+      return highest + 1;
+    }
+    qint32 free = 1;
+    while (byID_.count(free) != 0) {
+      ++free;
+    }
+    return free;
+  }
+
+  /// The highest ID in the collection, 0 when it is empty.
   qint32 maximumID() const {
     if (maximumStale_) {
       maximum_ = 0;

@@ -17,9 +17,9 @@ bool IDList::contains(qint32 id) const {
   return std::find(ids_.begin(), ids_.end(), id) != ids_.end();
 }
 
-qint16 IDList::indexOf(qint32 id) const {
+qint32 IDList::indexOf(qint32 id) const {
   const auto found = std::find(ids_.begin(), ids_.end(), id);
-  return found == ids_.end() ? qint16{0} : static_cast<qint16>(found - ids_.begin() + 1);
+  return found == ids_.end() ? 0 : static_cast<qint32>(found - ids_.begin() + 1);
 }
 
 void IDList::checkPosition(qint32 position) const {
@@ -57,7 +57,7 @@ void IDList::insertBefore(qint32 id, qint32 position) {
 }
 
 void IDList::remove(qint32 id) {
-  const qint16 position = indexOf(id);
+  const qint32 position = indexOf(id);
   if (position > 0) {
     removeAt(position);
   }

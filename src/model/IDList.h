@@ -8,11 +8,11 @@
 /// An ordered list of entity IDs in which no ID stands twice. Positions count from 1.
 class IDList {
  public:
-  qint16 Count() const { return static_cast<qint16>(ids_.size()); }
+  qint32 Count() const { return static_cast<qint32>(ids_.size()); }
   bool isEmpty() const { return ids_.empty(); }
   bool contains(qint32 id) const;
   /// 1-based position; 0 when the ID isn't listed.
-  qint16 indexOf(qint32 id) const;
+  qint32 indexOf(qint32 id) const;
   /// Throws RuntimeError 9 outside 1 to Count.
   qint32 at(qint32 position) const;
 

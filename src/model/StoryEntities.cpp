@@ -40,7 +40,7 @@ qint32 clsCharacter::ID() {
 }
 
 void clsCharacter::GenerateID() {
-  id_ = g_Project->Chars.maximumID() + 1;
+  id_ = g_Project->Chars.nextID();
 }
 
 void clsCharacter::setTitle(const QString& title) {
@@ -69,7 +69,7 @@ qint32 clsLocation::ID() {
 }
 
 void clsLocation::GenerateID() {
-  id_ = g_Project->Locations.maximumID() + 1;
+  id_ = g_Project->Locations.nextID();
 }
 
 bool clsLocation::Edit() {
@@ -82,7 +82,7 @@ qint32 clsItem::ID() {
 }
 
 void clsItem::GenerateID() {
-  id_ = g_Project->Items.maximumID() + 1;
+  id_ = g_Project->Items.nextID();
 }
 
 bool clsItem::Edit() {
@@ -100,7 +100,7 @@ qint32 clsNote::ID() {
 }
 
 void clsNote::GenerateID() {
-  id_ = g_Project->Notes.maximumID() + 1;
+  id_ = g_Project->Notes.nextID();
 }
 
 void clsNote::Clear() {

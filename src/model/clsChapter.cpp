@@ -17,27 +17,27 @@ qint32 clsChapter::ID() {
 }
 
 void clsChapter::GenerateID() {
-  id_ = g_Project->Chapters.maximumID() + 1;
+  id_ = g_Project->Chapters.nextID();
 }
 
 qint32 clsChapter::Wordcount(bool includeUnused) const {
   if (Unused && !includeUnused) {
     return 0;
   }
-  qint32 words = 0;
+  qint64 words = 0;
   for (const qint32 id : scenes_) {
     const auto scene = g_Project->SceneByID(id);
     words += includeUnused || !scene->Unused ? scene->Wordcount() : 0;
   }
-  return words;
+  return static_cast<qint32>(words);
 }
 
 qint32 clsChapter::Lettercount() const {
-  qint32 letters = 0;
+  qint64 letters = 0;
   for (const qint32 id : scenes_) {
     letters += g_Project->SceneByID(id)->Lettercount();
   }
-  return letters;
+  return static_cast<qint32>(letters);
 }
 
 std::shared_ptr<clsScene> clsChapter::SceneByIndex(qint32 index) const {

@@ -27,12 +27,12 @@ class clsChapter {
   qint32 Wordcount(bool includeUnused) const;
   /// Letters of all its scenes, unused or not.
   qint32 Lettercount() const;
-  qint16 SceneCount() const { return scenes_.Count(); }
+  qint32 SceneCount() const { return scenes_.Count(); }
   /// The ID at a 1-based position; throws RuntimeError 9 outside.
   qint32 SceneID(qint32 index) const { return scenes_.at(index); }
   std::shared_ptr<clsScene> SceneByIndex(qint32 index) const;
   /// 1-based position; 0 when the ID isn't listed.
-  qint16 SceneIndex(qint32 id) const { return scenes_.indexOf(id); }
+  qint32 SceneIndex(qint32 id) const { return scenes_.indexOf(id); }
   const IDList& SceneIDs() const { return scenes_; }
 
   /// Adds the scene at the end, to the project too where it isn't in it yet. A listed scene is logged and stays.

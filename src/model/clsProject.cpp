@@ -83,11 +83,11 @@ QString clsProject::Path() const {
 }
 
 qint32 clsProject::Wordcount(bool includeUnused) const {
-  qint32 words = 0;
+  qint64 words = 0;
   for (const auto& chapter : Chapters) {
     words += chapter->Wordcount(includeUnused);
   }
-  return words;
+  return static_cast<qint32>(words);
 }
 
 std::shared_ptr<clsCharacter> clsProject::CharByID(qint32 id) const {
@@ -238,8 +238,8 @@ qint32 clsProject::DaysLeft(int level, double today) const {
   return static_cast<qint32>(std::nearbyint(DeadlineDate(level) - base + 1));
 }
 
-qint16 clsProject::VPUsedCount(qint32 charID) const {
-  return static_cast<qint16>(std::count_if(Scenes.begin(), Scenes.end(),
+qint32 clsProject::VPUsedCount(qint32 charID) const {
+  return static_cast<qint32>(std::count_if(Scenes.begin(), Scenes.end(),
                                            [charID](const auto& scene) { return scene->ViewPointID() == charID; }));
 }
 

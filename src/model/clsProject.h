@@ -71,12 +71,12 @@ class clsProject {
   QString Path() const;
   /// Words of all chapters.
   qint32 Wordcount(bool includeUnused) const;
-  qint16 ChapterCount() const { return static_cast<qint16>(Chapters.Count()); }
-  qint16 SceneCount() const { return static_cast<qint16>(Scenes.Count()); }
-  qint16 LocationCount() const { return static_cast<qint16>(Locations.Count()); }
-  qint16 ItemCount() const { return static_cast<qint16>(Items.Count()); }
-  qint16 NoteCount() const { return static_cast<qint16>(Notes.Count()); }
-  qint16 CharCount() const { return static_cast<qint16>(Chars.Count()); }
+  qint32 ChapterCount() const { return Chapters.Count(); }
+  qint32 SceneCount() const { return Scenes.Count(); }
+  qint32 LocationCount() const { return Locations.Count(); }
+  qint32 ItemCount() const { return Items.Count(); }
+  qint32 NoteCount() const { return Notes.Count(); }
+  qint32 CharCount() const { return Chars.Count(); }
 
   std::shared_ptr<clsChapter> ChapterByIndex(qint32 index) const { return Chapters.ChapterByIndex(index); }
   std::shared_ptr<clsChapter> ChapterByID(qint32 id) const { return Chapters.ChapterByID(id); }
@@ -128,7 +128,7 @@ class clsProject {
   /// Days from the level's start, or from today when that has passed, to its deadline; both days count.
   qint32 DaysLeft(int level, double today) const;
   /// Number of scenes that this character narrates.
-  qint16 VPUsedCount(qint32 charID) const;
+  qint32 VPUsedCount(qint32 charID) const;
   bool IsViewpointSomewhere(qint32 charID) const;
 
   /// Empties FileWithPath and the collections; scalar fields keep their values.
@@ -161,9 +161,10 @@ class clsProject {
   void failLoad();
   bool Save(bool showProgress, bool singleFile);
   bool attemptSave(bool showProgress, bool singleFile, bool asked);
+  bool saveOnce(bool showProgress, bool singleFile);
   bool askForFile(const QString& folder);
   bool prepareTarget(bool singleFile, bool asked);
-  bool writeProject(int file, bool showProgress, bool singleFile);
+  bool writeProject(int file, bool forceTexts, bool singleFile);
   /// True when nothing that is referred to is missing; what is gets a line in the log.
   bool IntegrityCheck() const;
   QString forcedExtension(const QString& extension) const;
@@ -173,4 +174,6 @@ class clsProject {
   std::array<qint32, 5> deadlineStartDate_{};
   std::array<QString, 4> fieldTitle_;
   std::unique_ptr<ProgressWindow> ProgressWindow_;
+  /// A load or save is under way; what it yields to must not begin another.
+  bool busy_ = false;
 };

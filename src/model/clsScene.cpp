@@ -16,6 +16,9 @@
 #include "text/cSharedHTML.h"
 #include "text/frmRTFHidden.h"
 
+#include <algorithm>
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,19 +29,26 @@ constexpr int kRTFFileIndex = 4;
 constexpr double kHoursADay = 24;
 constexpr double kMinutesADay = 1440;
 
+bool isUsedByAScene(const QString& name) {
+  return std::any_of(g_Project->Scenes.begin(), g_Project->Scenes.end(),
+                     [&](const auto& scene) { return scene->RTFFilename() == name; });
+}
+
 /// The next free file name. The folder is relative, so the test for a file of that name looks in the working
-/// directory and normally finds none: the stored counter is what keeps names unique.
+/// directory and normally finds none: the stored counter is what keeps names unique. Where that has fallen behind,
+/// a name that a scene has is passed over, so that no scene is written over another.
 QString GenerateFilename(const QString& folder, const QString& prefix, int fileIndex, const QString& extension) {
   const QString base = Files().AddSlashIfMissing(folder);
   QString ending = extension.isEmpty() ? u".txt"_s : extension;
   if (!ending.contains(u'.')) {
     ending.prepend(u'.');
   }
-  qint32 number = g_Project->LastFileIndex(fileIndex);
+  qint32 number = std::max(0, g_Project->LastFileIndex(fileIndex));
   QString name;
   do {
-    name = prefix + QString::number(++number).rightJustified(5, u'0') + ending;
-  } while (Files().FileExists(base + name));
+    number = number == std::numeric_limits<qint32>::max() ? 1 : number + 1;
+    name = prefix + QString::number(number).rightJustified(5, u'0') + ending;
+  } while (Files().FileExists(base + name) || isUsedByAScene(name));
   g_Project->setLastFileIndex(fileIndex, number);
   return name;
 }
@@ -67,7 +77,7 @@ qint32 clsScene::ID() {
 }
 
 void clsScene::GenerateID() {
-  id_ = g_Project->Scenes.maximumID() + 1;
+  id_ = g_Project->Scenes.nextID();
 }
 
 qint16 clsScene::Field(int index) const {
@@ -108,11 +118,19 @@ QString clsScene::RTFFileWithPath() const {
   return g_Project->Path() + u"RTF"_s + Paths::separator() + rtfFilename_;
 }
 
+void clsScene::NameRTFFile() {
+  if (rtfFilename_.isEmpty()) {
+    rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s);
+    rtfChanged_ = true;
+  }
+}
+
 void clsScene::setTextRTF(const QByteArray& rtf) {
   if (rtf == textRTF_ && !rtf.isEmpty()) {
     return;
   }
   textRTF_ = rtf;
+  textUnread_ = false;
   wordsStale_ = true;
   ++textStamp_;
   rtfChanged_ = true;
@@ -207,10 +225,11 @@ bool clsScene::mirrorWanted() {
 }
 
 void clsScene::SaveRTF(bool force, bool mirror) {
+  if (textUnread_) {
+    return;
+  }
   if (rtfFilename_.isEmpty() || force || rtfChanged_) {
-    if (rtfFilename_.isEmpty()) {
-      rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s);
-    }
+    NameRTFFile();
     rtfChanged_ = !(holdsAlready(RTFFileWithPath(), textRTF_) ||
                     Files().SaveTextFile(RTFFileWithPath(), QByteArrayView(textRTF_)));
     if (rtfChanged_) {
@@ -237,10 +256,13 @@ bool clsScene::LoadRTF() {
     Logging().LogEvent(u"No RTF filename in scene "_s + Title);
     return false;
   }
-  if (!Files().LoadTextFile(RTFFileWithPath(), textRTF_)) {
+  QByteArray stored;
+  if (!Files().LoadTextFile(RTFFileWithPath(), stored)) {
     Logging().LogEvent(u"Could not find or load "_s + RTFFileWithPath());
     return false;
   }
+  textRTF_ = std::move(stored);
+  textUnread_ = false;
   ++textStamp_;
   return true;
 }
@@ -264,6 +286,7 @@ void clsScene::Clear() {
   textRTF_.clear();
   rtfFilename_.clear();
   rtfChanged_ = false;
+  textUnread_ = false;
   plainText_.clear();
   ++textStamp_;
   wordsStale_ = true;

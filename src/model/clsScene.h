@@ -69,6 +69,8 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// Throws RuntimeError 5 for a name that the project file can't hold.
   void setRTFFilename(const QString& name);
   QString RTFFileWithPath() const;
+  /// Gives the scene a file name where it has none; the file is written by the next SaveRTF.
+  void NameRTFFile();
   const QByteArray& TextRTF() const { return textRTF_; }
   /// A change, or an assignment of empty text, makes the counts stale and the file due for writing.
   void setTextRTF(const QByteArray& rtf);
@@ -83,9 +85,9 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// Counts now, stale or not.
   void ForceWordcount();
 
-  qint16 CharCount() const { return characters_.Count(); }
-  qint16 LocationCount() const { return locations_.Count(); }
-  qint16 ItemCount() const { return items_.Count(); }
+  qint32 CharCount() const { return characters_.Count(); }
+  qint32 LocationCount() const { return locations_.Count(); }
+  qint32 ItemCount() const { return items_.Count(); }
   /// IDs at 1-based positions; RuntimeError 9 outside.
   qint32 CharID(qint32 index) const { return characters_.at(index); }
   qint32 LocationID(qint32 index) const { return locations_.at(index); }
@@ -158,6 +160,10 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
   bool rtfChanged_ = false;
+  /// The stored text could not be read: nothing is written over what may be left of it until there is a new one.
+  bool textUnread_ = false;
+  /// The editor is being closed.
+  bool finishing_ = false;
   /// Grow by one with each change of the text; equal when the plain text is up to date.
   quint64 textStamp_ = 0;
   quint64 plainStamp_ = 0;

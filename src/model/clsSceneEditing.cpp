@@ -3,10 +3,15 @@
 #include "model/clsScene.h"
 #include "toolkit/Toolkit.h"
 
+#include <utility>
+
 /// The editor window, made on demand and listened to; null when no editor is registered.
 SceneEditor* clsScene::openEditor() {
   if (fEditor_ == nullptr && sceneEditorFactory()) {
     fEditor_ = sceneEditorFactory()();
+    if (fEditor_ == nullptr) {
+      return nullptr;
+    }
     fEditor_->Finished = [this] { fEditor_Finished(); };
     fEditor_->Changed = [this] { fEditor_Changed(); };
   }
@@ -14,7 +19,7 @@ SceneEditor* clsScene::openEditor() {
 }
 
 void clsScene::Edit() {
-  SceneEditor* const editor = openEditor();
+  SceneEditor* const editor = finishing_ ? nullptr : openEditor();
   if (editor == nullptr) {
     return;
   }
@@ -43,17 +48,18 @@ void clsScene::Add() {
 void clsScene::fEditor_Finished() {
   // The window may hold the last reference to this scene by way of the list that it stands in.
   const std::shared_ptr<clsScene> alive = weak_from_this().lock();
-  if (fEditor_ != nullptr) {
-    SceneEditor* const editor = fEditor_;
-    fEditor_ = nullptr;
-    if (editor->IsVisible()) {
-      editor->HideWindow();
+  if (fEditor_ != nullptr && !finishing_) {
+    // While the window goes, the scene can't be opened again.
+    finishing_ = true;
+    if (fEditor_->IsVisible()) {
+      fEditor_->HideWindow();
       toolkit().DoEvents();
     }
-    SavedByEditor = editor->SavedChanges();
-    editor->Finished = nullptr;
-    editor->Changed = nullptr;
-    editor->Unload();
+    SavedByEditor = fEditor_->SavedChanges();
+    fEditor_->Finished = nullptr;
+    fEditor_->Changed = nullptr;
+    std::exchange(fEditor_, nullptr)->Unload();
+    finishing_ = false;
   }
   EditingScene = false;
   g_SceneChanges.UnLockRec(ID());

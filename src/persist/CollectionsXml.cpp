@@ -17,6 +17,16 @@ namespace {
 /// Elements are printed together up to about this size: one by one they would cost a call each.
 constexpr qsizetype kPrintedTogether = 256 * 1024;
 
+/// By position, and each entity held while it is used: a progress caption yields, and what it yields to may add or
+/// remove an entity.
+template <class Collection, class Use>
+void eachEntity(const Collection& collection, Use use) {
+  for (qint32 i = 0; i < collection.Count(); ++i) {
+    const typename Collection::Pointer entity = collection.begin()[i];
+    use(*entity);
+  }
+}
+
 /// Prints a block: its tags, each on a line behind a tab, and what `appendElement` gives for each entity. A failure
 /// is logged, makes the result false and goes on with the next element.
 template <class Collection, class AppendElement>
@@ -30,13 +40,13 @@ bool writeBlock(int file, const Tag& block, const Collection& collection, const 
     lines.resize(0);
   };
   lines.append('\t').append(block.open).append("\r\n");
-  for (const auto& entity : collection) {
-    result = guard([&] { appendElement(*entity, lines); }) && result;
+  eachEntity(collection, [&](auto& entity) {
+    result = guard([&] { appendElement(entity, lines); }) && result;
     lines.append("\r\n");
     if (lines.size() > kPrintedTogether) {
       print();
     }
-  }
+  });
   lines.append('\t').append(block.close).append("\r\n");
   print();
   return result;
@@ -136,13 +146,17 @@ bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
   return read && result;
 }
 
+void clsScenes::NameScenesText() {
+  for (const Pointer& scene : *this) {
+    scene->NameRTFFile();
+  }
+}
+
 bool clsScenes::SaveScenesText(bool force) {
   bool result = true;
   const bool mirror = clsScene::mirrorWanted();
   const Guard guard("SaveScenesText", "clsScenes");
-  for (const Pointer& scene : *this) {
-    result = guard([&] { scene->SaveRTF(force, mirror); }) && result;
-  }
+  eachEntity(*this, [&](clsScene& scene) { result = guard([&] { scene.SaveRTF(force, mirror); }) && result; });
   return result;
 }
 

@@ -13,6 +13,8 @@
 #include "persist/modConstXML.h"
 #include "text/TagView.h"
 
+#include <QScopedValueRollback>
+
 #include <array>
 #include <functional>
 
@@ -39,6 +41,12 @@ QString loadFailure() {
 }  // namespace
 
 bool clsProject::Load(const QString& file, bool showProgress) {
+  if (busy_) {
+    Logging().AddDebug(u"Not loaded while a load or save is under way: "_s + file, u"Load"_s,
+                       QString::fromLatin1(kModule));
+    return false;
+  }
+  const QScopedValueRollback busy(busy_, true);
   const QString extension = Files().ExtOnly(file).toLower();
   if (extension == u"qn3"_s) {
     toolkit().MsgBox(u"Quillane 3 projects can't be opened by this version yet."_s);
@@ -64,7 +72,9 @@ bool clsProject::LoadQN4(const QString& file, bool showProgress) {
   FileWithPath = file;
   QByteArray text;
   Files().LoadTextFile(file, text);
-  const bool result = readBlocks(text, Files().ExtOnly(file).toLower() == u"qnc4"_s);
+  const bool singleFile = Files().ExtOnly(file).toLower() == u"qnc4"_s;
+  bool result = false;
+  Guard("LoadQN4", kModule)([&] { result = readBlocks(text, singleFile); });
   // The text is as large as all that has just been read from it.
   text = QByteArray();
   result ? finishLoad() : failLoad();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "infra/Guard.h"
+#include "infra/cSharedLogging.h"
 #include "model/IDList.h"
 #include "text/TagView.h"
 
@@ -9,6 +10,20 @@ namespace ReadFields {
 
 inline void strictInteger(const Guard& guard, const TagView& element, const Tag& tag, qint32& value) {
   guard([&] { value = element.strictInteger(tag); });
+}
+
+/// A field that stands in the file as it is. Written back, a value with a tag in it would hide the fields behind it:
+/// a missing closing tag loses what it swallowed here, and that is logged.
+inline QString rawValue(const TagView& element, const Tag& tag, const char* module) {
+  const QString value = element.raw(tag);
+  const qsizetype inner = value.indexOf(u'<');
+  if (inner < 0) {
+    return value;
+  }
+  Logging().AddDebug(QStringLiteral("The value of ") + QString::fromLatin1(tag.open.data(), tag.open.size()) +
+                         QStringLiteral(" is cut at a tag that stands in it"),
+                     QStringLiteral("CreateFromXML"), QString::fromLatin1(module));
+  return value.first(inner).trimmed();
 }
 
 /// The entries of a list of IDs; an entry that is no number or stands twice is logged and left out.

@@ -8,10 +8,14 @@
 #include "model/clsProject.h"
 #include "persist/modConstXML.h"
 
+#include <QScopedValueRollback>
+
 using namespace Qt::StringLiterals;
 using namespace modConstXML;
 
 namespace {
+
+const QString kUnableToSave = u"Unable to save project. Please use Save As and choose a different location."_s;
 
 FileQuestion projectFileQuestion(const QString& folder) {
   return {u"Specify your Project file."_s, u"*.qn4"_s, u"MyProject.qn4"_s, folder};
@@ -28,7 +32,12 @@ bool written(bool result, const QString& failure) {
 }  // namespace
 
 QString clsProject::forcedExtension(const QString& extension) const {
-  return Files().FileWithoutExt(FileWithPath) + extension;
+  // The file's own dot alone counts, and a name that has the extension in other letters is kept.
+  const QString name = Files().FileOnly(FileWithPath);
+  if (name.endsWith(extension, Qt::CaseInsensitive)) {
+    return FileWithPath;
+  }
+  return Path() + Files().FileWithoutExt(name) + extension;
 }
 
 bool clsProject::SaveQN4(bool showProgress) {
@@ -54,14 +63,26 @@ bool clsProject::SaveAs() {
   return true;
 }
 
-// Every failure turns into the question for another file; only giving that up ends the save.
 bool clsProject::Save(bool showProgress, bool singleFile) {
+  if (busy_) {
+    Logging().AddDebug(u"Not saved while a load or save is under way"_s, u"Save"_s, u"clsProject"_s);
+    return false;
+  }
+  const QScopedValueRollback busy(busy_, true);
+  return saveOnce(showProgress, singleFile);
+}
+
+// Every failure turns into the question for another file; only giving that up ends the save.
+bool clsProject::saveOnce(bool showProgress, bool singleFile) {
   QN3FileMode = false;
   QString folder = Paths::documentsFolder();
   for (;;) {
     const bool asked = FileWithPath.isEmpty();
     if (asked && !askForFile(folder)) {
       return false;
+    }
+    if (asked && singleFile) {
+      FileWithPath = forcedExtension(u".qnc4"_s);
     }
     if (attemptSave(showProgress, singleFile, asked)) {
       return true;
@@ -109,7 +130,7 @@ bool clsProject::attemptSave(bool showProgress, bool singleFile, bool asked) {
   const int file = Files().CreateOutputFile(FileWithPath);
   if (file <= 0) {
     Logging().LogEvent(u"Unable to write project file"_s);
-    toolkit().MsgBox(u"Unable to save project. Please use Save As and choose a different location."_s);
+    toolkit().MsgBox(kUnableToSave);
     return false;
   }
   Logging().LogEvent(u"Saving project"_s);
@@ -118,14 +139,15 @@ bool clsProject::attemptSave(bool showProgress, bool singleFile, bool asked) {
     ProgressWindow_->Show();
   }
   setProgress(u"Saving Project"_s);
-  const bool result = writeProject(file, showProgress, singleFile);
+  // Another place has none of the scenes' files yet.
+  const bool result = writeProject(file, showProgress || asked, singleFile);
   const Guard guard("Save", "clsProject");
   const bool closed = guard([&] { Channels().CloseToDisk(file); });
   if (!result) {
     return false;
   }
   if (!closed) {
-    toolkit().MsgBox(u"Unable to save project. Please use Save As and choose a different location."_s);
+    toolkit().MsgBox(kUnableToSave);
     return false;
   }
   Settings().sSet(u"LastProjectFile"_s, FileWithPath);
@@ -135,14 +157,22 @@ bool clsProject::attemptSave(bool showProgress, bool singleFile, bool asked) {
   return true;
 }
 
-bool clsProject::writeProject(int file, bool showProgress, bool singleFile) {
+bool clsProject::writeProject(int file, bool forceTexts, bool singleFile) {
   const Guard guard("Save", "clsProject");
-  guard([&] {
+  if (!singleFile) {
+    // The head holds the counter of these names, so they are given before it is written.
+    guard([&] { Scenes.NameScenesText(); });
+  }
+  const bool headWritten = guard([&] {
     QByteArray head;
     head.append(kHeader).append("\r\n").append(Tag(kRoot).open).append("\r\n");
     DataAsXML(head);
     Channels().PrintLine(file, QByteArrayView(head));
   });
+  if (!headWritten) {
+    toolkit().MsgBox(kUnableToSave);
+    return false;
+  }
   setProgress(u"Saving Locations, Items, Characters"_s);
   if (!written(Locations.WriteXML(file), u"Unable to write location details (cProject.Save)"_s) ||
       !written(Items.WriteXML(file), u"Unable to write item details (cProject.Save)"_s) ||
@@ -155,7 +185,7 @@ bool clsProject::writeProject(int file, bool showProgress, bool singleFile) {
     Logging().LogEvent(u"Saving scene RTF in project file"_s);
   } else {
     Logging().LogEvent(u"Saving scene RTF files to "_s + Path() + u"RTF"_s);
-    if (!written(Scenes.SaveScenesText(showProgress), u"Unable to scene contents (cProject.Save)"_s)) {
+    if (!written(Scenes.SaveScenesText(forceTexts), u"Unable to scene contents (cProject.Save)"_s)) {
       return false;
     }
   }

@@ -1,6 +1,7 @@
 #include "infra/Guard.h"
 #include "model/clsProject.h"
 #include "persist/ElementWriter.h"
+#include "persist/ReadFields.h"
 #include "persist/modConstXML.h"
 #include "text/TagView.h"
 
@@ -58,7 +59,7 @@ bool clsProject::CreateFromXML(const TagView& element) {
       lastFileIndex_[i] = element.strictInteger(kLastFileIndex[i]);
     }
     for (size_t i = 0; i < fieldTitle_.size(); ++i) {
-      fieldTitle_[i] = element.raw(kFieldTitle[i]);
+      fieldTitle_[i] = ReadFields::rawValue(element, kFieldTitle[i], "clsProject");
     }
     WordTargetStartDate = element.date(kWordTargetStartDate);
     WordTargetEndDate = element.date(kWordTargetEndDate);

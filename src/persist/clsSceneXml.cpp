@@ -1,4 +1,5 @@
 #include "infra/RuntimeError.h"
+#include "infra/cSharedFileSubs.h"
 #include "infra/cSharedLogging.h"
 #include "model/clsScene.h"
 #include "persist/ElementWriter.h"
@@ -11,6 +12,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStoredFields = 4;
+
+/// The name of a file in the project's RTF folder and nowhere else.
+QString bareFileName(const QString& stored) {
+  const QString name = Files().FileOnly(stored);
+  return name == u"."_s || name == u".."_s || name.contains(QChar(u'\0')) ? QString() : name;
+}
 
 }  // namespace
 
@@ -84,7 +91,7 @@ void clsScene::readFields(const TagView& element) {
   LastsMinutes = element.integer16(kLastsMinutes);
   LastsHours = element.integer16(kLastsHours);
   LastsDays = element.integer16(kLastsDays);
-  rtfFilename_ = element.raw(kRTFFile);
+  rtfFilename_ = bareFileName(ReadFields::rawValue(element, kRTFFile, "clsScene"));
   DescText = element.text(kDesc);
   Tags = element.text(kTags);
   Notes = element.text(kNotes);
@@ -125,5 +132,6 @@ void clsScene::readRTF(const TagView& element) {
     Logging().AddDebug(
         error.description() + u" ("_s + QString::number(error.number()) + u") in the text of scene '"_s + Title + u'\'',
         u"CreateFromXML"_s, u"clsScene"_s);
+    textUnread_ = true;
   }
 }

@@ -23,6 +23,11 @@ HashRoutine hashRoutine() {
   return routine;
 }
 
+/// Amounts from a damaged file must not overflow into undefined behaviour.
+qint32 wrappingSum(qint32 a, qint32 b) {
+  return static_cast<qint32>(static_cast<quint32>(a) + static_cast<quint32>(b));
+}
+
 }  // namespace
 
 void clsHashTable::Init() {
@@ -122,7 +127,7 @@ void clsHashTable::growBuckets() {
   }
   bucketCount_ = static_cast<qint16>(std::min<int>(kMostBuckets, bucketCount_ * 4));
   buckets_.assign(static_cast<size_t>(bucketCount_) + 1, 0);
-  for (qint32 i = 1; i <= highWater_; ++i) {
+  for (qint32 i = 1; i < static_cast<qint32>(records_.size()); ++i) {
     if (keyedBy_[static_cast<size_t>(i)] != Key::None) {
       auto& head = buckets_[static_cast<size_t>(bucketOf(keyOf(i)))];
       nextInChain_[static_cast<size_t>(i)] = head;
@@ -131,8 +136,13 @@ void clsHashTable::growBuckets() {
   }
 }
 
+void clsHashTable::setHighWater(qint32 index) {
+  highWater_ = std::clamp(index, 0, std::max(0, static_cast<qint32>(records_.size()) - 1));
+}
+
 void clsHashTable::AddAmtToCount(qint32 id, qint32 amount) {
-  at(findOrInsert(id)).Count += amount;
+  HashRecord& record = at(findOrInsert(id));
+  record.Count = wrappingSum(record.Count, amount);
 }
 
 void clsHashTable::AddToValue(const QString& text) {
@@ -144,7 +154,7 @@ void clsHashTable::AddToValue(const QString& text) {
     record.Text = text;
     found = insert(std::move(record), Key::Text, key);
   }
-  ++at(found).Value;
+  at(found).Value = wrappingSum(at(found).Value, 1);
 }
 
 void clsHashTable::SetText(qint32 id, const QString& text) {

@@ -57,7 +57,7 @@ class clsHashTable {
 
   /// The highest record number in use.
   qint32 HighWater() const { return highWater_; }
-  void setHighWater(qint32 index) { highWater_ = index; }
+  void setHighWater(qint32 index);
   /// A copy of the record with this number; throws RuntimeError 9 outside 1 to the table's size.
   HashRecord Record(qint32 index) const;
   /// True when a record of the table is locked.

@@ -126,11 +126,11 @@ qsizetype find(QByteArrayView text, QByteArrayView what, qsizetype from) {
   if (what.isEmpty()) {
     return from;
   }
-  const char* last = text.data() + text.size() - what.size() + 1;
-  const char* at = text.data() + from;
-  if (text.size() < what.size()) {
+  if (text.size() - from < what.size()) {
     return -1;
   }
+  const char* const last = text.data() + text.size() - what.size() + 1;
+  const char* at = text.data() + from;
   while (at < last) {
     at = findAnchor(at, last, what[0]);
     if (at < last && startsWith(QByteArrayView(at, what.size()), what)) {

@@ -15,9 +15,24 @@ TEST(DamagedProjects, LoadOrFailButNeverCrashAndKeepWhatTheyGave) {
   const ScratchFolder scratch;
   const QString path = saveSmallProject(scratch.path());
   const QByteArray whole = fileBytes(path);
-  const QList<QByteArray> snippets{"<SCENE>",      "</SCENE>",  "<ID>",        "</ID>", "<CHAPTERS>", "</SCENES>",
-                                   "<Characters>", "<CharID>",  "99999999999", "-1",    "<RTFFile>",  "%",
-                                   "\x00",         "<![CDATA[", "<PROJECT>"};
+  const QList<QByteArray> snippets{"<SCENE>",
+                                   "</SCENE>",
+                                   "<ID>",
+                                   "</ID>",
+                                   "<CHAPTERS>",
+                                   "</SCENES>",
+                                   "<Characters>",
+                                   "<CharID>",
+                                   "99999999999",
+                                   "-1",
+                                   "<RTFFile>",
+                                   "%",
+                                   QByteArray("\x00\xFF", 2),
+                                   "<![CDATA[",
+                                   "<PROJECT>",
+                                   "../../",
+                                   "2147483647",
+                                   "/dev/zero"};
   std::mt19937 random(42);
   int loaded = 0;
   for (int round = 0; round < 1500; ++round) {

@@ -1,6 +1,7 @@
 #include "support/ScriptedToolkit.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -93,6 +94,13 @@ void ScriptedToolkit::ShowErrorReport(const QString& text, const QString&) {
   const auto expected = take(Kind::Report, text);
   if (expected) {
     EXPECT_TRUE(text.contains(expected->text)) << text.toStdString() << " lacks " << expected->text.toStdString();
+  }
+}
+
+void ScriptedToolkit::DoEvents() {
+  ++yields;
+  if (const auto happens = std::exchange(onYield, nullptr)) {
+    happens();
   }
 }
 

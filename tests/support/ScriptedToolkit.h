@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <functional>
 
 /// Answers from a list, keeps what was asked, and fails the test when something is asked that it was not told
 /// to expect or when an answer is left unused. Installs itself for its lifetime.
@@ -35,6 +36,8 @@ class ScriptedToolkit : public Toolkit {
   QString clipboard;
   Pointer pointer = Pointer::Normal;
   int yields = 0;
+  /// What happens the next time that the program yields; once.
+  std::function<void()> onYield;
 
   Answer MsgBox(const QString& text, Buttons buttons) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& text) override;
@@ -48,7 +51,7 @@ class ScriptedToolkit : public Toolkit {
   void setClipboardText(const QString& text) override { clipboard = text; }
   bool openDocument(const QString& pathOrAddress) override;
   bool runProgram(const QString& program, const QStringList& arguments, bool hidden) override;
-  void DoEvents() override { ++yields; }
+  void DoEvents() override;
   std::unique_ptr<ProgressWindow> makeProgressWindow() override;
 
  private:

@@ -26,10 +26,25 @@ const QByteArray kFile =
     "\t<CHAPTERS>\r\n\t<CHAPTER>\r\n\t\t<ID>1</ID>\r\n\t\t<Scenes>\r\n\t\t\t<ScID>1</ScID>\r\n\t\t</Scenes>\r\n"
     "\t</CHAPTER>\r\n\t</CHAPTERS>\r\n</QUILLANE4>\r\n";
 
-const QList<QByteArray> kSnippets{
-    "<",       "</",       "<ID>",     "</id>",     "<Title>",   "</TITLE>", "<ti<Title>tle>",
-    "<SCENE>", "</Scene>", "<scenes>", "</SCENES>", "<CharID>",  "%",        "%zz",
-    "%2",      "&H1",      "\x00\xFF", "<<Title>",  "</</ID>ID>"};
+const QList<QByteArray> kSnippets{"<",
+                                  "</",
+                                  "<ID>",
+                                  "</id>",
+                                  "<Title>",
+                                  "</TITLE>",
+                                  "<ti<Title>tle>",
+                                  "<SCENE>",
+                                  "</Scene>",
+                                  "<scenes>",
+                                  "</SCENES>",
+                                  "<CharID>",
+                                  "%",
+                                  "%zz",
+                                  "%2",
+                                  "&H1",
+                                  QByteArray("\x00\xFF", 2),
+                                  "<<Title>",
+                                  "</</ID>ID>"};
 
 const Tag kFieldTags[] = {kID,     kTitle, kUnused,   kRTFFile, kSceneCharacters, kCharID,   kSceneRTF, kScID,
                           kScenes, kScene, kField[1], kChapter, kProject,         kChapters, kDesc,     kLocations};
