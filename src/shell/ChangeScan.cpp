@@ -37,6 +37,7 @@ void ChangeScan::TimerScanScenes_Timer() {
     scanRow(*list.topLevelItem(i), found);
   }
   showFindings(found);
+  main_.followEditing();
 }
 
 void ChangeScan::scanRow(QTreeWidgetItem& row, Findings& found) {

@@ -141,7 +141,6 @@ void ChapterPane::setTitlesEnabled(bool enabled) {
 }
 
 void ChapterPane::FillChapterList() {
-  const QSignalBlocker quiet(listChapters_);
   QList<QTreeWidgetItem*> rows;
   for (const auto& chapter : g_Project->Chapters) {
     auto* row = new QTreeWidgetItem;
@@ -150,8 +149,7 @@ void ChapterPane::FillChapterList() {
   }
   // Written before they stand in the list, which would hear of each cell.
   writeProgress(rows);
-  listChapters_->clear();
-  clearDescription();
+  clear();
   listChapters_->addTopLevelItems(rows);
 }
 
@@ -209,6 +207,8 @@ void ChapterPane::showDescription(const clsChapter& chapter) {
   txtChapterDesc_->setPlainText(chapter.Title + u" description: \n"_s + chapter.DescText);
 }
 
-void ChapterPane::clearDescription() {
+void ChapterPane::clear() {
+  const QSignalBlocker quiet(listChapters_);
+  listChapters_->clear();
   txtChapterDesc_->clear();
 }

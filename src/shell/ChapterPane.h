@@ -22,6 +22,7 @@ class ChapterPane : public QWidget {
   void setTitlesEnabled(bool enabled);
   /// One row a chapter; nothing is selected afterwards.
   void FillChapterList();
+  void clear();
   void UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const;
   /// Rewrites the running totals and, with them, the words of the used chapters in all.
   void RecalcProgressive();
@@ -33,7 +34,6 @@ class ChapterPane : public QWidget {
   int ChapterRowIndex(qint32 ChapterID) const;
 
   void showDescription(const clsChapter& chapter);
-  void clearDescription();
 
  Q_SIGNALS:
   /// Another chapter was selected by anything but a key.

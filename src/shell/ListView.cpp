@@ -122,6 +122,12 @@ void ListView::focusOutEvent(QFocusEvent* event) {
   }
 }
 
+void ListView::mousePressEvent(QMouseEvent* event) {
+  // A key whose release went elsewhere is down no longer.
+  keyIsDown_ = false;
+  QTreeWidget::mousePressEvent(event);
+}
+
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
   QTreeWidget::mouseReleaseEvent(event);
   Q_EMIT buttonUp();

@@ -289,9 +289,8 @@ const std::vector<MenuEntry>& mainMenuTable() {
 }
 
 QString commandName(const MenuEntry& entry) {
-  const QString title = QString::fromUtf16(entry.title);
-  if (!title.isEmpty()) {
-    return title;
+  if (*entry.title != u'\0') {
+    return QString::fromUtf16(entry.title);
   }
   const QString caption = QString::fromUtf16(entry.caption);
   return caption.section(u'(', 0, 0).section(u"..."_s, 0, 0).trimmed();

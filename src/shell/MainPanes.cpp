@@ -79,8 +79,8 @@ void MainPanes::FillSceneList(int SelectIndex) {
   frameScenes_->FillSceneList(id, SelectIndex);
 }
 
-void MainPanes::clearSelection() {
-  frameChapters_->ListChapters().clearSelection();
+void MainPanes::ClearLists() {
+  frameChapters_->clear();
   frameScenes_->clear();
 }
 
@@ -102,6 +102,7 @@ void MainPanes::EditRow(qint32 SceneID) {
   if (QTreeWidgetItem* row = list.topLevelItem(list.rowOfTag(SceneID))) {
     frameScenes_->UpdateSceneRow(*row, SceneID);
   }
+  Q_EMIT sceneEdited();
 }
 
 double MainPanes::chapterSplit() const {

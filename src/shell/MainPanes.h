@@ -26,8 +26,8 @@ class MainPanes : public QWidget {
   void FillChapterList();
   /// The scenes of the selected chapter; nothing when none is selected.
   void FillSceneList(int SelectIndex);
-  /// Chapter and scene are forgotten: what is filled next selects its first rows.
-  void clearSelection();
+  /// No rows and no display, whatever the project holds. What is filled next selects its first rows.
+  void ClearLists();
   void showScenesTab();
 
   void EditSelectedScene();
@@ -42,6 +42,8 @@ class MainPanes : public QWidget {
  Q_SIGNALS:
   void chapterOpened();
   void titlesEdited();
+  /// An editor was opened, or brought forward.
+  void sceneEdited();
 
  protected:
   void showEvent(QShowEvent* event) override;

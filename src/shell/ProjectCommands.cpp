@@ -4,7 +4,7 @@
 #include "infra/cSharedFileSubs.h"
 #include "model/Globals.h"
 #include "model/clsProject.h"
-#include "shell/ChapterPane.h"
+#include "shell/InputShield.h"
 #include "shell/MainMenuBar.h"
 #include "shell/MainPanes.h"
 #include "shell/RecentProjects.h"
@@ -29,21 +29,30 @@ bool conversionWanted(const QString& path) {
 void ProjectCommands::LoadProject(const QString& Path, bool ShowProgress) {
   // Written at once, so that the list outlives a crash; as it stands already at most starts, it is left alone then.
   RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
-  if (!g_Project->Load(Path, ShowProgress)) {
+  if (!readProject(Path, ShowProgress)) {
     showEmptyProject();
     toolkit().DoEvents();
     return;
   }
-  main_.panes().clearSelection();
   main_.EnableMenus();
   main_.RefreshAll();
   main_.ProjectChanged = false;
 }
 
+// The lists go first: their rows stand for what is cleared while the windows repaint.
+bool ProjectCommands::readProject(const QString& path, bool showProgress) {
+  main_.StopScanTimer();
+  main_.panes().ClearLists();
+  const InputShield shield;
+  return g_Project->Load(path, showProgress);
+}
+
 void ProjectCommands::showEmptyProject() {
+  // Scenes that were open give up their locks.
+  g_Project->Clear();
   g_Project = std::make_unique<clsProject>();
   main_.DisableMenus();
-  main_.panes().clearSelection();
+  main_.panes().ClearLists();
   main_.RefreshAll();
   main_.ProjectChanged = false;
 }
@@ -51,6 +60,7 @@ void ProjectCommands::showEmptyProject() {
 void ProjectCommands::SaveProject(bool ShowProgress) {
   main_.StopScanTimer();
   main_.ProjectChanged = false;
+  const InputShield shield;
   if (g_Project->SaveQN4(ShowProgress)) {
     AddToRecent(g_Project->FileWithPath);
   }
@@ -95,6 +105,9 @@ void ProjectCommands::setMenusByProject() {
 
 // Whoever opens a project by hand is not asked about updates in this run.
 void ProjectCommands::mnuLoadProj_Click() {
+  if (main_.refusedWhileEditing()) {
+    return;
+  }
   main_.stopUpdateCheck();
   saveIfChanged();
   main_.StopScanTimer();
@@ -112,7 +125,7 @@ void ProjectCommands::mnuLoadProj_Click() {
 }
 
 void ProjectCommands::mnuRecent_Click(const QString& Path) {
-  if (Path.isEmpty()) {
+  if (Path.isEmpty() || main_.refusedWhileEditing()) {
     return;
   }
   main_.stopUpdateCheck();
@@ -141,12 +154,15 @@ void ProjectCommands::mnuCloseProject_Click() {
 }
 
 void ProjectCommands::mnuNewProj_Click() {
+  if (main_.refusedWhileEditing()) {
+    return;
+  }
   main_.StopScanTimer();
   saveIfChanged();
   main_.StopScanTimer();
   const bool created = CreateEmptyProject();
   created ? main_.EnableMenus() : main_.DisableMenus();
-  main_.panes().clearSelection();
+  main_.panes().ClearLists();
   main_.RefreshAll();
   main_.ProjectChanged = false;
   main_.StartScanTimer();

@@ -29,6 +29,7 @@ class ProjectCommands {
   void mnuSaveToSingleFile_Click();
 
  private:
+  bool readProject(const QString& path, bool showProgress);
   void showEmptyProject();
   void setMenusByProject();
 

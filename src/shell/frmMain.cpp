@@ -77,6 +77,7 @@ void frmMain::connectSignals() {
   connect(&Timer3_, &QTimer::timeout, this, &frmMain::Timer3_Timer);
   connect(panes_, &MainPanes::titlesEdited, this, [this] { ProjectChanged = true; });
   connect(panes_, &MainPanes::chapterOpened, this, &frmMain::EditSelectedChapter);
+  connect(panes_, &MainPanes::sceneEdited, this, &frmMain::followEditing);
   connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, [this] {
     menus_->apply(chapterEntries(panes_->FrameChapters().ListChapters().topLevelItemCount() > 0));
     UpdateMenusForEditing();
@@ -150,7 +151,14 @@ void frmMain::setProjectFieldsEnabled(bool enabled) {
 }
 
 void frmMain::UpdateMenusForEditing() {
-  menus_->apply(menusForEditing(Editing()));
+  editingShown_ = Editing();
+  menus_->apply(menusForEditing(editingShown_));
+}
+
+void frmMain::followEditing() {
+  if (editingShown_ != Editing()) {
+    UpdateMenusForEditing();
+  }
 }
 
 void frmMain::StopScanTimer() {

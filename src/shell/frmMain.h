@@ -56,6 +56,8 @@ class frmMain : public QMainWindow {
   void DisableMenus();
   void EnableMenus();
   void UpdateMenusForEditing();
+  /// The same when the first editor has opened or the last one closed since, in whichever chapter.
+  void followEditing();
   void StopScanTimer();
   void StartScanTimer();
   void stopUpdateCheck() { Timer3_.stop(); }
@@ -106,6 +108,8 @@ class frmMain : public QMainWindow {
   std::unique_ptr<StatusPanels> status_;
   ProjectCommands project_;
   ToolCommands tools_;
+  /// What the menus were last told of open editors.
+  bool editingShown_ = false;
   /// The settings were read: before that there is nothing worth writing back.
   bool settingsLoaded_ = false;
 };

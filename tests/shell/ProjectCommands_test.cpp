@@ -12,6 +12,8 @@
 #include "support/SampleProject.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
@@ -98,6 +100,52 @@ TEST_F(ProjectCommandsTest, OpeningSavesAChangedProjectFirstWithoutAQuestion) {
   EXPECT_TRUE(control<QTimer>("TimerScanScenes").isActive());
   trigger("mnuRecent(2)");
   EXPECT_EQ(g_Project->FileWithPath, first);
+}
+
+TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) {
+  const QString other = smallProject(u"Other"_s);
+  startWith(smallProject(u"First"_s));
+  toolkit.expectFile(other);
+  int rows = -1;
+  toolkit.onYield = [&] {
+    rows = list("ListScenes").topLevelItemCount() + list("ListChapters").topLevelItemCount();
+    QCloseEvent close;
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, {50, 50}, {50, 50}, Qt::LeftButton, Qt::LeftButton, {});
+    for (QEvent* event : {static_cast<QEvent*>(&close), static_cast<QEvent*>(&key), static_cast<QEvent*>(&press)}) {
+      QSpontaneKeyEvent::setSpontaneous(event);
+      EXPECT_TRUE(qApp->notify(&list("ListChapters"), event)) << event->type();
+      EXPECT_FALSE(event->isAccepted()) << event->type();
+    }
+    QCloseEvent leave;
+    QSpontaneKeyEvent::setSpontaneous(&leave);
+    qApp->notify(&window(), &leave);
+  };
+  trigger("mnuLoadProj");
+  EXPECT_EQ(rows, 0);
+  EXPECT_EQ(ended, 0);
+  EXPECT_EQ(g_Project->FileWithPath, other);
+  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 3);
+}
+
+TEST_F(ProjectCommandsTest, OpeningIsRefusedWhileASceneIsOpen) {
+  const QString path = smallProject();
+  startWith(path);
+  window().EditSelectedScene();
+  for (int i = 0; i < 3; ++i) {
+    toolkit.expectBox(u"Please close all editor windows first"_s);
+  }
+  window().project().mnuLoadProj_Click();
+  window().project().mnuRecent_Click(path);
+  window().project().mnuNewProj_Click();
+  EXPECT_EQ(g_Project->FileWithPath, path);
+}
+
+TEST_F(ProjectCommandsTest, ClosingReleasesTheLocksOfItsScenes) {
+  startWith(smallProject());
+  g_SceneChanges.LockRec(1);
+  EXPECT_TRUE(window().project().CloseProject());
+  EXPECT_FALSE(window().Editing());
 }
 
 TEST_F(ProjectCommandsTest, ACancelledOpenChangesNothing) {
