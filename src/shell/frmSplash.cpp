@@ -13,13 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QLabel* label(const QString& name, const QString& text, double scale) {
+QLabel* label(const QString& name, const QString& text) {
   auto* result = new QLabel(text);
   result->setObjectName(name);
-  QFont font = result->font();
-  font.setPointSizeF(font.pointSizeF() * scale);
-  font.setBold(scale > 1.5);
-  result->setFont(font);
   return result;
 }
 
@@ -43,13 +39,13 @@ void frmSplash::buildLayout() {
   const int width = fontMetrics().horizontalAdvance(u'0') * 52;
   lblStatus_->setFixedWidth(width);
 
-  // No picture: it would take longer to draw than the start takes.
+  // No picture and no second font: they would take longer to load than all the rest of this window.
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(24, 20, 24, 16);
-  column->addWidget(label(u"lblTitle"_s, u"Quillane 4"_s, 2));
-  column->addWidget(label(u"lblVersion"_s, u"Version " QUILLANE_VERSION ""_s, 1));
+  column->addWidget(label(u"lblTitle"_s, u"Quillane 4"_s));
+  column->addWidget(label(u"lblVersion"_s, u"Version " QUILLANE_VERSION ""_s));
   const QString maker = QString::fromLatin1(Maker::kName) + u" "_s + QString::number(Clock::today().year());
-  column->addWidget(label(u"lblMaker"_s, maker, 1));
+  column->addWidget(label(u"lblMaker"_s, maker));
   column->addSpacing(16);
   column->addWidget(lblStatus_);
 }
