@@ -35,6 +35,12 @@ SceneEditorFactory& sceneEditorFactory() {
   return factory;
 }
 
+void bringDialogForward(EntityKind kind, qint32 id) {
+  if (entityDialogs().bringForward) {
+    entityDialogs().bringForward(kind, id);
+  }
+}
+
 EntityDialogs& entityDialogs() {
   static EntityDialogs dialogs;
   return dialogs;

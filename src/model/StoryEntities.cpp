@@ -21,7 +21,11 @@ qint32 lazyID(Entity& entity, const qint32& id) {
 
 /// Locks the record while the dialog is open; a saved edit marks it for all windows.
 template <class Entity, class Ask>
-bool runDialog(Entity& entity, clsHashTable& table, Ask ask) {
+bool runDialog(Entity& entity, EntityKind kind, clsHashTable& table, Ask ask) {
+  if (entity.EditOpen) {
+    bringDialogForward(kind, entity.ID());
+    return false;
+  }
   table.LockRec(entity.ID());
   entity.EditOpen = true;
   const bool saved = ask();
@@ -51,7 +55,7 @@ void clsCharacter::setTitle(const QString& title) {
 }
 
 bool clsCharacter::Edit(qint32 arg) {
-  return runDialog(*this, g_CharChanges,
+  return runDialog(*this, EntityKind::Character, g_CharChanges,
                    [&] { return entityDialogs().character && entityDialogs().character(*this, arg); });
 }
 
@@ -73,7 +77,7 @@ void clsLocation::GenerateID() {
 }
 
 bool clsLocation::Edit() {
-  return runDialog(*this, g_LocationChanges,
+  return runDialog(*this, EntityKind::Location, g_LocationChanges,
                    [&] { return entityDialogs().location && entityDialogs().location(*this); });
 }
 
@@ -86,7 +90,8 @@ void clsItem::GenerateID() {
 }
 
 bool clsItem::Edit() {
-  return runDialog(*this, g_ItemChanges, [&] { return entityDialogs().item && entityDialogs().item(*this); });
+  return runDialog(*this, EntityKind::Item, g_ItemChanges,
+                   [&] { return entityDialogs().item && entityDialogs().item(*this); });
 }
 
 void StoryThing::Clear() {

@@ -88,6 +88,10 @@ bool clsChapter::runDialog(bool adding) {
 }
 
 void clsChapter::Edit() {
+  if (EditOpen) {
+    bringDialogForward(EntityKind::Chapter, ID());
+    return;
+  }
   EditOpen = true;
   runDialog(false);
   EditOpen = false;

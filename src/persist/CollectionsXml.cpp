@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Elements are printed together up to about this size: one by one they would cost a call each.
-constexpr qsizetype kPrintedTogether = 256 * 1024;
+constexpr qsizetype kPrintedTogether = 262144;
 
 /// By position, and each entity held while it is used: a progress caption yields, and what it yields to may add or
 /// remove an entity.

@@ -15,7 +15,7 @@ inline void strictInteger(const Guard& guard, const TagView& element, const Tag&
 /// A field that stands in the file as it is. Written back, a value with a tag in it would hide the fields behind it:
 /// a missing closing tag loses what it swallowed here, and that is logged.
 inline QString rawValue(const TagView& element, const Tag& tag, const char* module) {
-  const QString value = element.raw(tag);
+  QString value = element.raw(tag);
   const qsizetype inner = value.indexOf(u'<');
   if (inner < 0) {
     return value;

@@ -161,6 +161,31 @@ TEST_F(Project, ANewEntityIsAddedAndSavedOnlyWhenItsDialogWasAccepted) {
   EXPECT_TRUE(saved.contains("The%20end") && saved.contains("<Title>Sea</Title>"));
 }
 
+TEST_F(Project, ADialogThatIsOpenComesForwardAndIsNotOpenedTwice) {
+  QStringList calls;
+  entityDialogs().bringForward = [&](EntityKind kind, qint32 id) {
+    calls += QString::number(static_cast<int>(kind)) + u':' + QString::number(id);
+  };
+  const auto person = g_Project->CharByID(2);
+  entityDialogs().character = [&](clsCharacter& same, qint32 arg) {
+    calls += u"edit %1"_s.arg(arg);
+    EXPECT_FALSE(same.Edit(1));
+    EXPECT_TRUE(g_CharChanges.IsLocked(2));
+    return true;
+  };
+  const auto chapter = g_Project->ChapterByID(1);
+  entityDialogs().chapter = [&](const ChapterDetails& details, bool) -> std::optional<ChapterDetails> {
+    calls += u"%1 words"_s.arg(details.Wordcount);
+    chapter->Edit();
+    return ChapterDetails{1, u"New name"_s, {}, 0};
+  };
+  EXPECT_TRUE(person->Edit(4));
+  chapter->Edit();
+  EXPECT_EQ(calls, (QStringList{u"edit 4"_s, u"1:2"_s, u"5 words"_s, u"0:1"_s}));
+  EXPECT_EQ(chapter->Title, u"New name"_s);
+  EXPECT_FALSE(person->EditOpen || chapter->EditOpen || g_CharChanges.AnyLocked());
+}
+
 TEST_F(Project, ANeverSavedProjectHasNoFolder) {
   g_Project->FileWithPath.clear();
   EXPECT_TRUE(g_Project->Path() == u"./"_s || g_Project->Path() == u".\\"_s);

@@ -181,6 +181,20 @@ TEST_F(Scene, EditLocksTheRecordAndOpensOneWindowOnly) {
   EXPECT_EQ(calls_.size(), 2) << "a closed window is not asked any more";
 }
 
+TEST_F(Scene, CannotBeOpenedAgainWhileItsWindowGoes) {
+  ScriptedToolkit screen;
+  const auto scene = g_Project->SceneByIndex(1);
+  scene->Edit();
+  calls_.clear();
+  screen.onYield = [&] { scene->Edit(); };
+  editor_->Finished();
+  EXPECT_EQ(calls_, (QStringList{u"Hide"_s, u"Unload"_s}));
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  scene->Edit();
+  EXPECT_TRUE(scene->Locked() && scene->EditingScene);
+  editor_->Finished();
+}
+
 TEST_F(Scene, AnEditorThatOutlivesItsSceneTalksToNobody) {
   const ScriptedToolkit screen;
   g_Project->SceneByIndex(1)->Edit();
