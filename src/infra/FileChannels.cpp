@@ -53,7 +53,7 @@ int FileChannels::Open(const QString& path, Mode mode) {
     ++number;
   }
   NativeFile file(path, nativeMode(mode));
-  open_.emplace(number, Channel{std::move(file), mode, identity(path), {}});
+  open_.emplace(number, Channel{std::move(file), mode, identity(path), {}, {}});
   return number;
 }
 
@@ -81,15 +81,29 @@ FileChannels::Channel& FileChannels::writer(int number) {
   return found;
 }
 
+void FileChannels::write(Channel& to, QByteArrayView bytes) {
+  if (to.failure) {
+    throw *to.failure;
+  }
+  try {
+    to.file.write(bytes);
+  } catch (const RuntimeError& error) {
+    to.failure = error;
+    throw;
+  }
+}
+
 void FileChannels::Print(int number, QByteArrayView bytes) {
   Channel& to = writer(number);
+  if (to.failure) {
+    throw *to.failure;
+  }
   if (to.buffer.size() + bytes.size() < kBufferSize) {
     to.buffer.append(bytes);
     return;
   }
-  to.file.write(to.buffer);
-  to.buffer.resize(0);
-  to.file.write(bytes);
+  write(to, std::exchange(to.buffer, {}));
+  write(to, bytes);
 }
 
 void FileChannels::Print(int number, QStringView text) {
@@ -97,7 +111,7 @@ void FileChannels::Print(int number, QStringView text) {
 }
 
 void FileChannels::PrintLine(int number, QByteArrayView bytes) {
-  writer(number).buffer.append(bytes);
+  Print(number, bytes);
   Print(number, QByteArrayView("\r\n"));
 }
 
@@ -133,7 +147,7 @@ QByteArray FileChannels::LineInput(int number) {
     }
     from.buffer.append(more);
   }
-  const QByteArray line = from.buffer.first(end);
+  QByteArray line = from.buffer.first(end);
   const bool pair = from.buffer.mid(end, 2) == "\r\n";
   from.buffer.remove(0, end + (pair ? 2 : 1));
   return line;
@@ -159,7 +173,7 @@ void FileChannels::close(int number, bool toDisk) {
   Channel closing = std::move(channel(number));
   open_.erase(number);
   if (closing.mode != Mode::Input) {
-    closing.file.write(closing.buffer);
+    write(closing, closing.buffer);
   }
   if (toDisk) {
     closing.file.flushToDisk();

@@ -1,16 +1,19 @@
 #pragma once
 
 #include "infra/NativeFile.h"
+#include "infra/RuntimeError.h"
 
 #include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
 #include <map>
+#include <optional>
 
 /// The open files by number: the lowest free number from 1 is given to the next one. Output is buffered.
-/// Every operation throws RuntimeError: 52 for a number that isn't open, 54 for one opened the other way,
-/// 55 for a file that is open already, and the system's refusals as NativeFile tells them.
+/// Once a write has failed the channel stays failed: every later Print and the Close throw the same, so that no file
+/// with a hole in it counts as written. Every operation throws RuntimeError: 52 for a number that isn't open, 54 for
+/// one opened the other way, 55 for a file that is open already, and the system's refusals as NativeFile tells them.
 class FileChannels {
  public:
   enum class Mode { Input, Output, Append };
@@ -47,12 +50,14 @@ class FileChannels {
     QString path;
     /// What waits to be written, or what was read ahead.
     QByteArray buffer;
+    std::optional<RuntimeError> failure;
   };
 
   void close(int number, bool toDisk);
   Channel& channel(int number);
   Channel& reader(int number);
   Channel& writer(int number);
+  static void write(Channel& to, QByteArrayView bytes);
 
   std::map<int, Channel> open_;
 };

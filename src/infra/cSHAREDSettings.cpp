@@ -13,11 +13,13 @@
 #include "text/cSharedText.h"
 #include "toolkit/Toolkit.h"
 
+#include <QFileInfo>
 #include <QStorageInfo>
 
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <new>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -220,7 +222,28 @@ QByteArray cSHAREDSettings::fileContent() const {
   return content;
 }
 
+/// What could not be read is still the writer's: it is put aside before anything is written in its place.
+bool cSHAREDSettings::keepUnread(const QString& path) {
+  if (unread_ != path || !Files().FileExists(path)) {
+    return true;
+  }
+  QString aside = path + u".bak"_s;
+  for (int number = 1; QFileInfo::exists(aside); ++number) {
+    aside = path + u".bak"_s + QString::number(number);
+  }
+  if (!Files().MoveFile(path, aside)) {
+    Logging().AddDebug(u"Settings not saved: the old file could not be read and can't be put aside"_s,
+                       u"SaveSettings"_s, QString::fromLatin1(kModule));
+    return false;
+  }
+  unread_.clear();
+  return true;
+}
+
 bool cSHAREDSettings::SaveSettings(const QString& path) {
+  if (!keepUnread(path)) {
+    return false;
+  }
   SaveRecovery recovery(path);
   for (;;) {
     try {
@@ -248,10 +271,15 @@ void cSHAREDSettings::loadLine(const QByteArray& line) {
 void cSHAREDSettings::LoadSettings(const QString& path) {
   DeleteAllSettings();
   QByteArray content;
+  unread_.clear();
   try {
     content = readWholeFile(Paths::native(path)).value_or(QByteArray());
   } catch (const RuntimeError& error) {
+    unread_ = path;
     showLineError(error, {}, path);
+  } catch (const std::bad_alloc&) {
+    unread_ = path;
+    showLineError(RuntimeError(RuntimeError::OutOfMemory), {}, path);
   }
   const QByteArray lineEnd = lineEndOf(content);
   for (qsizetype from = 0; from < content.size();) {
@@ -340,11 +368,16 @@ void cSHAREDSettings::DeleteFromSetByValue(const QString& setName, const QString
   if (match == members.end()) {
     return;
   }
-  DeleteSettingByName(prefix + QString::number(*match));
+  // Values move and keys stay, so that the order of the file does. A hole moves up with the members behind it.
   for (auto behind = std::next(match); behind != members.end(); ++behind) {
     const QString key = prefix + QString::number(*behind);
-    StoreSetting(prefix + QString::number(*behind - 1), find(key)->KeyValue);
-    DeleteSettingByName(key);
+    StoreSetting(prefix + QString::number(*behind - 1), QVariant(find(key)->KeyValue));
+    if (std::next(behind) == members.end() || *std::next(behind) != *behind + 1) {
+      DeleteSettingByName(key);
+    }
+  }
+  if (std::next(match) == members.end() || *std::next(match) != *match + 1) {
+    DeleteSettingByName(prefix + QString::number(*match));
   }
   StoreSetting(prefix + u"INDEX"_s, last - 1);
 }

@@ -94,9 +94,12 @@ class cSHAREDSettings {
   void AddSetting(const QString& key, const QVariant& value);
   const cSHAREDSetting* find(const QString& key) const;
   QByteArray fileContent() const;
+  bool keepUnread(const QString& path);
   void loadLine(const QByteArray& line);
   std::vector<int> membersOf(const QString& setName, qint64 last) const;
 
+  /// The file that the last load found and could not read.
+  QString unread_;
   Entries entries_;
   /// By the upper-cased key, which is what stands in the file.
   QHash<QString, Entries::iterator> index_;

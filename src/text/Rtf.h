@@ -12,6 +12,9 @@
 /// The \par directly before the end of the document ends the last paragraph and adds none, and writing ends
 /// every paragraph with \par: reading what was written gives an equal text.
 
+/// The bytes from where the RTF begins: some programs put a byte order mark, blanks or line ends in front. Empty when
+/// they are no RTF.
+QByteArrayView rtfStart(QByteArrayView bytes);
 /// True when the bytes begin as RTF does.
 bool isRtf(QByteArrayView bytes);
 

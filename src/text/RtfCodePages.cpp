@@ -144,6 +144,11 @@ const ByteDecoder& ByteDecoder::of(int codePage) {
   if (known != decoders.end()) {
     return known->second;
   }
+  // These name encodings of whole characters, not pages of bytes.
+  constexpr int kWide[] = {1200, 1201, 12000, 12001, 65000};
+  if (std::find(std::begin(kWide), std::end(kWide), codePage) != std::end(kWide)) {
+    return of(1252);
+  }
   const bool usual = codePage == 1252 || codePage == kSymbol || codePage == kUtf8 || codePage == 1361;
   if (!usual && !QStringDecoder(encodingName(codePage).constData()).isValid()) {
     return of(1252);

@@ -88,8 +88,18 @@ QString withUniformLineEnds(const QString& text) {
 
 }  // namespace
 
+QByteArrayView rtfStart(QByteArrayView bytes) {
+  if (bytes.startsWith("\xEF\xBB\xBF")) {
+    bytes = bytes.sliced(3);
+  }
+  while (!bytes.isEmpty() && (bytes[0] == ' ' || bytes[0] == '\t' || bytes[0] == '\r' || bytes[0] == '\n')) {
+    bytes = bytes.sliced(1);
+  }
+  return bytes.startsWith("{\\rtf") ? bytes : QByteArrayView();
+}
+
 bool isRtf(QByteArrayView bytes) {
-  return bytes.startsWith("{\\rtf");
+  return !rtfStart(bytes).isEmpty();
 }
 
 QString rtfToPlainText(QByteArrayView bytes) {
@@ -97,6 +107,6 @@ QString rtfToPlainText(QByteArrayView bytes) {
     return withUniformLineEnds(CodePage::fromBytes(bytes));
   }
   PlainSink sink(bytes.size());
-  RtfReader(bytes, sink).read();
+  RtfReader(rtfStart(bytes), sink).read();
   return sink.take();
 }

@@ -216,7 +216,7 @@ RichText readRtf(QByteArrayView bytes) {
     return RichText::fromPlain(CodePage::fromBytes(bytes));
   }
   RichSink sink(bytes.size() - bytes.size() / 8);
-  RtfReader reader(bytes, sink);
+  RtfReader reader(rtfStart(bytes), sink);
   sink.use(reader.tables());
   reader.read();
   return sink.take();

@@ -25,6 +25,7 @@ constexpr RtfWord kWords[] = {
     action("nestrow", RtfAction::ParagraphEnd),
     action("line", RtfAction::LineBreak),
     action("page", RtfAction::SoftEnd),
+    action("column", RtfAction::SoftEnd),
     action("sect", RtfAction::SoftEnd),
     character("tab", u'\t'),
     character("cell", u'\t'),
@@ -199,6 +200,7 @@ constexpr RtfWord kWords[] = {
     // characters
     action("plain", RtfAction::Plain),
     action("v", RtfAction::Hidden),
+    action("deleted", RtfAction::Hidden),  // struck out in a tracked draft: no part of the text
     format("b", RtfProperty::Bold),
     format("i", RtfProperty::Italic),
     format("strike", RtfProperty::StrikeOut),

@@ -453,6 +453,10 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
+  // The control's own refusal stands in the routine that this one takes the place of.
+  if (isReadOnly()) {
+    return;
+  }
   setSelText(source->text());
   ensureCursorVisible();
 }

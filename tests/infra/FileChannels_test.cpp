@@ -100,3 +100,22 @@ TEST(FileChannels, AFullDiskIsToldAtTheLatestOnClosing) {
   EXPECT_EQ(errorOf([&] { channels.Close(number); }), RuntimeError::DiskFull);
   EXPECT_EQ(errorOf([&] { channels.Close(number); }), RuntimeError::BadFileName) << "the number is free";
 }
+
+// A hole in a file must not be papered over by what is printed behind it.
+TEST(FileChannels, AChannelThatFailedOnceStaysFailed) {
+  if (!FailingDisk::available()) {
+    GTEST_SKIP();
+  }
+  const ScratchFolder folder;
+  FileChannels channels;
+  const int number = channels.Open(folder.path(u"file"_s), Mode::Output);
+  const QByteArray first(60000, 'A');
+  const QByteArray second(10000, 'B');
+  channels.Print(number, first);
+  {
+    const FailingDisk full(30000);
+    EXPECT_EQ(errorOf([&] { channels.Print(number, second); }), RuntimeError::DiskFull);
+  }
+  EXPECT_EQ(errorOf([&] { channels.Print(number, second); }), RuntimeError::DiskFull);
+  EXPECT_EQ(errorOf([&] { channels.Close(number); }), RuntimeError::DiskFull);
+}

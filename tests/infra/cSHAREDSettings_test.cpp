@@ -325,3 +325,44 @@ TEST(cSHAREDSettings, ColumnWidthsAreKeptByNumber) {
   loaded(saved(settings)).ReadColumnSettings(u"ListScenes"_s, columns);
   EXPECT_EQ(columns.widths, QList<double>({1200.5, 2, 700, 4}));
 }
+
+// A file that is there and can't be read is still the writer's: it is put aside before another takes its place.
+TEST(cSHAREDSettings, AFileThatCouldNotBeReadIsNotOverwritten) {
+  ScriptedToolkit person;
+  const ScratchFolder folder;
+  const QString path = folder.path(u"s.ini"_s);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("KEEP,precious\r\n");
+  file.close();
+  file.setPermissions(QFileDevice::WriteOwner);
+  {
+    const OrdinaryUser user;
+    if (!user.limited()) {
+      GTEST_SKIP() << "permissions don't refuse here";
+    }
+    cSHAREDSettings settings;
+    person.expectErrorReport(u"in setting file."_s);
+    settings.LoadSettings(path);
+    settings.sSet(u"NEW"_s, 1);
+    settings.SaveSettings(path);
+  }
+  QFile aside(QFile::exists(path + u".bak"_s) ? path + u".bak"_s : path);
+  aside.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+  ASSERT_TRUE(aside.open(QIODevice::ReadOnly));
+  EXPECT_EQ(aside.readAll(), "KEEP,precious\r\n");
+}
+
+TEST(cSHAREDSettings, DeletingAMemberKeepsTheOrderOfTheFile) {
+  cSHAREDSettings settings;
+  for (const QString& value : {u"a"_s, u"b"_s, u"c"_s}) {
+    settings.AddToSet(u"R"_s, value);
+  }
+  settings.sSet(u"Z"_s, 1);
+  settings.DeleteFromSetByValue(u"R"_s, u"a"_s);
+  QStringList names;
+  for (int i = 1; i <= settings.SettingsCount(); ++i) {
+    names += settings.SettingNameByIndex(i) + u'=' + settings.sGet(settings.SettingNameByIndex(i)).toString();
+  }
+  EXPECT_EQ(names, (QStringList{u"R_INDEX=2"_s, u"R_1=b"_s, u"R_2=c"_s, u"Z=1"_s}));
+}

@@ -107,6 +107,8 @@ TEST(Rtf, DecodesBytesByTheFontInForce) {
       {"no fonts", "{\\rtf1\\mac\\'8e}", u"é"_s},
       {"\\pc", "{\\rtf1\\pc\\'82}", u"é"_s},
       {"\\pca", "{\\rtf1\\pca\\'b5}", u"Á"_s},
+      {"an encoding of whole characters is no code page", "{\\rtf1\\ansi\\ansicpg1200\\'93}", u"“"_s},
+      {"a byte order mark and blanks in front", "\xEF\xBB\xBF \r\n{\\rtf1 a}", u"a"_s},
       {"code page 0", "{\\rtf1\\ansi\\ansicpg0\\'93}", u"“"_s},
       {"UTF-8", "{\\rtf1\\ansicpg65001\xE2\x82\xAC\\'f0\\'9f\\'98\\'80\xC3}", u"€😀\xFFFD"_s},
       {"the five holes of our code page", "{\\rtf1\\'81\\'8d\\'8f\\'90\\'9d}", u"\x81\x8D\x8F\x90\x9D"_s},
@@ -133,6 +135,8 @@ TEST(Rtf, TellsTextFromWhatIsNone) {
        "{\\rtf1{\\upr{\\fonttbl{\\f0 A;}}{\\*\\ud{\\fonttbl{\\f0\\fcharset204 B;}}}}\\f0\\'c6}", u"Ж"_s},
       {"tables", "{\\rtf1\\intbl a\\cell b\\cell\\row c\\nestcell\\nestrow{\\nonesttables\\par}d}",
        u"a\tb\t\r\nc\t\r\nd"_s},
+      {"columns part text", "{\\rtf1 a\\column b}", u"a\r\nb"_s},
+      {"what a tracked draft has struck out", "{\\rtf1 a{\\deleted b}c}", u"ac"_s},
       {"line and page breaks", "{\\rtf1 a\\line b\\page c\\par\\page d\\sect}", u"a\r\nb\r\nc\r\nd"_s},
       {"control characters by number", "{\\rtf1 a\\'0d\\'0ab\\u8232?c\\u8233?d\\u0?e}", u"a\r\nb\r\nc\r\nde"_s},
   });

@@ -228,6 +228,9 @@ TEST(RichTextBox, LockedTextIsOnlyRead) {
   box->setLocked(true);
   QTest::keyClicks(box.get(), u"x"_s);
   EXPECT_EQ(box->Text(), kPlain);
+  QGuiApplication::clipboard()->setText(u"pasted"_s);
+  box->paste();
+  EXPECT_EQ(box->Text(), kPlain);
   box->select(0, 3);
   EXPECT_EQ(box->SelText(), u"one"_s);
   box->setLocked(false);
