@@ -20,6 +20,13 @@ bool isDestination(RtfAction action) {
          action == RtfAction::ColourTable || action == RtfAction::Alternatives || action == RtfAction::UnicodePart;
 }
 
+/// The signs that programs put in front of a listed paragraph; those of symbol fonts are private characters.
+bool isBullet(char16_t sign) {
+  static constexpr char16_t kSigns[] = {0x00B7, 0x2022, 0x2023, 0x2043, 0x25A0, 0x25AA, 0x25CB, 0x25CF, 0x25E6};
+  const bool isSymbol = sign >= 0xF020 && sign <= 0xF0FF;
+  return isSymbol || std::find(std::begin(kSigns), std::end(kSigns), sign) != std::end(kSigns);
+}
+
 }  // namespace
 
 void RtfReader::read() {
@@ -83,9 +90,13 @@ bool RtfReader::close() {
   if (outer_.size() <= 1) {
     return false;  // what stands behind the document's own brace is no part of it
   }
+  const bool wasLabel = group_.destination == Destination::Label;
   group_ = outer_.back();
   outer_.pop_back();
   sink_.close();
+  if (wasLabel && inBody() && isBullet(label_)) {
+    sink_.bullet();
+  }
   return true;
 }
 
@@ -226,6 +237,8 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       return;
     case RtfAction::SkipGroup:
       return skipGroup();
+    case RtfAction::Label:
+      return enterLabel();
     case RtfAction::FontTable:
       return enterTable(Destination::Fonts);
     case RtfAction::ColourTable:
@@ -274,6 +287,16 @@ void RtfReader::enterTable(Destination destination) {
   }
   group_.destination = destination;
   declaredFont_ = -1;
+}
+
+/// The label's text is no part of the document's; all that is kept of it is whether it is a bullet.
+void RtfReader::enterLabel() {
+  if (!sink_.wantsFormats() || !inBody() || tooDeep_ > 0 || outer_.size() < 2) {
+    skipGroup();
+    return;
+  }
+  group_.destination = Destination::Label;
+  label_ = 0;
 }
 
 void RtfReader::enterUnicodePart() {
@@ -394,6 +417,9 @@ void RtfReader::putUnit(char16_t unit) {
       font->name.append(QChar(unit));
     }
     return;
+  }
+  if (group_.destination == Destination::Label && label_ == 0) {
+    label_ = unit;
   }
   if (!inBody()) {
     return;

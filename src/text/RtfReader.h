@@ -46,6 +46,8 @@ class RtfSink {
   virtual void close() {}
   virtual void plain() {}
   virtual void font(int) {}
+  /// A bullet stands in front of the paragraph.
+  virtual void bullet() {}
   /// A word without a number has no value.
   virtual void format(RtfProperty, std::optional<int>) {}
 
@@ -63,7 +65,7 @@ class RtfReader {
   const RtfTables& tables() const { return tables_; }
 
  private:
-  enum class Destination : quint8 { Body, Fonts, Colours, Alternatives, Alternative };
+  enum class Destination : quint8 { Body, Fonts, Colours, Alternatives, Alternative, Label };
 
   struct Group {
     Destination destination = Destination::Body;
@@ -83,6 +85,7 @@ class RtfReader {
   void act(const RtfWord& word, const RtfToken& token);
   void enterTable(Destination destination);
   void enterUnicodePart();
+  void enterLabel();
   void fontWord(RtfAction action, int number);
   void selectFont(int number);
   void colourPart(RtfAction action, int number);
@@ -119,6 +122,7 @@ class RtfReader {
   const ByteDecoder* decoder_ = nullptr;  ///< Of the font decoderFont_.
   int decoderFont_ = -1;
 
+  char16_t label_ = 0;  ///< The first unit of the list label at hand.
   int declaredFont_ = 0;
   quint32 colour_ = 0;
   bool hasColour_ = false;

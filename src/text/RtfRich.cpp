@@ -55,7 +55,11 @@ class RichSink final : public RtfSink {
   void ascii(const char* text, qsizetype length) override { builder_.appendAscii(text, length, charNumber()); }
   void unit(char16_t unit) override { builder_.appendUnit(unit, charNumber()); }
   void lineBreak() override { builder_.lineBreak(charNumber()); }
-  void paragraphEnd() override { builder_.endParagraph(charNumber(), paragraphNumber()); }
+  void paragraphEnd() override {
+    builder_.endParagraph(charNumber(), paragraphNumber());
+    bullet_ = false;
+  }
+  void bullet() override { bullet_ = true; }
   bool atLineStart() const override { return builder_.atLineStart(); }
   void finish() override { text_ = builder_.takeClosed(charNumber(), paragraphNumber()); }
 
@@ -97,6 +101,7 @@ class RichSink final : public RtfSink {
   RichText::Builder builder_;
   RichText text_;
   Formats now_;
+  bool bullet_ = false;
   std::vector<Formats> outer_;
   QHash<CharState, int> known_;
 };
@@ -181,6 +186,11 @@ int RichSink::charNumber() {
 }
 
 int RichSink::paragraphNumber() {
+  if (bullet_) {  // of this paragraph alone: each listed one has its own label
+    ParagraphFormat listed = now_.paragraph;
+    listed.bullet = true;
+    return builder_.paragraphFormat(listed);
+  }
   if (now_.paragraphNumber < 0) {
     now_.paragraphNumber = builder_.paragraphFormat(now_.paragraph);
   }

@@ -68,6 +68,8 @@ constexpr RtfWord kWords[] = {
     action("green", RtfAction::Green),
     action("blue", RtfAction::Blue),
     action("fldrslt", RtfAction::KeepGroup),
+    action("listtext", RtfAction::Label),
+    action("pntext", RtfAction::Label),
 
     // destinations that are no part of the text
     skipped("annotation"),
@@ -141,7 +143,6 @@ constexpr RtfWord kWords[] = {
     skipped("listpicture"),
     skipped("listtable"),
     skipped("liststylename"),
-    skipped("listtext"),
     skipped("manager"),
     skipped("nextfile"),
     skipped("nonesttables"),
@@ -164,7 +165,6 @@ constexpr RtfWord kWords[] = {
     skipped("picprop"),
     skipped("pn"),
     skipped("pnseclvl"),
-    skipped("pntext"),
     skipped("pntxta"),
     skipped("pntxtb"),
     skipped("printim"),

@@ -15,6 +15,7 @@ enum class RtfAction : quint8 {
   Binary,
   SkipGroup,
   KeepGroup,  ///< a destination whose text counts
+  Label,      ///< a destination that holds a list label
   FontTable,
   ColourTable,
   Alternatives,      ///< \upr

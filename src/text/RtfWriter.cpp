@@ -183,10 +183,17 @@ void RtfWriter::word(const char* name, int number) {
 
 void RtfWriter::startParagraph() {
   const ParagraphFormat& format = *text_.paragraph(paragraph_).format;
-  if (&format == paragraphFormat_) {
-    return;
+  if (&format != paragraphFormat_) {
+    paragraphFormat_ = &format;
+    paragraphWords(format);
   }
-  paragraphFormat_ = &format;
+  if (format.bullet) {
+    out_.put("{\\pntext\\'b7\\tab}");
+    needsBlank_ = false;
+  }
+}
+
+void RtfWriter::paragraphWords(const ParagraphFormat& format) {
   static constexpr const char* kAlignments[] = {nullptr, "\\qc", "\\qr", "\\qj"};
   static constexpr const char* kTabKinds[] = {nullptr, "\\tqc", "\\tqr", "\\tqdec"};
   const auto length = [this](const char* name, int twips) {
@@ -212,6 +219,10 @@ void RtfWriter::startParagraph() {
       word(name);
     }
     word("\\tx", stop.position);
+  }
+  if (format.bullet) {
+    out_.put("{\\*\\pn\\pnlvlblt\\pnindent0{\\pntxtb\\'b7}}");
+    needsBlank_ = false;
   }
 }
 

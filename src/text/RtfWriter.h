@@ -63,6 +63,7 @@ class RtfWriter {
   void writeFontName(const QString& name);
 
   void startParagraph();
+  void paragraphWords(const ParagraphFormat& format);
   void setFormat(const CharFormat& format);
   void change(const Style& from, const Style& to);
   void word(const char* name);

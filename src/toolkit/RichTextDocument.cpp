@@ -6,6 +6,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextList>
 #include <QTextOption>
 
 #include <vector>
@@ -79,6 +80,7 @@ class Filler {
     const RichText::Paragraph first = text_.paragraph(0);
     cursor_.setBlockFormat(blockFormat(*first.format));
     cursor_.setBlockCharFormat(charFormat(*first.endFormat));
+    showBullet(*first.format);
     text_.visit(*this);
     cursor_.endEditBlock();
   }
@@ -91,6 +93,7 @@ class Filler {
     if (++paragraph_ < text_.paragraphCount()) {
       const RichText::Paragraph next = text_.paragraph(paragraph_);
       cursor_.insertBlock(blockFormat(*next.format), charFormat(*next.endFormat));
+      showBullet(*next.format);
     }
   }
 
@@ -101,6 +104,19 @@ class Filler {
       known = charFormats_.insert(&format, RichTextDocument::toQt(format));
     }
     return *known;
+  }
+  /// The indents are the paragraph's own; the list only draws the sign.
+  void showBullet(const ParagraphFormat& format) {
+    if (!format.bullet) {
+      list_ = nullptr;
+    } else if (list_ != nullptr) {
+      list_->add(cursor_.block());
+    } else {
+      QTextListFormat sign;
+      sign.setStyle(QTextListFormat::ListDisc);
+      sign.setIndent(0);
+      list_ = cursor_.createList(sign);
+    }
   }
   const QTextBlockFormat& blockFormat(const ParagraphFormat& format) {
     auto known = blockFormats_.find(&format);
@@ -113,6 +129,7 @@ class Filler {
   QTextCursor cursor_;
   const RichText& text_;
   qsizetype paragraph_ = 0;
+  QTextList* list_ = nullptr;
   QHash<const CharFormat*, QTextCharFormat> charFormats_;
   QHash<const ParagraphFormat*, QTextBlockFormat> blockFormats_;
 };

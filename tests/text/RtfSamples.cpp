@@ -56,6 +56,7 @@ ParagraphFormat randomParagraphFormat(QRandomGenerator& random) {
   format.spaceAfter = random.bounded(3) * 120;
   format.lineSpacing = random.bounded(-2, 3) * 240;
   format.lineSpacingIsFactor = random.bounded(2) == 0;
+  format.bullet = random.bounded(4) == 0;
   for (int count = random.bounded(4); count > 0; --count) {
     format.tabStops.append({random.bounded(9000), static_cast<TabStop::Kind>(random.bounded(4))});
   }

@@ -261,3 +261,25 @@ TEST(Rtf, TimeIsLinearWhateverIsRepeated) {
     EXPECT_LT(timer.elapsed(), 10'000) << piece.toStdString();
   }
 }
+
+// Bullets are no part of the plain text, and they are still there when the text is written again.
+TEST(Rtf, BulletsStayBullets) {
+  const QByteArray control =
+      "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset2 "
+      "Symbol;}}\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1"
+      "\\pnindent0{\\pntxtb\\'B7}}\\fi-360\\li720 one\\par{\\pntext\\f1\\'B7\\tab}two\\par\\pard three\\par}";
+  const QByteArray processor =
+      "{\\rtf1\\ansi{\\fonttbl{\\f3\\fcharset2 Symbol;}}{\\listtext\\pard\\plain\\f3\\loch\\'b7\\tab}\\ls1\\ilvl0 "
+      "one\\par"
+      "{\\listtext\\'b7\\tab}two\\par{\\listtext 1.\\tab}three\\par}";
+  for (const QByteArray& rtf : {control, processor}) {
+    const RichText text = readRtf(rtf);
+    EXPECT_EQ(text.plainText(), u"one\r\ntwo\r\nthree"_s);
+    for (const RichText& same : {text, readRtf(writeRtf(text))}) {
+      ASSERT_EQ(same.paragraphCount(), 3);
+      EXPECT_TRUE(same.paragraph(0).format->bullet);
+      EXPECT_TRUE(same.paragraph(1).format->bullet);
+      EXPECT_FALSE(same.paragraph(2).format->bullet);
+    }
+  }
+}
