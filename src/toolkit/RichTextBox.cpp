@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -95,9 +96,8 @@ void RichTextBox::changed() {
 
 /// For changes that are none of the user's, or that announce themselves once when they are done.
 void RichTextBox::quietly(const std::function<void()>& work) {
-  ++quiet_;
+  const QScopedValueRollback quiet(quiet_, quiet_ + 1);
   work();
-  --quiet_;
 }
 
 RichText RichTextBox::richText() const {
