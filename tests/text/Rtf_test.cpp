@@ -135,6 +135,10 @@ TEST(Rtf, TellsTextFromWhatIsNone) {
        "{\\rtf1{\\upr{\\fonttbl{\\f0 A;}}{\\*\\ud{\\fonttbl{\\f0\\fcharset204 B;}}}}\\f0\\'c6}", u"Ж"_s},
       {"tables", "{\\rtf1\\intbl a\\cell b\\cell\\row c\\nestcell\\nestrow{\\nonesttables\\par}d}",
        u"a\tb\t\r\nc\t\r\nd"_s},
+      {"rows of a nested table",
+       "{\\rtf1\\itap2 a\\nestcell b\\nestcell{\\*\\nesttableprops\\trowd\\cellx9\\nestrow}{\\nonesttables\\par}"
+       "c\\nestcell{\\*\\nesttableprops\\trowd\\cellx9\\nestrow}{\\nonesttables\\par}\\itap1 d\\cell\\row}",
+       u"a\tb\t\r\nc\t\r\nd\t"_s},
       {"columns part text", "{\\rtf1 a\\column b}", u"a\r\nb"_s},
       {"what a tracked draft has struck out", "{\\rtf1 a{\\deleted b}c}", u"ac"_s},
       {"line and page breaks", "{\\rtf1 a\\line b\\page c\\par\\page d\\sect}", u"a\r\nb\r\nc\r\nd"_s},
