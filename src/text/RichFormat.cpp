@@ -73,8 +73,9 @@ size_t qHash(const CharFormat& format, size_t seed) noexcept {
 }
 
 size_t qHash(const ParagraphFormat& format, size_t seed) noexcept {
-  seed = qHashMulti(seed, int(format.alignment), format.leftIndent, format.rightIndent, format.firstIndent,
-                    format.spaceBefore, format.spaceAfter, format.lineSpacing, format.lineSpacingIsFactor);
+  seed =
+      qHashMulti(seed, int(format.alignment), format.leftIndent, format.rightIndent, format.firstIndent,
+                 format.spaceBefore, format.spaceAfter, format.lineSpacing, format.lineSpacingIsFactor, format.bullet);
   for (const TabStop& stop : format.tabStops) {
     seed = qHashMulti(seed, stop.position, int(stop.kind));
   }

@@ -49,6 +49,7 @@ struct ParagraphFormat {
   int lineSpacing = 0;
   bool lineSpacingIsFactor = false;
   QList<TabStop> tabStops{};  ///< In rising order, 64 at most.
+  bool bullet = false;        ///< A bullet stands in front; it is no part of the text.
 
   friend bool operator==(const ParagraphFormat&, const ParagraphFormat&) = default;
 };

@@ -179,6 +179,11 @@ char16_t ByteDecoder::decodePair(uchar lead, uchar trail) const {
   return known;
 }
 
+bool isSymbolFont(QStringView name) {
+  constexpr QStringView kFonts[] = {u"Symbol", u"Wingdings", u"Wingdings 2", u"Wingdings 3", u"Webdings"};
+  return std::find(std::begin(kFonts), std::end(kFonts), name) != std::end(kFonts);
+}
+
 int codePageOfCharset(int charset) {
   const auto* found = std::find_if(std::begin(kCharsets), std::end(kCharsets),
                                    [charset](const CharsetPage& entry) { return entry.charset == charset; });

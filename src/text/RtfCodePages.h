@@ -2,6 +2,7 @@
 
 #include <QByteArrayView>
 #include <QStringDecoder>
+#include <QStringView>
 #include <QtGlobal>
 
 #include <array>
@@ -40,6 +41,9 @@ class ByteDecoder {
   mutable QStringDecoder pairs_;
   mutable std::vector<char16_t> known_;  ///< Pairs decoded before; empty until the first.
 };
+
+/// True for the fonts of old whose characters are pictures, numbered from U+F021 on.
+bool isSymbolFont(QStringView name);
 
 /// The code page of a \fcharset number; 0 when it means the document's own.
 int codePageOfCharset(int charset);

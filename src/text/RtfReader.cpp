@@ -13,11 +13,20 @@ namespace {
 constexpr size_t kMaxDepth = 4000;
 constexpr qint32 kMaxFallback = 1 << 20;
 constexpr qsizetype kMaxFontName = 256;
+constexpr qsizetype kMaxLabel = 32;
 constexpr qsizetype kMaxTable = 1 << 16;
 
 bool isDestination(RtfAction action) {
   return action == RtfAction::SkipGroup || action == RtfAction::KeepGroup || action == RtfAction::FontTable ||
-         action == RtfAction::ColourTable || action == RtfAction::Alternatives || action == RtfAction::UnicodePart;
+         action == RtfAction::ColourTable || action == RtfAction::Alternatives || action == RtfAction::UnicodePart ||
+         action == RtfAction::Label || action == RtfAction::Numbering;
+}
+
+/// A sign by itself is a bullet, and so is the round letter that word processors use for one; numbers and letters
+/// of a numbered list are none.
+bool isBullet(QStringView label) {
+  label = label.trimmed();
+  return label.size() == 1 && (!label[0].isLetterOrNumber() || label[0] == u'o');
 }
 
 }  // namespace
@@ -83,10 +92,22 @@ bool RtfReader::close() {
   if (outer_.size() <= 1) {
     return false;  // what stands behind the document's own brace is no part of it
   }
+  const Destination closed = group_.destination;
   group_ = outer_.back();
   outer_.pop_back();
   sink_.close();
+  if (closed != group_.destination) {
+    leave(closed);
+  }
   return true;
+}
+
+void RtfReader::leave(Destination destination) {
+  if (destination == Destination::Label) {
+    sink_.label(isBullet(label_));
+  } else if (destination == Destination::Numbering) {
+    sink_.bullets(isBulletLevel_);
+  }
 }
 
 bool RtfReader::skipsAsFallback() {
@@ -133,6 +154,10 @@ void RtfReader::bodyText(const char* text, qsizetype length) {
 void RtfReader::tableText(const char* text, qsizetype length) {
   if (group_.destination == Destination::Alternative) {
     skipGroup();
+    return;
+  }
+  if (group_.destination == Destination::Label) {
+    std::for_each(text, text + length, [this](char raw) { byte(static_cast<uchar>(raw)); });
     return;
   }
   for (const char raw : QByteArrayView(text, length)) {
@@ -234,6 +259,13 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       return enterTable(Destination::Alternatives);
     case RtfAction::UnicodePart:
       return enterUnicodePart();
+    case RtfAction::Label:
+      return enterList(Destination::Label);
+    case RtfAction::Numbering:
+      return enterList(Destination::Numbering);
+    case RtfAction::BulletLevel:
+      isBulletLevel_ = true;
+      return;
     case RtfAction::DocumentCodePage:
       return setDocumentCodePage(word.value);
     case RtfAction::AnsiCodePage:
@@ -274,6 +306,16 @@ void RtfReader::enterTable(Destination destination) {
   }
   group_.destination = destination;
   declaredFont_ = -1;
+}
+
+void RtfReader::enterList(Destination destination) {
+  if (group_.destination != Destination::Body) {
+    skipGroup();
+    return;
+  }
+  label_.clear();
+  isBulletLevel_ = false;
+  enterTable(destination);
 }
 
 void RtfReader::enterUnicodePart() {
@@ -396,6 +438,9 @@ void RtfReader::putUnit(char16_t unit) {
     return;
   }
   if (!inBody()) {
+    if (group_.destination == Destination::Label && label_.size() < kMaxLabel) {
+      label_.append(QChar(unit));
+    }
     return;
   }
   switch (kindOfUnit(unit)) {

@@ -46,6 +46,10 @@ class RtfSink {
   virtual void close() {}
   virtual void plain() {}
   virtual void font(int) {}
+  /// What a list has put in front of the current paragraph.
+  virtual void label(bool /*isBullet*/) {}
+  /// Marks the paragraphs from here to the next defaults.
+  virtual void bullets(bool /*on*/) {}
   /// A word without a number has no value.
   virtual void format(RtfProperty, std::optional<int>) {}
 
@@ -63,7 +67,7 @@ class RtfReader {
   const RtfTables& tables() const { return tables_; }
 
  private:
-  enum class Destination : quint8 { Body, Fonts, Colours, Alternatives, Alternative };
+  enum class Destination : quint8 { Body, Fonts, Colours, Alternatives, Alternative, Label, Numbering };
 
   struct Group {
     Destination destination = Destination::Body;
@@ -82,6 +86,8 @@ class RtfReader {
   void word(const RtfToken& token);
   void act(const RtfWord& word, const RtfToken& token);
   void enterTable(Destination destination);
+  void enterList(Destination destination);
+  void leave(Destination destination);
   void enterUnicodePart();
   void fontWord(RtfAction action, int number);
   void selectFont(int number);
@@ -118,6 +124,9 @@ class RtfReader {
   int sequenceLength_ = 0;
   const ByteDecoder* decoder_ = nullptr;  ///< Of the font decoderFont_.
   int decoderFont_ = -1;
+
+  QString label_;
+  bool isBulletLevel_ = false;
 
   int declaredFont_ = 0;
   quint32 colour_ = 0;

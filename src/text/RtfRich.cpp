@@ -55,7 +55,10 @@ class RichSink final : public RtfSink {
   void ascii(const char* text, qsizetype length) override { builder_.appendAscii(text, length, charNumber()); }
   void unit(char16_t unit) override { builder_.appendUnit(unit, charNumber()); }
   void lineBreak() override { builder_.lineBreak(charNumber()); }
-  void paragraphEnd() override { builder_.endParagraph(charNumber(), paragraphNumber()); }
+  void paragraphEnd() override {
+    builder_.endParagraph(charNumber(), paragraphNumber());
+    hasBullet_ = false;
+  }
   bool atLineStart() const override { return builder_.atLineStart(); }
   void finish() override { text_ = builder_.takeClosed(charNumber(), paragraphNumber()); }
 
@@ -71,6 +74,11 @@ class RichSink final : public RtfSink {
   void font(int number) override {
     now_.characters.font = number;
     now_.charNumber = -1;
+  }
+  void label(bool isBullet) override { hasBullet_ = isBullet; }
+  void bullets(bool on) override {
+    now_.paragraph.bullet = on;
+    now_.paragraphNumber = -1;
   }
   void format(RtfProperty property, std::optional<int> value) override {
     if (property < RtfProperty::ParagraphDefaults) {
@@ -98,6 +106,7 @@ class RichSink final : public RtfSink {
   RichText text_;
   Formats now_;
   std::vector<Formats> outer_;
+  bool hasBullet_ = false;  ///< By its label; stands in front of the words that reset the paragraph.
   QHash<CharState, int> known_;
 };
 
@@ -181,6 +190,11 @@ int RichSink::charNumber() {
 }
 
 int RichSink::paragraphNumber() {
+  if (hasBullet_ && !now_.paragraph.bullet) {
+    ParagraphFormat bulleted = now_.paragraph;
+    bulleted.bullet = true;
+    return builder_.paragraphFormat(bulleted);
+  }
   if (now_.paragraphNumber < 0) {
     now_.paragraphNumber = builder_.paragraphFormat(now_.paragraph);
   }

@@ -17,8 +17,11 @@ enum class RtfAction : quint8 {
   KeepGroup,  ///< a destination whose text counts
   FontTable,
   ColourTable,
-  Alternatives,      ///< \upr
-  UnicodePart,       ///< \ud
+  Alternatives,  ///< \upr
+  UnicodePart,   ///< \ud
+  Label,         ///< what a list puts in front of a paragraph
+  Numbering,     ///< how the paragraphs of a list are marked
+  BulletLevel,
   DocumentCodePage,  ///< value: the code page
   AnsiCodePage,
   DefaultFont,

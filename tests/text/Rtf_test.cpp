@@ -196,6 +196,53 @@ TEST(Rtf, KeepsFormats) {
   EXPECT_EQ(text.paragraphFormatAt(5), (ParagraphFormat{.alignment = ParagraphFormat::Alignment::Centre}));
 }
 
+TEST(Rtf, BulletsAreKeptAndTheirLabelsAreNoText) {
+  const QByteArray fonts = "{\\rtf1\\deff0{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset2 Symbol;}}";
+  const struct {
+    const char* what;
+    QByteArray rtf;
+    QList<bool> bullets;
+  } cases[] = {
+      {"from the first paragraph of a list to the next defaults",
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\li200 a\\par b\\par\\pard "
+       "c\\par}",
+       {true, true, false}},
+      {"by the label alone, which defaults may follow",
+       "{\\listtext\\pard\\plain\\f1\\'b7\\tab}\\pard\\ls1 a\\par{\\listtext\\u8226\\'95\\tab}b\\par{\\listtext "
+       "o\\tab}c\\par d}",
+       {true, true, true, false}},
+      {"numbers are no bullets",
+       "\\pard{\\pntext 1.\\tab}{\\*\\pn\\pnlvlbody\\pndec{\\pntxta.}}a\\par{\\listtext 2\\tab}b\\par{\\listtext "
+       "(c)\\tab}c}",
+       {false, false, false}},
+  };
+  for (const auto& wanted : cases) {
+    const RichText text = readRtf(fonts + wanted.rtf);
+    EXPECT_EQ(text.plainText(), QString(u"a\r\nb\r\nc\r\nd"_s.left(wanted.bullets.size() * 3 - 2))) << wanted.what;
+    const RichText again = readRtf(writeRtf(text));
+    for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
+      EXPECT_EQ(text.paragraph(i).format->bullet, wanted.bullets[i]) << wanted.what << i;
+      EXPECT_EQ(again.paragraph(i).format->bullet, wanted.bullets[i]) << wanted.what << i;
+    }
+  }
+}
+
+TEST(Rtf, BulletsAreWrittenAsOtherProgramsReadThem) {
+  const RichText text = RichText::fromPlain(u"a\nb"_s, {}, {.leftIndent = 200, .bullet = true});
+  const QByteArray rtf = writeRtf(text);
+  EXPECT_TRUE(rtf.contains("{\\f1\\fnil\\fcharset2 Symbol;}")) << rtf.toStdString();
+  EXPECT_TRUE(rtf.contains(
+      "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\li200 a\\par \r\n"
+      "{\\pntext\\f1\\'B7\\tab}b\\par"))
+      << rtf.toStdString();
+}
+
+TEST(Rtf, SymbolFontsStaySymbolFonts) {
+  const QByteArray rtf = writeRtf(readRtf("{\\rtf1{\\fonttbl{\\f3\\fcharset2 Wingdings;}}\\f3 J \\'e0\\u946?}"));
+  EXPECT_TRUE(rtf.contains("\\fcharset2 Wingdings;}")) << rtf.toStdString();
+  EXPECT_TRUE(rtf.contains("\\'4a \\'e0\\u946\\'3f")) << rtf.toStdString();
+}
+
 TEST(Rtf, WritesSevenBitsWithFallbacksThatEveryoneReads) {
   const QByteArray rtf = writeRtf(RichText::fromPlain(u"“Ж1”\t{é}\x2028😀"_s));
   EXPECT_TRUE(rtf.contains("\\'93\\u1046\\'3f1\\'94\\tab\\{\\'e9\\}\\line\\u-10179\\'3f\\u-8704\\'3f\\par"))
