@@ -52,7 +52,8 @@ class Display {
 
   /// True when a window whose title begins so is on the screen and something has been painted in its middle.
   bool shows(const std::string& title) const {
-    const Owned<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr)};
+    const Owned<xcb_query_tree_reply_t> tree{
+        xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr)};
     if (!tree) {
       return false;
     }
@@ -80,8 +81,9 @@ class Display {
     if (!size) {
       return false;
     }
-    const auto cookie = xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, static_cast<int16_t>(size->width / 2),
-                                      static_cast<int16_t>(size->height / 2), 1, 1, ~0U);
+    const auto cookie =
+        xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, static_cast<int16_t>(size->width / 2),
+                      static_cast<int16_t>(size->height / 2), 1, 1, ~0U);
     const Owned<xcb_get_image_reply_t> image{xcb_get_image_reply(connection_, cookie, nullptr)};
     if (!image || xcb_get_image_data_length(image.reply) < 3) {
       return false;
@@ -189,7 +191,8 @@ int main(int argc, char** argv) {
   const auto print = [&](const char* what, double Measured::*field) {
     const double first = median(all[0], field);
     const double second = median(all[1], field);
-    std::printf("%-22s %10.1f %10.1f   ratio %.2f   difference %.1f\n", what, first, second, second / first, second - first);
+    std::printf("%-22s %10.1f %10.1f   ratio %.2f   difference %.1f\n", what, first, second, second / first,
+                second - first);
   };
   print("wall ms", &Measured::wallMs);
   print("processor ms", &Measured::cpuMs);

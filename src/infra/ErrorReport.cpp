@@ -26,6 +26,8 @@ ErrorReport ErrorReport::about(const QString& error) {
   ErrorReport report;
   report.error = error;
   report.logPath = Logging().CurrentLogFilename();
+  // What is reported may still wait in the queue.
+  Logging().WriteActionsToLog();
   QByteArray log;
   report.log = Files().LoadTextFile(report.logPath, log) ? CodePage::fromMarkedBytes(log) : u"No log file"_s;
   report.year = Clock::today().year();

@@ -27,7 +27,10 @@ void frmMain::EndProgram() {
   const Guard guard("EndProgram", "frmMain");
   guard([&] { storeSettings(); });
   toolkit().DoEvents();
-  if (!g_Project->FileWithPath.isEmpty()) {
+  // A project without a file is empty, unless a save was given up: then the book is in memory alone, and the save
+  // asks once more.
+  const bool holdsABook = g_Project->SceneCount() > 0 || g_Project->ChapterCount() > 0;
+  if (!g_Project->FileWithPath.isEmpty() || holdsABook) {
     guard([&] { SaveProject(true); });
     StopScanTimer();
   }

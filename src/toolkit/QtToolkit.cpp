@@ -16,6 +16,7 @@
 #include <QPointer>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -108,8 +109,16 @@ QString chosen(const FileDialog& dialog) {
   return dialog.accepted() ? Paths::native(dialog->selectedFiles().value(0)) : QString();
 }
 
+/// The text without a "%" that no two hexadecimal digits follow: a report's body is cut wherever its length ends, and
+/// one broken escape would have every other one escaped again.
+QString withoutBrokenEscapes(QString address) {
+  static const QRegularExpression broken(u"%(?![0-9A-Fa-f]{2})[0-9A-Fa-f]?"_s);
+  return address.remove(broken);
+}
+
 QUrl addressOf(const QString& pathOrAddress) {
-  const QUrl address(pathOrAddress, QUrl::TolerantMode);
+  const bool isMail = pathOrAddress.startsWith(u"mailto:"_s);
+  const QUrl address(isMail ? withoutBrokenEscapes(pathOrAddress) : pathOrAddress, QUrl::TolerantMode);
   // A scheme of one letter is the drive of a path.
   return address.scheme().size() > 1 ? address : QUrl::fromLocalFile(QFileInfo(pathOrAddress).absoluteFilePath());
 }

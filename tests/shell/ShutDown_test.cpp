@@ -10,6 +10,7 @@
 #include "shell/MainWindow.h"
 #include "shell/ScenePane.h"
 #include "support/SampleProject.h"
+#include "support/TestHome.h"
 
 #include <QFile>
 #include <QSplitter>
@@ -45,6 +46,16 @@ TEST_F(ShutDownTest, SavesTheProjectAlwaysAndAsksNothing) {
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
   EXPECT_TRUE(settingsText().contains(u"LASTPROJECTFILE,"_s + path));
   EXPECT_TRUE(settingsText().contains(u"RECENT0,"_s + path));
+}
+
+TEST_F(ShutDownTest, AsksOnceMoreForAFileWhenASaveWasGivenUp) {
+  startWith(smallProject());
+  g_Project->FileWithPath.clear();
+  const ScratchFolder elsewhere;
+  toolkit.expectFile(elsewhere.path(u"Kept.qn4"_s));
+  window().close();
+  EXPECT_EQ(ended, 1);
+  EXPECT_EQ(filesBelow(elsewhere.path()).size(), 6);
 }
 
 TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {

@@ -201,6 +201,15 @@ TEST(OpenDocument, TellsFilesFromAddressesAndRefusesWhatIsNotThere) {
   EXPECT_EQ(catcher.taken[1].toEncoded(), "mailto:bugs@example.org?subject=A%20B&body=100%25");
 }
 
+TEST(OpenDocument, KeepsAMailWholeWhoseBodyIsCutInsideAnEscape) {
+  UrlCatcher urls;
+  QtToolkit screen;
+  EXPECT_TRUE(screen.openDocument(u"mailto:bugs2026@x.example?subject=a%20b&body=c%0D%0Ay%2&attachment=\"/l\""_s));
+  ASSERT_EQ(urls.taken.size(), 1);
+  const QByteArray sent = urls.taken.first().toEncoded();
+  EXPECT_TRUE(sent.contains("body=c%0D%0Ay&attachment")) << sent.constData();
+}
+
 TEST(RunProgram, StartsItAndSaysWhenItCouldNot) {
   const ScratchFolder folder;
   QtToolkit toolkit;
