@@ -66,7 +66,7 @@ NativeFile::NativeFile(NativeFile&& other) noexcept = default;
 NativeFile& NativeFile::operator=(NativeFile&& other) noexcept = default;
 
 QByteArray NativeFile::read(qsizetype most) {
-  const QByteArray bytes = handle_->file.read(most);
+  QByteArray bytes = handle_->file.read(most);
   if (bytes.isEmpty() && handle_->file.error() != QFileDevice::NoError) {
     fail(handle_->file, false);
   }

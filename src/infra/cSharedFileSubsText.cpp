@@ -34,8 +34,9 @@ int openChannel(const char* routine, const QString& path, FileChannels::Mode mod
 bool cSharedFileSubs::LoadTextFile(const QString& Path, QByteArray& Text) const {
   std::optional<QByteArray> content;
   Guard("LoadTextFile", kModule)([&] { content = readWholeFile(Paths::native(Path)); });
-  Text = std::move(content).value_or(QByteArray());
-  return content.has_value();
+  const bool found = content.has_value();
+  Text = found ? *std::move(content) : QByteArray();
+  return found;
 }
 
 bool cSharedFileSubs::LoadTextFile(const QString& Path, QString& Text) const {
