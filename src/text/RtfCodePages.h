@@ -20,6 +20,8 @@ class ByteDecoder {
   /// The decoder of a code page; Windows-1252 for an unknown one.
   static const ByteDecoder& of(int codePage);
 
+  /// False when sequences of two bytes are known to be such and no more.
+  bool knowsPairs() const { return pairs_.isValid(); }
   bool isSymbol() const { return codePage_ == kSymbol; }
   /// Bytes in the sequence that this byte begins.
   int sequenceLength(uchar lead) const { return lengths_[lead]; }

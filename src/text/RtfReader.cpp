@@ -96,7 +96,7 @@ bool RtfReader::close() {
   group_ = outer_.back();
   outer_.pop_back();
   sink_.close();
-  if (closed != group_.destination) {
+  if (closed > Destination::Alternative && closed != group_.destination) {
     leave(closed);
   }
   return true;
@@ -116,6 +116,12 @@ bool RtfReader::skipsAsFallback() {
   }
   --fallbacks_;
   return true;
+}
+
+/// The second half of a pair that directly follows the first is no fallback for it.
+bool RtfReader::completesPair(const RtfToken& token) const {
+  return isHalfOfPair_ && fallbacks_ == group_.fallbackLength && token.length == 1 && *token.first == 'u' &&
+         QChar::isLowSurrogate(static_cast<char16_t>(token.number));
 }
 
 void RtfReader::text(RtfToken& token) {
@@ -141,7 +147,7 @@ void RtfReader::text(RtfToken& token) {
 }
 
 void RtfReader::bodyText(const char* text, qsizetype length) {
-  if (group_.hidden) {
+  if (group_.hidden != 0) {
     return;
   }
   if (!decoder().isSymbol()) {
@@ -210,7 +216,8 @@ void RtfReader::symbol(char symbol) {
 void RtfReader::word(const RtfToken& token) {
   flushBytes();
   const bool starred = std::exchange(starred_, false);
-  if (skipsAsFallback()) {
+  if (fallbacks_ > 0 && !completesPair(token)) {
+    --fallbacks_;
     return;
   }
   static constexpr RtfWord kUnknown;
@@ -267,8 +274,9 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       isBulletLevel_ = true;
       return;
     case RtfAction::DocumentCodePage:
-      return setDocumentCodePage(word.value);
+      return hasAnsiCodePage_ ? void() : setDocumentCodePage(word.value);
     case RtfAction::AnsiCodePage:
+      hasAnsiCodePage_ = hasAnsiCodePage_ || token.number > 0;
       return setDocumentCodePage(token.number);
     case RtfAction::DefaultFont:
       tables_.defaultFont = token.number;
@@ -286,14 +294,13 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
     case RtfAction::Plain:
       return plainWord();
     case RtfAction::Hidden:
-      group_.hidden = !token.hasNumber || token.number != 0;
-      return;
+      return hide(static_cast<quint8>(word.value), !token.hasNumber || token.number != 0);
   }
 }
 
-/// Taken from the head of the text only: once a font is declared, it holds.
+/// Taken until the text begins, though some programs have it behind the font table.
 void RtfReader::setDocumentCodePage(int codePage) {
-  if (codePage > 0 && tables_.fonts.isEmpty()) {
+  if (codePage > 0 && sink_.isEmpty()) {
     documentCodePage_ = codePage;
     decoder_ = nullptr;
   }
@@ -364,8 +371,12 @@ void RtfReader::endColour() {
   hasColour_ = false;
 }
 
+void RtfReader::hide(quint8 reason, bool on) {
+  group_.hidden = static_cast<quint8>(on ? group_.hidden | reason : group_.hidden & ~reason);
+}
+
 void RtfReader::plainWord() {
-  group_.hidden = false;
+  group_.hidden = 0;
   group_.font = -1;
   sink_.plain();
 }
@@ -373,6 +384,7 @@ void RtfReader::plainWord() {
 void RtfReader::unicode(qint32 number) {
   fallbacks_ = group_.fallbackLength;
   const qint32 character = number < 0 ? number + 0x10000 : number;
+  isHalfOfPair_ = character >= 0 && QChar::isHighSurrogate(static_cast<char32_t>(character));
   if (character > 0 && character <= 0x10FFFF) {
     put(static_cast<char32_t>(character));
   }
@@ -408,8 +420,8 @@ void RtfReader::byte(uchar byte) {
   const char32_t character = bytes.decode(QByteArrayView(sequence_.data(), sequenceSize_));
   sequenceSize_ = 0;
   put(character);
-  if (character == ByteDecoder::kInvalid && byte < 0x80) {
-    put(byte);
+  if (character == ByteDecoder::kInvalid && byte < 0x80 && bytes.knowsPairs()) {
+    put(byte);  // a broken pair swallows no letter
   }
 }
 
@@ -478,7 +490,10 @@ const ByteDecoder& RtfReader::decoderOf(int number) {
   }
   if (font->decoder == nullptr) {
     const int codePage = font->codePage > 0 ? font->codePage : codePageOfCharset(font->charset);
-    font->decoder = &ByteDecoder::of(codePage > 0 ? codePage : documentCodePage_);
+    if (codePage <= 0) {
+      return ByteDecoder::of(documentCodePage_);
+    }
+    font->decoder = &ByteDecoder::of(codePage);
   }
   return *font->decoder;
 }

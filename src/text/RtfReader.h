@@ -17,7 +17,7 @@ struct RtfTables {
     QString name;
     int charset = 1;
     int codePage = 0;                      ///< From \cpg; 0: by the charset.
-    const ByteDecoder* decoder = nullptr;  ///< Set on first use.
+    const ByteDecoder* decoder = nullptr;  ///< Set on first use; none while it is the document's.
   };
 
   QHash<int, Font> fonts;
@@ -39,6 +39,7 @@ class RtfSink {
   virtual void lineBreak() = 0;
   virtual void paragraphEnd() = 0;
   virtual bool atLineStart() const = 0;
+  virtual bool isEmpty() const = 0;
   /// The text is over, with the formats that hold at its end.
   virtual void finish() = 0;
 
@@ -71,7 +72,7 @@ class RtfReader {
 
   struct Group {
     Destination destination = Destination::Body;
-    bool hidden = false;
+    quint8 hidden = 0;  ///< Bits by the word that hides.
     int fallbackLength = 1;
     int font = -1;  ///< -1: the default font
   };
@@ -94,6 +95,7 @@ class RtfReader {
   void colourPart(RtfAction action, int number);
   void endColour();
   void plainWord();
+  void hide(quint8 reason, bool on);
   void unicode(qint32 number);
   void lineEnd(RtfAction action);
 
@@ -105,8 +107,9 @@ class RtfReader {
   const ByteDecoder& decoderOf(int number);
   void setDocumentCodePage(int codePage);
   void skipGroup();
-  bool inBody() const { return group_.destination == Destination::Body && !group_.hidden; }
+  bool inBody() const { return group_.destination == Destination::Body && group_.hidden == 0; }
   bool skipsAsFallback();
+  bool completesPair(const RtfToken& token) const;
 
   RtfLexer lexer_;
   RtfSink& sink_;
@@ -116,9 +119,11 @@ class RtfReader {
   std::vector<Group> outer_;
   qint64 tooDeep_ = 0;  ///< Groups open beyond those that are stacked.
   bool starred_ = false;
-  qint32 fallbacks_ = 0;  ///< Items still to skip behind a \uN.
+  qint32 fallbacks_ = 0;       ///< Items still to skip behind a \uN.
+  bool isHalfOfPair_ = false;  ///< The last \uN was a high surrogate.
 
   int documentCodePage_ = 1252;
+  bool hasAnsiCodePage_ = false;
   std::array<char, 4> sequence_{};  ///< Bytes of one character so far.
   int sequenceSize_ = 0;
   int sequenceLength_ = 0;

@@ -60,6 +60,7 @@ class RichSink final : public RtfSink {
     hasBullet_ = false;
   }
   bool atLineStart() const override { return builder_.atLineStart(); }
+  bool isEmpty() const override { return builder_.isEmpty(); }
   void finish() override { text_ = builder_.takeClosed(charNumber(), paragraphNumber()); }
 
   void open() override { outer_.push_back(now_); }

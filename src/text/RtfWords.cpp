@@ -201,8 +201,8 @@ constexpr RtfWord kWords[] = {
 
     // characters
     action("plain", RtfAction::Plain),
-    action("v", RtfAction::Hidden),
-    action("deleted", RtfAction::Hidden),  // struck out in a tracked draft: no part of the text
+    action("v", RtfAction::Hidden, 1),
+    action("deleted", RtfAction::Hidden, 2),  // struck out in a tracked draft: no part of the text
     format("b", RtfProperty::Bold),
     format("i", RtfProperty::Italic),
     format("strike", RtfProperty::StrikeOut),

@@ -32,7 +32,7 @@ enum class RtfAction : quint8 {
   Green,
   Blue,
   Plain,
-  Hidden,
+  Hidden,  ///< value: a bit for the reason
 };
 
 /// Formats that control words set, in groups whose order the rich text's own enumerations and fields follow.
