@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <QStringView>
 
 #include <memory>
 #include <optional>
@@ -42,6 +43,9 @@ class ReplacementFile {
   ~ReplacementFile();
   ReplacementFile(const ReplacementFile&) = delete;
   ReplacementFile& operator=(const ReplacementFile&) = delete;
+
+  /// True for the name that new content has until it is in its place.
+  static bool isTemporary(QStringView name) { return name.startsWith(u".quillane-") && name.endsWith(u".tmp"); }
 
   void write(QByteArrayView bytes);
   /// OnDisk waits until content and name have reached the disk.

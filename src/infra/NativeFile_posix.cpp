@@ -1,12 +1,15 @@
+#include "infra/Clock.h"
 #include "infra/NativeFile.h"
 #include "infra/RuntimeError.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -34,8 +37,8 @@ QByteArray encoded(const QString& path) {
 void writeAll(int fd, QByteArrayView bytes, const QString& path) {
   while (!bytes.isEmpty()) {
     const ssize_t written = ::write(fd, bytes.data(), static_cast<size_t>(bytes.size()));
-    if (written < 0 && errno != EINTR) {
-      throw RuntimeError::fromErrno(errno, path);
+    if (written == 0 || (written < 0 && errno != EINTR)) {
+      throw RuntimeError::fromErrno(written == 0 ? EIO : errno, path);
     }
     bytes = bytes.sliced(std::max<ssize_t>(written, 0));
   }
@@ -73,10 +76,23 @@ struct Descriptor {
   int fd;
 };
 
+/// 0, or the errno of the failure.
+int flushed(int fd) {
+  for (;;) {
+    if (::fsync(fd) == 0) {
+      return 0;
+    }
+    if (errno != EINTR) {
+      return errno;
+    }
+  }
+}
+
 /// Some file systems know no flush of their own; that is no failure of the write.
 void flushToDisk(int fd, const QString& path) {
-  if (::fsync(fd) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS && errno != EINTR) {
-    throw RuntimeError::fromErrno(errno, path);
+  const int code = flushed(fd);
+  if (code != 0 && code != EINVAL && code != ENOTSUP && code != EROFS) {
+    throw RuntimeError::fromErrno(code, path);
   }
 }
 
@@ -89,7 +105,35 @@ QByteArray folderOf(const QByteArray& path) {
 void flushFolder(const QByteArray& folder) {
   const Descriptor opened(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (opened.fd >= 0) {
-    ::fsync(opened.fd);
+    flushed(opened.fd);
+  }
+}
+
+/// The file may be there and writable all the same: it is its folder that refuses.
+[[noreturn]] void failMaking(int code, const QString& path) {
+  const bool refused = code == EACCES || code == EPERM || code == EROFS;
+  if (!refused) {
+    failWriting(code, path);
+  }
+  const RuntimeError error = RuntimeError::fromErrno(code, path);
+  throw RuntimeError(error.number(), error.description() + u", can't make a new file in "_s +
+                                         QDir::toNativeSeparators(QFileInfo(path).absolutePath()));
+}
+
+/// What a program that was cut off has left in the folder. Once for each folder is enough, and what is young may be
+/// at work on another machine.
+void removeStale(const QByteArray& folder) {
+  constexpr int kDays = 1;
+  static std::set<QByteArray> done;
+  if (!done.insert(folder).second) {
+    return;
+  }
+  const QDateTime limit = Clock::now().addDays(-kDays);
+  const QDir files(QFile::decodeName(folder));
+  for (const QFileInfo& file : files.entryInfoList({u".quillane-*"_s}, QDir::Files | QDir::Hidden)) {
+    if (ReplacementFile::isTemporary(file.fileName()) && file.lastModified() < limit) {
+      QFile::remove(file.filePath());
+    }
   }
 }
 
@@ -168,6 +212,7 @@ struct ReplacementFile::Handle : Descriptor {
 /// The name doesn't grow with the target's, so that a name of the greatest length can be replaced too.
 void ReplacementFile::Handle::openBeside() {
   static int count = 0;
+  removeStale(folderOf(target));
   const QByteArray start = folderOf(target) + ".quillane-" + QByteArray::number(::getpid()) + '-';
   do {
     temporary = start + QByteArray::number(++count) + ".tmp";
@@ -176,7 +221,7 @@ void ReplacementFile::Handle::openBeside() {
   if (fd < 0) {
     const int code = errno;
     temporary.clear();
-    failWriting(code, path);
+    failMaking(code, path);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #include <utility>
 
@@ -12,13 +13,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A failed write doesn't say why: the place is looked at.
+int numberOfFailedWrite(const QFileInfo& info) {
+  constexpr qint64 kLittle = 65536;
+  const QStorageInfo volume(info.absolutePath());
+  if (volume.isValid() && volume.bytesAvailable() < kLittle) {
+    return RuntimeError::DiskFull;
+  }
+  return volume.isReadOnly() || (info.exists() && !info.isWritable()) ? RuntimeError::PathAccess
+                                                                      : RuntimeError::DeviceError;
+}
+
 int numberOf(const QFileDevice& file, bool writing) {
   switch (file.error()) {
     case QFileDevice::ResourceError:
       return RuntimeError::DiskFull;
     case QFileDevice::ReadError:
-    case QFileDevice::WriteError:
       return RuntimeError::DeviceError;
+    case QFileDevice::WriteError:
+      return numberOfFailedWrite(QFileInfo(file.fileName()));
     default:
       break;
   }

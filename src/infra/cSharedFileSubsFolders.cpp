@@ -51,6 +51,13 @@ void makeFolder(const QString& path, bool withParents) {
   }
 }
 
+/// A link is moved and removed by itself: what it leads to stays as it is.
+void makeMovable(const QString& path) {
+  if (!about(path).isSymLink()) {
+    Files().MakeReadWrite(path);
+  }
+}
+
 void removeFile(const QString& path) {
   if (Channels().isOpen(path)) {
     throw RuntimeError(RuntimeError::FileAlreadyOpen);
@@ -64,6 +71,7 @@ void removeFile(const QString& path) {
 void copyContent(const QString& from, const QString& to, const cSharedFileSubs::Progress& progress) {
   constexpr qsizetype kBlock = 1 << 20;
   const qint64 total = QFileInfo(from).size();
+  const bool replaces = QFileInfo::exists(to);
   NativeFile source(from, NativeFile::Mode::Read);
   ReplacementFile target(to);
   qint64 done = 0;
@@ -75,7 +83,8 @@ void copyContent(const QString& from, const QString& to, const cSharedFileSubs::
     }
     Subs().RegularDoEvents();
   }
-  target.commit(ReplacementFile::Durability::Cached);
+  // Where a file is lost should the disk not get the new one, it is worth the wait.
+  target.commit(replaces ? ReplacementFile::Durability::OnDisk : ReplacementFile::Durability::Cached);
 }
 
 /// Where a copy goes: To itself, with the name of From when To has none.
@@ -91,7 +100,9 @@ void walk(const QString& path, const QStringList& patterns, QDir::Filters filter
                        recursed ? QDirIterator::Subdirectories : QDirIterator::NoIteratorFlags);
   for (int count = 1; entries.hasNext(); ++count) {
     entries.next();
-    take(entries.fileInfo());
+    if (!ReplacementFile::isTemporary(entries.fileName())) {
+      take(entries.fileInfo());
+    }
     if (count % kEntriesBetweenYields == 0) {
       Subs().RegularDoEvents();
     }
@@ -234,10 +245,11 @@ bool cSharedFileSubs::MkMissingDir(const QString& Path) const {
 }
 
 bool cSharedFileSubs::EraseFile(const QString& Path) const {
-  if (!FileExists(Path)) {
+  const bool leadsNowhere = about(Path).isSymLink() && !about(Path).exists();
+  if (!FileExists(Path) && !leadsNowhere) {
     return true;
   }
-  MakeReadWrite(Path);
+  makeMovable(Path);
   return Guard("EraseFile", kModule)([&] { removeFile(Paths::native(Path)); });
 }
 
@@ -301,7 +313,7 @@ bool cSharedFileSubs::CopyFolder(const QString& From, const QString& To, const Q
 
 bool cSharedFileSubs::MoveFile(const QString& From, const QString& To) const {
   const QString target = targetOf(From, To);
-  MakeReadWrite(From);
+  makeMovable(From);
   return Guard("MoveFile", kModule)([&] {
     if (!FileExists(From)) {
       throw RuntimeError(RuntimeError::FileNotFound);

@@ -48,8 +48,8 @@ struct ParagraphFormat {
   /// 0: single. With lineSpacingIsFactor in 240ths of a line, else twips: at least, or when below 0 exactly.
   int lineSpacing = 0;
   bool lineSpacingIsFactor = false;
-  bool bullet = false;        ///< A bullet stands in front of the first line; it is no part of the text.
   QList<TabStop> tabStops{};  ///< In rising order, 64 at most.
+  bool bullet = false;        ///< A bullet stands in front; it is no part of the text.
 
   friend bool operator==(const ParagraphFormat&, const ParagraphFormat&) = default;
 };

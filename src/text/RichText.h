@@ -135,6 +135,8 @@ class RichText::Builder {
   /// True when nothing stands in the current paragraph, or a line break was the last.
   bool atLineStart() const;
   bool paragraphIsEmpty() const;
+  /// True when there is no text yet, not even a paragraph end.
+  bool isEmpty() const;
 
   /// The text so far, its last paragraph ended thus. The builder is empty afterwards.
   RichText take(int charFormat, int paragraphFormat);

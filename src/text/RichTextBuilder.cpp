@@ -57,6 +57,10 @@ bool RichText::Builder::atLineStart() const {
   return data_->text.isEmpty() || data_->text.endsWith(u'\n');
 }
 
+bool RichText::Builder::isEmpty() const {
+  return data_->text.isEmpty();
+}
+
 bool RichText::Builder::paragraphIsEmpty() const {
   return data_->paragraphs.end() == data_->text.size();
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 namespace {
 
@@ -138,6 +139,27 @@ ByteDecoder::ByteDecoder(int codePage) : codePage_(codePage), lengths_(sequenceL
   }
 }
 
+namespace {
+
+/// Asking for an encoding that isn't there is slow, and a text may ask for each of its words.
+bool isKnownEncoding(int codePage) {
+  constexpr size_t kMostRemembered = 256;
+  static std::set<int> unknown;
+  if (unknown.count(codePage) > 0) {
+    return false;
+  }
+  if (QStringDecoder(encodingName(codePage).constData()).isValid()) {
+    return true;
+  }
+  if (unknown.size() >= kMostRemembered) {
+    unknown.clear();
+  }
+  unknown.insert(codePage);
+  return false;
+}
+
+}  // namespace
+
 const ByteDecoder& ByteDecoder::of(int codePage) {
   static std::map<int, ByteDecoder> decoders;
   const auto known = decoders.find(codePage);
@@ -150,7 +172,7 @@ const ByteDecoder& ByteDecoder::of(int codePage) {
     return of(1252);
   }
   const bool usual = codePage == 1252 || codePage == kSymbol || codePage == kUtf8 || codePage == 1361;
-  if (!usual && !QStringDecoder(encodingName(codePage).constData()).isValid()) {
+  if (!usual && !isKnownEncoding(codePage)) {
     return of(1252);
   }
   return decoders.try_emplace(codePage, codePage).first->second;
@@ -177,6 +199,11 @@ char16_t ByteDecoder::decodePair(uchar lead, uchar trail) const {
     known = pairs_.isValid() ? onlyUnit(pairs_.decode(QByteArrayView(raw, 2))) : kInvalid;
   }
   return known;
+}
+
+bool isSymbolFont(QStringView name) {
+  constexpr QStringView kFonts[] = {u"Symbol", u"Wingdings", u"Wingdings 2", u"Wingdings 3", u"Webdings"};
+  return std::find(std::begin(kFonts), std::end(kFonts), name) != std::end(kFonts);
 }
 
 int codePageOfCharset(int charset) {

@@ -2,6 +2,7 @@
 
 #include <QByteArrayView>
 #include <QStringDecoder>
+#include <QStringView>
 #include <QtGlobal>
 
 #include <array>
@@ -19,6 +20,8 @@ class ByteDecoder {
   /// The decoder of a code page; Windows-1252 for an unknown one.
   static const ByteDecoder& of(int codePage);
 
+  /// False when sequences of two bytes are known to be such and no more.
+  bool knowsPairs() const { return pairs_.isValid(); }
   bool isSymbol() const { return codePage_ == kSymbol; }
   /// Bytes in the sequence that this byte begins.
   int sequenceLength(uchar lead) const { return lengths_[lead]; }
@@ -40,6 +43,9 @@ class ByteDecoder {
   mutable QStringDecoder pairs_;
   mutable std::vector<char16_t> known_;  ///< Pairs decoded before; empty until the first.
 };
+
+/// True for the fonts of old whose characters are pictures, numbered from U+F021 on.
+bool isSymbolFont(QStringView name);
 
 /// The code page of a \fcharset number; 0 when it means the document's own.
 int codePageOfCharset(int charset);

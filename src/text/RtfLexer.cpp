@@ -128,7 +128,11 @@ void RtfLexer::readWord(RtfToken& token) {
   token.first = at_;
   at_ = std::find_if_not(at_, end_, isLetter);
   token.length = at_ - token.first;
-  readNumber(token);
+  token.hasNumber = false;
+  token.number = 0;
+  if (at_ != end_ && (isDigit(*at_) || *at_ == '-')) {
+    readNumber(token);
+  }
   if (at_ != end_ && *at_ == ' ') {
     ++at_;
   }
@@ -139,8 +143,7 @@ void RtfLexer::readWord(RtfToken& token) {
 
 void RtfLexer::readNumber(RtfToken& token) {
   const bool negative = end_ - at_ >= 2 && *at_ == '-' && isDigit(at_[1]);
-  token.hasNumber = negative || (at_ != end_ && isDigit(*at_));
-  token.number = 0;
+  token.hasNumber = negative || isDigit(*at_);
   if (!token.hasNumber) {
     return;
   }

@@ -34,6 +34,7 @@ class PlainSink final : public RtfSink {
     paragraph_ = at_;
   }
   bool atLineStart() const override { return at_ == begin_ || at_[-1] == u'\n'; }
+  bool isEmpty() const override { return at_ == begin_; }
   void finish() override {
     if (at_ == paragraph_ && at_ != begin_) {
       at_ -= 2;

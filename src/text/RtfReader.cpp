@@ -13,18 +13,20 @@ namespace {
 constexpr size_t kMaxDepth = 4000;
 constexpr qint32 kMaxFallback = 1 << 20;
 constexpr qsizetype kMaxFontName = 256;
+constexpr qsizetype kMaxLabel = 32;
 constexpr qsizetype kMaxTable = 1 << 16;
 
 bool isDestination(RtfAction action) {
   return action == RtfAction::SkipGroup || action == RtfAction::KeepGroup || action == RtfAction::FontTable ||
-         action == RtfAction::ColourTable || action == RtfAction::Alternatives || action == RtfAction::UnicodePart;
+         action == RtfAction::ColourTable || action == RtfAction::Alternatives || action == RtfAction::UnicodePart ||
+         action == RtfAction::Label || action == RtfAction::Numbering;
 }
 
-/// The signs that programs put in front of a listed paragraph; those of symbol fonts are private characters.
-bool isBullet(char16_t sign) {
-  static constexpr char16_t kSigns[] = {0x00B7, 0x2022, 0x2023, 0x2043, 0x25A0, 0x25AA, 0x25CB, 0x25CF, 0x25E6};
-  const bool isSymbol = sign >= 0xF020 && sign <= 0xF0FF;
-  return isSymbol || std::find(std::begin(kSigns), std::end(kSigns), sign) != std::end(kSigns);
+/// A sign by itself is a bullet, and so is the round letter that word processors use for one; numbers and letters
+/// of a numbered list are none.
+bool isBullet(QStringView label) {
+  label = label.trimmed();
+  return label.size() == 1 && (!label[0].isLetterOrNumber() || label[0] == u'o');
 }
 
 }  // namespace
@@ -90,14 +92,22 @@ bool RtfReader::close() {
   if (outer_.size() <= 1) {
     return false;  // what stands behind the document's own brace is no part of it
   }
-  const bool wasLabel = group_.destination == Destination::Label;
+  const Destination closed = group_.destination;
   group_ = outer_.back();
   outer_.pop_back();
   sink_.close();
-  if (wasLabel && inBody() && isBullet(label_)) {
-    sink_.bullet();
+  if (closed > Destination::Alternative && closed != group_.destination) {
+    leave(closed);
   }
   return true;
+}
+
+void RtfReader::leave(Destination destination) {
+  if (destination == Destination::Label) {
+    sink_.label(isBullet(label_));
+  } else if (destination == Destination::Numbering) {
+    sink_.bullets(isBulletLevel_);
+  }
 }
 
 bool RtfReader::skipsAsFallback() {
@@ -106,6 +116,12 @@ bool RtfReader::skipsAsFallback() {
   }
   --fallbacks_;
   return true;
+}
+
+/// The second half of a pair that directly follows the first is no fallback for it.
+bool RtfReader::completesPair(const RtfToken& token) const {
+  return isHalfOfPair_ && fallbacks_ == group_.fallbackLength && token.length == 1 && *token.first == 'u' &&
+         QChar::isLowSurrogate(static_cast<char16_t>(token.number));
 }
 
 void RtfReader::text(RtfToken& token) {
@@ -131,7 +147,7 @@ void RtfReader::text(RtfToken& token) {
 }
 
 void RtfReader::bodyText(const char* text, qsizetype length) {
-  if (group_.hidden) {
+  if (group_.hidden != 0) {
     return;
   }
   if (!decoder().isSymbol()) {
@@ -144,6 +160,10 @@ void RtfReader::bodyText(const char* text, qsizetype length) {
 void RtfReader::tableText(const char* text, qsizetype length) {
   if (group_.destination == Destination::Alternative) {
     skipGroup();
+    return;
+  }
+  if (group_.destination == Destination::Label) {
+    std::for_each(text, text + length, [this](char raw) { byte(static_cast<uchar>(raw)); });
     return;
   }
   for (const char raw : QByteArrayView(text, length)) {
@@ -196,7 +216,8 @@ void RtfReader::symbol(char symbol) {
 void RtfReader::word(const RtfToken& token) {
   flushBytes();
   const bool starred = std::exchange(starred_, false);
-  if (skipsAsFallback()) {
+  if (fallbacks_ > 0 && !completesPair(token)) {
+    --fallbacks_;
     return;
   }
   static constexpr RtfWord kUnknown;
@@ -237,8 +258,6 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       return;
     case RtfAction::SkipGroup:
       return skipGroup();
-    case RtfAction::Label:
-      return enterLabel();
     case RtfAction::FontTable:
       return enterTable(Destination::Fonts);
     case RtfAction::ColourTable:
@@ -247,9 +266,17 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       return enterTable(Destination::Alternatives);
     case RtfAction::UnicodePart:
       return enterUnicodePart();
+    case RtfAction::Label:
+      return enterList(Destination::Label);
+    case RtfAction::Numbering:
+      return enterList(Destination::Numbering);
+    case RtfAction::BulletLevel:
+      isBulletLevel_ = true;
+      return;
     case RtfAction::DocumentCodePage:
-      return setDocumentCodePage(word.value);
+      return hasAnsiCodePage_ ? void() : setDocumentCodePage(word.value);
     case RtfAction::AnsiCodePage:
+      hasAnsiCodePage_ = hasAnsiCodePage_ || token.number > 0;
       return setDocumentCodePage(token.number);
     case RtfAction::DefaultFont:
       tables_.defaultFont = token.number;
@@ -267,14 +294,13 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
     case RtfAction::Plain:
       return plainWord();
     case RtfAction::Hidden:
-      group_.hidden = !token.hasNumber || token.number != 0;
-      return;
+      return hide(static_cast<quint8>(word.value), !token.hasNumber || token.number != 0);
   }
 }
 
-/// Taken from the head of the text only: once a font is declared, it holds.
+/// Taken until the text begins, though some programs have it behind the font table.
 void RtfReader::setDocumentCodePage(int codePage) {
-  if (codePage > 0 && tables_.fonts.isEmpty()) {
+  if (codePage > 0 && sink_.isEmpty()) {
     documentCodePage_ = codePage;
     decoder_ = nullptr;
   }
@@ -289,14 +315,14 @@ void RtfReader::enterTable(Destination destination) {
   declaredFont_ = -1;
 }
 
-/// The label's text is no part of the document's; all that is kept of it is whether it is a bullet.
-void RtfReader::enterLabel() {
-  if (!sink_.wantsFormats() || !inBody() || tooDeep_ > 0 || outer_.size() < 2) {
+void RtfReader::enterList(Destination destination) {
+  if (group_.destination != Destination::Body) {
     skipGroup();
     return;
   }
-  group_.destination = Destination::Label;
-  label_ = 0;
+  label_.clear();
+  isBulletLevel_ = false;
+  enterTable(destination);
 }
 
 void RtfReader::enterUnicodePart() {
@@ -345,8 +371,12 @@ void RtfReader::endColour() {
   hasColour_ = false;
 }
 
+void RtfReader::hide(quint8 reason, bool on) {
+  group_.hidden = static_cast<quint8>(on ? group_.hidden | reason : group_.hidden & ~reason);
+}
+
 void RtfReader::plainWord() {
-  group_.hidden = false;
+  group_.hidden = 0;
   group_.font = -1;
   sink_.plain();
 }
@@ -354,6 +384,7 @@ void RtfReader::plainWord() {
 void RtfReader::unicode(qint32 number) {
   fallbacks_ = group_.fallbackLength;
   const qint32 character = number < 0 ? number + 0x10000 : number;
+  isHalfOfPair_ = character >= 0 && QChar::isHighSurrogate(static_cast<char32_t>(character));
   if (character > 0 && character <= 0x10FFFF) {
     put(static_cast<char32_t>(character));
   }
@@ -389,8 +420,8 @@ void RtfReader::byte(uchar byte) {
   const char32_t character = bytes.decode(QByteArrayView(sequence_.data(), sequenceSize_));
   sequenceSize_ = 0;
   put(character);
-  if (character == ByteDecoder::kInvalid && byte < 0x80) {
-    put(byte);
+  if (character == ByteDecoder::kInvalid && byte < 0x80 && bytes.knowsPairs()) {
+    put(byte);  // a broken pair swallows no letter
   }
 }
 
@@ -418,10 +449,10 @@ void RtfReader::putUnit(char16_t unit) {
     }
     return;
   }
-  if (group_.destination == Destination::Label && label_ == 0) {
-    label_ = unit;
-  }
   if (!inBody()) {
+    if (group_.destination == Destination::Label && label_.size() < kMaxLabel) {
+      label_.append(QChar(unit));
+    }
     return;
   }
   switch (kindOfUnit(unit)) {
@@ -459,7 +490,10 @@ const ByteDecoder& RtfReader::decoderOf(int number) {
   }
   if (font->decoder == nullptr) {
     const int codePage = font->codePage > 0 ? font->codePage : codePageOfCharset(font->charset);
-    font->decoder = &ByteDecoder::of(codePage > 0 ? codePage : documentCodePage_);
+    if (codePage <= 0) {
+      return ByteDecoder::of(documentCodePage_);
+    }
+    font->decoder = &ByteDecoder::of(codePage);
   }
   return *font->decoder;
 }

@@ -17,7 +17,7 @@ struct RtfTables {
     QString name;
     int charset = 1;
     int codePage = 0;                      ///< From \cpg; 0: by the charset.
-    const ByteDecoder* decoder = nullptr;  ///< Set on first use.
+    const ByteDecoder* decoder = nullptr;  ///< Set on first use; none while it is the document's.
   };
 
   QHash<int, Font> fonts;
@@ -39,6 +39,7 @@ class RtfSink {
   virtual void lineBreak() = 0;
   virtual void paragraphEnd() = 0;
   virtual bool atLineStart() const = 0;
+  virtual bool isEmpty() const = 0;
   /// The text is over, with the formats that hold at its end.
   virtual void finish() = 0;
 
@@ -46,8 +47,10 @@ class RtfSink {
   virtual void close() {}
   virtual void plain() {}
   virtual void font(int) {}
-  /// A bullet stands in front of the paragraph.
-  virtual void bullet() {}
+  /// What a list has put in front of the current paragraph.
+  virtual void label(bool /*isBullet*/) {}
+  /// Marks the paragraphs from here to the next defaults.
+  virtual void bullets(bool /*on*/) {}
   /// A word without a number has no value.
   virtual void format(RtfProperty, std::optional<int>) {}
 
@@ -65,11 +68,11 @@ class RtfReader {
   const RtfTables& tables() const { return tables_; }
 
  private:
-  enum class Destination : quint8 { Body, Fonts, Colours, Alternatives, Alternative, Label };
+  enum class Destination : quint8 { Body, Fonts, Colours, Alternatives, Alternative, Label, Numbering };
 
   struct Group {
     Destination destination = Destination::Body;
-    bool hidden = false;
+    quint8 hidden = 0;  ///< Bits by the word that hides.
     int fallbackLength = 1;
     int font = -1;  ///< -1: the default font
   };
@@ -84,13 +87,15 @@ class RtfReader {
   void word(const RtfToken& token);
   void act(const RtfWord& word, const RtfToken& token);
   void enterTable(Destination destination);
+  void enterList(Destination destination);
+  void leave(Destination destination);
   void enterUnicodePart();
-  void enterLabel();
   void fontWord(RtfAction action, int number);
   void selectFont(int number);
   void colourPart(RtfAction action, int number);
   void endColour();
   void plainWord();
+  void hide(quint8 reason, bool on);
   void unicode(qint32 number);
   void lineEnd(RtfAction action);
 
@@ -102,8 +107,9 @@ class RtfReader {
   const ByteDecoder& decoderOf(int number);
   void setDocumentCodePage(int codePage);
   void skipGroup();
-  bool inBody() const { return group_.destination == Destination::Body && !group_.hidden; }
+  bool inBody() const { return group_.destination == Destination::Body && group_.hidden == 0; }
   bool skipsAsFallback();
+  bool completesPair(const RtfToken& token) const;
 
   RtfLexer lexer_;
   RtfSink& sink_;
@@ -113,16 +119,20 @@ class RtfReader {
   std::vector<Group> outer_;
   qint64 tooDeep_ = 0;  ///< Groups open beyond those that are stacked.
   bool starred_ = false;
-  qint32 fallbacks_ = 0;  ///< Items still to skip behind a \uN.
+  qint32 fallbacks_ = 0;       ///< Items still to skip behind a \uN.
+  bool isHalfOfPair_ = false;  ///< The last \uN was a high surrogate.
 
   int documentCodePage_ = 1252;
+  bool hasAnsiCodePage_ = false;
   std::array<char, 4> sequence_{};  ///< Bytes of one character so far.
   int sequenceSize_ = 0;
   int sequenceLength_ = 0;
   const ByteDecoder* decoder_ = nullptr;  ///< Of the font decoderFont_.
   int decoderFont_ = -1;
 
-  char16_t label_ = 0;  ///< The first unit of the list label at hand.
+  QString label_;
+  bool isBulletLevel_ = false;
+
   int declaredFont_ = 0;
   quint32 colour_ = 0;
   bool hasColour_ = false;

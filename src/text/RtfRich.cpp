@@ -57,10 +57,10 @@ class RichSink final : public RtfSink {
   void lineBreak() override { builder_.lineBreak(charNumber()); }
   void paragraphEnd() override {
     builder_.endParagraph(charNumber(), paragraphNumber());
-    bullet_ = false;
+    hasBullet_ = false;
   }
-  void bullet() override { bullet_ = true; }
   bool atLineStart() const override { return builder_.atLineStart(); }
+  bool isEmpty() const override { return builder_.isEmpty(); }
   void finish() override { text_ = builder_.takeClosed(charNumber(), paragraphNumber()); }
 
   void open() override { outer_.push_back(now_); }
@@ -75,6 +75,11 @@ class RichSink final : public RtfSink {
   void font(int number) override {
     now_.characters.font = number;
     now_.charNumber = -1;
+  }
+  void label(bool isBullet) override { hasBullet_ = isBullet; }
+  void bullets(bool on) override {
+    now_.paragraph.bullet = on;
+    now_.paragraphNumber = -1;
   }
   void format(RtfProperty property, std::optional<int> value) override {
     if (property < RtfProperty::ParagraphDefaults) {
@@ -101,8 +106,8 @@ class RichSink final : public RtfSink {
   RichText::Builder builder_;
   RichText text_;
   Formats now_;
-  bool bullet_ = false;
   std::vector<Formats> outer_;
+  bool hasBullet_ = false;  ///< By its label; stands in front of the words that reset the paragraph.
   QHash<CharState, int> known_;
 };
 
@@ -186,10 +191,10 @@ int RichSink::charNumber() {
 }
 
 int RichSink::paragraphNumber() {
-  if (bullet_) {  // of this paragraph alone: each listed one has its own label
-    ParagraphFormat listed = now_.paragraph;
-    listed.bullet = true;
-    return builder_.paragraphFormat(listed);
+  if (hasBullet_ && !now_.paragraph.bullet) {
+    ParagraphFormat bulleted = now_.paragraph;
+    bulleted.bullet = true;
+    return builder_.paragraphFormat(bulleted);
   }
   if (now_.paragraphNumber < 0) {
     now_.paragraphNumber = builder_.paragraphFormat(now_.paragraph);

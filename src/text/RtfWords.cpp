@@ -64,12 +64,15 @@ constexpr RtfWord kWords[] = {
     action("f", RtfAction::Font),
     action("fcharset", RtfAction::FontCharset),
     action("cpg", RtfAction::FontCodePage),
+    action("pntext", RtfAction::Label),
+    action("listtext", RtfAction::Label),
+    action("pn", RtfAction::Numbering),
+    action("pnlvlblt", RtfAction::BulletLevel),
     action("red", RtfAction::Red),
     action("green", RtfAction::Green),
     action("blue", RtfAction::Blue),
     action("fldrslt", RtfAction::KeepGroup),
-    action("listtext", RtfAction::Label),
-    action("pntext", RtfAction::Label),
+    action("nesttableprops", RtfAction::KeepGroup),  // the end of a nested row stands in it
 
     // destinations that are no part of the text
     skipped("annotation"),
@@ -163,7 +166,6 @@ constexpr RtfWord kWords[] = {
     skipped("pgptbl"),
     skipped("pict"),
     skipped("picprop"),
-    skipped("pn"),
     skipped("pnseclvl"),
     skipped("pntxta"),
     skipped("pntxtb"),
@@ -199,8 +201,8 @@ constexpr RtfWord kWords[] = {
 
     // characters
     action("plain", RtfAction::Plain),
-    action("v", RtfAction::Hidden),
-    action("deleted", RtfAction::Hidden),  // struck out in a tracked draft: no part of the text
+    action("v", RtfAction::Hidden, 1),
+    action("deleted", RtfAction::Hidden, 2),  // struck out in a tracked draft: no part of the text
     format("b", RtfProperty::Bold),
     format("i", RtfProperty::Italic),
     format("strike", RtfProperty::StrikeOut),

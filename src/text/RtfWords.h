@@ -15,11 +15,13 @@ enum class RtfAction : quint8 {
   Binary,
   SkipGroup,
   KeepGroup,  ///< a destination whose text counts
-  Label,      ///< a destination that holds a list label
   FontTable,
   ColourTable,
-  Alternatives,      ///< \upr
-  UnicodePart,       ///< \ud
+  Alternatives,  ///< \upr
+  UnicodePart,   ///< \ud
+  Label,         ///< what a list puts in front of a paragraph
+  Numbering,     ///< how the paragraphs of a list are marked
+  BulletLevel,
   DocumentCodePage,  ///< value: the code page
   AnsiCodePage,
   DefaultFont,
@@ -30,7 +32,7 @@ enum class RtfAction : quint8 {
   Green,
   Blue,
   Plain,
-  Hidden,
+  Hidden,  ///< value: a bit for the reason
 };
 
 /// Formats that control words set, in groups whose order the rich text's own enumerations and fields follow.

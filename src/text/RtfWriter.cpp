@@ -2,6 +2,7 @@
 
 #include "infra/CodePage.h"
 #include "text/Rtf.h"
+#include "text/RtfCodePages.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr qsizetype kLongestUnit = 12;  // \u-12345\'3f
 constexpr qsizetype kChunk = 2048;
+constexpr QStringView kBulletFont = u"Symbol";
 
 /// True for ASCII that stands for itself in RTF.
 constexpr std::array<bool, 128> kPlain = [] {
@@ -35,6 +37,12 @@ char* writeHex(char* out, int byte) {
   return out;
 }
 
+char* writeUnicode(char* out, char16_t unit) {
+  out = copy(out, "\\u");
+  out = std::to_chars(out, out + 6, static_cast<qint16>(unit)).ptr;
+  return writeHex(out, '?');
+}
+
 /// Anything but plain ASCII and tabs; always begins with a backslash.
 char* writeEscaped(char* out, char16_t unit) {
   if (unit == u'\\' || unit == u'{' || unit == u'}') {
@@ -43,12 +51,7 @@ char* writeEscaped(char* out, char16_t unit) {
     return out;
   }
   const int byte = CodePage::toByte(unit);
-  if (byte >= 0) {
-    return writeHex(out, byte);
-  }
-  out = copy(out, "\\u");
-  out = std::to_chars(out, out + 6, static_cast<qint16>(unit)).ptr;
-  return writeHex(out, '?');
+  return byte >= 0 ? writeHex(out, byte) : writeUnicode(out, unit);
 }
 
 }  // namespace
@@ -75,6 +78,7 @@ RtfWriter::RtfWriter(const RichText& text) : text_(text), out_(text.size() + tex
 
 QByteArray RtfWriter::write() {
   collectStyles();
+  collectBullets();
   writeHead();
   startParagraph();
   text_.visit(*this);
@@ -93,9 +97,16 @@ void RtfWriter::collectStyles() {
   style_.font = fonts_[defaultFont_].isEmpty() ? defaultFont_ : -1;  // a font with a name is always stated
 }
 
+void RtfWriter::collectBullets() {
+  for (qsizetype i = 0; i < text_.paragraphCount() && bulletFont_ < 0; ++i) {
+    bulletFont_ = text_.paragraph(i).format->bullet ? fontNumber(kBulletFont.toString()) : -1;
+  }
+}
+
 RtfWriter::Style RtfWriter::styleOf(const CharFormat& format) {
   Style style;
   style.font = fontNumber(format.fontName);
+  style.isSymbol = isSymbolFont(format.fontName);
   style.halfPoints = format.halfPoints;
   style.colour = colourNumber(format.colour);
   style.background = colourNumber(format.background);
@@ -141,7 +152,7 @@ void RtfWriter::writeHead() {
   for (qsizetype i = 0; i < fonts_.size(); ++i) {
     out_.put("{\\f");
     out_.putNumber(static_cast<int>(i));
-    out_.put("\\fnil\\fcharset0 ");
+    out_.put(isSymbolFont(fonts_[i]) ? "\\fnil\\fcharset2 " : "\\fnil\\fcharset0 ");
     writeFontName(fonts_[i]);
     out_.put(";}");
   }
@@ -181,19 +192,30 @@ void RtfWriter::word(const char* name, int number) {
   needsBlank_ = true;
 }
 
+/// In front of every paragraph of the list, for those who know no \pn.
+void RtfWriter::putLabel() {
+  out_.put("{\\pntext\\f");
+  out_.putNumber(bulletFont_);
+  out_.put("\\'B7\\tab}");
+  needsBlank_ = false;
+}
+
 void RtfWriter::startParagraph() {
   const ParagraphFormat& format = *text_.paragraph(paragraph_).format;
-  if (&format != paragraphFormat_) {
-    paragraphFormat_ = &format;
-    paragraphWords(format);
+  const bool isNew = &format != paragraphFormat_;
+  if (isNew) {
+    word("\\pard");
   }
   if (format.bullet) {
-    out_.put("{\\pntext\\'b7\\tab}");
-    needsBlank_ = false;
+    putLabel();
+  }
+  if (isNew) {
+    paragraphFormat_ = &format;
+    putFormat(format);
   }
 }
 
-void RtfWriter::paragraphWords(const ParagraphFormat& format) {
+void RtfWriter::putFormat(const ParagraphFormat& format) {
   static constexpr const char* kAlignments[] = {nullptr, "\\qc", "\\qr", "\\qj"};
   static constexpr const char* kTabKinds[] = {nullptr, "\\tqc", "\\tqr", "\\tqdec"};
   const auto length = [this](const char* name, int twips) {
@@ -201,7 +223,11 @@ void RtfWriter::paragraphWords(const ParagraphFormat& format) {
       word(name, twips);
     }
   };
-  word("\\pard");
+  if (format.bullet) {
+    out_.put("{\\*\\pn\\pnlvlblt\\pnf");
+    out_.putNumber(bulletFont_);
+    out_.put("\\pnindent0{\\pntxtb\\'B7}}");
+  }
   length("\\fi", format.firstIndent);
   length("\\li", format.leftIndent);
   length("\\ri", format.rightIndent);
@@ -219,10 +245,6 @@ void RtfWriter::paragraphWords(const ParagraphFormat& format) {
       word(name);
     }
     word("\\tx", stop.position);
-  }
-  if (format.bullet) {
-    out_.put("{\\*\\pn\\pnlvlblt\\pnindent0{\\pntxtb\\'b7}}");
-    needsBlank_ = false;
   }
 }
 
@@ -281,7 +303,7 @@ void RtfWriter::text(QStringView units, const CharFormat& format) {
   setFormat(format);
   while (!units.isEmpty()) {
     const QStringView chunk = units.first(std::min(kChunk, units.size()));
-    this->units(chunk);
+    style_.isSymbol ? symbols(chunk) : this->units(chunk);
     units = units.sliced(chunk.size());
   }
 }
@@ -308,6 +330,23 @@ void RtfWriter::units(QStringView units) {
   }
   needsBlank_ = needsBlank;
   out_.wrote(out);
+}
+
+/// The bytes of a symbol font stand for U+F021 to U+F0FF, and so nothing else may be written as a byte.
+void RtfWriter::symbols(QStringView units) {
+  for (const QChar character : units) {
+    const char16_t unit = character.unicode();
+    char* out = out_.room(kLongestUnit + 1);
+    if (unit == u' ') {
+      out = copy(out, needsBlank_ ? "  " : " ");
+    } else if (unit == u'\t') {
+      out = copy(out, "\\tab");
+    } else {
+      out = unit > 0xF020 && unit <= 0xF0FF ? writeHex(out, unit & 0xFF) : writeUnicode(out, unit);
+    }
+    needsBlank_ = unit == u'\t';
+    out_.wrote(out);
+  }
 }
 
 void RtfWriter::lineBreak(const CharFormat& format) {

@@ -46,6 +46,7 @@ class RtfWriter {
     int halfPoints = 0;
     int colour = 0;
     int background = 0;
+    bool isSymbol = false;
     bool bold = false;
     bool italic = false;
     bool underline = false;
@@ -56,6 +57,7 @@ class RtfWriter {
   };
 
   void collectStyles();
+  void collectBullets();
   Style styleOf(const CharFormat& format);
   int fontNumber(const QString& name);
   int colourNumber(const std::optional<quint32>& colour);
@@ -63,13 +65,15 @@ class RtfWriter {
   void writeFontName(const QString& name);
 
   void startParagraph();
-  void paragraphWords(const ParagraphFormat& format);
+  void putLabel();
+  void putFormat(const ParagraphFormat& format);
   void setFormat(const CharFormat& format);
   void change(const Style& from, const Style& to);
   void word(const char* name);
   void word(const char* name, int number);
   void toggle(const char* name, bool from, bool to);
   void units(QStringView units);
+  void symbols(QStringView units);
 
   const RichText& text_;
   ByteWriter out_;
@@ -79,6 +83,7 @@ class RtfWriter {
   QList<quint32> colours_;
   QHash<quint32, int> colourNumbers_;
   int defaultFont_ = 0;
+  int bulletFont_ = -1;  ///< None while no paragraph has a bullet.
 
   qsizetype paragraph_ = 0;
   const ParagraphFormat* paragraphFormat_ = nullptr;  ///< In force; none at the start.

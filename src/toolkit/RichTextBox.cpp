@@ -2,6 +2,7 @@
 
 #include "text/Rtf.h"
 #include "text/TextUnits.h"
+#include "toolkit/Colours.h"
 #include "toolkit/RichTextDocument.h"
 
 #include <QKeyEvent>
@@ -18,11 +19,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 kSystemColour = 0x80000000;
-constexpr quint32 kSystemWindow = 0x80000005;
-
-bool isSystem(quint32 colour) {
-  return (colour & kSystemColour) != 0;
+/// A system colour is the automatic one.
+QTextCharFormat foregroundOf(const RichTextBox::Colour& colour) {
+  CharFormat format;
+  format.colour = colour && Colours::isSystem(*colour) ? std::nullopt : colour;
+  QTextCharFormat change;
+  change.setForeground(RichTextDocument::toQt(format).foreground());
+  return change;
 }
 
 /// Line ends as a document has them.
@@ -243,11 +246,7 @@ RichTextBox::Colour RichTextBox::SelColor() const {
 }
 
 void RichTextBox::setSelColor(Colour colour) {
-  CharFormat format;
-  format.colour = colour && isSystem(*colour) ? std::nullopt : colour;
-  QTextCharFormat change;
-  change.setForeground(RichTextDocument::toQt(format).foreground());
-  mergeSelected(change);
+  mergeSelected(foregroundOf(colour));
 }
 
 QString RichTextBox::SelFontName() const {
@@ -321,10 +320,11 @@ void RichTextBox::changeParagraphs(const std::function<void(ParagraphFormat&)>& 
     cursor.beginEditBlock();
     QTextBlock block = document()->findBlock(selected.selectionStart());
     for (; block.isValid() && block.position() <= selected.selectionEnd(); block = block.next()) {
-      ParagraphFormat format = RichTextDocument::fromQt(block.blockFormat());
+      const QTextBlockFormat old = block.blockFormat();
+      ParagraphFormat format = RichTextDocument::fromQt(old);
       change(format);
       cursor.setPosition(block.position());
-      cursor.setBlockFormat(RichTextDocument::toQt(normalised(format)));
+      cursor.setBlockFormat(RichTextDocument::toQt(normalised(format), old.objectIndex()));
     }
     cursor.endEditBlock();
   });
@@ -375,11 +375,7 @@ void RichTextBox::colourRanges(const std::vector<ColouredRange>& ranges) {
     QTextCursor batch(document());
     batch.beginEditBlock();
     for (const ColouredRange& range : ranges) {
-      CharFormat format;
-      format.colour = range.colour && isSystem(*range.colour) ? std::nullopt : range.colour;
-      QTextCharFormat change;
-      change.setForeground(RichTextDocument::toQt(format).foreground());
-      cursorOver(range.start, range.length).mergeCharFormat(change);
+      cursorOver(range.start, range.length).mergeCharFormat(foregroundOf(range.colour));
     }
     batch.endEditBlock();
   });
@@ -404,18 +400,17 @@ void RichTextBox::Span(const QString& characters, bool forward, bool negate) {
 }
 
 quint32 RichTextBox::BackColor() const {
-  return backColour_.value_or(kSystemWindow);
+  return backColour_.value_or(Colours::systemWindow);
 }
 
 void RichTextBox::setBackColor(quint32 colour) {
   backColour_ = colour;
-  if (isSystem(colour)) {
+  if (Colours::isSystem(colour)) {
     setPalette(QPalette());
     return;
   }
   QPalette colours = palette();
-  colours.setColor(QPalette::Base, QColor(static_cast<int>(colour & 0xFFU), static_cast<int>(colour >> 8 & 0xFFU),
-                                          static_cast<int>(colour >> 16 & 0xFFU)));
+  colours.setColor(QPalette::Base, Colours::toQt(colour));
   setPalette(colours);
 }
 

@@ -1,7 +1,8 @@
 #include "toolkit/RichTextDocument.h"
 
+#include "toolkit/Colours.h"
+
 #include <QBrush>
-#include <QColor>
 #include <QHash>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -16,6 +17,7 @@ namespace {
 constexpr double kTwipsPerPixel = 15;
 constexpr double kFactorOfSingle = 240;
 constexpr int kBoldFrom = QFont::DemiBold;
+constexpr double kRoomForBullet = 16;
 
 /// What a control has no exact form for travels in the formats beside it.
 enum Property { ParagraphProperty = QTextFormat::UserProperty + 1, CapsProperty };
@@ -26,20 +28,11 @@ double pixels(int twips) {
 }
 
 QBrush brushOf(const std::optional<quint32>& colour) {
-  if (!colour) {
-    return QBrush(Qt::NoBrush);
-  }
-  return QColor(static_cast<int>(*colour & 0xFFU), static_cast<int>(*colour >> 8 & 0xFFU),
-                static_cast<int>(*colour >> 16 & 0xFFU));
+  return colour ? QBrush(Colours::toQt(*colour)) : QBrush(Qt::NoBrush);
 }
 
 std::optional<quint32> colourOf(const QBrush& brush) {
-  if (brush.style() == Qt::NoBrush) {
-    return std::nullopt;
-  }
-  const QRgb rgb = brush.color().rgb();
-  return static_cast<quint32>(qRed(rgb)) | static_cast<quint32>(qGreen(rgb)) << 8 |
-         static_cast<quint32>(qBlue(rgb)) << 16;
+  return brush.style() == Qt::NoBrush ? std::nullopt : std::optional(Colours::fromQt(brush.color()));
 }
 
 Qt::Alignment alignmentOf(ParagraphFormat::Alignment alignment) {
@@ -78,9 +71,9 @@ class Filler {
   void fill() {
     cursor_.beginEditBlock();
     const RichText::Paragraph first = text_.paragraph(0);
+    makeList();
     cursor_.setBlockFormat(blockFormat(*first.format));
     cursor_.setBlockCharFormat(charFormat(*first.endFormat));
-    showBullet(*first.format);
     text_.visit(*this);
     cursor_.endEditBlock();
   }
@@ -93,11 +86,16 @@ class Filler {
     if (++paragraph_ < text_.paragraphCount()) {
       const RichText::Paragraph next = text_.paragraph(paragraph_);
       cursor_.insertBlock(blockFormat(*next.format), charFormat(*next.endFormat));
-      showBullet(*next.format);
     }
   }
 
  private:
+  /// One list for all the bullets: only its number has to stand in their paragraphs' formats.
+  void makeList() {
+    for (qsizetype i = 0; i < text_.paragraphCount() && list_ < 0; ++i) {
+      list_ = text_.paragraph(i).format->bullet ? RichTextDocument::bulletList(cursor_) : -1;
+    }
+  }
   const QTextCharFormat& charFormat(const CharFormat& format) {
     auto known = charFormats_.find(&format);
     if (known == charFormats_.end()) {
@@ -105,31 +103,18 @@ class Filler {
     }
     return *known;
   }
-  /// The indents are the paragraph's own; the list only draws the sign.
-  void showBullet(const ParagraphFormat& format) {
-    if (!format.bullet) {
-      list_ = nullptr;
-    } else if (list_ != nullptr) {
-      list_->add(cursor_.block());
-    } else {
-      QTextListFormat sign;
-      sign.setStyle(QTextListFormat::ListDisc);
-      sign.setIndent(0);
-      list_ = cursor_.createList(sign);
-    }
-  }
   const QTextBlockFormat& blockFormat(const ParagraphFormat& format) {
     auto known = blockFormats_.find(&format);
     if (known == blockFormats_.end()) {
-      known = blockFormats_.insert(&format, RichTextDocument::toQt(format));
+      known = blockFormats_.insert(&format, RichTextDocument::toQt(format, list_));
     }
     return *known;
   }
 
   QTextCursor cursor_;
   const RichText& text_;
+  int list_ = -1;
   qsizetype paragraph_ = 0;
-  QTextList* list_ = nullptr;
   QHash<const CharFormat*, QTextCharFormat> charFormats_;
   QHash<const ParagraphFormat*, QTextBlockFormat> blockFormats_;
 };
@@ -204,12 +189,25 @@ CharFormat fromQt(const QTextCharFormat& format) {
   return result;
 }
 
-QTextBlockFormat toQt(const ParagraphFormat& format) {
+int bulletList(QTextCursor& cursor) {
+  QTextListFormat bullets;
+  bullets.setStyle(QTextListFormat::ListDisc);
+  bullets.setIndent(0);
+  return cursor.createList(bullets)->objectIndex();
+}
+
+QTextBlockFormat toQt(const ParagraphFormat& format, int list) {
   QTextBlockFormat block;
   block.setAlignment(alignmentOf(format.alignment));
   block.setLeftMargin(pixels(format.leftIndent));
   block.setRightMargin(pixels(format.rightIndent));
   block.setTextIndent(pixels(format.firstIndent));
+  if (format.bullet) {
+    // The control draws the bullet in front of the text, where the file has the first line hanging out.
+    block.setObjectIndex(list);
+    block.setLeftMargin(qMax(pixels(format.leftIndent), kRoomForBullet));
+    block.setTextIndent(0);
+  }
   block.setTopMargin(pixels(format.spaceBefore));
   block.setBottomMargin(pixels(format.spaceAfter));
   if (!format.tabStops.isEmpty()) {
@@ -221,7 +219,9 @@ QTextBlockFormat toQt(const ParagraphFormat& format) {
 }
 
 ParagraphFormat fromQt(const QTextBlockFormat& format) {
-  return format.property(ParagraphProperty).value<ParagraphFormat>();
+  auto result = format.property(ParagraphProperty).value<ParagraphFormat>();
+  result.bullet = format.objectIndex() >= 0;  // Backspace takes a paragraph out of its list
+  return result;
 }
 
 void fill(QTextDocument& document, const RichText& text) {

@@ -2,9 +2,10 @@
 
 #include "text/RichText.h"
 
-#include <QTextBlockFormat>
 #include <QTextCharFormat>
+#include <QTextFormat>
 
+class QTextCursor;
 class QTextDocument;
 
 /// Rich texts to and from the documents of a text control: a paragraph is a block, a line break is U+2028 in it.
@@ -14,8 +15,11 @@ namespace RichTextDocument {
 /// What the format does not state is left to the document's default font and to the palette.
 QTextCharFormat toQt(const CharFormat& format);
 CharFormat fromQt(const QTextCharFormat& format);
-QTextBlockFormat toQt(const ParagraphFormat& format);
+/// A paragraph with a bullet joins the list of this number; without one it shows none.
+QTextBlockFormat toQt(const ParagraphFormat& format, int list = -1);
 ParagraphFormat fromQt(const QTextBlockFormat& format);
+/// Makes a list of bullets, which the cursor's paragraph joins, and gives its number.
+int bulletList(QTextCursor& cursor);
 
 /// Fills an empty document; fast while no control shows it.
 void fill(QTextDocument& document, const RichText& text);

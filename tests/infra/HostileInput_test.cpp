@@ -104,12 +104,15 @@ TEST(HostileInput, AnyTextIsANumberOrRefused) {
       Numbers::ValTo32(piece);
       Numbers::ValTo16(piece);
       Numbers::ToInt(QVariant(CodePage::fromBytes(piece)));
-      try {
-        Numbers::DayNumber(piece);
-        Numbers::Strict32(piece);
-      } catch (const RuntimeError& error) {
-        ASSERT_TRUE(error.number() == RuntimeError::TypeMismatch || error.number() == RuntimeError::Overflow);
-      }
+      const auto numberOrRefusal = [&](const auto& read) {
+        try {
+          read(piece);
+        } catch (const RuntimeError& error) {
+          ASSERT_TRUE(error.number() == RuntimeError::TypeMismatch || error.number() == RuntimeError::Overflow);
+        }
+      };
+      numberOrRefusal(Numbers::DayNumber);
+      numberOrRefusal(Numbers::Strict32);
     }
   }
 }

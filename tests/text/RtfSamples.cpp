@@ -22,12 +22,13 @@ QString randomWord(QRandomGenerator& random) {
                                   u"naïve"_s,  u"Ж"_s,      u"語"_s,    u"😀"_s,      u"\x0c"_s,   u"\u00A0"_s,
                                   u"\u2011"_s, u"\x81"_s,   u"-12 ;"_s, u"\\par "_s, u"\x7f"_s,   u"\u2022"_s,
                                   u"\u2028"_s, u"a"_s,      u"0"_s,     u"\xD83D"_s, u"\xDE00"_s, u"'3f"_s,
-                                  u"\u0002"_s, u"\uFEFF"_s, u"\r\n"_s,  u"?"_s};
+                                  u"\u0002"_s, u"\uFEFF"_s, u"\r\n"_s,  u"?"_s,      u"\xF0B7"_s, u"\xF020"_s};
   return anyOf(random, pieces);
 }
 
 CharFormat randomCharFormat(QRandomGenerator& random) {
-  static const QStringList fonts{QString(), u"Arial"_s, u"Times New Roman"_s, u"Möbel; {x} \\y"_s, u"明朝"_s};
+  static const QStringList fonts{QString(),           u"Arial"_s, u"Times New Roman"_s,
+                                 u"Möbel; {x} \\y"_s, u"明朝"_s,  u"Symbol"_s};
   const auto colour = [&random] {
     return random.bounded(2) == 0 ? std::nullopt : std::optional(random.generate() & 0xFFFFFFU);
   };
@@ -56,7 +57,7 @@ ParagraphFormat randomParagraphFormat(QRandomGenerator& random) {
   format.spaceAfter = random.bounded(3) * 120;
   format.lineSpacing = random.bounded(-2, 3) * 240;
   format.lineSpacingIsFactor = random.bounded(2) == 0;
-  format.bullet = random.bounded(4) == 0;
+  format.bullet = random.bounded(3) == 0;
   for (int count = random.bounded(4); count > 0; --count) {
     format.tabStops.append({random.bounded(9000), static_cast<TabStop::Kind>(random.bounded(4))});
   }
@@ -95,6 +96,10 @@ QList<QByteArray> rtfSamples() {
       "{\\v hidden}\\page y\\sect\\super z\\nosupersub\\plain\\par\\pard}",
       "{\\rtf1\\ansicpg65001 \xC3\xA9\\'c3\\'a9\xE2\x82\xAC\\'f0\\'9f\\'98\\'80\xC3}",
       "{\\rtf1 {a}}b}c}",
+      "{\\rtf1{\\fonttbl{\\f1\\fcharset2 "
+      "Symbol;}}\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}"
+      "\\fi-360 a\\par {\\pntext\\f1\\'B7\\tab}b\\par\\pard{\\listtext\\f1\\u61623?\\tab}c\\par{\\listtext "
+      "1.\\tab}d\\par}",
   };
 }
 

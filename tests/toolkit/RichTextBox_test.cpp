@@ -11,7 +11,9 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextList>
 
 #include <gtest/gtest.h>
 
@@ -169,6 +171,31 @@ TEST(RichTextBox, IndentsCountFromTheFirstLine) {
   box->setSelAlignment(ParagraphFormat::Alignment::Right);
   EXPECT_EQ(box->richText().paragraphFormatAt(kPlain.size()).alignment, ParagraphFormat::Alignment::Right);
   EXPECT_EQ(box->richText().paragraphFormatAt(0).alignment, ParagraphFormat::Alignment::Left);
+}
+
+TEST(RichTextBox, BulletsAreShownCarriedOnAndTakenAway) {
+  RichTextBox box;
+  box.setRichText(RichText::fromPlain(u"one\ntwo"_s, {}, {.leftIndent = 200, .firstIndent = -200, .bullet = true}));
+  const auto bullets = [&box] {
+    const RichText text = box.richText();
+    QList<bool> result;
+    for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
+      const bool isShown = box.document()->findBlockByNumber(static_cast<int>(i)).textList() != nullptr;
+      EXPECT_EQ(text.paragraph(i).format->bullet, isShown);
+      result.append(isShown);
+    }
+    return result;
+  };
+  EXPECT_EQ(bullets(), QList<bool>({true, true}));
+  box.setSelStart(3);
+  QTest::keyClick(&box, Qt::Key_Return);
+  EXPECT_EQ(bullets(), QList<bool>({true, true, true}));
+  box.setSelAlignment(ParagraphFormat::Alignment::Centre);
+  box.setSelIndent(400);
+  EXPECT_EQ(bullets(), QList<bool>({true, true, true}));
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  EXPECT_EQ(bullets(), QList<bool>({true, false, true}));
+  EXPECT_EQ(box.Text(), u"one\r\n\r\ntwo"_s);
 }
 
 TEST(RichTextBox, ColoursManyRangesAndKeepsThePlace) {
