@@ -72,7 +72,6 @@ constexpr RtfWord kWords[] = {
     action("green", RtfAction::Green),
     action("blue", RtfAction::Blue),
     action("fldrslt", RtfAction::KeepGroup),
-    action("nesttableprops", RtfAction::KeepGroup),  // the end of a nested row stands in it
 
     // destinations that are no part of the text
     skipped("annotation"),

@@ -14,10 +14,9 @@ QStringList wordsOf(const QString& text) {
   return text.split(blank, Qt::SkipEmptyParts);
 }
 
-/// Where line ends are a matter of taste: page and section breaks, and one expected text whose nested rows run
-/// together.
+/// Where line ends are a matter of taste: page and section breaks.
 bool comparesWordsOnly(const CorpusFile& file) {
-  return file.flags.contains(u"page") || file.flags.contains(u"sect") || file.name == u"rtfpipe__nested_table_report";
+  return file.flags.contains(u"page") || file.flags.contains(u"sect");
 }
 
 }  // namespace
