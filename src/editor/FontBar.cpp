@@ -87,6 +87,10 @@ void FontBar::connectCombos() {
   onFinished(cmbFontSize_, &FontBar::applyTypedSize);
   connect(cmbFont_, &QComboBox::textActivated, this, &FontBar::applyFont);
   connect(cmbFontSize_, &QComboBox::textActivated, this, [this](const QString& size) { applySize(size.toDouble()); });
+  // What is typed next belongs to the scene.
+  for (QComboBox* const box : {cmbFont_, cmbFontSize_}) {
+    connect(box, &QComboBox::textActivated, &text_, [this] { text_.setFocus(); });
+  }
 }
 
 void FontBar::connectButtons() {

@@ -62,8 +62,9 @@ void frmEditor::createActions() {
   };
   add("mnuSave", u"Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
   add("mnuSaveAndExit", u"Save && Exit"_s, [this] {
-    SaveChanges(false);
-    ExitForm();
+    if (SaveChanges(false)) {
+      ExitForm();
+    }
   });
   file->addSeparator();
   add("mnuExit", u"Close"_s, [this] { closeForm(); });
@@ -192,7 +193,8 @@ void frmEditor::Show() {
 }
 
 void frmEditor::Activate() {
-  showNormal();
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
   raise();
   activateWindow();
 }
@@ -223,7 +225,7 @@ void frmEditor::closeEvent(QCloseEvent* event) {
   if (!leaving_) {
     closeForm();
   }
-  event->accept();
+  event->setAccepted(leaving_);
 }
 
 void registerSceneEditor() {

@@ -65,8 +65,10 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void applyEditorFont();
   void textChanged();
   void ShowSceneWordCount();
-  void SaveChanges(bool spellCheck);
-  void AskIfSave();
+  /// False, and the user has been told, when there is no scene to save to any more.
+  bool SaveChanges(bool spellCheck);
+  /// False when the window is to stay open.
+  bool AskIfSave();
   void ExitForm();
   void saveAndExit();
   void closeForm();

@@ -96,13 +96,14 @@ void frmEditor::ShowSceneWordCount() {
   TimerWC.start(kWordCountMs);
 }
 
-void frmEditor::SaveChanges(bool) {
+bool frmEditor::SaveChanges(bool) {
   const auto saved = scene();
-  if (!saved->InScenes) {
-    // The scene has left the project while its window stood open: a blank one would be written in its place.
-    return;
+  if (!Finished || !saved->InScenes) {
+    // The scene has left while its window stood open, and its ID may be another book's by now.
+    toolkit().MsgBox(
+        u"The project of this scene has been closed, so the scene can't be saved. Please copy its text to keep it."_s);
+    return false;
   }
-  Dirty = false;
   FormToData(*saved);
   saved->Save(false, true);
   LastEditorLeft = Twips::fromPixels(x());
@@ -113,17 +114,25 @@ void frmEditor::SaveChanges(bool) {
   if (Changed) {
     Changed();
   }
-  Dirty = false;
+  // What is in no file yet stays due.
+  Dirty = saved->RTFChanged();
+  StatusBar1->setPanel(EditorStatusBar::autosave,
+                       Dirty ? u"The scene's file could not be written"_s : u"Last Autosave: None"_s);
+  return true;
 }
 
-void frmEditor::AskIfSave() {
+bool frmEditor::AskIfSave() {
   if (!Dirty) {
-    return;
+    return true;
   }
-  if (toolkit().MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNo) == Answer::Yes) {
-    SaveChanges(false);
-  } else {
-    savedChanges_ = false;
+  switch (toolkit().MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNoOrBack)) {
+    case Answer::Yes:
+      return SaveChanges(false);
+    case Answer::No:
+      savedChanges_ = false;
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -143,16 +152,20 @@ void frmEditor::ExitForm() {
 void frmEditor::saveAndExit() {
   DisableOrEnable(false);
   storeWindowSettings();
-  SaveChanges(false);
-  ExitForm();
+  if (SaveChanges(false)) {
+    ExitForm();
+  } else {
+    DisableOrEnable(true);
+  }
 }
 
 void frmEditor::closeForm() {
   if (leaving_) {
     return;
   }
-  AskIfSave();
-  ExitForm();
+  if (AskIfSave()) {
+    ExitForm();
+  }
 }
 
 void frmEditor::setCurrentSearchString(const QString&) {}

@@ -133,6 +133,8 @@ class clsProject {
 
   /// Empties FileWithPath and the collections; scalar fields keep their values.
   void Clear();
+  /// A load or save is under way: nothing may replace or end the project now.
+  bool IsBusy() const { return busy_; }
   /// True on success; a failed load leaves an empty project. The user has been told by then.
   bool Load(const QString& file, bool showProgress);
   /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the

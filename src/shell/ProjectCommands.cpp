@@ -105,7 +105,7 @@ void ProjectCommands::setMenusByProject() {
 
 // Whoever opens a project by hand is not asked about updates in this run.
 void ProjectCommands::mnuLoadProj_Click() {
-  if (main_.refusedWhileEditing()) {
+  if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
   main_.stopUpdateCheck();
@@ -125,7 +125,7 @@ void ProjectCommands::mnuLoadProj_Click() {
 }
 
 void ProjectCommands::mnuRecent_Click(const QString& Path) {
-  if (Path.isEmpty() || main_.refusedWhileEditing()) {
+  if (Path.isEmpty() || g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
   main_.stopUpdateCheck();
@@ -137,6 +137,9 @@ void ProjectCommands::mnuRecent_Click(const QString& Path) {
 }
 
 void ProjectCommands::mnuSaveProj_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
   SaveProject(true);
 }
 
@@ -150,11 +153,14 @@ void ProjectCommands::mnuSaveAs_Click() {
 }
 
 void ProjectCommands::mnuCloseProject_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
   CloseProject();
 }
 
 void ProjectCommands::mnuNewProj_Click() {
-  if (main_.refusedWhileEditing()) {
+  if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
   main_.StopScanTimer();

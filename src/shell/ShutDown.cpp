@@ -3,6 +3,7 @@
 #include "infra/cSharedLogging.h"
 #include "model/Globals.h"
 #include "model/clsProject.h"
+#include "model/clsScene.h"
 #include "shell/ChapterPane.h"
 #include "shell/ListView.h"
 #include "shell/MainPanes.h"
@@ -13,12 +14,14 @@
 
 #include <QApplication>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 // The end of the program. Each step stands for itself: none may keep the next from running.
 
 void frmMain::EndProgram() {
-  if (Closing) {
+  if (Closing || g_Project->IsBusy()) {
     return;
   }
   Closing = true;
@@ -32,6 +35,7 @@ void frmMain::EndProgram() {
   const bool holdsABook = g_Project->SceneCount() > 0 || g_Project->ChapterCount() > 0;
   if (!g_Project->FileWithPath.isEmpty() || holdsABook) {
     guard([&] { SaveProject(true); });
+    guard([&] { insistOnScenes(); });
     StopScanTimer();
   }
   guard([&] { g_Project = std::make_unique<clsProject>(); });
@@ -44,6 +48,24 @@ void frmMain::EndProgram() {
     guard([&] { toolkit().runProgram(InstallerPath, {}, false); });
   }
   endProcess();
+}
+
+/// A scene whose file could not be written is in memory alone: the program doesn't end over it without a word.
+void frmMain::insistOnScenes() {
+  for (;;) {
+    const auto unsaved = std::count_if(g_Project->Scenes.begin(), g_Project->Scenes.end(),
+                                       [](const auto& scene) { return scene->RTFChanged(); });
+    if (unsaved == 0 || g_Project->FileWithPath.isEmpty()) {
+      return;
+    }
+    const QString text =
+        u"The text of %1 scene(s) could not be written to %2. Please make room or free the files and "
+        "then click Retry, else click Cancel to end the program without it."_s;
+    if (toolkit().MsgBox(text.arg(unsaved).arg(g_Project->Path() + u"RTF"_s), Buttons::RetryCancel) != Answer::Retry) {
+      return;
+    }
+    SaveProject(false);
+  }
 }
 
 // A start that failed before the settings were read has nothing to store: it would wipe out what they hold.

@@ -26,6 +26,7 @@
 #include "toolkit/WindowSettings.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -173,7 +174,8 @@ void StartUp::openFromCommandLine(const QString& path) const {
   Logging().LogEvent(u"Loading from "_s + path);
   if (Files().FileExists(path)) {
     splashStatus(u"Loading "_s + Files().FileOnly(path));
-    main_.LoadProject(path, false);
+    // The path is kept for the next start, which may stand in another folder.
+    main_.LoadProject(Paths::native(QFileInfo(path).absoluteFilePath()), false);
   }
 }
 

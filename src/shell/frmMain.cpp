@@ -43,6 +43,7 @@ frmMain::frmMain(QString commandLine)
   createShortcuts();
   connectSignals();
   menus_->apply(menusBeforeStart());
+  setProjectFieldsEnabled(false);
 }
 
 frmMain::~frmMain() = default;
@@ -79,8 +80,11 @@ void frmMain::connectSignals() {
   connect(panes_, &MainPanes::chapterOpened, this, &frmMain::EditSelectedChapter);
   connect(panes_, &MainPanes::sceneEdited, this, &frmMain::followEditing);
   connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, [this] {
-    menus_->apply(chapterEntries(panes_->FrameChapters().ListChapters().topLevelItemCount() > 0));
     UpdateMenusForEditing();
+    const bool hasRows = panes_->FrameChapters().ListChapters().topLevelItemCount() > 0;
+    if (!hasRows || !Editing()) {
+      menus_->apply(chapterEntries(hasRows));
+    }
   });
   connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this,
           [this] { menus_->apply(sceneEntries(panes_->FrameScenes().ListScenes().topLevelItemCount() > 0)); });

@@ -94,6 +94,7 @@ class frmMain : public QMainWindow {
   void createShortcuts();
   void connectSignals();
   void Timer3_Timer();
+  void insistOnScenes();
   void storeSettings();
   void storeLayout();
   void unloadForms();

@@ -34,6 +34,9 @@ BoxKind kindOf(Buttons buttons) {
   switch (buttons) {
     case Buttons::YesNo:
       return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+    case Buttons::YesNoOrBack:
+      return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+              QMessageBox::Cancel};
     case Buttons::RetryCancel:
       return {QMessageBox::Warning, QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Retry, QMessageBox::Cancel};
     case Buttons::Ok:
@@ -150,6 +153,9 @@ Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
   box->setStandardButtons(kind.buttons);
   box->setDefaultButton(kind.onEnter);
   box->setEscapeButton(kind.onEscape);
+  if (buttons == Buttons::YesNoOrBack) {
+    box->button(QMessageBox::Cancel)->hide();
+  }
   box->button(kind.onEnter)->setFocus();
   const int button = box->exec();
   return answerOf(button == 0 ? kind.onEscape : button);

@@ -8,6 +8,7 @@
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -99,9 +100,8 @@ void RichTextBox::changed() {
 
 /// For changes that are none of the user's, or that announce themselves once when they are done.
 void RichTextBox::quietly(const std::function<void()>& work) {
-  ++quiet_;
+  const QScopedValueRollback quiet(quiet_, quiet_ + 1);
   work();
-  --quiet_;
 }
 
 RichText RichTextBox::richText() const {

@@ -14,7 +14,9 @@ class SilentProgress : public ProgressWindow {
 class SilentToolkit : public Toolkit {
  public:
   Answer MsgBox(const QString&, Buttons buttons) override {
-    return buttons == Buttons::Ok ? Answer::Ok : buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+    return buttons == Buttons::Ok                                         ? Answer::Ok
+           : buttons == Buttons::YesNo || buttons == Buttons::YesNoOrBack ? Answer::No
+                                                                          : Answer::Cancel;
   }
   QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
   QString OpenFileDialog(const FileQuestion&) override { return {}; }

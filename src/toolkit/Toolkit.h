@@ -14,7 +14,8 @@ class ProgressWindow {
   virtual void setCaption(const QString& caption) = 0;
 };
 
-enum class Buttons { Ok, YesNo, RetryCancel };
+/// YesNoOrBack shows Yes and No; closing the box without a choice is Cancel, so that neither is taken for it.
+enum class Buttons { Ok, YesNo, YesNoOrBack, RetryCancel };
 enum class Answer { Ok, Yes, No, Retry, Cancel };
 enum class Pointer { Normal, Busy, Background };
 

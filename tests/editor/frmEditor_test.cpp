@@ -14,6 +14,9 @@
 #include "toolkit/MemoEdit.h"
 #include "toolkit/RichTextBox.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QTest>
 
@@ -233,12 +236,41 @@ TEST_F(EditorTest, ANewSceneIsWrittenInAModalWindow) {
   EXPECT_EQ(g_Project->ChapterByID(1)->SceneCount(), 3);
 }
 
+TEST_F(EditorTest, ClosingTheQuestionWithoutAChoiceKeepsTheWindow) {
+  frmEditor* const editor = open();
+  type(*editor, u"!"_s);
+  toolkit.expectBox(kQuestion, Answer::Cancel);
+  editor->close();
+  EXPECT_TRUE(editor->isVisible());
+  EXPECT_TRUE(scene(1)->Locked());
+  toolkit.expectBox(kQuestion, Answer::No);
+  editor->close();
+  EXPECT_FALSE(scene(1)->Locked());
+}
+
+TEST_F(EditorTest, ATextWhoseFileCannotBeWrittenStaysDue) {
+  frmEditor* const editor = open();
+  const QString file = scene(1)->RTFFileWithPath();
+  ASSERT_TRUE(QFile::remove(file));
+  ASSERT_TRUE(QDir().mkpath(file));
+  type(*editor, u"!"_s);
+  QTest::keyClick(editor, Qt::Key_S, Qt::ControlModifier);
+  toolkit.expectBox(kQuestion, Answer::Yes);
+  ASSERT_TRUE(QDir().rmdir(file));
+  editor->close();
+  EXPECT_TRUE(QFileInfo(file).isFile());
+}
+
 TEST_F(EditorTest, AWindowWhoseSceneHasGoneStillCloses) {
   frmEditor* const editor = open();
   type(*editor, u"!"_s);
   newProject();
   const QMap<QString, QByteArray> before = filesBelow(folder.path());
   toolkit.expectBox(kQuestion, Answer::Yes);
+  toolkit.expectBox(u"Please copy its text to keep it."_s);
+  editor->close();
+  EXPECT_TRUE(editor->isVisible()) << "the words are still there to be copied";
+  toolkit.expectBox(kQuestion, Answer::No);
   editor->close();
   EXPECT_FALSE(editor->isVisible());
   deleteUnloaded();

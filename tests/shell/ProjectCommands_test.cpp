@@ -117,6 +117,12 @@ TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) 
       EXPECT_TRUE(qApp->notify(&list("ListChapters"), event)) << event->type();
       EXPECT_FALSE(event->isAccepted()) << event->type();
     }
+    // Real keys, with the shortcuts behind them: a question that comes up fails the test.
+    for (const Qt::Key letter : {Qt::Key_O, Qt::Key_S, Qt::Key_Q}) {
+      QTest::keyClick(&window(), letter, Qt::ControlModifier);
+    }
+    trigger("mnuSaveProj");
+    window().mnuConfirmExit_Click();
     QCloseEvent leave;
     QSpontaneKeyEvent::setSpontaneous(&leave);
     qApp->notify(&window(), &leave);

@@ -12,6 +12,7 @@
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSplitter>
 #include <QTest>
@@ -56,6 +57,18 @@ TEST_F(ShutDownTest, AsksOnceMoreForAFileWhenASaveWasGivenUp) {
   window().close();
   EXPECT_EQ(ended, 1);
   EXPECT_EQ(filesBelow(elsewhere.path()).size(), 6);
+}
+
+TEST_F(ShutDownTest, TellsOfScenesWhoseFilesCannotBeWritten) {
+  startWith(smallProject());
+  const auto scene = g_Project->SceneByIndex(1);
+  const QString file = scene->RTFFileWithPath();
+  scene->setTextRTF(simpleRtf("not lost"));
+  ASSERT_TRUE(QFile::remove(file));
+  ASSERT_TRUE(QDir().mkpath(file));
+  toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::Cancel);
+  window().close();
+  EXPECT_EQ(ended, 1);
 }
 
 TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {

@@ -11,7 +11,9 @@
 #include "shell/MainWindow.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTimer>
@@ -65,11 +67,24 @@ TEST_F(StartUpTest, AMissingLibraryLeavesAnInertWindow) {
     EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
     EXPECT_FALSE(control<QTimer>("TimerScanScenes").isActive());
     EXPECT_FALSE(isEnabled("mnuLoadProj"));
+    EXPECT_FALSE(control<QLineEdit>("txtTitle").isEnabled());
     EXPECT_EQ(Settings().SettingsCount(), 0);
     window().close();
     EXPECT_EQ(settingsText(), before) << "settings that were never read were written";
   }
   EXPECT_EQ(ended, 3);
+}
+
+// The path is stored for starts that stand in another folder.
+TEST_F(StartUpTest, ARelativePathOnTheCommandLineIsStoredInFull) {
+  const QString project = smallProject();
+  writeSettings({u"Keep,me"_s});
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(QFileInfo(project).path()));
+  start(QFileInfo(project).fileName());
+  EXPECT_TRUE(QDir::setCurrent(before));
+  EXPECT_EQ(g_Project->FileWithPath, project);
+  EXPECT_TRUE(settingsText().contains(u"RECENT0,"_s + project));
 }
 
 TEST_F(StartUpTest, OpensTheLastProject) {
