@@ -63,12 +63,28 @@ qsizetype decimalEnd(QByteArrayView text) {
   return end;
 }
 
+/// How many digits stand in front of the point once a number has no leading zeros; below 0, zeros behind the point.
+qint64 magnitudeOf(QByteArrayView mantissa) {
+  const qsizetype point = mantissa.indexOf('.');
+  const qsizetype whole = point < 0 ? mantissa.size() : point;
+  qsizetype first = 0;
+  while (first < mantissa.size() && (mantissa[first] == '0' || mantissa[first] == '.')) {
+    ++first;
+  }
+  return whole - (first > whole ? first - 1 : first);
+}
+
 /// What a number beyond the range of a double stands for: nothing when it is too small, else infinity.
 double beyondRange(QByteArrayView text) {
+  constexpr qint64 kEnough = 1'000'000'000;
   const bool negative = text.startsWith('-');
   const QByteArray digits = QByteArray(text.data(), text.size()).mid(negative ? 1 : 0).toLower();
-  const bool tooSmall = digits.contains("e-") || digits.startsWith('0') || digits.startsWith('.');
-  const double size = tooSmall ? 0 : std::numeric_limits<double>::infinity();
+  const qsizetype mark = digits.indexOf('e');
+  const bool isSmall = mark >= 0 && digits.mid(mark + 1).startsWith('-');
+  const double exponent = mark < 0 ? 0 : digits.mid(mark + 1).toDouble();
+  const auto power = static_cast<qint64>(std::min<double>(std::abs(exponent), kEnough));
+  const qint64 magnitude = magnitudeOf(digits.left(mark < 0 ? digits.size() : mark)) + (isSmall ? -power : power);
+  const double size = magnitude <= 0 ? 0 : std::numeric_limits<double>::infinity();
   return negative ? -size : size;
 }
 

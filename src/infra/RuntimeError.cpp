@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <new>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -71,6 +72,14 @@ QString RuntimeError::descriptionOf(int number) {
     }
   }
   return u"Application-defined or object-defined error"_s;
+}
+
+RuntimeError RuntimeError::of(const std::exception& failure) {
+  if (const auto* own = dynamic_cast<const RuntimeError*>(&failure)) {
+    return *own;
+  }
+  const bool lacksMemory = dynamic_cast<const std::bad_alloc*>(&failure) != nullptr;
+  return lacksMemory ? RuntimeError(OutOfMemory) : RuntimeError(Internal, QString::fromUtf8(failure.what()));
 }
 
 RuntimeError RuntimeError::fromErrno(int code, const QString& path) {

@@ -38,6 +38,8 @@ class RuntimeError : public std::exception {
 
   /// The usual description of a number; "Application-defined or object-defined error" for an unknown one.
   static QString descriptionOf(int number);
+  /// Any failure as an error of ours: itself, 7 for want of memory, else 51 with what it says.
+  static RuntimeError of(const std::exception& failure);
   /// The error that stands for a failed system call's errno, with the path in its description.
   static RuntimeError fromErrno(int code, const QString& path);
 

@@ -17,9 +17,9 @@
 #include <QStorageInfo>
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 #include <limits>
-#include <new>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -45,6 +45,9 @@ int asInteger(bool truth) {
   return truth ? -1 : 0;
 }
 
+constexpr int kSingleDigits = 7;
+constexpr int kDoubleDigits = 15;
+
 /// Empty, text, int or double: what the table holds.
 QVariant stored(const QVariant& value) {
   switch (value.typeId()) {
@@ -55,7 +58,8 @@ QVariant stored(const QVariant& value) {
       return value;
     case QMetaType::Bool:
       return asInteger(value.toBool());
-    case QMetaType::Float:
+    case QMetaType::Float:  // as it prints, without the digits that only the wider type has
+      return QByteArray::number(value.toDouble(), 'g', kSingleDigits).toDouble();
     case QMetaType::UInt:
     case QMetaType::LongLong:
     case QMetaType::ULongLong:
@@ -71,11 +75,10 @@ QVariant stored(const QVariant& value) {
 
 /// A number as a printed line shows it: a blank where the plus sign would stand, the digits, a blank behind.
 QByteArray printForm(const QVariant& value) {
-  constexpr int kSignificantDigits = 15;
   if (value.typeId() == QMetaType::Int || value.typeId() == QMetaType::Double) {
     const QByteArray digits = value.typeId() == QMetaType::Int
                                   ? QByteArray::number(value.toInt())
-                                  : QByteArray::number(value.toDouble(), 'g', kSignificantDigits);
+                                  : QByteArray::number(value.toDouble(), 'g', kDoubleDigits).toUpper();
     return (digits.startsWith('-') ? "" : " ") + digits + ' ';
   }
   return CodePage::toMarkedBytes(value.toString());
@@ -87,8 +90,8 @@ QByteArray lineEndOf(const QByteArray& content) {
 }
 
 QString volumeNamed(const QString& path) {
-  const QString drive = Files().DriveOnly(path);
-  return drive.isEmpty() ? QStorageInfo(Files().PathOnly(path)).rootPath() : drive;
+  const bool hasDrive = path.size() > 1 && path[1] == u':';
+  return hasDrive ? Files().DriveOnly(path) : QStorageInfo(Files().PathOnly(path)).rootPath();
 }
 
 bool askAfterDiskFull(const QString& path) {
@@ -141,14 +144,20 @@ QString cSHAREDSettings::SettingNameByIndex(int index) const {
     if (index < 1 || index > SettingsCount()) {
       throw RuntimeError(RuntimeError::OutOfBounds);
     }
-    name = std::next(entries_.begin(), index - 1)->KeyName;
+    name = entries_[static_cast<size_t>(index) - 1].setting.KeyName;
   });
   return name;
 }
 
+size_t cSHAREDSettings::placeOf(qint64 number) const {
+  const auto found = std::lower_bound(entries_.begin(), entries_.end(), number,
+                                      [](const Entry& entry, qint64 wanted) { return entry.number < wanted; });
+  return static_cast<size_t>(found - entries_.begin());
+}
+
 const cSHAREDSetting* cSHAREDSettings::find(const QString& key) const {
   const auto found = index_.constFind(withoutCommas(key).toUpper());
-  return found == index_.constEnd() ? nullptr : &**found;
+  return found == index_.constEnd() ? nullptr : &entries_[placeOf(*found)].setting;
 }
 
 bool cSHAREDSettings::IsSettingPresent(const QString& key) const {
@@ -161,10 +170,11 @@ void cSHAREDSettings::AddSetting(const QString& key, const QVariant& value) {
     const QString indexKey = name.toUpper();
     const auto found = index_.constFind(indexKey);
     if (found != index_.constEnd()) {
-      (*found)->KeyValue = stored(value);
+      entries_[placeOf(*found)].setting.KeyValue = stored(value);
       return;
     }
-    index_.insert(indexKey, entries_.insert(entries_.end(), {name, stored(value)}));
+    entries_.push_back({nextNumber_, {name, stored(value)}});
+    index_.insert(indexKey, nextNumber_++);
   });
 }
 
@@ -201,7 +211,7 @@ void cSHAREDSettings::DeleteSettingByName(const QString& key) {
   if (found == index_.end()) {
     return;
   }
-  entries_.erase(*found);
+  entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(placeOf(*found)));
   index_.erase(found);
 }
 
@@ -210,14 +220,15 @@ void cSHAREDSettings::DeleteSetting(int index) {
     if (index < 1 || index > SettingsCount()) {
       throw RuntimeError(RuntimeError::OutOfBounds);
     }
-    DeleteSettingByName(QString(std::next(entries_.begin(), index - 1)->KeyName));
+    DeleteSettingByName(QString(entries_[static_cast<size_t>(index) - 1].setting.KeyName));
   });
 }
 
 QByteArray cSHAREDSettings::fileContent() const {
   QByteArray content;
-  for (const cSHAREDSetting& setting : entries_) {
-    content += CodePage::toMarkedBytes(setting.KeyName.toUpper()) + ',' + printForm(setting.KeyValue) + "\r\n";
+  for (const Entry& entry : entries_) {
+    content +=
+        CodePage::toMarkedBytes(entry.setting.KeyName.toUpper()) + ',' + printForm(entry.setting.KeyValue) + "\r\n";
   }
   return content;
 }
@@ -249,8 +260,8 @@ bool cSHAREDSettings::SaveSettings(const QString& path) {
     try {
       Files().ReplaceFile(path, fileContent());
       return true;
-    } catch (const RuntimeError& error) {
-      if (!recovery.tryAgain(error)) {
+    } catch (const std::exception& failure) {
+      if (!recovery.tryAgain(RuntimeError::of(failure))) {
         return false;
       }
     }
@@ -274,12 +285,9 @@ void cSHAREDSettings::LoadSettings(const QString& path) {
   unread_.clear();
   try {
     content = readWholeFile(Paths::native(path)).value_or(QByteArray());
-  } catch (const RuntimeError& error) {
+  } catch (const std::exception& failure) {
     unread_ = path;
-    showLineError(error, {}, path);
-  } catch (const std::bad_alloc&) {
-    unread_ = path;
-    showLineError(RuntimeError(RuntimeError::OutOfMemory), {}, path);
+    showLineError(RuntimeError::of(failure), {}, path);
   }
   const QByteArray lineEnd = lineEndOf(content);
   for (qsizetype from = 0; from < content.size();) {
@@ -287,8 +295,8 @@ void cSHAREDSettings::LoadSettings(const QString& path) {
     const QByteArray line = content.sliced(from, (end < 0 ? content.size() : end) - from);
     try {
       loadLine(line);
-    } catch (const RuntimeError& error) {
-      showLineError(error, line, path);
+    } catch (const std::exception& failure) {
+      showLineError(RuntimeError::of(failure), line, path);
     }
     from += line.size() + lineEnd.size();
   }

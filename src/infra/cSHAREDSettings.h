@@ -4,7 +4,7 @@
 #include <QString>
 #include <QVariant>
 
-#include <list>
+#include <deque>
 #include <vector>
 
 /// One entry: the key as it was first stored, without commas, and text or a number; never a boolean.
@@ -89,9 +89,15 @@ class cSHAREDSettings {
   void ReadColumnSettings(const QString& name, SettingsColumns& list) const;
 
  private:
-  using Entries = std::list<cSHAREDSetting>;
+  /// An entry and the number by which it is found: numbers rise, and holes stay where entries went.
+  struct Entry {
+    qint64 number;
+    cSHAREDSetting setting;
+  };
 
   void AddSetting(const QString& key, const QVariant& value);
+  /// The place of an entry that is there.
+  size_t placeOf(qint64 number) const;
   const cSHAREDSetting* find(const QString& key) const;
   QByteArray fileContent() const;
   bool keepUnread(const QString& path);
@@ -100,9 +106,10 @@ class cSHAREDSettings {
 
   /// The file that the last load found and could not read.
   QString unread_;
-  Entries entries_;
-  /// By the upper-cased key, which is what stands in the file.
-  QHash<QString, Entries::iterator> index_;
+  std::deque<Entry> entries_;
+  qint64 nextNumber_ = 0;
+  /// The numbers by the upper-cased key, which is what stands in the file.
+  QHash<QString, qint64> index_;
 };
 
 /// The application's one table.

@@ -50,6 +50,12 @@ QString withSeparatorOf(const QString& date, QString format) {
   return format;
 }
 
+void takeWord(QString& word, const QString& ofSystem) {
+  if (!ofSystem.isEmpty()) {
+    word = ofSystem.toUpper();
+  }
+}
+
 }  // namespace
 
 void cSharedDateSubs::useLocale(DateLocaleSource source) {
@@ -70,8 +76,8 @@ void cSharedDateSubs::detect() const {
   const Guard guard("Initialise", kModule);
   guard([&] { known_.locale = source_(); });
   known_.commaThousandSeparator = known_.locale.pointGroupsThousands;
-  known_.trueStr = known_.locale.trueWord.toUpper();
-  known_.falseStr = known_.locale.falseWord.toUpper();
+  takeWord(known_.trueStr, known_.locale.trueWord);
+  takeWord(known_.falseStr, known_.locale.falseWord);
   detectMonthNames(known_);
   detectFormat(known_);
   logFound(known_);

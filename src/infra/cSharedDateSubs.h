@@ -26,7 +26,7 @@ class cSharedDateSubs {
   int SysDateYearField() const { return known().yearField; }
   int SysDateMonthField() const { return known().monthField; }
   int SysDateDayField() const { return known().dayField; }
-  /// Upper-cased.
+  /// Upper-cased; the English words where the machine has none of its own.
   QString TrueStr() const { return known().trueStr; }
   QString FalseStr() const { return known().falseStr; }
   /// "DD/MM/YYYY" and its kin; empty for a locale that puts the year first and the day before the month.
@@ -56,8 +56,8 @@ class cSharedDateSubs {
     int yearField = 3;
     int monthField = 2;
     int dayField = 1;
-    QString trueStr;
-    QString falseStr;
+    QString trueStr = QStringLiteral("TRUE");
+    QString falseStr = QStringLiteral("FALSE");
     QString format;
     QString fullFormat;
     QString separator;

@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,13 +27,18 @@ QString decorated(const QString& message, const QString& routine, const QString&
          (module.isEmpty() ? QString() : u" of module "_s + module);
 }
 
+/// An event is one line.
+QString onOneLine(QString text) {
+  return text.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
 /// Closes the channel on every way out.
 class OpenLog {
  public:
   explicit OpenLog(int number) : number_(number) {}
   ~OpenLog() {
     try {
-      Channels().Close(number_);
+      close();
     } catch (const RuntimeError&) {
       // A log that can't be written costs nothing but the lines.
     }
@@ -39,9 +46,17 @@ class OpenLog {
   OpenLog(const OpenLog&) = delete;
   OpenLog& operator=(const OpenLog&) = delete;
 
+  /// Throws when what was written has not reached the file.
+  void close() {
+    if (number_ > 0) {
+      Channels().Close(std::exchange(number_, 0));
+    }
+  }
+
   void writeLine(const QString& text, const QDateTime& time) const {
-    Channels().PrintLine(number_, QByteArray::number(number_) + ' ' +
-                                      CodePage::toMarkedBytes(time.toString(u"HH:mm:ss"_s) + u", "_s + text));
+    Channels().PrintLine(number_,
+                         QByteArray::number(number_) + ' ' +
+                             CodePage::toMarkedBytes(time.toString(u"HH:mm:ss"_s) + u", "_s + onOneLine(text)));
   }
 
   void writeHeader() const {
@@ -157,13 +172,14 @@ void cSharedLogging::WriteActionsToLog() {
     if (number < 0) {
       return;
     }
-    const OpenLog log(number);
-    while (!queue_.isEmpty()) {
-      log.writeLine(queue_.constFirst().text, queue_.constFirst().time);
-      queue_.removeFirst();
+    OpenLog log(number);
+    for (const Action& action : queue_) {
+      log.writeLine(action.text, action.time);
     }
+    log.close();
+    queue_.clear();
   } catch (const std::exception&) {
-    // What is left waits for the next attempt.
+    // The lines wait for the next attempt.
   }
 }
 

@@ -8,6 +8,8 @@
 #include "toolkit/Toolkit.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -16,6 +18,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QStyle>
+#include <QTemporaryDir>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -25,6 +28,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTextWidthInLetters = 80;
+const QString kReportName = u"FullLog.txt"_s;
 
 QPlainTextEdit* makeText(const QString& name, const QString& accessibleName, int lines, QWidget* parent) {
   auto* text = new QPlainTextEdit(parent);
@@ -66,6 +70,14 @@ QGroupBox* makeHiddenFrame(const QString& name, const QString& title, QPlainText
 bool& oneIsOpen() {
   static bool open = false;
   return open;
+}
+
+/// In a folder of our own. All may write to the folder of temporaries: another's file may stand in the way there, and
+/// another's link lead to a file of the writer's.
+QString privatePath() {
+  QTemporaryDir folder;
+  folder.setAutoRemove(false);
+  return QDir::toNativeSeparators(folder.filePath(kReportName));
 }
 
 }  // namespace
@@ -183,8 +195,13 @@ void fSHAREDErrorRpt::submit() {
 }
 
 void fSHAREDErrorRpt::viewReport() {
-  const QString path = Paths::temporaryFolder() + u"FullLog.txt"_s;
-  const bool written = Files().WriteTextFile(path, CodePage::toMarkedBytes(withComment().plainText()));
+  const QByteArray text = CodePage::toMarkedBytes(withComment().plainText());
+  QString path = Paths::temporaryFolder() + kReportName;
+  bool written = !QFileInfo(path).isSymLink() && Files().WriteTextFile(path, text);
+  if (!written) {
+    path = privatePath();
+    written = Files().WriteTextFile(path, text);
+  }
   if (!written || !Files().RunFile(path)) {
     Logging().AddDebug(u"The report could not be shown"_s, u"cmdViewReport_Click"_s, u"fSHAREDErrorRpt"_s);
     lblNotice_->setText(written ? u"The report was written to %1."_s.arg(path) : u"The report could not be written."_s);

@@ -5,6 +5,7 @@
 #include "toolkit/Colours.h"
 #include "toolkit/RichTextDocument.h"
 
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
@@ -263,7 +264,7 @@ void RichTextBox::setSelFontName(const QString& name) {
 
 double RichTextBox::SelFontSize() const {
   const double points = selectedFormat().fontPointSize();
-  return points > 0 ? points : font().pointSizeF();
+  return points > 0 ? points : QFontInfo(font()).pointSizeF();  // whose own size may stand in pixels
 }
 
 void RichTextBox::setSelFontSize(double points) {

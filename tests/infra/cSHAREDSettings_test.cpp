@@ -68,10 +68,13 @@ TEST(cSHAREDSettings, TheFileHasOneLineAnEntryInPrintForm) {
   settings.sSet(u"Flag"_s, true);
   settings.sSet(u"Nothing"_s, {});
   settings.sSet(u"Size"_s, 12.25F);
+  settings.sSet(u"Single"_s, 1200.1F);
   settings.sSet(u"Below"_s, -0.5);
+  settings.sSet(u"Huge"_s, 1.5e20);
   settings.sSet(u"fr\u00E9d\u0416"_s, u"\u0416 %u0041"_s);
   EXPECT_EQ(saved(settings),
-            "FRMMAINWINDOWWIDTH, 5 \r\nPATH,C:\\a,b \r\nFLAG,-1 \r\nNOTHING,\r\nSIZE, 12.25 \r\nBELOW,-0.5 \r\n"
+            "FRMMAINWINDOWWIDTH, 5 \r\nPATH,C:\\a,b \r\nFLAG,-1 \r\nNOTHING,\r\nSIZE, 12.25 \r\nSINGLE, 1200.1 \r\n"
+            "BELOW,-0.5 \r\nHUGE, 1.5E+20 \r\n"
             "FR\xC9"
             "D%u0416,%u0416 %u0025u0041\r\n");
 }
@@ -186,6 +189,25 @@ TEST(cSHAREDSettings, SetsGrowAndClose) {
   EXPECT_EQ(settings.SettingsCount(), 0);
 }
 
+TEST(cSHAREDSettings, ManyEntriesAreWalkedAndDeletedByPosition) {
+  cSHAREDSettings settings;
+  constexpr int kMany = 50000;
+  for (int i = 0; i < kMany; ++i) {
+    settings.sSet(u"k"_s + QString::number(i), i);
+  }
+  settings.DeleteSettingByName(u"k1"_s);
+  settings.sSet(u"k1"_s, 1);
+  EXPECT_EQ(settings.SettingNameByIndex(2), u"k2"_s);
+  EXPECT_EQ(settings.SettingNameByIndex(kMany), u"k1"_s) << "put in anew it stands last";
+  for (int left = kMany; left > 0; --left) {
+    const QString name = settings.SettingNameByIndex(left % 2 == 0 ? 1 : left);
+    ASSERT_TRUE(settings.IsSettingPresent(name));
+    settings.DeleteSetting(left % 2 == 0 ? 1 : left);
+    ASSERT_FALSE(settings.IsSettingPresent(name));
+  }
+  EXPECT_EQ(settings.SettingsCount(), 0);
+}
+
 TEST(cSHAREDSettings, AnAbsurdSetIndexCostsNoTime) {
   cSHAREDSettings settings = loaded("N_INDEX,2147483647\r\nN_1,a\r\nN_5,b\r\nN_05,odd\r\nM_INDEX,-7\r\n");
   EXPECT_EQ(settings.SetCount(u"n"_s), 2);
@@ -232,6 +254,11 @@ TEST(cSHAREDSettings, AFullDiskKeepsTheOldFileUntilTheRetry) {
   QByteArray content;
   Files().LoadTextFile(path, content);
   EXPECT_EQ(content, "A,old\r\n");
+  const QString former = QDir::currentPath();
+  QDir::setCurrent(folder.path());
+  person.expectBox(u"You've run out of disk space on drive /"_s, Answer::Cancel);
+  EXPECT_FALSE(settings.SaveSettings(u"s.ini"_s)) << "a name without a folder has a volume too";
+  QDir::setCurrent(former);
   person.expectBox(u"You've run out of disk space on drive "_s, Answer::Retry);
   EXPECT_TRUE(settings.SaveSettings(path));
   Files().LoadTextFile(path, content);

@@ -116,6 +116,7 @@ TEST(cSharedDateSubs, DetectionIsLoggedOnceAndSurvivesAFailingSource) {
   const cSharedDateSubs dates(printing(u"25.12.2001"_s));
   EXPECT_EQ(dates.TrueStr(), u"WAHR"_s);
   EXPECT_EQ(Logging().CurrentAction(), u"DBG: True string: WAHR False string: FALSCH"_s);
+  EXPECT_EQ(cSharedDateSubs([] { return DateLocale(); }).FalseStr(), u"FALSE"_s) << "no word is no wish for none";
   Logging().WriteActionsToLog();
   EXPECT_EQ(dates.FalseStr(), u"FALSCH"_s);
   EXPECT_EQ(Logging().CurrentAction(), QString());

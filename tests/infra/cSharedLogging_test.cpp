@@ -150,6 +150,30 @@ TEST_F(cSharedLoggingTest, ALogThatCannotBeErasedIsAppendedTo) {
   EXPECT_EQ(lines(), QStringList({u"1 00:00:00, old"_s, u"1 14:03:22, Starting Application"_s}));
 }
 
+TEST_F(cSharedLoggingTest, AnEventIsOneLine) {
+  cSharedLogging log;
+  log.OverrideLogFilename(path);
+  log.LogEvent(u"first\r\nsecond\nthird\rend"_s);
+  EXPECT_EQ(lines(), QStringList(u"1 14:03:22, first second third end"_s));
+}
+
+TEST_F(cSharedLoggingTest, LinesWaitUntilTheyHaveReachedTheFile) {
+  if (!FailingDisk::available()) {
+    GTEST_SKIP();
+  }
+  cSharedLogging log;
+  log.OverrideLogFilename(path);
+  log.AddAction(u"one"_s);
+  log.AddAction(u"two"_s);
+  {
+    const FailingDisk full;
+    log.WriteActionsToLog();
+  }
+  EXPECT_EQ(log.CurrentAction(), u"two"_s);
+  log.WriteActionsToLog();
+  EXPECT_EQ(lines(), QStringList({u"1 14:03:22, one"_s, u"1 14:03:22, two"_s}));
+}
+
 TEST_F(cSharedLoggingTest, ALogThatCannotBeWrittenCostsOnlyTheLines) {
   QDir(folder.path()).mkdir(u"my.log"_s);
   cSharedLogging log;

@@ -7,6 +7,7 @@
 #include "support/ScriptedToolkit.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -96,6 +97,25 @@ TEST_F(fSHAREDErrorRptTest, TheReportIsWrittenAndOpened) {
   EXPECT_TRUE(report.contains("\r\n\r\nError 61 - Disk full\r\n\r\n1 "));
   EXPECT_TRUE(report.endsWith("100% %u0416\r\n"));
   Files().EraseFile(path);
+}
+
+TEST_F(fSHAREDErrorRptTest, TheReportFollowsNoLink) {
+  const QString usual = Paths::temporaryFolder() + u"FullLog.txt"_s;
+  const QString kept = Paths::temporaryFolder() + u"kept.txt"_s;
+  ASSERT_TRUE(Files().WriteTextFile(kept, QByteArray("precious")));
+  ASSERT_TRUE(QFile::link(kept, usual));
+  ScriptedToolkit person;
+  click(u"cmdViewReport"_s);
+  QByteArray content;
+  Files().LoadTextFile(kept, content);
+  EXPECT_EQ(content, "precious");
+  ASSERT_EQ(person.openedDocuments.size(), 1);
+  ASSERT_TRUE(Files().LoadTextFile(person.openedDocuments[0], content));
+  EXPECT_TRUE(content.contains("Disk full"));
+  for (const QString& path : {usual, kept, person.openedDocuments[0]}) {
+    Files().EraseFile(path);
+  }
+  Files().EraseFolder(Files().PathOnly(person.openedDocuments[0]));
 }
 
 TEST_F(fSHAREDErrorRptTest, WhatCannotBeOpenedIsToldInTheWindow) {

@@ -142,6 +142,15 @@ TEST(RichTextBox, FormatsTheSelectionAndNoMore) {
   }
 }
 
+TEST(RichTextBox, AFontInPixelsHasASizeInPoints) {
+  RichTextBox box;
+  QFont font(u"Arial"_s);
+  font.setPixelSize(20);
+  box.setFont(font);
+  EXPECT_DOUBLE_EQ(box.SelFontSize(), QFontInfo(font).pointSizeF());
+  EXPECT_GT(box.SelFontSize(), 0);
+}
+
 TEST(RichTextBox, TypedTextTakesTheFormatSetAtTheCaret) {
   RichTextBox box;
   box.setSelFontName(u"Courier New"_s);
