@@ -145,13 +145,13 @@ void clsHashTable::AddAmtToCount(qint32 id, qint32 amount) {
   record.Count = wrappingSum(record.Count, amount);
 }
 
-void clsHashTable::AddToValue(const QString& text) {
+void clsHashTable::AddToValue(QStringView text) {
   ensureInitialised();
   const QByteArray key = CodePage::toBytes(text);
   qint32 found = findInBucket(bucketOf(key), Key::Text, [&](const HashRecord& record) { return record.Text == text; });
   if (found == kMiss) {
     HashRecord record;
-    record.Text = text;
+    record.Text = text.toString();
     found = insert(std::move(record), Key::Text, key);
   }
   at(found).Value = wrappingSum(at(found).Value, 1);

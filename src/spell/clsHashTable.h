@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringView>
 
 #include <array>
 #include <vector>
@@ -30,7 +31,7 @@ class clsHashTable {
  public:
   void AddToCount(qint32 id) { AddAmtToCount(id, 1); }
   void AddAmtToCount(qint32 id, qint32 amount);
-  void AddToValue(const QString& text);
+  void AddToValue(QStringView text);
   void SetText(qint32 id, const QString& text);
   /// Removes the record; an unknown ID is ignored.
   void ResetCount(qint32 id);
