@@ -65,7 +65,34 @@ std::size_t cHtmlToChar(char16_t* text, std::size_t length) {
   return static_cast<std::size_t>(Units::move(out, kept, end) - text);
 }
 
+// Four units that hold no two blanks side by side are moved at once. Units::zeros may name too many, never too few.
 std::size_t cRemoveExtraSpaces(char16_t* text, std::size_t length) {
-  return static_cast<std::size_t>(
-      std::unique(text, text + length, [](char16_t a, char16_t b) { return a == u' ' && b == u' '; }) - text);
+  const char16_t* at = text;
+  const char16_t* const end = text + length;
+  char16_t* out = text;
+  bool blankBefore = false;
+  const auto takeOne = [&] {
+    const bool blank = *at == u' ';
+    *out = *at++;
+    out += blank && blankBefore ? 0 : 1;
+    blankBefore = blank;
+  };
+  while (end - at >= 4) {
+    const std::uint64_t four = Units::load(at);
+    const std::uint64_t blanks = Units::zeros(four ^ Units::all(u' '));
+    if ((blanks & (blanks << 16 | (blankBefore ? Units::kFirstHigh : 0))) == 0) {
+      Units::store(out, four);
+      blankBefore = at[3] == u' ';
+      at += 4;
+      out += 4;
+      continue;
+    }
+    for (int i = 0; i < 4; ++i) {
+      takeOne();
+    }
+  }
+  while (at < end) {
+    takeOne();
+  }
+  return static_cast<std::size_t>(out - text);
 }

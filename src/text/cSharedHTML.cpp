@@ -1,6 +1,7 @@
 // The class over the helper libraries: what calls them, and what happens when one is missing.
 #include "text/cSharedHTML.h"
 
+#include "helpers/Units.h"
 #include "infra/CodePage.h"
 #include "infra/Guard.h"
 #include "infra/RuntimeError.h"
@@ -60,13 +61,13 @@ QString folded(const QString& text) {
 
 /// Each doubled unit becomes CR LF.
 void breakDoubled(QString& text, char16_t unit) {
-  for (qsizetype at = text.indexOf(QChar(unit)); at >= 0 && at + 1 < text.size(); at = text.indexOf(QChar(unit), at)) {
-    if (text.at(at + 1) == QChar(unit)) {
-      text[at] = u'\r';
-      text[at + 1] = u'\n';
-      ++at;
-    }
-    ++at;
+  char16_t* const begin = unitsOf(text);
+  const char16_t* const end = begin + text.size();
+  for (const char16_t* found = Units::findDoubled(begin, end, unit); found < end;
+       found = Units::findDoubled(found, end, unit)) {
+    begin[found - begin] = u'\r';
+    begin[found - begin + 1] = u'\n';
+    found += 2;
   }
 }
 

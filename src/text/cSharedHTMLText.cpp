@@ -1,5 +1,6 @@
 // The members of cSharedHTML that need no helper library: entities, tags, and what replaces strings.
 #include "helpers/HtmlReferences.h"
+#include "helpers/Units.h"
 #include "infra/CodePage.h"
 #include "infra/Numbers.h"
 #include "infra/RuntimeError.h"
@@ -49,8 +50,10 @@ HtmlReference constantAt(const char16_t* at, size_t length) {
   if (length > 1 && text[1] == u'#') {
     return HtmlReferences::numeric(at, length);
   }
-  const bool known = std::any_of(kConstantNames.begin(), kConstantNames.end(),
-                                 [&](std::u16string_view name) { return text.substr(0, name.size()) == name; });
+  const bool possible = length > 1 && (text[1] == u'h' || text[1] == u'b' || text[1] == u'p' || text[1] == u'P');
+  const bool known =
+      possible && std::any_of(kConstantNames.begin(), kConstantNames.end(),
+                              [&](std::u16string_view name) { return text.substr(0, name.size()) == name; });
   return known ? HtmlReferences::named(at, length) : HtmlReference{};
 }
 
@@ -95,25 +98,22 @@ QString cSharedHTML::CharToHtml(const QString& text) const {
 
 // In place: nothing is longer than the reference that names it.
 void cSharedHTML::constantsToChars(QString& text) const {
-  qsizetype next = text.indexOf(u'&');
-  if (next < 0) {
+  if (!text.contains(u'&')) {
     return;
   }
   auto* const begin = reinterpret_cast<char16_t*>(text.data());
   const char16_t* const end = begin + text.size();
   char16_t* out = begin;
   const char16_t* kept = begin;
-  while (next >= 0) {
-    const char16_t* at = begin + next;
+  for (const char16_t* at = Units::find(begin, end, u'&'); at < end; at = Units::find(at, end, u'&')) {
     const HtmlReference found = constantAt(at, static_cast<size_t>(end - at));
     if (found.length > 0) {
-      out = writeConstant(std::copy(kept, at, out), found.character);
+      out = writeConstant(Units::move(out, kept, at), found.character);
       kept = at + found.length;
     }
     at += std::max<size_t>(found.length, 1);
-    next = text.indexOf(u'&', at - begin);
   }
-  text.truncate(std::copy(kept, end, out) - begin);
+  text.truncate(Units::move(out, kept, end) - begin);
 }
 
 QString cSharedHTML::HTMLConstToChar(const QString& text) const {
