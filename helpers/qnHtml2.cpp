@@ -1,92 +1,164 @@
-#include "Export.h"
+#include "qnHtml2.h"
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
+#include "HtmlReferences.h"
+
+#include <cstring>
 
 namespace {
 
 constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr std::uint8_t kNoDigit = 0xFF;
 
-constexpr std::array<std::uint8_t, 256> digits() {
-  std::array<std::uint8_t, 256> table{};
-  for (auto& entry : table) {
-    entry = kNoDigit;
+/// The two letters of every twelve bits.
+constexpr std::array<std::array<char, 2>, 4096> letterPairs() {
+  std::array<std::array<char, 2>, 4096> pairs{};
+  for (std::size_t bits = 0; bits < pairs.size(); ++bits) {
+    pairs[bits] = {kAlphabet[bits >> 6], kAlphabet[bits & 63]};
   }
-  for (std::uint8_t i = 0; i < 64; ++i) {
+  return pairs;
+}
+
+constexpr auto kPairs = letterPairs();
+constexpr std::uint32_t kNoDigit = 0x80000000U;
+
+constexpr std::array<std::uint32_t, 256> digits() {
+  std::array<std::uint32_t, 256> table{};
+  table.fill(kNoDigit);
+  for (std::uint32_t i = 0; i < 64; ++i) {
     table[static_cast<unsigned char>(kAlphabet[i])] = i;
   }
   return table;
 }
 
-constexpr std::array<std::uint8_t, 256> kDigits = digits();
+constexpr auto kDigits = digits();
 
-char letter(std::uint32_t bits, int shift) {
-  return kAlphabet[(bits >> shift) & 63U];
+std::uint32_t digitOf(unsigned char byte) {
+  return kDigits[byte];
 }
 
-}  // namespace
+char* putPair(char* to, std::uint32_t twelveBits) {
+  std::memcpy(to, kPairs[twelveBits].data(), 2);
+  return to + 2;
+}
 
-/// Base64 of `length` bytes into `out`, which holds 4 * ((length + 2) / 3) bytes; one line, padded.
-/// Returns the number of bytes written.
-QUILLANE_EXPORT std::size_t cEncode64String(const char* text, std::size_t length, char* out) {
-  const auto* in = reinterpret_cast<const unsigned char*>(text);
+std::size_t encode(const unsigned char* in, std::size_t length, char* out) {
   char* to = out;
   for (; length >= 3; length -= 3, in += 3) {
-    const std::uint32_t bits = static_cast<std::uint32_t>(in[0] << 16 | in[1] << 8 | in[2]);
-    *to++ = letter(bits, 18);
-    *to++ = letter(bits, 12);
-    *to++ = letter(bits, 6);
-    *to++ = letter(bits, 0);
+    const std::uint32_t bits = std::uint32_t{in[0]} << 16 | std::uint32_t{in[1]} << 8 | in[2];
+    to = putPair(putPair(to, bits >> 12), bits & 0xFFF);
   }
   if (length > 0) {
-    const std::uint32_t bits = static_cast<std::uint32_t>(in[0] << 16 | (length > 1 ? in[1] << 8 : 0));
-    *to++ = letter(bits, 18);
-    *to++ = letter(bits, 12);
-    *to++ = length > 1 ? letter(bits, 6) : '=';
-    *to++ = '=';
+    const std::uint32_t bits = std::uint32_t{in[0]} << 16 | (length > 1 ? std::uint32_t{in[1]} << 8 : 0U);
+    to = putPair(putPair(to, bits >> 12), bits & 0xFFF);
+    to[-1] = '=';
+    to[-2] = length > 1 ? to[-2] : '=';
   }
   return static_cast<std::size_t>(to - out);
 }
 
-/// The bytes of a Base64 text into `out`, which holds 3 * (length / 4 + 1) bytes. White space is passed over and
-/// missing padding is borne. Returns the number of bytes written, or -1 for text that is no Base64.
-QUILLANE_EXPORT std::ptrdiff_t cDecode64String(const char* text, std::size_t length, char* out) {
-  char* to = out;
-  std::uint32_t bits = 0;
-  int count = 0;
-  std::size_t at = 0;
-  for (; at < length && text[at] != '='; ++at) {
-    const auto byte = static_cast<unsigned char>(text[at]);
-    if (byte == ' ' || (byte >= 9 && byte <= 13)) {
-      continue;
+bool isSpace(unsigned char byte) {
+  return byte == ' ' || (byte >= 9 && byte <= 13);
+}
+
+/// Four digits at a time give three bytes; everything else goes digit by digit.
+class Decoder {
+ public:
+  Decoder(const unsigned char* text, std::size_t length, unsigned char* out)
+      : at_(text), end_(text + length), out_(out), to_(out) {}
+
+  std::ptrdiff_t run() {
+    while (at_ < end_ && *at_ != '=') {
+      takeQuads();
+      if (at_ < end_ && *at_ != '=' && !takeOne()) {
+        return -1;
+      }
     }
-    if (kDigits[byte] == kNoDigit) {
-      return -1;
-    }
-    bits = bits << 6 | kDigits[byte];
-    if (++count % 4 == 0) {
-      *to++ = static_cast<char>(bits >> 16);
-      *to++ = static_cast<char>(bits >> 8);
-      *to++ = static_cast<char>(bits);
+    return onlyPaddingLeft() && finish() ? to_ - out_ : -1;
+  }
+
+ private:
+  void takeQuads() {
+    for (; count_ == 0 && end_ - at_ >= 4; at_ += 4) {
+      const std::uint32_t bits = digitOf(at_[0]) << 18 | digitOf(at_[1]) << 12 | digitOf(at_[2]) << 6 | digitOf(at_[3]);
+      const std::uint32_t any = digitOf(at_[0]) | digitOf(at_[1]) | digitOf(at_[2]) | digitOf(at_[3]);
+      if ((any & kNoDigit) != 0) {
+        return;
+      }
+      put(bits);
     }
   }
-  for (; at < length; ++at) {
-    const auto byte = static_cast<unsigned char>(text[at]);
-    if (byte != '=' && byte != ' ' && (byte < 9 || byte > 13)) {
-      return -1;
+
+  bool takeOne() {
+    const std::uint32_t digit = digitOf(*at_);
+    if (digit == kNoDigit) {
+      return isSpace(*at_++);
     }
-  }
-  if (count % 4 == 1) {
-    return -1;
-  }
-  if (count % 4 >= 2) {
-    bits <<= 6 * (4 - count % 4);
-    *to++ = static_cast<char>(bits >> 16);
-    if (count % 4 == 3) {
-      *to++ = static_cast<char>(bits >> 8);
+    ++at_;
+    bits_ = bits_ << 6 | digit;
+    if (++count_ == 4) {
+      put(bits_);
+      count_ = 0;
     }
+    return true;
   }
-  return to - out;
+
+  void put(std::uint32_t bits) {
+    to_[0] = static_cast<unsigned char>(bits >> 16);
+    to_[1] = static_cast<unsigned char>(bits >> 8);
+    to_[2] = static_cast<unsigned char>(bits);
+    to_ += 3;
+  }
+
+  bool onlyPaddingLeft() const {
+    return std::all_of(at_, end_, [](unsigned char byte) { return byte == '=' || isSpace(byte); });
+  }
+
+  /// Two digits left over make a byte, three make two; one makes none, and is an error.
+  bool finish() {
+    if (count_ == 1) {
+      return false;
+    }
+    const std::uint32_t bits = bits_ << 6 * (4 - count_);
+    if (count_ >= 2) {
+      *to_++ = static_cast<unsigned char>(bits >> 16);
+    }
+    if (count_ == 3) {
+      *to_++ = static_cast<unsigned char>(bits >> 8);
+    }
+    return true;
+  }
+
+  const unsigned char* at_;
+  const unsigned char* end_;
+  unsigned char* out_;
+  unsigned char* to_;
+  std::uint32_t bits_ = 0;
+  unsigned count_ = 0;
+};
+
+const unsigned char* bytesOf(const char* text) {
+  return reinterpret_cast<const unsigned char*>(text);
+}
+
+}  // namespace
+
+std::size_t cEncode64String(const char* text, std::size_t length, char* out) {
+  return encode(bytesOf(text), length, out);
+}
+
+std::size_t cEncode64(const unsigned char* bytes, std::size_t length, char* out) {
+  return encode(bytes, length, out);
+}
+
+std::ptrdiff_t cDecode64String(const char* text, std::size_t length, char* out) {
+  return Decoder(bytesOf(text), length, reinterpret_cast<unsigned char*>(out)).run();
+}
+
+std::ptrdiff_t cDecode64(const char* text, std::size_t length, unsigned char* out) {
+  return Decoder(bytesOf(text), length, out).run();
+}
+
+void cByteArrayToString(const unsigned char* bytes, std::size_t length, char16_t* out) {
+  std::transform(bytes, bytes + length, out, [](unsigned char byte) {
+    return byte >= 0x80 && byte < 0xA0 ? HtmlReferences::kHighBlock[byte - 0x80] : char16_t{byte};
+  });
 }

@@ -362,7 +362,7 @@ bool cSHAREDSettings::ValueInSet(const QString& setName, const QString& value) c
   const QString prefix = setName.toUpper() + u'_';
   const std::vector<int> members = membersOf(setName, LastIndexInSet(setName));
   return std::any_of(members.begin(), members.end(), [&](int number) {
-    return cSharedText::StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
+    return TextTools().StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
   });
 }
 
@@ -371,7 +371,7 @@ void cSHAREDSettings::DeleteFromSetByValue(const QString& setName, const QString
   const int last = LastIndexInSet(setName);
   const std::vector<int> members = membersOf(setName, last);
   const auto match = std::find_if(members.begin(), members.end(), [&](int number) {
-    return cSharedText::StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
+    return TextTools().StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
   });
   if (match == members.end()) {
     return;

@@ -60,7 +60,7 @@ void clsScene::DataAsXML(QByteArray& out, bool singleFile) {
   element.list(kSceneLocations, kLocID, locations_);
   element.list(kSceneItems, kItemID, items_);
   if (singleFile) {
-    element.base64(kSceneRTF, kCData, Html().EncodeMime64String(textRTF_));
+    element.base64(kSceneRTF, kCData, Html().encodedMime64(textRTF_));
   }
 }
 
@@ -126,7 +126,7 @@ void clsScene::readRTF(const TagView& element) {
   }
   const bool countKnown = !wordsStale_;
   try {
-    setTextRTF(Html().DecodeMime64(Tags::ExtractBetweenTags(stored, kCData)));
+    setTextRTF(Html().decodedMime64(Tags::ExtractBetweenTags(stored, kCData)));
     wordsStale_ = !countKnown;
   } catch (const RuntimeError& error) {
     Logging().AddDebug(

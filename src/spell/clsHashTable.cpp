@@ -4,23 +4,33 @@
 #include "infra/HelperLibrary.h"
 #include "infra/RuntimeError.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <utility>
 
 namespace {
 
 constexpr qint16 kFirstBucketCount = 500;
-/// Bucket numbers have 16 bits; the chains grow only beyond this.
+/// Bucket numbers have 16 bits. Beyond, each bucket is split by the key's own bits.
 constexpr qint16 kMostBuckets = 32000;
 constexpr qint32 kFirstCapacity = 100;
-/// The average chain at which the buckets grow.
-constexpr qint32 kChainLimit = 4;
+constexpr int kGrowth = 4;
+constexpr unsigned kGrowthBits = 2;
 
 using HashRoutine = qint16 (*)(const char* key, qint16 buckets);
 
 HashRoutine hashRoutine() {
   static const auto routine = reinterpret_cast<HashRoutine>(helperRoutine("Hash.dll", "cHash"));
   return routine;
+}
+
+quint32 textCheck(QStringView text) {
+  return static_cast<quint32>(qHash(text));
 }
 
 /// Amounts from a damaged file must not overflow into undefined behaviour.
@@ -32,13 +42,16 @@ qint32 wrappingSum(qint32 a, qint32 b) {
 
 void clsHashTable::Init() {
   bucketCount_ = kFirstBucketCount;
+  splitBits_ = 0;
   growthFactor_ = 1.5F;
   highWater_ = 0;
   liveCount_ = 0;
   lockedCount_ = 0;
-  buckets_.assign(static_cast<size_t>(bucketCount_) + 1, 0);
+  buckets_.assign(static_cast<size_t>(bucketCount_) + 1, {});
   records_.assign(kFirstCapacity + 1, {});
-  nextInChain_.assign(kFirstCapacity + 1, 0);
+  bySmallID_.clear();
+  flags_.assign(kFirstCapacity + 1, 0);
+  links_.assign(kFirstCapacity + 1, {});
   keyedBy_.assign(kFirstCapacity + 1, Key::None);
   nodes_.Init(kFirstCapacity, growthFactor_);
   initialised_ = true;
@@ -54,38 +67,67 @@ void clsHashTable::ensureInitialised() {
   }
 }
 
-size_t clsHashTable::areaIndex(int area) {
+quint8 clsHashTable::areaFlag(int area) {
   if (area < 1 || area > HashRecord::kAreas) {
     throw RuntimeError(RuntimeError::OutOfBounds);
   }
-  return static_cast<size_t>(area) - 1;
+  return static_cast<quint8>(1 << (area - 1));
 }
 
-QByteArray clsHashTable::keyOf(qint32 index) const {
-  const bool byText = keyedBy_[static_cast<size_t>(index)] == Key::Text;
-  return byText ? CodePage::toBytes(at(index).Text) : QByteArray::number(at(index).ID);
+size_t clsHashTable::chainOf(const char* key, quint32 check) const {
+  constexpr quint32 kSpread = 0x9E3779B1U;
+  const auto bucket = static_cast<size_t>(hashRoutine()(key, bucketCount_));
+  return bucket << splitBits_ | static_cast<size_t>(quint64{check * kSpread} >> (32 - splitBits_));
 }
 
-qint16 clsHashTable::bucketOf(const QByteArray& key) const {
-  return hashRoutine()(key.constData(), bucketCount_);
+size_t clsHashTable::chainOf(qint32 id) const {
+  std::array<char, 12> digits{};
+  std::to_chars(digits.data(), digits.data() + digits.size() - 1, id);
+  return chainOf(digits.data(), static_cast<quint32>(id));
 }
 
-template <class Same>
-qint32 clsHashTable::findInBucket(qint16 bucket, Key kind, Same same) const {
-  for (qint32 i = buckets_[static_cast<size_t>(bucket)]; i != 0; i = nextInChain_[static_cast<size_t>(i)]) {
-    if (keyedBy_[static_cast<size_t>(i)] == kind && same(at(i))) {
-      return i;
+size_t clsHashTable::chainOf(QStringView text, quint32 check) const {
+  QVarLengthArray<char, 64> key(text.size() + 1);
+  std::transform(text.begin(), text.end(), key.begin(), [](QChar character) {
+    const int byte = CodePage::toByte(character.unicode());
+    return byte < 0 ? '?' : static_cast<char>(byte);
+  });
+  key.back() = '\0';
+  return chainOf(key.constData(), check);
+}
+
+qint32& clsHashTable::bySmallID(qint32 id) {
+  const auto index = static_cast<size_t>(id);
+  if (index >= bySmallID_.size()) {
+    bySmallID_.resize(index + index / 2 + 1);
+  }
+  return bySmallID_[index];
+}
+
+qint32 clsHashTable::find(qint32 id) const {
+  if (isSmall(id)) {
+    const auto index = static_cast<size_t>(id);
+    return index < bySmallID_.size() && bySmallID_[index] != 0 ? bySmallID_[index] : kMiss;
+  }
+  if (!initialised_) {
+    return kMiss;
+  }
+  const auto check = static_cast<quint32>(id);
+  for (Link step = buckets_[chainOf(id)]; step.record != 0; step = linkOf(std::abs(step.record))) {
+    if (step.check == check && step.record > 0) {
+      return step.record;
     }
   }
   return kMiss;
 }
 
-qint32 clsHashTable::find(qint32 id) const {
-  if (!initialised_) {
-    return kMiss;
+qint32 clsHashTable::find(QStringView text, quint32 check) const {
+  for (Link step = buckets_[chainOf(text, check)]; step.record != 0; step = linkOf(std::abs(step.record))) {
+    if (step.check == check && step.record < 0 && at(-step.record).Text == text) {
+      return -step.record;
+    }
   }
-  return findInBucket(bucketOf(QByteArray::number(id)), Key::ID,
-                      [id](const HashRecord& record) { return record.ID == id; });
+  return kMiss;
 }
 
 qint32 clsHashTable::findOrInsert(qint32 id) {
@@ -95,43 +137,79 @@ qint32 clsHashTable::findOrInsert(qint32 id) {
   }
   HashRecord record;
   record.ID = id;
-  return insert(std::move(record), Key::ID, QByteArray::number(id));
+  return insert(std::move(record), Key::ID);
 }
 
-qint32 clsHashTable::insert(HashRecord record, Key kind, const QByteArray& key) {
-  ensureInitialised();
-  growBuckets();
+qint32 clsHashTable::newNode() {
   const qint32 node = nodes_.Alloc();
   const auto top = static_cast<qint32>(records_.size()) - 1;
   if (node > top) {
     const auto grown =
         static_cast<size_t>(std::max(node, static_cast<qint32>(std::lround(static_cast<float>(top) * growthFactor_))));
     records_.resize(grown + 1);
-    nextInChain_.resize(grown + 1);
+    flags_.resize(grown + 1);
+    links_.resize(grown + 1);
     keyedBy_.resize(grown + 1, Key::None);
   }
-  auto& head = buckets_[static_cast<size_t>(bucketOf(key))];
-  nextInChain_[static_cast<size_t>(node)] = head;
-  head = node;
+  return node;
+}
+
+void clsHashTable::link(qint32 node) {
+  if (kindOf(node) == Key::ID && isSmall(at(node).ID)) {
+    bySmallID(at(node).ID) = node;
+  } else {
+    linkInChain(node);
+  }
+}
+
+/// At the head, so that the newest is found first.
+void clsHashTable::linkInChain(qint32 node) {
+  const HashRecord& record = at(node);
+  const bool byText = kindOf(node) == Key::Text;
+  const quint32 check = byText ? textCheck(record.Text) : static_cast<quint32>(record.ID);
+  Link& head = buckets_[byText ? chainOf(record.Text, check) : chainOf(record.ID)];
+  linkOf(node) = std::exchange(head, {check, byText ? -node : node});
+}
+
+/// Takes a record that is keyed by ID out of where it is found.
+void clsHashTable::unlink(qint32 node) {
+  const qint32 id = at(node).ID;
+  if (isSmall(id)) {
+    bySmallID(id) = 0;
+    return;
+  }
+  Link* to = &buckets_[chainOf(id)];
+  while (to->record != node) {
+    to = &linkOf(std::abs(to->record));
+  }
+  *to = std::exchange(linkOf(node), {});
+}
+
+qint32 clsHashTable::insert(HashRecord record, Key kind) {
+  ensureInitialised();
+  growBuckets();
+  const qint32 node = newNode();
   at(node) = std::move(record);
-  keyedBy_[static_cast<size_t>(node)] = kind;
+  kindOf(node) = kind;
+  link(node);
   ++liveCount_;
   highWater_ = std::max(highWater_, node);
   return node;
 }
 
-// The buckets double while the chains would get long, so look-ups stay flat up to some 100,000 records.
 void clsHashTable::growBuckets() {
-  if (liveCount_ < kChainLimit * bucketCount_ || bucketCount_ >= kMostBuckets) {
+  if (static_cast<size_t>(liveCount_) < buckets_.size()) {
     return;
   }
-  bucketCount_ = static_cast<qint16>(std::min<int>(kMostBuckets, bucketCount_ * 4));
-  buckets_.assign(static_cast<size_t>(bucketCount_) + 1, 0);
+  if (bucketCount_ < kMostBuckets) {
+    bucketCount_ = static_cast<qint16>(std::min<int>(kMostBuckets, bucketCount_ * kGrowth));
+  } else {
+    splitBits_ += kGrowthBits;
+  }
+  buckets_.assign((static_cast<size_t>(bucketCount_) + 1) << splitBits_, {});
   for (qint32 i = 1; i < static_cast<qint32>(records_.size()); ++i) {
-    if (keyedBy_[static_cast<size_t>(i)] != Key::None) {
-      auto& head = buckets_[static_cast<size_t>(bucketOf(keyOf(i)))];
-      nextInChain_[static_cast<size_t>(i)] = head;
-      head = i;
+    if (kindOf(i) != Key::None) {
+      link(i);
     }
   }
 }
@@ -145,14 +223,14 @@ void clsHashTable::AddAmtToCount(qint32 id, qint32 amount) {
   record.Count = wrappingSum(record.Count, amount);
 }
 
-void clsHashTable::AddToValue(const QString& text) {
+void clsHashTable::AddToValue(QStringView text) {
   ensureInitialised();
-  const QByteArray key = CodePage::toBytes(text);
-  qint32 found = findInBucket(bucketOf(key), Key::Text, [&](const HashRecord& record) { return record.Text == text; });
+  const quint32 check = textCheck(text);
+  qint32 found = find(text, check);
   if (found == kMiss) {
     HashRecord record;
-    record.Text = text;
-    found = insert(std::move(record), Key::Text, key);
+    record.Text = text.toString();
+    found = insert(std::move(record), Key::Text);
   }
   at(found).Value = wrappingSum(at(found).Value, 1);
 }
@@ -166,67 +244,65 @@ void clsHashTable::ResetCount(qint32 id) {
   if (found == kMiss) {
     return;
   }
-  auto* link = &buckets_[static_cast<size_t>(bucketOf(QByteArray::number(id)))];
-  while (*link != found) {
-    link = &nextInChain_[static_cast<size_t>(*link)];
-  }
-  *link = nextInChain_[static_cast<size_t>(found)];
-  lockedCount_ -= at(found).Locked ? 1 : 0;
+  unlink(found);
+  lockedCount_ -= (flagsOf(found) & kLocked) != 0 ? 1 : 0;
+  flagsOf(found) = 0;
   at(found) = {};
-  keyedBy_[static_cast<size_t>(found)] = Key::None;
+  kindOf(found) = Key::None;
   --liveCount_;
   nodes_.Free(found);
 }
 
 bool clsHashTable::IsLocked(qint32 id) const {
   const qint32 found = find(id);
-  return found != kMiss && at(found).Locked;
+  return found != kMiss && (flags_[static_cast<size_t>(found)] & kLocked) != 0;
 }
 
 bool clsHashTable::HasChanged(qint32 id, int area) const {
-  const size_t index = areaIndex(area);
+  const quint8 flag = areaFlag(area);
   const qint32 found = find(id);
-  return found != kMiss && at(found).Changed[index];
+  return found != kMiss && (flags_[static_cast<size_t>(found)] & flag) != 0;
 }
 
 void clsHashTable::ResetChangedByArea(int area) {
-  const size_t index = areaIndex(area);
+  const quint8 flag = areaFlag(area);
   for (qint32 i = 1; i <= highWater_; ++i) {
-    at(i).Changed[index] = false;
+    flagsOf(i) &= static_cast<quint8>(~flag);
   }
 }
 
 void clsHashTable::ResetChanged(qint32 id, int area) {
-  const size_t index = areaIndex(area);
+  const quint8 flag = areaFlag(area);
   const qint32 found = find(id);
   if (found != kMiss) {
-    at(found).Changed[index] = false;
+    flagsOf(found) &= static_cast<quint8>(~flag);
   }
 }
 
 void clsHashTable::ResetAllChanged(qint32 id) {
   const qint32 found = find(id);
   if (found != kMiss) {
-    at(found).Changed.fill(false);
+    flagsOf(found) &= static_cast<quint8>(~kAllChanged);
   }
 }
 
 void clsHashTable::LockRec(qint32 id) {
-  HashRecord& record = at(findOrInsert(id));
-  lockedCount_ += record.Locked ? 0 : 1;
-  record.Locked = true;
+  quint8& flags = flagsOf(findOrInsert(id));
+  lockedCount_ += (flags & kLocked) != 0 ? 0 : 1;
+  flags |= kLocked;
 }
 
 void clsHashTable::UnLockRec(qint32 id) {
   const qint32 found = find(id);
   if (found != kMiss) {
-    lockedCount_ -= at(found).Locked ? 1 : 0;
-    at(found).Locked = false;
+    quint8& flags = flagsOf(found);
+    lockedCount_ -= (flags & kLocked) != 0 ? 1 : 0;
+    flags &= static_cast<quint8>(~kLocked);
   }
 }
 
 void clsHashTable::MarkUpdated(qint32 id) {
-  at(findOrInsert(id)).Changed.fill(true);
+  flagsOf(findOrInsert(id)) |= kAllChanged;
 }
 
 void clsHashTable::MarkDeleted(qint32 id) {
@@ -243,5 +319,11 @@ HashRecord clsHashTable::Record(qint32 index) const {
   if (index < 1 || static_cast<size_t>(index) >= records_.size()) {
     throw RuntimeError(RuntimeError::OutOfBounds);
   }
-  return at(index);
+  HashRecord record = at(index);
+  const quint8 flags = flags_[static_cast<size_t>(index)];
+  for (int area = 1; area <= HashRecord::kAreas; ++area) {
+    record.Changed[static_cast<size_t>(area) - 1] = (flags & areaFlag(area)) != 0;
+  }
+  record.Locked = (flags & kLocked) != 0;
+  return record;
 }

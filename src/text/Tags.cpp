@@ -2,7 +2,12 @@
 
 #include "infra/CodePage.h"
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 #include <QString>
+#include <QtAlgorithms>
 
 #include <algorithm>
 #include <array>
@@ -118,6 +123,70 @@ int escapedByte(const char* digits) {
   return low < 0 ? high : high * 16 + low;
 }
 
+constexpr qsizetype kBlock = 64;
+
+/// A bit for each of the 64 bytes that is "%" or no ASCII.
+quint64 stopsIn(const char* block) {
+  quint64 stops = 0;
+#if defined(__SSE2__)
+  for (int i = 0; i < kBlock; i += 16) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block + i));
+    const __m128i found = _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('%')), bytes);
+    stops |= quint64{static_cast<unsigned>(_mm_movemask_epi8(found))} << i;
+  }
+#else
+  for (int i = 0; i < kBlock; ++i) {
+    stops |= quint64{block[i] == '%' || static_cast<uchar>(block[i]) >= 0x80} << i;
+  }
+#endif
+  return stops;
+}
+
+/// Bytes that are copied without a look at how many of them count.
+constexpr qsizetype kBlind = 16;
+
+/// Widens ASCII. There are at least kBlind bytes, and so there is room for as many units.
+char16_t* widen(const char* from, const char* to, char16_t* out) {
+  if (to - from <= kBlind) {
+    std::copy_n(from, kBlind, out);
+  } else {
+    std::copy(from, to, out);
+  }
+  return out + (to - from);
+}
+
+constexpr std::array<qint8, 256> hexDigits() {
+  std::array<qint8, 256> table{};
+  table.fill(-1);
+  for (int i = 0; i < 16; ++i) {
+    table[static_cast<uchar>(kHex[i])] = static_cast<qint8>(i);
+    table[static_cast<uchar>(Tags::lowerCase(kHex[i]))] = static_cast<qint8>(i);
+  }
+  return table;
+}
+
+constexpr std::array<qint8, 256> kHexDigits = hexDigits();
+
+/// One character of an escaped text; the bytes that it took.
+qsizetype decodeOne(const char* at, const char* end, char16_t& unit) {
+  if (*at != '%' || end - at < 3) {
+    unit = CodePage::toChar(static_cast<uchar>(*at));
+    return 1;
+  }
+  const int high = kHexDigits[static_cast<uchar>(at[1])];
+  const int low = kHexDigits[static_cast<uchar>(at[2])];
+  if ((high | low) >= 0) {
+    unit = CodePage::toChar(static_cast<uchar>(high << 4 | low));
+    return 3;
+  }
+  if (const int marked = markedUnit(at, end); marked >= 0) {
+    unit = static_cast<char16_t>(marked);
+    return 6;
+  }
+  unit = CodePage::toChar(static_cast<uchar>(escapedByte(at + 1)));
+  return 3;
+}
+
 }  // namespace
 
 namespace Tags {
@@ -199,6 +268,7 @@ QByteArray HtmlEncode(QStringView text) {
   return out;
 }
 
+// The stops of a block are found all at once, so that no step waits for the one before it.
 QString HtmlDecode(QByteArrayView text) {
   if (!text.contains('%')) {
     return CodePage::fromBytes(text);
@@ -207,16 +277,23 @@ QString HtmlDecode(QByteArrayView text) {
   auto* out = reinterpret_cast<char16_t*>(decoded.data());
   const char16_t* const begin = out;
   const char* const end = text.data() + text.size();
-  for (const char* at = text.data(); at < end;) {
-    if (*at != '%' || end - at < 3) {
-      *out++ = CodePage::toChar(static_cast<uchar>(*at++));
-    } else if (const int unit = markedUnit(at, end); unit >= 0) {
-      *out++ = static_cast<char16_t>(unit);
-      at += 6;
-    } else {
-      *out++ = CodePage::toChar(static_cast<uchar>(escapedByte(at + 1)));
-      at += 3;
+  const char* at = text.data();
+  while (end - at >= kBlock + kBlind) {
+    const char* const block = at;
+    for (quint64 stops = stopsIn(block); stops != 0; stops &= stops - 1) {
+      const char* const stop = block + qCountTrailingZeroBits(stops);
+      if (stop >= at) {
+        out = widen(at, stop, out);
+        at = stop + decodeOne(stop, end, *out++);
+      }
     }
+    if (at < block + kBlock) {
+      out = widen(at, block + kBlock, out);
+      at = block + kBlock;
+    }
+  }
+  while (at < end) {
+    at += decodeOne(at, end, *out++);
   }
   decoded.truncate(out - begin);
   return decoded;

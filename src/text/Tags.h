@@ -18,7 +18,7 @@ namespace Tags {
 /// The position of the first occurrence at or behind `from`, case ignored; -1 for none. Empty `find` gives `from`.
 qsizetype find(QByteArrayView text, QByteArrayView find, qsizetype from = 0);
 
-inline char lowerCase(char c) {
+constexpr char lowerCase(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
 }
 

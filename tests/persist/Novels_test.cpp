@@ -10,6 +10,8 @@
 #include <QProcess>
 
 #include <gtest/gtest.h>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +76,32 @@ TEST(Novels, WithoutCachedCountsDifferInTheCountsAlone) {
     EXPECT_TRUE(after == before);
     // The novel counts 121,966 pieces between blanks; dashes part some of them.
     EXPECT_NEAR(g_Project->Wordcount(true), 122000, 2500);
+  }
+  newProject();
+}
+
+// What a scene counts is its words, not how they were written down.
+TEST(Novels, CountTheSameInEveryStyle) {
+  if (sharedFolder().isEmpty()) {
+    GTEST_SKIP() << "the shared novels are not here";
+  }
+  for (const QString& novel : {u"pride-and-prejudice"_s, u"war-and-peace"_s}) {
+    std::vector<std::vector<std::pair<qint32, qint32>>> counts;
+    for (const QString& style : {u"richedit"_s, u"word"_s}) {
+      const ScratchFolder scratch;
+      const QString path = makeNovel(scratch.path(), novel, {u"--stale"_s, u"--style"_s, style});
+      newProject();
+      ASSERT_TRUE(g_Project->Load(path, false) && g_Project->SaveQN4(false));
+      newProject();
+      ASSERT_TRUE(g_Project->Load(path, false));
+      counts.emplace_back();
+      for (const auto& scene : g_Project->Scenes) {
+        counts.back().emplace_back(scene->Wordcount(), scene->Lettercount());
+        EXPECT_GT(counts.back().back().first, 0) << scene->Title.toStdString();
+      }
+    }
+    EXPECT_FALSE(counts[0].empty());
+    EXPECT_TRUE(counts[0] == counts[1]) << novel.toStdString();
   }
   newProject();
 }

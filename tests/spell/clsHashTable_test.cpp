@@ -102,28 +102,38 @@ TEST(clsHashTable, WordsAreCountedByTheirExactText) {
   EXPECT_EQ(counts, expected);
 }
 
-// Growth of records and buckets, removal and reuse of nodes: the table agrees with a map at every step.
+// Growth of records and buckets, removal and reuse of nodes: the table agrees with maps at every step, for small IDs,
+// large and negative ones, and texts side by side.
 TEST(clsHashTable, AgreesWithAMapThroughGrowthAndRemoval) {
   clsHashTable table;
   std::map<qint32, qint32> expected;
+  std::map<QString, qint32> expectedTexts;
   std::mt19937 random(1);
-  for (int step = 0; step < 20000; ++step) {
-    const auto id = static_cast<qint32>(random() % 6000) + 1;
+  const qint32 spread[] = {1, 300'017, -7};
+  for (int step = 0; step < 60000; ++step) {
+    const qint32 id = (static_cast<qint32>(random() % 6000) + 1) * spread[step % 3];
     if (random() % 4 == 0) {
       table.ResetCount(id);
       expected.erase(id);
     } else {
       table.AddAmtToCount(id, id);
-      expected[id] += id;
+      expected[id] = static_cast<qint32>(static_cast<quint32>(expected[id]) + static_cast<quint32>(id));
     }
+    const QString text = u"Ж"_s + QString::number(random() % 40000);
+    table.AddToValue(text);
+    ++expectedTexts[text];
   }
   std::map<qint32, qint32> found;
+  std::map<QString, qint32> foundTexts;
   for (qint32 i = 1; i <= table.HighWater(); ++i) {
     const HashRecord record = table.Record(i);
     if (record.ID != 0) {
       found[record.ID] = record.Count;
+    } else if (record.Value != 0) {
+      foundTexts[record.Text] = record.Value;
     }
   }
   EXPECT_EQ(found, expected);
-  EXPECT_LE(table.HighWater(), 6000);
+  EXPECT_EQ(foundTexts, expectedTexts);
+  EXPECT_LE(table.HighWater(), 18000 + 40000);
 }
