@@ -1,5 +1,6 @@
 #include "model/IDList.h"
 
+#include "infra/Guard.h"
 #include "infra/RuntimeError.h"
 
 #include <algorithm>
@@ -31,6 +32,12 @@ void IDList::checkPosition(qint32 position) const {
 qint32 IDList::at(qint32 position) const {
   checkPosition(position);
   return ids_[static_cast<size_t>(position) - 1];
+}
+
+qint32 IDList::atOrNone(qint32 position, const char* routine, const char* module) const {
+  qint32 id = 0;
+  Guard(routine, module)([&] { id = at(position); });
+  return id;
 }
 
 void IDList::remember(qint32 id) {

@@ -15,6 +15,8 @@ class IDList {
   qint32 indexOf(qint32 id) const;
   /// Throws RuntimeError 9 outside 1 to Count.
   qint32 at(qint32 position) const;
+  /// The same for a routine that never fails: 0 outside, and that is logged under its name.
+  qint32 atOrNone(qint32 position, const char* routine, const char* module) const;
 
   /// Throws RuntimeError 457 when the ID is listed already.
   void append(qint32 id);

@@ -28,8 +28,8 @@ class clsChapter {
   /// Letters of all its scenes, unused or not.
   qint32 Lettercount() const;
   qint32 SceneCount() const { return scenes_.Count(); }
-  /// The ID at a 1-based position; throws RuntimeError 9 outside.
-  qint32 SceneID(qint32 index) const { return scenes_.at(index); }
+  /// The ID at a 1-based position; 0, and logged, outside.
+  qint32 SceneID(qint32 index) const { return scenes_.atOrNone(index, "SceneID", "clsChapter"); }
   std::shared_ptr<clsScene> SceneByIndex(qint32 index) const;
   /// 1-based position; 0 when the ID isn't listed.
   qint32 SceneIndex(qint32 id) const { return scenes_.indexOf(id); }

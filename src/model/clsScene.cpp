@@ -152,12 +152,12 @@ void clsScene::ForceWordcount() {
   refreshPlainText();
   wordcount_ = Html().CalcWordCount(plainText_);
   lettercount_ = static_cast<qint32>(plainText_.size());
+  wordsStale_ = false;
 }
 
 qint32 clsScene::Wordcount() {
   if (wordsStale_) {
     ForceWordcount();
-    wordsStale_ = false;
   }
   return wordcount_;
 }
@@ -165,6 +165,18 @@ qint32 clsScene::Wordcount() {
 qint32 clsScene::Lettercount() {
   Wordcount();
   return lettercount_;
+}
+
+qint32 clsScene::CharID(qint32 index) const {
+  return characters_.atOrNone(index, "CharID", kModule);
+}
+
+qint32 clsScene::LocationID(qint32 index) const {
+  return locations_.atOrNone(index, "LocationID", kModule);
+}
+
+qint32 clsScene::ItemID(qint32 index) const {
+  return items_.atOrNone(index, "ItemID", kModule);
 }
 
 std::shared_ptr<clsCharacter> clsScene::CharByIndex(qint32 index) const {

@@ -88,13 +88,14 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   qint32 CharCount() const { return characters_.Count(); }
   qint32 LocationCount() const { return locations_.Count(); }
   qint32 ItemCount() const { return items_.Count(); }
-  /// IDs at 1-based positions; RuntimeError 9 outside.
-  qint32 CharID(qint32 index) const { return characters_.at(index); }
-  qint32 LocationID(qint32 index) const { return locations_.at(index); }
-  qint32 ItemID(qint32 index) const { return items_.at(index); }
+  /// IDs at 1-based positions; 0, and logged, outside.
+  qint32 CharID(qint32 index) const;
+  qint32 LocationID(qint32 index) const;
+  qint32 ItemID(qint32 index) const;
   const IDList& CharIDs() const { return characters_; }
   const IDList& LocationIDs() const { return locations_; }
   const IDList& ItemIDs() const { return items_; }
+  /// Never null, whatever stands at the position.
   std::shared_ptr<clsCharacter> CharByIndex(qint32 index) const;
   std::shared_ptr<clsLocation> LocationByIndex(qint32 index) const;
   std::shared_ptr<clsItem> ItemByIndex(qint32 index) const;

@@ -5,8 +5,7 @@
 
 /// Small string routines. What changes a text changes its argument; JoinStrings and cTrim give a new one. "Trim"
 /// means blanks (U+0020) alone. Positions count from 1 and are 0 for none. A text compare ignores case; an empty
-/// `find` is found where the search begins, unless the text is empty. Marking the text of a box belongs to the
-/// window that owns the box.
+/// `find` is found where the search begins, unless the text is empty.
 class cSharedText {
  public:
   QString JoinStrings(QStringView a, QStringView b) const;
@@ -26,6 +25,12 @@ class cSharedText {
   void RemoveQuotes(QString& text) const;
   /// One double quote at each end where there is one.
   void StripDblQuotes(QString& text) const;
+
+  /// Selects the whole text of a box, whichever control it is.
+  template <class TextBox>
+  void HighlightText(TextBox& box) const {
+    box.selectAll();
+  }
 
   /// Lower-cased and trimmed, both: exactly one of the three holds for any two texts.
   bool StringsEqual(QStringView a, QStringView b) const;

@@ -3,6 +3,7 @@
 #include "model/clsScene.h"
 
 #include "infra/RuntimeError.h"
+#include "infra/cSharedLogging.h"
 #include "model/Globals.h"
 #include "model/SceneEditor.h"
 #include "model/clsChapter.h"
@@ -114,7 +115,10 @@ TEST_F(Scene, WithoutCharactersHasTheViewpointNA) {
   EXPECT_EQ(scene->CharCount(), 1);
   EXPECT_EQ(scene->ViewPointChar()->Title(), u"Пётр"_s);
   scene->RemoveCharByID(99);
-  EXPECT_THROW((void)scene->CharID(2), RuntimeError);
+  EXPECT_EQ(scene->CharID(2), 0);
+  EXPECT_EQ(scene->CharByIndex(2)->Title(), u"N/A"_s) << "a position outside is logged and nobody";
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"(9) in CharID of module clsScene"_s));
+  EXPECT_EQ(g_Project->ChapterByID(1)->SceneID(0), 0);
   EXPECT_THROW((void)scene->Field(6), RuntimeError);
 }
 
