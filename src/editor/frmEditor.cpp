@@ -52,22 +52,28 @@ frmEditor::frmEditor() {
 frmEditor::~frmEditor() = default;
 
 void frmEditor::createActions() {
-  QMenu* const file = menuBar()->addMenu(u"&File"_s);
-  file->setObjectName(u"mnuFile"_s);
-  const auto add = [&](const char* name, const QString& caption, auto run) {
-    QAction* const action = file->addAction(caption);
+  const auto addMenu = [this](const char* name, const QString& caption) {
+    QMenu* const menu = menuBar()->addMenu(caption);
+    menu->setObjectName(QString::fromLatin1(name));
+    return menu;
+  };
+  const auto add = [this](QMenu* menu, const char* name, const QString& caption, auto run) {
+    QAction* const action = menu->addAction(caption);
     action->setObjectName(QString::fromLatin1(name));
     connect(action, &QAction::triggered, this, run);
     return action;
   };
-  add("mnuSave", u"Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
-  add("mnuSaveAndExit", u"Save && Exit"_s, [this] {
+  QMenu* const file = addMenu("mnuFile", u"&File"_s);
+  add(file, "mnuSave", u"&Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
+  add(file, "mnuSaveAndExit", u"Save && &Exit"_s, [this] {
     if (SaveChanges(false)) {
       ExitForm();
     }
   });
   file->addSeparator();
-  add("mnuExit", u"Close"_s, [this] { closeForm(); });
+  add(file, "mnuExit", u"&Close"_s, [this] { closeForm(); });
+  QMenu* const tools = addMenu("mnuTools", u"&Tools"_s);
+  add(tools, "mnuTop20", u"Show &word usage"_s, [this] { mnuTop20_Click(); });
 }
 
 void frmEditor::buildLayout() {

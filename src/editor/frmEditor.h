@@ -64,6 +64,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void loadMainText(const clsScene& scene);
   void applyEditorFont();
   void textChanged();
+  void mnuTop20_Click();
   void ShowSceneWordCount();
   /// False, and the user has been told, when there is no scene to save to any more.
   bool SaveChanges(bool spellCheck);

@@ -3,12 +3,15 @@
 #include "editor/EditorStatusBar.h"
 #include "editor/EditorText.h"
 #include "editor/frmEditor.h"
+#include "editor/frmWordCount.h"
 #include "model/Globals.h"
 #include "model/clsChapter.h"
 #include "model/clsProject.h"
 #include "model/clsScene.h"
+#include "spell/clsHashTable.h"
 #include "text/Rtf.h"
 #include "text/cSharedHTML.h"
+#include "text/modWordcount.h"
 #include "toolkit/RichTextBox.h"
 #include "toolkit/Toolkit.h"
 #include "toolkit/Twips.h"
@@ -94,6 +97,13 @@ void frmEditor::ShowSceneWordCount() {
     StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %1 words"_s.arg(total));
   }
   TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::mnuTop20_Click() {
+  toolkit().setPointer(Pointer::Busy);
+  clsHashTable table;
+  BreakAndHash(table, txtMain->Text());
+  frmWordCount::showOver(*this, table, true);
 }
 
 bool frmEditor::SaveChanges(bool) {

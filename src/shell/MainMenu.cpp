@@ -221,7 +221,8 @@ constexpr std::array kTools{
             [](frmMain& m, const MenuChoice& chosen) { m.tools().mnuFont_Click(chosen.caption); }),
     flagged("mnuFont(5)", u"Verdana", "mnuFontmnu", kCheckable,
             [](frmMain& m, const MenuChoice& chosen) { m.tools().mnuFont_Click(chosen.caption); }),
-    titled("mnuWordUsageCount", u"Show Word Usage Count", "mnuWindow", u"Word usage count"),
+    entry("mnuWordUsageCount", u"Show Word Usage Count", "mnuWindow",
+          [](frmMain& m, const MenuChoice&) { m.statistics().mnuWordUsageCount_Click(); }),
 };
 
 constexpr std::array kLanguageAndHelp{

@@ -36,7 +36,8 @@ frmMain::frmMain(QString commandLine)
       commandLine_(std::move(commandLine)),
       instance_(std::make_unique<InstanceCheck>()),
       project_(*this),
-      tools_(*this) {
+      tools_(*this),
+      statistics_(*this) {
   setObjectName(u"frmMain"_s);
   setWindowTitle(u"Quillane 4 by Brackenlight Software"_s);
   createParts();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ProjectCommands.h"
+#include "shell/StatisticsCommands.h"
 #include "shell/ToolCommands.h"
 
 #include <QMainWindow>
@@ -82,6 +83,7 @@ class frmMain : public QMainWindow {
   StatusPanels& status() { return *status_; }
   ProjectCommands& project() { return project_; }
   ToolCommands& tools() { return tools_; }
+  StatisticsCommands& statistics() { return statistics_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -109,6 +111,7 @@ class frmMain : public QMainWindow {
   std::unique_ptr<StatusPanels> status_;
   ProjectCommands project_;
   ToolCommands tools_;
+  StatisticsCommands statistics_;
   /// What the menus were last told of open editors.
   bool editingShown_ = false;
   /// The settings were read: before that there is nothing worth writing back.

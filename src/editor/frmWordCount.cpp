@@ -1,0 +1,193 @@
+#include "editor/frmWordCount.h"
+
+#include "spell/clsHashTable.h"
+#include "toolkit/Toolkit.h"
+
+#include <QAbstractTableModel>
+#include <QCollator>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Column { kWord, kCount, kColumns };
+
+constexpr QSize kFirstSize(340, 520);
+
+struct WordUsage {
+  QString word;
+  qint32 count = 0;
+};
+
+}  // namespace
+
+/// The words in the order in which they are shown.
+class frmWordCount::Rows : public QAbstractTableModel {
+ public:
+  void fill(const clsHashTable& table) {
+    beginResetModel();
+    usage_.clear();
+    usage_.reserve(static_cast<size_t>(table.HighWater()));
+    for (qint32 i = 1; i <= table.HighWater(); ++i) {
+      HashRecord record = table.Record(i);
+      usage_.push_back({std::move(record.Text), record.Value});
+    }
+    endResetModel();
+  }
+
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(usage_.size());
+  }
+
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : kColumns; }
+
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (!index.isValid()) {
+      return {};
+    }
+    const WordUsage& row = usage_[static_cast<size_t>(index.row())];
+    switch (role) {
+      case Qt::DisplayRole:
+        return index.column() == kWord ? QVariant(row.word) : QVariant(QString::number(row.count));
+      case Qt::TextAlignmentRole:
+        return alignmentOf(index.column());
+      default:
+        return {};
+    }
+  }
+
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
+      return section == kWord ? u"Word"_s : u"Count"_s;
+    }
+    return orientation == Qt::Horizontal && role == Qt::TextAlignmentRole ? alignmentOf(section) : QVariant();
+  }
+
+  // Equal counts keep the order that they had, so that a click on "Word" and one on "Count" sort by both.
+  void sort(int column, Qt::SortOrder order) override {
+    Q_EMIT layoutAboutToBeChanged();
+    const bool ascending = order == Qt::AscendingOrder;
+    if (column == kCount) {
+      std::stable_sort(usage_.begin(), usage_.end(), [=](const WordUsage& a, const WordUsage& b) {
+        return ascending ? a.count < b.count : b.count < a.count;
+      });
+    } else {
+      sortByWord(ascending);
+    }
+    Q_EMIT layoutChanged();
+  }
+
+  qint64 total() const {
+    return std::accumulate(usage_.begin(), usage_.end(), qint64{0},
+                           [](qint64 sum, const WordUsage& row) { return sum + row.count; });
+  }
+
+ private:
+  static QVariant alignmentOf(int column) {
+    return QVariant::fromValue(int((column == kCount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+  }
+
+  // By the rules of the writer's language; a key for each word is made once, not at each comparison.
+  void sortByWord(bool ascending) {
+    struct Keyed {
+      QCollatorSortKey key;
+      WordUsage row;
+    };
+    const QCollator collator;
+    std::vector<Keyed> keyed;
+    keyed.reserve(usage_.size());
+    for (WordUsage& row : usage_) {
+      keyed.push_back({collator.sortKey(row.word), std::move(row)});
+    }
+    std::stable_sort(keyed.begin(), keyed.end(), [=](const Keyed& a, const Keyed& b) {
+      return ascending ? a.key.compare(b.key) < 0 : b.key.compare(a.key) < 0;
+    });
+    std::transform(keyed.begin(), keyed.end(), usage_.begin(), [](Keyed& sorted) { return std::move(sorted.row); });
+  }
+
+  std::vector<WordUsage> usage_;
+};
+
+frmWordCount::frmWordCount(QWidget* parent) : QDialog(parent), rows_(std::make_unique<Rows>()) {
+  setObjectName(u"frmWordCount"_s);
+  setWindowTitle(u"Word Usage Counts"_s);
+  buildLayout();
+}
+
+frmWordCount::~frmWordCount() {
+  ListView1->setModel(nullptr);
+}
+
+void frmWordCount::buildLayout() {
+  ListView1 = new QTreeView(this);
+  ListView1->setObjectName(u"ListView1"_s);
+  ListView1->setAccessibleName(u"Words and how often they are used"_s);
+  ListView1->setModel(rows_.get());
+  ListView1->setRootIsDecorated(false);
+  ListView1->setItemsExpandable(false);
+  ListView1->setUniformRowHeights(true);
+  ListView1->setAllColumnsShowFocus(true);
+  ListView1->setAlternatingRowColors(true);
+  QHeaderView* const header = ListView1->header();
+  header->setStretchLastSection(false);
+  header->setSectionResizeMode(kWord, QHeaderView::Stretch);
+  header->setSectionResizeMode(kCount, QHeaderView::Interactive);
+  header->setSectionsClickable(true);
+  connect(header, &QHeaderView::sectionClicked, this, &frmWordCount::ListView1_ColumnClick);
+
+  lblInfo = new QLabel(this);
+  lblInfo->setObjectName(u"lblInfo"_s);
+  lblInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(ListView1, 1);
+  column->addWidget(lblInfo);
+  column->addWidget(buttons);
+  resize(kFirstSize);
+  ListView1->setFocus();
+}
+
+void frmWordCount::FillForm(const clsHashTable& table, bool sortByCount) {
+  toolkit().setPointer(Pointer::Busy);
+  rows_->fill(table);
+  lblInfo->setText(u"Total words: %1 Unique: %2"_s.arg(rows_->total()).arg(rows_->rowCount()));
+  ListView1->header()->setSortIndicatorShown(false);
+  if (sortByCount) {
+    ascending_ = false;
+    sortBy(kCount);
+  }
+  toolkit().setPointer(Pointer::Normal);
+}
+
+void frmWordCount::ListView1_ColumnClick(int column) {
+  ascending_ = !ascending_;
+  sortBy(column);
+}
+
+void frmWordCount::sortBy(int column) {
+  const Qt::SortOrder order = ascending_ ? Qt::AscendingOrder : Qt::DescendingOrder;
+  rows_->sort(column, order);
+  ListView1->header()->setSortIndicatorShown(true);
+  ListView1->header()->setSortIndicator(column, order);
+  ListView1->scrollToTop();
+}
+
+frmWordCount* frmWordCount::showOver(QWidget& window, const clsHashTable& table, bool sortByCount) {
+  auto* form = new frmWordCount(&window);
+  form->setAttribute(Qt::WA_DeleteOnClose);
+  form->setWindowModality(Qt::ApplicationModal);
+  form->FillForm(table, sortByCount);
+  form->show();
+  return form;
+}

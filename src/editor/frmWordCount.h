@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+class QLabel;
+class QTreeView;
+class clsHashTable;
+
+/// How often each word of a text stands in it: a list that a click on a column's title sorts.
+class frmWordCount : public QDialog {
+ public:
+  explicit frmWordCount(QWidget* parent = nullptr);
+  ~frmWordCount() override;
+
+  /// Shows every record of a table that was filled by text, and the sums. By count the most frequent stand first;
+  /// otherwise they stand as they came. The table isn't needed any more afterwards.
+  void FillForm(const clsHashTable& table, bool sortByCount = false);
+  /// The window over another one, filled, on the screen and in the way of all others; it goes when it is closed.
+  static frmWordCount* showOver(QWidget& window, const clsHashTable& table, bool sortByCount = false);
+
+ private:
+  class Rows;
+
+  void buildLayout();
+  void ListView1_ColumnClick(int column);
+  void sortBy(int column);
+
+  std::unique_ptr<Rows> rows_;
+  QTreeView* ListView1 = nullptr;
+  QLabel* lblInfo = nullptr;
+  /// Flipped by each click on a title, whichever column it is.
+  bool ascending_ = false;
+};
