@@ -77,7 +77,8 @@ quint8 clsHashTable::areaFlag(int area) {
 size_t clsHashTable::chainOf(const char* key, quint32 check) const {
   constexpr quint32 kSpread = 0x9E3779B1U;
   const auto bucket = static_cast<size_t>(hashRoutine()(key, bucketCount_));
-  return bucket << splitBits_ | static_cast<size_t>(quint64{check * kSpread} >> (32 - splitBits_));
+  const quint32 spread = check * kSpread;
+  return bucket << splitBits_ | static_cast<size_t>(quint64{spread} >> (32 - splitBits_));
 }
 
 size_t clsHashTable::chainOf(qint32 id) const {

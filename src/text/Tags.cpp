@@ -173,8 +173,8 @@ qsizetype decodeOne(const char* at, const char* end, char16_t& unit) {
     unit = CodePage::toChar(static_cast<uchar>(*at));
     return 1;
   }
-  const int high = kHexDigits[static_cast<uchar>(at[1])];
-  const int low = kHexDigits[static_cast<uchar>(at[2])];
+  const qint8 high = kHexDigits[static_cast<uchar>(at[1])];
+  const qint8 low = kHexDigits[static_cast<uchar>(at[2])];
   if ((high | low) >= 0) {
     unit = CodePage::toChar(static_cast<uchar>(high << 4 | low));
     return 3;

@@ -8,6 +8,8 @@
 #include "text/TextBasics.h"
 #include "text/cSharedHTML.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <array>
 #include <string_view>

@@ -19,10 +19,10 @@ enum class Role : quint8 { Letter, Gap, Apostrophe, Removed };
 constexpr std::array<Role, 0x80> roles() {
   std::array<Role, 0x80> table{};
   for (const char gap : std::string_view("\r\n\t=,*- ")) {
-    table[static_cast<size_t>(gap)] = Role::Gap;
+    table[static_cast<uchar>(gap)] = Role::Gap;
   }
   for (const char removed : std::string_view("<>`~^\"(){}[]!?._")) {
-    table[static_cast<size_t>(removed)] = Role::Removed;
+    table[static_cast<uchar>(removed)] = Role::Removed;
   }
   table[kApostrophe] = Role::Apostrophe;
   return table;
