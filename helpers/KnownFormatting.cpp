@@ -42,6 +42,7 @@ struct TagAt {
   const char16_t* attributes = nullptr;
   const char16_t* end = nullptr;
 
+  bool closesItself() const { return end[-2] == u'/'; }
   bool isHeading() const { return name >= key("h1") && name <= key("h6"); }
 };
 
@@ -66,24 +67,67 @@ bool beginsSo(const char16_t* at, const char16_t* end, std::u16string_view word)
          std::equal(word.begin(), word.end(), at, [](char16_t a, char16_t b) { return a == lower(b); });
 }
 
+/// Whether a name can begin here: not within one, except behind "text-".
+bool nameBegins(const char16_t* attributes, const char16_t* at) {
+  constexpr std::u16string_view kText = u"text-";
+  const auto inName = [attributes](const char16_t* behind) {
+    return behind > attributes &&
+           (HtmlReferences::digitOf(behind[-1]) < 99 || behind[-1] == u'-' || behind[-1] == u'_');
+  };
+  const bool behindText = static_cast<std::size_t>(at - attributes) >= kText.size() &&
+                          beginsSo(at - kText.size(), at, kText) && !inName(at - kText.size());
+  return behindText || !inName(at);
+}
+
 /// True for align=center, however quoted, and for text-align: center.
 bool isCentred(const TagAt& tag) {
   constexpr std::u16string_view kAlign = u"align";
   for (const char16_t* at = tag.attributes; at < tag.end; ++at) {
-    if (!beginsSo(at, tag.end, kAlign)) {
+    if (!beginsSo(at, tag.end, kAlign) || !nameBegins(tag.attributes, at)) {
       continue;
     }
-    at += kAlign.size();
-    at = std::find_if(at, tag.end, [](char16_t unit) {
+    const auto* const name = at + kAlign.size();
+    at = std::find_if(name, tag.end, [](char16_t unit) {
       return !isBlank(unit) && unit != u'=' && unit != u':' && unit != u'"' && unit != u'\'';
     });
-    if (beginsSo(at, tag.end, u"center")) {
+    const bool assigned = std::any_of(name, at, [](char16_t unit) { return unit == u'=' || unit == u':'; });
+    if (assigned && beginsSo(at, tag.end, u"center")) {
       return true;
     }
     --at;
   }
   return false;
 }
+
+/// What ends a paragraph besides the next one.
+constexpr std::array kBlocks{key("div"), key("center"), key("hr"), key("table"), key("tr"),   key("td"),  key("th"),
+                             key("ul"),  key("ol"),     key("li"), key("pre"),   key("body"), key("html")};
+
+bool isBlock(const TagAt& tag) {
+  return tag.isHeading() || std::find(kBlocks.begin(), kBlocks.end(), tag.name) != kBlocks.end();
+}
+
+/// Passes over comments. A mark without its partner is none; that is found out once.
+class CommentSkipper {
+ public:
+  explicit CommentSkipper(const char16_t* end) : end_(end) {}
+
+  /// Behind the comment that begins at "<"; null when none does.
+  const char16_t* behind(const char16_t* at) {
+    constexpr std::u16string_view kOpen = u"<!--";
+    constexpr std::u16string_view kClose = u"-->";
+    if (noneCloses_ || !Units::startsWith(at, end_, kOpen)) {
+      return nullptr;
+    }
+    const auto* const close = std::search(at + kOpen.size(), end_, kClose.begin(), kClose.end());
+    noneCloses_ = close == end_;
+    return noneCloses_ ? nullptr : close + kClose.size();
+  }
+
+ private:
+  const char16_t* end_;
+  bool noneCloses_ = false;
+};
 
 class Converter {
  public:
@@ -93,16 +137,35 @@ class Converter {
   void take(const char16_t* at, const TagAt& tag) {
     if (tag.name == key("p")) {
       takeParagraph(at, tag);
-    } else if (tag.name == key("div")) {
+      return;
+    }
+    if (isBlock(tag)) {
+      endParagraph(at);
+    }
+    if (tag.name == key("div")) {
       takeDivision(at, tag);
     } else {
       takeKnown(at, tag);
     }
   }
 
-  char16_t* finish(const char16_t* end) { return Units::move(out_, kept_, end); }
+  char16_t* finish(const char16_t* end) {
+    endParagraph(end);
+    return Units::move(out_, kept_, end);
+  }
 
  private:
+  /// The mark takes room that the paragraph's opening tag left.
+  void endParagraph(const char16_t* at) {
+    if (!centredParagraph_) {
+      return;
+    }
+    out_ = Units::move(out_, kept_, at);
+    kept_ = at;
+    put(true, "c");
+    centredParagraph_ = false;
+  }
+
   void replace(const char16_t* at, const TagAt& tag) {
     out_ = Units::move(out_, kept_, at);
     kept_ = tag.end;
@@ -117,16 +180,14 @@ class Converter {
     *out_++ = u']';
   }
 
-  // A paragraph needs no closing tag: the next one ends it. The mark then takes room that the opening tag left.
+  // A paragraph needs no closing tag: the next one ends it.
   void takeParagraph(const char16_t* at, const TagAt& tag) {
     const bool opens = !tag.closing && isCentred(tag);
     if (!centredParagraph_ && !opens) {
       return;
     }
+    endParagraph(at);
     replace(at, tag);
-    if (centredParagraph_) {
-      put(true, "c");
-    }
     if (opens) {
       put(false, "c");
     }
@@ -146,7 +207,8 @@ class Converter {
   void takeKnown(const char16_t* at, const TagAt& tag) {
     const auto* const known =
         std::find_if(kMarks.begin(), kMarks.end(), [&](const Mark& mark) { return mark.tag == tag.name; });
-    if (known == kMarks.end() || (tag.closing && tag.name == key("hr"))) {
+    const bool isRule = tag.name == key("hr");
+    if (known == kMarks.end() || (isRule ? tag.closing : tag.closesItself())) {
       return;
     }
     const bool opensCentred = tag.isHeading() && !tag.closing && isCentred(tag);
@@ -173,7 +235,12 @@ class Converter {
 std::size_t cConvertKnownFormatting(char16_t* text, std::size_t length) {
   const char16_t* const end = text + length;
   Converter converter(text);
+  CommentSkipper comments(end);
   for (const char16_t* at = Units::find(text, end, u'<'); at < end;) {
+    if (const char16_t* const behind = comments.behind(at)) {
+      at = Units::find(behind, end, u'<');
+      continue;
+    }
     const auto* const mark = std::find_if(at + 1, end, [](char16_t unit) { return unit == u'<' || unit == u'>'; });
     if (mark < end && *mark == u'>') {
       converter.take(at, tagBetween(at, mark));

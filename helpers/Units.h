@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 /// Steps over UTF-16 units that the routines share.
 namespace Units {
@@ -51,6 +52,10 @@ inline const char16_t* find(const char16_t* at, const char16_t* end, char16_t un
   }
 #endif
   return std::find(at, end, unit);
+}
+
+inline bool startsWith(const char16_t* at, const char16_t* end, std::u16string_view what) {
+  return std::u16string_view(at, static_cast<std::size_t>(end - at)).substr(0, what.size()) == what;
 }
 
 /// The first place where `unit` stands twice in a row, or `end`.

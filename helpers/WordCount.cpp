@@ -18,7 +18,8 @@ constexpr std::array<Kind, 256> classify() {
     const bool ascii = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
     const bool latin = c >= 0xC0 && c != 0xD7 && c != 0xF7;
     const bool high = c == 0x83 || c == 0x8A || c == 0x8C || c == 0x8E || c == 0x9A || c == 0x9C || c == 0x9E ||
-                      c == 0x9F || c == 0xAA || c == 0xB2 || c == 0xB3 || c == 0xB5 || c == 0xB9 || c == 0xBA;
+                      c == 0x9F || c == 0x88 || c == 0xAA || c == 0xB2 || c == 0xB3 || c == 0xB5 || c == 0xB9 ||
+                      c == 0xBA || (c >= 0xBC && c <= 0xBE);
     const bool space = (c >= 0x09 && c <= 0x0D) || c == ' ' || c == 0xA0;
     kinds[static_cast<std::size_t>(c)] = ascii || latin || high            ? Kind::Letter
                                          : space || c == 0x96 || c == 0x97 ? Kind::Part

@@ -37,8 +37,8 @@ std::size_t cStripHTML(char16_t* text, std::size_t length) {
     if (mark == end) {
       break;
     }
-    if (*mark == u'<') {
-      at = mark;
+    if (*mark == u'<' || Units::startsWith(at, end, u"<!--")) {
+      at = Units::find(mark, end, u'<');
       continue;
     }
     out = Units::move(out, kept, at);

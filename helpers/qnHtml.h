@@ -21,14 +21,15 @@ QUILLANE_EXPORT std::size_t cReplace(const char16_t* text, const char16_t* searc
 QUILLANE_EXPORT std::size_t cRemoveChar(char16_t* text, std::size_t length, char16_t charCode);
 
 /// Removes what stands between "<" and ">", the marks too. A ">" pairs with the nearest "<" before it; marks that
-/// find no partner stay.
+/// find no partner stay, and so does "<!--".
 QUILLANE_EXPORT std::size_t cStripHTML(char16_t* text, std::size_t length);
 
 /// Turns "&name;", "&#1234;" and "&#x4D2;" into the characters, by HTML 4's names exactly; what names nothing stays.
 QUILLANE_EXPORT std::size_t cHtmlToChar(char16_t* text, std::size_t length);
 
 /// Turns the tags that the reader format has a mark for into that mark, in the order in which they stand; all other
-/// tags stay for the tag stripper. The case of tags doesn't count.
+/// tags stay for the tag stripper, as does what stands between comment marks. The case of tags doesn't count. A
+/// centred paragraph ends at the next block of any kind, or with the text.
 ///
 /// The reader format is plain text with bracketed marks:
 ///

@@ -17,18 +17,37 @@ clsScenes::Pointer clsScenes::SceneByIndex(qint32 index) const {
 }
 
 void clsScenes::setSceneByIndex(qint32 index, const Pointer& scene) {
-  assign(index, scene, "SceneByIndex", "clsScenes");
+  const Pointer before = index > Count() ? nullptr : SceneByIndex(index);
+  if (!assign(index, scene, "SceneByIndex", "clsScenes")) {
+    return;
+  }
+  if (before) {
+    before->InScenes = false;
+  }
   scene->InScenes = true;
 }
 
 void clsScenes::Addscene(const Pointer& scene) {
   add(scene, "Addscene", "clsScenes");
-  scene->InScenes = true;
+  if (scene) {
+    scene->InScenes = true;
+  }
 }
 
 void clsScenes::RemoveSceneByID(qint32 id) {
+  // A scene that comes back to a chapter has to come back to the project too.
+  SceneByID(id)->InScenes = false;
   removeID(id, "RemoveSceneByID", "clsScenes");
   g_SceneChanges.MarkDeleted(id);
+}
+
+QSet<QString> clsScenes::TextFileNames() const {
+  QSet<QString> names;
+  names.reserve(Count());
+  for (const Pointer& scene : *this) {
+    names.insert(scene->RTFFilename());
+  }
+  return names;
 }
 
 void clsScenes::Clear() {

@@ -3,6 +3,8 @@
 #include "model/EntityCollection.h"
 
 #include <QByteArrayView>
+#include <QSet>
+#include <QString>
 
 #include <functional>
 
@@ -39,6 +41,8 @@ class clsScenes : public EntityCollection<clsScene> {
   bool SaveScenesText(bool force);
   /// Gives a file name to each scene that has none yet.
   void NameScenesText();
+  /// The names of the scenes' files.
+  QSet<QString> TextFileNames() const;
 };
 
 class clsChapters : public EntityCollection<clsChapter> {

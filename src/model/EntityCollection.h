@@ -77,7 +77,7 @@ class EntityCollection {
   bool insert(const Pointer& entity, qint32 before, const char* routine, const char* module) {
     const Guard guard(routine, module);
     return guard([&] {
-      const qint32 id = entity->ID();
+      const qint32 id = idOf(entity);
       const auto at = before > Count() ? entities_.size() : position(before);
       if (!byID_.emplace(id, entity).second) {
         throw RuntimeError(RuntimeError::DuplicateKey);
@@ -87,16 +87,15 @@ class EntityCollection {
     });
   }
 
-  /// Replaces the entity at an index; above the count it is an add.
-  void assign(qint32 index, const Pointer& entity, const char* routine, const char* module) {
+  /// Replaces the entity at an index; above the count it is an add. False, and logged, when that failed.
+  bool assign(qint32 index, const Pointer& entity, const char* routine, const char* module) {
     if (index > Count()) {
-      add(entity, routine, module);
-      return;
+      return add(entity, routine, module);
     }
     const Guard guard(routine, module);
-    guard([&] {
+    return guard([&] {
       Pointer& place = entities_.at(position(index));
-      const qint32 id = entity->ID();
+      const qint32 id = idOf(entity);
       if (const auto known = byID_.find(id); known != byID_.end() && known->second != place) {
         throw RuntimeError(RuntimeError::DuplicateKey);
       }
@@ -147,6 +146,14 @@ class EntityCollection {
   }
 
  private:
+  /// A position above the count gives no object, and somebody may add what they got.
+  static qint32 idOf(const Pointer& entity) {
+    if (!entity) {
+      throw RuntimeError(RuntimeError::NoObject);
+    }
+    return entity->ID();
+  }
+
   size_t position(qint32 index) const {
     if (index < 1 || index > Count()) {
       throw RuntimeError(RuntimeError::OutOfBounds);

@@ -19,16 +19,18 @@ qint32 lazyID(Entity& entity, const qint32& id) {
   return id;
 }
 
-/// Locks the record while the dialog is open; a saved edit marks it for all windows.
+/// Locks the record while the dialog is open; a saved edit marks it for all windows. A dialog that fails is logged
+/// and counts as cancelled.
 template <class Entity, class Ask>
-bool runDialog(Entity& entity, EntityKind kind, clsHashTable& table, Ask ask) {
+bool runDialog(Entity& entity, EntityKind kind, clsHashTable& table, const char* module, Ask ask) {
   if (entity.EditOpen) {
     bringDialogForward(kind, entity.ID());
     return false;
   }
   table.LockRec(entity.ID());
   entity.EditOpen = true;
-  const bool saved = ask();
+  bool saved = false;
+  Guard("Edit", module)([&] { saved = ask(); });
   if (saved) {
     table.MarkUpdated(entity.ID());
   }
@@ -55,7 +57,7 @@ void clsCharacter::setTitle(const QString& title) {
 }
 
 bool clsCharacter::Edit(qint32 arg) {
-  return runDialog(*this, EntityKind::Character, g_CharChanges,
+  return runDialog(*this, EntityKind::Character, g_CharChanges, "clsCharacter",
                    [&] { return entityDialogs().character && entityDialogs().character(*this, arg); });
 }
 
@@ -77,7 +79,7 @@ void clsLocation::GenerateID() {
 }
 
 bool clsLocation::Edit() {
-  return runDialog(*this, EntityKind::Location, g_LocationChanges,
+  return runDialog(*this, EntityKind::Location, g_LocationChanges, "clsLocation",
                    [&] { return entityDialogs().location && entityDialogs().location(*this); });
 }
 
@@ -90,7 +92,7 @@ void clsItem::GenerateID() {
 }
 
 bool clsItem::Edit() {
-  return runDialog(*this, EntityKind::Item, g_ItemChanges,
+  return runDialog(*this, EntityKind::Item, g_ItemChanges, "clsItem",
                    [&] { return entityDialogs().item && entityDialogs().item(*this); });
 }
 

@@ -1,6 +1,7 @@
 #include "model/clsChapter.h"
 
 #include "infra/Guard.h"
+#include "infra/RuntimeError.h"
 #include "infra/cSharedLogging.h"
 #include "model/EntityDialogs.h"
 #include "model/Globals.h"
@@ -8,6 +9,12 @@
 #include "model/clsScene.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kModule = "clsChapter";
+
+}  // namespace
 
 qint32 clsChapter::ID() {
   if (id_ == 0) {
@@ -45,6 +52,9 @@ std::shared_ptr<clsScene> clsChapter::SceneByIndex(qint32 index) const {
 }
 
 void clsChapter::adopt(const std::shared_ptr<clsScene>& scene) {
+  if (!scene) {
+    throw RuntimeError(RuntimeError::NoObject);
+  }
   if (!scene->InScenes) {
     g_Project->Addscene(scene);
   }
@@ -52,15 +62,18 @@ void clsChapter::adopt(const std::shared_ptr<clsScene>& scene) {
 }
 
 void clsChapter::Addscene(const std::shared_ptr<clsScene>& scene) {
-  adopt(scene);
-  Guard("Addscene", "clsChapter")([&] { scenes_.append(scene->ID()); });
+  Guard("Addscene", kModule)([&] {
+    adopt(scene);
+    scenes_.append(scene->ID());
+  });
 }
 
 void clsChapter::InsertScene(const std::shared_ptr<clsScene>& scene, qint32 position) {
-  adopt(scene);
   const bool atEnd = scenes_.isEmpty() || position == 0 || position > scenes_.Count();
-  Guard("InsertScene",
-        "clsChapter")([&] { atEnd ? scenes_.append(scene->ID()) : scenes_.insertBefore(scene->ID(), position); });
+  Guard("InsertScene", kModule)([&] {
+    adopt(scene);
+    atEnd ? scenes_.append(scene->ID()) : scenes_.insertBefore(scene->ID(), position);
+  });
 }
 
 void clsChapter::UpdateBelongsToChapter() {
@@ -93,12 +106,14 @@ void clsChapter::Edit() {
     return;
   }
   EditOpen = true;
-  runDialog(false);
+  Guard("Edit", kModule)([&] { runDialog(false); });
   EditOpen = false;
 }
 
 bool clsChapter::Add() {
-  return runDialog(true);
+  bool accepted = false;
+  Guard("Add", kModule)([&] { accepted = runDialog(true); });
+  return accepted;
 }
 
 void clsChapter::Clear() {

@@ -29,15 +29,11 @@ constexpr int kRTFFileIndex = 4;
 constexpr double kHoursADay = 24;
 constexpr double kMinutesADay = 1440;
 
-bool isUsedByAScene(const QString& name) {
-  return std::any_of(g_Project->Scenes.begin(), g_Project->Scenes.end(),
-                     [&](const auto& scene) { return scene->RTFFilename() == name; });
-}
-
 /// The next free file name. The folder is relative, so the test for a file of that name looks in the working
 /// directory and normally finds none: the stored counter is what keeps names unique. Where that has fallen behind,
 /// a name that a scene has is passed over, so that no scene is written over another.
-QString GenerateFilename(const QString& folder, const QString& prefix, int fileIndex, const QString& extension) {
+QString GenerateFilename(const QString& folder, const QString& prefix, int fileIndex, const QString& extension,
+                         const QSet<QString>& taken) {
   const QString base = Files().AddSlashIfMissing(folder);
   QString ending = extension.isEmpty() ? u".txt"_s : extension;
   if (!ending.contains(u'.')) {
@@ -48,7 +44,7 @@ QString GenerateFilename(const QString& folder, const QString& prefix, int fileI
   do {
     number = number == std::numeric_limits<qint32>::max() ? 1 : number + 1;
     name = prefix + QString::number(number).rightJustified(5, u'0') + ending;
-  } while (Files().FileExists(base + name) || isUsedByAScene(name));
+  } while (Files().FileExists(base + name) || taken.contains(name));
   g_Project->setLastFileIndex(fileIndex, number);
   return name;
 }
@@ -118,9 +114,10 @@ QString clsScene::RTFFileWithPath() const {
   return g_Project->Path() + u"RTF"_s + Paths::separator() + rtfFilename_;
 }
 
-void clsScene::NameRTFFile() {
+void clsScene::NameRTFFile(QSet<QString>& taken) {
   if (rtfFilename_.isEmpty()) {
-    rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s);
+    rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s, taken);
+    taken.insert(rtfFilename_);
     rtfChanged_ = true;
   }
 }
@@ -131,6 +128,7 @@ void clsScene::setTextRTF(const QByteArray& rtf) {
   }
   textRTF_ = rtf;
   textUnread_ = false;
+  undecodedRTF_.clear();
   wordsStale_ = true;
   ++textStamp_;
   rtfChanged_ = true;
@@ -237,11 +235,16 @@ bool clsScene::mirrorWanted() {
 }
 
 void clsScene::SaveRTF(bool force, bool mirror) {
-  if (textUnread_) {
+  // A file that is there may hold the text that wasn't read. Where there is none an empty one has to do: a project
+  // one of whose scenes has no file can't be opened.
+  if (textUnread_ && Files().FileExists(RTFFileWithPath())) {
     return;
   }
-  if (rtfFilename_.isEmpty() || force || rtfChanged_) {
-    NameRTFFile();
+  if (rtfFilename_.isEmpty() || force || rtfChanged_ || textUnread_) {
+    if (rtfFilename_.isEmpty()) {
+      QSet<QString> taken = g_Project->Scenes.TextFileNames();
+      NameRTFFile(taken);
+    }
     rtfChanged_ = !(holdsAlready(RTFFileWithPath(), textRTF_) ||
                     Files().SaveTextFile(RTFFileWithPath(), QByteArrayView(textRTF_)));
     if (rtfChanged_) {
@@ -299,6 +302,7 @@ void clsScene::Clear() {
   rtfFilename_.clear();
   rtfChanged_ = false;
   textUnread_ = false;
+  undecodedRTF_.clear();
   plainText_.clear();
   ++textStamp_;
   wordsStale_ = true;

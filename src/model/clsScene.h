@@ -3,6 +3,7 @@
 #include "model/IDList.h"
 
 #include <QByteArray>
+#include <QSet>
 #include <QString>
 
 #include <array>
@@ -58,6 +59,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   qint16 Field(int index) const;
   void setField(int index, qint16 value);
 
+  /// Notes that are blanks and line ends alone are none.
   bool HasNote() const;
   /// An editor is open.
   bool Locked();
@@ -69,8 +71,9 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// Throws RuntimeError 5 for a name that the project file can't hold.
   void setRTFFilename(const QString& name);
   QString RTFFileWithPath() const;
-  /// Gives the scene a file name where it has none; the file is written by the next SaveRTF.
-  void NameRTFFile();
+  /// Gives the scene a file name where it has none; the file is written by the next SaveRTF. `taken` holds the names
+  /// of all scenes, this one's afterwards too.
+  void NameRTFFile(QSet<QString>& taken);
   const QByteArray& TextRTF() const { return textRTF_; }
   /// A change, or an assignment of empty text, makes the counts stale and the file due for writing.
   void setTextRTF(const QByteArray& rtf);
@@ -161,8 +164,11 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
   bool rtfChanged_ = false;
-  /// The stored text could not be read: nothing is written over what may be left of it until there is a new one.
+  /// The stored text was not read, or could not be: nothing is written over what may be left of it until there is a
+  /// new one.
   bool textUnread_ = false;
+  /// The text of a single file that could not be decoded; it goes back into the next one as it was.
+  QByteArray undecodedRTF_;
   /// The editor is being closed.
   bool finishing_ = false;
   /// Grow by one with each change of the text; equal when the plain text is up to date.

@@ -1,3 +1,4 @@
+#include "infra/Guard.h"
 #include "model/Globals.h"
 #include "model/SceneEditor.h"
 #include "model/clsScene.h"
@@ -30,8 +31,13 @@ void clsScene::Edit() {
     return;
   }
   EditingScene = true;
-  editor->EditScene(ID());
-  editor->Show();
+  const Guard guard("Edit", "clsScene");
+  if (!guard([&] { editor->EditScene(ID()); })) {
+    // A window that doesn't hold the scene must not be saved from.
+    fEditor_Finished();
+    return;
+  }
+  guard([&] { editor->Show(); });
   toolkit().DoEvents();
 }
 
@@ -41,8 +47,8 @@ void clsScene::Add() {
     return;
   }
   SavedByEditor = false;
-  editor->EditScene(ID());
-  editor->ShowModal();
+  const bool filled = Guard("Add", "clsScene")([&] { editor->EditScene(ID()); });
+  filled ? editor->ShowModal() : fEditor_Finished();
 }
 
 void clsScene::fEditor_Finished() {

@@ -147,8 +147,9 @@ bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
 }
 
 void clsScenes::NameScenesText() {
+  QSet<QString> taken = TextFileNames();
   for (const Pointer& scene : *this) {
-    scene->NameRTFFile();
+    scene->NameRTFFile(taken);
   }
 }
 

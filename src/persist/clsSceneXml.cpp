@@ -59,8 +59,10 @@ void clsScene::DataAsXML(QByteArray& out, bool singleFile) {
   element.list(kSceneCharacters, kCharID, characters_);
   element.list(kSceneLocations, kLocID, locations_);
   element.list(kSceneItems, kItemID, items_);
-  if (singleFile) {
+  if (singleFile && !textUnread_) {
     element.base64(kSceneRTF, kCData, Html().encodedMime64(textRTF_));
+  } else if (singleFile && !undecodedRTF_.isEmpty()) {
+    element.base64(kSceneRTF, kCData, undecodedRTF_);
   }
 }
 
@@ -118,20 +120,19 @@ void clsScene::readLists(const TagView& element) {
 void clsScene::readRTF(const TagView& element) {
   using namespace modConstXML;
   if (!element.contains(kSceneRTF)) {
+    textUnread_ = true;
     return;
   }
-  const QByteArray stored = element.bytes(kSceneRTF);
-  if (stored.isEmpty()) {
-    return;
-  }
+  const QByteArray stored = Tags::ExtractBetweenTags(element.bytes(kSceneRTF), kCData);
   const bool countKnown = !wordsStale_;
   try {
-    setTextRTF(Html().decodedMime64(Tags::ExtractBetweenTags(stored, kCData)));
+    setTextRTF(Html().decodedMime64(stored));
     wordsStale_ = !countKnown;
   } catch (const RuntimeError& error) {
     Logging().AddDebug(
         error.description() + u" ("_s + QString::number(error.number()) + u") in the text of scene '"_s + Title + u'\'',
         u"CreateFromXML"_s, u"clsScene"_s);
     textUnread_ = true;
+    undecodedRTF_ = stored;
   }
 }

@@ -88,12 +88,20 @@ size_t clsHashTable::chainOf(qint32 id) const {
 }
 
 size_t clsHashTable::chainOf(QStringView text, quint32 check) const {
-  QVarLengthArray<char, 64> key(text.size() + 1);
-  std::transform(text.begin(), text.end(), key.begin(), [](QChar character) {
-    const int byte = CodePage::toByte(character.unicode());
-    return byte < 0 ? '?' : static_cast<char>(byte);
-  });
-  key.back() = '\0';
+  QVarLengthArray<char, 64> key;
+  key.reserve(text.size() + 1);
+  for (const QChar character : text) {
+    const char16_t unit = character.unicode();
+    const int byte = CodePage::toByte(unit);
+    if (byte > 0) {
+      key.push_back(static_cast<char>(byte));
+      continue;
+    }
+    // Two bytes that end no key: the words of other scripts must not share one.
+    key.push_back(static_cast<char>(0x80 | unit >> 9));
+    key.push_back(static_cast<char>(0x80 | (unit & 0x7F)));
+  }
+  key.push_back('\0');
   return chainOf(key.constData(), check);
 }
 

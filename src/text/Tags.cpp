@@ -240,7 +240,7 @@ std::vector<QByteArrayView> ExtractXMLArray(QByteArrayView text, const Tag& tag,
   const QByteArrayView span = ExtractWithTags(text, tag);
   std::vector<QByteArrayView> pieces;
   qsizetype from = 0;
-  for (qsizetype at = find(span, delimiter); at >= 0; at = find(span, delimiter, from)) {
+  for (qsizetype at = delimiter.isEmpty() ? -1 : find(span, delimiter); at >= 0; at = find(span, delimiter, from)) {
     pieces.push_back(span.sliced(from, at - from));
     from = at + delimiter.size();
   }

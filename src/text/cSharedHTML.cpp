@@ -301,7 +301,8 @@ QString cSharedHTML::replacedByC(const char* routine, const QString& text, const
     const QString searched = cs == Qt::CaseSensitive ? text : folded(text);
     const QString wanted = cs == Qt::CaseSensitive ? find : folded(find);
     const qsizetype growth = std::max<qsizetype>(0, replace.size() - find.size());
-    QString out(text.size() + text.size() / find.size() * growth, Qt::Uninitialized);
+    const qsizetype hits = growth == 0 ? 0 : QStringView(searched).count(wanted);
+    QString out(text.size() + hits * growth, Qt::Uninitialized);
     const size_t size = cReplace(unitsIn(text), unitsIn(searched), sizeOf(text), unitsIn(wanted), sizeOf(wanted),
                                  unitsIn(replace), sizeOf(replace), unitsOf(out));
     out.truncate(static_cast<qsizetype>(size));
@@ -327,6 +328,9 @@ QString cSharedHTML::RemoveChar(const QString& text, const QString& character) c
   QString result = text;
   if (text.isEmpty() || character.isEmpty()) {
     return result;
+  }
+  if (character.size() > 1 && character[0].isHighSurrogate() && character[1].isLowSurrogate()) {
+    return replacedByC("RemoveChar", text, character.first(2), {}, Qt::CaseSensitive);
   }
   withLibrary("RemoveChar", [&] {
     const auto routine = qnHtml().cRemoveChar;
@@ -370,10 +374,12 @@ qint32 cSharedHTML::CalcWordCount(QStringView text) const {
 }
 
 QByteArray cSharedHTML::encodedMime64(QByteArrayView bytes) const {
+  testLibrary();
   return encodedBy(qnHtml2().cEncode64String, bytes.data(), bytes.size());
 }
 
 QByteArray cSharedHTML::decodedMime64(QByteArrayView text) const {
+  testLibrary();
   const auto decode = qnHtml2().cDecode64String;
   QByteArray out((text.size() / 4 + 1) * 3, Qt::Uninitialized);
   const std::ptrdiff_t size = decode(text.data(), static_cast<size_t>(text.size()), out.data());

@@ -10,7 +10,8 @@
 
 /// HTML, entities, tags, escapes and Base64 over the helper libraries. The routines that need one are marked (L):
 /// when it is missing they say so in the log under their own name and give their input back, or 0; the user is told
-/// once that the library is required. "Trim" means blanks alone; a text compare ignores case.
+/// once that the library is required, at the first call that needs one. "Trim" means blanks alone; a text compare
+/// ignores case.
 class cSharedHTML {
  public:
   cSharedHTML();

@@ -1,5 +1,6 @@
 #include "text/modWordcount.h"
 
+#include "infra/Guard.h"
 #include "spell/clsHashTable.h"
 #include "text/TextBasics.h"
 
@@ -119,5 +120,5 @@ class Breaker {
 // The told order of steps works on the whole text, but only its first step touches what parts the pieces: all others
 // are done piece by piece, with the same result.
 void BreakAndHash(clsHashTable& table, QStringView text) {
-  Breaker(table).take(text);
+  Guard("BreakAndHash", "modWordcount")([&] { Breaker(table).take(text); });
 }

@@ -70,6 +70,33 @@ TEST_F(Collections, RemovingWhatIsNotThereIsLoggedAndChangesNothing) {
   EXPECT_EQ(g_Project->CharByID(1)->Title(), QString());
 }
 
+TEST_F(Collections, NoObjectIsLoggedAndAddedNowhere) {
+  g_Project->AddChapter(g_Project->ChapterByIndex(99));
+  g_Project->Addscene(nullptr);
+  g_Project->Chars.setCharByIndex(1, nullptr);
+  g_Project->ChapterByID(1)->Addscene(g_Project->SceneByIndex(99));
+  g_Project->ChapterByID(1)->InsertScene(nullptr, 1);
+  EXPECT_TRUE(logged(u"(91) in InsertScene of module clsChapter"_s));
+  EXPECT_EQ(g_Project->ChapterCount() + g_Project->SceneCount() + g_Project->CharCount(), 11);
+  EXPECT_EQ(g_Project->ChapterByID(1)->SceneCount(), 2);
+}
+
+TEST_F(Collections, ASceneThatWasTakenOutComesBackWholeWithItsChapter) {
+  const auto scene = g_Project->SceneByID(1);
+  g_Project->RemoveSceneByID(1);
+  EXPECT_FALSE(scene->InScenes);
+  g_Project->ChapterByID(2)->Addscene(scene);
+  EXPECT_EQ(g_Project->SceneByID(1), scene);
+  const auto other = std::make_shared<clsScene>();
+  g_Project->Scenes.setSceneByIndex(1, other);
+  EXPECT_TRUE(other->InScenes);
+  EXPECT_EQ(g_Project->SceneByIndex(1), other);
+  const auto twin = std::make_shared<clsScene>();
+  twin->setID(other->ID());
+  g_Project->Scenes.setSceneByIndex(2, twin);
+  EXPECT_FALSE(twin->InScenes || g_Project->SceneByIndex(2) == twin);
+}
+
 TEST_F(Collections, ClearReleasesScenesAndLeavesChaptersAsTheyAre) {
   const auto scene = g_Project->SceneByID(1);
   const auto chapter = g_Project->ChapterByID(1);

@@ -186,6 +186,20 @@ TEST_F(Project, ADialogThatIsOpenComesForwardAndIsNotOpenedTwice) {
   EXPECT_FALSE(person->EditOpen || chapter->EditOpen || g_CharChanges.AnyLocked());
 }
 
+TEST_F(Project, ADialogThatFailsCountsAsCancelledAndReleasesItsRecord) {
+  entityDialogs().character = [](clsCharacter&, qint32) -> bool { throw RuntimeError(RuntimeError::OutOfMemory); };
+  entityDialogs().chapter = [](const ChapterDetails&, bool) -> std::optional<ChapterDetails> {
+    throw RuntimeError(RuntimeError::OutOfMemory);
+  };
+  const auto person = g_Project->CharByID(2);
+  const auto chapter = g_Project->ChapterByID(1);
+  EXPECT_FALSE(person->Edit(0));
+  chapter->Edit();
+  EXPECT_FALSE(g_Project->EnterNewChapter());
+  EXPECT_FALSE(person->EditOpen || chapter->EditOpen || g_CharChanges.AnyLocked());
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"(7) in Add of module clsChapter"_s));
+}
+
 TEST_F(Project, ANeverSavedProjectHasNoFolder) {
   g_Project->FileWithPath.clear();
   EXPECT_TRUE(g_Project->Path() == u"./"_s || g_Project->Path() == u".\\"_s);

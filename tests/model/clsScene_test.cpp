@@ -8,12 +8,15 @@
 #include "model/SceneEditor.h"
 #include "model/clsChapter.h"
 #include "model/clsCharacter.h"
+#include "model/clsItem.h"
+#include "model/clsLocation.h"
 #include "model/clsProject.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
 
@@ -25,7 +28,12 @@ namespace {
 class RecordingEditor : public SceneEditor {
  public:
   explicit RecordingEditor(QStringList& calls) : calls_(calls) {}
-  void EditScene(qint32 id) override { calls_ += u"EditScene %1"_s.arg(id); }
+  void EditScene(qint32 id) override {
+    calls_ += u"EditScene %1"_s.arg(id);
+    if (whenFilled) {
+      whenFilled();
+    }
+  }
   void Show() override { note(u"Show"_s, true); }
   void Activate() override { calls_ += u"Activate"_s; }
   void ShowModal() override {
@@ -47,6 +55,7 @@ class RecordingEditor : public SceneEditor {
   void UpdateCombos() override { calls_ += u"Combos"_s; }
 
   bool saved = false;
+  std::function<void()> whenFilled;
   std::function<void()> whileModal;
 
  private:
@@ -159,6 +168,57 @@ TEST_F(Scene, CachedCountsSurviveALoadAndAreCountedAnewWhenForced) {
   EXPECT_EQ(scene.Wordcount(), 3);
 }
 
+TEST_F(Scene, FileNamesAreCountedAndAFileInTheWorkingDirectoryIsPassedOver) {
+  const ScratchFolder scratch;
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(scratch.path()));
+  QDir(scratch.path()).mkdir(u"RTF"_s);
+  writeFile(u"RTF/RTF_100001.rtf"_s, "taken");
+  writeFile(u"RTF_100000.rtf"_s, "bare");
+  g_Project->FileWithPath = scratch.path(u"book/a.qn4"_s);
+  QDir().mkpath(scratch.path(u"book/RTF"_s));
+  g_Project->setLastFileIndex(4, 99'999);
+  g_Project->Scenes.SaveScenesText(false);
+  EXPECT_EQ(g_Project->SceneByID(1)->RTFFilename(), u"RTF_100000.rtf"_s);
+  EXPECT_EQ(g_Project->SceneByID(2)->RTFFilename(), u"RTF_100002.rtf"_s);
+  EXPECT_EQ(g_Project->LastFileIndex(4), 100'005);
+  EXPECT_TRUE(g_Project->SceneByID(1)->EraseScene());
+  EXPECT_FALSE(QFileInfo::exists(scratch.path(u"RTF_100000.rtf"_s)));
+  EXPECT_TRUE(QFileInfo::exists(g_Project->SceneByID(1)->RTFFileWithPath())) << "the project's own file stays";
+  QDir::setCurrent(before);
+}
+
+TEST_F(Scene, TellsItsTimeAndWhetherItHasANote) {
+  clsScene scene;
+  EXPECT_EQ(scene.StartDate(), 0);
+  scene.Day = 2;
+  scene.Hour = 18;
+  scene.Minute = 45;
+  EXPECT_DOUBLE_EQ(scene.StartDate(), 2.78125);
+  scene.Notes = u" \r\n "_s;
+  EXPECT_FALSE(scene.HasNote());
+  scene.Notes += u'x';
+  EXPECT_TRUE(scene.HasNote());
+  EXPECT_EQ(g_Project->SceneByIndex(1)->LocationByIndex(1)->Title, u"The pier"_s);
+  EXPECT_EQ(g_Project->SceneByIndex(1)->ItemByIndex(1)->Title, u"A lamp"_s);
+}
+
+TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {
+  const ScriptedToolkit screen;
+  const auto scene = g_Project->SceneByIndex(1);
+  sceneEditorFactory() = [this] {
+    auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
+    made->whenFilled = [] { throw RuntimeError(RuntimeError::OutOfMemory); };
+    return made;
+  };
+  scene->Edit();
+  EXPECT_EQ(calls_, (QStringList{u"EditScene 1"_s, u"Unload"_s}));
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  EXPECT_FALSE(g_SceneChanges.AnyLocked());
+}
+
 TEST_F(Scene, EditLocksTheRecordAndOpensOneWindowOnly) {
   const ScriptedToolkit screen;
   const auto scene = g_Project->SceneByIndex(1);
@@ -230,7 +290,7 @@ TEST_F(Scene, WordsAreCountedInAnyScript) {
                                            {u" - -- --- "_s, 0},
                                            {u"foo_bar “quoted” (x)"_s, 3},
                                            {u"Идут белые снеги"_s, 3},
-                                           {u"Ὀδυσσεύς 100% ½"_s, 2},
+                                           {u"Ὀδυσσεύς 100% ½"_s, 3},
                                            {u"naïve café\u00A0noir"_s, 3},
                                            {u"🙂 𝔘𝔫𝔦"_s, 1},
                                            {u"—“Да”—нет…"_s, 2},

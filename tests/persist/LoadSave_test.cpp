@@ -203,6 +203,30 @@ TEST_F(LoadSave, TextThatIsNoBase64LosesThatTextAloneAndIsLogged) {
   EXPECT_TRUE(logText().contains(u"scene 'Arrival 2'"_s));
 }
 
+// A single file with one text that can't be decoded and one that isn't there, saved as a folder that has no such files.
+TEST_F(LoadSave, AProjectWithUnreadTextsIsSavedWholeAndOpensAgain) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  g_Project->FileWithPath = scratch_.path(u"one/Small.qnc4"_s);
+  ASSERT_TRUE(g_Project->SaveQNC4(false));
+  QByteArray text = fileBytes(g_Project->FileWithPath);
+  text.replace(simpleRtf("four five").toBase64(), "e1x*broken");
+  const qsizetype block = text.indexOf("\t\t<SCENERTF>");
+  text.remove(block, text.indexOf("</SCENERTF>\r\n", block) + 13 - block);
+  writeFile(g_Project->FileWithPath, text);
+  screen_.expectBox(u"You've loaded an all-in-one"_s);
+  ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
+  const QString single = g_Project->FileWithPath;
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  const QString saved = g_Project->FileWithPath;
+  g_Project->FileWithPath = scratch_.path(u"two/Small.qnc4"_s);
+  ASSERT_TRUE(g_Project->SaveQNC4(false));
+  EXPECT_EQ(fileBytes(g_Project->FileWithPath), text) << "what wasn't read is handed on as it was";
+  ASSERT_TRUE(g_Project->Load(saved, false));
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  EXPECT_EQ(g_Project->SceneByIndex(1)->TextRTF() + g_Project->SceneByIndex(2)->TextRTF(), "");
+  EXPECT_EQ(g_Project->SceneByIndex(3)->TextRTF(), simpleRtf("six seven eight nine"));
+}
+
 TEST_F(LoadSave, SaveAsWritesEveryTextIntoTheNewFolder) {
   ASSERT_TRUE(g_Project->Load(path_, false));
   screen_.expectFile(scratch_.path(u"copy/Copy.qn4"_s));

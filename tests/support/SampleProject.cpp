@@ -1,5 +1,6 @@
 #include "support/SampleProject.h"
 
+#include "infra/cSharedLogging.h"
 #include "model/Globals.h"
 #include "model/clsChapter.h"
 #include "model/clsCharacter.h"
@@ -68,6 +69,8 @@ void addChapters() {
 }  // namespace
 
 void newProject() {
+  // What is logged from now on stands alone.
+  Logging().WriteActionsToLog();
   g_Project = std::make_unique<clsProject>();
   initChangeTables();
 }

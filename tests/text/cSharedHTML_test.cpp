@@ -94,7 +94,7 @@ TEST(WordCount, PartsWordsAsSettled) {
 
 TEST(WordCount, AgreesWithASimpleCount) {
   std::mt19937 random(3);
-  const QString alphabet = u"ab  --'.—–_,\n1éЖ…“"_s;
+  const QString alphabet = u"ab  --'.—–_,\n1éЖ…“½²ˆ"_s;
   for (int round = 0; round < 3000; ++round) {
     QString text;
     for (auto length = random() % 60; length > 0; --length) {
@@ -192,15 +192,22 @@ TEST(cSharedHTML, ReaderFormat) {
                {u"<h1>T</h1><H6 id='1'>t</H6><hr><HR/>"_s, u"[h1]T[/h1][h6]t[/h6][hr][hr]"_s},
                {u"<center>a</center><p align=center>b</p><p>c</p>"_s, u"[c]a[/c][c]b[/c]<p>c</p>"_s},
                {u"<P ALIGN='CENTER'>a<p>b"_s, u"[c]a[/c]b"_s},
-               {u"<p style=\"text-align: center\">a<p align=center>b"_s, u"[c]a[/c][c]b"_s},
+               {u"<p style=\"text-align: center\">a<p align=center>b"_s, u"[c]a[/c][c]b[/c]"_s},
                {u"<div align=center>a<div>b</div>c</div>d</div>"_s, u"[c]a<div>b</div>c[/c]d</div>"_s},
                {u"<h2 align=\"center\">T</h2><h2>t</h2>"_s, u"[c][h2]T[/h2][/c][h2]t[/h2]"_s},
                {u"<br><blockquote><bold><b <i>x</hr><>"_s, u"<br><blockquote><bold><b [i]x</hr><>"_s},
+               {u"<p align=center>a<div>b</div><h1>c</h1>"_s, u"[c]a[/c]<div>b</div>[h1]c[/h1]"_s},
+               {u"<p align=center>a"_s, u"[c]a[/c]"_s},
+               {u"<p style='vertical-align: center' class=\"talign center align center\">a"_s,
+                u"<p style='vertical-align: center' class=\"talign center align center\">a"_s},
+               {u"<i/>a<b />"_s, u"<i/>a<b />"_s},
+               {u"<!-- <p align=center><b> --><p>a</p><!-- <i>"_s, u"<!-- <p align=center><b> --><p>a</p><!-- [i]"_s},
                {u"a[PB]b"_s, u"a\r\n[pb]\r\nb"_s},
                {u"[pb]"_s, u"[pb]"_s},
                {u"<p>[pb]</p>\r\n[pb]\r\nЖ"_s, u"<p>\r\n[pb]\r\n</p>\r\n[pb]\r\nЖ"_s}});
   expectTexts(&cSharedHTML::HtmlToPagelingText,
-              {{u"<head>x</head><p>a <b>b</b></p>[pb]<p>&eacute;</p>"_s, u"a [b]b[/b]\r\n[pb]\r\né"_s}});
+              {{u"<head>x</head><p>a <b>b</b></p>[pb]<p>&eacute;</p>"_s, u"a [b]b[/b]\r\n[pb]\r\né"_s},
+               {u"<!-- <div align=center> --><div>one</div> two</div>"_s, u"one two"_s}});
 }
 
 TEST(cSharedHTML, SmallTools) {
@@ -216,6 +223,7 @@ TEST(cSharedHTML, SmallTools) {
   EXPECT_EQ(Html().RemoveChar(u"banana"_s, u"ax"_s), u"bnn"_s);
   EXPECT_EQ(Html().RemoveChar(u"ЖaЖ"_s, u"Ж"_s), u"a"_s);
   EXPECT_EQ(Html().RemoveChar(u"a"_s, QString()), u"a"_s);
+  EXPECT_EQ(Html().RemoveChar(u"😀a😁😀"_s, u"😀"_s), u"a😁"_s) << "a pair is one character";
   EXPECT_EQ(Html().cInstr(u"abC", u"c"), 3);
   EXPECT_EQ(Html().cInstr(u"abC", u"x"), 0);
   QByteArray bytes;
@@ -272,6 +280,14 @@ TEST(cSharedHTML, ValuesBetweenTags) {
   EXPECT_EQ(Html().EncloseBool(true, u"V"), u"<V>-1</V>"_s);
   EXPECT_EQ(Html().EncloseDate(2, u"V"), u"<V>1900-01-01</V>"_s);
   EXPECT_EQ(Html().EncloseFloat(0.1, u"V"), u"<V>0.1</V>"_s);
+}
+
+// Room for a hit at every place would be 200 GB.
+TEST(cSharedHTML, AReplacementTakesTheRoomThatItNeedsAndNoMore) {
+  const QString text = u"x"_s.repeated(100'000) + u"[[B]]"_s;
+  const QString body = u"y"_s.repeated(1'000'000);
+  EXPECT_EQ(Html().ReplaceUsingC(text, u"[[B]]"_s, body).size(), 1'100'000);
+  EXPECT_EQ(Html().ReplaceWith(text, u"[[b]]"_s, body).size(), 1'100'000);
 }
 
 TEST(cSharedHTML, EnclosedValuesReadBack) {
@@ -349,7 +365,7 @@ TEST(cSharedHTML, AnyHtmlIsTaken) {
                                    "</head>",  QByteArray("\0", 1),
                                    "<<",       "</"};
   const QRegularExpression comment(u"<!--.*?-->"_s, QRegularExpression::DotMatchesEverythingOption);
-  const QRegularExpression tag(u"<[^<>]*>"_s);
+  const QRegularExpression tag(u"<(?!!--)[^<>]*>"_s);
   const Text operations[] = {&cSharedHTML::StripHtml,       &cSharedHTML::HtmlToChar,
                              &cSharedHTML::CharToHtml,      &cSharedHTML::HTMLConstToChar,
                              &cSharedHTML::HtmlToPlainText, &cSharedHTML::HtmlToPagelingText,
