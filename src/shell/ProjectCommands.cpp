@@ -4,6 +4,7 @@
 #include "infra/cSharedFileSubs.h"
 #include "model/Globals.h"
 #include "model/clsProject.h"
+#include "model/clsScene.h"
 #include "shell/InputShield.h"
 #include "shell/MainMenuBar.h"
 #include "shell/MainPanes.h"
@@ -12,9 +13,22 @@
 #include "shell/modCreateProject.h"
 #include "toolkit/Toolkit.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// A save failed and was given up, or could not write a scene: something is in memory alone. The texts of a single
+/// file are on the disk in that.
+bool isInMemoryAlone() {
+  if (g_Project->SceneCount() == 0 && g_Project->ChapterCount() == 0) {
+    return false;
+  }
+  return g_Project->FileWithPath.isEmpty() || (Files().ExtOnly(g_Project->FileWithPath).toLower() != u"qnc4"_s &&
+                                               std::any_of(g_Project->Scenes.begin(), g_Project->Scenes.end(),
+                                                           [](const auto& scene) { return scene->RTFChanged(); }));
+}
 
 /// An older project is written anew in the present form: only when the user wants that.
 bool conversionWanted(const QString& path) {
@@ -73,6 +87,16 @@ void ProjectCommands::saveIfChanged() {
   }
 }
 
+bool ProjectCommands::mayReplaceProject() {
+  if (main_.ProjectChanged || isInMemoryAlone()) {
+    SaveProject(false);
+  }
+  return !isInMemoryAlone() ||
+         toolkit().MsgBox(
+             u"The project could not be saved whole. What isn't saved is lost if you go on. Do you want to go on?"_s,
+             Buttons::YesNo) == Answer::Yes;
+}
+
 void ProjectCommands::AddToRecent(const QString& Path) {
   RecentProjects::AddToRecent(Path);
   UpdateRecent();
@@ -93,7 +117,9 @@ bool ProjectCommands::CloseProject() {
     if (main_.refusedWhileEditing()) {
       return true;
     }
-    SaveProject(false);
+  }
+  if (!mayReplaceProject()) {
+    return false;
   }
   showEmptyProject();
   return true;
@@ -109,7 +135,9 @@ void ProjectCommands::mnuLoadProj_Click() {
     return;
   }
   main_.stopUpdateCheck();
-  saveIfChanged();
+  if (!mayReplaceProject()) {
+    return;
+  }
   main_.StopScanTimer();
   const QString path =
       toolkit().OpenFileDialog({u"Open"_s, u"*.qn3;*.qn4;*.qnc4"_s, QString(), Paths::documentsFolder()});
@@ -129,7 +157,9 @@ void ProjectCommands::mnuRecent_Click(const QString& Path) {
     return;
   }
   main_.stopUpdateCheck();
-  saveIfChanged();
+  if (!mayReplaceProject()) {
+    return;
+  }
   main_.StopScanTimer();
   LoadProject(Path, true);
   setMenusByProject();
@@ -163,8 +193,9 @@ void ProjectCommands::mnuNewProj_Click() {
   if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
-  main_.StopScanTimer();
-  saveIfChanged();
+  if (!mayReplaceProject()) {
+    return;
+  }
   main_.StopScanTimer();
   const bool created = CreateEmptyProject();
   created ? main_.EnableMenus() : main_.DisableMenus();

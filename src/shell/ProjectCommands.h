@@ -16,7 +16,8 @@ class ProjectCommands {
   void saveIfChanged();
   void AddToRecent(const QString& Path);
   void UpdateRecent();
-  /// True when it was done, and also when open editors stood in the way of saving.
+  /// True when it was done, and also when open editors stood in the way of saving. False when the project could not
+  /// be saved and the user keeps it.
   bool CloseProject();
 
   void mnuLoadProj_Click();
@@ -29,6 +30,8 @@ class ProjectCommands {
   void mnuSaveToSingleFile_Click();
 
  private:
+  /// Saves what is to be saved; what can't be is asked about. False when the project has to stay.
+  bool mayReplaceProject();
   bool readProject(const QString& path, bool showProgress);
   void showEmptyProject();
   void setMenusByProject();

@@ -211,6 +211,35 @@ TEST_F(ProjectCommandsTest, ClosingAChangedProjectIsRefusedWhileASceneIsOpen) {
   EXPECT_EQ(g_Project->FileWithPath, path);
 }
 
+TEST_F(ProjectCommandsTest, ABookThatCouldNotBeSavedIsReplacedOnlyWhenTheUserSaysSo) {
+  const QString path = smallProject();
+  startWith(path);
+  const QString question = u"The project could not be saved whole."_s;
+  // As it is after a save that failed and was given up.
+  g_Project->FileWithPath.clear();
+  toolkit.expectFile({});
+  toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+  toolkit.expectBox(question, Answer::No);
+  EXPECT_FALSE(window().project().CloseProject());
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  g_Project->FileWithPath = path;
+  // The file of a scene can't be written.
+  const QString text = g_Project->SceneByID(1)->RTFFileWithPath();
+  ASSERT_TRUE(QFile::remove(text) && QDir().mkpath(text));
+  g_Project->SceneByID(1)->setTextRTF(simpleRtf("not lost"));
+  window().SaveProject(false);
+  ASSERT_FALSE(window().ProjectChanged);
+  for (const char* command : {"mnuLoadProj", "mnuNewProj", "mnuRecent(1)"}) {
+    toolkit.expectBox(question, Answer::No);
+    trigger(command);
+    EXPECT_EQ(g_Project->SceneByID(1)->TextRTF(), simpleRtf("not lost")) << command;
+  }
+  ASSERT_TRUE(QDir().rmdir(text));
+  trigger("mnuCloseProject");
+  EXPECT_EQ(g_Project->SceneCount(), 0);
+  EXPECT_EQ(fileBytes(text), simpleRtf("not lost"));
+}
+
 TEST_F(ProjectCommandsTest, AnEmptyProjectIsMadeWhereTheUserSays) {
   startWith(smallProject());
   const QString path = folder.path(u"New/Fresh.qn4"_s);
