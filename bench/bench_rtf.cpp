@@ -1,14 +1,12 @@
 // RTF to plain text, to rich text and back, beside a plain byte walk over the same bytes in the same run.
 // Of writing, it is the bytes that are written. The counter "ratio" is the time of the walk's multiple; the goals
 // are 2.5, 6 and 2.
+#include "Paired.h"
+#include "Yardsticks.h"
 #include "text/Rtf.h"
 
-#include <QFile>
 #include <QString>
 
-#include <array>
-#include <benchmark/benchmark.h>
-#include <chrono>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -95,53 +93,16 @@ const QByteArray& generated(Style style, qsizetype megabytes) {
 }
 
 QByteArray novel(Style style) {
-  for (const QString& beside : {u"/../shared"_s, u"/../../shared"_s}) {
-    QFile file(QStringLiteral(QUILLANE_SOURCE_DIR) + beside + u"/novels/war-and-peace.txt"_s);
-    if (file.open(QIODevice::ReadOnly)) {
-      return rtfOf(QString::fromUtf8(file.readAll()).split(u'\n'), style);
-    }
-  }
-  return {};
-}
-
-/// The yardstick: every byte looked at by itself and copied to UTF-16 through a table.
-QString byteWalk(const QByteArray& bytes) {
-  static const auto table = [] {
-    std::array<char16_t, 256> units{};
-    for (size_t i = 0; i < units.size(); ++i) {
-      units[i] = static_cast<char16_t>(i);
-    }
-    return units;
-  }();
-  QString out(bytes.size(), Qt::Uninitialized);
-  auto* unit = reinterpret_cast<char16_t*>(out.data());
-  for (const char byte : bytes) {
-    *unit++ = table[static_cast<uchar>(byte)];
-  }
-  return out;
-}
-
-template <class Work>
-double secondsOf(Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  benchmark::DoNotOptimize(work());
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  const QString text = sharedNovel();
+  return text.isEmpty() ? QByteArray() : rtfOf(text.split(u'\n'), style);
 }
 
 /// Runs the work and, turn by turn, the walk over the RTF; reports how many times the walk's time it takes.
 template <class Work>
 void compare(benchmark::State& state, const QByteArray& rtf, Work&& work) {
-  double walked = 0;
-  double worked = 0;
-  for (auto turn : state) {
-    walked += secondsOf([&] { return byteWalk(rtf); });
-    const double seconds = secondsOf(work);
-    worked += seconds;
-    state.SetIterationTime(seconds);
-  }
-  state.counters["ratio"] = worked / walked;
-  state.counters["walk_MB/s"] =
-      static_cast<double>(rtf.size()) * static_cast<double>(state.iterations()) / walked / 1e6;
+  comparePaired(
+      state, [] {}, [&] { benchmark::DoNotOptimize(byteWalk(rtf)); }, [] {}, [&] { benchmark::DoNotOptimize(work()); });
+  state.counters["walk_MB/s"] = static_cast<double>(rtf.size()) / 1e3 / state.counters["limit_ms"];
   state.SetBytesProcessed(rtf.size() * state.iterations());
 }
 

@@ -1,6 +1,7 @@
 // Word counting, HTML tools, word usage and the hash table, each beside the plain work that is its yardstick in the
 // same run. Takes the novel where the shared test material is present, else text of our own making.
 #include "Paired.h"
+#include "Yardsticks.h"
 #include "model/clsScene.h"
 #include "spell/clsHashTable.h"
 #include "text/Rtf.h"
@@ -8,7 +9,6 @@
 #include "text/modWordcount.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QStringList>
 
 #include <algorithm>
@@ -26,15 +26,11 @@ namespace {
 
 const QString& novel() {
   static const QString text = [] {
-    QFile file(QStringLiteral(QUILLANE_SOURCE_DIR "/../../shared/novels/war-and-peace.txt"));
-    QFile beside(QStringLiteral(QUILLANE_SOURCE_DIR "/../shared/novels/war-and-peace.txt"));
-    for (QFile* candidate : {&file, &beside}) {
-      if (candidate->open(QIODevice::ReadOnly)) {
-        return QString::fromUtf8(candidate->readAll());
-      }
-    }
-    return u"“Well,” said he—it was July—“don’t wait for the well-known prince.” Zoë, of course, waited.\n"_s.repeated(
-        35000);
+    const QString shared = sharedNovel();
+    return shared.isEmpty()
+               ? u"“Well,” said he—it was July—“don’t wait for the well-known prince.” Zoë, of course, waited.\n"_s
+                     .repeated(35000)
+               : shared;
   }();
   return text;
 }
@@ -51,23 +47,6 @@ const QString& page() {
     return text + u"</body></html>"_s;
   }();
   return html;
-}
-
-/// Every byte looked at by itself and copied to UTF-16 through a table.
-QString byteWalk(const QByteArray& bytes) {
-  static const auto table = [] {
-    std::array<char16_t, 256> units{};
-    for (size_t i = 0; i < units.size(); ++i) {
-      units[i] = static_cast<char16_t>(i);
-    }
-    return units;
-  }();
-  QString out(bytes.size(), Qt::Uninitialized);
-  auto* unit = reinterpret_cast<char16_t*>(out.data());
-  for (const char byte : bytes) {
-    *unit++ = table[static_cast<uchar>(byte)];
-  }
-  return out;
 }
 
 void nothing() {}

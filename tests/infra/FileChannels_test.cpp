@@ -1,7 +1,7 @@
 #include "infra/FileChannels.h"
 
-#include "infra/RuntimeError.h"
 #include "infra/cSharedFileSubs.h"
+#include "support/ErrorOf.h"
 #include "support/FailingDisk.h"
 #include "support/QtPrinters.h"
 #include "support/TestHome.h"
@@ -10,20 +10,6 @@
 
 using namespace Qt::StringLiterals;
 using Mode = FileChannels::Mode;
-
-namespace {
-
-template <class Statement>
-int errorOf(const Statement& statement) {
-  try {
-    statement();
-    return 0;
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-}
-
-}  // namespace
 
 TEST(FileChannels, TheLowestFreeNumberIsGiven) {
   const ScratchFolder folder;

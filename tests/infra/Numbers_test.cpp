@@ -1,7 +1,7 @@
 #include "infra/Numbers.h"
 
 #include "infra/Clock.h"
-#include "infra/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "support/QtPrinters.h"
 
 #include <cmath>
@@ -9,21 +9,6 @@
 #include <limits>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The number of the RuntimeError that a statement throws, 0 when it throws none.
-template <class Statement>
-int errorOf(const Statement& statement) {
-  try {
-    statement();
-    return 0;
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-}
-
-}  // namespace
 
 TEST(Numbers, ValTakesTheLongestLeadingNumber) {
   const std::pair<const char*, double> cases[] = {
