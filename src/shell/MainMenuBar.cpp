@@ -2,6 +2,7 @@
 
 #include "infra/Guard.h"
 #include "shell/frmMain.h"
+#include "toolkit/Mnemonics.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -16,10 +17,6 @@ namespace {
 /// A caption as it is shown: an ampersand in it marks no key.
 QString shown(const QString& caption) {
   return QString(caption).replace(u'&', u"&&"_s);
-}
-
-QString plain(const QString& text) {
-  return QString(text).replace(u"&&"_s, u"&"_s);
 }
 
 QString elementName(const QString& array, qsizetype index) {
@@ -48,6 +45,7 @@ MainMenuBar::MainMenuBar(frmMain& window, QMenuBar& bar) : QObject(&bar), window
   for (const MenuEntry& entry : mainMenuTable()) {
     addLine(entry, bar);
   }
+  assignMnemonics(bar.actions());
 }
 
 void MainMenuBar::addLine(const MenuEntry& entry, QMenuBar& bar) {
@@ -71,6 +69,7 @@ QMenu* MainMenuBar::addMenu(const MenuEntry& entry, QMenuBar& bar) {
     bar.addMenu(menu);
   }
   menu->setObjectName(name);
+  connect(menu, &QMenu::aboutToShow, this, [menu] { assignMnemonics(menu->actions()); });
   menus_.insert(name, menu);
   remember(name, menu->menuAction());
   return menu;
@@ -112,7 +111,7 @@ void MainMenuBar::choose(const MenuEntry& entry, const QAction& action) {
     window_.sayNotBuilt(commandName(entry));
     return;
   }
-  const MenuChoice choice{elementIndex(action.objectName()), plain(action.text()), action.data()};
+  const MenuChoice choice{elementIndex(action.objectName()), withoutMnemonic(action.text()), action.data()};
   // The name is a literal of the table and outlives the guard.
   Guard(entry.name, "frmMain")([&] { entry.handler(window_, choice); });
 }
@@ -159,7 +158,7 @@ void MainMenuBar::setCaption(const QString& name, const QString& caption) {
 
 void MainMenuBar::checkElement(const QString& array, const QString& caption) {
   for (QAction* element : arrays_.value(array)) {
-    element->setChecked(plain(element->text()) == caption);
+    element->setChecked(withoutMnemonic(element->text()) == caption);
   }
 }
 
