@@ -10,6 +10,8 @@
 #include "persist/modConstXML.h"
 #include "text/TagView.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -147,6 +149,10 @@ bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
 }
 
 void clsScenes::NameScenesText() {
+  // Most saves find every scene named.
+  if (std::none_of(begin(), end(), [](const Pointer& scene) { return scene->RTFFilename().isEmpty(); })) {
+    return;
+  }
   QSet<QString> taken = TextFileNames();
   for (const Pointer& scene : *this) {
     scene->NameRTFFile(taken);
