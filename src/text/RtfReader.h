@@ -92,6 +92,7 @@ class RtfReader {
   void enterUnicodePart();
   void fontWord(RtfAction action, int number);
   void selectFont(int number);
+  void declareFont(int number);
   void colourPart(RtfAction action, int number);
   void endColour();
   void plainWord();
