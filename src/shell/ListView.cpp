@@ -101,7 +101,10 @@ void ListView::fitColumn(int column) {
 
 void ListView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    Q_EMIT rowOpened();
+    // One press opens once, however long it lasts.
+    if (!event->isAutoRepeat()) {
+      Q_EMIT enterPressed();
+    }
     return;
   }
   keyIsDown_ = true;

@@ -32,8 +32,9 @@ class ListView : public QTreeWidget {
   bool keyIsDown() const { return keyIsDown_; }
 
  Q_SIGNALS:
-  /// Enter, or a double click on a row.
+  /// A double click on a row.
   void rowOpened();
+  void enterPressed();
   /// A key went up, or the keyboard went elsewhere while it was down.
   void keyUp(int key);
   /// The left or another mouse button went up.

@@ -100,6 +100,7 @@ void ScenePane::connectSignals() {
   connect(listScenes_, &ListView::buttonUp, this, &ScenePane::displayIfOther);
   connect(listScenes_, &ListView::keyUp, this, &ScenePane::displayIfOther);
   connect(listScenes_, &ListView::rowOpened, this, &ScenePane::sceneOpened);
+  connect(listScenes_, &ListView::enterPressed, this, &ScenePane::sceneOpened);
   connect(tabStrip1_, &SceneTabs::sceneOpened, this, &ScenePane::sceneOpened);
 }
 
