@@ -71,6 +71,8 @@ void ChapterPane::buildLayout() {
   txtChapterDesc_->setAccessibleName(u"Chapter description"_s);
   txtChapterDesc_->setToolTip(u"Chapter Description (Double click to edit)"_s);
   txtChapterDesc_->setReadOnly(true);
+  // The caret shows where the keyboard is.
+  txtChapterDesc_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   txtChapterDesc_->setTabChangesFocus(true);
 
   auto* lists = new QSplitter(Qt::Vertical);
