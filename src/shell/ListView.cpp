@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -18,11 +19,38 @@ class ColumnDelegate : public QStyledItemDelegate {
     if (const int alignment = list_->headerItem()->textAlignment(index.column()); alignment != 0) {
       option->displayAlignment = Qt::Alignment(alignment);
     }
+    if (option->state.testFlag(QStyle::State_Selected) && !option->state.testFlag(QStyle::State_Active)) {
+      option->icon = iconAsUnselected(*option);
+    }
   }
 
  private:
+  /// The colour that an icon takes on in a selection is meant for one that the keyboard moves.
+  static QIcon iconAsUnselected(const QStyleOptionViewItem& option) {
+    const qreal scale = option.widget == nullptr ? 1 : option.widget->devicePixelRatioF();
+    QIcon shown;
+    shown.addPixmap(option.icon.pixmap(option.decorationSize, scale), QIcon::Selected);
+    return shown;
+  }
+
   QTreeWidget* list_;
 };
+
+QColor between(const QColor& base, const QColor& text) {
+  const auto mixed = [](int from, int to) { return from + (to - from) / 5; };
+  return {mixed(base.red(), text.red()), mixed(base.green(), text.green()), mixed(base.blue(), text.blue())};
+}
+
+/// Gives a selection that the keyboard doesn't move a colour of its own where the desktop has the same for both.
+void makeInactive(QPalette& palette) {
+  const QColor active = palette.color(QPalette::Active, QPalette::Highlight);
+  if (palette.color(QPalette::Inactive, QPalette::Highlight) == active) {
+    const QColor text = palette.color(QPalette::Inactive, QPalette::Text);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                     between(palette.color(QPalette::Inactive, QPalette::Base), text));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+  }
+}
 
 }  // namespace
 
@@ -99,6 +127,31 @@ void ListView::fitColumn(int column) {
   setColumnWidth(column, std::max(room - others, header()->minimumSectionSize() * 2));
 }
 
+// The frame stands there anyway: only its colour tells of the keyboard, nothing moves.
+bool ListView::event(QEvent* event) {
+  const bool result = QTreeWidget::event(event);
+  if (event->type() == QEvent::Paint && hasFocus()) {
+    QPainter painter(this);
+    const QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
+    const int width = std::max(frameWidth(), 1);
+    painter.fillRect(0, 0, this->width(), width, colour);
+    painter.fillRect(0, height() - width, this->width(), width, colour);
+    painter.fillRect(0, 0, width, height(), colour);
+    painter.fillRect(this->width() - width, 0, width, height(), colour);
+  }
+  return result;
+}
+
+void ListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  if (hasFocus() || !selectionModel()->isSelected(index)) {
+    QTreeWidget::drawRow(painter, option, index);
+    return;
+  }
+  QStyleOptionViewItem row = option;
+  makeInactive(row.palette);
+  QTreeWidget::drawRow(painter, row, index);
+}
+
 void ListView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     // One press opens once, however long it lasts.
@@ -118,8 +171,14 @@ void ListView::keyReleaseEvent(QKeyEvent* event) {
   }
 }
 
+void ListView::focusInEvent(QFocusEvent* event) {
+  QTreeWidget::focusInEvent(event);
+  update();
+}
+
 void ListView::focusOutEvent(QFocusEvent* event) {
   QTreeWidget::focusOutEvent(event);
+  update();
   if (keyIsDown_) {
     endKey(0);
   }

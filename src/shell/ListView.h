@@ -3,7 +3,8 @@
 #include <QTreeWidget>
 
 /// A list of model rows in columns. A row's tag is the ID of what it shows. Cells stand as the titles of their
-/// columns do.
+/// columns do. The list with the keyboard has a frame in the colour of the selection, the selection of the others is
+/// without colour.
 class ListView : public QTreeWidget {
   Q_OBJECT
 
@@ -41,8 +42,11 @@ class ListView : public QTreeWidget {
   void buttonUp();
 
  protected:
+  bool event(QEvent* event) override;
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;

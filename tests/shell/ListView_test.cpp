@@ -11,7 +11,31 @@ using namespace Qt::StringLiterals;
 
 class ListViewTest : public ShellTest {
  protected:
+  static QRgb pixel(ListView& view, QPoint at) {
+    const QPixmap picture = view.grab();
+    return picture.toImage().pixel(at * picture.devicePixelRatio());
+  }
 };
+
+TEST_F(ListViewTest, TheListWithTheKeyboardIsSeen) {
+  startWith(smallProject());
+  ListView& chapters = list("ListChapters");
+  ListView& scenes = list("ListScenes");
+  const QRgb highlight = window().palette().color(QPalette::Active, QPalette::Highlight).rgb();
+  const auto frame = [](ListView& view) { return pixel(view, {0, view.height() / 2}); };
+  const auto selection = [](ListView& view) {
+    const QRect row = view.visualRect(view.model()->index(0, 0));
+    return pixel(view, view.viewport()->pos() + row.topLeft() + QPoint(1, row.height() / 2));
+  };
+  const QRect before = scenes.viewport()->geometry();
+  for (auto [with, without] : {std::pair{&chapters, &scenes}, {&scenes, &chapters}}) {
+    with->setFocus();
+    EXPECT_EQ(frame(*with), highlight);
+    EXPECT_NE(frame(*without), highlight);
+    EXPECT_NE(selection(*with), selection(*without));
+  }
+  EXPECT_EQ(scenes.viewport()->geometry(), before) << "the frame moves nothing";
+}
 
 TEST_F(ListViewTest, TabWalksFromLeftToRight) {
   startWith(smallProject());
