@@ -6,7 +6,29 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+using namespace Qt::StringLiterals;
+
 namespace {
+
+/// What stands at the right end of its column would touch what stands at the left of the next.
+QString spaced(const QString& text, Qt::Alignment alignment) {
+  return alignment.testFlag(Qt::AlignRight) ? text + u"\u00a0\u00a0"_s : text;
+}
+
+class ListHeader : public QHeaderView {
+ public:
+  explicit ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+    setSectionsMovable(true);
+    setStretchLastSection(true);
+    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  }
+
+ protected:
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
+    QHeaderView::initStyleOptionForIndex(option, column);
+    option->text = spaced(option->text, option->textAlignment);
+  }
+};
 
 /// Aligns a cell like its column's title: once a column, not once a cell.
 class ColumnDelegate : public QStyledItemDelegate {
@@ -19,6 +41,7 @@ class ColumnDelegate : public QStyledItemDelegate {
     if (const int alignment = list_->headerItem()->textAlignment(index.column()); alignment != 0) {
       option->displayAlignment = Qt::Alignment(alignment);
     }
+    option->text = spaced(option->text, option->displayAlignment);
     if (option->state.testFlag(QStyle::State_Selected) && !option->state.testFlag(QStyle::State_Active)) {
       option->icon = iconAsUnselected(*option);
     }
@@ -55,6 +78,7 @@ void makeInactive(QPalette& palette) {
 }  // namespace
 
 ListView::ListView(const QStringList& columns, QWidget* parent) : QTreeWidget(parent) {
+  setHeader(new ListHeader(this));
   setColumnCount(static_cast<int>(columns.size()));
   setHeaderLabels(columns);
   setRootIsDecorated(false);
@@ -121,10 +145,38 @@ void ListView::SelectTag(qint32 id) {
   SelectRow(std::max(rowOfTag(id), 0));
 }
 
-void ListView::fitColumn(int column) {
-  const int others = header()->length() - columnWidth(column);
-  const int room = maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
-  setColumnWidth(column, std::max(room - others, header()->minimumSectionSize() * 2));
+int ListView::roomForColumns() const {
+  return maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
+}
+
+int ListView::widthFor(int column, QStringView cell) const {
+  const auto alignment = Qt::Alignment(headerItem()->textAlignment(column));
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  option.features |= QStyleOptionViewItem::HasDisplay;
+  // The icon of a row stands in its first column.
+  option.features.setFlag(QStyleOptionViewItem::HasDecoration, column == 0);
+  option.text = spaced(cell.toString(), alignment);
+  const int title = header()->sectionSizeHint(column) + fontMetrics().horizontalAdvance(spaced({}, alignment));
+  return std::max(title, style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width());
+}
+
+void ListView::fillRoom() {
+  const int others = header()->length() - columnWidth(fillColumn_);
+  setColumnWidth(fillColumn_, std::max(roomForColumns() - others, header()->minimumSectionSize() * 2));
+  filledLength_ = header()->length();
+}
+
+void ListView::resizeEvent(QResizeEvent* event) {
+  QTreeWidget::resizeEvent(event);
+  if (fillColumn_ < 0) {
+    return;
+  }
+  if (header()->length() == filledLength_) {
+    fillRoom();
+  } else {
+    filledLength_ = roomForColumns();
+  }
 }
 
 // The frame stands there anyway: only its colour tells of the keyboard, nothing moves.

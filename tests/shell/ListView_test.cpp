@@ -2,20 +2,72 @@
 
 #include "shell/ListView.h"
 
+#include "shell/MainPanes.h"
 #include "shell/MainWindow.h"
+#include "shell/ScenePane.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 class ListViewTest : public ShellTest {
  protected:
+  enum SceneColumn { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
+
+  /// A window that is wide enough for the columns that are of use.
+  void startWide() {
+    startWith(smallProject());
+    window().resize(1200, 700);
+    window().panes().FrameScenes().placeSplitter(0.5);
+  }
+
+  static int rightEdge(const ListView& view, int column) {
+    return view.header()->sectionPosition(column) + view.columnWidth(column);
+  }
+
   static QRgb pixel(ListView& view, QPoint at) {
     const QPixmap picture = view.grab();
     return picture.toImage().pixel(at * picture.devicePixelRatio());
   }
 };
+
+TEST_F(ListViewTest, FirstWidthsShowWhatIsUsefulAndGiveTheTitlesTheRest) {
+  startWide();
+  window().panes().FrameScenes().fitSceneTitles();
+  const ListView& scenes = list("ListScenes");
+  const ListView& chapters = list("ListChapters");
+  EXPECT_LE(rightEdge(scenes, kActionReaction), scenes.viewport()->width());
+  EXPECT_GE(rightEdge(scenes, kFilename), scenes.viewport()->width());
+  EXPECT_EQ(chapters.header()->length(), chapters.roomForColumns());
+  for (const ListView* view : {&scenes, &chapters}) {
+    for (int column = 0; column < view->columnCount(); ++column) {
+      EXPECT_GE(view->columnWidth(column), view->header()->sectionSizeHint(column)) << column;
+    }
+  }
+}
+
+TEST_F(ListViewTest, StoredWidthsComeBeforeTheFirst) {
+  writeSettings({u"AskedAboutAutoUpdates,-1"_s, u"MainChap1_W,900"_s, u"MainScn3_W,9000"_s});
+  start(smallProject());
+  EXPECT_EQ(list("ListScenes").columnWidth(kScene), 600);
+  EXPECT_EQ(list("ListChapters").columnWidth(0), 60);
+}
+
+TEST_F(ListViewTest, ChapterTitlesFollowTheWidthUntilTheUserSetsOne) {
+  startWith(smallProject());
+  ListView& chapters = list("ListChapters");
+  const auto widen = [&](int by) {
+    chapters.setMinimumWidth(chapters.width() + by);
+    EXPECT_TRUE(soon([&] { return chapters.width() >= chapters.minimumWidth(); }));
+  };
+  widen(80);
+  EXPECT_EQ(chapters.header()->length(), chapters.roomForColumns());
+  chapters.setColumnWidth(0, 70);
+  widen(50);
+  EXPECT_EQ(chapters.columnWidth(0), 70);
+}
 
 TEST_F(ListViewTest, TheListWithTheKeyboardIsSeen) {
   startWith(smallProject());
