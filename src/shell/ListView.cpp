@@ -1,10 +1,13 @@
 #include "shell/ListView.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +38,17 @@ class ColumnDelegate : public QStyledItemDelegate {
  public:
   explicit ColumnDelegate(QTreeWidget* list) : QStyledItemDelegate(list), list_(list) {}
 
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid() || isSeenWhole(option, index)) {
+      return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    // A title may look like markup, and a long one is better read in lines.
+    const QString text = Qt::convertFromPlainText(index.data().toString(), Qt::WhiteSpaceNormal);
+    QToolTip::showText(event->globalPos(), text, list_->viewport(), option.rect);
+    return true;
+  }
+
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
@@ -54,6 +68,15 @@ class ColumnDelegate : public QStyledItemDelegate {
     QIcon shown;
     shown.addPixmap(option.icon.pixmap(option.decorationSize, scale), QIcon::Selected);
     return shown;
+  }
+
+  /// Neither cut by its column nor by the edge of the list.
+  bool isSeenWhole(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const QSize needed = sizeHint(option, index);
+    const QRect text = QStyle::alignedRect(cell.direction, cell.displayAlignment, needed, option.rect);
+    return needed.width() <= option.rect.width() && text.left() >= 0 && text.right() < list_->viewport()->width();
   }
 
   QTreeWidget* list_;

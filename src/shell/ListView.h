@@ -3,8 +3,8 @@
 #include <QTreeWidget>
 
 /// A list of model rows in columns. A row's tag is the ID of what it shows. Cells stand as the titles of their
-/// columns do. The list with the keyboard has a frame in the colour of the selection, the selection of the others is
-/// without colour.
+/// columns do; a cell that isn't seen whole tells its text in a tool tip. The list with the keyboard has a frame in
+/// the colour of the selection, the selection of the others is without colour.
 class ListView : public QTreeWidget {
   Q_OBJECT
 

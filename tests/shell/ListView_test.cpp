@@ -2,19 +2,36 @@
 
 #include "shell/ListView.h"
 
+#include "model/Globals.h"
+#include "model/clsProject.h"
+#include "model/clsScene.h"
 #include "shell/MainPanes.h"
 #include "shell/MainWindow.h"
 #include "shell/ScenePane.h"
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
 class ListViewTest : public ShellTest {
  protected:
   enum SceneColumn { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
+
+  /// What hovering over a cell shows; empty for nothing.
+  QString toolTip(ListView& view, int row, int column) {
+    // The last one fades.
+    QToolTip::hideText();
+    EXPECT_TRUE(soon([] { return !QToolTip::isVisible(); }));
+    const QRect cell = view.visualRect(view.model()->index(row, column)) & view.viewport()->rect();
+    QHelpEvent hover(QEvent::ToolTip, cell.center(), view.viewport()->mapToGlobal(cell.center()));
+    QApplication::sendEvent(view.viewport(), &hover);
+    return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+  }
 
   /// A window that is wide enough for the columns that are of use.
   void startWide() {
@@ -32,6 +49,24 @@ class ListViewTest : public ShellTest {
     return picture.toImage().pixel(at * picture.devicePixelRatio());
   }
 };
+
+TEST_F(ListViewTest, OnlyACellThatIsNotSeenWholeHasAToolTip) {
+  startWide();
+  ListView& scenes = list("ListScenes");
+  g_Project->SceneByID(1)->Title = u"The <b>pier</b> & what was left of it"_s;
+  g_Project->SceneByID(2)->Title = u"Rain"_s;
+  window().RefreshAll();
+  scenes.setColumnWidth(kScene, scenes.widthFor(kScene, g_Project->SceneByID(1)->Title));
+  EXPECT_EQ(toolTip(scenes, 0, kScene), QString());
+  scenes.setColumnWidth(kScene, scenes.columnWidth(kScene) - 1);
+  EXPECT_EQ(toolTip(scenes, 0, kScene), g_Project->SceneByID(1)->Title);
+  EXPECT_EQ(toolTip(scenes, 1, kScene), QString());
+
+  // The column is wide enough, but the edge of the list cuts it.
+  const int seen = scenes.viewport()->width() - scenes.header()->sectionPosition(kScene);
+  scenes.setColumnWidth(kScene, seen - 20);
+  EXPECT_EQ(toolTip(scenes, 0, kStatus), u"Draft"_s);
+}
 
 TEST_F(ListViewTest, FirstWidthsShowWhatIsUsefulAndGiveTheTitlesTheRest) {
   startWide();
