@@ -57,20 +57,19 @@ void ChapterPane::buildLayout() {
 
   listChapters_->setObjectName(u"ListChapters"_s);
   listChapters_->setAccessibleName(u"Chapters"_s);
-  QHeaderView& header = *listChapters_->header();
-  header.setStretchLastSection(false);
-  const int digit = fontMetrics().horizontalAdvance(u'0');
-  for (const auto& [column, digits] : {std::pair{kTitle, 18}, {kWords, 7}, {kScenes, 6}, {kCount, 8}}) {
-    listChapters_->setColumnWidth(column, digit * digits);
-  }
-  for (const int column : {kWords, kScenes, kCount}) {
+  listChapters_->header()->setStretchLastSection(false);
+  for (const auto& [column, longest] : {std::pair{kWords, u"88888"}, {kScenes, u"88"}, {kCount, u"888888"}}) {
     listChapters_->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    listChapters_->setColumnWidth(column, listChapters_->widthFor(column, longest));
   }
+  listChapters_->setFillColumn(kTitle);
 
   txtChapterDesc_->setObjectName(u"txtChapterDesc"_s);
   txtChapterDesc_->setAccessibleName(u"Chapter description"_s);
   txtChapterDesc_->setToolTip(u"Chapter Description (Double click to edit)"_s);
   txtChapterDesc_->setReadOnly(true);
+  // The caret shows where the keyboard is.
+  txtChapterDesc_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   txtChapterDesc_->setTabChangesFocus(true);
 
   auto* lists = new QSplitter(Qt::Vertical);

@@ -1,16 +1,53 @@
 #include "shell/ListView.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
 
 namespace {
+
+/// What stands at the right end of its column would touch what stands at the left of the next.
+QString spaced(const QString& text, Qt::Alignment alignment) {
+  return alignment.testFlag(Qt::AlignRight) ? text + u"\u00a0\u00a0"_s : text;
+}
+
+class ListHeader : public QHeaderView {
+ public:
+  explicit ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+    setSectionsMovable(true);
+    setStretchLastSection(true);
+    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  }
+
+ protected:
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
+    QHeaderView::initStyleOptionForIndex(option, column);
+    option->text = spaced(option->text, option->textAlignment);
+  }
+};
 
 /// Aligns a cell like its column's title: once a column, not once a cell.
 class ColumnDelegate : public QStyledItemDelegate {
  public:
   explicit ColumnDelegate(QTreeWidget* list) : QStyledItemDelegate(list), list_(list) {}
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid() || isSeenWhole(option, index)) {
+      return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    // A title may look like markup, and a long one is better read in lines.
+    const QString text = Qt::convertFromPlainText(index.data().toString(), Qt::WhiteSpaceNormal);
+    QToolTip::showText(event->globalPos(), text, list_->viewport(), option.rect);
+    return true;
+  }
 
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
@@ -18,15 +55,53 @@ class ColumnDelegate : public QStyledItemDelegate {
     if (const int alignment = list_->headerItem()->textAlignment(index.column()); alignment != 0) {
       option->displayAlignment = Qt::Alignment(alignment);
     }
+    option->text = spaced(option->text, option->displayAlignment);
+    if (option->state.testFlag(QStyle::State_Selected) && !option->state.testFlag(QStyle::State_Active)) {
+      option->icon = iconAsUnselected(*option);
+    }
   }
 
  private:
+  /// The colour that an icon takes on in a selection is meant for one that the keyboard moves.
+  static QIcon iconAsUnselected(const QStyleOptionViewItem& option) {
+    const qreal scale = option.widget == nullptr ? 1 : option.widget->devicePixelRatioF();
+    QIcon shown;
+    shown.addPixmap(option.icon.pixmap(option.decorationSize, scale), QIcon::Selected);
+    return shown;
+  }
+
+  /// Neither cut by its column nor by the edge of the list.
+  bool isSeenWhole(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const QSize needed = sizeHint(option, index);
+    const QRect text = QStyle::alignedRect(cell.direction, cell.displayAlignment, needed, option.rect);
+    return needed.width() <= option.rect.width() && text.left() >= 0 && text.right() < list_->viewport()->width();
+  }
+
   QTreeWidget* list_;
 };
+
+QColor between(const QColor& base, const QColor& text) {
+  const auto mixed = [](int from, int to) { return from + (to - from) / 5; };
+  return {mixed(base.red(), text.red()), mixed(base.green(), text.green()), mixed(base.blue(), text.blue())};
+}
+
+/// Gives a selection that the keyboard doesn't move a colour of its own where the desktop has the same for both.
+void makeInactive(QPalette& palette) {
+  const QColor active = palette.color(QPalette::Active, QPalette::Highlight);
+  if (palette.color(QPalette::Inactive, QPalette::Highlight) == active) {
+    const QColor text = palette.color(QPalette::Inactive, QPalette::Text);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                     between(palette.color(QPalette::Inactive, QPalette::Base), text));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+  }
+}
 
 }  // namespace
 
 ListView::ListView(const QStringList& columns, QWidget* parent) : QTreeWidget(parent) {
+  setHeader(new ListHeader(this));
   setColumnCount(static_cast<int>(columns.size()));
   setHeaderLabels(columns);
   setRootIsDecorated(false);
@@ -93,15 +168,71 @@ void ListView::SelectTag(qint32 id) {
   SelectRow(std::max(rowOfTag(id), 0));
 }
 
-void ListView::fitColumn(int column) {
-  const int others = header()->length() - columnWidth(column);
-  const int room = maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
-  setColumnWidth(column, std::max(room - others, header()->minimumSectionSize() * 2));
+int ListView::roomForColumns() const {
+  return maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
+}
+
+int ListView::widthFor(int column, QStringView cell) const {
+  const auto alignment = Qt::Alignment(headerItem()->textAlignment(column));
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  option.features |= QStyleOptionViewItem::HasDisplay;
+  // The icon of a row stands in its first column.
+  option.features.setFlag(QStyleOptionViewItem::HasDecoration, column == 0);
+  option.text = spaced(cell.toString(), alignment);
+  const int title = header()->sectionSizeHint(column) + fontMetrics().horizontalAdvance(spaced({}, alignment));
+  return std::max(title, style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width());
+}
+
+void ListView::fillRoom() {
+  const int others = header()->length() - columnWidth(fillColumn_);
+  setColumnWidth(fillColumn_, std::max(roomForColumns() - others, header()->minimumSectionSize() * 2));
+  filledLength_ = header()->length();
+}
+
+void ListView::resizeEvent(QResizeEvent* event) {
+  QTreeWidget::resizeEvent(event);
+  if (fillColumn_ < 0) {
+    return;
+  }
+  if (header()->length() == filledLength_) {
+    fillRoom();
+  } else {
+    filledLength_ = roomForColumns();
+  }
+}
+
+// The frame stands there anyway: only its colour tells of the keyboard, nothing moves.
+bool ListView::event(QEvent* event) {
+  const bool result = QTreeWidget::event(event);
+  if (event->type() == QEvent::Paint && hasFocus()) {
+    QPainter painter(this);
+    const QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
+    const int width = std::max(frameWidth(), 1);
+    painter.fillRect(0, 0, this->width(), width, colour);
+    painter.fillRect(0, height() - width, this->width(), width, colour);
+    painter.fillRect(0, 0, width, height(), colour);
+    painter.fillRect(this->width() - width, 0, width, height(), colour);
+  }
+  return result;
+}
+
+void ListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  if (hasFocus() || !selectionModel()->isSelected(index)) {
+    QTreeWidget::drawRow(painter, option, index);
+    return;
+  }
+  QStyleOptionViewItem row = option;
+  makeInactive(row.palette);
+  QTreeWidget::drawRow(painter, row, index);
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    Q_EMIT rowOpened();
+    // One press opens once, however long it lasts.
+    if (!event->isAutoRepeat()) {
+      Q_EMIT enterPressed();
+    }
     return;
   }
   keyIsDown_ = true;
@@ -115,8 +246,14 @@ void ListView::keyReleaseEvent(QKeyEvent* event) {
   }
 }
 
+void ListView::focusInEvent(QFocusEvent* event) {
+  QTreeWidget::focusInEvent(event);
+  update();
+}
+
 void ListView::focusOutEvent(QFocusEvent* event) {
   QTreeWidget::focusOutEvent(event);
+  update();
   if (keyIsDown_) {
     endKey(0);
   }

@@ -3,7 +3,8 @@
 #include <QTreeWidget>
 
 /// A list of model rows in columns. A row's tag is the ID of what it shows. Cells stand as the titles of their
-/// columns do.
+/// columns do; a cell that isn't seen whole tells its text in a tool tip. The list with the keyboard has a frame in
+/// the colour of the selection, the selection of the others is without colour.
 class ListView : public QTreeWidget {
   Q_OBJECT
 
@@ -26,22 +27,34 @@ class ListView : public QTreeWidget {
   void SelectRow(int row);
   /// Selects the row with this tag, the first row when there is none.
   void SelectTag(qint32 id);
-  /// Gives a column the room that the others leave, with a scroll bar beside them.
-  void fitColumn(int column);
+  /// What the columns may take together, with a scroll bar beside them.
+  int roomForColumns() const;
+  /// What a column needs for its title and for cells such as this one.
+  int widthFor(int column, QStringView cell) const;
+  /// The column that gives or takes room with the list as long as the columns fill it. A user who has made them
+  /// longer or shorter than that keeps his widths.
+  void setFillColumn(int column) { fillColumn_ = column; }
+  /// Makes the columns fill the list.
+  void fillRoom();
   /// True while a key is down that may move the selection: its release tells the end.
   bool keyIsDown() const { return keyIsDown_; }
 
  Q_SIGNALS:
-  /// Enter, or a double click on a row.
+  /// A double click on a row.
   void rowOpened();
+  void enterPressed();
   /// A key went up, or the keyboard went elsewhere while it was down.
   void keyUp(int key);
   /// The left or another mouse button went up.
   void buttonUp();
 
  protected:
+  bool event(QEvent* event) override;
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -50,6 +63,9 @@ class ListView : public QTreeWidget {
   void endKey(int key);
 
   bool keyIsDown_ = false;
+  int fillColumn_ = -1;
+  /// How long the columns are when they fill the list.
+  int filledLength_ = -1;
 };
 
 /// Writes a cell only when it differs: a row that is shown repaints otherwise.

@@ -1,5 +1,6 @@
 #include "shell/MainPanes.h"
 
+#include "infra/cSHAREDSettings.h"
 #include "model/Globals.h"
 #include "model/clsChapter.h"
 #include "model/clsProject.h"
@@ -114,6 +115,8 @@ void MainPanes::placeSplitters(double chapterSplit, double sceneSplit, bool fitT
   chapterSplit_ = chapterSplit;
   sceneSplit_ = sceneSplit;
   fitTitles_ = fitTitles;
+  // The third column is that of the titles.
+  fitSceneTitles_ = !Settings().IsSettingPresent(u"MainScn3_W"_s);
   if (isVisible()) {
     applySplits();
   }
@@ -133,7 +136,10 @@ void MainPanes::applySplits() {
   splitter_->setSizes({left, whole - splitter_->handleWidth() - left});
   frameScenes_->placeSplitter(sceneSplit_);
   if (fitTitles_) {
-    frameChapters_->ListChapters().fitColumn(0);
+    frameChapters_->ListChapters().fillRoom();
+  }
+  if (fitSceneTitles_) {
+    frameScenes_->fitSceneTitles();
   }
   chapterSplit_ = 0;
 }

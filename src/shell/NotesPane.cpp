@@ -36,6 +36,8 @@ void NotesPane::buildLayout() {
   txtNoteEditor_->setObjectName(u"txtNoteEditor"_s);
   txtNoteEditor_->setAccessibleName(u"Note text"_s);
   txtNoteEditor_->setReadOnly(true);
+  // The caret shows where the keyboard is.
+  txtNoteEditor_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   txtNoteEditor_->setTabChangesFocus(true);
   // The colour of a button: this is for reading.
   txtNoteEditor_->viewport()->setBackgroundRole(QPalette::Button);

@@ -11,6 +11,8 @@ SceneBody::SceneBody(QWidget* parent) : RichTextBox(parent) {
   setObjectName(u"txtBody"_s);
   setAccessibleName(u"Scene text"_s);
   setReadOnly(true);
+  // The caret shows where the keyboard is.
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setTabChangesFocus(true);
 }
 

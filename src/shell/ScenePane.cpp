@@ -24,6 +24,10 @@ namespace {
 
 enum Column { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
 
+constexpr QStringView kStartOfTitle = u"A scene in";
+constexpr QStringView kShortTitle = u"A scene in a few words";
+constexpr QStringView kLongTitle = u"A scene that takes more words to tell what is in it";
+
 /// The first that holds.
 const char* sceneIcon(clsScene& scene) {
   if (scene.Unused) {
@@ -60,18 +64,17 @@ void ScenePane::buildLayout() {
   header.setSectionsMovable(true);
   header.setFirstSectionMovable(true);
   header.setStretchLastSection(false);
-  const int digit = fontMetrics().horizontalAdvance(u'0');
-  for (const auto& [column, digits] : {std::pair{kViewpoint, 14},
-                                       {kWords, 8},
-                                       {kScene, 24},
-                                       {kStatus, 9},
-                                       {kActionReaction, 6},
-                                       {kFilename, 15},
-                                       {kLetters, 9}}) {
-    listScenes_->setColumnWidth(column, digit * digits);
-  }
   listScenes_->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
   listScenes_->headerItem()->setTextAlignment(kActionReaction, Qt::AlignCenter);
+  for (const auto& [column, longest] : {std::pair{kViewpoint, QStringView(u"Elizabeth")},
+                                        {kWords, u"8888"},
+                                        {kScene, kShortTitle},
+                                        {kStatus, u"2nd Edit"},
+                                        {kActionReaction, u"A"},
+                                        {kFilename, u"RTF_00001.rtf"},
+                                        {kLetters, u"88888"}}) {
+    listScenes_->setColumnWidth(column, listScenes_->widthFor(column, longest));
+  }
 
   splitter_->setObjectName(u"SceneSplitter"_s);
   splitter_->setChildrenCollapsible(false);
@@ -100,6 +103,7 @@ void ScenePane::connectSignals() {
   connect(listScenes_, &ListView::buttonUp, this, &ScenePane::displayIfOther);
   connect(listScenes_, &ListView::keyUp, this, &ScenePane::displayIfOther);
   connect(listScenes_, &ListView::rowOpened, this, &ScenePane::sceneOpened);
+  connect(listScenes_, &ListView::enterPressed, this, &ScenePane::sceneOpened);
   connect(tabStrip1_, &SceneTabs::sceneOpened, this, &ScenePane::sceneOpened);
 }
 
@@ -196,6 +200,17 @@ double ScenePane::frameWidth() const {
 void ScenePane::placeSplitter(double fraction) {
   const int left = Twips::toPixels(PaneLayout::clampSplitter(frameWidth() * fraction, frameWidth()));
   splitter_->setSizes({left, width() - splitter_->handleWidth() - left});
+}
+
+void ScenePane::fitSceneTitles() {
+  const auto widthOf = [this](QStringView title) { return listScenes_->widthFor(kScene, title); };
+  const int others = listScenes_->header()->length() - listScenes_->columnWidth(kScene);
+  int shown = listScenes_->roomForColumns() - others;
+  if (shown < widthOf(kShortTitle)) {
+    const int behind = listScenes_->columnWidth(kFilename) + listScenes_->columnWidth(kLetters);
+    shown = listScenes_->maximumViewportSize().width() - (others - behind);
+  }
+  listScenes_->setColumnWidth(kScene, qBound(widthOf(kStartOfTitle), shown, widthOf(kLongTitle)));
 }
 
 void ScenePane::changeEvent(QEvent* event) {

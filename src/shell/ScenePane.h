@@ -35,6 +35,9 @@ class ScenePane : public QWidget {
   double frameWidth() const;
   /// Moves the splitter to this part of the pane's width, clamped. For a pane that is laid out.
   void placeSplitter(double fraction);
+  /// Gives the scenes' titles the room that the other columns leave. Where it is scarce, file names and letters go
+  /// behind the edge of the list.
+  void fitSceneTitles();
 
  Q_SIGNALS:
   void sceneOpened();

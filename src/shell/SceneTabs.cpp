@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -32,6 +33,8 @@ QPlainTextEdit* readOnlyText(const QString& name, const QString& spokenName) {
   field->setObjectName(name);
   field->setAccessibleName(spokenName);
   field->setReadOnly(true);
+  // The caret shows where the keyboard is.
+  field->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   field->setTabChangesFocus(true);
   return field;
 }
@@ -56,6 +59,10 @@ SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
   setObjectName(u"TabStrip1"_s);
   setUsesScrollButtons(true);
   tabBar()->setExpanding(false);
+  // The arrow keys walk through all tabs: the buttons that scroll them are for the mouse.
+  for (QToolButton* scroll : tabBar()->findChildren<QToolButton*>()) {
+    scroll->setFocusPolicy(Qt::NoFocus);
+  }
   for (const QString& caption :
        {u"Description"_s, u"Content"_s, u"Characters"_s, u"Locations"_s, u"Items"_s, u"Goals"_s, u"Scene Notes"_s}) {
     addFrame(caption);
