@@ -248,8 +248,31 @@ bool clsProject::IsViewpointSomewhere(qint32 charID) const {
                      [charID](const auto& scene) { return scene->ViewPointID() == charID; });
 }
 
+bool clsProject::IsEmpty() const {
+  return SceneCount() == 0 && ChapterCount() == 0 && CharCount() == 0 && LocationCount() == 0 && ItemCount() == 0 &&
+         NoteCount() == 0;
+}
+
+qint32 clsProject::UnsavedTexts() const {
+  return static_cast<qint32>(
+      std::count_if(Scenes.begin(), Scenes.end(), [](const auto& scene) { return scene->RTFChanged(); }));
+}
+
+bool clsProject::HoldsUnsaved() const {
+  if (IsEmpty()) {
+    return false;
+  }
+  if (FileWithPath.isEmpty() || EditedSinceSave) {
+    return true;
+  }
+  // The texts of a single file are all due, and stand in that file.
+  const bool singleFile = Files().ExtOnly(FileWithPath).toLower() == u"qnc4"_s;
+  return !singleFile && UnsavedTexts() > 0;
+}
+
 void clsProject::Clear() {
   FileWithPath.clear();
+  EditedSinceSave = false;
   Chapters.Clear();
   Chars.Clear();
   Locations.Clear();

@@ -4,6 +4,7 @@
 #include "toolkit/Toolkit.h"
 
 #include <QByteArray>
+#include <QScopedValueRollback>
 #include <QString>
 
 #include <array>
@@ -30,6 +31,8 @@ class clsProject {
   clsNotes Notes;
 
   bool QN3FileMode = false;
+  /// A scene was saved by its editor since the project was loaded or last saved.
+  bool EditedSinceSave = false;
   /// The path given to the import of an older project.
   QString SourceFile;
   /// Full path of the project file; empty when the project was never saved.
@@ -133,8 +136,17 @@ class clsProject {
 
   /// Empties FileWithPath and the collections; scalar fields keep their values.
   void Clear();
-  /// A load or save is under way: nothing may replace or end the project now.
+  /// A load or save is under way, or a walk over its scenes: nothing may replace or end the project now.
   bool IsBusy() const { return busy_; }
+  /// Makes it so for as long as the result lives.
+  [[nodiscard]] QScopedValueRollback<bool> keepBusy() { return QScopedValueRollback(busy_, true); }
+  /// Nothing in it that could be lost.
+  bool IsEmpty() const;
+  /// The number of scenes whose text is due to be written to its file.
+  qint32 UnsavedTexts() const;
+  /// Something of it stands in memory alone: it has no file, an edited scene isn't in the project file yet, or the
+  /// file of a scene could not be written.
+  bool HoldsUnsaved() const;
   /// True on success; a failed load leaves an empty project. The user has been told by then.
   bool Load(const QString& file, bool showProgress);
   /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the
@@ -157,6 +169,7 @@ class clsProject {
   void setProgress(const QString& caption);
   void eachOpenEditor(void (clsScene::*action)());
 
+  void tellUnreadTexts() const;
   bool LoadQN4(const QString& file, bool showProgress);
   bool readBlocks(QByteArrayView text, bool singleFile);
   void finishLoad();

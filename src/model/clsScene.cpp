@@ -251,9 +251,23 @@ void clsScene::SaveRTF(bool force, bool mirror) {
       Logging().LogEvent(u"Could not save "_s + RTFFileWithPath());
     }
   }
+  if (textUnread_) {
+    keepUndecodedText();
+    return;
+  }
   if (mirror) {
     writePlainMirror();
   }
+}
+
+// Somebody may know how to mend it.
+void clsScene::keepUndecodedText() {
+  const QString path = RTFFileWithPath() + u".undecoded"_s;
+  if (undecodedRTF_.isEmpty()) {
+    return;
+  }
+  const bool kept = Files().SaveTextFile(path, QByteArrayView(undecodedRTF_));
+  Logging().LogEvent((kept ? u"The text that could not be decoded is kept in "_s : u"Could not save "_s) + path);
 }
 
 void clsScene::writePlainMirror() {

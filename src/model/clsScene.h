@@ -78,6 +78,8 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// A change, or an assignment of empty text, makes the counts stale and the file due for writing.
   void setTextRTF(const QByteArray& rtf);
   bool RTFChanged() const { return rtfChanged_; }
+  /// The stored text was not there or could not be read: the scene is empty instead.
+  bool TextUnread() const { return textUnread_; }
   bool WordsStale() const { return wordsStale_; }
 
   /// The plain text, converted only when the RTF has changed since.
@@ -153,6 +155,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
  private:
   SceneEditor* openEditor();
   void refreshPlainText();
+  void keepUndecodedText();
   void writePlainMirror();
   void appendLists(QByteArray& out) const;
   void appendRTF(QByteArray& out) const;

@@ -1,6 +1,7 @@
 #include "infra/Guard.h"
 #include "model/Globals.h"
 #include "model/SceneEditor.h"
+#include "model/clsProject.h"
 #include "model/clsScene.h"
 #include "toolkit/Toolkit.h"
 
@@ -32,13 +33,12 @@ void clsScene::Edit() {
   }
   EditingScene = true;
   const Guard guard("Edit", "clsScene");
-  if (!guard([&] { editor->EditScene(ID()); })) {
-    // A window that doesn't hold the scene must not be saved from.
-    fEditor_Finished();
-    return;
-  }
-  guard([&] { editor->Show(); });
-  toolkit().DoEvents();
+  const bool shown = guard([&] {
+    editor->EditScene(ID());
+    editor->Show();
+  });
+  // A window that doesn't hold the scene must not be saved from, and one that isn't seen can't be closed.
+  shown ? toolkit().DoEvents() : fEditor_Finished();
 }
 
 void clsScene::Add() {
@@ -73,6 +73,7 @@ void clsScene::fEditor_Finished() {
 }
 
 void clsScene::fEditor_Changed() {
+  g_Project->EditedSinceSave = true;
   g_SceneChanges.MarkUpdated(ID());
 }
 

@@ -31,6 +31,14 @@ QString singleFileNotice() {
          "'Tools' then 'Backups' then 'Save project content to single file'"_s;
 }
 
+/// Names a few of the scenes, so that the box stays readable.
+QString unreadNotice(const QStringList& titles) {
+  constexpr qsizetype kNamed = 10;
+  const QString more = titles.size() > kNamed ? u"\n..."_s : QString();
+  return u"The text of these scenes could not be read, and they are empty now:\n"_s +
+         titles.first(std::min(titles.size(), kNamed)).join(u'\n') + more;
+}
+
 QString loadFailure() {
   return u"There was an error loading this project. (If you moved the QN4 file and didn't move the RTF folder along "
          "with it, just put the QN4 file back where it was again.) Please submit an error report - and if possible, "
@@ -56,8 +64,21 @@ bool clsProject::Load(const QString& file, bool showProgress) {
   const bool result = LoadQN4(file, showProgress);
   if (extension == u"qnc4"_s) {
     toolkit().MsgBox(singleFileNotice());
+    tellUnreadTexts();
   }
   return result;
+}
+
+void clsProject::tellUnreadTexts() const {
+  QStringList titles;
+  for (const auto& scene : Scenes) {
+    if (scene->TextUnread()) {
+      titles.append(scene->Title);
+    }
+  }
+  if (!titles.isEmpty()) {
+    toolkit().MsgBox(unreadNotice(titles));
+  }
 }
 
 bool clsProject::LoadQN4(const QString& file, bool showProgress) {

@@ -153,6 +153,7 @@ bool clsProject::attemptSave(bool showProgress, bool singleFile, bool asked) {
   Settings().sSet(u"LastProjectFile"_s, FileWithPath);
   Settings().sSet(u"LastProjectLoaded"_s, FileWithPath);
   Logging().LogEvent(u"Project saved"_s);
+  EditedSinceSave = EditedSinceSave && singleFile;
   ProgressWindow_.reset();
   return true;
 }

@@ -4,7 +4,6 @@
 #include "infra/cSharedFileSubs.h"
 #include "model/Globals.h"
 #include "model/clsProject.h"
-#include "model/clsScene.h"
 #include "shell/InputShield.h"
 #include "shell/MainMenuBar.h"
 #include "shell/MainPanes.h"
@@ -13,22 +12,9 @@
 #include "shell/modCreateProject.h"
 #include "toolkit/Toolkit.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A save failed and was given up, or could not write a scene: something is in memory alone. The texts of a single
-/// file are on the disk in that.
-bool isInMemoryAlone() {
-  if (g_Project->SceneCount() == 0 && g_Project->ChapterCount() == 0) {
-    return false;
-  }
-  return g_Project->FileWithPath.isEmpty() || (Files().ExtOnly(g_Project->FileWithPath).toLower() != u"qnc4"_s &&
-                                               std::any_of(g_Project->Scenes.begin(), g_Project->Scenes.end(),
-                                                           [](const auto& scene) { return scene->RTFChanged(); }));
-}
 
 /// An older project is written anew in the present form: only when the user wants that.
 bool conversionWanted(const QString& path) {
@@ -81,17 +67,21 @@ void ProjectCommands::SaveProject(bool ShowProgress) {
   main_.StartScanTimer();
 }
 
+bool ProjectCommands::isChanged() const {
+  return main_.ProjectChanged || g_Project->EditedSinceSave;
+}
+
 void ProjectCommands::saveIfChanged() {
-  if (main_.ProjectChanged) {
+  if (isChanged()) {
     SaveProject(false);
   }
 }
 
 bool ProjectCommands::mayReplaceProject() {
-  if (main_.ProjectChanged || isInMemoryAlone()) {
+  if (main_.ProjectChanged || g_Project->HoldsUnsaved()) {
     SaveProject(false);
   }
-  return !isInMemoryAlone() ||
+  return !g_Project->HoldsUnsaved() ||
          toolkit().MsgBox(
              u"The project could not be saved whole. What isn't saved is lost if you go on. Do you want to go on?"_s,
              Buttons::YesNo) == Answer::Yes;
@@ -113,10 +103,8 @@ void ProjectCommands::UpdateRecent() {
 }
 
 bool ProjectCommands::CloseProject() {
-  if (main_.ProjectChanged) {
-    if (main_.refusedWhileEditing()) {
-      return true;
-    }
+  if (isChanged() && main_.refusedWhileEditing()) {
+    return true;
   }
   if (!mayReplaceProject()) {
     return false;
@@ -126,7 +114,8 @@ bool ProjectCommands::CloseProject() {
 }
 
 void ProjectCommands::setMenusByProject() {
-  g_Project->FileWithPath.isEmpty() ? main_.DisableMenus() : main_.EnableMenus();
+  // A book whose save was given up has no file and can still be saved.
+  g_Project->FileWithPath.isEmpty() && g_Project->IsEmpty() ? main_.DisableMenus() : main_.EnableMenus();
 }
 
 // Whoever opens a project by hand is not asked about updates in this run.

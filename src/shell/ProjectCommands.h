@@ -32,6 +32,7 @@ class ProjectCommands {
  private:
   /// Saves what is to be saved; what can't be is asked about. False when the project has to stay.
   bool mayReplaceProject();
+  bool isChanged() const;
   bool readProject(const QString& path, bool showProgress);
   void showEmptyProject();
   void setMenusByProject();

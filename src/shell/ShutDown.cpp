@@ -3,7 +3,6 @@
 #include "infra/cSharedLogging.h"
 #include "model/Globals.h"
 #include "model/clsProject.h"
-#include "model/clsScene.h"
 #include "shell/ChapterPane.h"
 #include "shell/ListView.h"
 #include "shell/MainPanes.h"
@@ -13,8 +12,6 @@
 #include "toolkit/WindowSettings.h"
 
 #include <QApplication>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -32,8 +29,7 @@ void frmMain::EndProgram() {
   toolkit().DoEvents();
   // A project without a file is empty, unless a save was given up: then the book is in memory alone, and the save
   // asks once more.
-  const bool holdsABook = g_Project->SceneCount() > 0 || g_Project->ChapterCount() > 0;
-  if (!g_Project->FileWithPath.isEmpty() || holdsABook) {
+  if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
     guard([&] { SaveProject(true); });
     guard([&] { insistOnScenes(); });
     StopScanTimer();
@@ -53,8 +49,7 @@ void frmMain::EndProgram() {
 /// A scene whose file could not be written is in memory alone: the program doesn't end over it without a word.
 void frmMain::insistOnScenes() {
   for (;;) {
-    const auto unsaved = std::count_if(g_Project->Scenes.begin(), g_Project->Scenes.end(),
-                                       [](const auto& scene) { return scene->RTFChanged(); });
+    const qint32 unsaved = g_Project->UnsavedTexts();
     if (unsaved == 0 || g_Project->FileWithPath.isEmpty()) {
       return;
     }

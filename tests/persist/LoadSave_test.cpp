@@ -197,6 +197,7 @@ TEST_F(LoadSave, TextThatIsNoBase64LosesThatTextAloneAndIsLogged) {
   text.replace(simpleRtf("ten").toBase64(), simpleRtf("ten").toBase64().insert(8, "\r\n  ").replace('=', ""));
   writeFile(g_Project->FileWithPath, text);
   screen_.expectBox(u"You've loaded an all-in-one"_s);
+  screen_.expectBox(u"could not be read, and they are empty now:\nArrival 2"_s);
   ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
   EXPECT_EQ(g_Project->SceneByIndex(2)->TextRTF(), "");
   EXPECT_EQ(g_Project->SceneByIndex(4)->TextRTF(), simpleRtf("ten"));
@@ -214,9 +215,10 @@ TEST_F(LoadSave, AProjectWithUnreadTextsIsSavedWholeAndOpensAgain) {
   text.remove(block, text.indexOf("</SCENERTF>\r\n", block) + 13 - block);
   writeFile(g_Project->FileWithPath, text);
   screen_.expectBox(u"You've loaded an all-in-one"_s);
+  screen_.expectBox(u"Arrival 1\nArrival 2"_s);
   ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
-  const QString single = g_Project->FileWithPath;
   ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(fileBytes(scratch_.path(u"one/RTF/RTF_00002.rtf.undecoded"_s)), "e1x*broken");
   const QString saved = g_Project->FileWithPath;
   g_Project->FileWithPath = scratch_.path(u"two/Small.qnc4"_s);
   ASSERT_TRUE(g_Project->SaveQNC4(false));

@@ -181,6 +181,7 @@ TEST_F(Safety, ATextThatCouldNotBeReadIsNotOverwrittenWithNothing) {
   QByteArray single = fileBytes(g_Project->FileWithPath);
   writeFile(g_Project->FileWithPath, single.replace(simpleRtf("four five").toBase64(), "?!"));
   screen_.expectBox(u"You've loaded an all-in-one"_s);
+  screen_.expectBox(u"could not be read"_s);
   ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
   ASSERT_TRUE(g_Project->SaveQN4(true));
   const QString file = scratch_.path(u"book/RTF/RTF_00002.rtf"_s);

@@ -1,5 +1,6 @@
 // The commands that open, save, close and make projects, and the list of recent ones.
 
+#include "editor/frmEditor.h"
 #include "infra/Paths.h"
 #include "infra/cSHAREDSettings.h"
 #include "model/Globals.h"
@@ -18,6 +19,8 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 
@@ -214,6 +217,32 @@ TEST_F(ProjectCommandsTest, ClosingAChangedProjectIsRefusedWhileASceneIsOpen) {
   EXPECT_EQ(g_Project->FileWithPath, path);
 }
 
+TEST_F(ProjectCommandsTest, WhatAnEditorSavedIsInTheProjectFileWhenAnotherBookComes) {
+  const QString path = smallProject();
+  startWith(path);
+  QString single = path;
+  single.replace(u".qn4"_s, u".qnc4"_s);
+  toolkit.expectBox(u"File saved to "_s);
+  trigger("mnuSaveToSingleFile");
+  const auto editScene = [&](const QString& title) {
+    window().EditSelectedScene();
+    auto* const titleBox = editor()->findChild<QLineEdit*>(u"txtTitle"_s);
+    titleBox->clear();
+    QTest::keyClicks(titleBox, title);
+    editor()->findChild<QAction*>(u"mnuSaveAndExit"_s)->trigger();
+    ASSERT_FALSE(window().Editing());
+  };
+  editScene(u"Planned anew"_s);
+  trigger("mnuCloseProject");
+  EXPECT_TRUE(fileBytes(path).contains("Planned%20anew"));
+  toolkit.expectFile(single);
+  toolkit.expectBox(u"You've loaded an all-in-one"_s);
+  trigger("mnuLoadProj");
+  editScene(u"From a single file"_s);
+  trigger("mnuCloseProject");
+  EXPECT_TRUE(fileBytes(path).contains("From%20a%20single%20file"));
+}
+
 TEST_F(ProjectCommandsTest, ABookThatCouldNotBeSavedIsReplacedOnlyWhenTheUserSaysSo) {
   const QString path = smallProject();
   startWith(path);
@@ -278,6 +307,22 @@ TEST_F(ProjectCommandsTest, AFontThatIsNotInstalledIsKeptAndSaid) {
   EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Tahoma"_s);
   EXPECT_TRUE(control<QAction>("mnuFont(3)").isChecked());
   EXPECT_FALSE(control<QAction>("mnuFont(2)").isChecked());
+}
+
+TEST_F(ProjectCommandsTest, MenusHaveLettersForTheKeyboardThatAreNoPartOfTheirCaptions) {
+  startWith(smallProject());
+  QSet<QChar> letters;
+  for (const QAction* menu : window().menuBar()->actions()) {
+    const qsizetype mark = menu->text().indexOf(u'&');
+    EXPECT_TRUE(!menu->isVisible() || mark >= 0) << menu->text().toStdString();
+    EXPECT_TRUE(!menu->isVisible() || !letters.contains(menu->text().at(mark + 1).toLower()));
+    letters.insert(menu->text().at(mark + 1).toLower());
+  }
+  Q_EMIT control<QMenu>("mnuFontmnu").aboutToShow();
+  EXPECT_EQ(control<QAction>("mnuFont(5)").text(), u"&Verdana"_s);
+  trigger("mnuFont(5)");
+  EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Verdana"_s);
+  EXPECT_TRUE(control<QAction>("mnuFont(5)").isChecked());
 }
 
 TEST_F(ProjectCommandsTest, TheVersionCheckRefusesWhileASceneIsOpen) {
