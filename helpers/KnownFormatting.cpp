@@ -39,6 +39,7 @@ constexpr bool isBlank(char16_t unit) {
 struct TagAt {
   bool closing = false;
   std::uint64_t name = 0;
+  bool isQuotation = false;
   const char16_t* attributes = nullptr;
   const char16_t* end = nullptr;
 
@@ -51,14 +52,17 @@ TagAt tagBetween(const char16_t* at, const char16_t* close) {
   TagAt tag;
   tag.closing = *++at == u'/';
   at += tag.closing ? 1 : 0;
-  std::array<char16_t, HtmlReferences::kLongestName> name{};
+  constexpr std::u16string_view kQuotation = u"blockquote";  // too long to be packed
+  std::array<char16_t, kQuotation.size()> name{};
   std::size_t length = 0;
   while (at < close && length < name.size() && HtmlReferences::digitOf(*at) < 99) {
     name[length++] = lower(*at++);
   }
   tag.attributes = at;
   tag.end = close + 1;
-  tag.name = at == close || isBlank(*at) || *at == u'/' ? packed(name.data(), length) : 0;
+  const bool ended = at == close || isBlank(*at) || *at == u'/';
+  tag.name = ended ? packed(name.data(), length) : 0;
+  tag.isQuotation = ended && std::u16string_view(name.data(), length) == kQuotation;
   return tag;
 }
 
@@ -100,11 +104,13 @@ bool isCentred(const TagAt& tag) {
 }
 
 /// What ends a paragraph besides the next one.
-constexpr std::array kBlocks{key("div"), key("center"), key("hr"), key("table"), key("tr"),   key("td"),  key("th"),
-                             key("ul"),  key("ol"),     key("li"), key("pre"),   key("body"), key("html")};
+constexpr std::array kBlocks{key("div"),     key("center"),  key("hr"),      key("table"), key("tr"),
+                             key("td"),      key("th"),      key("ul"),      key("ol"),    key("li"),
+                             key("dl"),      key("dt"),      key("dd"),      key("pre"),   key("form"),
+                             key("address"), key("section"), key("article"), key("body"),  key("html")};
 
 bool isBlock(const TagAt& tag) {
-  return tag.isHeading() || std::find(kBlocks.begin(), kBlocks.end(), tag.name) != kBlocks.end();
+  return tag.isHeading() || tag.isQuotation || std::find(kBlocks.begin(), kBlocks.end(), tag.name) != kBlocks.end();
 }
 
 /// Passes over comments. A mark without its partner is none; that is found out once.

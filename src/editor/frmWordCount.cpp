@@ -72,17 +72,24 @@ class frmWordCount::Rows : public QAbstractTableModel {
     return orientation == Qt::Horizontal && role == Qt::TextAlignmentRole ? alignmentOf(section) : QVariant();
   }
 
-  // Equal counts keep the order that they had, so that a click on "Word" and one on "Count" sort by both.
   void sort(int column, Qt::SortOrder order) override {
     Q_EMIT layoutAboutToBeChanged();
-    const bool ascending = order == Qt::AscendingOrder;
-    if (column == kCount) {
-      std::stable_sort(usage_.begin(), usage_.end(), [=](const WordUsage& a, const WordUsage& b) {
-        return ascending ? a.count < b.count : b.count < a.count;
-      });
-    } else {
-      sortByWord(ascending);
+    const std::vector<size_t> from = column == kCount ? orderByCount(order) : orderByWord(order);
+    std::vector<int> to(usage_.size());
+    std::vector<WordUsage> sorted;
+    sorted.reserve(usage_.size());
+    for (const size_t row : from) {
+      to[row] = static_cast<int>(sorted.size());
+      sorted.push_back(std::move(usage_[row]));
     }
+    usage_ = std::move(sorted);
+    // What is selected moves along.
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    for (const QModelIndex& index : before) {
+      after.append(this->index(to[static_cast<size_t>(index.row())], index.column()));
+    }
+    changePersistentIndexList(before, after);
     Q_EMIT layoutChanged();
   }
 
@@ -96,22 +103,30 @@ class frmWordCount::Rows : public QAbstractTableModel {
     return QVariant::fromValue(int((column == kCount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
   }
 
+  /// The rows in the order in which `isBefore` puts them; equal ones keep theirs, so that a click on "Word" and one
+  /// on "Count" sort by both.
+  template <class IsBefore>
+  std::vector<size_t> ordered(Qt::SortOrder order, IsBefore isBefore) const {
+    std::vector<size_t> rows(usage_.size());
+    std::iota(rows.begin(), rows.end(), size_t{0});
+    std::stable_sort(rows.begin(), rows.end(),
+                     [=](size_t a, size_t b) { return order == Qt::AscendingOrder ? isBefore(a, b) : isBefore(b, a); });
+    return rows;
+  }
+
+  std::vector<size_t> orderByCount(Qt::SortOrder order) const {
+    return ordered(order, [this](size_t a, size_t b) { return usage_[a].count < usage_[b].count; });
+  }
+
   // By the rules of the writer's language; a key for each word is made once, not at each comparison.
-  void sortByWord(bool ascending) {
-    struct Keyed {
-      QCollatorSortKey key;
-      WordUsage row;
-    };
+  std::vector<size_t> orderByWord(Qt::SortOrder order) const {
     const QCollator collator;
-    std::vector<Keyed> keyed;
-    keyed.reserve(usage_.size());
-    for (WordUsage& row : usage_) {
-      keyed.push_back({collator.sortKey(row.word), std::move(row)});
+    std::vector<QCollatorSortKey> keys;
+    keys.reserve(usage_.size());
+    for (const WordUsage& row : usage_) {
+      keys.push_back(collator.sortKey(row.word));
     }
-    std::stable_sort(keyed.begin(), keyed.end(), [=](const Keyed& a, const Keyed& b) {
-      return ascending ? a.key.compare(b.key) < 0 : b.key.compare(a.key) < 0;
-    });
-    std::transform(keyed.begin(), keyed.end(), usage_.begin(), [](Keyed& sorted) { return std::move(sorted.row); });
+    return ordered(order, [&keys](size_t a, size_t b) { return keys[a].compare(keys[b]) < 0; });
   }
 
   std::vector<WordUsage> usage_;

@@ -51,6 +51,9 @@ QSet<QString> clsScenes::TextFileNames() const {
 }
 
 void clsScenes::Clear() {
+  for (const Pointer& scene : *this) {
+    scene->InScenes = false;
+  }
   clearEach();
 }
 

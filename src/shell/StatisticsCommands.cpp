@@ -10,6 +10,8 @@
 #include "spell/clsHashTable.h"
 #include "text/modWordcount.h"
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 void StatisticsCommands::mnuWordUsageCount_Click() {
@@ -18,10 +20,12 @@ void StatisticsCommands::mnuWordUsageCount_Click() {
   }
   clsHashTable table;
   {
-    // The scenes that are walked stay as they are.
+    // The scenes that are walked stay, whatever is done while the window repaints.
+    const auto busy = g_Project->keepBusy();
     const InputShield shield;
     Subs().BusyMouse();
-    for (const auto& scene : g_Project->Scenes) {
+    const std::vector<std::shared_ptr<clsScene>> scenes(g_Project->Scenes.begin(), g_Project->Scenes.end());
+    for (const auto& scene : scenes) {
       main_.showMessage(scene->RTFFilename());
       Subs().RegularDoEvents();
       BreakAndHash(table, scene->ConvertedToBodyText());

@@ -11,6 +11,8 @@
 #include "text/TextBasics.h"
 #include "text/WordBytes.h"
 
+#include <QStringMatcher>
+
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -140,6 +142,16 @@ qint32 countWords(QStringView text, decltype(&cWordCount) count) {
     from = end;
   }
   return words;
+}
+
+/// As often as `wanted` can be replaced in one pass.
+qsizetype countHits(QStringView text, const QString& wanted) {
+  const QStringMatcher matcher(wanted);
+  qsizetype hits = 0;
+  for (qsizetype at = matcher.indexIn(text); at >= 0; at = matcher.indexIn(text, at + wanted.size())) {
+    ++hits;
+  }
+  return hits;
 }
 
 template <class Encode, class Byte>
@@ -301,7 +313,7 @@ QString cSharedHTML::replacedByC(const char* routine, const QString& text, const
     const QString searched = cs == Qt::CaseSensitive ? text : folded(text);
     const QString wanted = cs == Qt::CaseSensitive ? find : folded(find);
     const qsizetype growth = std::max<qsizetype>(0, replace.size() - find.size());
-    const qsizetype hits = growth == 0 ? 0 : QStringView(searched).count(wanted);
+    const qsizetype hits = growth == 0 ? 0 : countHits(searched, wanted);
     QString out(text.size() + hits * growth, Qt::Uninitialized);
     const size_t size = cReplace(unitsIn(text), unitsIn(searched), sizeOf(text), unitsIn(wanted), sizeOf(wanted),
                                  unitsIn(replace), sizeOf(replace), unitsOf(out));

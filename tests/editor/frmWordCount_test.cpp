@@ -48,13 +48,16 @@ TEST_F(EditorTest, WordsStandInTheOrderOfTheTableOrByCountAndATitleSortsThem) {
   EXPECT_EQ(toolkit.pointer, Pointer::Normal);
   form.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+  auto& list = *form.findChild<QTreeView*>(u"ListView1"_s);
+  list.setCurrentIndex(list.model()->index(0, 0));
   clickTitle(form, 1);
   EXPECT_TRUE(shownIn(form).endsWith(u"Zebra 2, Apple 2, Egg 4"_s));
+  EXPECT_EQ(list.currentIndex().data(), u"Egg"_s) << "the selection stays with its word";
   clickTitle(form, 1);
   EXPECT_TRUE(shownIn(form).startsWith(u"Egg 4, Zebra 2"_s)) << "by number, not by digits";
   clickTitle(form, 0);
   EXPECT_TRUE(shownIn(form).startsWith(u"Apple 2, "_s) && shownIn(form).endsWith(u"Zebra 2"_s));
-  const QHeaderView& header = *form.findChild<QTreeView*>(u"ListView1"_s)->header();
+  const QHeaderView& header = *list.header();
   EXPECT_TRUE(header.sortIndicatorSection() == 0 && header.sortIndicatorOrder() == Qt::AscendingOrder);
   clickTitle(form, 0);
   EXPECT_TRUE(shownIn(form).startsWith(u"Zebra 2, "_s) && shownIn(form).endsWith(u"Apple 2"_s));

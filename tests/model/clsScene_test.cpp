@@ -17,6 +17,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <gtest/gtest.h>
 
@@ -34,7 +35,12 @@ class RecordingEditor : public SceneEditor {
       whenFilled();
     }
   }
-  void Show() override { note(u"Show"_s, true); }
+  void Show() override {
+    if (whenShown) {
+      whenShown();
+    }
+    note(u"Show"_s, true);
+  }
   void Activate() override { calls_ += u"Activate"_s; }
   void ShowModal() override {
     calls_ += u"ShowModal"_s;
@@ -56,6 +62,7 @@ class RecordingEditor : public SceneEditor {
 
   bool saved = false;
   std::function<void()> whenFilled;
+  std::function<void()> whenShown;
   std::function<void()> whileModal;
 
  private:
@@ -171,6 +178,7 @@ TEST_F(Scene, CachedCountsSurviveALoadAndAreCountedAnewWhenForced) {
 TEST_F(Scene, FileNamesAreCountedAndAFileInTheWorkingDirectoryIsPassedOver) {
   const ScratchFolder scratch;
   const QString before = QDir::currentPath();
+  const auto goBack = qScopeGuard([&] { QDir::setCurrent(before); });
   ASSERT_TRUE(QDir::setCurrent(scratch.path()));
   QDir(scratch.path()).mkdir(u"RTF"_s);
   writeFile(u"RTF/RTF_100001.rtf"_s, "taken");
@@ -185,7 +193,6 @@ TEST_F(Scene, FileNamesAreCountedAndAFileInTheWorkingDirectoryIsPassedOver) {
   EXPECT_TRUE(g_Project->SceneByID(1)->EraseScene());
   EXPECT_FALSE(QFileInfo::exists(scratch.path(u"RTF_100000.rtf"_s)));
   EXPECT_TRUE(QFileInfo::exists(g_Project->SceneByID(1)->RTFFileWithPath())) << "the project's own file stays";
-  QDir::setCurrent(before);
 }
 
 TEST_F(Scene, TellsItsTimeAndWhetherItHasANote) {
@@ -215,6 +222,13 @@ TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {
   EXPECT_EQ(calls_, (QStringList{u"EditScene 1"_s, u"Unload"_s}));
   EXPECT_FALSE(scene->Locked() || scene->EditingScene);
   EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
+  sceneEditorFactory() = [this] {
+    auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
+    made->whenShown = [] { throw RuntimeError(RuntimeError::OutOfMemory); };
+    return made;
+  };
+  scene->Edit();
+  EXPECT_FALSE(scene->EditingScene);
   EXPECT_EQ(g_Project->SceneCount(), 5);
   EXPECT_FALSE(g_SceneChanges.AnyLocked());
 }

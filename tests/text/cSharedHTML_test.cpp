@@ -186,25 +186,27 @@ TEST(cSharedHTML, PlainText) {
 }
 
 TEST(cSharedHTML, ReaderFormat) {
-  expectTexts(&cSharedHTML::ConvertToPagelingFormatting,
-              {{u" <B>a</B><STRONG class=x>b</strong> "_s, u"[b]a[/b][b]b[/b]"_s},
-               {u"<i>a</i><em>b</em><u>c</u><ins>d</ins>"_s, u"[i]a[/i][i]b[/i][u]c[/u][u]d[/u]"_s},
-               {u"<h1>T</h1><H6 id='1'>t</H6><hr><HR/>"_s, u"[h1]T[/h1][h6]t[/h6][hr][hr]"_s},
-               {u"<center>a</center><p align=center>b</p><p>c</p>"_s, u"[c]a[/c][c]b[/c]<p>c</p>"_s},
-               {u"<P ALIGN='CENTER'>a<p>b"_s, u"[c]a[/c]b"_s},
-               {u"<p style=\"text-align: center\">a<p align=center>b"_s, u"[c]a[/c][c]b[/c]"_s},
-               {u"<div align=center>a<div>b</div>c</div>d</div>"_s, u"[c]a<div>b</div>c[/c]d</div>"_s},
-               {u"<h2 align=\"center\">T</h2><h2>t</h2>"_s, u"[c][h2]T[/h2][/c][h2]t[/h2]"_s},
-               {u"<br><blockquote><bold><b <i>x</hr><>"_s, u"<br><blockquote><bold><b [i]x</hr><>"_s},
-               {u"<p align=center>a<div>b</div><h1>c</h1>"_s, u"[c]a[/c]<div>b</div>[h1]c[/h1]"_s},
-               {u"<p align=center>a"_s, u"[c]a[/c]"_s},
-               {u"<p style='vertical-align: center' class=\"talign center align center\">a"_s,
-                u"<p style='vertical-align: center' class=\"talign center align center\">a"_s},
-               {u"<i/>a<b />"_s, u"<i/>a<b />"_s},
-               {u"<!-- <p align=center><b> --><p>a</p><!-- <i>"_s, u"<!-- <p align=center><b> --><p>a</p><!-- [i]"_s},
-               {u"a[PB]b"_s, u"a\r\n[pb]\r\nb"_s},
-               {u"[pb]"_s, u"[pb]"_s},
-               {u"<p>[pb]</p>\r\n[pb]\r\nЖ"_s, u"<p>\r\n[pb]\r\n</p>\r\n[pb]\r\nЖ"_s}});
+  expectTexts(
+      &cSharedHTML::ConvertToPagelingFormatting,
+      {{u" <B>a</B><STRONG class=x>b</strong> "_s, u"[b]a[/b][b]b[/b]"_s},
+       {u"<i>a</i><em>b</em><u>c</u><ins>d</ins>"_s, u"[i]a[/i][i]b[/i][u]c[/u][u]d[/u]"_s},
+       {u"<h1>T</h1><H6 id='1'>t</H6><hr><HR/>"_s, u"[h1]T[/h1][h6]t[/h6][hr][hr]"_s},
+       {u"<center>a</center><p align=center>b</p><p>c</p>"_s, u"[c]a[/c][c]b[/c]<p>c</p>"_s},
+       {u"<P ALIGN='CENTER'>a<p>b"_s, u"[c]a[/c]b"_s},
+       {u"<p style=\"text-align: center\">a<p align=center>b"_s, u"[c]a[/c][c]b[/c]"_s},
+       {u"<div align=center>a<div>b</div>c</div>d</div>"_s, u"[c]a<div>b</div>c[/c]d</div>"_s},
+       {u"<h2 align=\"center\">T</h2><h2>t</h2>"_s, u"[c][h2]T[/h2][/c][h2]t[/h2]"_s},
+       {u"<br><blockquote><bold><b <i>x</hr><>"_s, u"<br><blockquote><bold><b [i]x</hr><>"_s},
+       {u"<p align=center>a<div>b</div><h1>c</h1>"_s, u"[c]a[/c]<div>b</div>[h1]c[/h1]"_s},
+       {u"<p align=center>a"_s, u"[c]a[/c]"_s},
+       {u"<p align=center>a<blockquote>b<p align=center>c<address>"_s, u"[c]a[/c]<blockquote>b[c]c[/c]<address>"_s},
+       {u"<p style='vertical-align: center' class=\"talign center align center\">a"_s,
+        u"<p style='vertical-align: center' class=\"talign center align center\">a"_s},
+       {u"<i/>a<b />"_s, u"<i/>a<b />"_s},
+       {u"<!-- <p align=center><b> --><p>a</p><!-- <i>"_s, u"<!-- <p align=center><b> --><p>a</p><!-- [i]"_s},
+       {u"a[PB]b"_s, u"a\r\n[pb]\r\nb"_s},
+       {u"[pb]"_s, u"[pb]"_s},
+       {u"<p>[pb]</p>\r\n[pb]\r\nЖ"_s, u"<p>\r\n[pb]\r\n</p>\r\n[pb]\r\nЖ"_s}});
   expectTexts(&cSharedHTML::HtmlToPagelingText,
               {{u"<head>x</head><p>a <b>b</b></p>[pb]<p>&eacute;</p>"_s, u"a [b]b[/b]\r\n[pb]\r\né"_s},
                {u"<!-- <div align=center> --><div>one</div> two</div>"_s, u"one two"_s}});
@@ -288,6 +290,8 @@ TEST(cSharedHTML, AReplacementTakesTheRoomThatItNeedsAndNoMore) {
   const QString body = u"y"_s.repeated(1'000'000);
   EXPECT_EQ(Html().ReplaceUsingC(text, u"[[B]]"_s, body).size(), 1'100'000);
   EXPECT_EQ(Html().ReplaceWith(text, u"[[b]]"_s, body).size(), 1'100'000);
+  const QString repeated = u"a"_s.repeated(2'000'000);
+  EXPECT_EQ(Html().ReplaceUsingC(repeated, u"a"_s.repeated(1000), u"b"_s.repeated(1001)).size(), 2'002'000);
 }
 
 TEST(cSharedHTML, EnclosedValuesReadBack) {
