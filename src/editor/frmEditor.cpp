@@ -8,6 +8,7 @@
 #include "infra/Numbers.h"
 #include "infra/cSHAREDSettings.h"
 #include "toolkit/Icons.h"
+#include "toolkit/Mnemonics.h"
 #include "toolkit/RichTextBox.h"
 #include "toolkit/Twips.h"
 #include "toolkit/WindowSettings.h"
@@ -63,17 +64,20 @@ void frmEditor::createActions() {
     connect(action, &QAction::triggered, this, run);
     return action;
   };
-  QMenu* const file = addMenu("mnuFile", u"&File"_s);
-  add(file, "mnuSave", u"&Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
-  add(file, "mnuSaveAndExit", u"Save && &Exit"_s, [this] {
+  QMenu* const file = addMenu("mnuFile", u"File"_s);
+  add(file, "mnuSave", u"Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
+  add(file, "mnuSaveAndExit", u"Save && Exit"_s, [this] {
     if (SaveChanges(false)) {
       ExitForm();
     }
   });
   file->addSeparator();
-  add(file, "mnuExit", u"&Close"_s, [this] { closeForm(); });
-  QMenu* const tools = addMenu("mnuTools", u"&Tools"_s);
-  add(tools, "mnuTop20", u"Show &word usage"_s, [this] { mnuTop20_Click(); });
+  add(file, "mnuExit", u"Close"_s, [this] { closeForm(); });
+  QMenu* const tools = addMenu("mnuTools", u"Tools"_s);
+  add(tools, "mnuTop20", u"Show word usage"_s, [this] { mnuTop20_Click(); });
+  assignMnemonics(menuBar()->actions());
+  assignMnemonics(file->actions());
+  assignMnemonics(tools->actions());
 }
 
 void frmEditor::buildLayout() {

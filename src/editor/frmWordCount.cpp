@@ -33,6 +33,8 @@ struct WordUsage {
 /// The words in the order in which they are shown.
 class frmWordCount::Rows : public QAbstractTableModel {
  public:
+  using QAbstractTableModel::QAbstractTableModel;
+
   void fill(const clsHashTable& table) {
     beginResetModel();
     usage_.clear();
@@ -132,21 +134,17 @@ class frmWordCount::Rows : public QAbstractTableModel {
   std::vector<WordUsage> usage_;
 };
 
-frmWordCount::frmWordCount(QWidget* parent) : QDialog(parent), rows_(std::make_unique<Rows>()) {
+frmWordCount::frmWordCount(QWidget* parent) : QDialog(parent), rows_(new Rows(this)) {
   setObjectName(u"frmWordCount"_s);
   setWindowTitle(u"Word Usage Counts"_s);
   buildLayout();
-}
-
-frmWordCount::~frmWordCount() {
-  ListView1->setModel(nullptr);
 }
 
 void frmWordCount::buildLayout() {
   ListView1 = new QTreeView(this);
   ListView1->setObjectName(u"ListView1"_s);
   ListView1->setAccessibleName(u"Words and how often they are used"_s);
-  ListView1->setModel(rows_.get());
+  ListView1->setModel(rows_);
   ListView1->setRootIsDecorated(false);
   ListView1->setItemsExpandable(false);
   ListView1->setUniformRowHeights(true);

@@ -2,8 +2,6 @@
 
 #include <QDialog>
 
-#include <memory>
-
 class QLabel;
 class QTreeView;
 class clsHashTable;
@@ -12,7 +10,6 @@ class clsHashTable;
 class frmWordCount : public QDialog {
  public:
   explicit frmWordCount(QWidget* parent = nullptr);
-  ~frmWordCount() override;
 
   /// Shows every record of a table that was filled by text, and the sums. By count the most frequent stand first;
   /// otherwise they stand as they came. The table isn't needed any more afterwards.
@@ -27,7 +24,7 @@ class frmWordCount : public QDialog {
   void ListView1_ColumnClick(int column);
   void sortBy(int column);
 
-  std::unique_ptr<Rows> rows_;
+  Rows* rows_;
   QTreeView* ListView1 = nullptr;
   QLabel* lblInfo = nullptr;
   /// Flipped by each click on a title, whichever column it is.

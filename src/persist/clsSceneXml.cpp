@@ -119,11 +119,14 @@ void clsScene::readLists(const TagView& element) {
 
 void clsScene::readRTF(const TagView& element) {
   using namespace modConstXML;
-  if (!element.contains(kSceneRTF)) {
+  const QByteArray block = element.bytes(kSceneRTF);
+  const bool isMarked = Tags::find(block, kCData.open) >= 0;
+  // An empty text is marked too: a block without anything, or none at all, says nothing of the text.
+  if (!isMarked && block.trimmed().isEmpty()) {
     textUnread_ = true;
     return;
   }
-  const QByteArray stored = Tags::ExtractBetweenTags(element.bytes(kSceneRTF), kCData);
+  const QByteArray stored = isMarked ? Tags::ExtractBetweenTags(block, kCData) : block;
   const bool countKnown = !wordsStale_;
   try {
     setTextRTF(Html().decodedMime64(stored));

@@ -6,6 +6,7 @@
 #include "shell/ListView.h"
 #include "shell/RowColours.h"
 #include "shell/RowIcon.h"
+#include "toolkit/ReadOnlyText.h"
 
 #include <QEvent>
 #include <QFormLayout>
@@ -67,10 +68,7 @@ void ChapterPane::buildLayout() {
   txtChapterDesc_->setObjectName(u"txtChapterDesc"_s);
   txtChapterDesc_->setAccessibleName(u"Chapter description"_s);
   txtChapterDesc_->setToolTip(u"Chapter Description (Double click to edit)"_s);
-  txtChapterDesc_->setReadOnly(true);
-  // The caret shows where the keyboard is.
-  txtChapterDesc_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  txtChapterDesc_->setTabChangesFocus(true);
+  makeReadOnly(*txtChapterDesc_);
 
   auto* lists = new QSplitter(Qt::Vertical);
   lists->setChildrenCollapsible(false);

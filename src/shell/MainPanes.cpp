@@ -1,6 +1,5 @@
 #include "shell/MainPanes.h"
 
-#include "infra/cSHAREDSettings.h"
 #include "model/Globals.h"
 #include "model/clsChapter.h"
 #include "model/clsProject.h"
@@ -115,8 +114,6 @@ void MainPanes::placeSplitters(double chapterSplit, double sceneSplit, bool fitT
   chapterSplit_ = chapterSplit;
   sceneSplit_ = sceneSplit;
   fitTitles_ = fitTitles;
-  // The third column is that of the titles.
-  fitSceneTitles_ = !Settings().IsSettingPresent(u"MainScn3_W"_s);
   if (isVisible()) {
     applySplits();
   }
@@ -137,8 +134,6 @@ void MainPanes::applySplits() {
   frameScenes_->placeSplitter(sceneSplit_);
   if (fitTitles_) {
     frameChapters_->ListChapters().fillRoom();
-  }
-  if (fitSceneTitles_) {
     frameScenes_->fitSceneTitles();
   }
   chapterSplit_ = 0;

@@ -36,8 +36,7 @@ class MainPanes : public QWidget {
   /// The left edge of the panes on the right, as a part of the whole width; 0 before they are laid out.
   double chapterSplit() const;
   /// Where the two splitters go as soon as the panes are on the screen: parts of the whole and of the scene pane.
-  /// With `fitTitles` the chapters' titles take the room that their counts leave; the scenes' titles do as long as
-  /// the settings have no width for them.
+  /// With `fitTitles` the titles of chapters and scenes take the room that the other columns leave.
   void placeSplitters(double chapterSplit, double sceneSplit, bool fitTitles);
 
  Q_SIGNALS:
@@ -63,5 +62,4 @@ class MainPanes : public QWidget {
   double chapterSplit_ = 0;
   double sceneSplit_ = 0;
   bool fitTitles_ = false;
-  bool fitSceneTitles_ = false;
 };

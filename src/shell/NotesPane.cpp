@@ -5,6 +5,7 @@
 #include "model/clsProject.h"
 #include "shell/ListView.h"
 #include "shell/RowIcon.h"
+#include "toolkit/ReadOnlyText.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -35,10 +36,7 @@ void NotesPane::buildLayout() {
   txtNoteTitle_->setReadOnly(true);
   txtNoteEditor_->setObjectName(u"txtNoteEditor"_s);
   txtNoteEditor_->setAccessibleName(u"Note text"_s);
-  txtNoteEditor_->setReadOnly(true);
-  // The caret shows where the keyboard is.
-  txtNoteEditor_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  txtNoteEditor_->setTabChangesFocus(true);
+  makeReadOnly(*txtNoteEditor_);
   // The colour of a button: this is for reading.
   txtNoteEditor_->viewport()->setBackgroundRole(QPalette::Button);
 

@@ -4,16 +4,14 @@
 #include "editor/EditorText.h"
 #include "model/clsScene.h"
 #include "text/Rtf.h"
+#include "toolkit/ReadOnlyText.h"
 
 using namespace Qt::StringLiterals;
 
 SceneBody::SceneBody(QWidget* parent) : RichTextBox(parent) {
   setObjectName(u"txtBody"_s);
   setAccessibleName(u"Scene text"_s);
-  setReadOnly(true);
-  // The caret shows where the keyboard is.
-  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  setTabChangesFocus(true);
+  makeReadOnly(*this);
 }
 
 void SceneBody::showText(const clsScene& scene) {

@@ -7,6 +7,7 @@
 #include "shell/SceneBody.h"
 #include "shell/modFillList.h"
 #include "toolkit/Icons.h"
+#include "toolkit/ReadOnlyText.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -32,10 +33,7 @@ QPlainTextEdit* readOnlyText(const QString& name, const QString& spokenName) {
   auto* field = new QPlainTextEdit;
   field->setObjectName(name);
   field->setAccessibleName(spokenName);
-  field->setReadOnly(true);
-  // The caret shows where the keyboard is.
-  field->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  field->setTabChangesFocus(true);
+  makeReadOnly(*field);
   return field;
 }
 

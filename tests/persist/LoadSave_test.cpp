@@ -35,6 +35,14 @@ class LoadSave : public ::testing::Test {
     return QString::fromLatin1(fileBytes(Logging().CurrentLogFilename()));
   }
 
+  /// The project, loaded and saved again as one/Small.qnc4, which is the open file then; its bytes.
+  QByteArray savedAsSingleFile() {
+    EXPECT_TRUE(g_Project->Load(path_, false));
+    g_Project->FileWithPath = scratch_.path(u"one/Small.qnc4"_s);
+    EXPECT_TRUE(g_Project->SaveQNC4(false));
+    return fileBytes(g_Project->FileWithPath);
+  }
+
   void expectEmptyProject() {
     EXPECT_EQ(g_Project->FileWithPath, QString());
     EXPECT_EQ(g_Project->SceneCount() + g_Project->ChapterCount() + g_Project->CharCount(), 0);
@@ -170,11 +178,8 @@ TEST_F(LoadSave, AFileThatCannotBeWrittenLeadsToTheQuestion) {
 }
 
 TEST_F(LoadSave, ASingleFileHoldsTheTextsAndTurnsIntoAFolderAgain) {
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  g_Project->FileWithPath = scratch_.path(u"one/Small.qnc4"_s);
-  ASSERT_TRUE(g_Project->SaveQNC4(false));
+  const QByteArray single = savedAsSingleFile();
   EXPECT_EQ(filesBelow(scratch_.path(u"one"_s)).size(), 1);
-  const QByteArray single = fileBytes(scratch_.path(u"one/Small.qnc4"_s));
   EXPECT_TRUE(single.contains("\t\t<SCENERTF>\r\n\t\t\t<![CDATA[" + simpleRtf("one two three").toBase64() +
                               "]]>\r\n\t\t</SCENERTF>\r\n"));
   newProject();
@@ -189,27 +194,24 @@ TEST_F(LoadSave, ASingleFileHoldsTheTextsAndTurnsIntoAFolderAgain) {
 }
 
 TEST_F(LoadSave, TextThatIsNoBase64LosesThatTextAloneAndIsLogged) {
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  g_Project->FileWithPath = scratch_.path(u"one/Small.qnc4"_s);
-  ASSERT_TRUE(g_Project->SaveQNC4(false));
-  QByteArray text = fileBytes(g_Project->FileWithPath);
+  QByteArray text = savedAsSingleFile();
   text.replace(simpleRtf("four five").toBase64(), "*not base64*");
   text.replace(simpleRtf("ten").toBase64(), simpleRtf("ten").toBase64().insert(8, "\r\n  ").replace('=', ""));
+  const QByteArray unmarked = simpleRtf("eleven twelve").toBase64();
+  text.replace("<![CDATA[" + unmarked + "]]>", unmarked);
   writeFile(g_Project->FileWithPath, text);
   screen_.expectBox(u"You've loaded an all-in-one"_s);
   screen_.expectBox(u"could not be read, and they are empty now:\nArrival 2"_s);
   ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
   EXPECT_EQ(g_Project->SceneByIndex(2)->TextRTF(), "");
   EXPECT_EQ(g_Project->SceneByIndex(4)->TextRTF(), simpleRtf("ten"));
+  EXPECT_EQ(g_Project->SceneByIndex(5)->TextRTF(), simpleRtf("eleven twelve"));
   EXPECT_TRUE(logText().contains(u"scene 'Arrival 2'"_s));
 }
 
 // A single file with one text that can't be decoded and one that isn't there, saved as a folder that has no such files.
 TEST_F(LoadSave, AProjectWithUnreadTextsIsSavedWholeAndOpensAgain) {
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  g_Project->FileWithPath = scratch_.path(u"one/Small.qnc4"_s);
-  ASSERT_TRUE(g_Project->SaveQNC4(false));
-  QByteArray text = fileBytes(g_Project->FileWithPath);
+  QByteArray text = savedAsSingleFile();
   text.replace(simpleRtf("four five").toBase64(), "e1x*broken");
   const qsizetype block = text.indexOf("\t\t<SCENERTF>");
   text.remove(block, text.indexOf("</SCENERTF>\r\n", block) + 13 - block);
