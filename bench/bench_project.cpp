@@ -2,11 +2,11 @@
 //     bench_project PROJECT.qn4 [PROJECT.qn4 ...]
 // Loads take the projects where they stand; saves write them back, unchanged.
 #include "Paired.h"
-#include "infra/FileChannels.h"
-#include "infra/cSharedFileSubs.h"
-#include "infra/cSharedLogging.h"
-#include "model/Globals.h"
-#include "model/clsProject.h"
+#include "core/infra/FileChannels.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -3,7 +3,7 @@
 // are 2.5, 6 and 2.
 #include "Paired.h"
 #include "Yardsticks.h"
-#include "text/Rtf.h"
+#include "core/text/Rtf.h"
 
 #include <QString>
 

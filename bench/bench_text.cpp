@@ -2,11 +2,11 @@
 // same run. Takes the novel where the shared test material is present, else text of our own making.
 #include "Paired.h"
 #include "Yardsticks.h"
-#include "model/clsScene.h"
-#include "spell/clsHashTable.h"
-#include "text/Rtf.h"
-#include "text/cSharedHTML.h"
-#include "text/modWordcount.h"
+#include "core/infra/clsHashTable.h"
+#include "core/model/clsScene.h"
+#include "core/text/Rtf.h"
+#include "core/text/cSharedHTML.h"
+#include "core/text/modWordcount.h"
 
 #include <QCoreApplication>
 #include <QStringList>

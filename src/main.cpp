@@ -1,10 +1,10 @@
 #include "Version.h"
-#include "editor/frmEditor.h"
-#include "infra/Maker.h"
-#include "shell/GuardedApplication.h"
-#include "shell/frmMain.h"
-#include "toolkit/Icons.h"
-#include "toolkit/QtToolkit.h"
+#include "core/infra/Maker.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/shell/life/GuardedApplication.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/toolkit/Icons.h"
+#include "gui/toolkit/QtToolkit.h"
 
 #include <QTimer>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "infra/RuntimeError.h"
+#include "core/infra/RuntimeError.h"
 
 /// The number of the RuntimeError that a statement throws, 0 when it throws none.
 template <class Statement>

@@ -1,14 +1,14 @@
 #include "support/SampleProject.h"
 
-#include "infra/cSharedLogging.h"
-#include "model/Globals.h"
-#include "model/clsChapter.h"
-#include "model/clsCharacter.h"
-#include "model/clsItem.h"
-#include "model/clsLocation.h"
-#include "model/clsNote.h"
-#include "model/clsProject.h"
-#include "model/clsScene.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsNote.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 
 #include <QDirIterator>
 #include <QFile>

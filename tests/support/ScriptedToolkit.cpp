@@ -25,7 +25,7 @@ ScriptedToolkit::ScriptedToolkit() {
 ScriptedToolkit::~ScriptedToolkit() {
   installToolkit(nullptr);
   for (const Expected& left : script_) {
-    ADD_FAILURE() << "was never asked: " << left.text.toStdString();
+    ADD_FAILURE() << "was never asked: " << left.text;
   }
 }
 
@@ -47,7 +47,7 @@ void ScriptedToolkit::expectErrorReport(const QString& text) {
 
 std::optional<ScriptedToolkit::Expected> ScriptedToolkit::take(Kind kind, const QString& asked) {
   if (script_.empty() || script_.front().kind != kind) {
-    ADD_FAILURE() << "was asked without being told to expect it: " << asked.toStdString();
+    ADD_FAILURE() << "was asked without being told to expect it: " << asked;
     return {};
   }
   const Expected expected = script_.front();
@@ -61,7 +61,7 @@ Answer ScriptedToolkit::MsgBox(const QString& text, Buttons buttons) {
   if (!expected) {
     return buttons == Buttons::Ok ? Answer::Ok : buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
   }
-  EXPECT_TRUE(text.contains(expected->text)) << text.toStdString() << " lacks " << expected->text.toStdString();
+  EXPECT_TRUE(text.contains(expected->text)) << text << " lacks " << expected->text;
   return expected->answer;
 }
 
@@ -93,7 +93,7 @@ void ScriptedToolkit::ShowErrorReport(const QString& text, const QString&) {
   errorReports.append(text);
   const auto expected = take(Kind::Report, text);
   if (expected) {
-    EXPECT_TRUE(text.contains(expected->text)) << text.toStdString() << " lacks " << expected->text.toStdString();
+    EXPECT_TRUE(text.contains(expected->text)) << text << " lacks " << expected->text;
   }
 }
 

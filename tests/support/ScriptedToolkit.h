@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/Toolkit.h"
+#include "core/infra/Toolkit.h"
 
 #include <QStringList>
 

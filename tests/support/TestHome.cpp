@@ -1,7 +1,7 @@
 #include "support/TestHome.h"
 
-#include "infra/Paths.h"
-#include "infra/cSharedLogging.h"
+#include "core/infra/Paths.h"
+#include "core/infra/cSharedLogging.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,0 +1,187 @@
+#include "core/infra/FileChannels.h"
+
+#include "core/infra/CodePage.h"
+#include "core/infra/RuntimeError.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr qsizetype kBufferSize = 65536;
+
+/// One spelling for each file, so that it is known again however it is named.
+QString identity(const QString& path) {
+  const QString canonical = QFileInfo(path).canonicalFilePath();
+  return canonical.isEmpty() ? QFileInfo(path).absoluteFilePath() : canonical;
+}
+
+NativeFile::Mode nativeMode(FileChannels::Mode mode) {
+  return mode == FileChannels::Mode::Input    ? NativeFile::Mode::Read
+         : mode == FileChannels::Mode::Output ? NativeFile::Mode::Truncate
+                                              : NativeFile::Mode::Append;
+}
+
+}  // namespace
+
+FileChannels::~FileChannels() {
+  while (!open_.empty()) {
+    try {
+      Close(open_.begin()->first);
+    } catch (const RuntimeError&) {
+      // At the end of the process there is nobody left to tell.
+    }
+  }
+}
+
+bool FileChannels::isOpen(const QString& path) const {
+  if (open_.empty()) {
+    return false;
+  }
+  const QString wanted = identity(path);
+  return std::any_of(open_.begin(), open_.end(), [&](const auto& entry) { return entry.second.path == wanted; });
+}
+
+int FileChannels::Open(const QString& path, Mode mode) {
+  if (mode != Mode::Input && isOpen(path)) {
+    throw RuntimeError(RuntimeError::FileAlreadyOpen);
+  }
+  int number = 1;
+  while (open_.count(number) > 0) {
+    ++number;
+  }
+  NativeFile file(path, nativeMode(mode));
+  open_.emplace(number, Channel{std::move(file), mode, identity(path), {}, {}});
+  return number;
+}
+
+FileChannels::Channel& FileChannels::channel(int number) {
+  const auto found = open_.find(number);
+  if (found == open_.end()) {
+    throw RuntimeError(RuntimeError::BadFileName);
+  }
+  return found->second;
+}
+
+FileChannels::Channel& FileChannels::reader(int number) {
+  Channel& found = channel(number);
+  if (found.mode != Mode::Input) {
+    throw RuntimeError(RuntimeError::BadFileMode);
+  }
+  return found;
+}
+
+FileChannels::Channel& FileChannels::writer(int number) {
+  Channel& found = channel(number);
+  if (found.mode == Mode::Input) {
+    throw RuntimeError(RuntimeError::BadFileMode);
+  }
+  return found;
+}
+
+void FileChannels::write(Channel& to, QByteArrayView bytes) {
+  if (to.failure) {
+    throw *to.failure;
+  }
+  try {
+    to.file.write(bytes);
+  } catch (const RuntimeError& error) {
+    to.failure = error;
+    throw;
+  }
+}
+
+void FileChannels::Print(int number, QByteArrayView bytes) {
+  Channel& to = writer(number);
+  if (to.failure) {
+    throw *to.failure;
+  }
+  if (to.buffer.size() + bytes.size() < kBufferSize) {
+    to.buffer.append(bytes);
+    return;
+  }
+  write(to, std::exchange(to.buffer, {}));
+  write(to, bytes);
+}
+
+void FileChannels::Print(int number, QStringView text) {
+  Print(number, QByteArrayView(CodePage::toBytes(text)));
+}
+
+void FileChannels::PrintLine(int number, QByteArrayView bytes) {
+  Print(number, bytes);
+  Print(number, QByteArrayView("\r\n"));
+}
+
+void FileChannels::PrintLine(int number, QStringView text) {
+  PrintLine(number, QByteArrayView(CodePage::toBytes(text)));
+}
+
+QByteArray FileChannels::ReadAll(int number) {
+  Channel& from = reader(number);
+  QByteArray rest = std::exchange(from.buffer, {});
+  for (QByteArray more = from.file.read(kBufferSize); !more.isEmpty(); more = from.file.read(kBufferSize)) {
+    rest.append(more);
+  }
+  return rest;
+}
+
+QByteArray FileChannels::LineInput(int number) {
+  Channel& from = reader(number);
+  if (EndOfFile(number)) {
+    throw RuntimeError(RuntimeError::InputPastEnd);
+  }
+  qsizetype end = 0;
+  const auto endsLine = [](char c) { return c == '\r' || c == '\n'; };
+  for (;;) {
+    end = std::find_if(from.buffer.cbegin() + end, from.buffer.cend(), endsLine) - from.buffer.cbegin();
+    // A CR at the end of what was read may have its LF still to come.
+    if (end + 1 < from.buffer.size()) {
+      break;
+    }
+    const QByteArray more = from.file.read(kBufferSize);
+    if (more.isEmpty()) {
+      break;
+    }
+    from.buffer.append(more);
+  }
+  QByteArray line = from.buffer.first(end);
+  const bool pair = from.buffer.mid(end, 2) == "\r\n";
+  from.buffer.remove(0, end + (pair ? 2 : 1));
+  return line;
+}
+
+bool FileChannels::EndOfFile(int number) {
+  Channel& from = reader(number);
+  if (from.buffer.isEmpty()) {
+    from.buffer = from.file.read(kBufferSize);
+  }
+  return from.buffer.isEmpty();
+}
+
+void FileChannels::Close(int number) {
+  close(number, false);
+}
+
+void FileChannels::CloseToDisk(int number) {
+  close(number, true);
+}
+
+void FileChannels::close(int number, bool toDisk) {
+  Channel closing = std::move(channel(number));
+  open_.erase(number);
+  if (closing.mode != Mode::Input) {
+    write(closing, closing.buffer);
+  }
+  if (toDisk) {
+    closing.file.flushToDisk();
+  }
+  closing.file.close();
+}
+
+FileChannels& Channels() {
+  static FileChannels channels;
+  return channels;
+}

@@ -1,0 +1,28 @@
+#include "core/infra/HelpFile.h"
+
+#include "core/infra/Maker.h"
+#include "core/infra/Paths.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSharedFileSubs.h"
+
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace HelpFile {
+
+QString address(const QString& topic) {
+  const QString file = Paths::installed(u"Help/index.html"_s);
+  QUrl url =
+      Files().FileExists(file) ? QUrl::fromLocalFile(file) : QUrl(QLatin1String(Maker::kWebAddress) + u"/help"_s);
+  if (!topic.isEmpty()) {
+    url.setFragment(topic);
+  }
+  return url.toString(QUrl::FullyEncoded);
+}
+
+bool open(const QString& topic) {
+  return toolkit().openDocument(address(topic));
+}
+
+}  // namespace HelpFile

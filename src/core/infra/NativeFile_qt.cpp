@@ -1,0 +1,143 @@
+#include "core/infra/NativeFile.h"
+#include "core/infra/RuntimeError.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStorageInfo>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A failed write doesn't say why: the place is looked at.
+int numberOfFailedWrite(const QFileInfo& info) {
+  constexpr qint64 kLittle = 65536;
+  const QStorageInfo volume(info.absolutePath());
+  if (volume.isValid() && volume.bytesAvailable() < kLittle) {
+    return RuntimeError::DiskFull;
+  }
+  return volume.isReadOnly() || (info.exists() && !info.isWritable()) ? RuntimeError::PathAccess
+                                                                      : RuntimeError::DeviceError;
+}
+
+int numberOf(const QFileDevice& file, bool writing) {
+  switch (file.error()) {
+    case QFileDevice::ResourceError:
+      return RuntimeError::DiskFull;
+    case QFileDevice::ReadError:
+      return RuntimeError::DeviceError;
+    case QFileDevice::WriteError:
+      return numberOfFailedWrite(QFileInfo(file.fileName()));
+    default:
+      break;
+  }
+  const QFileInfo info(file.fileName());
+  if (file.fileName().isEmpty()) {
+    return RuntimeError::BadFileName;
+  }
+  if (!info.dir().exists()) {
+    return RuntimeError::PathNotFound;
+  }
+  return writing || info.exists() ? RuntimeError::PathAccess : RuntimeError::FileNotFound;
+}
+
+[[noreturn]] void fail(const QFileDevice& file, bool writing) {
+  const int number = numberOf(file, writing);
+  throw RuntimeError(number, RuntimeError::descriptionOf(number) + u": "_s + file.fileName());
+}
+
+void writeAll(QFileDevice& file, QByteArrayView bytes) {
+  if (file.write(bytes.data(), bytes.size()) != bytes.size()) {
+    fail(file, true);
+  }
+}
+
+}  // namespace
+
+struct NativeFile::Handle {
+  QFile file;
+  bool writing = false;
+};
+
+NativeFile::NativeFile(const QString& path, Mode mode) : handle_(std::make_unique<Handle>()) {
+  handle_->file.setFileName(path);
+  handle_->writing = mode != Mode::Read;
+  const QIODevice::OpenMode flags = mode == Mode::Read     ? QIODevice::ReadOnly
+                                    : mode == Mode::Append ? QIODevice::WriteOnly | QIODevice::Append
+                                                           : QIODevice::WriteOnly | QIODevice::Truncate;
+  if (!handle_->file.open(flags | QIODevice::Unbuffered)) {
+    fail(handle_->file, handle_->writing);
+  }
+}
+
+NativeFile::~NativeFile() = default;
+NativeFile::NativeFile(NativeFile&& other) noexcept = default;
+NativeFile& NativeFile::operator=(NativeFile&& other) noexcept = default;
+
+QByteArray NativeFile::read(qsizetype most) {
+  QByteArray bytes = handle_->file.read(most);
+  if (bytes.isEmpty() && handle_->file.error() != QFileDevice::NoError) {
+    fail(handle_->file, false);
+  }
+  return bytes;
+}
+
+void NativeFile::write(QByteArrayView bytes) {
+  writeAll(handle_->file, bytes);
+}
+
+// As far as Qt can tell the system.
+void NativeFile::flushToDisk() {
+  handle_->file.flush();
+}
+
+void NativeFile::close() {
+  handle_->file.close();
+  if (handle_->file.error() != QFileDevice::NoError) {
+    fail(handle_->file, handle_->writing);
+  }
+}
+
+struct ReplacementFile::Handle {
+  QSaveFile file;
+};
+
+ReplacementFile::ReplacementFile(const QString& path) : handle_(std::make_unique<Handle>()) {
+  handle_->file.setFileName(path);
+  if (!handle_->file.open(QIODevice::WriteOnly)) {
+    fail(handle_->file, true);
+  }
+}
+
+ReplacementFile::~ReplacementFile() = default;
+
+void ReplacementFile::write(QByteArrayView bytes) {
+  writeAll(handle_->file, bytes);
+}
+
+/// The save file flushes to the disk in every case.
+void ReplacementFile::commit(Durability) {
+  if (!handle_->file.commit()) {
+    fail(handle_->file, true);
+  }
+}
+
+std::optional<QByteArray> readWholeFile(const QString& path) {
+  const QFileInfo info(path);
+  if (!info.exists() || info.isDir()) {
+    return {};
+  }
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    fail(file, false);
+  }
+  QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) {
+    fail(file, false);
+  }
+  return bytes;
+}

@@ -1,0 +1,86 @@
+#include "core/infra/Paths.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString withSeparator(QString folder) {
+  folder = QDir::toNativeSeparators(folder);
+  return folder.endsWith(Paths::separator()) ? folder : folder + Paths::separator();
+}
+
+QString& overridden() {
+  static QString folder;
+  return folder;
+}
+
+/// With a share folder of ours next to it the program is installed: whoever may write to the folder of
+/// executables, as an administrator may, still keeps nothing of his own there.
+bool isInstalled(const QString& folder) {
+  return QFileInfo::exists(folder + u"/../share/quillane4"_s);
+}
+
+QString decideProgramFolder() {
+  const QString beside = QCoreApplication::applicationDirPath();
+  if (QFileInfo(beside).isWritable() && !isInstalled(beside)) {
+    return withSeparator(beside);
+  }
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/quillane4"_s;
+  QDir().mkpath(data);
+  return withSeparator(data);
+}
+
+}  // namespace
+
+namespace Paths {
+
+QChar separator() {
+  return QDir::separator();
+}
+
+bool isSeparator(QChar character) {
+  return character == u'\\' || character == u'/';
+}
+
+QString native(const QString& path) {
+  QString result = path;
+  return result.replace(separator() == u'/' ? u'\\' : u'/', separator());
+}
+
+QString programFolder() {
+  static const QString folder = decideProgramFolder();
+  return overridden().isEmpty() ? folder : overridden();
+}
+
+QString executableFolder() {
+  return overridden().isEmpty() ? withSeparator(QCoreApplication::applicationDirPath()) : overridden();
+}
+
+QString installed(const QString& name) {
+  const QString share = executableFolder() + u"../share/quillane4/"_s;
+  for (const QString& folder : {programFolder(), executableFolder(), share}) {
+    if (QFileInfo::exists(folder + name)) {
+      return folder + name;
+    }
+  }
+  return programFolder() + name;
+}
+
+QString documentsFolder() {
+  return withSeparator(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+QString temporaryFolder() {
+  return withSeparator(QDir::tempPath());
+}
+
+void overrideFolders(const QString& folder) {
+  overridden() = folder.isEmpty() ? folder : withSeparator(folder);
+}
+
+}  // namespace Paths

@@ -1,0 +1,50 @@
+#include "core/infra/Toolkit.h"
+
+#include <QStringList>
+
+namespace {
+
+class SilentProgress : public ProgressWindow {
+ public:
+  void Show() override {}
+  void Hide() override {}
+  void setCaption(const QString&) override {}
+};
+
+class SilentToolkit : public Toolkit {
+ public:
+  Answer MsgBox(const QString&, Buttons buttons) override {
+    return buttons == Buttons::Ok                                         ? Answer::Ok
+           : buttons == Buttons::YesNo || buttons == Buttons::YesNoOrBack ? Answer::No
+                                                                          : Answer::Cancel;
+  }
+  QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
+  QString OpenFileDialog(const FileQuestion&) override { return {}; }
+  QString SaveFileDialog(const FileQuestion&) override { return {}; }
+  QString PickFolder(const QString&, const QString&) override { return {}; }
+  std::optional<quint32> PickColour(const QString&, quint32) override { return {}; }
+  void ShowErrorReport(const QString&, const QString&) override {}
+  void setPointer(Pointer) override {}
+  QString clipboardText() override { return {}; }
+  void setClipboardText(const QString&) override {}
+  bool openDocument(const QString&) override { return false; }
+  bool runProgram(const QString&, const QStringList&, bool) override { return false; }
+  void DoEvents() override {}
+  std::unique_ptr<ProgressWindow> makeProgressWindow() override { return std::make_unique<SilentProgress>(); }
+};
+
+Toolkit*& installed() {
+  static Toolkit* current = nullptr;
+  return current;
+}
+
+}  // namespace
+
+Toolkit& toolkit() {
+  static SilentToolkit silent;
+  return installed() == nullptr ? silent : *installed();
+}
+
+void installToolkit(Toolkit* toolkit) {
+  installed() = toolkit;
+}

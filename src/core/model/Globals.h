@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/infra/clsHashTable.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class clsProject;
+
+/// The current project; never null while the program runs. "No project" is an empty one whose FileWithPath is "".
+extern std::unique_ptr<clsProject> g_Project;
+
+/// Which records are open in an editor and which have changed since each window last looked.
+extern clsHashTable g_SceneChanges;
+extern clsHashTable g_CharChanges;
+extern clsHashTable g_LocationChanges;
+extern clsHashTable g_ItemChanges;
+
+/// Indexed by a scene's Status; element 0 is a placeholder.
+extern QStringList g_StatusNames;
+/// The default names of the four ratings, 1 to 4; element 0 is a placeholder.
+extern QStringList g_RatingNames;
+
+/// Full path of the settings file.
+extern QString g_SettingsFile;
+extern bool g_DebugMode;
+/// Print defaults.
+extern bool g_DblSpaced;
+extern bool g_12Spaced;
+extern qint16 g_FontSize;
+extern QString g_FontName;
+
+/// Four empty change tables, ready for use.
+void initChangeTables();

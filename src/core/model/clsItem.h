@@ -1,0 +1,15 @@
+#pragma once
+
+#include "core/model/StoryThing.h"
+
+/// A thing of the story.
+class clsItem : public StoryThing {
+ public:
+  qint32 ID();
+  /// Opens the dialog, modally. True when it was saved.
+  bool Edit();
+  void GenerateID();
+  void DataAsXML(QByteArray& out);
+  void CreateFromXML(QByteArrayView xml);
+  void CreateFromXML(const TagView& element);
+};

@@ -1,0 +1,304 @@
+#include "core/model/clsProject.h"
+
+#include "core/infra/CodePage.h"
+#include "core/infra/Numbers.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSHAREDSubs.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/EntityDialogs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsNote.h"
+#include "core/model/clsScene.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An array that is indexed from 1 by the outside.
+template <class Array>
+auto& element(Array& array, int index) {
+  if (index < 1 || static_cast<size_t>(index) > array.size()) {
+    throw RuntimeError(RuntimeError::OutOfBounds);
+  }
+  return array[static_cast<size_t>(index) - 1];
+}
+
+}  // namespace
+
+clsProject::clsProject() {
+  Scenes.LoadingNum = [this](qint32 number) { cScenes_LoadingNum(number); };
+  Scenes.SavingNum = [this](qint32 number) { cScenes_SavingNum(number); };
+}
+
+clsProject::~clsProject() = default;
+
+qint32 clsProject::LastFileIndex(int index) const {
+  return element(lastFileIndex_, index);
+}
+
+void clsProject::setLastFileIndex(int index, qint32 value) {
+  element(lastFileIndex_, index) = value;
+}
+
+qint32 clsProject::DeadlineDate(int level) const {
+  return element(deadlineDate_, level);
+}
+
+void clsProject::setDeadlineDate(int level, qint32 dayNumber) {
+  element(deadlineDate_, level) = dayNumber;
+}
+
+qint32 clsProject::DeadlineStartDate(int level) const {
+  return element(deadlineStartDate_, level);
+}
+
+void clsProject::setDeadlineStartDate(int level, qint32 dayNumber) {
+  element(deadlineStartDate_, level) = dayNumber;
+}
+
+const QString& clsProject::FieldTitle(int index) const {
+  return element(fieldTitle_, index);
+}
+
+void clsProject::setFieldTitle(int index, const QString& name) {
+  QString& title = element(fieldTitle_, index);
+  if (!CodePage::canEncode(name) || name.contains(u'<')) {
+    throw RuntimeError(RuntimeError::InvalidCall,
+                       u"The name '"_s + name +
+                           u"' has characters that a project file can't hold in the name of a rating. Please use "
+                           "letters of the western European alphabets, and no \"<\"."_s);
+  }
+  title = name;
+}
+
+QString clsProject::Path() const {
+  return Files().PathOnly(FileWithPath);
+}
+
+qint32 clsProject::Wordcount(bool includeUnused) const {
+  qint64 words = 0;
+  for (const auto& chapter : Chapters) {
+    words += chapter->Wordcount(includeUnused);
+  }
+  return static_cast<qint32>(words);
+}
+
+std::shared_ptr<clsCharacter> clsProject::CharByID(qint32 id) const {
+  if (id != 0) {
+    return Chars.CharByID(id);
+  }
+  auto nobody = std::make_shared<clsCharacter>();
+  nobody->setTitle(u"N/A"_s);
+  g_CharChanges.ResetAllChanged(0);
+  return nobody;
+}
+
+void clsProject::RemoveCharByID(qint32 id) {
+  for (const auto& scene : Scenes) {
+    scene->RemoveCharByID(id);
+  }
+  Chars.RemoveCharByID(id);
+}
+
+void clsProject::RemoveSceneByID(qint32 id) {
+  for (const auto& chapter : Chapters) {
+    chapter->RemoveSceneByID(id);
+  }
+  Scenes.RemoveSceneByID(id);
+}
+
+void clsProject::RemoveLocationByID(qint32 id) {
+  for (const auto& scene : Scenes) {
+    scene->RemoveLocationByID(id);
+  }
+  Locations.RemoveLocationByID(id);
+}
+
+void clsProject::RemoveItemByID(qint32 id) {
+  for (const auto& scene : Scenes) {
+    scene->RemoveItemByID(id);
+  }
+  Items.RemoveItemByID(id);
+}
+
+bool clsProject::EnterNewChapter() {
+  const auto chapter = std::make_shared<clsChapter>();
+  if (!chapter->Add()) {
+    return false;
+  }
+  AddChapter(chapter);
+  SaveQN4(false);
+  return true;
+}
+
+bool clsProject::EnterNewLocation() {
+  const auto location = std::make_shared<clsLocation>();
+  if (!location->Edit()) {
+    return false;
+  }
+  AddLocation(location);
+  SaveQN4(false);
+  return true;
+}
+
+bool clsProject::EnterNewItem() {
+  const auto item = std::make_shared<clsItem>();
+  if (!item->Edit()) {
+    return false;
+  }
+  AddItem(item);
+  SaveQN4(false);
+  return true;
+}
+
+bool clsProject::EnterNewChar() {
+  const auto character = std::make_shared<clsCharacter>();
+  if (!character->Edit(0)) {
+    return false;
+  }
+  AddChar(character);
+  SaveQN4(false);
+  return true;
+}
+
+bool clsProject::CreateNewScene(qint32 chapterID, qint32 position) {
+  const auto scene = std::make_shared<clsScene>();
+  Scenes.Addscene(scene);
+  const auto chapter = ChapterByID(chapterID);
+  position != 0 ? chapter->InsertScene(scene, position) : chapter->Addscene(scene);
+  g_SceneChanges.LockRec(scene->ID());
+  scene->Add();
+  g_SceneChanges.UnLockRec(scene->ID());
+  if (scene->SavedByEditor) {
+    return true;
+  }
+  chapter->RemoveSceneByID(scene->ID());
+  RemoveSceneByID(scene->ID());
+  return false;
+}
+
+void clsProject::AddEditCharacters(qint32 arg) {
+  const bool highlighted = Numbers::ToBool(Settings().sGet(u"HighlightChar"_s));
+  if (highlighted) {
+    UnMarkAllCharInEditorWindows();
+  }
+  if (entityDialogs().list) {
+    entityDialogs().list(kListCharacters, arg);
+  }
+  if (highlighted) {
+    MarkAllCharInEditorWindows();
+  }
+}
+
+void clsProject::AddEditLocations() {
+  if (entityDialogs().list) {
+    entityDialogs().list(kListLocations, 0);
+  }
+  SaveQN4(false);
+}
+
+void clsProject::AddEditItems() {
+  if (entityDialogs().list) {
+    entityDialogs().list(kListItems, 0);
+  }
+  SaveQN4(false);
+}
+
+void clsProject::eachOpenEditor(void (clsScene::*action)()) {
+  for (qint32 i = 1; i <= g_SceneChanges.HighWater(); ++i) {
+    const HashRecord record = g_SceneChanges.Record(i);
+    if (record.Locked) {
+      (SceneByID(record.ID).get()->*action)();
+    }
+  }
+}
+
+void clsProject::MarkAllCharInEditorWindows() {
+  eachOpenEditor(&clsScene::MarkCharacters);
+}
+
+void clsProject::UnMarkAllCharInEditorWindows() {
+  eachOpenEditor(&clsScene::UnmarkCharacters);
+}
+
+void clsProject::UpdateCombosInEditorWindows() {
+  eachOpenEditor(&clsScene::UpdateEditorCombos);
+}
+
+qint32 clsProject::DaysLeft(int level, double today) const {
+  const double start = DeadlineStartDate(level);
+  const double base = start < today ? std::trunc(today) : start;
+  return static_cast<qint32>(std::nearbyint(DeadlineDate(level) - base + 1));
+}
+
+qint32 clsProject::VPUsedCount(qint32 charID) const {
+  return static_cast<qint32>(std::count_if(Scenes.begin(), Scenes.end(),
+                                           [charID](const auto& scene) { return scene->ViewPointID() == charID; }));
+}
+
+bool clsProject::IsViewpointSomewhere(qint32 charID) const {
+  return std::any_of(Scenes.begin(), Scenes.end(),
+                     [charID](const auto& scene) { return scene->ViewPointID() == charID; });
+}
+
+bool clsProject::IsEmpty() const {
+  return SceneCount() == 0 && ChapterCount() == 0 && CharCount() == 0 && LocationCount() == 0 && ItemCount() == 0 &&
+         NoteCount() == 0;
+}
+
+qint32 clsProject::UnsavedTexts() const {
+  return static_cast<qint32>(
+      std::count_if(Scenes.begin(), Scenes.end(), [](const auto& scene) { return scene->RTFChanged(); }));
+}
+
+bool clsProject::HoldsUnsaved() const {
+  if (IsEmpty()) {
+    return false;
+  }
+  if (FileWithPath.isEmpty() || EditedSinceSave) {
+    return true;
+  }
+  // The texts of a single file are all due, and stand in that file.
+  const bool singleFile = Files().ExtOnly(FileWithPath).toLower() == u"qnc4"_s;
+  return !singleFile && UnsavedTexts() > 0;
+}
+
+void clsProject::Clear() {
+  FileWithPath.clear();
+  EditedSinceSave = false;
+  Chapters.Clear();
+  Chars.Clear();
+  Locations.Clear();
+  Scenes.Clear();
+  Items.Clear();
+  Notes.Clear();
+}
+
+void clsProject::setProgress(const QString& caption) {
+  if (ProgressWindow_) {
+    ProgressWindow_->setCaption(caption);
+    toolkit().DoEvents();
+  }
+}
+
+void clsProject::showProgressNumber(const QString& what, qint32 number) {
+  if (ProgressWindow_) {
+    ProgressWindow_->setCaption(what + QString::number(number));
+    Subs().RegularDoEvents();
+  }
+}
+
+void clsProject::cScenes_LoadingNum(qint32 number) {
+  showProgressNumber(u"Loading Scene "_s, number);
+}
+
+void clsProject::cScenes_SavingNum(qint32 number) {
+  showProgressNumber(u"Saving Scene "_s, number);
+}

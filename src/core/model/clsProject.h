@@ -1,0 +1,194 @@
+#pragma once
+
+#include "core/infra/Toolkit.h"
+#include "core/model/Collections.h"
+
+#include <QByteArray>
+#include <QScopedValueRollback>
+#include <QString>
+
+#include <array>
+#include <memory>
+
+class TagView;
+
+/// The document: the root of everything the writer has written. One is alive at a time, in g_Project; every
+/// entity reaches its siblings through that.
+class clsProject {
+ public:
+  clsProject();
+  ~clsProject();
+  clsProject(const clsProject&) = delete;
+  clsProject& operator=(const clsProject&) = delete;
+
+  /// Every scene, whichever chapter it is in.
+  clsScenes Scenes;
+  /// Book order.
+  clsChapters Chapters;
+  clsLocations Locations;
+  clsItems Items;
+  clsCharacters Chars;
+  clsNotes Notes;
+
+  bool QN3FileMode = false;
+  /// A scene was saved by its editor since the project was loaded or last saved.
+  bool EditedSinceSave = false;
+  /// The path given to the import of an older project.
+  QString SourceFile;
+  /// Full path of the project file; empty when the project was never saved.
+  QString FileWithPath;
+  QString Title;
+  QString AuthorBio;
+  QString AuthorName;
+  QString DescText;
+  /// The daily word target's period, as day numbers.
+  qint32 WordTargetStartDate = 0;
+  qint32 WordTargetEndDate = 0;
+  qint32 WordTarget = 0;
+  /// IDs of the chapters that end the book's sections; a removed chapter stays named.
+  qint32 EndMiddleChID = 0;
+  qint32 EndBeginningChID = 0;
+  qint32 WordCountStart = 0;
+  /// Names of the list files of older projects; read and never written.
+  QString LocationFile;
+  QString ItemFile;
+  QString CharacterFile;
+  QString SceneFile;
+  QString ChapterFile;
+
+  // Indexed properties; RuntimeError 9 for an index outside.
+  qint32 LastFileIndex(int index) const;
+  void setLastFileIndex(int index, qint32 value);
+  /// Day numbers for the status levels 1 to 5.
+  qint32 DeadlineDate(int level) const;
+  void setDeadlineDate(int level, qint32 dayNumber);
+  qint32 DeadlineStartDate(int level) const;
+  void setDeadlineStartDate(int level, qint32 dayNumber);
+  /// The project's names of the ratings 1 to 4.
+  const QString& FieldTitle(int index) const;
+  /// The project file holds these as they stand: throws RuntimeError 5, with a text for the user, for a name that
+  /// would not come back from the file, because of a character that its code page lacks or of a tag.
+  void setFieldTitle(int index, const QString& name);
+
+  /// The project's folder, ending in a separator; "./" when the file name has none.
+  QString Path() const;
+  /// Words of all chapters.
+  qint32 Wordcount(bool includeUnused) const;
+  qint32 ChapterCount() const { return Chapters.Count(); }
+  qint32 SceneCount() const { return Scenes.Count(); }
+  qint32 LocationCount() const { return Locations.Count(); }
+  qint32 ItemCount() const { return Items.Count(); }
+  qint32 NoteCount() const { return Notes.Count(); }
+  qint32 CharCount() const { return Chars.Count(); }
+
+  std::shared_ptr<clsChapter> ChapterByIndex(qint32 index) const { return Chapters.ChapterByIndex(index); }
+  std::shared_ptr<clsChapter> ChapterByID(qint32 id) const { return Chapters.ChapterByID(id); }
+  std::shared_ptr<clsLocation> LocationByIndex(qint32 index) const { return Locations.LocationByIndex(index); }
+  std::shared_ptr<clsLocation> LocationByID(qint32 id) const { return Locations.LocationByID(id); }
+  std::shared_ptr<clsItem> ItemByIndex(qint32 index) const { return Items.ItemByIndex(index); }
+  std::shared_ptr<clsItem> ItemByID(qint32 id) const { return Items.ItemByID(id); }
+  std::shared_ptr<clsScene> SceneByIndex(qint32 index) const { return Scenes.SceneByIndex(index); }
+  std::shared_ptr<clsScene> SceneByID(qint32 id) const { return Scenes.SceneByID(id); }
+  std::shared_ptr<clsNote> NoteByID(qint32 id) const { return Notes.NoteByID(id); }
+  std::shared_ptr<clsCharacter> CharByIndex(qint32 index) const { return Chars.CharByIndex(index); }
+  /// ID 0 gives a character titled "N/A" that is in no collection.
+  std::shared_ptr<clsCharacter> CharByID(qint32 id) const;
+
+  void AddChar(const std::shared_ptr<clsCharacter>& character) { Chars.AddChar(character); }
+  void InsertCharacter(const std::shared_ptr<clsCharacter>& character) { Chars.AddChar(character); }
+  void AddChapter(const std::shared_ptr<clsChapter>& chapter) { Chapters.AddChapter(chapter); }
+  void InsertChapter(const std::shared_ptr<clsChapter>& chapter, qint32 position) {
+    Chapters.InsertChapter(chapter, position);
+  }
+  void Addscene(const std::shared_ptr<clsScene>& scene) { Scenes.Addscene(scene); }
+  void AddLocation(const std::shared_ptr<clsLocation>& location) { Locations.AddLocation(location); }
+  void AddItem(const std::shared_ptr<clsItem>& item) { Items.AddItem(item); }
+  void AddNote(const std::shared_ptr<clsNote>& note) { Notes.AddNote(note); }
+
+  // What refers to the removed entity forgets it. A chapter's scenes stay in Scenes.
+  void RemoveChapterByID(qint32 id) { Chapters.RemoveChapterByID(id); }
+  void RemoveCharByID(qint32 id);
+  void RemoveSceneByID(qint32 id);
+  void RemoveLocationByID(qint32 id);
+  void RemoveItemByID(qint32 id);
+  void RemoveNoteByID(qint32 id) { Notes.RemoveNoteByID(id); }
+
+  // A new entity through its dialog; true when it was accepted, added and the project saved.
+  bool EnterNewChapter();
+  bool EnterNewLocation();
+  bool EnterNewItem();
+  bool EnterNewChar();
+  /// A new scene in a chapter (position 0: at the end), written in the modal editor; true when it was saved there.
+  bool CreateNewScene(qint32 chapterID, qint32 position);
+  void AddEditCharacters(qint32 arg);
+  void AddEditLocations();
+  void AddEditItems();
+
+  void MarkAllCharInEditorWindows();
+  void UnMarkAllCharInEditorWindows();
+  void UpdateCombosInEditorWindows();
+
+  /// Days from the level's start, or from today when that has passed, to its deadline; both days count.
+  qint32 DaysLeft(int level, double today) const;
+  /// Number of scenes that this character narrates.
+  qint32 VPUsedCount(qint32 charID) const;
+  bool IsViewpointSomewhere(qint32 charID) const;
+
+  /// Empties FileWithPath and the collections; scalar fields keep their values.
+  void Clear();
+  /// A load or save is under way, or a walk over its scenes: nothing may replace or end the project now.
+  bool IsBusy() const { return busy_; }
+  /// Makes it so for as long as the result lives.
+  [[nodiscard]] QScopedValueRollback<bool> keepBusy() { return QScopedValueRollback(busy_, true); }
+  /// Nothing in it that could be lost.
+  bool IsEmpty() const;
+  /// The number of scenes whose text is due to be written to its file.
+  qint32 UnsavedTexts() const;
+  /// Something of it stands in memory alone: it has no file, an edited scene isn't in the project file yet, or the
+  /// file of a scene could not be written.
+  bool HoldsUnsaved() const;
+  /// True on success; a failed load leaves an empty project. The user has been told by then.
+  bool Load(const QString& file, bool showProgress);
+  /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the
+  /// user gave up: FileWithPath is empty then and the project is whole in memory.
+  bool SaveQN4(bool showProgress);
+  /// The same as one file with the scenes' RTF inside.
+  bool SaveQNC4(bool showProgress);
+  /// Asks for another place and saves there. False on cancel.
+  bool SaveAs();
+
+  void DataAsXML(QByteArray& out) const;
+  /// False, and logged, at the first field that can't be read.
+  bool CreateFromXML(QByteArrayView xml);
+  bool CreateFromXML(const TagView& element);
+
+ private:
+  void cScenes_LoadingNum(qint32 number);
+  void cScenes_SavingNum(qint32 number);
+  void showProgressNumber(const QString& what, qint32 number);
+  void setProgress(const QString& caption);
+  void eachOpenEditor(void (clsScene::*action)());
+
+  void tellUnreadTexts() const;
+  bool LoadQN4(const QString& file, bool showProgress);
+  bool readBlocks(QByteArrayView text, bool singleFile);
+  void finishLoad();
+  void failLoad();
+  bool Save(bool showProgress, bool singleFile);
+  bool attemptSave(bool showProgress, bool singleFile, bool asked);
+  bool saveOnce(bool showProgress, bool singleFile);
+  bool askForFile(const QString& folder);
+  bool prepareTarget(bool singleFile, bool asked);
+  bool writeProject(int file, bool forceTexts, bool singleFile);
+  /// True when nothing that is referred to is missing; what is gets a line in the log.
+  bool IntegrityCheck() const;
+  QString forcedExtension(const QString& extension) const;
+
+  std::array<qint32, 7> lastFileIndex_{};
+  std::array<qint32, 5> deadlineDate_{};
+  std::array<qint32, 5> deadlineStartDate_{};
+  std::array<QString, 4> fieldTitle_;
+  std::unique_ptr<ProgressWindow> ProgressWindow_;
+  /// A load or save is under way; what it yields to must not begin another.
+  bool busy_ = false;
+};

@@ -1,0 +1,113 @@
+#include "core/infra/CodePage.h"
+#include "core/text/Rtf.h"
+#include "core/text/RtfReader.h"
+#include "core/text/TextUnits.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Writes UTF-16 straight into a text of the likely size.
+class PlainSink final : public RtfSink {
+ public:
+  explicit PlainSink(qsizetype sizeHint) : RtfSink(false) { grow(std::max<qsizetype>(sizeHint, 64)); }
+
+  void ascii(const char* text, qsizetype length) override {
+    char16_t* out = room(length);
+    for (qsizetype i = 0; i < length; ++i) {
+      out[i] = static_cast<uchar>(text[i]);
+    }
+    at_ += length;
+  }
+  void unit(char16_t unit) override {
+    *room(1) = unit;
+    ++at_;
+  }
+  void lineBreak() override {
+    char16_t* out = room(2);
+    out[0] = u'\r';
+    out[1] = u'\n';
+    at_ += 2;
+  }
+  void paragraphEnd() override {
+    lineBreak();
+    paragraph_ = at_;
+  }
+  bool atLineStart() const override { return at_ == begin_ || at_[-1] == u'\n'; }
+  bool isEmpty() const override { return at_ == begin_; }
+  void finish() override {
+    if (at_ == paragraph_ && at_ != begin_) {
+      at_ -= 2;
+    }
+  }
+
+  QString take() {
+    const qsizetype size = at_ - begin_;
+    const bool isTight = size > text_.size() - text_.size() / 4;
+    if (isTight) {
+      text_.truncate(size);
+      return std::move(text_);
+    }
+    return QString(text_.constData(), size);
+  }
+
+ private:
+  char16_t* room(qsizetype units) {
+    if (end_ - at_ < units) {
+      grow(units);
+    }
+    return at_;
+  }
+  void grow(qsizetype units) {
+    const qsizetype size = at_ - begin_;
+    const qsizetype paragraph = paragraph_ - begin_;
+    QString larger(std::max(size + units, size + size / 2), Qt::Uninitialized);
+    auto* const data = reinterpret_cast<char16_t*>(larger.data());
+    std::copy(begin_, at_, data);
+    text_ = std::move(larger);
+    begin_ = data;
+    at_ = data + size;
+    paragraph_ = data + paragraph;
+    end_ = data + text_.size();
+  }
+
+  QString text_;
+  char16_t* begin_ = nullptr;
+  char16_t* at_ = nullptr;
+  char16_t* end_ = nullptr;
+  char16_t* paragraph_ = nullptr;  ///< Where the last paragraph begins.
+};
+
+QString withUniformLineEnds(const QString& text) {
+  QString uniform;
+  uniform.reserve(text.size() + text.size() / 16);
+  partText(
+      text, [&uniform](QStringView units) { uniform.append(units); },
+      [&uniform](UnitKind) { uniform.append(u"\r\n"); });
+  return uniform;
+}
+
+}  // namespace
+
+QByteArrayView rtfStart(QByteArrayView bytes) {
+  if (bytes.startsWith("\xEF\xBB\xBF")) {
+    bytes = bytes.sliced(3);
+  }
+  while (!bytes.isEmpty() && (bytes[0] == ' ' || bytes[0] == '\t' || bytes[0] == '\r' || bytes[0] == '\n')) {
+    bytes = bytes.sliced(1);
+  }
+  return bytes.startsWith("{\\rtf") ? bytes : QByteArrayView();
+}
+
+bool isRtf(QByteArrayView bytes) {
+  return !rtfStart(bytes).isEmpty();
+}
+
+QString rtfToPlainText(QByteArrayView bytes) {
+  if (!isRtf(bytes)) {
+    return withUniformLineEnds(CodePage::fromBytes(bytes));
+  }
+  PlainSink sink(bytes.size());
+  RtfReader(rtfStart(bytes), sink).read();
+  return sink.take();
+}

@@ -1,0 +1,444 @@
+#include "core/text/RtfReader.h"
+
+#include "core/text/TextUnits.h"
+
+#include <QChar>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// Groups deeper than this do not remember their state; no text made in earnest nests so deep.
+constexpr size_t kMaxDepth = 4000;
+constexpr qint32 kMaxFallback = 1 << 20;
+constexpr qsizetype kMaxFontName = 256;
+constexpr qsizetype kMaxLabel = 32;
+
+bool isDestination(RtfAction action) {
+  return action == RtfAction::SkipGroup || action == RtfAction::KeepGroup || action == RtfAction::FontTable ||
+         action == RtfAction::ColourTable || action == RtfAction::Alternatives || action == RtfAction::UnicodePart ||
+         action == RtfAction::Label || action == RtfAction::Numbering;
+}
+
+/// A sign by itself is a bullet, and so is the round letter that word processors use for one; numbers and letters
+/// of a numbered list are none.
+bool isBullet(QStringView label) {
+  label = label.trimmed();
+  return label.size() == 1 && (!label[0].isLetterOrNumber() || label[0] == u'o');
+}
+
+}  // namespace
+
+void RtfReader::read() {
+  RtfToken token;
+  for (bool more = true; more;) {
+    lexer_.next(token);
+    switch (token.kind) {
+      case RtfToken::Kind::Text:
+        text(token);
+        break;
+      case RtfToken::Kind::Byte:
+        starred_ = false;
+        if (!skipsAsFallback()) {
+          byte(static_cast<uchar>(token.number));
+        }
+        break;
+      case RtfToken::Kind::Word:
+        word(token);
+        break;
+      case RtfToken::Kind::Symbol:
+        symbol(static_cast<char>(token.number));
+        break;
+      case RtfToken::Kind::Open:
+        open();
+        break;
+      case RtfToken::Kind::Close:
+        more = close();
+        break;
+      case RtfToken::Kind::End:
+        more = false;
+        break;
+    }
+  }
+  flushBytes();
+  sink_.finish();
+}
+
+void RtfReader::open() {
+  flushBytes();
+  fallbacks_ = 0;
+  starred_ = false;
+  if (outer_.size() >= kMaxDepth) {
+    ++tooDeep_;
+    return;
+  }
+  outer_.push_back(group_);
+  sink_.open();
+  if (group_.destination == Destination::Alternatives) {
+    group_.destination = Destination::Alternative;
+  }
+}
+
+bool RtfReader::close() {
+  flushBytes();
+  fallbacks_ = 0;
+  starred_ = false;
+  if (tooDeep_ > 0) {
+    --tooDeep_;
+    return true;
+  }
+  if (outer_.size() <= 1) {
+    return false;  // what stands behind the document's own brace is no part of it
+  }
+  const Destination closed = group_.destination;
+  group_ = outer_.back();
+  outer_.pop_back();
+  sink_.close();
+  if (closed > Destination::Alternative && closed != group_.destination) {
+    leave(closed);
+  }
+  return true;
+}
+
+void RtfReader::leave(Destination destination) {
+  if (destination == Destination::Label) {
+    sink_.label(isBullet(label_));
+  } else if (destination == Destination::Numbering) {
+    sink_.bullets(isBulletLevel_);
+  }
+}
+
+bool RtfReader::skipsAsFallback() {
+  if (fallbacks_ == 0) {
+    return false;
+  }
+  --fallbacks_;
+  return true;
+}
+
+/// The second half of a pair that directly follows the first is no fallback for it.
+bool RtfReader::completesPair(const RtfToken& token) const {
+  return isHalfOfPair_ && fallbacks_ == group_.fallbackLength && token.length == 1 && *token.first == 'u' &&
+         QChar::isLowSurrogate(static_cast<char16_t>(token.number));
+}
+
+void RtfReader::text(RtfToken& token) {
+  starred_ = false;
+  if (fallbacks_ > 0) {
+    const auto skipped = static_cast<qint32>(std::min<qsizetype>(fallbacks_, token.length));
+    fallbacks_ -= skipped;
+    token.first += skipped;
+    token.length -= skipped;
+  }
+  while (token.length > 0 && sequenceSize_ > 0) {
+    byte(static_cast<uchar>(*token.first++));
+    --token.length;
+  }
+  if (token.length == 0) {
+    return;
+  }
+  if (group_.destination == Destination::Body) {
+    bodyText(token.first, token.length);
+  } else {
+    tableText(token.first, token.length);
+  }
+}
+
+void RtfReader::bodyText(const char* text, qsizetype length) {
+  if (group_.hidden != 0) {
+    return;
+  }
+  if (!decoder().isSymbol()) {
+    sink_.ascii(text, length);
+    return;
+  }
+  std::for_each(text, text + length, [this](char raw) { byte(static_cast<uchar>(raw)); });
+}
+
+void RtfReader::symbol(char symbol) {
+  const bool isText = symbol == '\\' || symbol == '{' || symbol == '}';
+  if (!isText) {
+    flushBytes();
+  }
+  starred_ = symbol == '*';
+  if (skipsAsFallback()) {
+    return;
+  }
+  switch (symbol) {
+    case '\\':
+    case '{':
+    case '}':
+      byte(static_cast<uchar>(symbol));
+      return;
+    case '~':
+      put(0x00A0);
+      return;
+    case '-':
+      put(0x00AD);
+      return;
+    case '_':
+      put(0x2011);
+      return;
+    case '\t':
+      put(u'\t');
+      return;
+    case '\r':
+    case '\n':
+      lineEnd(RtfAction::ParagraphEnd);
+      return;
+    default:
+      return;
+  }
+}
+
+void RtfReader::word(const RtfToken& token) {
+  flushBytes();
+  const bool starred = std::exchange(starred_, false);
+  if (fallbacks_ > 0 && !completesPair(token)) {
+    --fallbacks_;
+    return;
+  }
+  static constexpr RtfWord kUnknown;
+  const RtfWord* found = findRtfWord(token.first, token.length);
+  const RtfWord& known = found != nullptr ? *found : kUnknown;
+  const bool isNoPart = group_.destination == Destination::Alternative && known.action != RtfAction::UnicodePart;
+  if (isNoPart || (starred && !isDestination(known.action))) {
+    skipGroup();
+    return;
+  }
+  if (known.action == RtfAction::Format) {
+    if (sink_.wantsFormats()) {
+      sink_.format(static_cast<RtfProperty>(known.value),
+                   token.hasNumber ? std::optional<int>(token.number) : std::nullopt);
+    }
+    return;
+  }
+  act(known, token);
+}
+
+void RtfReader::act(const RtfWord& word, const RtfToken& token) {
+  switch (word.action) {
+    case RtfAction::Ignore:
+    case RtfAction::Format:
+    case RtfAction::Binary:
+    case RtfAction::KeepGroup:
+      return;
+    case RtfAction::Character:
+      return put(word.value);
+    case RtfAction::ParagraphEnd:
+    case RtfAction::LineBreak:
+    case RtfAction::SoftEnd:
+      return lineEnd(word.action);
+    case RtfAction::Unicode:
+      return unicode(token.number);
+    case RtfAction::FallbackLength:
+      group_.fallbackLength = token.hasNumber ? std::clamp(token.number, 0, kMaxFallback) : 1;
+      return;
+    case RtfAction::SkipGroup:
+      return skipGroup();
+    case RtfAction::FontTable:
+      return enterTable(Destination::Fonts);
+    case RtfAction::ColourTable:
+      return enterTable(Destination::Colours);
+    case RtfAction::Alternatives:
+      return enterTable(Destination::Alternatives);
+    case RtfAction::UnicodePart:
+      return enterUnicodePart();
+    case RtfAction::Label:
+      return enterList(Destination::Label);
+    case RtfAction::Numbering:
+      return enterList(Destination::Numbering);
+    case RtfAction::BulletLevel:
+      isBulletLevel_ = true;
+      return;
+    case RtfAction::DocumentCodePage:
+      return hasAnsiCodePage_ ? void() : setDocumentCodePage(word.value);
+    case RtfAction::AnsiCodePage:
+      hasAnsiCodePage_ = hasAnsiCodePage_ || token.number > 0;
+      return setDocumentCodePage(token.number);
+    case RtfAction::DefaultFont:
+      tables_.defaultFont = token.number;
+      decoder_ = nullptr;
+      return;
+    case RtfAction::Font:
+      return selectFont(token.number);
+    case RtfAction::FontCharset:
+    case RtfAction::FontCodePage:
+      return fontWord(word.action, token.number);
+    case RtfAction::Red:
+    case RtfAction::Green:
+    case RtfAction::Blue:
+      return colourPart(word.action, token.number);
+    case RtfAction::Plain:
+      return plainWord();
+    case RtfAction::Hidden:
+      return hide(static_cast<quint8>(word.value), !token.hasNumber || token.number != 0);
+  }
+}
+
+/// Taken until the text begins, though some programs have it behind the font table.
+void RtfReader::setDocumentCodePage(int codePage) {
+  if (codePage > 0 && sink_.isEmpty()) {
+    documentCodePage_ = codePage;
+    decoder_ = nullptr;
+  }
+}
+
+void RtfReader::enterList(Destination destination) {
+  if (group_.destination != Destination::Body) {
+    skipGroup();
+    return;
+  }
+  label_.clear();
+  isBulletLevel_ = false;
+  enterTable(destination);
+}
+
+void RtfReader::enterUnicodePart() {
+  if (group_.destination == Destination::Alternative && tooDeep_ == 0 && outer_.size() >= 2) {
+    group_.destination = outer_[outer_.size() - 2].destination;
+  }
+}
+
+void RtfReader::selectFont(int number) {
+  if (group_.destination != Destination::Fonts) {
+    group_.font = number;
+    sink_.font(number);
+    return;
+  }
+  declareFont(number);
+}
+
+void RtfReader::hide(quint8 reason, bool on) {
+  group_.hidden = static_cast<quint8>(on ? group_.hidden | reason : group_.hidden & ~reason);
+}
+
+void RtfReader::plainWord() {
+  group_.hidden = 0;
+  group_.font = -1;
+  sink_.plain();
+}
+
+void RtfReader::unicode(qint32 number) {
+  fallbacks_ = group_.fallbackLength;
+  const qint32 character = number < 0 ? number + 0x10000 : number;
+  isHalfOfPair_ = character >= 0 && QChar::isHighSurrogate(static_cast<char32_t>(character));
+  if (character > 0 && character <= 0x10FFFF) {
+    put(static_cast<char32_t>(character));
+  }
+}
+
+void RtfReader::lineEnd(RtfAction action) {
+  if (!inBody()) {
+    return;
+  }
+  if (action == RtfAction::LineBreak) {
+    sink_.lineBreak();
+  } else if (action == RtfAction::ParagraphEnd || !sink_.atLineStart()) {
+    sink_.paragraphEnd();
+  }
+}
+
+void RtfReader::byte(uchar byte) {
+  const ByteDecoder& bytes = decoder();
+  if (sequenceSize_ > 0 && !bytes.mayFollow(byte)) {
+    flushBytes();
+  }
+  if (sequenceSize_ == 0) {
+    sequenceLength_ = bytes.sequenceLength(byte);
+    if (sequenceLength_ == 1) {
+      put(bytes.single(byte));
+      return;
+    }
+  }
+  sequence_[static_cast<size_t>(sequenceSize_++)] = static_cast<char>(byte);
+  if (sequenceSize_ < sequenceLength_) {
+    return;
+  }
+  const char32_t character = bytes.decode(QByteArrayView(sequence_.data(), sequenceSize_));
+  sequenceSize_ = 0;
+  put(character);
+  if (character == ByteDecoder::kInvalid && byte < 0x80 && bytes.knowsPairs()) {
+    put(byte);  // a broken pair swallows no letter
+  }
+}
+
+void RtfReader::flushBytes() {
+  if (sequenceSize_ > 0) {
+    sequenceSize_ = 0;
+    put(ByteDecoder::kInvalid);
+  }
+}
+
+void RtfReader::put(char32_t character) {
+  if (QChar::requiresSurrogates(character)) {
+    putUnit(QChar::highSurrogate(character));
+    putUnit(QChar::lowSurrogate(character));
+    return;
+  }
+  putUnit(static_cast<char16_t>(character));
+}
+
+void RtfReader::putUnit(char16_t unit) {
+  if (group_.destination == Destination::Fonts) {
+    const auto font = tables_.fonts.find(declaredFont_);
+    if (font != tables_.fonts.end() && font->name.size() < kMaxFontName) {
+      font->name.append(QChar(unit));
+    }
+    return;
+  }
+  if (!inBody()) {
+    if (group_.destination == Destination::Label && label_.size() < kMaxLabel) {
+      label_.append(QChar(unit));
+    }
+    return;
+  }
+  switch (kindOfUnit(unit)) {
+    case UnitKind::Ordinary:
+      return sink_.unit(unit);
+    case UnitKind::LineBreak:
+      return sink_.lineBreak();
+    case UnitKind::ParagraphEnd:
+      if (unit != u'\n') {  // as \'0a it is the rest of a \'0d\'0a
+        sink_.paragraphEnd();
+      }
+      return;
+    case UnitKind::Dropped:
+      return;
+  }
+}
+
+const ByteDecoder& RtfReader::decoder() {
+  const bool declares = group_.destination == Destination::Fonts;
+  const int font = declares ? declaredFont_ : group_.font >= 0 ? group_.font : tables_.defaultFont;
+  if (decoder_ == nullptr || font != decoderFont_) {
+    decoder_ = &decoderOf(font);
+    decoderFont_ = font;
+  }
+  if (declares && decoder_->isSymbol()) {  // the name of a symbol font is ordinary text
+    return ByteDecoder::of(documentCodePage_);
+  }
+  return *decoder_;
+}
+
+const ByteDecoder& RtfReader::decoderOf(int number) {
+  const auto font = tables_.fonts.find(number);
+  if (font == tables_.fonts.end()) {
+    return ByteDecoder::of(documentCodePage_);
+  }
+  if (font->decoder == nullptr) {
+    const int codePage = font->codePage > 0 ? font->codePage : codePageOfCharset(font->charset);
+    if (codePage <= 0) {
+      return ByteDecoder::of(documentCodePage_);
+    }
+    font->decoder = &ByteDecoder::of(codePage);
+  }
+  return *font->decoder;
+}
+
+void RtfReader::skipGroup() {
+  if (tooDeep_ > 0 || outer_.size() > 1) {  // else there is no group but the whole text
+    lexer_.skipGroup();
+  }
+}

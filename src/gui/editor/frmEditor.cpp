@@ -1,0 +1,243 @@
+#include "gui/editor/frmEditor.h"
+
+#include "core/infra/Numbers.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/DescriptionTab.h"
+#include "gui/editor/EditorPlacement.h"
+#include "gui/editor/EditorStatusBar.h"
+#include "gui/editor/FontBar.h"
+#include "gui/editor/TextKeys.h"
+#include "gui/toolkit/Icons.h"
+#include "gui/toolkit/Mnemonics.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/Twips.h"
+#include "gui/toolkit/WindowSettings.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+// The window itself: its parts, its place on the screen, its life. What passes between it and the scene is in
+// frmEditorBinding.cpp.
+
+namespace {
+
+/// Twips.
+constexpr double MinWidth = 10032;
+constexpr double MinHeight = 7020;
+constexpr QSize kFirstSize(920, 680);
+constexpr int kLoadFontsMs = 100;
+constexpr qreal kTextMargin = 10;
+
+}  // namespace
+
+frmEditor::frmEditor() {
+  setObjectName(u"frmEditor"_s);
+  setWindowIcon(icon("quillane"));
+  createActions();
+  buildLayout();
+  connectSignals();
+  readSettings();
+  TimerLoadFonts.start();
+}
+
+frmEditor::~frmEditor() = default;
+
+void frmEditor::createActions() {
+  const auto addMenu = [this](const char* name, const QString& caption) {
+    QMenu* const menu = menuBar()->addMenu(caption);
+    menu->setObjectName(QString::fromLatin1(name));
+    return menu;
+  };
+  const auto add = [this](QMenu* menu, const char* name, const QString& caption, auto run) {
+    QAction* const action = menu->addAction(caption);
+    action->setObjectName(QString::fromLatin1(name));
+    connect(action, &QAction::triggered, this, run);
+    return action;
+  };
+  QMenu* const file = addMenu("mnuFile", u"File"_s);
+  add(file, "mnuSave", u"Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
+  add(file, "mnuSaveAndExit", u"Save && Exit"_s, [this] {
+    if (SaveChanges(false)) {
+      ExitForm();
+    }
+  });
+  file->addSeparator();
+  add(file, "mnuExit", u"Close"_s, [this] { closeForm(); });
+  QMenu* const tools = addMenu("mnuTools", u"Tools"_s);
+  add(tools, "mnuTop20", u"Show word usage"_s, [this] { mnuTop20_Click(); });
+  assignMnemonics(menuBar()->actions());
+  assignMnemonics(file->actions());
+  assignMnemonics(tools->actions());
+}
+
+void frmEditor::buildLayout() {
+  txtMain = new RichTextBox(this);
+  txtMain->setObjectName(u"txtMain"_s);
+  txtMain->setAccessibleName(u"Scene text"_s);
+  txtMain->document()->setDocumentMargin(kTextMargin);
+  new TextKeys(*txtMain);
+  auto* upper = new QWidget(this);
+  fontBar_ = new FontBar(*txtMain, upper);
+  auto* upperLayout = new QVBoxLayout(upper);
+  upperLayout->setContentsMargins(0, 0, 0, 0);
+  upperLayout->addWidget(fontBar_);
+  upperLayout->addWidget(txtMain, 1);
+
+  auto* split = new QSplitter(Qt::Vertical, this);
+  split->setChildrenCollapsible(false);
+  split->addWidget(upper);
+  split->addWidget(buildLowerPart());
+  split->setStretchFactor(0, 1);
+  split->setStretchFactor(1, 0);
+  auto* whole = new QWidget(this);
+  auto* layout = new QVBoxLayout(whole);
+  layout->addWidget(split);
+  setCentralWidget(whole);
+  StatusBar1 = new EditorStatusBar(this);
+  setStatusBar(StatusBar1);
+  txtMain->setFocus();
+}
+
+QWidget* frmEditor::buildLowerPart() {
+  auto* lower = new QWidget(this);
+  TabStrip1 = new QTabWidget(lower);
+  TabStrip1->setObjectName(u"TabStrip1"_s);
+  TabStrip1->setAccessibleName(u"Planning data of the scene"_s);
+  description_ = new DescriptionTab(TabStrip1);
+  description_->setObjectName(u"Frame(0)"_s);
+  TabStrip1->addTab(description_, u"Description"_s);
+  TabStrip1->setTabToolTip(0, u"Edit the scene title and description"_s);
+
+  auto* buttons = new QVBoxLayout;
+  buttons->addWidget(makeButton("cmdSave", u"Save"_s));
+  buttons->addWidget(makeButton("cmdSaveAndExit", u"Save && Exit"_s));
+  buttons->addStretch();
+  auto* layout = new QHBoxLayout(lower);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(TabStrip1, 1);
+  layout->addLayout(buttons);
+  return lower;
+}
+
+QPushButton* frmEditor::makeButton(const char* name, const QString& caption) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(QString::fromLatin1(name));
+  return button;
+}
+
+void frmEditor::connectSignals() {
+  connect(txtMain, &RichTextBox::Changed, this, &frmEditor::textChanged);
+  connect(description_, &DescriptionTab::changed, this, &frmEditor::markDirty);
+  connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
+  connect(findChild<QPushButton*>(u"cmdSave"_s), &QPushButton::clicked, this, [this] {
+    storeWindowSettings();
+    SaveChanges(true);
+  });
+  connect(findChild<QPushButton*>(u"cmdSaveAndExit"_s), &QPushButton::clicked, this, &frmEditor::saveAndExit);
+  connect(&TimerWC, &QTimer::timeout, this, &frmEditor::ShowSceneWordCount);
+  TimerLoadFonts.setSingleShot(true);
+  TimerLoadFonts.setInterval(kLoadFontsMs);
+  connect(&TimerLoadFonts, &QTimer::timeout, fontBar_, &FontBar::fillLists);
+}
+
+void frmEditor::readSettings() {
+  const QSize room = screen()->availableGeometry().size();
+  setMinimumSize(QSize(Twips::toPixels(MinWidth), Twips::toPixels(MinHeight)).boundedTo(room));
+  resize(kFirstSize.boundedTo(room));
+  colours_ = EditorColours::fromSettings();
+  colours_.applyTo(*txtMain);
+  restoreWindow(u"Editor"_s, *this);
+  applyEditorFont();
+  const qint32 tab = Numbers::ToInt(Settings().sGet(u"EditorDefaultTab"_s, 0));
+  CurrentTab = static_cast<qint16>(tab >= 0 && tab < TabStrip1->count() ? tab : 0);
+  TabStrip1->setCurrentIndex(CurrentTab);
+}
+
+void frmEditor::applyEditorFont() {
+  const QString name = Settings().sGet(u"EditorFontName"_s, u"Arial"_s).toString().trimmed();
+  const QString size = Settings().sGet(u"EditorFontSize"_s, u"10"_s).toString().trimmed();
+  const double points = Numbers::Val(size);
+  QFont font(name.isEmpty() ? u"Arial"_s : name);
+  font.setPointSizeF(points >= 1 && points <= 400 ? points : 10);
+  txtMain->setFont(font);
+  fontBar_->showChoice(font.family(), QString::number(font.pointSizeF()));
+}
+
+void frmEditor::storeWindowSettings() {
+  storeWindow(u"Editor"_s, *this);
+  colours_.toSettings();
+  Settings().sSet(u"EditorDefaultTab"_s, static_cast<qint32>(CurrentTab));
+}
+
+void frmEditor::DisableOrEnable(bool enabled) {
+  for (QPushButton* const button : findChildren<QPushButton*>()) {
+    button->setEnabled(enabled);
+  }
+}
+
+void frmEditor::setCaption(const QString& title) {
+  // A lone "[*]" would stand for the mark of a modified document.
+  setWindowTitle(QString(title).replace(u"[*]"_s, u"[*][*]"_s));
+}
+
+void frmEditor::Show() {
+  if (!isMaximized()) {
+    const QPoint last(Twips::toPixels(LastEditorLeft), Twips::toPixels(LastEditorTop));
+    const QScreen* const there = QGuiApplication::screenAt(last);
+    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
+    move(editorPlace(LastEditorLeft, LastEditorTop, size(), room));
+  }
+  show();
+  raise();
+  activateWindow();
+}
+
+void frmEditor::Activate() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
+void frmEditor::ShowModal() {
+  QEventLoop loop;
+  modalLoop_ = &loop;
+  setWindowModality(Qt::ApplicationModal);
+  setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
+  Show();
+  // The window may have deleted itself when this returns.
+  loop.exec();
+}
+
+void frmEditor::Unload() {
+  leaving_ = true;
+  TimerWC.stop();
+  TimerLoadFonts.stop();
+  hide();
+  if (modalLoop_ != nullptr) {
+    modalLoop_->quit();
+    modalLoop_ = nullptr;
+  }
+  deleteLater();
+}
+
+void frmEditor::closeEvent(QCloseEvent* event) {
+  if (!leaving_) {
+    closeForm();
+  }
+  event->setAccepted(leaving_);
+}
+
+void registerSceneEditor() {
+  sceneEditorFactory() = [] { return new frmEditor; };
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "core/model/SceneEditor.h"
+#include "gui/editor/EditorColours.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+class DescriptionTab;
+class EditorStatusBar;
+class FontBar;
+class QEventLoop;
+class QPushButton;
+class QTabWidget;
+class RichTextBox;
+class clsScene;
+
+/// The window in which one scene is written. It holds no data of its own: it copies the scene into its controls,
+/// copies them back and tells the scene to write itself. The scene is looked up by its ID each time.
+class frmEditor : public QMainWindow, public SceneEditor {
+  Q_OBJECT
+
+ public:
+  frmEditor();
+  ~frmEditor() override;
+
+  void EditScene(qint32 id) override;
+  /// Copies the controls into the scene, the text in the one colour of saved text.
+  void FormToData(clsScene& scene);
+
+  void Show() override;
+  void Activate() override;
+  void ShowModal() override;
+  bool IsVisible() const override { return isVisible(); }
+  void HideWindow() override { hide(); }
+  void Unload() override;
+  bool SavedChanges() const override { return savedChanges_; }
+
+  void setCurrentSearchString(const QString& text) override;
+  void MarkCharacters() override;
+  void UnmarkCharacters() override;
+  void UpdateCombos() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void createActions();
+  void buildLayout();
+  QWidget* buildLowerPart();
+  QPushButton* makeButton(const char* name, const QString& caption);
+  void connectSignals();
+  void readSettings();
+  void storeWindowSettings();
+  void DisableOrEnable(bool enabled);
+  void setCaption(const QString& title);
+  void markDirty() { Dirty = true; }
+
+  void ShowScene();
+  void DataToForm(qint32 id, bool loadText);
+  void loadMainText(const clsScene& scene);
+  void applyEditorFont();
+  void textChanged();
+  void mnuTop20_Click();
+  void ShowSceneWordCount();
+  /// False, and the user has been told, when there is no scene to save to any more.
+  bool SaveChanges(bool spellCheck);
+  /// False when the window is to stay open.
+  bool AskIfSave();
+  void ExitForm();
+  void saveAndExit();
+  void closeForm();
+  std::shared_ptr<clsScene> scene() const;
+
+  qint32 SceneID = 0;
+  /// Text or fields changed since the last save.
+  bool Dirty = false;
+  bool savedChanges_ = false;
+  bool leaving_ = false;
+  qint16 CurrentTab = 0;
+  EditorColours colours_;
+  /// Nothing was counted yet.
+  std::optional<QString> LastCountedText;
+  QTimer TimerWC;
+  QTimer TimerLoadFonts;
+  QEventLoop* modalLoop_ = nullptr;
+
+  RichTextBox* txtMain = nullptr;
+  FontBar* fontBar_ = nullptr;
+  QTabWidget* TabStrip1 = nullptr;
+  DescriptionTab* description_ = nullptr;
+  EditorStatusBar* StatusBar1 = nullptr;
+};
+
+/// From now on scenes are edited in these windows.
+void registerSceneEditor();

@@ -1,0 +1,187 @@
+#include "core/infra/Toolkit.h"
+#include "core/infra/clsHashTable.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/text/Rtf.h"
+#include "core/text/cSharedHTML.h"
+#include "core/text/modWordcount.h"
+#include "gui/editor/DescriptionTab.h"
+#include "gui/editor/EditorPlacement.h"
+#include "gui/editor/EditorStatusBar.h"
+#include "gui/editor/EditorText.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/Twips.h"
+#include "gui/views/frmWordCount.h"
+
+using namespace Qt::StringLiterals;
+
+// What passes between the window and its scene.
+
+namespace {
+
+constexpr int kWordCountMs = 3000;
+
+}  // namespace
+
+std::shared_ptr<clsScene> frmEditor::scene() const {
+  return g_Project->SceneByID(SceneID);
+}
+
+void frmEditor::EditScene(qint32 id) {
+  const bool fontsWaiting = TimerLoadFonts.isActive();
+  TimerLoadFonts.stop();
+  SceneID = id;
+  setCaption(scene()->Title);
+  StatusBar1->setPanel(EditorStatusBar::autosave, u"Last Autosave: None"_s);
+  ShowScene();
+  Dirty = false;
+  DisableOrEnable(true);
+  if (fontsWaiting) {
+    TimerLoadFonts.start();
+  }
+}
+
+void frmEditor::ShowScene() {
+  DataToForm(SceneID, true);
+  txtMain->setSelStart(0);
+  Dirty = false;
+}
+
+void frmEditor::DataToForm(qint32 id, bool loadText) {
+  const auto shown = g_Project->SceneByID(id);
+  StatusBar1->setPanel(EditorStatusBar::chapterTitle, g_Project->ChapterByID(shown->BelongsToChID)->Title);
+  description_->DataToForm(*shown);
+  if (loadText) {
+    loadMainText(*shown);
+  }
+  ShowSceneWordCount();
+  Dirty = false;
+}
+
+void frmEditor::loadMainText(const clsScene& from) {
+  applyEditorFont();
+  RichText text = readRtf(from.TextRTF());
+  ResetFontColour(text, colours_.textColour());
+  SetMainIndent(text);
+  txtMain->setRichText(text);
+}
+
+void frmEditor::FormToData(clsScene& into) {
+  TimerWC.stop();
+  description_->FormToData(into);
+  RichText text = txtMain->richText();
+  ResetFontColour(text, colours_.textColour());
+  into.setTextRTF(writeRtf(text));
+  TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::textChanged() {
+  markDirty();
+  TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::ShowSceneWordCount() {
+  TimerWC.stop();
+  const QString text = txtMain->Text();
+  if (text != LastCountedText) {
+    LastCountedText = text;
+    const qint32 words = Html().CalcWordCount(text);
+    qint32 total = words;
+    for (const qint32 id : g_Project->ChapterByID(scene()->BelongsToChID)->SceneIDs()) {
+      total += id == SceneID ? 0 : g_Project->SceneByID(id)->Wordcount();
+    }
+    StatusBar1->setPanel(EditorStatusBar::sceneWords, u"Scene: %1 words"_s.arg(words));
+    StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %1 words"_s.arg(total));
+  }
+  TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::mnuTop20_Click() {
+  toolkit().setPointer(Pointer::Busy);
+  clsHashTable table;
+  BreakAndHash(table, txtMain->Text());
+  frmWordCount::showOver(*this, table, true);
+}
+
+bool frmEditor::SaveChanges(bool) {
+  const auto saved = scene();
+  if (!Finished || !saved->InScenes) {
+    // The scene has left while its window stood open, and its ID may be another book's by now.
+    toolkit().MsgBox(
+        u"The project of this scene has been closed, so the scene can't be saved. Please copy its text to keep it."_s);
+    return false;
+  }
+  FormToData(*saved);
+  saved->Save(false, true);
+  LastEditorLeft = Twips::fromPixels(x());
+  LastEditorTop = Twips::fromPixels(y());
+  setCaption(saved->Title);
+  ShowSceneWordCount();
+  savedChanges_ = true;
+  if (Changed) {
+    Changed();
+  }
+  // What is in no file yet stays due.
+  Dirty = saved->RTFChanged();
+  StatusBar1->setPanel(EditorStatusBar::autosave,
+                       Dirty ? u"The scene's file could not be written"_s : u"Last Autosave: None"_s);
+  return true;
+}
+
+bool frmEditor::AskIfSave() {
+  if (!Dirty) {
+    return true;
+  }
+  switch (toolkit().MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNoOrBack)) {
+    case Answer::Yes:
+      return SaveChanges(false);
+    case Answer::No:
+      savedChanges_ = false;
+      return true;
+    default:
+      return false;
+  }
+}
+
+void frmEditor::ExitForm() {
+  TimerWC.stop();
+  leaving_ = true;
+  if (!Finished) {
+    // Nobody is left to unload the window.
+    Unload();
+    return;
+  }
+  // A copy, since the listener lets go of the window while it runs.
+  const auto finished = Finished;
+  finished();
+}
+
+void frmEditor::saveAndExit() {
+  DisableOrEnable(false);
+  storeWindowSettings();
+  if (SaveChanges(false)) {
+    ExitForm();
+  } else {
+    DisableOrEnable(true);
+  }
+}
+
+void frmEditor::closeForm() {
+  if (leaving_) {
+    return;
+  }
+  if (AskIfSave()) {
+    ExitForm();
+  }
+}
+
+void frmEditor::setCurrentSearchString(const QString&) {}
+
+void frmEditor::MarkCharacters() {}
+
+void frmEditor::UnmarkCharacters() {}
+
+void frmEditor::UpdateCombos() {}

@@ -1,0 +1,73 @@
+#include "gui/shell/commands/RecentProjects.h"
+
+#include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/Globals.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString key(qsizetype index) {
+  return u"Recent"_s + QString::number(index);
+}
+
+QString stored(int index) {
+  return Settings().sGet(key(index)).toString();
+}
+
+QStringList takeAll() {
+  QStringList paths;
+  for (int i = 0; i < RecentProjects::kCount; ++i) {
+    const QString path = stored(i);
+    Settings().DeleteSettingByName(key(i));
+    if (!path.isEmpty() && !paths.contains(path)) {
+      paths.append(path);
+    }
+  }
+  return paths;
+}
+
+}  // namespace
+
+namespace RecentProjects {
+
+QStringList withNewest(QStringList paths, const QString& path) {
+  paths.removeAll(path);
+  paths.prepend(path);
+  return paths;
+}
+
+bool isNewest(const QString& path) {
+  return stored(0) == path;
+}
+
+void AddToRecent(const QString& path) {
+  const QStringList paths = withNewest(takeAll(), path);
+  for (qsizetype i = 0; i < paths.size(); ++i) {
+    Settings().sSet(key(i), paths.at(i));
+  }
+  Settings().SaveSettings(g_SettingsFile);
+}
+
+QStringList existing() {
+  QStringList paths;
+  for (int i = 0; i < kCount; ++i) {
+    const QString path = stored(i);
+    if (path.isEmpty()) {
+      continue;
+    }
+    if (Files().FileExists(path)) {
+      paths.append(path);
+    } else {
+      Settings().DeleteSettingByName(key(i));
+    }
+  }
+  return paths;
+}
+
+QString captionOf(const QString& path) {
+  return Files().FileOnly(Files().FileWithoutExt(path)) + u" \\"_s + Files().LastFolder(Files().ExtractPath(path));
+}
+
+}  // namespace RecentProjects

@@ -1,0 +1,102 @@
+#include "core/infra/Guard.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ScenePane.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/toolkit/WindowSettings.h"
+#include "gui/views/ListView.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+// The end of the program. Each step stands for itself: none may keep the next from running.
+
+void frmMain::EndProgram() {
+  if (Closing || g_Project->IsBusy()) {
+    return;
+  }
+  Closing = true;
+  StopScanTimer();
+  Timer3_.stop();
+  const Guard guard("EndProgram", "frmMain");
+  guard([&] { storeSettings(); });
+  toolkit().DoEvents();
+  // A project without a file is empty, unless a save was given up: then the book is in memory alone, and the save
+  // asks once more.
+  if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
+    guard([&] { SaveProject(true); });
+    guard([&] { insistOnScenes(); });
+    StopScanTimer();
+  }
+  guard([&] { g_Project = std::make_unique<clsProject>(); });
+  if (settingsLoaded_) {
+    guard([&] { Settings().SaveSettings(g_SettingsFile); });
+  }
+  unloadForms();
+  Logging().WriteActionsToLog();
+  if (!InstallerPath.isEmpty()) {
+    guard([&] { toolkit().runProgram(InstallerPath, {}, false); });
+  }
+  endProcess();
+}
+
+/// A scene whose file could not be written is in memory alone: the program doesn't end over it without a word.
+void frmMain::insistOnScenes() {
+  for (;;) {
+    const qint32 unsaved = g_Project->UnsavedTexts();
+    if (unsaved == 0 || g_Project->FileWithPath.isEmpty()) {
+      return;
+    }
+    const QString text =
+        u"The text of %1 scene(s) could not be written to %2. Please make room or free the files and "
+        "then click Retry, else click Cancel to end the program without it."_s;
+    if (toolkit().MsgBox(text.arg(unsaved).arg(g_Project->Path() + u"RTF"_s), Buttons::RetryCancel) != Answer::Retry) {
+      return;
+    }
+    SaveProject(false);
+  }
+}
+
+// A start that failed before the settings were read has nothing to store: it would wipe out what they hold.
+void frmMain::storeSettings() {
+  if (!settingsLoaded_) {
+    return;
+  }
+  Settings().sSet(u"DblSpaced"_s, g_DblSpaced);
+  Settings().sSet(u"12Spaced"_s, g_12Spaced);
+  Settings().sSet(u"FontSize"_s, static_cast<int>(g_FontSize));
+  Settings().sSet(u"FontName"_s, g_FontName);
+  storeLayout();
+}
+
+void frmMain::storeLayout() {
+  if (!isVisible()) {
+    return;
+  }
+  storeWindow(u"Main"_s, *this);
+  storeColumns(u"MainChap"_s, panes_->FrameChapters().ListChapters());
+  storeColumns(u"MainScn"_s, panes_->FrameScenes().ListScenes());
+  const double left = panes_->FrameScenes().splitterLeft();
+  const double width = panes_->FrameScenes().frameWidth();
+  if (!isMinimized() && left > 0 && width > 0) {
+    Settings().sSet(u"SplitPercent"_s, left / width);
+    Settings().sSet(u"ChapterSplit"_s, panes_->chapterSplit());
+  }
+}
+
+// From the last to the first, this window at the end.
+void frmMain::unloadForms() {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  for (QWidget* window : windows) {
+    if (window != this && window->isVisible() && window->isWindow()) {
+      window->close();
+    }
+  }
+  hide();
+}

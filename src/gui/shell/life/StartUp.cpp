@@ -1,0 +1,196 @@
+#include "gui/shell/life/StartUp.h"
+
+#include "core/infra/Clock.h"
+#include "core/infra/HelperLibrary.h"
+#include "core/infra/Maker.h"
+#include "core/infra/Numbers.h"
+#include "core/infra/Paths.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSHAREDSubs.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "gui/shell/life/FileAssociation.h"
+#include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/MainMenuBar.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/PaneLayout.h"
+#include "gui/shell/main/ScenePane.h"
+#include "gui/shell/main/SceneTabs.h"
+#include "gui/shell/main/StatusPanels.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/shell/windows/frmSplash.h"
+#include "gui/toolkit/WindowSettings.h"
+#include "gui/views/ListView.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A full backup that is older than this many days is due.
+constexpr int kBackupDays = 7;
+
+constexpr double kDefaultChapterSplit = 0.33;
+
+bool truth(const QVariant& value) {
+  return Numbers::ToInt(value) != 0;
+}
+
+/// A part of a whole; one that isn't between its ends gives the default.
+double fractionSetting(const QString& key, double byDefault) {
+  const double stored = Numbers::ToNumber(Settings().sGet(key, byDefault)).value_or(byDefault);
+  return stored > 0 && stored < 1 ? stored : byDefault;
+}
+
+}  // namespace
+
+StartUp::StartUp(frmMain& main) : main_(main) {}
+
+StartUp::~StartUp() = default;
+
+void StartUp::run() {
+  main_.stopUpdateCheck();
+  if (!helperLibrariesExist()) {
+    return;
+  }
+  setGlobals();
+  registerFileAssociation(u".QN4"_s, Paths::native(QCoreApplication::applicationFilePath()), u"Quillane4"_s);
+  showSplash();
+  fillStatusMenu();
+  greetFirstRun();
+  readSettings();
+  readFonts();
+  showStatusBar();
+  g_Project = std::make_unique<clsProject>();
+  restoreLayout();
+  openProject();
+  g_Project->FileWithPath.isEmpty() ? main_.DisableMenus() : main_.EnableMenus();
+  finish();
+}
+
+bool StartUp::helperLibrariesExist() const {
+  for (const char* library : kHelperLibraries) {
+    const QString name = QString::fromLatin1(library);
+    if (!Files().FileExists(Paths::executableFolder() + name)) {
+      toolkit().MsgBox(u"Essential file "_s + name +
+                       u" missing.  Please download and install the complete Quillane4 package from "_s +
+                       QString::fromLatin1(Maker::kWebAddress));
+      return false;
+    }
+  }
+  return true;
+}
+
+void StartUp::setGlobals() const {
+  g_SettingsFile = Paths::programFolder() + u"Quillane4.ini"_s;
+  initChangeTables();
+  g_RatingNames = u"Dummy,Relevance,Tension,Humour,Quality"_s.split(u',');
+  g_StatusNames = u"Dummy,Outline,Draft,1st Edit,2nd Edit,Done"_s.split(u',');
+}
+
+void StartUp::showSplash() {
+  splash_ = std::make_unique<frmSplash>();
+  splash_->show();
+  Logging().LogEvent(u"Starting Application"_s, true);
+  splashStatus(u"Starting Application"_s);
+  splashStatus(u"Setting Up"_s);
+}
+
+void StartUp::splashStatus(const QString& text) const {
+  splash_->setStatus(text);
+  toolkit().DoEvents();
+}
+
+void StartUp::fillStatusMenu() const {
+  QList<MenuElement> elements;
+  for (qsizetype i = 2; i < g_StatusNames.size(); ++i) {
+    elements.append({g_StatusNames.at(i), {}});
+  }
+  main_.menus().setCaption(u"mnuStatus(0)"_s, g_StatusNames.value(1));
+  main_.menus().loadElements(u"mnuStatus"_s, elements);
+}
+
+void StartUp::greetFirstRun() const {
+  if (!Files().FileExists(g_SettingsFile)) {
+    toolkit().MsgBox(
+        u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard' to help you get "
+        "started:\nJust click the Project menu, followed by 'New Project Wizard'"_s);
+  }
+}
+
+void StartUp::readSettings() const {
+  Settings().LoadSettings(g_SettingsFile);
+  main_.settingsLoaded_ = true;
+  g_DebugMode = truth(Settings().sGet(u"DebugMode"_s, false));
+  // English is built in and so far the only language.
+  main_.menus().checkElement(u"mnuLanguage"_s, u"English"_s);
+  const QString font = Settings().sGet(u"FormFont"_s).toString().trimmed();
+  main_.tools().useFormFont(font.isEmpty() ? u"MS Sans Serif"_s : font);
+}
+
+void StartUp::readFonts() const {
+  g_DblSpaced = truth(Settings().sGet(u"DblSpaced"_s, false));
+  g_12Spaced = truth(Settings().sGet(u"12Spaced"_s, false));
+  g_FontSize = static_cast<qint16>(qBound(1, Numbers::ToInt(Settings().sGet(u"FontSize"_s, u"10"_s)), 1000));
+  g_FontName = Settings().sGet(u"FontName"_s, u"Times New Roman"_s).toString();
+}
+
+void StartUp::showStatusBar() const {
+  const QString version = Subs().AppVersion();
+  main_.status().setVersion(version);
+  main_.showTotal();
+  const qint32 lastBackup = Numbers::ToInt(Settings().sGet(u"LastFullBackup"_s, 0));
+  main_.status().setBackupReminder(lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
+  Logging().LogEvent(u"Quillane 4 startup: "_s + version);
+}
+
+void StartUp::restoreLayout() const {
+  MainPanes& panes = main_.panes();
+  restoreWindow(u"Main"_s, main_);
+  restoreColumns(u"MainChap"_s, panes.FrameChapters().ListChapters());
+  restoreColumns(u"MainScn"_s, panes.FrameScenes().ListScenes());
+  panes.showScenesTab();
+  panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
+                       fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit),
+                       !Settings().IsSettingPresent(u"MainChap1_W"_s));
+}
+
+void StartUp::openProject() const {
+  const QString last = Settings().sGet(u"LastProjectFile"_s).toString();
+  if (!main_.commandLine_.isEmpty()) {
+    // Also a path that leads nowhere puts the last project aside.
+    openFromCommandLine(QString(main_.commandLine_).remove(u'"'));
+  } else if (!last.isEmpty() && Files().FileExists(last)) {
+    openLast(last);
+  }
+}
+
+void StartUp::openFromCommandLine(const QString& path) const {
+  Logging().LogEvent(u"Loading from "_s + path);
+  if (Files().FileExists(path)) {
+    splashStatus(u"Loading "_s + Files().FileOnly(path));
+    // The path is kept for the next start, which may stand in another folder.
+    main_.LoadProject(Paths::native(QFileInfo(path).absoluteFilePath()), false);
+  }
+}
+
+void StartUp::openLast(const QString& path) const {
+  Logging().LogEvent(u"Loading last project: "_s + path);
+  splashStatus(u"Loading '"_s + Files().FileOnly(path) + u"'"_s);
+  main_.LoadProject(path, true);
+}
+
+void StartUp::finish() {
+  splashStatus(u"Startup Complete"_s);
+  splash_.reset();
+  main_.project().UpdateRecent();
+  main_.panes().FrameScenes().TabStrip1().setCurrentIndex(0);
+  main_.panes().FrameChapters().ListChapters().setFocus();
+  main_.StartScanTimer();
+  main_.startUpdateCheck();
+}

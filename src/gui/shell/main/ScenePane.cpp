@@ -1,0 +1,225 @@
+#include "gui/shell/main/ScenePane.h"
+
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/main/PaneLayout.h"
+#include "gui/shell/main/SceneTabs.h"
+#include "gui/toolkit/Twips.h"
+#include "gui/views/ListView.h"
+#include "gui/views/RowColours.h"
+#include "gui/views/RowIcon.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QSplitter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Column { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
+
+constexpr QStringView kStartOfTitle = u"A scene in";
+constexpr QStringView kShortTitle = u"A scene in a few words";
+constexpr QStringView kLongTitle = u"A scene that takes more words to tell what is in it";
+
+/// The first that holds.
+const char* sceneIcon(clsScene& scene) {
+  if (scene.Unused) {
+    return "sceneunused";
+  }
+  if (scene.Locked()) {
+    return "edit";
+  }
+  return scene.HasNote() ? "note" : "scene";
+}
+
+/// A scene whose status was never set has none to show.
+QString statusName(qint16 status) {
+  return status > 0 ? g_StatusNames.value(status) : QString();
+}
+
+}  // namespace
+
+ScenePane::ScenePane(QWidget* parent)
+    : QWidget(parent),
+      listScenes_(
+          new ListView({u"Viewpoint"_s, u"Words"_s, u"Scene"_s, u"Status"_s, u"A/R"_s, u"Filename"_s, u"Letters"_s})),
+      tabStrip1_(new SceneTabs),
+      splitter_(new QSplitter(Qt::Horizontal)) {
+  setObjectName(u"FrameScenes"_s);
+  buildLayout();
+  connectSignals();
+}
+
+void ScenePane::buildLayout() {
+  listScenes_->setObjectName(u"ListScenes"_s);
+  listScenes_->setAccessibleName(u"Scenes of the selected chapter"_s);
+  QHeaderView& header = *listScenes_->header();
+  header.setSectionsMovable(true);
+  header.setFirstSectionMovable(true);
+  header.setStretchLastSection(false);
+  listScenes_->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
+  listScenes_->headerItem()->setTextAlignment(kActionReaction, Qt::AlignCenter);
+  for (const auto& [column, longest] : {std::pair{kViewpoint, QStringView(u"Elizabeth")},
+                                        {kWords, u"8888"},
+                                        {kScene, kShortTitle},
+                                        {kStatus, u"2nd Edit"},
+                                        {kActionReaction, u"A"},
+                                        {kFilename, u"RTF_00001.rtf"},
+                                        {kLetters, u"88888"}}) {
+    listScenes_->setColumnWidth(column, listScenes_->widthFor(column, longest));
+  }
+
+  splitter_->setObjectName(u"SceneSplitter"_s);
+  splitter_->setChildrenCollapsible(false);
+  splitter_->addWidget(listScenes_);
+  splitter_->addWidget(tabStrip1_);
+  // The splitter's edge stays where it is when the window grows.
+  splitter_->setStretchFactor(0, 0);
+  splitter_->setStretchFactor(1, 1);
+  splitter_->handle(1)->setObjectName(u"imgHorDivide"_s);
+  listScenes_->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterLeft));
+  tabStrip1_->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterRight) - splitter_->handleWidth());
+
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(splitter_);
+}
+
+void ScenePane::connectSignals() {
+  connect(listScenes_, &QTreeWidget::itemSelectionChanged, this, [this] {
+    const bool gathering = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
+                           (QApplication::keyboardModifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != 0;
+    if (!Filling_ && !gathering && !listScenes_->keyIsDown()) {
+      displayIfOther();
+    }
+  });
+  connect(listScenes_, &ListView::buttonUp, this, &ScenePane::displayIfOther);
+  connect(listScenes_, &ListView::keyUp, this, &ScenePane::displayIfOther);
+  connect(listScenes_, &ListView::rowOpened, this, &ScenePane::sceneOpened);
+  connect(listScenes_, &ListView::enterPressed, this, &ScenePane::sceneOpened);
+  connect(tabStrip1_, &SceneTabs::sceneOpened, this, &ScenePane::sceneOpened);
+}
+
+void ScenePane::displayIfOther() {
+  if (SelectedSceneID() != displayedSceneID_) {
+    DisplaySelectedScene();
+  }
+}
+
+void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
+  if (ChapterID == 0) {
+    return;
+  }
+  const auto chapter = g_Project->ChapterByID(ChapterID);
+  const QTreeWidgetItem* selected = listScenes_->SelectedItem();
+  const int kept = selected == nullptr ? 0 : listScenes_->indexFromItem(selected).row();
+  const int wanted = SelectIndex < 1 ? kept : SelectIndex - 1;
+  QList<QTreeWidgetItem*> rows;
+  for (const qint32 id : chapter->SceneIDs()) {
+    auto* row = new QTreeWidgetItem;
+    UpdateSceneRow(*row, id);
+    rows.append(row);
+  }
+  {
+    const QScopedValueRollback filling(Filling_, true);
+    listScenes_->clear();
+    listScenes_->addTopLevelItems(rows);
+    listScenes_->SelectRow(wanted < rows.size() ? wanted : 0);
+  }
+  shownChapterID_ = ChapterID;
+  rows.isEmpty() ? ClearSceneDisplay() : DisplaySelectedScene();
+}
+
+void ScenePane::clear() {
+  {
+    const QScopedValueRollback filling(Filling_, true);
+    listScenes_->clear();
+  }
+  shownChapterID_ = 0;
+  ClearSceneDisplay();
+}
+
+void ScenePane::UpdateSceneRow(QTreeWidgetItem& row, qint32 SceneID) const {
+  const auto scene = g_Project->SceneByID(SceneID);
+  ListView::setTag(row, SceneID);
+  row.setIcon(kViewpoint, rowIcon(sceneIcon(*scene)));
+  setCell(row, kViewpoint, scene->ViewPointChar()->Title());
+  setCell(row, kWords, scene->Wordcount());
+  setCell(row, kScene, scene->Title);
+  setCell(row, kStatus, statusName(scene->Status));
+  setCell(row, kActionReaction, scene->ReactionScene ? u"R"_s : u"A"_s);
+  setCell(row, kFilename, scene->RTFFilename());
+  setCell(row, kLetters, scene->Lettercount());
+  const QVariant grey = QBrush(RowColours::readable(RowColours::kGrey, listScenes_->palette()));
+  row.setData(kStatus, Qt::ForegroundRole, scene->Unused ? grey : QVariant());
+}
+
+void ScenePane::DisplaySelectedScene() {
+  const qint32 id = SelectedSceneID();
+  if (id == 0) {
+    return;
+  }
+  displayedSceneID_ = id;
+  tabStrip1_->display(*g_Project->SceneByID(id));
+}
+
+void ScenePane::ClearSceneDisplay() {
+  if (displayedSceneID_ != 0) {
+    displayedSceneID_ = 0;
+    tabStrip1_->clearDisplay();
+  }
+}
+
+void ScenePane::SelectScene(qint32 SceneID) {
+  {
+    const QScopedValueRollback filling(Filling_, true);
+    listScenes_->SelectTag(SceneID);
+  }
+  displayIfOther();
+}
+
+qint32 ScenePane::SelectedSceneID() const {
+  return listScenes_->SelectedTag();
+}
+
+double ScenePane::splitterLeft() const {
+  return Twips::fromPixels(splitter_->handle(1)->x());
+}
+
+double ScenePane::frameWidth() const {
+  return Twips::fromPixels(width());
+}
+
+void ScenePane::placeSplitter(double fraction) {
+  const int left = Twips::toPixels(PaneLayout::clampSplitter(frameWidth() * fraction, frameWidth()));
+  splitter_->setSizes({left, width() - splitter_->handleWidth() - left});
+}
+
+void ScenePane::fitSceneTitles() {
+  const auto widthOf = [this](QStringView title) { return listScenes_->widthFor(kScene, title); };
+  const int others = listScenes_->header()->length() - listScenes_->columnWidth(kScene);
+  int shown = listScenes_->roomForColumns() - others;
+  if (shown < widthOf(kShortTitle)) {
+    const int behind = listScenes_->columnWidth(kFilename) + listScenes_->columnWidth(kLetters);
+    shown = listScenes_->maximumViewportSize().width() - (others - behind);
+  }
+  listScenes_->setColumnWidth(kScene, qBound(widthOf(kStartOfTitle), shown, widthOf(kLongTitle)));
+}
+
+void ScenePane::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::PaletteChange) {
+    return;
+  }
+  for (int i = 0; i < listScenes_->topLevelItemCount(); ++i) {
+    QTreeWidgetItem& row = *listScenes_->topLevelItem(i);
+    UpdateSceneRow(row, ListView::tagOf(row));
+  }
+}

@@ -1,0 +1,220 @@
+#include "gui/shell/main/SceneTabs.h"
+
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/main/SceneBody.h"
+#include "gui/toolkit/Icons.h"
+#include "gui/toolkit/ReadOnlyText.h"
+#include "gui/views/ListView.h"
+#include "gui/views/modFillList.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Tab { kDescription, kContent, kCharacters, kLocations, kItems, kGoals, kNotes };
+
+constexpr std::array kGoalNames{"txtGoal", "txtConflict", "txtOutcome"};
+constexpr std::array kActionLabels{"Goal", "Conflict", "Outcome"};
+constexpr std::array kReactionLabels{"Reaction", "Dilemma", "Decision"};
+
+QPlainTextEdit* readOnlyText(const QString& name, const QString& spokenName) {
+  auto* field = new QPlainTextEdit;
+  field->setObjectName(name);
+  field->setAccessibleName(spokenName);
+  makeReadOnly(*field);
+  return field;
+}
+
+QLabel* labelOf(const QString& caption, QWidget* buddy) {
+  auto* label = new QLabel(caption);
+  label->setBuddy(buddy);
+  return label;
+}
+
+ListView* plainList(const QString& name, const QString& spokenName, const QStringList& columns) {
+  auto* list = new ListView(columns);
+  list->setObjectName(name);
+  list->setAccessibleName(spokenName);
+  list->setHeaderHidden(columns.size() == 1);
+  return list;
+}
+
+}  // namespace
+
+SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
+  setObjectName(u"TabStrip1"_s);
+  setUsesScrollButtons(true);
+  tabBar()->setExpanding(false);
+  // The arrow keys walk through all tabs: the buttons that scroll them are for the mouse.
+  for (QToolButton* scroll : tabBar()->findChildren<QToolButton*>()) {
+    scroll->setFocusPolicy(Qt::NoFocus);
+  }
+  for (const QString& caption :
+       {u"Description"_s, u"Content"_s, u"Characters"_s, u"Locations"_s, u"Items"_s, u"Goals"_s, u"Scene Notes"_s}) {
+    addFrame(caption);
+  }
+  buildDescription();
+  connect(this, &QTabWidget::currentChanged, this, &SceneTabs::buildHiddenTabs);
+}
+
+void SceneTabs::addFrame(const QString& caption) {
+  auto* frame = new QWidget;
+  frame->setObjectName(u"Frame("_s + QString::number(count()) + u')');
+  new QVBoxLayout(frame);
+  setTabToolTip(addTab(frame, caption),
+                u"ALL of the fields in this tab control are READ ONLY! Double-click a scene to change the data "
+                "presented here."_s);
+}
+
+QVBoxLayout* SceneTabs::columnOf(int tab) const {
+  return static_cast<QVBoxLayout*>(widget(tab)->layout());
+}
+
+void SceneTabs::paintEvent(QPaintEvent* event) {
+  QTabWidget::paintEvent(event);
+  if (txtBody_ == nullptr) {
+    QTimer::singleShot(0, this, &SceneTabs::buildHiddenTabs);
+  }
+}
+
+void SceneTabs::buildHiddenTabs() {
+  if (txtBody_ != nullptr) {
+    return;
+  }
+  buildContent();
+  ListChar_ = buildLists(kCharacters, u"ListChar"_s, {u"Name"_s, u"Full name"_s});
+  ListLoc_ = buildLists(kLocations, u"ListLoc"_s, {u"Name"_s});
+  ListItems_ = buildLists(kItems, u"ListItems"_s, {u"Name"_s});
+  buildGoals();
+  buildNotes();
+  if (sceneID_ != 0) {
+    displayHiddenTabs(*g_Project->SceneByID(sceneID_));
+  }
+}
+
+void SceneTabs::buildDescription() {
+  QVBoxLayout* column = columnOf(kDescription);
+  txtSceneTitle_ = new QLineEdit;
+  txtSceneTitle_->setObjectName(u"txtSceneTitle"_s);
+  txtSceneTitle_->setAccessibleName(u"Scene title"_s);
+  txtSceneTitle_->setReadOnly(true);
+  txtDesc_ = readOnlyText(u"txtDesc"_s, u"Scene description"_s);
+  txtDesc_->viewport()->installEventFilter(this);
+  column->addWidget(labelOf(u"Title:"_s, txtSceneTitle_));
+  column->addWidget(txtSceneTitle_);
+  column->addWidget(labelOf(u"Description:"_s, txtDesc_));
+  column->addWidget(txtDesc_);
+}
+
+void SceneTabs::buildContent() {
+  txtBody_ = new SceneBody;
+  txtBody_->viewport()->installEventFilter(this);
+  columnOf(kContent)->addWidget(txtBody_);
+}
+
+SceneTabs::ListPair SceneTabs::buildLists(int tab, const QString& array, const QStringList& allColumns) {
+  const QString caption = tabText(tab);
+  const ListPair lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
+                       plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
+  QVBoxLayout* column = columnOf(tab);
+  column->addWidget(labelOf(u"In this scene:"_s, lists.inScene));
+  column->addWidget(lists.inScene, 1);
+  column->addWidget(labelOf(u"All:"_s, lists.all));
+  column->addWidget(lists.all, 1);
+  return lists;
+}
+
+void SceneTabs::buildGoals() {
+  QVBoxLayout* column = columnOf(kGoals);
+  for (size_t i = 0; i < goals_.size(); ++i) {
+    goals_[i] = readOnlyText(QString::fromLatin1(kGoalNames[i]), QString::fromLatin1(kActionLabels[i]));
+    goalLabels_[i] = labelOf(QString::fromLatin1(kActionLabels[i]), goals_[i]);
+    column->addWidget(goalLabels_[i]);
+    column->addWidget(goals_[i], 1);
+  }
+}
+
+void SceneTabs::buildNotes() {
+  txtNotes_ = readOnlyText(u"txtNotes"_s, u"Scene notes"_s);
+  columnOf(kNotes)->addWidget(txtNotes_);
+}
+
+bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
+  // Only the text and the description are watched.
+  if (event->type() == QEvent::MouseButtonDblClick) {
+    Q_EMIT sceneOpened();
+    return true;
+  }
+  return QTabWidget::eventFilter(watched, event);
+}
+
+void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
+  setTabIcon(tab, shown ? icon(key) : QIcon());
+}
+
+void SceneTabs::display(clsScene& scene) {
+  sceneID_ = scene.ID();
+  txtSceneTitle_->setText(scene.Title);
+  txtSceneTitle_->setCursorPosition(0);
+  txtDesc_->setPlainText(scene.DescText);
+  showTabIcon(kNotes, "note", scene.HasNote());
+  showTabIcon(kGoals, "goal", !(scene.Goal.isEmpty() && scene.Conflict.isEmpty() && scene.Outcome.isEmpty()));
+  if (txtBody_ != nullptr) {
+    displayHiddenTabs(scene);
+  }
+}
+
+void SceneTabs::displayHiddenTabs(clsScene& scene) {
+  txtBody_->showText(scene);
+  txtNotes_->setPlainText(scene.Notes);
+  modFillList::FillCharInScene(*ListChar_.inScene, sceneID_, false, false);
+  modFillList::FillAllCharList(*ListChar_.all, true, false);
+  modFillList::FillAllItems(*ListItems_.all);
+  modFillList::FillAllLocations(*ListLoc_.all);
+  displayGoals(scene);
+  modFillList::FillItemsInScene(*ListItems_.inScene, sceneID_);
+  modFillList::FillLocationsInScene(*ListLoc_.inScene, sceneID_);
+}
+
+void SceneTabs::displayGoals(const clsScene& scene) {
+  const auto& labels = scene.ReactionScene ? kReactionLabels : kActionLabels;
+  const std::array texts{&scene.Goal, &scene.Conflict, &scene.Outcome};
+  for (size_t i = 0; i < goals_.size(); ++i) {
+    const QString label = QString::fromLatin1(labels[i]);
+    const QString& text = *texts[i];
+    goalLabels_[i]->setText(label);
+    goals_[i]->setAccessibleName(label);
+    goals_[i]->setPlainText(text.isEmpty() ? u"No "_s + label + u" specified"_s : text);
+  }
+}
+
+void SceneTabs::clearDisplay() {
+  sceneID_ = 0;
+  txtSceneTitle_->clear();
+  txtDesc_->clear();
+  showTabIcon(kNotes, "note", false);
+  showTabIcon(kGoals, "goal", false);
+  if (txtBody_ == nullptr) {
+    return;
+  }
+  txtBody_->clearText();
+  for (QPlainTextEdit* field : {txtNotes_, goals_[0], goals_[1], goals_[2]}) {
+    field->clear();
+  }
+  for (const ListPair& lists : {ListChar_, ListLoc_, ListItems_}) {
+    lists.inScene->clear();
+    lists.all->clear();
+  }
+}

@@ -1,0 +1,67 @@
+#include "gui/shell/windows/frmAbout.h"
+
+#include "core/infra/Clock.h"
+#include "core/infra/Maker.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSubs.h"
+#include "gui/toolkit/Icons.h"
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
+  setObjectName(u"frmAbout"_s);
+  setWindowTitle(u"About Quillane"_s);
+  buildLayout();
+}
+
+void frmAbout::showOver(QWidget& window) {
+  auto* about = new frmAbout(&window);
+  about->setAttribute(Qt::WA_DeleteOnClose);
+  about->open();
+}
+
+void frmAbout::buildLayout() {
+  constexpr int kPicture = 64;
+  const QString maker = QString::fromLatin1(Maker::kName);
+  auto* picture = new QLabel;
+  picture->setPixmap(icon("quillane").pixmap(kPicture));
+
+  auto* name = new QLabel(u"Quillane 4"_s);
+  QFont large = name->font();
+  large.setPointSizeF(large.pointSizeF() * 1.8);
+  large.setBold(true);
+  name->setFont(large);
+
+  auto* words = new QVBoxLayout;
+  words->addWidget(name);
+  words->addWidget(new QLabel(u"Version "_s + Subs().AppVersion()));
+  words->addSpacing(8);
+  words->addWidget(new QLabel(u"Plan and write a novel scene by scene."_s));
+  words->addWidget(new QLabel(maker + u", "_s + QString::number(Clock::today().year())));
+
+  auto* top = new QHBoxLayout;
+  top->setSpacing(20);
+  top->addWidget(picture, 0, Qt::AlignTop);
+  top->addLayout(words, 1);
+
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+  QPushButton* page = buttons->addButton(u"Visit "_s + maker, QDialogButtonBox::ActionRole);
+  page->setObjectName(u"cmdWebPage"_s);
+  connect(page, &QPushButton::clicked, this, [] { toolkit().openDocument(QString::fromLatin1(Maker::kWebAddress)); });
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(24, 20, 24, 16);
+  column->setSpacing(20);
+  column->addLayout(top);
+  column->addWidget(buttons);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  buttons->button(QDialogButtonBox::Close)->setDefault(true);
+  buttons->button(QDialogButtonBox::Close)->setFocus();
+}

@@ -1,0 +1,263 @@
+#include "gui/toolkit/QtToolkit.h"
+
+#include "core/infra/Paths.h"
+#include "gui/toolkit/Colours.h"
+#include "gui/toolkit/cSharedProgress.h"
+#include "gui/toolkit/fSHAREDErrorRpt.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct BoxKind {
+  QMessageBox::Icon picture;
+  QMessageBox::StandardButtons buttons;
+  QMessageBox::StandardButton onEnter;
+  QMessageBox::StandardButton onEscape;
+};
+
+BoxKind kindOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::YesNo:
+      return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+    case Buttons::YesNoOrBack:
+      return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+              QMessageBox::Cancel};
+    case Buttons::RetryCancel:
+      return {QMessageBox::Warning, QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Retry, QMessageBox::Cancel};
+    case Buttons::Ok:
+      break;
+  }
+  return {QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+}
+
+Answer answerOf(int button) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    case QMessageBox::Retry:
+      return Answer::Retry;
+    case QMessageBox::Cancel:
+      return Answer::Cancel;
+    default:
+      return Answer::Ok;
+  }
+}
+
+/// "*.qn3;*.qn4" as the file dialog wants it, with all files behind.
+QStringList nameFilters(const QString& patterns) {
+  const QStringList wanted = patterns.split(u';', Qt::SkipEmptyParts);
+  QStringList filters;
+  if (!wanted.isEmpty()) {
+    filters.append(u"Files (%1)"_s.arg(wanted.join(u' ')));
+  }
+  filters.append(u"All files (*)"_s);
+  return filters;
+}
+
+/// The extension of the first pattern, without its dot; empty when that is no plain one.
+QString defaultSuffix(const QString& patterns) {
+  const QString first = patterns.section(u';', 0, 0).trimmed();
+  const QString suffix = first.startsWith(u"*."_s) ? first.mid(2) : QString();
+  return suffix.contains(u'*') || suffix.contains(u'?') ? QString() : suffix;
+}
+
+/// A dialog over the window that is active. Should that window go while the dialog is up, the dialog goes with it.
+template <class Dialog>
+class OverActiveWindow {
+ public:
+  OverActiveWindow() : dialog_(new Dialog(QApplication::activeWindow())) {}
+  ~OverActiveWindow() { delete dialog_.data(); }
+  OverActiveWindow(const OverActiveWindow&) = delete;
+  OverActiveWindow& operator=(const OverActiveWindow&) = delete;
+
+  Dialog* operator->() const { return dialog_.data(); }
+  /// Waits for it. False when it was cancelled or went with its window.
+  bool accepted() const { return dialog_->exec() == QDialog::Accepted && dialog_; }
+
+ private:
+  QPointer<Dialog> dialog_;
+};
+
+using FileDialog = OverActiveWindow<QFileDialog>;
+
+void prepare(const FileDialog& dialog, const FileQuestion& question) {
+  dialog->setWindowTitle(question.title);
+  dialog->setNameFilters(nameFilters(question.filter));
+  if (!question.folder.isEmpty()) {
+    dialog->setDirectory(question.folder);
+  }
+  if (!question.defaultName.isEmpty()) {
+    dialog->selectFile(question.defaultName);
+  }
+}
+
+QString chosen(const FileDialog& dialog) {
+  return dialog.accepted() ? Paths::native(dialog->selectedFiles().value(0)) : QString();
+}
+
+/// The text without a "%" that no two hexadecimal digits follow: a report's body is cut wherever its length ends, and
+/// one broken escape would have every other one escaped again.
+QString withoutBrokenEscapes(QString address) {
+  static const QRegularExpression broken(u"%(?![0-9A-Fa-f]{2})[0-9A-Fa-f]?"_s);
+  return address.remove(broken);
+}
+
+QUrl addressOf(const QString& pathOrAddress) {
+  const bool isMail = pathOrAddress.startsWith(u"mailto:"_s);
+  const QUrl address(isMail ? withoutBrokenEscapes(pathOrAddress) : pathOrAddress, QUrl::TolerantMode);
+  // A scheme of one letter is the drive of a path.
+  return address.scheme().size() > 1 ? address : QUrl::fromLocalFile(QFileInfo(pathOrAddress).absoluteFilePath());
+}
+
+}  // namespace
+
+/// A question that comes up amid long work is answered with the ordinary pointer.
+class QtToolkit::PointerPause {
+ public:
+  explicit PointerPause(QtToolkit& owner) : owner_(owner) { owner_.showPointer(Pointer::Normal); }
+  ~PointerPause() { owner_.showPointer(owner_.pointer_); }
+  PointerPause(const PointerPause&) = delete;
+  PointerPause& operator=(const PointerPause&) = delete;
+
+ private:
+  QtToolkit& owner_;
+};
+
+Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
+  const PointerPause pause(*this);
+  const BoxKind kind = kindOf(buttons);
+  const OverActiveWindow<QMessageBox> box;
+  box->setIcon(kind.picture);
+  box->setWindowTitle(u"Quillane"_s);
+  // Titles and paths stand in these texts as they are, "<" and "&" too.
+  box->setTextFormat(Qt::PlainText);
+  box->setText(text);
+  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box->setStandardButtons(kind.buttons);
+  box->setDefaultButton(kind.onEnter);
+  box->setEscapeButton(kind.onEscape);
+  if (buttons == Buttons::YesNoOrBack) {
+    box->button(QMessageBox::Cancel)->hide();
+  }
+  box->button(kind.onEnter)->setFocus();
+  const int button = box->exec();
+  return answerOf(button == 0 ? kind.onEscape : button);
+}
+
+QString QtToolkit::InputBox(const QString& prompt, const QString& title, const QString& text) {
+  const PointerPause pause(*this);
+  const OverActiveWindow<QInputDialog> dialog;
+  dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : title);
+  dialog->setLabelText(prompt);
+  dialog->setTextValue(text);
+  return dialog.accepted() ? dialog->textValue() : QString();
+}
+
+QString QtToolkit::OpenFileDialog(const FileQuestion& question) {
+  const PointerPause pause(*this);
+  const FileDialog dialog;
+  dialog->setAcceptMode(QFileDialog::AcceptOpen);
+  dialog->setFileMode(QFileDialog::ExistingFile);
+  prepare(dialog, question);
+  return chosen(dialog);
+}
+
+QString QtToolkit::SaveFileDialog(const FileQuestion& question) {
+  const PointerPause pause(*this);
+  const FileDialog dialog;
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setFileMode(QFileDialog::AnyFile);
+  dialog->setDefaultSuffix(defaultSuffix(question.filter));
+  prepare(dialog, question);
+  return chosen(dialog);
+}
+
+QString QtToolkit::PickFolder(const QString& title, const QString& folder) {
+  const PointerPause pause(*this);
+  const FileDialog dialog;
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  prepare(dialog, {title, {}, {}, folder});
+  return chosen(dialog);
+}
+
+std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initial) {
+  const PointerPause pause(*this);
+  const OverActiveWindow<QColorDialog> dialog;
+  dialog->setWindowTitle(title);
+  dialog->setCurrentColor(Colours::toQt(initial, QApplication::palette()));
+  return dialog.accepted() ? std::optional(Colours::fromQt(dialog->selectedColor())) : std::nullopt;
+}
+
+void QtToolkit::ShowErrorReport(const QString& text, const QString& helpTopic) {
+  const PointerPause pause(*this);
+  fSHAREDErrorRpt::run(text, helpTopic);
+}
+
+void QtToolkit::setPointer(Pointer pointer) {
+  pointer_ = pointer;
+  showPointer(pointer);
+}
+
+void QtToolkit::showPointer(Pointer pointer) {
+  // One entry at most on the application's stack, so that a single Normal ends any number of Busy.
+  if (overriding_) {
+    QGuiApplication::restoreOverrideCursor();
+  }
+  overriding_ = pointer != Pointer::Normal;
+  if (overriding_) {
+    QGuiApplication::setOverrideCursor(pointer == Pointer::Busy ? Qt::WaitCursor : Qt::BusyCursor);
+  }
+}
+
+QString QtToolkit::clipboardText() {
+  return QGuiApplication::clipboard()->text();
+}
+
+void QtToolkit::setClipboardText(const QString& text) {
+  QGuiApplication::clipboard()->setText(text);
+}
+
+bool QtToolkit::openDocument(const QString& pathOrAddress) {
+  const QUrl address = addressOf(pathOrAddress);
+  if (pathOrAddress.isEmpty() || (address.isLocalFile() && !QFileInfo::exists(address.toLocalFile()))) {
+    return false;
+  }
+  return QDesktopServices::openUrl(address);
+}
+
+bool QtToolkit::runProgram(const QString& program, const QStringList& arguments, bool hidden) {
+  QProcess process;
+  process.setProgram(program);
+  process.setArguments(arguments);
+  if (hidden) {
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+  }
+  return process.startDetached();
+}
+
+void QtToolkit::DoEvents() {
+  QCoreApplication::processEvents();
+}
+
+std::unique_ptr<ProgressWindow> QtToolkit::makeProgressWindow() {
+  return std::make_unique<cSharedProgress>();
+}

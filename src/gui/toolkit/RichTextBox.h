@@ -1,0 +1,132 @@
+#pragma once
+
+#include "core/text/RichText.h"
+
+#include <QTextEdit>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// Shows and edits a rich text. Positions are those of RichText: offsets into Text(), in which paragraphs and
+/// lines end in CR LF; a position inside such a pair is moved in front of it. Formatting never travels through
+/// the clipboard, and the control keeps no undo of its own: Ctrl+Z and Ctrl+Y are left to its window.
+class RichTextBox : public QTextEdit {
+  Q_OBJECT
+
+ public:
+  using Colour = std::optional<quint32>;  ///< 24 bits in blue-green-red order; none: automatic.
+
+  struct ColouredRange {
+    qsizetype start;
+    qsizetype length;
+    Colour colour;
+  };
+
+  explicit RichTextBox(QWidget* parent = nullptr);
+
+  /// Loads: the caret goes to the front, and Changed is not emitted. Any number of times.
+  void setRichText(const RichText& text);
+  /// Equal to what was loaded as long as nothing was changed.
+  RichText richText() const;
+  /// Bytes that are no RTF are loaded as plain text of our code page.
+  void setTextRTF(const QByteArray& rtf);
+  /// The very bytes that were loaded as long as nothing was changed.
+  QByteArray TextRTF() const;
+  const QString& Text() const;
+
+  /// Where the selection begins, or the caret stands.
+  qsizetype SelStart() const;
+  /// Moves the caret; nothing is selected then.
+  void setSelStart(qsizetype position);
+  qsizetype SelLength() const;
+  void setSelLength(qsizetype length);
+  void select(qsizetype start, qsizetype length);
+  QString SelText() const;
+  /// Takes the place of the selection, in the format of its first character; the caret goes behind it.
+  void setSelText(const QString& text);
+  QByteArray SelRTF() const;
+  RichText SelRichText() const;
+
+  // Formats of the selection's first character, or of text typed at the caret. Setting one formats the
+  // selection, or what is typed next.
+  Colour SelColor() const;
+  /// Numbers with the top bit set name system colours and are automatic. Changed is not emitted: colours of
+  /// single words are marks, no part of the text.
+  void setSelColor(Colour colour);
+  QString SelFontName() const;
+  void setSelFontName(const QString& name);
+  /// Points; the control's own size where the text states none.
+  double SelFontSize() const;
+  void setSelFontSize(double points);
+  bool SelBold() const;
+  void setSelBold(bool on);
+  bool SelItalic() const;
+  void setSelItalic(bool on);
+  bool SelUnderline() const;
+  void setSelUnderline(bool on);
+
+  // Formats of the paragraphs that the selection touches; lengths are twips.
+  /// Distance of the first line from the margin. Setting it moves the other lines along.
+  int SelIndent() const;
+  void setSelIndent(int twips);
+  /// Distance of the other lines from the first.
+  int SelHangingIndent() const;
+  void setSelHangingIndent(int twips);
+  ParagraphFormat::Alignment SelAlignment() const;
+  void setSelAlignment(ParagraphFormat::Alignment alignment);
+
+  /// The format of the character behind a position.
+  CharFormat formatAt(qsizetype position) const;
+  /// Colours many ranges at once, in any order, far faster than one by one. Caret, selection and scroll
+  /// position stay; Changed is not emitted.
+  void colourRanges(const std::vector<ColouredRange>& ranges);
+  /// Extends the selection forward or backward, within its paragraph, over characters that are among those
+  /// given or, negated, are not.
+  void Span(const QString& characters, bool forward, bool negate);
+
+  quint32 BackColor() const;
+  /// A number with the top bit set is the palette's own colour.
+  void setBackColor(quint32 colour);
+  bool Locked() const { return isReadOnly(); }
+  /// A locked text can be read, selected and copied with mouse and keys.
+  void setLocked(bool locked);
+
+ Q_SIGNALS:
+  /// The text or its formatting was changed, by the user or by a setSel... function other than setSelColor.
+  void Changed();
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  QMimeData* createMimeDataFromSelection() const override;
+  bool canInsertFromMimeData(const QMimeData* source) const override;
+  void insertFromMimeData(const QMimeData* source) override;
+
+ private:
+  /// The plain text, and where in the document its line ends stand.
+  struct Plain {
+    QString text;
+    std::vector<int> lineEnds;
+  };
+
+  void load(const RichText& text);
+  void watch();
+  void quietly(const std::function<void()>& work);
+  void changed();
+  const Plain& plain() const;
+  int toDocument(qsizetype position) const;
+  qsizetype fromDocument(int position) const;
+  QTextCursor cursorOver(qsizetype start, qsizetype length) const;
+  QTextCharFormat selectedFormat() const;
+  void mergeSelected(const QTextCharFormat& change);
+  ParagraphFormat selectedParagraph() const;
+  void changeParagraphs(const std::function<void(ParagraphFormat&)>& change);
+
+  // What was loaded, until the document changes.
+  mutable std::optional<RichText> loaded_;
+  std::optional<QByteArray> loadedRtf_;
+  mutable std::optional<Plain> plain_;
+  std::optional<quint32> backColour_;
+  int quiet_ = 0;
+};

@@ -1,0 +1,77 @@
+#include "gui/toolkit/WindowSettings.h"
+
+#include "gui/toolkit/Twips.h"
+
+#include <QHeaderView>
+#include <QScreen>
+#include <QTreeView>
+#include <QWidget>
+
+SettingsWindow::State WindowSettings::state() const {
+  if (window_.isMinimized()) {
+    return State::Minimised;
+  }
+  return window_.isMaximized() || window_.isFullScreen() ? State::Maximised : State::Normal;
+}
+
+double WindowSettings::width() const {
+  return Twips::fromPixels(window_.width());
+}
+
+double WindowSettings::height() const {
+  return Twips::fromPixels(window_.height());
+}
+
+double WindowSettings::screenWidth() const {
+  return Twips::fromPixels(window_.screen()->geometry().width());
+}
+
+double WindowSettings::screenHeight() const {
+  return Twips::fromPixels(window_.screen()->geometry().height());
+}
+
+void WindowSettings::setWidth(double twips) {
+  const int room = window_.screen()->availableGeometry().width();
+  window_.resize(qBound(1, Twips::toPixels(twips), room), window_.height());
+}
+
+void WindowSettings::setHeight(double twips) {
+  const int room = window_.screen()->availableGeometry().height();
+  window_.resize(window_.width(), qBound(1, Twips::toPixels(twips), room));
+}
+
+void WindowSettings::maximise() {
+  window_.setWindowState(window_.windowState() | Qt::WindowMaximized);
+}
+
+ColumnSettings::ColumnSettings(QTreeView& list) : header_(*list.header()) {}
+
+int ColumnSettings::count() const {
+  return header_.count();
+}
+
+double ColumnSettings::width(int column) const {
+  return Twips::fromPixels(header_.sectionSize(column - 1));
+}
+
+void ColumnSettings::setWidth(int column, double twips) {
+  header_.resizeSection(column - 1, qBound(header_.minimumSectionSize(), Twips::toPixels(twips), 4096));
+}
+
+void storeWindow(const QString& name, QWidget& window) {
+  Settings().StoreWindowSettings(name, WindowSettings(window));
+}
+
+void restoreWindow(const QString& name, QWidget& window) {
+  WindowSettings form(window);
+  Settings().ReadWindowSettings(name, form);
+}
+
+void storeColumns(const QString& name, QTreeView& list) {
+  Settings().StoreColumnSettings(name, ColumnSettings(list));
+}
+
+void restoreColumns(const QString& name, QTreeView& list) {
+  ColumnSettings columns(list);
+  Settings().ReadColumnSettings(name, columns);
+}

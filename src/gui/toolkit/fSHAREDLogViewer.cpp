@@ -1,0 +1,57 @@
+#include "gui/toolkit/fSHAREDLogViewer.h"
+
+#include "core/infra/CodePage.h"
+#include "core/infra/Paths.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLogging.h"
+
+#include <QFontDatabase>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kWidthInLetters = 110;
+constexpr int kHeightInLines = 32;
+
+}  // namespace
+
+fSHAREDLogViewer::fSHAREDLogViewer(QWidget* parent) : QDialog(parent) {
+  setObjectName(u"fSHAREDLogViewer"_s);
+  setWindowFlag(Qt::WindowMinMaxButtonsHint);
+  txtLog_ = new QPlainTextEdit(this);
+  txtLog_->setObjectName(u"txtLog"_s);
+  txtLog_->setAccessibleName(u"Log file"_s);
+  txtLog_->setReadOnly(true);
+  txtLog_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  txtLog_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  txtLog_->setTabChangesFocus(true);
+  txtLog_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  txtLog_->setFrameShape(QFrame::NoFrame);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(txtLog_);
+  const QFontMetrics metrics = txtLog_->fontMetrics();
+  resize(metrics.averageCharWidth() * kWidthInLetters, metrics.lineSpacing() * kHeightInLines);
+  load();
+}
+
+fSHAREDLogViewer* fSHAREDLogViewer::open(QWidget* parent) {
+  auto* viewer = new fSHAREDLogViewer(parent);
+  viewer->setAttribute(Qt::WA_DeleteOnClose);
+  viewer->show();
+  return viewer;
+}
+
+/// What is still queued is written first, so that the newest events are seen; they stand at the end.
+void fSHAREDLogViewer::load() {
+  Logging().WriteActionsToLog();
+  const QString path = Paths::programFolder() + u"log.txt"_s;
+  QByteArray log;
+  Files().LoadTextFile(path, log);
+  setWindowTitle(path);
+  txtLog_->setPlainText(CodePage::fromMarkedBytes(log));
+  txtLog_->moveCursor(QTextCursor::End);
+}

@@ -1,9 +1,0 @@
-#include "shell/GuardedApplication.h"
-
-#include "infra/Guard.h"
-
-bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
-  bool result = false;
-  Guard("notify", "GuardedApplication")([&] { result = QApplication::notify(receiver, event); });
-  return result;
-}

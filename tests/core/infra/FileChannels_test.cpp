@@ -1,0 +1,106 @@
+#include "core/infra/FileChannels.h"
+
+#include "core/infra/cSharedFileSubs.h"
+#include "support/ErrorOf.h"
+#include "support/FailingDisk.h"
+#include "support/TestHome.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using Mode = FileChannels::Mode;
+
+TEST(FileChannels, TheLowestFreeNumberIsGiven) {
+  const ScratchFolder folder;
+  FileChannels channels;
+  EXPECT_EQ(channels.Open(folder.path(u"a"_s), Mode::Output), 1);
+  EXPECT_EQ(channels.Open(folder.path(u"b"_s), Mode::Output), 2);
+  EXPECT_EQ(channels.Open(folder.path(u"c"_s), Mode::Output), 3);
+  channels.Close(2);
+  EXPECT_EQ(channels.Open(folder.path(u"d"_s), Mode::Output), 2);
+}
+
+TEST(FileChannels, LinesAreWrittenAppendedAndReadBack) {
+  const ScratchFolder folder;
+  const QString path = folder.path(u"file"_s);
+  FileChannels channels;
+  int number = channels.Open(path, Mode::Output);
+  channels.PrintLine(number, "one");
+  channels.PrintLine(number, u"zw\u00F6lf \u0416"_s);
+  const QByteArray large(200000, 'x');
+  channels.Print(number, large);
+  channels.Close(number);
+  number = channels.Open(path, Mode::Append);
+  channels.PrintLine(number);
+  channels.Print(number, "a\rb\nc");
+  channels.Close(number);
+
+  number = channels.Open(path, Mode::Input);
+  for (const QByteArray& line :
+       {QByteArray("one"), QByteArray("zw\xF6lf ?"), large, QByteArray("a"), QByteArray("b")}) {
+    ASSERT_FALSE(channels.EndOfFile(number));
+    EXPECT_EQ(channels.LineInput(number), line);
+  }
+  EXPECT_EQ(channels.ReadAll(number), "c");
+  EXPECT_TRUE(channels.EndOfFile(number));
+  EXPECT_EQ(errorOf([&] { channels.LineInput(number); }), RuntimeError::InputPastEnd);
+  channels.Close(number);
+}
+
+TEST(FileChannels, ALineEndAcrossTheReadBufferIsOneEnd) {
+  const ScratchFolder folder;
+  const QString path = folder.path(u"file"_s);
+  Files().WriteTextFile(path, QByteArray(65535, 'x') + "\r\nlast");
+  FileChannels channels;
+  const int number = channels.Open(path, Mode::Input);
+  EXPECT_EQ(channels.LineInput(number).size(), 65535);
+  EXPECT_EQ(channels.LineInput(number), "last");
+}
+
+TEST(FileChannels, MistakesHaveTheirNumbers) {
+  const ScratchFolder folder;
+  const QString path = folder.path(u"file"_s);
+  FileChannels channels;
+  EXPECT_EQ(errorOf([&] { channels.Print(1, "x"); }), RuntimeError::BadFileName);
+  EXPECT_EQ(errorOf([&] { channels.Close(-1); }), RuntimeError::BadFileName);
+  EXPECT_EQ(errorOf([&] { channels.Open({}, Mode::Output); }), RuntimeError::BadFileName);
+  EXPECT_EQ(errorOf([&] { channels.Open(path, Mode::Input); }), RuntimeError::FileNotFound);
+  EXPECT_EQ(errorOf([&] { channels.Open(folder.path(u"no/x"_s), Mode::Output); }), RuntimeError::PathNotFound);
+  EXPECT_EQ(errorOf([&] { channels.Open(folder.path(), Mode::Append); }), RuntimeError::PathAccess);
+  const int number = channels.Open(path, Mode::Output);
+  EXPECT_EQ(errorOf([&] { channels.Open(folder.path(u"./file"_s), Mode::Append); }), RuntimeError::FileAlreadyOpen);
+  EXPECT_EQ(errorOf([&] { channels.ReadAll(number); }), RuntimeError::BadFileMode);
+  EXPECT_EQ(channels.Open(path, Mode::Input), number + 1) << "reading beside a writer is allowed";
+}
+
+TEST(FileChannels, AFullDiskIsToldAtTheLatestOnClosing) {
+  if (!FailingDisk::available()) {
+    GTEST_SKIP();
+  }
+  const ScratchFolder folder;
+  FileChannels channels;
+  const int number = channels.Open(folder.path(u"file"_s), Mode::Output);
+  const FailingDisk full;
+  channels.Print(number, "buffered");
+  EXPECT_EQ(errorOf([&] { channels.Close(number); }), RuntimeError::DiskFull);
+  EXPECT_EQ(errorOf([&] { channels.Close(number); }), RuntimeError::BadFileName) << "the number is free";
+}
+
+// A hole in a file must not be papered over by what is printed behind it.
+TEST(FileChannels, AChannelThatFailedOnceStaysFailed) {
+  if (!FailingDisk::available()) {
+    GTEST_SKIP();
+  }
+  const ScratchFolder folder;
+  FileChannels channels;
+  const int number = channels.Open(folder.path(u"file"_s), Mode::Output);
+  const QByteArray first(60000, 'A');
+  const QByteArray second(10000, 'B');
+  channels.Print(number, first);
+  {
+    const FailingDisk full(30000);
+    EXPECT_EQ(errorOf([&] { channels.Print(number, second); }), RuntimeError::DiskFull);
+  }
+  EXPECT_EQ(errorOf([&] { channels.Print(number, second); }), RuntimeError::DiskFull);
+  EXPECT_EQ(errorOf([&] { channels.Close(number); }), RuntimeError::DiskFull);
+}

@@ -1,0 +1,104 @@
+#include "core/infra/Numbers.h"
+
+#include "core/infra/Clock.h"
+#include "support/ErrorOf.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+TEST(Numbers, ValTakesTheLongestLeadingNumber) {
+  const std::pair<const char*, double> cases[] = {
+      {"", 0},
+      {"12", 12},
+      {"  12abc", 12},
+      {"\t-3.5x", -3.5},
+      {"+7", 7},
+      {".5", 0.5},
+      {"5.", 5},
+      {"1 2", 1},
+      {"abc", 0},
+      {"-", 0},
+      {".", 0},
+      {"1e3", 1000},
+      {"1e", 1},
+      {"1e+", 1},
+      {"&HFF", 255},
+      {"&hfg", 15},
+      {"&O17", 15},
+      {"&x", 0},
+      {"&H", 0},
+      {"12,5", 12},
+      {"--1", 0},
+      {"1e999", HUGE_VAL},
+      {"1e-999", 0},
+      {"-1e999", -HUGE_VAL},
+      {"\r\n 4", 4},
+      {"1-2", 1},
+      {"01e999", HUGE_VAL},
+      {"-.05e+999", -HUGE_VAL},
+      {"0.001e-999", 0},
+      {"100e-999", 0},
+      {"0001e99999999999999999", HUGE_VAL},
+  };
+  for (const auto& [text, expected] : cases) {
+    EXPECT_EQ(Numbers::Val(QByteArrayView(text)), expected) << '"' << text << '"';
+  }
+}
+
+TEST(Numbers, ValIsCutToWholeLowBits) {
+  const std::pair<const char*, qint32> whole[] = {{"3.9", 3},
+                                                  {"-3.9", -3},
+                                                  {"2147483647", 2147483647},
+                                                  {"2147483648", -2147483648},
+                                                  {"4294967297", 1},
+                                                  {"1e300", 0},
+                                                  {"-1", -1},
+                                                  {"1e999", 0}};
+  for (const auto& [text, expected] : whole) {
+    EXPECT_EQ(Numbers::ValTo32(text), expected) << text;
+  }
+  EXPECT_EQ(Numbers::ValTo16("65537"), 1);
+  EXPECT_EQ(Numbers::ValTo16("32768"), -32768);
+}
+
+TEST(Numbers, StrictReadingRoundsAndRefuses) {
+  const std::pair<const char*, qint32> taken[] = {
+      {" 5 ", 5}, {"-1", -1}, {"2.5", 2}, {"3.5", 4}, {"1e2", 100}, {"+8", 8}, {"2147483647.4", 2147483647}};
+  for (const auto& [text, expected] : taken) {
+    EXPECT_EQ(Numbers::Strict32(text), expected) << text;
+  }
+  const std::pair<const char*, int> refused[] = {{"", 13},     {"  ", 13},        {"5x", 13},    {"1 2", 13}, {"-", 13},
+                                                 {"&H10", 13}, {"2147483648", 6}, {"-1e999", 6}, {"1,5", 13}};
+  for (const auto& [text, number] : refused) {
+    EXPECT_EQ(errorOf([&, bytes = text] { Numbers::Strict32(bytes); }), number) << '"' << text << '"';
+  }
+}
+
+TEST(Numbers, DatesAreReadStrictlyAndWrittenBack) {
+  EXPECT_EQ(Numbers::DayNumber("1899-12-30"), 0);
+  EXPECT_EQ(Numbers::DayNumber("1900-01-01"), 2);
+  EXPECT_EQ(Numbers::DayNumber(" 2024/2/29 10:00"), Numbers::DayNumber("2024.02.29"));
+  for (const char* bad :
+       {"", "2023-02-29", "2024-13-01", "20240101", "2024-01", "2024-01-01x", "31-12-2001", "a-b-c", "2024--1-1"}) {
+    EXPECT_EQ(errorOf([&] { Numbers::DayNumber(bad); }), 13) << bad;
+  }
+  for (const qint32 day : {-657434, -1, 0, 1, 36526, 45351, 2958465}) {
+    EXPECT_EQ(Numbers::DayNumber(Numbers::IsoDate(day)), day);
+  }
+  EXPECT_EQ(Numbers::IsoDate(std::numeric_limits<qint32>::max()), "9999-12-31");
+  EXPECT_EQ(Numbers::IsoDate(std::numeric_limits<qint32>::min()), "0100-01-01");
+}
+
+TEST(Numbers, StoredValuesStandForNumbers) {
+  const std::pair<QVariant, std::optional<double>> cases[] = {
+      {u" 5 "_s, 5}, {u"-1 "_s, -1},   {true, -1},  {false, 0},    {7, 7},           {2.5, 2.5},
+      {u"x"_s, {}},  {QVariant(), {}}, {u""_s, {}}, {u"5x"_s, {}}, {u"1e3"_s, 1000}, {u"\u0665"_s, {}}};
+  for (const auto& [value, expected] : cases) {
+    EXPECT_EQ(Numbers::ToNumber(value), expected) << value.toString();
+  }
+  EXPECT_EQ(Numbers::ToInt(u"9e99"_s), std::numeric_limits<qint32>::max());
+  EXPECT_EQ(Numbers::ToInt(u" 2.5 "_s), 2);
+}

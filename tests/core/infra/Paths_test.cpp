@@ -1,0 +1,37 @@
+#include "core/infra/Paths.h"
+
+#include "core/infra/cSharedFileSubs.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(Paths, BothSlashesBecomeThePlatformsOwn) {
+  EXPECT_EQ(Paths::native(u"C:\\a/b"_s), u"C:1a1b"_s.replace(u'1', Paths::separator()));
+  EXPECT_TRUE(Paths::isSeparator(u'/') && Paths::isSeparator(u'\\'));
+  EXPECT_FALSE(Paths::isSeparator(u':'));
+}
+
+TEST(Paths, FoldersEndInASeparator) {
+  for (const QString& folder :
+       {Paths::programFolder(), Paths::executableFolder(), Paths::documentsFolder(), Paths::temporaryFolder()}) {
+    EXPECT_TRUE(folder.endsWith(Paths::separator())) << folder;
+  }
+}
+
+TEST(Paths, InstalledFilesAreFoundBesideTheDataFirst) {
+  const ScratchFolder folder;
+  const QString former = Paths::programFolder();
+  const QString program = QDir::toNativeSeparators(folder.path(u"bin"_s)) + Paths::separator();
+  QDir(folder.path()).mkpath(u"bin"_s);
+  QDir(folder.path()).mkpath(u"share/quillane4/Dict"_s);
+  Paths::overrideFolders(program);
+  EXPECT_EQ(QDir::cleanPath(Paths::installed(u"Dict"_s)), folder.path(u"share/quillane4/Dict"_s));
+  QDir(folder.path()).mkpath(u"bin/Dict"_s);
+  EXPECT_EQ(Paths::installed(u"Dict"_s), program + u"Dict"_s);
+  EXPECT_EQ(Paths::installed(u"missing"_s), program + u"missing"_s);
+  Paths::overrideFolders(former);
+}

@@ -1,0 +1,139 @@
+#include "core/infra/clsHashTable.h"
+
+#include "core/infra/RuntimeError.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool throwsOutOfBounds(const std::function<void()>& statement) {
+  try {
+    statement();
+  } catch (const RuntimeError& error) {
+    return error.number() == RuntimeError::OutOfBounds;
+  }
+  return false;
+}
+
+}  // namespace
+
+TEST(clsHashTable, EachAreaSeesAChangeOnce) {
+  clsHashTable table;
+  table.MarkUpdated(7);
+  for (int area = 1; area <= HashRecord::kAreas; ++area) {
+    EXPECT_TRUE(table.HasChanged(7, area));
+    table.ResetChanged(7, area);
+    EXPECT_FALSE(table.HasChanged(7, area));
+    EXPECT_EQ(table.HasChanged(7, area + 1 > 5 ? 5 : area + 1), area < 5);
+  }
+  table.MarkUpdated(7);
+  table.MarkUpdated(8);
+  table.ResetChangedByArea(2);
+  EXPECT_FALSE(table.HasChanged(7, 2));
+  EXPECT_FALSE(table.HasChanged(8, 2));
+  EXPECT_TRUE(table.HasChanged(8, 1));
+  table.ResetAllChanged(8);
+  EXPECT_FALSE(table.HasChanged(8, 1));
+}
+
+TEST(clsHashTable, AnAreaOutsideOneToFiveIsAnErrorWithOrWithoutARecord) {
+  clsHashTable table;
+  table.MarkUpdated(1);
+  for (const qint32 id : {1, 2}) {
+    for (const int area : {0, 6, -1}) {
+      EXPECT_TRUE(throwsOutOfBounds([&] { (void)table.HasChanged(id, area); }));
+      EXPECT_TRUE(throwsOutOfBounds([&] { table.ResetChanged(id, area); }));
+    }
+  }
+  EXPECT_TRUE(throwsOutOfBounds([&] { table.ResetChangedByArea(6); }));
+}
+
+TEST(clsHashTable, AskingCreatesNoRecord) {
+  clsHashTable table;
+  EXPECT_FALSE(table.IsLocked(5));
+  EXPECT_FALSE(table.HasChanged(5, 1));
+  table.UnLockRec(5);
+  table.ResetChanged(5, 1);
+  table.ResetCount(5);
+  EXPECT_EQ(table.HighWater(), 0);
+}
+
+TEST(clsHashTable, KnowsWhetherAnyRecordIsLocked) {
+  clsHashTable table;
+  EXPECT_FALSE(table.AnyLocked());
+  table.LockRec(3);
+  table.LockRec(3);
+  table.LockRec(4);
+  table.UnLockRec(3);
+  EXPECT_TRUE(table.AnyLocked());
+  table.ResetCount(4);
+  EXPECT_FALSE(table.AnyLocked());
+}
+
+TEST(clsHashTable, OnlyInsertRecordBringsADeletedRecordBack) {
+  clsHashTable table;
+  qint32 index = 0;
+  table.MarkDeleted(9);
+  table.MarkUpdated(9);
+  table.LockRec(9);
+  table.InsertRecord(9, index);
+  EXPECT_FALSE(table.Record(index).Deleted);
+  EXPECT_TRUE(table.Record(index).Changed[0]);
+  table.MarkDeleted(9);
+  table.AddToCount(9);
+  EXPECT_TRUE(table.Record(index).Deleted);
+}
+
+TEST(clsHashTable, WordsAreCountedByTheirExactText) {
+  clsHashTable table;
+  for (const QString& word : {u"Mary"_s, u"mary"_s, u"Mary"_s, u"Zoë"_s, u"Пётр"_s, u"Маша"_s}) {
+    table.AddToValue(word);
+  }
+  std::map<QString, qint32> counts;
+  for (qint32 i = 1; i <= table.HighWater(); ++i) {
+    counts[table.Record(i).Text] = table.Record(i).Value;
+  }
+  const std::map<QString, qint32> expected{
+      {u"Mary"_s, 2}, {u"mary"_s, 1}, {u"Zoë"_s, 1}, {u"Пётр"_s, 1}, {u"Маша"_s, 1}};
+  EXPECT_EQ(counts, expected);
+}
+
+// Growth of records and buckets, removal and reuse of nodes: the table agrees with maps at every step, for small IDs,
+// large and negative ones, and texts side by side.
+TEST(clsHashTable, AgreesWithAMapThroughGrowthAndRemoval) {
+  clsHashTable table;
+  std::map<qint32, qint32> expected;
+  std::map<QString, qint32> expectedTexts;
+  std::mt19937 random(1);
+  const qint32 spread[] = {1, 300'017, -7};
+  for (int step = 0; step < 60000; ++step) {
+    const qint32 id = (static_cast<qint32>(random() % 6000) + 1) * spread[step % 3];
+    if (random() % 4 == 0) {
+      table.ResetCount(id);
+      expected.erase(id);
+    } else {
+      table.AddAmtToCount(id, id);
+      expected[id] = static_cast<qint32>(static_cast<quint32>(expected[id]) + static_cast<quint32>(id));
+    }
+    const QString text = u"Ж"_s + QString::number(random() % 40000);
+    table.AddToValue(text);
+    ++expectedTexts[text];
+  }
+  std::map<qint32, qint32> found;
+  std::map<QString, qint32> foundTexts;
+  for (qint32 i = 1; i <= table.HighWater(); ++i) {
+    const HashRecord record = table.Record(i);
+    if (record.ID != 0) {
+      found[record.ID] = record.Count;
+    } else if (record.Value != 0) {
+      foundTexts[record.Text] = record.Value;
+    }
+  }
+  EXPECT_EQ(found, expected);
+  EXPECT_EQ(foundTexts, expectedTexts);
+  EXPECT_LE(table.HighWater(), 18000 + 40000);
+}

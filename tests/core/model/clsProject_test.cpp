@@ -1,0 +1,208 @@
+// The project as a whole: IDs, removal and what it leaves, order of chapters and scenes, sums.
+
+#include "core/model/clsProject.h"
+
+#include "core/infra/RuntimeError.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/EntityDialogs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsScene.h"
+#include "support/SampleProject.h"
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Project : public ::testing::Test {
+ protected:
+  void SetUp() override { makeSmallProject(); }
+  void TearDown() override { entityDialogs() = {}; }
+
+  static QList<qint32> scenesOf(qint32 chapter) {
+    const IDList& ids = g_Project->ChapterByID(chapter)->SceneIDs();
+    return {ids.begin(), ids.end()};
+  }
+};
+
+}  // namespace
+
+TEST_F(Project, ALookUpNeverFailsAndAddsNothing) {
+  EXPECT_EQ(g_Project->SceneByID(99)->Title, QString());
+  EXPECT_EQ(g_Project->SceneByID(99)->ID(), 6) << "a blank object takes the next ID";
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  EXPECT_EQ(g_Project->ChapterByIndex(4), nullptr);
+  EXPECT_EQ(g_Project->ChapterByIndex(0), nullptr);
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"(9) in ChapterByIndex of module clsChapters"_s));
+  EXPECT_EQ(g_Project->CharByID(0)->Title(), u"N/A"_s);
+  EXPECT_EQ(g_Project->Chapters.ChapterIndex(99), -1);
+  EXPECT_EQ(g_Project->ChapterByID(1)->SceneIndex(99), 0);
+}
+
+TEST_F(Project, TheHighestIDIsGivenAgainAfterItsRemoval) {
+  g_Project->RemoveCharByID(3);
+  const auto next = std::make_shared<clsCharacter>();
+  g_Project->AddChar(next);
+  EXPECT_EQ(next->ID(), 3);
+  const auto twin = std::make_shared<clsCharacter>();
+  twin->setID(3);
+  g_Project->AddChar(twin);
+  EXPECT_EQ(g_Project->CharCount(), 3);
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"(457) in AddChar of module clsCharacters"_s));
+}
+
+TEST_F(Project, RemovalIsForgottenByWhatRefersToIt) {
+  g_Project->EndBeginningChID = 1;
+  g_Project->RemoveCharByID(2);
+  g_Project->RemoveLocationByID(1);
+  g_Project->RemoveItemByID(1);
+  const auto first = g_Project->SceneByIndex(1);
+  EXPECT_EQ(first->CharCount() + first->LocationCount() + first->ItemCount(), 1);
+  EXPECT_EQ(first->ViewPointID(), 1);
+  g_Project->RemoveSceneByID(1);
+  EXPECT_EQ(scenesOf(1), QList<qint32>{2});
+  EXPECT_TRUE(g_SceneChanges.HasChanged(1, 1));
+  g_Project->RemoveChapterByID(1);
+  EXPECT_EQ(g_Project->SceneCount(), 4) << "a removed chapter's scenes stay";
+  EXPECT_EQ(g_Project->EndBeginningChID, 1);
+}
+
+TEST_F(Project, ScenesAreInsertedAtOddPositionsWithoutLoss) {
+  const auto chapter = g_Project->ChapterByID(3);
+  const auto add = [&](qint32 position) {
+    const auto scene = std::make_shared<clsScene>();
+    chapter->InsertScene(scene, position);
+    EXPECT_EQ(scene->BelongsToChID, 3);
+    EXPECT_TRUE(scene->InScenes);
+  };
+  add(1);
+  add(0);
+  add(50);
+  add(2);
+  EXPECT_EQ(scenesOf(3), (QList<qint32>{6, 9, 5, 7, 8}));
+  chapter->Addscene(g_Project->SceneByID(5));
+  EXPECT_EQ(chapter->SceneCount(), 5) << "a scene stands in a chapter once";
+  g_Project->SceneByID(5)->BelongsToChID = 1;
+  chapter->UpdateBelongsToChapter();
+  EXPECT_EQ(g_Project->SceneByID(5)->BelongsToChID, 3);
+}
+
+TEST_F(Project, ChaptersKeepBookOrder) {
+  const auto chapter = std::make_shared<clsChapter>();
+  g_Project->InsertChapter(chapter, 2);
+  EXPECT_EQ(g_Project->Chapters.ChapterIndex(4), 2);
+  EXPECT_EQ(g_Project->Chapters.ChapterID(3), 2);
+  const auto last = std::make_shared<clsChapter>();
+  g_Project->InsertChapter(last, 70);
+  EXPECT_EQ(g_Project->Chapters.ChapterIndex(5), 5);
+}
+
+TEST_F(Project, SumsLeaveUnusedOutAndLettersDoNot) {
+  EXPECT_EQ(g_Project->ChapterByID(2)->Wordcount(false), 4);
+  EXPECT_EQ(g_Project->ChapterByID(2)->Wordcount(true), 5);
+  EXPECT_EQ(g_Project->ChapterByID(3)->Wordcount(false), 0);
+  EXPECT_EQ(g_Project->ChapterByID(3)->Wordcount(true), 2);
+  EXPECT_EQ(g_Project->ChapterByID(3)->Lettercount(), 13);
+  EXPECT_EQ(g_Project->Wordcount(false), 9);
+  EXPECT_EQ(g_Project->VPUsedCount(2), 1);
+  EXPECT_EQ(g_Project->VPUsedCount(1), 0) << "second place is no viewpoint";
+  EXPECT_TRUE(g_Project->IsViewpointSomewhere(2));
+  EXPECT_FALSE(g_Project->IsViewpointSomewhere(3));
+}
+
+TEST_F(Project, DaysLeftCountBothEnds) {
+  struct Case {
+    qint32 start;
+    qint32 deadline;
+    double today;
+    qint32 left;
+  };
+  const Case cases[] = {{0, 100, 100, 1}, {0, 100, 100.9, 1}, {90, 100, 80, 11}, {90, 100, 95.5, 6}, {0, 100, 102, -1}};
+  for (const Case& c : cases) {
+    g_Project->setDeadlineStartDate(3, c.start);
+    g_Project->setDeadlineDate(3, c.deadline);
+    EXPECT_EQ(g_Project->DaysLeft(3, c.today), c.left);
+  }
+  EXPECT_THROW((void)g_Project->DaysLeft(6, 0), RuntimeError);
+  EXPECT_THROW((void)g_Project->FieldTitle(0), RuntimeError);
+  EXPECT_THROW(g_Project->setLastFileIndex(8, 1), RuntimeError);
+}
+
+TEST_F(Project, ANewEntityIsAddedAndSavedOnlyWhenItsDialogWasAccepted) {
+  ScriptedToolkit screen;
+  const ScratchFolder scratch;
+  g_Project->FileWithPath = scratch.path(u"Small.qn4"_s);
+  EXPECT_FALSE(g_Project->EnterNewChapter()) << "no dialog, no chapter";
+  bool accept = false;
+  entityDialogs().chapter = [&](const ChapterDetails& details, bool adding) -> std::optional<ChapterDetails> {
+    EXPECT_TRUE(adding);
+    EXPECT_EQ(details.Title, QString());
+    return accept ? std::optional(ChapterDetails{0, u"The end"_s, u"All is told."_s, 0}) : std::nullopt;
+  };
+  entityDialogs().location = [&](clsLocation& location) {
+    EXPECT_TRUE(g_LocationChanges.IsLocked(location.ID()));
+    location.Title = u"Sea"_s;
+    return accept;
+  };
+  EXPECT_FALSE(g_Project->EnterNewChapter() || g_Project->EnterNewLocation());
+  EXPECT_EQ(filesBelow(scratch.path()).size(), 0);
+  accept = true;
+  EXPECT_TRUE(g_Project->EnterNewChapter());
+  EXPECT_TRUE(g_Project->EnterNewLocation());
+  EXPECT_FALSE(g_LocationChanges.AnyLocked());
+  EXPECT_TRUE(g_LocationChanges.HasChanged(3, 1));
+  const QByteArray saved = fileBytes(g_Project->FileWithPath);
+  EXPECT_TRUE(saved.contains("The%20end") && saved.contains("<Title>Sea</Title>"));
+}
+
+TEST_F(Project, ADialogThatIsOpenComesForwardAndIsNotOpenedTwice) {
+  QStringList calls;
+  entityDialogs().bringForward = [&](EntityKind kind, qint32 id) {
+    calls += QString::number(static_cast<int>(kind)) + u':' + QString::number(id);
+  };
+  const auto person = g_Project->CharByID(2);
+  entityDialogs().character = [&](clsCharacter& same, qint32 arg) {
+    calls += u"edit %1"_s.arg(arg);
+    EXPECT_FALSE(same.Edit(1));
+    EXPECT_TRUE(g_CharChanges.IsLocked(2));
+    return true;
+  };
+  const auto chapter = g_Project->ChapterByID(1);
+  entityDialogs().chapter = [&](const ChapterDetails& details, bool) -> std::optional<ChapterDetails> {
+    calls += u"%1 words"_s.arg(details.Wordcount);
+    chapter->Edit();
+    return ChapterDetails{1, u"New name"_s, {}, 0};
+  };
+  EXPECT_TRUE(person->Edit(4));
+  chapter->Edit();
+  EXPECT_EQ(calls, (QStringList{u"edit 4"_s, u"1:2"_s, u"5 words"_s, u"0:1"_s}));
+  EXPECT_EQ(chapter->Title, u"New name"_s);
+  EXPECT_FALSE(person->EditOpen || chapter->EditOpen || g_CharChanges.AnyLocked());
+}
+
+TEST_F(Project, ADialogThatFailsCountsAsCancelledAndReleasesItsRecord) {
+  entityDialogs().character = [](clsCharacter&, qint32) -> bool { throw RuntimeError(RuntimeError::OutOfMemory); };
+  entityDialogs().chapter = [](const ChapterDetails&, bool) -> std::optional<ChapterDetails> {
+    throw RuntimeError(RuntimeError::OutOfMemory);
+  };
+  const auto person = g_Project->CharByID(2);
+  const auto chapter = g_Project->ChapterByID(1);
+  EXPECT_FALSE(person->Edit(0));
+  chapter->Edit();
+  EXPECT_FALSE(g_Project->EnterNewChapter());
+  EXPECT_FALSE(person->EditOpen || chapter->EditOpen || g_CharChanges.AnyLocked());
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"(7) in Add of module clsChapter"_s));
+}
+
+TEST_F(Project, ANeverSavedProjectHasNoFolder) {
+  g_Project->FileWithPath.clear();
+  EXPECT_TRUE(g_Project->Path() == u"./"_s || g_Project->Path() == u".\\"_s);
+  g_Project->FileWithPath = u"C:\\books\\one\\a.qn4"_s;
+  EXPECT_TRUE(g_Project->Path().endsWith(u"books/one/"_s) || g_Project->Path().endsWith(u"books\\one\\"_s));
+}

@@ -1,0 +1,323 @@
+// A scene: its text and counts, its viewpoint, and its life with an editor window.
+
+#include "core/model/clsScene.h"
+
+#include "core/infra/RuntimeError.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/SceneEditor.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsProject.h"
+#include "support/SampleProject.h"
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QScopeGuard>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An editor without a window; what happens to it is noted in `calls`.
+class RecordingEditor : public SceneEditor {
+ public:
+  explicit RecordingEditor(QStringList& calls) : calls_(calls) {}
+  void EditScene(qint32 id) override {
+    calls_ += u"EditScene %1"_s.arg(id);
+    if (whenFilled) {
+      whenFilled();
+    }
+  }
+  void Show() override {
+    if (whenShown) {
+      whenShown();
+    }
+    note(u"Show"_s, true);
+  }
+  void Activate() override { calls_ += u"Activate"_s; }
+  void ShowModal() override {
+    calls_ += u"ShowModal"_s;
+    if (whileModal) {
+      whileModal();
+    }
+  }
+  bool IsVisible() const override { return visible_; }
+  void HideWindow() override { note(u"Hide"_s, false); }
+  void Unload() override {
+    calls_ += u"Unload"_s;
+    delete this;
+  }
+  bool SavedChanges() const override { return saved; }
+  void setCurrentSearchString(const QString& text) override { calls_ += u"Search "_s + text; }
+  void MarkCharacters() override { calls_ += u"Mark"_s; }
+  void UnmarkCharacters() override { calls_ += u"Unmark"_s; }
+  void UpdateCombos() override { calls_ += u"Combos"_s; }
+
+  bool saved = false;
+  std::function<void()> whenFilled;
+  std::function<void()> whenShown;
+  std::function<void()> whileModal;
+
+ private:
+  void note(const QString& call, bool visible) {
+    calls_ += call;
+    visible_ = visible;
+  }
+
+  QStringList& calls_;
+  bool visible_ = false;
+};
+
+class Scene : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    makeSmallProject();
+    sceneEditorFactory() = [this] {
+      auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
+      editor_ = made;
+      return made;
+    };
+  }
+  void TearDown() override { sceneEditorFactory() = nullptr; }
+
+  static QList<qint32> characters(clsScene& scene) { return {scene.CharIDs().begin(), scene.CharIDs().end()}; }
+
+  QStringList calls_;
+  RecordingEditor* editor_ = nullptr;
+};
+
+}  // namespace
+
+TEST_F(Scene, ChangingTheViewpointKeepsTheOldOneAndSettingReplacesIt) {
+  struct Case {
+    QList<qint32> before;
+    qint32 id;
+    QList<qint32> changed;
+    QList<qint32> set;
+  };
+  const Case cases[] = {{{3, 5}, 5, {5, 3}, {5}},
+                        {{3, 5}, 7, {7, 3, 5}, {7, 5}},
+                        {{}, 7, {7}, {7}},
+                        {{4}, 4, {4}, {4}},
+                        {{4, 6}, 4, {4, 6}, {4, 6}}};
+  for (const Case& c : cases) {
+    clsScene changed;
+    clsScene set;
+    for (const qint32 id : c.before) {
+      changed.AddCharByID(id);
+      set.AddCharByID(id);
+    }
+    changed.ChangeViewpointByID(c.id);
+    set.SetViewpointByID(c.id);
+    EXPECT_EQ(characters(changed), c.changed);
+    EXPECT_EQ(characters(set), c.set);
+  }
+}
+
+TEST_F(Scene, WithoutCharactersHasTheViewpointNA) {
+  const auto scene = g_Project->SceneByIndex(2);
+  EXPECT_EQ(scene->ViewPointID(), 0);
+  EXPECT_EQ(scene->ViewPointChar()->Title(), u"N/A"_s);
+  EXPECT_FALSE(g_CharChanges.HasChanged(0, 1));
+  scene->AddCharByID(3);
+  scene->AddCharByID(3);
+  EXPECT_EQ(scene->CharCount(), 1);
+  EXPECT_EQ(scene->ViewPointChar()->Title(), u"Пётр"_s);
+  scene->RemoveCharByID(99);
+  EXPECT_EQ(scene->CharID(2), 0);
+  EXPECT_EQ(scene->CharByIndex(2)->Title(), u"N/A"_s) << "a position outside is logged and nobody";
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"(9) in CharID of module clsScene"_s));
+  EXPECT_EQ(g_Project->ChapterByID(1)->SceneID(0), 0);
+  EXPECT_THROW((void)scene->Field(6), RuntimeError);
+}
+
+TEST_F(Scene, OnlyAChangeOfTextOrAnEmptyOneMakesItDue) {
+  const ScratchFolder scratch;
+  g_Project->FileWithPath = scratch.path(u"a.qn4"_s);
+  QDir(scratch.path()).mkdir(u"RTF"_s);
+  clsScene scene;
+  scene.setTextRTF(simpleRtf("one two"));
+  EXPECT_EQ(scene.Wordcount(), 2);
+  scene.SaveRTF(false);
+  EXPECT_EQ(scene.RTFFilename(), u"RTF_00001.rtf"_s);
+  EXPECT_FALSE(scene.RTFChanged());
+  scene.setTextRTF(simpleRtf("one two"));
+  EXPECT_FALSE(scene.RTFChanged() || scene.WordsStale());
+  scene.setTextRTF(simpleRtf("one two three"));
+  EXPECT_TRUE(scene.RTFChanged() && scene.WordsStale());
+  EXPECT_EQ(scene.Wordcount(), 3);
+  EXPECT_EQ(scene.Lettercount(), 13);
+  scene.setTextRTF({});
+  scene.SaveRTF(false);
+  scene.setTextRTF({});
+  EXPECT_TRUE(scene.RTFChanged()) << "an empty text always counts as a change";
+  EXPECT_EQ(scene.Wordcount(), 0);
+}
+
+TEST_F(Scene, CachedCountsSurviveALoadAndAreCountedAnewWhenForced) {
+  const ScratchFolder scratch;
+  g_Project->FileWithPath = scratch.path(u"a.qn4"_s);
+  QDir(scratch.path()).mkdir(u"RTF"_s);
+  writeFile(scratch.path(u"RTF/RTF_00007.rtf"_s), simpleRtf("three words here"));
+  clsScene scene;
+  scene.CreateFromXML("<SCENE><ID>1</ID><RTFFile>RTF_00007.rtf</RTFFile><WordCount>70</WordCount></SCENE>");
+  ASSERT_TRUE(scene.LoadRTF());
+  EXPECT_FALSE(scene.RTFChanged());
+  EXPECT_EQ(scene.Wordcount(), 70);
+  scene.ForceWordcount();
+  EXPECT_EQ(scene.Wordcount(), 3);
+}
+
+TEST_F(Scene, FileNamesAreCountedAndAFileInTheWorkingDirectoryIsPassedOver) {
+  const ScratchFolder scratch;
+  const QString before = QDir::currentPath();
+  const auto goBack = qScopeGuard([&] { QDir::setCurrent(before); });
+  ASSERT_TRUE(QDir::setCurrent(scratch.path()));
+  QDir(scratch.path()).mkdir(u"RTF"_s);
+  writeFile(u"RTF/RTF_100001.rtf"_s, "taken");
+  writeFile(u"RTF_100000.rtf"_s, "bare");
+  g_Project->FileWithPath = scratch.path(u"book/a.qn4"_s);
+  QDir().mkpath(scratch.path(u"book/RTF"_s));
+  g_Project->setLastFileIndex(4, 99'999);
+  g_Project->Scenes.SaveScenesText(false);
+  EXPECT_EQ(g_Project->SceneByID(1)->RTFFilename(), u"RTF_100000.rtf"_s);
+  EXPECT_EQ(g_Project->SceneByID(2)->RTFFilename(), u"RTF_100002.rtf"_s);
+  EXPECT_EQ(g_Project->LastFileIndex(4), 100'005);
+  EXPECT_TRUE(g_Project->SceneByID(1)->EraseScene());
+  EXPECT_FALSE(QFileInfo::exists(scratch.path(u"RTF_100000.rtf"_s)));
+  EXPECT_TRUE(QFileInfo::exists(g_Project->SceneByID(1)->RTFFileWithPath())) << "the project's own file stays";
+}
+
+TEST_F(Scene, TellsItsTimeAndWhetherItHasANote) {
+  clsScene scene;
+  EXPECT_EQ(scene.StartDate(), 0);
+  scene.Day = 2;
+  scene.Hour = 18;
+  scene.Minute = 45;
+  EXPECT_DOUBLE_EQ(scene.StartDate(), 2.78125);
+  scene.Notes = u" \r\n "_s;
+  EXPECT_FALSE(scene.HasNote());
+  scene.Notes += u'x';
+  EXPECT_TRUE(scene.HasNote());
+  EXPECT_EQ(g_Project->SceneByIndex(1)->LocationByIndex(1)->Title, u"The pier"_s);
+  EXPECT_EQ(g_Project->SceneByIndex(1)->ItemByIndex(1)->Title, u"A lamp"_s);
+}
+
+TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {
+  const ScriptedToolkit screen;
+  const auto scene = g_Project->SceneByIndex(1);
+  sceneEditorFactory() = [this] {
+    auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
+    made->whenFilled = [] { throw RuntimeError(RuntimeError::OutOfMemory); };
+    return made;
+  };
+  scene->Edit();
+  EXPECT_EQ(calls_, (QStringList{u"EditScene 1"_s, u"Unload"_s}));
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
+  sceneEditorFactory() = [this] {
+    auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
+    made->whenShown = [] { throw RuntimeError(RuntimeError::OutOfMemory); };
+    return made;
+  };
+  scene->Edit();
+  EXPECT_FALSE(scene->EditingScene);
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  EXPECT_FALSE(g_SceneChanges.AnyLocked());
+}
+
+TEST_F(Scene, EditLocksTheRecordAndOpensOneWindowOnly) {
+  const ScriptedToolkit screen;
+  const auto scene = g_Project->SceneByIndex(1);
+  g_SceneChanges.ResetAllChanged(scene->ID());
+  scene->Edit();
+  scene->Edit();
+  EXPECT_EQ(calls_, (QStringList{u"EditScene 1"_s, u"Show"_s, u"Activate"_s}));
+  EXPECT_TRUE(scene->Locked());
+  EXPECT_FALSE(g_SceneChanges.HasChanged(1, 1));
+  editor_->Changed();
+  EXPECT_TRUE(g_SceneChanges.HasChanged(1, 1));
+  scene->setCurrentSearchString(u"sea"_s);
+  g_Project->MarkAllCharInEditorWindows();
+  g_Project->UpdateCombosInEditorWindows();
+  g_SceneChanges.ResetAllChanged(1);
+  calls_.clear();
+  editor_->saved = true;
+  editor_->Finished();
+  EXPECT_EQ(calls_, (QStringList{u"Hide"_s, u"Unload"_s}));
+  EXPECT_TRUE(scene->SavedByEditor);
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  EXPECT_TRUE(g_SceneChanges.HasChanged(1, 1));
+  g_Project->MarkAllCharInEditorWindows();
+  EXPECT_EQ(calls_.size(), 2) << "a closed window is not asked any more";
+}
+
+TEST_F(Scene, CannotBeOpenedAgainWhileItsWindowGoes) {
+  ScriptedToolkit screen;
+  const auto scene = g_Project->SceneByIndex(1);
+  scene->Edit();
+  calls_.clear();
+  screen.onYield = [&] { scene->Edit(); };
+  editor_->Finished();
+  EXPECT_EQ(calls_, (QStringList{u"Hide"_s, u"Unload"_s}));
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  scene->Edit();
+  EXPECT_TRUE(scene->Locked() && scene->EditingScene);
+  editor_->Finished();
+}
+
+TEST_F(Scene, AnEditorThatOutlivesItsSceneTalksToNobody) {
+  const ScriptedToolkit screen;
+  g_Project->SceneByIndex(1)->Edit();
+  newProject();
+  EXPECT_FALSE(editor_->Finished || editor_->Changed);
+  editor_->Unload();
+}
+
+TEST_F(Scene, ANewSceneStaysOnlyWhenItsEditorSaved) {
+  for (const bool saved : {false, true}) {
+    sceneEditorFactory() = [this, saved] {
+      auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
+      made->saved = saved;
+      made->whileModal = [made] { made->Finished(); };
+      return made;
+    };
+    EXPECT_EQ(g_Project->CreateNewScene(2, 1), saved);
+    EXPECT_EQ(g_Project->SceneCount(), saved ? 6 : 5);
+    EXPECT_EQ(g_Project->ChapterByID(2)->SceneCount(), saved ? 3 : 2);
+    EXPECT_FALSE(g_SceneChanges.AnyLocked());
+  }
+  EXPECT_EQ(g_Project->ChapterByID(2)->SceneID(1), 6);
+}
+
+TEST_F(Scene, WordsAreCountedInAnyScript) {
+  const std::pair<QString, int> cases[] = {{u"one two  three\r\n\tfour"_s, 4},
+                                           {u"well-known don't e.g. 3.14"_s, 4},
+                                           {u"wait--what wait—what a–b"_s, 6},
+                                           {u" - -- --- "_s, 0},
+                                           {u"foo_bar “quoted” (x)"_s, 3},
+                                           {u"Идут белые снеги"_s, 3},
+                                           {u"Ὀδυσσεύς 100% ½"_s, 3},
+                                           {u"naïve café\u00A0noir"_s, 3},
+                                           {u"🙂 𝔘𝔫𝔦"_s, 1},
+                                           {u"—“Да”—нет…"_s, 2},
+                                           {QString(), 0}};
+  for (const auto& [text, words] : cases) {
+    QByteArray rtf = "{\\rtf1\\ansi\\uc1 ";
+    for (const QChar c : text) {
+      rtf += c == u'\r'   ? ""
+             : c == u'\n' ? "\\par "
+                          : "\\u" + QByteArray::number(static_cast<qint16>(c.unicode())) + "?";
+    }
+    clsScene scene;
+    scene.setTextRTF(rtf + "}");
+    EXPECT_EQ(scene.Wordcount(), words) << text;
+  }
+}

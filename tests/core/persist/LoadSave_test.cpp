@@ -1,0 +1,271 @@
+// A project folder as a whole: what a load and a save do, in which order, and what the writer is told.
+
+#include "core/infra/Paths.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "support/SampleProject.h"
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class LoadSave : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    Settings().DeleteAllSettings();
+    path_ = saveSmallProject(scratch_.path());
+    newProject();
+  }
+
+  QString logText() {
+    Logging().WriteActionsToLog();
+    return QString::fromLatin1(fileBytes(Logging().CurrentLogFilename()));
+  }
+
+  /// The project, loaded and saved again as one/Small.qnc4, which is the open file then; its bytes.
+  QByteArray savedAsSingleFile() {
+    EXPECT_TRUE(g_Project->Load(path_, false));
+    g_Project->FileWithPath = scratch_.path(u"one/Small.qnc4"_s);
+    EXPECT_TRUE(g_Project->SaveQNC4(false));
+    return fileBytes(g_Project->FileWithPath);
+  }
+
+  void expectEmptyProject() {
+    EXPECT_EQ(g_Project->FileWithPath, QString());
+    EXPECT_EQ(g_Project->SceneCount() + g_Project->ChapterCount() + g_Project->CharCount(), 0);
+  }
+
+  ScriptedToolkit screen_;
+  ScratchFolder scratch_;
+  QString path_;
+};
+
+}  // namespace
+
+TEST_F(LoadSave, AProjectComesBackAndIsWrittenAgainByteForByte) {
+  const auto before = filesBelow(scratch_.path());
+  EXPECT_EQ(before.size(), 6);
+  ASSERT_TRUE(g_Project->Load(path_, true));
+  EXPECT_EQ(g_Project->ChapterCount(), 3);
+  EXPECT_EQ(g_Project->SceneByIndex(1)->ViewPointChar()->Title(), u"Zoë"_s);
+  EXPECT_EQ(g_Project->Wordcount(false), 9) << "the unused scene and the unused chapter don't count";
+  EXPECT_EQ(g_Project->Wordcount(true), 12);
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(filesBelow(scratch_.path()), before);
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_EQ(filesBelow(scratch_.path()), before);
+}
+
+TEST_F(LoadSave, ProgressIsShownOnlyWhenAskedAndNamesEachStep) {
+  g_Project->Load(path_, false);
+  EXPECT_EQ(screen_.progressWindowsShown, 0);
+  screen_.progressCaptions.clear();
+  g_Project->Load(path_, true);
+  EXPECT_EQ(screen_.progressWindowsShown, 1);
+  const QStringList expected{u"Loading Project"_s,    u"Loading Chapters"_s, u"Loading Scenes"_s,
+                             u"Loading Scene 1"_s,    u"Loading Scene 2"_s,  u"Loading Scene 3"_s,
+                             u"Loading Scene 4"_s,    u"Loading Scene 5"_s,  u"Loading Locations"_s,
+                             u"Loading Characters"_s, u"Loading Items"_s,    u"Loading Notes"_s,
+                             u"Loading Complete"_s};
+  EXPECT_EQ(screen_.progressCaptions, expected);
+  EXPECT_EQ(screen_.pointer, Pointer::Normal);
+}
+
+TEST_F(LoadSave, AMissingSceneFileFailsTheLoadAndLeavesAnEmptyProject) {
+  ASSERT_TRUE(QFile::remove(scratch_.path(u"RTF/RTF_00003.rtf"_s)));
+  const auto before = filesBelow(scratch_.path());
+  screen_.expectErrorReport(u"There was an error loading this project. (If you moved the QN4 file"_s);
+  EXPECT_FALSE(g_Project->Load(path_, true));
+  expectEmptyProject();
+  EXPECT_TRUE(logText().contains(u"Could not find or load "_s));
+  EXPECT_TRUE(logText().contains(u"Load failed ... unable to extract scene data / load scenes from "_s + path_));
+  EXPECT_EQ(filesBelow(scratch_.path()), before);
+}
+
+TEST_F(LoadSave, FilesThatAreNoProjectAreToldAndLeaveNothing) {
+  const QByteArray whole = fileBytes(path_);
+  const QList<std::pair<QByteArray, QString>> cases{
+      {"", u"project data"_s},
+      {"hello", u"project data"_s},
+      {QByteArray(whole).replace("<LastFileIndex1>", "<Last>"), u"project data"_s},
+      {QByteArray(whole).replace("<RTFFile>RTF_00002.rtf", "<RTFFile>"), u"load scenes"_s},
+  };
+  for (const auto& [content, step] : cases) {
+    writeFile(path_, content);
+    screen_.expectErrorReport(u"There was an error loading this project."_s);
+    EXPECT_FALSE(g_Project->Load(path_, false));
+    EXPECT_TRUE(logText().contains(step));
+    expectEmptyProject();
+  }
+  screen_.expectErrorReport(u"There was an error loading this project."_s);
+  EXPECT_FALSE(g_Project->Load(scratch_.path(u"absent.qn4"_s), false));
+  EXPECT_TRUE(logText().contains(u"unable to extract project data from "_s + scratch_.path(u"absent.qn4"_s)));
+}
+
+// The chapters' inner list is taken for the scene block when that stands behind it.
+TEST_F(LoadSave, ScenesBehindTheChaptersAreNotFound) {
+  QByteArray text = fileBytes(path_);
+  const qsizetype from = text.indexOf("\t<SCENES>");
+  const qsizetype to = text.indexOf("\t<CHAPTERS>");
+  const QByteArray scenes = text.mid(from, to - from);
+  text.remove(from, to - from).replace("</CHAPTERS>\r\n", "</CHAPTERS>\r\n" + scenes);
+  writeFile(path_, text);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_EQ(g_Project->SceneCount(), 0);
+  EXPECT_EQ(g_Project->ChapterCount(), 3);
+}
+
+TEST_F(LoadSave, OnlyChangedScenesAreWrittenUnlessProgressIsShown) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QString untouched = scratch_.path(u"RTF/RTF_00001.rtf"_s);
+  const QString changed = scratch_.path(u"RTF/RTF_00002.rtf"_s);
+  writeFile(untouched, "changed behind the program's back");
+  g_Project->SceneByIndex(2)->setTextRTF(simpleRtf("new words here now"));
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(fileBytes(untouched), "changed behind the program's back");
+  EXPECT_EQ(fileBytes(changed), simpleRtf("new words here now"));
+  EXPECT_TRUE(fileBytes(path_).contains("<WordCount>4</WordCount>"));
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_NE(fileBytes(untouched), "changed behind the program's back");
+}
+
+TEST_F(LoadSave, ANewProjectAsksForItsFileAndRefusesAFolderThatHoldsOne) {
+  makeSmallProject();
+  screen_.expectFile(scratch_.path(u"Other.qn4"_s));
+  screen_.expectBox(u"There's already a project in that location. Please choose a different folder."_s);
+  screen_.expectFile(scratch_.path(u"sub/deeper/Other.qn4"_s));
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  ASSERT_EQ(screen_.fileQuestions.size(), 2);
+  EXPECT_EQ(screen_.fileQuestions[0].title, u"Specify your Project file."_s);
+  EXPECT_EQ(screen_.fileQuestions[0].defaultName, u"MyProject.qn4"_s);
+  EXPECT_EQ(screen_.fileQuestions[0].folder, Paths::documentsFolder());
+  EXPECT_EQ(screen_.fileQuestions[1].folder, scratch_.path() + u'/') << "the refused folder is offered again";
+  EXPECT_EQ(filesBelow(scratch_.path(u"sub/deeper"_s)).size(), 6);
+  EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), scratch_.path(u"sub/deeper/Other.qn4"_s));
+}
+
+TEST_F(LoadSave, GivingUpTheQuestionKeepsTheProjectInMemory) {
+  makeSmallProject();
+  screen_.expectFile({});
+  screen_.expectBox(u"No project file specified. Save cancelled."_s);
+  EXPECT_FALSE(g_Project->SaveQN4(true));
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  EXPECT_EQ(g_Project->FileWithPath, QString());
+}
+
+TEST_F(LoadSave, AFileThatCannotBeWrittenLeadsToTheQuestion) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  // A folder stands where the file should be: it can be neither erased nor opened.
+  ASSERT_TRUE(QDir().mkpath(scratch_.path(u"x/Small.qn4"_s)));
+  g_Project->FileWithPath = scratch_.path(u"x/Small.qn4"_s);
+  screen_.expectBox(u"Unable to save project. Please use Save As and choose a different location."_s);
+  screen_.expectFile(scratch_.path(u"y/Small.qn4"_s));
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_EQ(fileBytes(scratch_.path(u"y/Small.qn4"_s)), fileBytes(path_));
+}
+
+TEST_F(LoadSave, ASingleFileHoldsTheTextsAndTurnsIntoAFolderAgain) {
+  const QByteArray single = savedAsSingleFile();
+  EXPECT_EQ(filesBelow(scratch_.path(u"one"_s)).size(), 1);
+  EXPECT_TRUE(single.contains("\t\t<SCENERTF>\r\n\t\t\t<![CDATA[" + simpleRtf("one two three").toBase64() +
+                              "]]>\r\n\t\t</SCENERTF>\r\n"));
+  newProject();
+  screen_.expectBox(u"You've loaded an all-in-one 'qnc4' project file."_s);
+  ASSERT_TRUE(g_Project->Load(scratch_.path(u"one/Small.qnc4"_s), false));
+  EXPECT_FALSE(g_Project->SceneByIndex(1)->WordsStale());
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  auto folder = filesBelow(scratch_.path(u"one"_s));
+  folder.remove(u"Small.qnc4"_s);
+  EXPECT_EQ(folder.value(u"Small.qn4"_s), fileBytes(path_));
+  EXPECT_EQ(folder.size(), 6);
+}
+
+TEST_F(LoadSave, TextThatIsNoBase64LosesThatTextAloneAndIsLogged) {
+  QByteArray text = savedAsSingleFile();
+  text.replace(simpleRtf("four five").toBase64(), "*not base64*");
+  text.replace(simpleRtf("ten").toBase64(), simpleRtf("ten").toBase64().insert(8, "\r\n  ").replace('=', ""));
+  const QByteArray unmarked = simpleRtf("eleven twelve").toBase64();
+  text.replace("<![CDATA[" + unmarked + "]]>", unmarked);
+  writeFile(g_Project->FileWithPath, text);
+  screen_.expectBox(u"You've loaded an all-in-one"_s);
+  screen_.expectBox(u"could not be read, and they are empty now:\nArrival 2"_s);
+  ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
+  EXPECT_EQ(g_Project->SceneByIndex(2)->TextRTF(), "");
+  EXPECT_EQ(g_Project->SceneByIndex(4)->TextRTF(), simpleRtf("ten"));
+  EXPECT_EQ(g_Project->SceneByIndex(5)->TextRTF(), simpleRtf("eleven twelve"));
+  EXPECT_TRUE(logText().contains(u"scene 'Arrival 2'"_s));
+}
+
+// A single file with one text that can't be decoded and one that isn't there, saved as a folder that has no such files.
+TEST_F(LoadSave, AProjectWithUnreadTextsIsSavedWholeAndOpensAgain) {
+  QByteArray text = savedAsSingleFile();
+  text.replace(simpleRtf("four five").toBase64(), "e1x*broken");
+  const qsizetype block = text.indexOf("\t\t<SCENERTF>");
+  text.remove(block, text.indexOf("</SCENERTF>\r\n", block) + 13 - block);
+  writeFile(g_Project->FileWithPath, text);
+  screen_.expectBox(u"You've loaded an all-in-one"_s);
+  screen_.expectBox(u"Arrival 1\nArrival 2"_s);
+  ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(fileBytes(scratch_.path(u"one/RTF/RTF_00002.rtf.undecoded"_s)), "e1x*broken");
+  const QString saved = g_Project->FileWithPath;
+  g_Project->FileWithPath = scratch_.path(u"two/Small.qnc4"_s);
+  ASSERT_TRUE(g_Project->SaveQNC4(false));
+  EXPECT_EQ(fileBytes(g_Project->FileWithPath), text) << "what wasn't read is handed on as it was";
+  ASSERT_TRUE(g_Project->Load(saved, false));
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  EXPECT_EQ(g_Project->SceneByIndex(1)->TextRTF() + g_Project->SceneByIndex(2)->TextRTF(), "");
+  EXPECT_EQ(g_Project->SceneByIndex(3)->TextRTF(), simpleRtf("six seven eight nine"));
+}
+
+TEST_F(LoadSave, SaveAsWritesEveryTextIntoTheNewFolder) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  screen_.expectFile(scratch_.path(u"copy/Copy.qn4"_s));
+  ASSERT_TRUE(g_Project->SaveAs());
+  EXPECT_EQ(filesBelow(scratch_.path(u"copy"_s)).size(), 6);
+  screen_.expectFile({});
+  EXPECT_FALSE(g_Project->SaveAs());
+  EXPECT_EQ(g_Project->FileWithPath, scratch_.path(u"copy/Copy.qn4"_s));
+}
+
+TEST_F(LoadSave, ThePlainMirrorIsWrittenOnlyWhenSwitchedOn) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_FALSE(QFileInfo::exists(scratch_.path(u"Data"_s)));
+  Settings().sSet(u"CreateTextToo"_s, true);
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(fileBytes(scratch_.path(u"Data/Plain_00001.txt"_s)).trimmed(), "one two three");
+  Settings().sSet(u"CreateTextToo"_s, u" 0 "_s);
+  ASSERT_TRUE(QFile::remove(scratch_.path(u"Data/Plain_00001.txt"_s)));
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_FALSE(QFileInfo::exists(scratch_.path(u"Data/Plain_00001.txt"_s)));
+}
+
+TEST_F(LoadSave, AFailedWriteOfASceneKeepsItDueForTheNextSave) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QString target = scratch_.path(u"RTF/RTF_00002.rtf"_s);
+  ASSERT_TRUE(QFile::remove(target));
+  ASSERT_TRUE(QDir().mkpath(target));
+  const auto scene = g_Project->SceneByIndex(2);
+  scene->setTextRTF(simpleRtf("not lost"));
+  EXPECT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(scene->RTFChanged());
+  EXPECT_TRUE(logText().contains(u"Could not save "_s + target));
+  ASSERT_TRUE(QDir().rmdir(target));
+  EXPECT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(fileBytes(target), simpleRtf("not lost"));
+  EXPECT_FALSE(scene->RTFChanged());
+}

@@ -1,0 +1,242 @@
+// The project file: what is written, what is read back, and how far an error reaches.
+
+#include "core/infra/RuntimeError.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsNote.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "support/SampleProject.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray xmlOf(auto& entity) {
+  QByteArray xml;
+  entity.DataAsXML(xml);
+  return xml;
+}
+
+QByteArray xmlOf(clsScene& scene) {
+  QByteArray xml;
+  scene.DataAsXML(xml, false);
+  return xml;
+}
+
+/// A project element with every strict field in order.
+QByteArray projectElement() {
+  newProject();
+  return xmlOf(*g_Project);
+}
+
+class ProjectFile : public ::testing::Test {
+ protected:
+  void SetUp() override { newProject(); }
+};
+
+}  // namespace
+
+TEST_F(ProjectFile, AnElementIsWrittenLineByLineInItsDialect) {
+  clsScene scene;
+  scene.setID(12);
+  scene.Title = u"<A & B> 100%"_s;
+  scene.BelongsToChID = 3;
+  scene.Hour = 7;
+  scene.setField(2, 9);
+  scene.SubPlot = true;
+  scene.setRTFFilename(u"RTF_00012.rtf"_s);
+  scene.AddCharByID(5);
+  scene.AddCharByID(2);
+  EXPECT_EQ(
+      xmlOf(scene),
+      "\t<SCENE>\r\n\t\t<ID>12</ID>\r\n\t\t<Title>%3CA%20%26%20B%3E%20100%25</Title>\r\n\t\t<Unused>0</Unused>\r\n"
+      "\t\t<BelongsToChID>3</BelongsToChID>\r\n\t\t<Outcome></Outcome>\r\n\t\t<Goal></Goal>\r\n"
+      "\t\t<Conflict></Conflict>\r\n\t\t<Hour>7</Hour>\r\n\t\t<RTFFile>RTF_00012.rtf</RTFFile>\r\n"
+      "\t\t<Desc></Desc>\r\n\t\t<Notes></Notes>\r\n\t\t<Field1>1</Field1>\r\n\t\t<Field2>9</Field2>\r\n"
+      "\t\t<Field3>1</Field3>\r\n\t\t<Field4>1</Field4>\r\n\t\t<SubPlot>-1</SubPlot>\r\n\t\t<Status>0</Status>\r\n"
+      "\t\t<Characters>\r\n\t\t\t<CharID>5</CharID>\r\n\t\t\t<CharID>2</CharID>\r\n\t\t</Characters>\r\n\t</SCENE>");
+  EXPECT_EQ(scene.Field(1), 1);
+}
+
+TEST_F(ProjectFile, EveryFieldOfEveryKindComesBack) {
+  const QString tricky = u"“Zoë”\r\n<b> & 100% \t Пётр 🙂 %u0041 \u0081"_s;
+  int number = 0;
+  clsScene scene;
+  scene.setID(4);
+  scene.BelongsToChID = 2;
+  for (QString* field :
+       {&scene.Title, &scene.Outcome, &scene.Goal, &scene.Conflict, &scene.DescText, &scene.Tags, &scene.Notes}) {
+    *field = tricky + QString::number(number++);
+  }
+  scene.Unused = scene.ReactionScene = scene.SubPlot = true;
+  scene.Minute = 59;
+  scene.Hour = 23;
+  scene.Day = -4;
+  scene.LastsMinutes = 1;
+  scene.LastsHours = 2;
+  scene.LastsDays = 32767;
+  scene.Status = 5;
+  scene.setRTFFilename(u"RTF_00004.rtf"_s);
+  for (int i = 1; i <= 4; ++i) {
+    scene.setField(i, static_cast<qint16>(i * 2));
+  }
+  for (const qint32 id : {9, 3, 7}) {
+    scene.AddCharByID(id);
+    scene.AddLocationByID(id + 1);
+    scene.AddItemByID(id + 2);
+  }
+  clsScene back;
+  back.CreateFromXML(xmlOf(scene));
+  EXPECT_EQ(xmlOf(back), xmlOf(scene));
+  EXPECT_EQ(back.Goal, scene.Goal);
+  EXPECT_EQ(back.ViewPointID(), 9);
+  EXPECT_EQ(back.ItemID(3), 9);
+  EXPECT_EQ(back.Day, -4);
+  EXPECT_EQ(back.LastsDays, 32767);
+
+  clsCharacter person;
+  person.setID(6);
+  person.setTitle(tricky);
+  for (QString* field : {&person.AlternateNames, &person.FullName, &person.ImageFile, &person.Tags, &person.Bio,
+                         &person.DescText, &person.Goals, &person.Notes}) {
+    *field = tricky + QString::number(number++);
+  }
+  person.major = person.Unused = true;
+  person.SortOrder = 12;
+  clsCharacter samePerson;
+  samePerson.CreateFromXML(xmlOf(person));
+  EXPECT_EQ(xmlOf(samePerson), xmlOf(person));
+  EXPECT_EQ(samePerson.Title(), tricky);
+  EXPECT_EQ(samePerson.SortOrder, 12);
+
+  clsNote note;
+  note.setID(2);
+  note.Title = note.DescText = note.Tags = tricky;
+  clsNote sameNote;
+  sameNote.CreateFromXML(xmlOf(note));
+  EXPECT_EQ(xmlOf(sameNote), xmlOf(note));
+
+  clsChapter chapter;
+  chapter.setID(8);
+  chapter.Title = chapter.DescText = chapter.Tags = tricky;
+  chapter.Unused = true;
+  clsChapter sameChapter;
+  sameChapter.CreateFromXML(xmlOf(chapter));
+  EXPECT_EQ(xmlOf(sameChapter), xmlOf(chapter));
+}
+
+TEST_F(ProjectFile, APlacesSortOrderIsWrittenAndNotReadBack) {
+  clsLocation place;
+  place.setID(1);
+  place.SortOrder = 3;
+  place.Tags = u"sea"_s;
+  place.Unused = true;
+  clsLocation back;
+  back.CreateFromXML(xmlOf(place));
+  EXPECT_EQ(back.SortOrder, 0);
+  EXPECT_EQ(back.Tags, u"sea"_s);
+  EXPECT_TRUE(back.Unused);
+  EXPECT_TRUE(xmlOf(place).contains("<SortOrder>3</SortOrder>"));
+}
+
+TEST_F(ProjectFile, OddValuesReadAsTheDialectSays) {
+  struct Case {
+    const char* field;
+    std::function<bool(clsScene&)> holds;
+  };
+  const Case cases[] = {
+      {"<field1>7</FIELD1>", [](clsScene& s) { return s.Field(1) == 7; }},
+      {"<Field1>0</Field1>", [](clsScene& s) { return s.Field(1) == 1; }},
+      {"<Unused>1</Unused>", [](clsScene& s) { return !s.Unused; }},
+      {"<Unused> -1</Unused>", [](clsScene& s) { return !s.Unused; }},
+      {"<Unused>-1</Unused>", [](clsScene& s) { return s.Unused; }},
+      {"<Hour>70000</Hour>", [](clsScene& s) { return s.Hour == 4464; }},
+      {"<Hour>&H10</Hour>", [](clsScene& s) { return s.Hour == 16; }},
+      {"<Hour>\r\n 12 x</Hour>", [](clsScene& s) { return s.Hour == 12; }},
+      {"<ID> 5.5 </ID>", [](clsScene& s) { return s.ID() == 6; }},
+      {"<Title>a<Title>b<title>c", [](clsScene& s) { return s.Title == u"abc\r\n"_s; }},
+      {"<Title>%zz%4</Title>", [](clsScene& s) { return s.Title == QString(QChar(u'\0')) + u"%4"_s; }},
+      {"<CHARACTERS><CharID>4</charid><CHARID>x</CHARID><charid>4</charid><CharID>8</CharID></characters>",
+       [](clsScene& s) { return s.CharCount() == 2 && s.CharID(1) == 4 && s.CharID(2) == 8; }},
+      {"<WordCount>0</WordCount>", [](clsScene& s) { return s.WordsStale(); }},
+      {"<WordCount>77</WordCount>", [](clsScene& s) { return !s.WordsStale() && s.Wordcount() == 77; }},
+  };
+  for (const Case& c : cases) {
+    clsScene scene;
+    scene.CreateFromXML("\t<SCENE>\r\n" + QByteArray(c.field) + "\r\n");
+    EXPECT_TRUE(c.holds(scene)) << c.field;
+  }
+}
+
+// One bad value in an entity loses itself alone; the routine goes on and says so in the log.
+TEST_F(ProjectFile, ABadIDLosesOnlyItselfAndIsLogged) {
+  clsScene scene;
+  scene.CreateFromXML("<SCENE><ID>none</ID><Title>Kept</Title><BelongsToChID></BelongsToChID><Goal>Too</Goal></SCENE>");
+  EXPECT_EQ(scene.Goal, u"Too"_s);
+  EXPECT_EQ(scene.Title, u"Kept"_s);
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"Type mismatch (13) in CreateFromXML of module clsScene"_s))
+      << Logging().CurrentAction();
+}
+
+// The project element, in contrast, is lost as a whole at the first field that can't be read.
+TEST_F(ProjectFile, AProjectElementFailsAtAnyStrictFieldAndNoOther) {
+  const QByteArray whole = projectElement();
+  EXPECT_TRUE(g_Project->CreateFromXML(whole));
+  const QList<QByteArray> strict{"LastFileIndex1", "LastFileIndex7", "WordTargetStartDate", "DeadlineDate5",
+                                 "DeadlineStartDate1"};
+  for (const QByteArray& tag : strict) {
+    EXPECT_FALSE(g_Project->CreateFromXML(QByteArray(whole).replace("<" + tag + ">", "<x>"))) << tag.constData();
+  }
+  const QList<QByteArray> lenient{"Title", "WordTarget", "FieldTitle2", "EndMiddleChID", "XMLFileVersion"};
+  for (const QByteArray& tag : lenient) {
+    EXPECT_TRUE(g_Project->CreateFromXML(QByteArray(whole).replace("<" + tag + ">", "<x>"))) << tag.constData();
+  }
+  EXPECT_FALSE(g_Project->CreateFromXML(""));
+  EXPECT_FALSE(
+      g_Project->CreateFromXML(QByteArray(whole).replace("<DeadlineDate1>1899-12-30", "<DeadlineDate1>2026-02-30")));
+}
+
+TEST_F(ProjectFile, DatesAreStoredAsDaysAndAnUnsetOneStaysUnset) {
+  g_Project->setDeadlineDate(2, 46000);
+  const QByteArray xml = xmlOf(*g_Project);
+  EXPECT_TRUE(xml.contains("<DeadlineDate1>1899-12-30</DeadlineDate1>"));
+  EXPECT_TRUE(xml.contains("<DeadlineDate2>2025-12-09</DeadlineDate2>"));
+  g_Project->setDeadlineDate(2, 1);
+  ASSERT_TRUE(g_Project->CreateFromXML(QByteArray(xml).replace("2025-12-09", "2025/12/09 14:30")));
+  EXPECT_EQ(g_Project->DeadlineDate(2), 46000);
+  EXPECT_EQ(g_Project->DeadlineDate(1), 0);
+}
+
+// A rating's name stands in the file as it is, so what would not come back is refused with a text for the writer.
+TEST_F(ProjectFile, ARatingNameThatTheFileCannotHoldIsRefusedWithAMessage) {
+  g_Project->setFieldTitle(1, u"Größe & 100%"_s);
+  for (const QString& name : {u"Темп"_s, u"a</FieldTitle1>b"_s}) {
+    try {
+      g_Project->setFieldTitle(1, name);
+      ADD_FAILURE() << name;
+    } catch (const RuntimeError& error) {
+      EXPECT_TRUE(error.description().contains(name));
+    }
+  }
+  const QByteArray xml = xmlOf(*g_Project);
+  ASSERT_TRUE(g_Project->CreateFromXML(xml));
+  EXPECT_EQ(g_Project->FieldTitle(1), u"Größe & 100%"_s);
+  clsScene scene;
+  EXPECT_THROW(scene.setRTFFilename(u"Сцена.rtf"_s), RuntimeError);
+}
+
+TEST_F(ProjectFile, AWriterWithoutAnOpenFileSaysSoAndIsTrue) {
+  makeSmallProject();
+  EXPECT_TRUE(g_Project->Chapters.WriteXML(0));
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"Unable to write data ... output file closed!"_s));
+  EXPECT_TRUE(g_Project->Chars.WriteXML(-1));
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"Unable to write data ... output file is -1!"_s));
+  EXPECT_FALSE(g_Project->Items.WriteXML(99)) << "a number that is not open fails while printing";
+}

@@ -1,0 +1,183 @@
+#include "core/text/RichText.h"
+
+#include "core/text/RtfSamples.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Alignment = ParagraphFormat::Alignment;
+
+const CharFormat kBold{.bold = true};
+const ParagraphFormat kCentred{.alignment = Alignment::Centre};
+
+/// "plain bold" CR LF "second", the second paragraph centred.
+RichText sample() {
+  RichText text = RichText::fromPlain(u"plain "_s);
+  text.append(RichText::fromPlain(u"bold"_s, kBold));
+  text.append(u"\r\n"_s);
+  text.append(RichText::fromPlain(u"second"_s, {}, kCentred));
+  return text;
+}
+
+/// What every text keeps to, whatever was done to it.
+void expectSound(const RichText& text) {
+  const QString& plain = text.plainText();
+  qsizetype end = 0;
+  for (qsizetype i = 0; i < text.runCount(); ++i) {
+    ASSERT_EQ(text.run(i).start, end);
+    ASSERT_GT(text.run(i).length, 0);
+    ASSERT_TRUE(i == 0 || *text.run(i).format != *text.run(i - 1).format);
+    end += text.run(i).length;
+    ASSERT_FALSE(end < plain.size() && plain[end] == u'\n') << "a run ends inside a line end";
+  }
+  ASSERT_EQ(end, text.size() + 1);
+  qsizetype start = 0;
+  for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
+    const auto paragraph = text.paragraph(i);
+    ASSERT_EQ(paragraph.start, start);
+    start += paragraph.length + 2;
+    ASSERT_TRUE(i + 1 == text.paragraphCount() || plain.sliced(start - 2, 2) == u"\r\n"_s);
+  }
+  ASSERT_EQ(start, text.size() + 2);
+  QString withoutLineEnds = plain;
+  withoutLineEnds.remove(u"\r\n"_s);
+  ASSERT_FALSE(withoutLineEnds.contains(u'\r') || withoutLineEnds.contains(u'\n'));
+}
+
+}  // namespace
+
+TEST(RichText, LineEndsOfEveryKindBecomeCrLf) {
+  const RichText text = RichText::fromPlain(u"a\nb\rc\r\nd\u2029e\u2028f\vg\uFFFC"_s + QChar(0) + u"h"_s);
+  EXPECT_EQ(text.plainText(), u"a\r\nb\r\nc\r\nd\r\ne\r\nf\r\ngh"_s);
+  EXPECT_EQ(text.paragraphCount(), 5);
+  expectSound(text);
+}
+
+TEST(RichText, ReplacingKeepsTheFormatOfTheFirstCharacter) {
+  RichText text = sample();
+  text.replace(6, 4, u"x\ny"_s);
+  EXPECT_EQ(text.plainText(), u"plain x\r\ny\r\nsecond"_s);
+  EXPECT_TRUE(text.charFormatAt(6).bold && text.charFormatAt(9).bold);
+  EXPECT_EQ(text.paragraphFormatAt(9).alignment, Alignment::Left);
+  text.insert(0, u"0"_s);
+  EXPECT_FALSE(text.charFormatAt(0).bold);
+  text.insert(11, u"!"_s);
+  EXPECT_TRUE(text.charFormatAt(11).bold) << "text put in goes on like the character in front";
+  expectSound(text);
+}
+
+TEST(RichText, JoinedParagraphsKeepTheFormatOfWhatStays) {
+  struct Case {
+    qsizetype from, length;
+    QString plain;
+    Alignment alignment;
+  };
+  for (const Case& c :
+       {Case{8, 6, u"plain bocond"_s, Alignment::Left}, Case{0, 12, u"second"_s, Alignment::Centre},
+        Case{10, 2, u"plain boldsecond"_s, Alignment::Left}, Case{11, 0, u"plain bold\r\nsecond"_s, Alignment::Left},
+        Case{11, 1, u"plain boldsecond"_s, Alignment::Left}, Case{9, 2, u"plain bolsecond"_s, Alignment::Left},
+        Case{-5, 99, QString(), Alignment::Centre}}) {
+    RichText text = sample();
+    text.remove(c.from, c.length);
+    EXPECT_EQ(text.plainText(), c.plain);
+    EXPECT_EQ(text.paragraphFormatAt(0).alignment, c.alignment) << c.plain;
+    expectSound(text);
+  }
+}
+
+TEST(RichText, RichTextPutInBringsItsParagraphs) {
+  RichText text = sample();
+  text.insert(2, RichText::fromPlain(u"A\nB"_s, kBold, kCentred));
+  EXPECT_EQ(text.plainText(), u"plA\r\nBain bold\r\nsecond"_s);
+  EXPECT_EQ(text.paragraphFormatAt(0).alignment, Alignment::Left) << "text in front keeps its paragraph";
+  EXPECT_EQ(text.paragraphFormatAt(5).alignment, Alignment::Left) << "and so does text behind";
+  text.append(u"\n"_s);
+  text.append(RichText::fromPlain(u"R"_s, {}, {.alignment = Alignment::Right}));
+  EXPECT_EQ(text.paragraphFormatAt(text.size()).alignment, Alignment::Right)
+      << "an empty paragraph takes the new one's";
+  text.append(text);
+  expectSound(text);
+}
+
+TEST(RichText, ReplaceAllFindsEachMatchOnce) {
+  struct Case {
+    QString text, find, with;
+    Qt::CaseSensitivity caseSensitivity;
+    QString result;
+    qsizetype count;
+  };
+  const Case cases[] = {
+      {u"aXbxc"_s, u"x"_s, u"xx"_s, Qt::CaseInsensitive, u"axxbxxc"_s, 2},
+      {u"aXbxc"_s, u"x"_s, u"xx"_s, Qt::CaseSensitive, u"aXbxxc"_s, 1},
+      {u"aaa"_s, u"aa"_s, u"b"_s, Qt::CaseSensitive, u"ba"_s, 1},
+      {u"aaa"_s, u""_s, u"b"_s, Qt::CaseSensitive, u"aaa"_s, 0},
+      {u"É é"_s, u"é"_s, u""_s, Qt::CaseInsensitive, u" "_s, 2},
+      {u"a\r\nb\r\nc"_s, u"\r\n"_s, u", "_s, Qt::CaseSensitive, u"a, b, c"_s, 2},
+      {u"a\r\nb"_s, u"\n"_s, u" "_s, Qt::CaseSensitive, u"a b"_s, 1},
+      {u"a;b"_s, u";"_s, u"\n"_s, Qt::CaseSensitive, u"a\r\nb"_s, 1},
+      {u"abc"_s, u"abc"_s, u""_s, Qt::CaseSensitive, u""_s, 1},
+  };
+  for (const Case& c : cases) {
+    RichText text = RichText::fromPlain(c.text);
+    EXPECT_EQ(text.replaceAll(c.find, c.with, c.caseSensitivity), c.count) << c.text;
+    EXPECT_EQ(text.plainText(), c.result);
+    expectSound(text);
+  }
+}
+
+TEST(RichText, FormatsApplyToTheRangeAlone) {
+  RichText text = sample();
+  const RichText before = text;
+  text.formatCharacters(3, 5, [](CharFormat& format) { format.colour = 0xFF0000; });
+  EXPECT_EQ(text.charFormatAt(2).colour, std::nullopt);
+  EXPECT_EQ(text.charFormatAt(3).colour, 0xFF0000U);
+  EXPECT_TRUE(text.charFormatAt(7).bold);
+  EXPECT_EQ(text.charFormatAt(8).colour, std::nullopt);
+  text.formatCharacters(0, -1, [](CharFormat& format) { format.colour.reset(); });
+  EXPECT_EQ(text, before) << "runs that are alike again join";
+  text.formatParagraphs(2, 10, [](ParagraphFormat& format) { format.leftIndent = 200; });
+  EXPECT_EQ(text.paragraphFormatAt(0).leftIndent, 200);
+  EXPECT_EQ(text.paragraphFormatAt(12).leftIndent, 0) << "a range that ends at a paragraph's start leaves it alone";
+  EXPECT_EQ(before.paragraphFormatAt(0).leftIndent, 0) << "a copy stays as it was";
+}
+
+TEST(RichText, AnEmptyTextKeepsTheFormatThatTypingStartsWith) {
+  RichText text;
+  text.formatCharacters(0, -1, [](CharFormat& format) { format.fontName = u"Arial"_s; });
+  text.append(u"typed"_s);
+  EXPECT_EQ(text.charFormatAt(0).fontName, u"Arial"_s);
+}
+
+TEST(RichText, CutInTwoAndJoinedAgainItIsTheSame) {
+  QRandomGenerator random(99);
+  for (int i = 0; i < 1000; ++i) {
+    const RichText whole = randomRichText(random);
+    RichText front = whole;
+    const RichText behind = front.splitOff(random.bounded(static_cast<int>(whole.size()) + 1));
+    expectSound(front);
+    expectSound(behind);
+    EXPECT_EQ(front.plainText() + behind.plainText(), whole.plainText());
+    front.append(behind);
+    ASSERT_EQ(front, whole);
+  }
+}
+
+TEST(RichText, StaysSoundUnderAnyEdits) {
+  QRandomGenerator random(7);
+  for (int i = 0; i < 1000; ++i) {
+    RichText text = randomRichText(random);
+    const auto position = [&] { return random.bounded(static_cast<int>(text.size()) + 3) - 1; };
+    text.replace(position(), random.bounded(5), randomRichText(random));
+    expectSound(text);
+    text.replace(position(), random.bounded(5), u"x\u2028\ny"_s);
+    expectSound(text);
+    text.replaceAll(u"o"_s, u"\n"_s, Qt::CaseInsensitive);
+    text.formatParagraphs(position(), random.bounded(9), [](ParagraphFormat& format) { format.leftIndent += 20; });
+    expectSound(text);
+    expectSound(text.slice(position(), random.bounded(9)));
+    ASSERT_FALSE(testing::Test::HasFatalFailure());
+  }
+}

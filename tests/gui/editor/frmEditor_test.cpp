@@ -1,0 +1,281 @@
+// The window's life: opening, saving, closing, what marks it changed, what the model holds afterwards.
+
+#include "gui/editor/frmEditor.h"
+
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/text/Rtf.h"
+#include "gui/editor/EditorPlacement.h"
+#include "gui/editor/EditorWindow.h"
+#include "gui/toolkit/MemoEdit.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "support/ModalHelper.h"
+#include "support/SampleProject.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kQuestion = u"File has been changed.  Save it?"_s;
+
+TEST_F(EditorTest, ShowsTheSceneAndLocksIt) {
+  scene()->Title = u"The [*] star"_s;
+  scene()->DescText = u"Two\r\nlines"_s;
+  frmEditor* const editor = open();
+  EXPECT_TRUE(editor->isVisible());
+  EXPECT_TRUE(scene()->Locked());
+  EXPECT_EQ(control<QLineEdit>(*editor, "txtTitle").text(), u"The [*] star"_s);
+  EXPECT_EQ(control<MemoEdit>(*editor, "txtDesc").Text(), u"Two\r\nlines"_s);
+  EXPECT_EQ(control<RichTextBox>(*editor, "txtMain").Text(), u"one two three"_s);
+  EXPECT_EQ(control<RichTextBox>(*editor, "txtMain").textCursor().position(), 0);
+  EXPECT_EQ(panel(*editor, 1), u"Last Autosave: None"_s);
+  EXPECT_EQ(panel(*editor, 2), u"Chapter: 5 words"_s);
+  EXPECT_EQ(panel(*editor, 3), u"Scene: 3 words"_s);
+  EXPECT_EQ(panel(*editor, 5), u"Arrival"_s);
+}
+
+TEST_F(EditorTest, TypedTextReachesSceneAndFileOnCtrlS) {
+  frmEditor* const editor = open();
+  type(*editor, u" and four"_s);
+  control<QLineEdit>(*editor, "txtTitle").setFocus();
+  QTest::keyClicks(&control<QLineEdit>(*editor, "txtTitle"), u"1: "_s);
+  EXPECT_EQ(textInFile(), u"one two three"_s);
+  QTest::keyClick(&control<RichTextBox>(*editor, "txtMain"), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(scene()->ConvertedToBodyText(), u"one two three and four"_s);
+  EXPECT_EQ(textInFile(), u"one two three and four"_s);
+  EXPECT_FALSE(scene()->RTFChanged());
+  EXPECT_EQ(scene()->Title, u"1: Arrival 1"_s);
+  EXPECT_EQ(scene()->Wordcount(), 5);
+  EXPECT_EQ(panel(*editor, 2), u"Chapter: 7 words"_s);
+  EXPECT_TRUE(g_SceneChanges.HasChanged(1, ChangeArea::MainWindow));
+  EXPECT_TRUE(scene()->Locked());
+  editor->close();
+  EXPECT_TRUE(scene()->SavedByEditor);
+}
+
+TEST_F(EditorTest, ClosingAnUneditedSceneAsksNothingAndLeavesItAlone) {
+  const QByteArray before = scene()->TextRTF();
+  frmEditor* const editor = open();
+  trigger(*editor, "mnuExit");
+  EXPECT_FALSE(editor->isVisible());
+  EXPECT_EQ(scene()->TextRTF(), before);
+  EXPECT_FALSE(scene()->SavedByEditor);
+  EXPECT_FALSE(scene()->Locked());
+  EXPECT_FALSE(scene()->EditingScene);
+  EXPECT_TRUE(g_SceneChanges.HasChanged(1, ChangeArea::MainWindow));
+  deleteUnloaded();
+  EXPECT_TRUE(editorWindows().isEmpty());
+}
+
+TEST_F(EditorTest, ClosingAnEditedSceneSavesOnYes) {
+  frmEditor* const editor = open();
+  type(*editor, u"!"_s);
+  toolkit.expectBox(kQuestion, Answer::Yes);
+  editor->close();
+  EXPECT_EQ(textInFile(), u"one two three!"_s);
+  EXPECT_TRUE(scene()->SavedByEditor);
+  EXPECT_FALSE(scene()->Locked());
+}
+
+TEST_F(EditorTest, ClosingAnEditedSceneKeepsTheOldOneOnNo) {
+  frmEditor* const editor = open();
+  trigger(*editor, "mnuSave");
+  type(*editor, u"!"_s);
+  toolkit.expectBox(kQuestion, Answer::No);
+  trigger(*editor, "mnuExit");
+  EXPECT_EQ(scene()->ConvertedToBodyText(), u"one two three"_s);
+  EXPECT_EQ(textInFile(), u"one two three"_s);
+  EXPECT_FALSE(scene()->SavedByEditor) << "the answer No counts, not the save before";
+  EXPECT_FALSE(scene()->Locked());
+}
+
+TEST_F(EditorTest, OpeningTwiceBringsTheSameWindowForward) {
+  frmEditor* const editor = open();
+  type(*editor, u" typed"_s);
+  editor->showMinimized();
+  scene()->Edit();
+  EXPECT_EQ(editorWindows(), QList<frmEditor*>{editor});
+  EXPECT_TRUE(editor->isVisible());
+  EXPECT_FALSE(editor->isMinimized());
+  EXPECT_EQ(control<RichTextBox>(*editor, "txtMain").Text(), u"one two three typed"_s);
+  frmEditor* const other = open(2);
+  EXPECT_NE(other, editor);
+  EXPECT_EQ(editorWindows().size(), 2);
+}
+
+TEST_F(EditorTest, ANewWindowOpensAfterTheOldOneHasGone) {
+  open()->close();
+  frmEditor* const again = open();
+  EXPECT_TRUE(again->isVisible());
+  EXPECT_TRUE(scene()->Locked());
+}
+
+TEST_F(EditorTest, WhatTheUserDoesToTheFieldsMarksTheWindowChanged) {
+  using Act = std::function<void(frmEditor&)>;
+  const auto titleKey = [this](Qt::Key key) {
+    return [this, key](frmEditor& editor) { QTest::keyClick(&control<QLineEdit>(editor, "txtTitle"), key); };
+  };
+  const std::tuple<const char*, Act, bool> cases[] = {
+      {"letter in the title", titleKey(Qt::Key_X), true},
+      {"arrow in the title", titleKey(Qt::Key_Right), true},
+      {"Tab out of the title", titleKey(Qt::Key_Tab), false},
+      {"paste into the title",
+       [this](frmEditor& editor) {
+         control<QLineEdit>(editor, "txtTitle").selectAll();
+         control<QLineEdit>(editor, "txtTitle").insert(u"pasted"_s);
+         control<QLineEdit>(editor, "txtTitle").cut();
+       },
+       true},
+      {"description", [this](frmEditor& editor) { QTest::keyClicks(&control<MemoEdit>(editor, "txtDesc"), u"x"_s); },
+       true},
+      {"text", [this](frmEditor& editor) { type(editor, u"x"_s); }, true},
+      {"caret in the text",
+       [this](frmEditor& editor) { QTest::keyClick(&control<RichTextBox>(editor, "txtMain"), Qt::Key_Right); }, false},
+      {"bold",
+       [this](frmEditor& editor) {
+         control<RichTextBox>(editor, "txtMain").selectAll();
+         QTest::keyClick(&control<RichTextBox>(editor, "txtMain"), Qt::Key_B, Qt::ControlModifier);
+       },
+       true},
+      {"another size", [](frmEditor& editor) { editor.resize(700, 500); }, false},
+  };
+  for (const auto& one : cases) {
+    SCOPED_TRACE(std::get<0>(one));
+    frmEditor* const editor = open();
+    std::get<1>(one)(*editor);
+    if (std::get<2>(one)) {
+      toolkit.expectBox(kQuestion, Answer::No);
+    }
+    editor->close();
+    deleteUnloaded();
+  }
+}
+
+TEST_F(EditorTest, SaveAndExitSavesWithoutAskingAndKeepsTheWindowsSettings) {
+  frmEditor* editor = open();
+  editor->resize(800, 600);
+  editor->move(120, 90);
+  type(*editor, u"!"_s);
+  click(*editor, "cmdSaveAndExit");
+  EXPECT_EQ(textInFile(), u"one two three!"_s);
+  EXPECT_TRUE(scene()->SavedByEditor);
+  EXPECT_FALSE(scene()->Locked());
+  deleteUnloaded();
+  editor = open(2);
+  EXPECT_EQ(editor->size(), QSize(800, 600));
+  EXPECT_EQ(editor->pos(), QPoint(120, 90));
+}
+
+TEST_F(EditorTest, TheMenuSavesAndExitsWithoutStoringTheWindow) {
+  frmEditor* const editor = open();
+  type(*editor, u"!"_s);
+  trigger(*editor, "mnuSaveAndExit");
+  EXPECT_EQ(textInFile(), u"one two three!"_s);
+  EXPECT_FALSE(scene()->Locked());
+  EXPECT_FALSE(Settings().IsSettingPresent(u"EditorWindowWidth"_s));
+}
+
+TEST_F(EditorTest, TheSaveButtonStoresTheWindowAndStaysUsable) {
+  frmEditor* const editor = open();
+  type(*editor, u"!"_s);
+  click(*editor, "cmdSave");
+  EXPECT_TRUE(Settings().IsSettingPresent(u"EditorWindowWidth"_s));
+  EXPECT_TRUE(Settings().IsSettingPresent(u"EditorFG"_s));
+  type(*editor, u"?"_s);
+  click(*editor, "cmdSave");
+  EXPECT_EQ(textInFile(), u"one two three!?"_s);
+}
+
+TEST_F(EditorTest, IsNeverSmallerThanItsControlsNeed) {
+  Settings().sSet(u"EditorWindowWidth"_s, 300);
+  Settings().sSet(u"EditorWindowHeight"_s, 300);
+  frmEditor* const editor = open();
+  EXPECT_GE(editor->width() * 15, 10032);
+  EXPECT_GE(editor->height() * 15, 7020);
+}
+
+TEST_F(EditorTest, TheWordsAreCountedAWhileAfterTypingStops) {
+  frmEditor* const editor = open();
+  type(*editor, u" four"_s);
+  EXPECT_EQ(panel(*editor, 3), u"Scene: 3 words"_s);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return panel(*editor, 3) == u"Scene: 4 words"_s; }, 60000));
+  EXPECT_EQ(panel(*editor, 2), u"Chapter: 6 words"_s);
+}
+
+TEST_F(EditorTest, AnEmptySceneIsCountedAndSaved) {
+  scene()->setTextRTF({});
+  frmEditor* const editor = open();
+  EXPECT_EQ(panel(*editor, 3), u"Scene: 0 words"_s);
+  EXPECT_EQ(panel(*editor, 2), u"Chapter: 2 words"_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(scene()->ConvertedToBodyText(), QString());
+}
+
+TEST_F(EditorTest, ANewSceneIsWrittenInAModalWindow) {
+  {
+    const WhenModal write([&](QWidget& window) {
+      auto& editor = dynamic_cast<frmEditor&>(window);
+      type(editor, u"new words"_s);
+      trigger(editor, "mnuSaveAndExit");
+    });
+    EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
+  }
+  const qint32 id = g_Project->ChapterByID(1)->SceneID(3);
+  EXPECT_EQ(textInFile(id), u"new words"_s);
+  EXPECT_FALSE(scene(id)->Locked());
+  const WhenModal cancel([&](QWidget& window) { window.close(); });
+  EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
+  EXPECT_EQ(g_Project->ChapterByID(1)->SceneCount(), 3);
+}
+
+TEST_F(EditorTest, ClosingTheQuestionWithoutAChoiceKeepsTheWindow) {
+  frmEditor* const editor = open();
+  type(*editor, u"!"_s);
+  toolkit.expectBox(kQuestion, Answer::Cancel);
+  editor->close();
+  EXPECT_TRUE(editor->isVisible());
+  EXPECT_TRUE(scene(1)->Locked());
+  toolkit.expectBox(kQuestion, Answer::No);
+  editor->close();
+  EXPECT_FALSE(scene(1)->Locked());
+}
+
+TEST_F(EditorTest, ATextWhoseFileCannotBeWrittenStaysDue) {
+  frmEditor* const editor = open();
+  const QString file = scene(1)->RTFFileWithPath();
+  ASSERT_TRUE(QFile::remove(file));
+  ASSERT_TRUE(QDir().mkpath(file));
+  type(*editor, u"!"_s);
+  QTest::keyClick(editor, Qt::Key_S, Qt::ControlModifier);
+  toolkit.expectBox(kQuestion, Answer::Yes);
+  ASSERT_TRUE(QDir().rmdir(file));
+  editor->close();
+  EXPECT_TRUE(QFileInfo(file).isFile());
+}
+
+TEST_F(EditorTest, AWindowWhoseSceneHasGoneStillCloses) {
+  frmEditor* const editor = open();
+  type(*editor, u"!"_s);
+  newProject();
+  const QMap<QString, QByteArray> before = filesBelow(folder.path());
+  toolkit.expectBox(kQuestion, Answer::Yes);
+  toolkit.expectBox(u"Please copy its text to keep it."_s);
+  editor->close();
+  EXPECT_TRUE(editor->isVisible()) << "the words are still there to be copied";
+  toolkit.expectBox(kQuestion, Answer::No);
+  editor->close();
+  EXPECT_FALSE(editor->isVisible());
+  deleteUnloaded();
+  EXPECT_TRUE(editorWindows().isEmpty());
+  EXPECT_EQ(filesBelow(folder.path()), before);
+}
+
+}  // namespace

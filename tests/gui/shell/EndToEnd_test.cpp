@@ -1,0 +1,150 @@
+// The whole way of one edit: open a project, write in a scene, leave, come back.
+
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/text/Rtf.h"
+#include "core/text/cSharedHTML.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "support/SampleProject.h"
+
+#include <QAction>
+#include <QProcess>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The lines in which two project files differ, as "old -> new".
+QStringList differingLines(const QByteArray& before, const QByteArray& after) {
+  const QByteArrayList old = before.split('\n');
+  const QByteArrayList now = after.split('\n');
+  if (old.size() != now.size()) {
+    return {u"the number of lines"_s};
+  }
+  QStringList differing;
+  for (qsizetype i = 0; i < old.size(); ++i) {
+    if (old[i] != now[i]) {
+      differing.append(QString::fromLatin1(old[i].trimmed() + " -> " + now[i].trimmed()));
+    }
+  }
+  return differing;
+}
+
+QString element(const QString& name, int value) {
+  return u"<%1>%2</%1>"_s.arg(name, QString::number(value));
+}
+
+}  // namespace
+
+class EndToEndTest : public ShellTest {
+ protected:
+  /// Opens the scene in row `sceneRow` of a chapter by the mouse, types, saves and closes the editor by its own
+  /// buttons, waits for the counts, leaves the program and looks at what is on the disk and after a new start.
+  void writeAndComeBack(const QString& project, int chapterRow, int sceneRow);
+
+ private:
+  void typeInEditor(qint32 id);
+  void compareDisk(const QString& project, const QString& sceneFile, const QStringList& countLines);
+
+  QMap<QString, QByteArray> before_;
+  const QString typed_ = u" Two words"_s;
+};
+
+void EndToEndTest::typeInEditor(qint32 id) {
+  ASSERT_TRUE(soon([&] { return editor() != nullptr; }));
+  frmEditor& opened = *editor();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&opened, 20000));
+  EXPECT_TRUE(g_Project->SceneByID(id)->Locked());
+  auto* text = opened.findChild<RichTextBox*>(u"txtMain"_s);
+  ASSERT_NE(text, nullptr);
+  QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
+  QTest::keyClicks(text, typed_);
+  opened.findChild<QAction*>(u"mnuSave"_s)->trigger();
+  opened.close();
+  EXPECT_FALSE(g_Project->SceneByID(id)->Locked());
+}
+
+void EndToEndTest::compareDisk(const QString& project, const QString& sceneFile, const QStringList& countLines) {
+  const auto after = filesBelow(folder.path(u"book"_s));
+  EXPECT_EQ(after.keys(), before_.keys());
+  const QString projectFile = QFileInfo(project).fileName();
+  for (auto file = before_.cbegin(); file != before_.cend(); ++file) {
+    if (file.key() == projectFile) {
+      EXPECT_EQ(differingLines(*file, after[file.key()]), countLines);
+    } else {
+      EXPECT_EQ(after[file.key()] == *file, file.key() != sceneFile) << file.key();
+    }
+  }
+  EXPECT_TRUE(rtfToPlainText(after[sceneFile]).endsWith(typed_));
+}
+
+void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int sceneRow) {
+  before_ = filesBelow(folder.path(u"book"_s));
+  startWith(project);
+  click(list("ListChapters"), chapterRow);
+  const qint32 id = ListView::tagOf(*list("ListScenes").topLevelItem(sceneRow));
+  const QStringList oldRow = row("ListScenes", sceneRow);
+  const int words = oldRow[1].toInt();
+  // The stored count may be another program's; the edited text is counted by us.
+  const int counted = Html().CalcWordCount(g_Project->SceneByID(id)->ConvertedToBodyText());
+  const int letters = oldRow[6].toInt();
+  const int total = panel("Totalwords").section(u' ', -1).toInt();
+
+  doubleClick(list("ListScenes"), sceneRow);
+  typeInEditor(id);
+
+  const QString shown = QString::number(counted + 2);
+  ASSERT_TRUE(soon([&] { return row("ListScenes", sceneRow).at(1) == shown; }))
+      << row("ListScenes", sceneRow).at(1) << " of " << shown;
+  EXPECT_EQ(panel("Totalwords"), u"Total words: %1"_s.arg(total - words + counted + 2));
+  endProgram();
+  EXPECT_EQ(ended, 1);
+
+  const QString sceneFile = u"RTF/"_s + oldRow[5];
+  const int added = static_cast<int>(typed_.size());
+  compareDisk(project, sceneFile,
+              {element(u"WordCount"_s, words) + u" -> "_s + element(u"WordCount"_s, counted + 2),
+               element(u"LetterCount"_s, letters) + u" -> "_s + element(u"LetterCount"_s, letters + added)});
+
+  start();
+  EXPECT_EQ(g_Project->FileWithPath, project) << "the last project";
+  EXPECT_TRUE(g_Project->SceneByID(id)->ConvertedToBodyText().endsWith(typed_));
+  click(list("ListChapters"), chapterRow);
+  EXPECT_EQ(row("ListScenes", sceneRow).at(1), shown);
+}
+
+TEST_F(EndToEndTest, AnEditInASmallProjectComesBack) {
+  QDir().mkpath(folder.path(u"book"_s));
+  writeAndComeBack(smallProject(u"book"_s), 1, 0);
+}
+
+TEST_F(EndToEndTest, AnEditInANovelComesBack) {
+  const QString shared = sharedFolder();
+  if (shared.isEmpty()) {
+    GTEST_SKIP() << "the shared novels are not here";
+  }
+  QProcess python;
+  python.start(u"python3"_s, {shared + u"/tools/make_project.py"_s, shared + u"/novels/pride-and-prejudice.txt"_s,
+                              folder.path(u"book"_s)});
+  ASSERT_TRUE(python.waitForFinished(120000));
+  ASSERT_EQ(python.exitCode(), 0);
+  const QString project = folder.path(u"book/pride-and-prejudice.qn4"_s);
+  startWith(project);
+  ASSERT_EQ(list("ListChapters").topLevelItemCount(), 61);
+  qint32 running = 0;
+  for (int i = 0; i < 61; ++i) {
+    const auto chapter = g_Project->ChapterByIndex(i + 1);
+    running += chapter->Wordcount(false);
+    EXPECT_EQ(row("ListChapters", i), QStringList({chapter->Title, QString::number(chapter->Wordcount(false)),
+                                                   QString::number(chapter->SceneCount()), QString::number(running)}));
+  }
+  EXPECT_GT(running, 100000);
+  endProgram();
+  ended = 0;
+  writeAndComeBack(project, 17, 1);
+}

@@ -1,0 +1,153 @@
+#include "gui/shell/MainWindow.h"
+
+#include "core/infra/Clock.h"
+#include "core/infra/Paths.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/SceneEditor.h"
+#include "core/model/clsProject.h"
+#include "gui/editor/frmEditor.h"
+#include "support/SampleProject.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString settingsPath() {
+  return Paths::programFolder() + u"Quillane4.ini"_s;
+}
+
+}  // namespace
+
+void ShellTest::SetUp() {
+  registerSceneEditor();
+  Settings().DeleteAllSettings();
+  QFile::remove(settingsPath());
+  QFile::remove(Paths::programFolder() + u"log.txt"_s);
+}
+
+void ShellTest::TearDown() {
+  window_.reset();
+  // The scenes go before their windows: they hold on to them.
+  newProject();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QList<frmEditor*> left;
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (auto* found = dynamic_cast<frmEditor*>(widget)) {
+      left.append(found);
+    }
+  }
+  qDeleteAll(left);
+  sceneEditorFactory() = nullptr;
+  Clock::set({});
+}
+
+QString ShellTest::smallProject(const QString& name) {
+  QDir().mkpath(folder.path(name));
+  const QString path = saveSmallProject(folder.path(name));
+  newProject();
+  Settings().DeleteAllSettings();
+  return path;
+}
+
+void ShellTest::writeSettings(const QStringList& lines) {
+  writeFile(settingsPath(), (lines.join(u"\r\n"_s) + u"\r\n"_s).toLatin1());
+}
+
+QString ShellTest::settingsText() const {
+  return QString::fromLatin1(fileBytes(settingsPath()));
+}
+
+QString ShellTest::logText() const {
+  return QString::fromLatin1(fileBytes(Paths::programFolder() + u"log.txt"_s));
+}
+
+frmMain& ShellTest::start(const QString& commandLine) {
+  window_.reset();
+  window_ = std::make_unique<frmMain>(commandLine);
+  window_->endProcess = [this] { ++ended; };
+  if (window_->Form_Initialize()) {
+    window_->Form_Load();
+  }
+  if (!window_->Closing) {
+    window_->show();
+    // Only the active window hears keys.
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), 20000));
+    EXPECT_TRUE(soon([this] { return window_->findChild<QWidget*>(u"txtBody"_s) != nullptr; }));
+  }
+  return *window_;
+}
+
+frmMain& ShellTest::startWith(const QString& project) {
+  if (!QFile::exists(settingsPath())) {
+    writeSettings({u"AskedAboutAutoUpdates,-1"_s});
+  }
+  return start(project);
+}
+
+void ShellTest::endProgram() {
+  window_->EndProgram();
+  window_.reset();
+}
+
+void ShellTest::trigger(const char* entry) {
+  control<QAction>(entry).trigger();
+}
+
+bool ShellTest::isEnabled(const char* entry) {
+  return control<QAction>(entry).isEnabled();
+}
+
+bool ShellTest::isShown(const char* entry) {
+  return control<QAction>(entry).isVisible();
+}
+
+QString ShellTest::panel(const char* key) {
+  return control<QLabel>(key).text();
+}
+
+QStringList ShellTest::row(const char* listName, int index) {
+  ListView& view = list(listName);
+  QStringList texts;
+  if (const QTreeWidgetItem* item = view.topLevelItem(index)) {
+    for (int column = 0; column < view.columnCount(); ++column) {
+      texts.append(item->text(column));
+    }
+  }
+  return texts;
+}
+
+QPoint ShellTest::placeOf(ListView& view, int row) {
+  view.scrollToItem(view.topLevelItem(row));
+  const QPoint centre = view.visualItemRect(view.topLevelItem(row)).center();
+  return {std::min(centre.x(), view.viewport()->width() / 2), centre.y()};
+}
+
+void ShellTest::click(ListView& view, int row, Qt::KeyboardModifiers modifiers) {
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, placeOf(view, row));
+}
+
+void ShellTest::doubleClick(ListView& view, int row) {
+  click(view, row);
+  QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, placeOf(view, row));
+}
+
+bool ShellTest::soon(const std::function<bool()>& holds) {
+  return QTest::qWaitFor([&] { return holds(); }, 20000);
+}
+
+frmEditor* ShellTest::editor() const {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* found = dynamic_cast<frmEditor*>(widget);
+    if (found != nullptr && found->isVisible()) {
+      return found;
+    }
+  }
+  return nullptr;
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "gui/shell/main/frmMain.h"
+#include "gui/views/ListView.h"
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+
+#include <QString>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+class frmEditor;
+
+/// The main window over a program folder of its own. Each start makes a fresh window, as a new process would.
+class ShellTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  /// The small project, saved below the scratch folder and then forgotten; its path.
+  QString smallProject(const QString& name = QStringLiteral("Small"));
+  /// Lines of the settings file that the next start finds, such as "LastProjectFile,/a/b".
+  void writeSettings(const QStringList& lines);
+  QString settingsText() const;
+  QString logText() const;
+
+  /// A whole start; the window is shown unless the program has ended by then.
+  frmMain& start(const QString& commandLine = {});
+  /// With a settings file, so that nobody is greeted, and this project on the command line.
+  frmMain& startWith(const QString& project);
+  frmMain& window() { return *window_; }
+  /// Ends the program by its own way out and forgets the window.
+  void endProgram();
+
+  void trigger(const char* entry);
+  bool isEnabled(const char* entry);
+  bool isShown(const char* entry);
+  QString panel(const char* key);
+  ListView& list(const char* name) { return control<ListView>(name); }
+  /// The texts of a row.
+  QStringList row(const char* listName, int index);
+  /// Clicks a row with the real mouse.
+  void click(ListView& list, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  void doubleClick(ListView& list, int row);
+  /// Until the scan has had its turn and this holds.
+  bool soon(const std::function<bool()>& holds);
+  /// The editor window that is up; null when there is none.
+  frmEditor* editor() const;
+
+  template <class Control>
+  Control& control(const char* name) {
+    auto* found = window_->template findChild<Control*>(QString::fromLatin1(name));
+    if (found == nullptr) {
+      throw std::runtime_error(std::string("no control ") + name);
+    }
+    return *found;
+  }
+
+  ScriptedToolkit toolkit;
+  ScratchFolder folder;
+  /// How often the process was asked to end.
+  int ended = 0;
+
+ private:
+  static QPoint placeOf(ListView& list, int row);
+
+  std::unique_ptr<frmMain> window_;
+};

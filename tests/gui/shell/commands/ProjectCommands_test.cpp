@@ -1,0 +1,352 @@
+// The commands that open, save, close and make projects, and the list of recent ones.
+
+#include "core/infra/Paths.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/shell/commands/RecentProjects.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ScenePane.h"
+#include "support/SampleProject.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSet>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+class ProjectCommandsTest : public ShellTest {
+ protected:
+  /// The captions of the recent projects that the menu shows.
+  QStringList recentShown() {
+    QStringList captions;
+    for (const QAction* action : control<QMenu>("mnuOpenRecent").actions()) {
+      if (action->isVisible()) {
+        captions.append(action->text());
+      }
+    }
+    return captions;
+  }
+  QString recent(int index) { return Settings().sGet(u"Recent%1"_s.arg(index)).toString(); }
+  /// Files that are there, in folders named after them.
+  QStringList projectFiles(int count) {
+    QStringList paths;
+    for (int i = 0; i < count; ++i) {
+      const QString name = QString::number(i);
+      QDir().mkpath(folder.path(u"f"_s + name));
+      paths.append(folder.path(u"f%1/p%1.qn4"_s.arg(name)));
+      writeFile(paths.last(), {});
+    }
+    return paths;
+  }
+};
+
+TEST(RecentProjects, TheNewestStandsInFrontAndNoneTwice) {
+  using RecentProjects::withNewest;
+  EXPECT_EQ(withNewest({}, u"a"_s), QStringList({u"a"_s}));
+  EXPECT_EQ(withNewest({u"a"_s, u"b"_s, u"c"_s}, u"c"_s), QStringList({u"c"_s, u"a"_s, u"b"_s}));
+  EXPECT_EQ(withNewest({u"a"_s, u"A"_s}, u"a"_s), QStringList({u"a"_s, u"A"_s}));
+}
+
+TEST_F(ProjectCommandsTest, TheRecentListIsWrittenAtOnceAndPushesTheOldestOut) {
+  startWith({});
+  const QStringList paths = projectFiles(16);
+  for (const QString& path : paths) {
+    RecentProjects::AddToRecent(path);
+  }
+  EXPECT_TRUE(settingsText().contains(u"RECENT0,"_s + paths[15]));
+  EXPECT_EQ(recent(13), paths[2]);
+  window().project().UpdateRecent();
+  EXPECT_EQ(recentShown().size(), 14);
+  EXPECT_EQ(recentShown().first(), u"p15 \\f15"_s);
+  RecentProjects::AddToRecent(paths[11]);
+  EXPECT_EQ(recent(0), paths[11]);
+  EXPECT_EQ(recent(1), paths[15]);
+  EXPECT_EQ(recent(5), paths[10]);
+}
+
+TEST_F(ProjectCommandsTest, AProjectThatHasGoneLeavesTheRecentList) {
+  const QStringList paths = projectFiles(3);
+  writeSettings({u"Recent0,"_s + paths[0], u"Recent1,"_s + paths[1], u"Recent3,"_s + paths[2]});
+  QFile::remove(paths[1]);
+  start();
+  EXPECT_EQ(recentShown(), QStringList({u"p0 \\f0"_s, u"p2 \\f2"_s}));
+  EXPECT_FALSE(Settings().IsSettingPresent(u"Recent1"_s));
+  EXPECT_EQ(control<QAction>("mnuRecent(2)").data().toString(), paths[2]);
+}
+
+TEST_F(ProjectCommandsTest, OpeningSavesAChangedProjectFirstWithoutAQuestion) {
+  const QString other = smallProject(u"Other"_s);
+  const QString first = smallProject(u"First"_s);
+  startWith(first);
+  control<QLineEdit>("txtTitle").setText(u"Changed"_s);
+  toolkit.expectFile(other);
+  trigger("mnuLoadProj");
+  EXPECT_EQ(g_Project->FileWithPath, other);
+  EXPECT_EQ(control<QLineEdit>("txtTitle").text(), u"A small book"_s);
+  EXPECT_TRUE(fileBytes(first).contains("<Title>Changed</Title>"));
+  EXPECT_EQ(toolkit.fileQuestions.last().filter, u"*.qn3;*.qn4;*.qnc4"_s);
+  EXPECT_EQ(toolkit.fileQuestions.last().folder, Paths::documentsFolder());
+  EXPECT_FALSE(window().ProjectChanged);
+  EXPECT_FALSE(control<QTimer>("Timer3").isActive());
+  EXPECT_TRUE(control<QTimer>("TimerScanScenes").isActive());
+  trigger("mnuRecent(2)");
+  EXPECT_EQ(g_Project->FileWithPath, first);
+}
+
+TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) {
+  const QString other = smallProject(u"Other"_s);
+  startWith(smallProject(u"First"_s));
+  // Only the active window hears shortcuts.
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window(), 20000));
+  toolkit.expectFile(other);
+  int rows = -1;
+  toolkit.onYield = [&] {
+    rows = list("ListScenes").topLevelItemCount() + list("ListChapters").topLevelItemCount();
+    QCloseEvent close;
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, {50, 50}, {50, 50}, Qt::LeftButton, Qt::LeftButton, {});
+    for (QEvent* event : {static_cast<QEvent*>(&close), static_cast<QEvent*>(&key), static_cast<QEvent*>(&press)}) {
+      QSpontaneKeyEvent::setSpontaneous(event);
+      EXPECT_TRUE(qApp->notify(&list("ListChapters"), event)) << event->type();
+      EXPECT_FALSE(event->isAccepted()) << event->type();
+    }
+    // Real keys, with the shortcuts behind them: a question or the manual's box that comes up fails the test.
+    for (const Qt::Key letter : {Qt::Key_O, Qt::Key_S, Qt::Key_Q}) {
+      QTest::keyClick(&window(), letter, Qt::ControlModifier);
+    }
+    QTest::keyClick(&window(), Qt::Key_F1);
+    trigger("mnuSaveProj");
+    window().mnuConfirmExit_Click();
+    QCloseEvent leave;
+    QSpontaneKeyEvent::setSpontaneous(&leave);
+    qApp->notify(&window(), &leave);
+  };
+  trigger("mnuLoadProj");
+  EXPECT_EQ(rows, 0);
+  EXPECT_EQ(ended, 0);
+  EXPECT_EQ(g_Project->FileWithPath, other);
+  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 3);
+}
+
+TEST_F(ProjectCommandsTest, OpeningIsRefusedWhileASceneIsOpen) {
+  const QString path = smallProject();
+  startWith(path);
+  window().EditSelectedScene();
+  for (int i = 0; i < 3; ++i) {
+    toolkit.expectBox(u"Please close all editor windows first"_s);
+  }
+  window().project().mnuLoadProj_Click();
+  window().project().mnuRecent_Click(path);
+  window().project().mnuNewProj_Click();
+  EXPECT_EQ(g_Project->FileWithPath, path);
+}
+
+TEST_F(ProjectCommandsTest, ClosingReleasesTheLocksOfItsScenes) {
+  startWith(smallProject());
+  g_SceneChanges.LockRec(1);
+  EXPECT_TRUE(window().project().CloseProject());
+  EXPECT_FALSE(window().Editing());
+}
+
+TEST_F(ProjectCommandsTest, ACancelledOpenChangesNothing) {
+  const QString path = smallProject();
+  startWith(path);
+  toolkit.expectFile({});
+  trigger("mnuLoadProj");
+  EXPECT_EQ(g_Project->FileWithPath, path);
+  EXPECT_TRUE(isEnabled("mnuSaveProj"));
+}
+
+TEST_F(ProjectCommandsTest, AnOlderProjectIsOpenedOnlyWhenItMayBeConverted) {
+  const QString path = smallProject();
+  startWith(path);
+  toolkit.expectFile(folder.path(u"old.QN3"_s));
+  toolkit.expectBox(u"If you proceed, your Quillane3 project will be converted"_s, Answer::No);
+  trigger("mnuLoadProj");
+  EXPECT_EQ(g_Project->FileWithPath, path);
+}
+
+TEST_F(ProjectCommandsTest, AFailedLoadLeavesAnEmptyProjectAndClosedMenus) {
+  startWith(smallProject());
+  const QString broken = folder.path(u"broken.qn4"_s);
+  writeFile(broken, "nothing of ours");
+  toolkit.expectFile(broken);
+  toolkit.expectErrorReport(u"There was an error loading this project."_s);
+  trigger("mnuLoadProj");
+  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 0);
+  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 0);
+  EXPECT_TRUE(control<QLineEdit>("txtTitle").text().isEmpty());
+  EXPECT_FALSE(isEnabled("mnuSaveProj"));
+  EXPECT_EQ(panel("Totalwords"), u"Total words: 0"_s);
+}
+
+TEST_F(ProjectCommandsTest, ClosingEmptiesTheWindowAndKeepsTheLastProject) {
+  const QString path = smallProject();
+  startWith(path);
+  trigger("mnuSaveProj");
+  control<QLineEdit>("txtAuthor").setText(u"Somebody"_s);
+  trigger("mnuCloseProject");
+  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 0);
+  EXPECT_FALSE(isEnabled("mnuSaveProj"));
+  EXPECT_TRUE(fileBytes(path).contains("<AuthorName>Somebody</AuthorName>"));
+  EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), path);
+}
+
+TEST_F(ProjectCommandsTest, ClosingAChangedProjectIsRefusedWhileASceneIsOpen) {
+  const QString path = smallProject();
+  startWith(path);
+  window().EditSelectedScene();
+  ASSERT_NE(editor(), nullptr);
+  control<QLineEdit>("txtAuthor").setText(u"Somebody"_s);
+  toolkit.expectBox(u"Please close all editor windows first"_s);
+  EXPECT_TRUE(window().project().CloseProject());
+  EXPECT_EQ(g_Project->FileWithPath, path);
+}
+
+TEST_F(ProjectCommandsTest, WhatAnEditorSavedIsInTheProjectFileWhenAnotherBookComes) {
+  const QString path = smallProject();
+  startWith(path);
+  QString single = path;
+  single.replace(u".qn4"_s, u".qnc4"_s);
+  toolkit.expectBox(u"File saved to "_s);
+  trigger("mnuSaveToSingleFile");
+  const auto editScene = [&](const QString& title) {
+    window().EditSelectedScene();
+    auto* const titleBox = editor()->findChild<QLineEdit*>(u"txtTitle"_s);
+    titleBox->clear();
+    QTest::keyClicks(titleBox, title);
+    editor()->findChild<QAction*>(u"mnuSaveAndExit"_s)->trigger();
+    ASSERT_FALSE(window().Editing());
+  };
+  editScene(u"Planned anew"_s);
+  trigger("mnuCloseProject");
+  EXPECT_TRUE(fileBytes(path).contains("Planned%20anew"));
+  toolkit.expectFile(single);
+  toolkit.expectBox(u"You've loaded an all-in-one"_s);
+  trigger("mnuLoadProj");
+  editScene(u"From a single file"_s);
+  trigger("mnuCloseProject");
+  EXPECT_TRUE(fileBytes(path).contains("From%20a%20single%20file"));
+}
+
+TEST_F(ProjectCommandsTest, ABookThatCouldNotBeSavedIsReplacedOnlyWhenTheUserSaysSo) {
+  const QString path = smallProject();
+  startWith(path);
+  const QString question = u"The project could not be saved whole."_s;
+  // As it is after a save that failed and was given up.
+  g_Project->FileWithPath.clear();
+  toolkit.expectFile({});
+  toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+  toolkit.expectBox(question, Answer::No);
+  EXPECT_FALSE(window().project().CloseProject());
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  g_Project->FileWithPath = path;
+  // The file of a scene can't be written.
+  const QString text = g_Project->SceneByID(1)->RTFFileWithPath();
+  ASSERT_TRUE(QFile::remove(text) && QDir().mkpath(text));
+  g_Project->SceneByID(1)->setTextRTF(simpleRtf("not lost"));
+  window().SaveProject(false);
+  ASSERT_FALSE(window().ProjectChanged);
+  for (const char* command : {"mnuLoadProj", "mnuNewProj", "mnuRecent(1)"}) {
+    toolkit.expectBox(question, Answer::No);
+    trigger(command);
+    EXPECT_EQ(g_Project->SceneByID(1)->TextRTF(), simpleRtf("not lost")) << command;
+  }
+  ASSERT_TRUE(QDir().rmdir(text));
+  trigger("mnuCloseProject");
+  EXPECT_EQ(g_Project->SceneCount(), 0);
+  EXPECT_EQ(fileBytes(text), simpleRtf("not lost"));
+}
+
+TEST_F(ProjectCommandsTest, AnEmptyProjectIsMadeWhereTheUserSays) {
+  startWith(smallProject());
+  const QString path = folder.path(u"New/Fresh.qn4"_s);
+  toolkit.expectFile(path);
+  trigger("mnuNewProj");
+  EXPECT_EQ(g_Project->FileWithPath, path);
+  EXPECT_TRUE(QFile::exists(path));
+  EXPECT_TRUE(isEnabled("mnuSaveProj"));
+  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 0);
+  EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), path);
+
+  toolkit.expectFile({});
+  toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+  trigger("mnuNewProj");
+  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+  EXPECT_FALSE(isEnabled("mnuSaveProj"));
+}
+
+TEST_F(ProjectCommandsTest, ASingleFileIsWrittenBesideTheProject) {
+  const QString path = smallProject();
+  startWith(path);
+  QString single = path;
+  single.replace(u".qn4"_s, u".qnc4"_s);
+  toolkit.expectBox(u"File saved to "_s + single);
+  trigger("mnuSaveToSingleFile");
+  EXPECT_TRUE(QFile::exists(single));
+  EXPECT_EQ(g_Project->FileWithPath, path);
+}
+
+TEST_F(ProjectCommandsTest, AFontThatIsNotInstalledIsKeptAndSaid) {
+  startWith(smallProject());
+  trigger("mnuFont(3)");
+  EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Tahoma"_s);
+  EXPECT_TRUE(control<QAction>("mnuFont(3)").isChecked());
+  EXPECT_FALSE(control<QAction>("mnuFont(2)").isChecked());
+}
+
+TEST_F(ProjectCommandsTest, MenusHaveLettersForTheKeyboardThatAreNoPartOfTheirCaptions) {
+  startWith(smallProject());
+  QSet<QChar> letters;
+  for (const QAction* menu : window().menuBar()->actions()) {
+    const qsizetype mark = menu->text().indexOf(u'&');
+    EXPECT_TRUE(!menu->isVisible() || mark >= 0) << menu->text();
+    EXPECT_TRUE(!menu->isVisible() || !letters.contains(menu->text().at(mark + 1).toLower()));
+    letters.insert(menu->text().at(mark + 1).toLower());
+  }
+  Q_EMIT control<QMenu>("mnuFontmnu").aboutToShow();
+  EXPECT_EQ(control<QAction>("mnuFont(5)").text(), u"&Verdana"_s);
+  trigger("mnuFont(5)");
+  EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Verdana"_s);
+  EXPECT_TRUE(control<QAction>("mnuFont(5)").isChecked());
+}
+
+TEST_F(ProjectCommandsTest, TheVersionCheckRefusesWhileASceneIsOpen) {
+  startWith(smallProject());
+  window().EditSelectedScene();
+  toolkit.expectBox(u"Please close all editor windows first"_s);
+  trigger("mnuCheckVersion");
+  EXPECT_TRUE(control<QTimer>("Timer3").isActive());
+}
+
+TEST_F(ProjectCommandsTest, TheChapterMenuOffersWhatThereIsToWorkOn) {
+  startWith(smallProject());
+  auto& scene = control<QMenu>("mnuScene");
+  auto& chapters = control<QMenu>("mnuChapters");
+  Q_EMIT scene.aboutToShow();
+  Q_EMIT chapters.aboutToShow();
+  EXPECT_TRUE(isEnabled("mnuEditScene"));
+  EXPECT_TRUE(isEnabled("mnuRemoveChapter"));
+  g_SceneChanges.LockRec(1);
+  Q_EMIT chapters.aboutToShow();
+  EXPECT_FALSE(isEnabled("mnuRemoveChapter")) << "a scene is open";
+  g_SceneChanges.UnLockRec(1);
+  window().panes().FrameScenes().clear();
+  Q_EMIT scene.aboutToShow();
+  EXPECT_FALSE(isEnabled("mnuEditScene"));
+  EXPECT_TRUE(isEnabled("mnuAddScene"));
+}

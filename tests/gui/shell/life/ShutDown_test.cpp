@@ -1,0 +1,129 @@
+// The way out: what refuses it, and what it stores.
+
+#include "core/infra/Paths.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ScenePane.h"
+#include "support/SampleProject.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSplitter>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+using ShutDownTest = ShellTest;
+
+TEST_F(ShutDownTest, IsRefusedWhileASceneIsOpen) {
+  startWith(smallProject());
+  window().EditSelectedScene();
+  ASSERT_NE(editor(), nullptr);
+  editor()->hide();
+  for (int way = 0; way < 2; ++way) {
+    toolkit.expectBox(u"Please close all editor windows first"_s);
+    way == 0 ? static_cast<void>(window().close()) : window().mnuConfirmExit_Click();
+    EXPECT_EQ(ended, 0);
+    EXPECT_TRUE(window().isVisible());
+    ASSERT_NE(editor(), nullptr) << "the editor comes forward";
+  }
+}
+
+TEST_F(ShutDownTest, SavesTheProjectAlwaysAndAsksNothing) {
+  const QString path = smallProject();
+  startWith(path);
+  EXPECT_FALSE(window().ProjectChanged);
+  g_Project->DescText = u"Behind the window's back"_s;
+  window().close();
+  EXPECT_EQ(ended, 1);
+  EXPECT_FALSE(window().isVisible());
+  EXPECT_TRUE(fileBytes(path).contains("Behind%20the%20window%27s%20back"));
+  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+  EXPECT_TRUE(settingsText().contains(u"LASTPROJECTFILE,"_s + path));
+  EXPECT_TRUE(settingsText().contains(u"RECENT0,"_s + path));
+}
+
+TEST_F(ShutDownTest, AsksOnceMoreForAFileWhenASaveWasGivenUp) {
+  startWith(smallProject());
+  g_Project->FileWithPath.clear();
+  const ScratchFolder elsewhere;
+  toolkit.expectFile(elsewhere.path(u"Kept.qn4"_s));
+  window().close();
+  EXPECT_EQ(ended, 1);
+  EXPECT_EQ(filesBelow(elsewhere.path()).size(), 6);
+}
+
+TEST_F(ShutDownTest, TellsOfScenesWhoseFilesCannotBeWritten) {
+  startWith(smallProject());
+  const auto scene = g_Project->SceneByIndex(1);
+  const QString file = scene->RTFFileWithPath();
+  scene->setTextRTF(simpleRtf("not lost"));
+  ASSERT_TRUE(QFile::remove(file));
+  ASSERT_TRUE(QDir().mkpath(file));
+  toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::Cancel);
+  window().close();
+  EXPECT_EQ(ended, 1);
+}
+
+TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {
+  startWith({});
+  window().close();
+  EXPECT_EQ(ended, 1);
+}
+
+TEST_F(ShutDownTest, KeepsTheLayoutForTheNextStart) {
+  const QString path = smallProject();
+  startWith(path);
+  window().resize(760, 600);
+  auto& splitter = control<QSplitter>("SceneSplitter");
+  const int width = splitter.width();
+  splitter.setSizes({width / 3, width - width / 3});
+  list("ListScenes").setColumnWidth(2, 321);
+  g_FontSize = 12;
+  endProgram();
+  const double stored = Settings().sGet(u"SplitPercent"_s).toDouble();
+  EXPECT_NEAR(stored, 1.0 / 3, 0.02);
+  EXPECT_TRUE(settingsText().contains(u"MAINSCN3_W, 4815 "_s));
+  start(path);
+  EXPECT_EQ(window().size(), QSize(760, 600));
+  EXPECT_EQ(list("ListScenes").columnWidth(2), 321);
+  EXPECT_EQ(g_FontSize, 12);
+  const ScenePane& pane = window().panes().FrameScenes();
+  EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), stored, 0.01);
+}
+
+TEST_F(ShutDownTest, AMinimisedWindowLeavesTheSplitterAsItWasStored) {
+  writeSettings({u"SplitPercent,.4"_s});
+  start(smallProject());
+  window().setWindowState(Qt::WindowMinimized);
+  endProgram();
+  EXPECT_TRUE(settingsText().contains(u"SPLITPERCENT,.4"_s));
+}
+
+TEST_F(ShutDownTest, StartsADownloadedInstallerAtTheEnd) {
+  startWith(smallProject());
+  const QString installer = Paths::programFolder() + u"Quillane4Upd.exe"_s;
+  toolkit.expectBox(u"The installer will begin when you exit Quillane. If it doesn't, run "_s + installer +
+                    u" manually."_s);
+  window().Updater_InstallFile();
+  EXPECT_TRUE(toolkit.programsRun.isEmpty());
+  window().close();
+  EXPECT_EQ(toolkit.programsRun, QStringList({installer}));
+  EXPECT_EQ(ended, 1);
+}
+
+TEST_F(ShutDownTest, AFatalErrorIsShownAndStillSaves) {
+  const QString path = smallProject();
+  startWith(path);
+  g_Project->Title = u"Kept"_s;
+  toolkit.expectBox(u"Something broke"_s);
+  window().ShowFatalAndExit(u"Something broke"_s);
+  EXPECT_EQ(ended, 1);
+  EXPECT_TRUE(fileBytes(path).contains("<Title>Kept</Title>"));
+}

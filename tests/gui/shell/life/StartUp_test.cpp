@@ -1,0 +1,201 @@
+// From the start of the process to the main window.
+
+#include "core/infra/Clock.h"
+#include "core/infra/Paths.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/shell/life/FileAssociation.h"
+#include "gui/shell/life/InstanceCheck.h"
+#include "gui/shell/main/MainMenu.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+using StartUpTest = ShellTest;
+
+TEST_F(StartUpTest, GreetsTheFirstRunAndStartsWithAllDefaults) {
+  toolkit.expectBox(u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard'"_s);
+  start();
+  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+  EXPECT_EQ(g_FontSize, 10);
+  EXPECT_EQ(g_FontName, u"Times New Roman"_s);
+  EXPECT_FALSE(isEnabled("mnuSaveProj"));
+  EXPECT_TRUE(isEnabled("mnuLoadProj"));
+  EXPECT_FALSE(control<QTabWidget>("TabStrip1").isEnabled());
+  EXPECT_FALSE(control<QLineEdit>("txtTitle").isEnabled());
+  EXPECT_EQ(panel("Version"), u"v:4.0.0"_s);
+  EXPECT_EQ(window().windowTitle(), u"Quillane 4 by Brackenlight Software"_s);
+  EXPECT_TRUE(control<QAction>("mnuFont(2)").isChecked());
+  EXPECT_TRUE(control<QAction>("mnuLanguage(0)").isChecked());
+  EXPECT_TRUE(control<QTimer>("TimerScanScenes").isActive());
+  EXPECT_TRUE(control<QTimer>("Timer3").isActive());
+}
+
+TEST_F(StartUpTest, TakesOverWhatTheSettingsSay) {
+  writeSettings({u"DebugMode,-1"_s, u"DblSpaced,-1"_s, u"FontSize, 14 "_s, u"FontName,Georgia"_s,
+                 u"FormFont, Verdana "_s, u"MainChap1_W, 3000 "_s});
+  start();
+  EXPECT_TRUE(g_DebugMode);
+  EXPECT_TRUE(g_DblSpaced);
+  EXPECT_EQ(g_FontSize, 14);
+  EXPECT_EQ(g_FontName, u"Georgia"_s);
+  EXPECT_TRUE(control<QAction>("mnuFont(5)").isChecked());
+  EXPECT_EQ(list("ListChapters").columnWidth(0), 200);
+}
+
+TEST_F(StartUpTest, AMissingLibraryLeavesAnInertWindow) {
+  const QString last = smallProject();
+  for (const QString& library : {u"qnHtml2.dll"_s, u"qnHtml.dll"_s, u"Hash.dll"_s}) {
+    writeSettings({u"LastProjectFile,"_s + last, u"Keep,me"_s});
+    const QString before = settingsText();
+    const QString path = Paths::executableFolder() + library;
+    ASSERT_TRUE(QFile::rename(path, path + u".away"_s));
+    toolkit.expectBox(u"Essential file "_s + library +
+                      u" missing.  Please download and install the complete Quillane4 package from http"_s);
+    start();
+    EXPECT_TRUE(QFile::rename(path + u".away"_s, path));
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+    EXPECT_FALSE(control<QTimer>("TimerScanScenes").isActive());
+    EXPECT_FALSE(isEnabled("mnuLoadProj"));
+    EXPECT_FALSE(control<QLineEdit>("txtTitle").isEnabled());
+    EXPECT_EQ(Settings().SettingsCount(), 0);
+    window().close();
+    EXPECT_EQ(settingsText(), before) << "settings that were never read were written";
+  }
+  EXPECT_EQ(ended, 3);
+}
+
+// The path is stored for starts that stand in another folder.
+TEST_F(StartUpTest, ARelativePathOnTheCommandLineIsStoredInFull) {
+  const QString project = smallProject();
+  writeSettings({u"Keep,me"_s});
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(QFileInfo(project).path()));
+  start(QFileInfo(project).fileName());
+  EXPECT_TRUE(QDir::setCurrent(before));
+  EXPECT_EQ(g_Project->FileWithPath, project);
+  EXPECT_TRUE(settingsText().contains(u"RECENT0,"_s + project));
+}
+
+TEST_F(StartUpTest, OpensTheLastProject) {
+  const QString last = smallProject();
+  writeSettings({u"LastProjectFile,"_s + last});
+  start();
+  EXPECT_EQ(g_Project->FileWithPath, last);
+  EXPECT_TRUE(isEnabled("mnuSaveProj"));
+  EXPECT_TRUE(control<QTabWidget>("TabStrip1").isEnabled());
+  EXPECT_TRUE(logText().contains(u"Quillane 4 startup: 4.0.0"_s));
+  EXPECT_TRUE(logText().contains(u"Loading last project: "_s + last));
+  EXPECT_EQ(toolkit.progressWindowsShown, 1);
+  EXPECT_FALSE(window().ProjectChanged);
+}
+
+TEST_F(StartUpTest, TheCommandLineGoesBeforeTheLastProject) {
+  const QString last = smallProject(u"Last"_s);
+  const QString named = smallProject(u"Named one"_s);
+  writeSettings({u"LastProjectFile,"_s + last});
+  start(u'"' + named + u'"');
+  EXPECT_EQ(g_Project->FileWithPath, named);
+  EXPECT_TRUE(logText().contains(u"Loading from "_s + named));
+  EXPECT_EQ(toolkit.progressWindowsShown, 0);
+}
+
+TEST_F(StartUpTest, ACommandLineThatLeadsNowhereOpensNothing) {
+  writeSettings({u"LastProjectFile,"_s + smallProject()});
+  start(folder.path(u"gone.qn4"_s));
+  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+  EXPECT_FALSE(isEnabled("mnuSaveProj"));
+}
+
+TEST_F(StartUpTest, ALastProjectThatHasGoneOpensNothingAndSaysNothing) {
+  writeSettings({u"LastProjectFile,"_s + folder.path(u"gone.qn4"_s)});
+  start();
+  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+}
+
+TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeek) {
+  Clock::set(QDateTime(QDate(2026, 3, 15), QTime(12, 0)));
+  const qint32 today = Clock::dayNumber(QDate(2026, 3, 15));
+  const QString reminder = u"  Use Tools - Backups and make a full backup!  "_s;
+  for (const auto& [lastBackup, expected] :
+       {std::pair{today - 7, QString()}, {today - 8, reminder}, {0, reminder}, {today, QString()}}) {
+    writeSettings({u"LastFullBackup, "_s + QString::number(lastBackup) + u' '});
+    start();
+    EXPECT_EQ(panel("backup"), expected) << today - lastBackup << " days ago";
+  }
+}
+
+TEST_F(StartUpTest, ASecondCopyStartsOnlyWhenTheUserInsists) {
+  writeSettings({});
+  auto other = std::make_unique<InstanceCheck>();
+  ASSERT_TRUE(other->acquire());
+  frmMain refused;
+  toolkit.expectBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Answer::No);
+  EXPECT_FALSE(refused.Form_Initialize());
+  frmMain insisted;
+  toolkit.expectBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Answer::Yes);
+  toolkit.expectBox(u"Warning: If you open the same project twice, the last one you close will be the one saved."_s);
+  EXPECT_TRUE(insisted.Form_Initialize());
+  other.reset();
+  frmMain alone;
+  EXPECT_TRUE(alone.Form_Initialize());
+}
+
+TEST_F(StartUpTest, AnErrorEndsTheProgramAndSavesNoSettingsThatWereNeverRead) {
+  writeSettings({u"Keep,me"_s});
+  class Failing : public ScriptedToolkit {
+   public:
+    void DoEvents() override {
+      if (++yields == 1) {
+        throw RuntimeError(RuntimeError::DiskFull);
+      }
+    }
+  };
+  Failing failing;
+  failing.expectBox(u"Error 61 in Form_Load - Disk full"_s);
+  start();
+  EXPECT_EQ(ended, 1);
+  EXPECT_FALSE(window().isVisible());
+  EXPECT_EQ(settingsText(), u"Keep,me\r\n"_s);
+}
+
+TEST_F(StartUpTest, ShowsTheMenusOfTheTable) {
+  startWith(smallProject());
+  const QStringList statuses{u"Outline"_s, u"Draft"_s, u"1st Edit"_s, u"2nd Edit"_s, u"Done"_s};
+  for (int i = 0; i < statuses.size(); ++i) {
+    EXPECT_EQ(control<QAction>(qPrintable(u"mnuStatus(%1)"_s.arg(i))).text(), statuses.at(i));
+  }
+  for (const MenuEntry& line : mainMenuTable()) {
+    if ((line.flags & kSeparator) == 0) {
+      EXPECT_EQ(isShown(line.name),
+                (line.flags & (kHidden | kPopupOnly)) == 0 && QByteArray(line.name) != "mnuRecent(0)")
+          << line.name;
+    }
+  }
+}
+
+TEST_F(StartUpTest, ACommandThatIsNotBuiltSaysSo) {
+  startWith(smallProject());
+  trigger("mnuStoryboard");
+  EXPECT_EQ(panel("numberfiles"), u"Storyboard is not part of this version yet."_s);
+  trigger("mnuFont(2)");
+  EXPECT_EQ(panel("numberfiles"), QString());
+}
+
+TEST(FileAssociation, PointsTheExtensionToTheQuotedProgram) {
+  const QList<RegistryValue> values = associationValues(u".QN4"_s, u"C:\\Q 4\\Quillane4.exe"_s, u"Quillane4"_s);
+  ASSERT_EQ(values.size(), 2);
+  EXPECT_EQ(values[0].key + u'=' + values[0].value, u".QN4=Quillane4"_s);
+  EXPECT_EQ(values[1].key + u'=' + values[1].value,
+            u"Quillane4/shell/open/command=\"C:\\Q 4\\Quillane4.exe\" \"%1\""_s);
+}

@@ -1,0 +1,95 @@
+// The window polls the change tables: what changes in the model shows within a scan.
+
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ScenePane.h"
+#include "support/SampleProject.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+class ChangeScanTest : public ShellTest {
+ protected:
+  void SetUp() override {
+    ShellTest::SetUp();
+    startWith(smallProject());
+  }
+};
+
+TEST_F(ChangeScanTest, ASavedSceneShowsInItsRowItsChapterAndTheTotal) {
+  const auto scene = g_Project->SceneByID(1);
+  scene->Title = u"Landfall"_s;
+  scene->setTextRTF(simpleRtf("one two three four five six"));
+  scene->Save();
+  ASSERT_TRUE(soon([&] { return panel("Totalwords") == u"Total words: 12"_s; }));
+  EXPECT_EQ(row("ListScenes", 0).mid(1, 2), QStringList({u"6"_s, u"Landfall"_s}));
+  EXPECT_EQ(row("ListChapters", 0), QStringList({u"Arrival"_s, u"8"_s, u"2"_s, u"8"_s}));
+  EXPECT_EQ(row("ListChapters", 1).last(), u"12"_s);
+  EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), u"Landfall"_s) << "the selected scene's display";
+  EXPECT_FALSE(g_SceneChanges.HasChanged(1, 1));
+  EXPECT_TRUE(g_SceneChanges.HasChanged(1, 2)) << "the flag of another window";
+  EXPECT_TRUE(control<QTimer>("TimerScanScenes").isActive());
+}
+
+TEST_F(ChangeScanTest, AnotherScenesChangeLeavesTheDisplayAlone) {
+  control<QLineEdit>("txtSceneTitle").setText(u"untouched"_s);
+  g_Project->SceneByID(2)->Title = u"Renamed"_s;
+  g_Project->SceneByID(2)->Save();
+  ASSERT_TRUE(soon([&] { return row("ListScenes", 1).at(2) == u"Renamed"_s; }));
+  EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), u"untouched"_s);
+}
+
+TEST_F(ChangeScanTest, ASceneThatWasAddedToTheChapterComesIn) {
+  auto added = std::make_shared<clsScene>();
+  added->Title = u"Split off"_s;
+  added->setTextRTF(simpleRtf("a b c d"));
+  g_Project->ChapterByID(1)->Addscene(added);
+  g_Project->SceneByID(1)->Save();
+  ASSERT_TRUE(soon([&] { return list("ListScenes").topLevelItemCount() == 3; }));
+  EXPECT_EQ(panel("Totalwords"), u"Total words: 13"_s);
+  EXPECT_EQ(window().panes().FrameScenes().SelectedSceneID(), 1);
+}
+
+TEST_F(ChangeScanTest, ARenamedCharacterShowsInTheRowsThatItNarrates) {
+  g_Project->CharByID(2)->setTitle(u"Zoe the Elder"_s);
+  EXPECT_TRUE(soon([&] { return row("ListScenes", 0).first() == u"Zoe the Elder"_s; }));
+  EXPECT_FALSE(g_CharChanges.HasChanged(2, 1));
+}
+
+TEST_F(ChangeScanTest, AnOpenEditorClosesTheProjectMenuUntilItIsClosed) {
+  QTest::keyClick(&list("ListScenes"), Qt::Key_Return);
+  ASSERT_NE(editor(), nullptr);
+  EXPECT_TRUE(window().Editing());
+  EXPECT_FALSE(isEnabled("mnuProject"));
+  EXPECT_FALSE(isEnabled("mnuFile"));
+  EXPECT_TRUE(isEnabled("mnuWindow"));
+  // What the menu forbids no key allows.
+  window().activateWindow();
+  QTest::keyClick(&window(), Qt::Key_O, Qt::ControlModifier);
+  QTest::keyClick(&window(), Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(ended, 0);
+  // Seen also from another chapter, where no row changes.
+  click(list("ListChapters"), 1);
+  editor()->close();
+  EXPECT_TRUE(soon([&] { return isEnabled("mnuProject") && isEnabled("mnuFile"); }));
+}
+
+TEST_F(ChangeScanTest, TheUpdateCheckWaitsUntilNoSceneIsOpen) {
+  auto& timer = control<QTimer>("Timer3");
+  timer.setInterval(1);
+  g_SceneChanges.LockRec(1);
+  QTest::qWait(30);
+  EXPECT_TRUE(timer.isActive());
+  g_SceneChanges.UnLockRec(1);
+  EXPECT_TRUE(soon([&] { return !timer.isActive(); }));
+}

@@ -1,0 +1,152 @@
+// What the lists of the main window show of themselves: widths, tool tips of cells that are cut, the keyboard.
+
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ScenePane.h"
+#include "gui/views/ListView.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+class MainListsTest : public ShellTest {
+ protected:
+  enum SceneColumn { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
+
+  /// What hovering over a cell shows; empty for nothing.
+  QString toolTip(ListView& view, int row, int column) {
+    // The last one fades.
+    QToolTip::hideText();
+    EXPECT_TRUE(soon([] { return !QToolTip::isVisible(); }));
+    const QRect cell = view.visualRect(view.model()->index(row, column)) & view.viewport()->rect();
+    QHelpEvent hover(QEvent::ToolTip, cell.center(), view.viewport()->mapToGlobal(cell.center()));
+    QApplication::sendEvent(view.viewport(), &hover);
+    return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+  }
+
+  /// A window that is wide enough for the columns that are of use.
+  void startWide() {
+    startWith(smallProject());
+    window().resize(1200, 700);
+    window().panes().FrameScenes().placeSplitter(0.5);
+  }
+
+  static int rightEdge(const ListView& view, int column) {
+    return view.header()->sectionPosition(column) + view.columnWidth(column);
+  }
+
+  static QRgb pixel(ListView& view, QPoint at) {
+    const QPixmap picture = view.grab();
+    return picture.toImage().pixel(at * picture.devicePixelRatio());
+  }
+};
+
+TEST_F(MainListsTest, OnlyACellThatIsNotSeenWholeHasAToolTip) {
+  startWide();
+  ListView& scenes = list("ListScenes");
+  g_Project->SceneByID(1)->Title = u"The <b>pier</b> & what was left of it"_s;
+  g_Project->SceneByID(2)->Title = u"Rain"_s;
+  window().RefreshAll();
+  scenes.setColumnWidth(kScene, scenes.widthFor(kScene, g_Project->SceneByID(1)->Title));
+  EXPECT_EQ(toolTip(scenes, 0, kScene), QString());
+  scenes.setColumnWidth(kScene, scenes.columnWidth(kScene) - 1);
+  EXPECT_EQ(toolTip(scenes, 0, kScene), g_Project->SceneByID(1)->Title);
+  EXPECT_EQ(toolTip(scenes, 1, kScene), QString());
+
+  // The column is wide enough, but the edge of the list cuts it.
+  const int seen = scenes.viewport()->width() - scenes.header()->sectionPosition(kScene);
+  scenes.setColumnWidth(kScene, seen - 20);
+  EXPECT_EQ(toolTip(scenes, 0, kStatus), u"Draft"_s);
+}
+
+TEST_F(MainListsTest, FirstWidthsShowWhatIsUsefulAndGiveTheTitlesTheRest) {
+  startWide();
+  window().panes().FrameScenes().fitSceneTitles();
+  const ListView& scenes = list("ListScenes");
+  const ListView& chapters = list("ListChapters");
+  EXPECT_LE(rightEdge(scenes, kActionReaction), scenes.viewport()->width());
+  EXPECT_GE(rightEdge(scenes, kFilename), scenes.viewport()->width());
+  EXPECT_EQ(chapters.header()->length(), chapters.roomForColumns());
+  for (const ListView* view : {&scenes, &chapters}) {
+    for (int column = 0; column < view->columnCount(); ++column) {
+      EXPECT_GE(view->columnWidth(column), view->header()->sectionSizeHint(column)) << column;
+    }
+  }
+}
+
+TEST_F(MainListsTest, StoredWidthsComeBeforeTheFirst) {
+  writeSettings({u"AskedAboutAutoUpdates,-1"_s, u"MainChap1_W,900"_s, u"MainScn3_W,9000"_s});
+  start(smallProject());
+  EXPECT_EQ(list("ListScenes").columnWidth(kScene), 600);
+  EXPECT_EQ(list("ListChapters").columnWidth(0), 60);
+}
+
+TEST_F(MainListsTest, ChapterTitlesFollowTheWidthUntilTheUserSetsOne) {
+  startWith(smallProject());
+  ListView& chapters = list("ListChapters");
+  const auto widen = [&](int by) {
+    chapters.setMinimumWidth(chapters.width() + by);
+    EXPECT_TRUE(soon([&] { return chapters.width() >= chapters.minimumWidth(); }));
+  };
+  widen(80);
+  EXPECT_EQ(chapters.header()->length(), chapters.roomForColumns());
+  chapters.setColumnWidth(0, 70);
+  widen(50);
+  EXPECT_EQ(chapters.columnWidth(0), 70);
+}
+
+TEST_F(MainListsTest, TheListWithTheKeyboardIsSeen) {
+  startWith(smallProject());
+  ListView& chapters = list("ListChapters");
+  ListView& scenes = list("ListScenes");
+  const QRgb highlight = window().palette().color(QPalette::Active, QPalette::Highlight).rgb();
+  const auto frame = [](ListView& view) { return pixel(view, {0, view.height() / 2}); };
+  const auto selection = [](ListView& view) {
+    const QRect row = view.visualRect(view.model()->index(0, 0));
+    return pixel(view, view.viewport()->pos() + row.topLeft() + QPoint(1, row.height() / 2));
+  };
+  const QRect before = scenes.viewport()->geometry();
+  for (auto [with, without] : {std::pair{&chapters, &scenes}, {&scenes, &chapters}}) {
+    with->setFocus();
+    EXPECT_EQ(frame(*with), highlight);
+    EXPECT_NE(frame(*without), highlight);
+    EXPECT_NE(selection(*with), selection(*without));
+  }
+  EXPECT_EQ(scenes.viewport()->geometry(), before) << "the frame moves nothing";
+}
+
+TEST_F(MainListsTest, TabWalksFromLeftToRight) {
+  startWith(smallProject());
+  control<QWidget>("txtTitle").setFocus();
+  QStringList walked;
+  for (int step = 0; step < 9; ++step) {
+    // The bars of tabs have no names of their own.
+    QWidget* focused = QApplication::focusWidget();
+    const QWidget* named = focused->objectName() == u"qt_tabwidget_tabbar" ? focused->parentWidget() : focused;
+    walked.append(named->objectName());
+    QTest::keyClick(focused, Qt::Key_Tab);
+  }
+  EXPECT_EQ(walked, QStringList({u"txtTitle"_s, u"txtAuthor"_s, u"ListChapters"_s, u"txtChapterDesc"_s, u"TabStrip2"_s,
+                                 u"ListScenes"_s, u"TabStrip1"_s, u"txtSceneTitle"_s, u"txtDesc"_s}));
+}
+
+TEST_F(MainListsTest, EnterOpensASceneButNoChapter) {
+  startWith(smallProject());
+  ListView& chapters = list("ListChapters");
+  chapters.setFocus();
+  const QString before = panel("numberfiles");
+  QTest::keyClick(&chapters, Qt::Key_Return);
+  EXPECT_EQ(panel("numberfiles"), before);
+  EXPECT_FALSE(window().Editing());
+  list("ListScenes").setFocus();
+  QTest::keyClick(&list("ListScenes"), Qt::Key_Enter);
+  EXPECT_TRUE(window().Editing());
+}

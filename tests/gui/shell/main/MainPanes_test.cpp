@@ -1,0 +1,248 @@
+// What the panes show of the model, and what the user's selections do.
+
+#include "gui/shell/main/MainPanes.h"
+
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/PaneLayout.h"
+#include "gui/shell/main/ScenePane.h"
+#include "gui/toolkit/Colours.h"
+#include "gui/toolkit/Twips.h"
+#include "gui/views/RowColours.h"
+#include "gui/views/modFillList.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTest>
+#include <QTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+quint32 colourOf(const QTreeWidgetItem& row, int column) {
+  return Colours::fromQt(row.foreground(column).color());
+}
+
+}  // namespace
+
+class MainPanesTest : public ShellTest {
+ protected:
+  void SetUp() override {
+    ShellTest::SetUp();
+    startWith(smallProject());
+  }
+
+  void pressKey(const char* listName, Qt::Key key) {
+    list(listName).setFocus();
+    QTest::keyClick(&list(listName), key);
+  }
+  QString memo(const char* name) { return control<QPlainTextEdit>(name).toPlainText(); }
+  qint32 selectedScene() { return window().panes().FrameScenes().SelectedSceneID(); }
+};
+
+TEST_F(MainPanesTest, ChapterRowsCountWhatIsUsed) {
+  EXPECT_EQ(row("ListChapters", 0), QStringList({u"Arrival"_s, u"5"_s, u"2"_s, u"5"_s}));
+  EXPECT_EQ(row("ListChapters", 1), QStringList({u"Departure"_s, u"4"_s, u"2"_s, u"9"_s}));
+  EXPECT_EQ(row("ListChapters", 2), QStringList({u"Cut scenes"_s, u"0"_s, u"1"_s, u"9"_s}));
+  EXPECT_EQ(panel("Totalwords"), u"Total words: 9"_s);
+  const QTreeWidgetItem& used = *list("ListChapters").topLevelItem(0);
+  const QTreeWidgetItem& unused = *list("ListChapters").topLevelItem(2);
+  EXPECT_EQ(colourOf(used, 0), 32768U);
+  EXPECT_EQ(colourOf(unused, 0), 8421504U);
+  EXPECT_EQ(colourOf(unused, 1), 8421504U);
+  EXPECT_EQ(ListView::tagOf(unused), 3);
+}
+
+TEST_F(MainPanesTest, TheCountTellsTheSectionByItsColour) {
+  struct Case {
+    qint32 endOfBeginning;
+    qint32 endOfMiddle;
+    QList<quint32> colours;
+  };
+  for (const Case& known : {Case{0, 0, {32768, 32768, 32768}}, Case{1, 2, {32768, 33023, 192}},
+                            Case{1, 0, {32768, 33023, 33023}}, Case{2, 1, {32768, 192, 192}}}) {
+    g_Project->EndBeginningChID = known.endOfBeginning;
+    g_Project->EndMiddleChID = known.endOfMiddle;
+    window().RefreshAll();
+    for (int i = 0; i < 3; ++i) {
+      EXPECT_EQ(colourOf(*list("ListChapters").topLevelItem(i), 3), known.colours[i])
+          << known.endOfBeginning << ' ' << known.endOfMiddle << " row " << i;
+    }
+  }
+}
+
+TEST_F(MainPanesTest, SceneRowsShowTheSevenColumns) {
+  EXPECT_EQ(row("ListScenes", 0),
+            QStringList({u"Zoë"_s, u"3"_s, u"Arrival 1"_s, u"Draft"_s, u"A"_s, u"RTF_00001.rtf"_s, u"13"_s}));
+  g_Project->SceneByID(2)->ReactionScene = true;
+  g_Project->SceneByID(2)->Status = 0;
+  window().RefreshAll();
+  EXPECT_EQ(row("ListScenes", 1).mid(0, 5), QStringList({u"N/A"_s, u"2"_s, u"Arrival 2"_s, QString(), u"R"_s}));
+  click(list("ListChapters"), 1);
+  EXPECT_EQ(colourOf(*list("ListScenes").topLevelItem(1), 3), 8421504U);
+  EXPECT_FALSE(list("ListScenes").topLevelItem(0)->data(3, Qt::ForegroundRole).isValid());
+}
+
+TEST_F(MainPanesTest, AnotherChapterShowsItsFirstScene) {
+  click(list("ListScenes"), 1);
+  EXPECT_EQ(selectedScene(), 2);
+  click(list("ListChapters"), 0);
+  EXPECT_EQ(selectedScene(), 2) << "a chapter that is shown already keeps its selection";
+  click(list("ListChapters"), 1);
+  EXPECT_EQ(selectedScene(), 3);
+  EXPECT_EQ(memo("txtChapterDesc"), u"Departure description: \nWhat happens in Departure"_s);
+}
+
+TEST_F(MainPanesTest, TheArrowKeysMoveThroughBothLists) {
+  pressKey("ListScenes", Qt::Key_Down);
+  EXPECT_EQ(selectedScene(), 2);
+  EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), u"Arrival 2"_s);
+  pressKey("ListChapters", Qt::Key_Down);
+  EXPECT_EQ(selectedScene(), 4) << "the row of the selection is kept";
+  pressKey("ListChapters", Qt::Key_Down);
+  EXPECT_EQ(selectedScene(), 5);
+}
+
+TEST_F(MainPanesTest, ADisplayFollowsTheSelectedScene) {
+  EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), u"Arrival 1"_s);
+  EXPECT_EQ(control<QTextEdit>("txtBody").toPlainText(), u"one two three"_s);
+  EXPECT_EQ(memo("txtNotes"), u"Check the tide."_s);
+  EXPECT_EQ(memo("txtGoal"), u"To leave, or to stay: \"100%\" & <more>?"_s);
+  EXPECT_EQ(memo("txtOutcome"), u"No Outcome specified"_s);
+  EXPECT_FALSE(control<QTabWidget>("TabStrip1").tabIcon(6).isNull());
+  EXPECT_EQ(row("ListChar(0)", 0), QStringList({u"Zoë"_s}));
+  EXPECT_EQ(row("ListChar(0)", 1), QStringList({u"Anna"_s}));
+  EXPECT_EQ(row("ListChar(1)", 0), QStringList({u"Anna"_s, u"Anna Marsh"_s}));
+  EXPECT_EQ(row("ListLoc(0)", 0), QStringList({u"The pier"_s}));
+  EXPECT_EQ(list("ListLoc(1)").topLevelItemCount(), 2);
+  EXPECT_EQ(row("ListItems(0)", 0), QStringList({u"A lamp"_s}));
+  EXPECT_EQ(modFillList::listSceneID(list("ListItems(0)")), 1);
+
+  g_Project->SceneByID(2)->ReactionScene = true;
+  g_Project->SceneByID(2)->Goal.clear();
+  click(list("ListScenes"), 1);
+  EXPECT_EQ(memo("txtGoal"), u"No Reaction specified"_s);
+  EXPECT_EQ(memo("txtOutcome"), u"No Decision specified"_s);
+  EXPECT_TRUE(control<QTabWidget>("TabStrip1").tabIcon(5).isNull());
+  EXPECT_TRUE(control<QTabWidget>("TabStrip1").tabIcon(6).isNull());
+  EXPECT_EQ(list("ListChar(0)").topLevelItemCount(), 0);
+}
+
+TEST_F(MainPanesTest, ATextOfBlanksAndAnEmptyChapterSayWhatTheyAre) {
+  g_Project->SceneByID(1)->setTextRTF("{\\rtf1   \\par\\par }");
+  window().RefreshAll();
+  EXPECT_EQ(control<QTextEdit>("txtBody").toPlainText(), u"This scene has no content"_s);
+  g_Project->ChapterByID(3)->RemoveSceneByID(5);
+  click(list("ListChapters"), 2);
+  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 0);
+  EXPECT_TRUE(control<QTextEdit>("txtBody").toPlainText().isEmpty());
+  EXPECT_TRUE(control<QLineEdit>("txtSceneTitle").text().isEmpty());
+  EXPECT_EQ(list("ListChar(1)").topLevelItemCount(), 0);
+}
+
+TEST_F(MainPanesTest, ARefreshKeepsTheSelectionByID) {
+  click(list("ListChapters"), 1);
+  click(list("ListScenes"), 1);
+  const auto first = g_Project->ChapterByID(1);
+  g_Project->RemoveChapterByID(1);
+  g_Project->AddChapter(first);
+  window().RefreshAll();
+  EXPECT_EQ(window().panes().FrameChapters().SelectedChapterID(), 2);
+  EXPECT_EQ(window().panes().FrameChapters().ChapterRowIndex(2), 0);
+  EXPECT_EQ(selectedScene(), 4);
+}
+
+TEST_F(MainPanesTest, TitleAndAuthorWriteThrough) {
+  auto& title = control<QLineEdit>("txtTitle");
+  EXPECT_EQ(title.text(), u"A small book"_s);
+  EXPECT_FALSE(window().ProjectChanged);
+  title.setFocus();
+  QTest::keyClicks(&title, u"Not "_s);
+  EXPECT_EQ(g_Project->Title, u"Not A small book"_s);
+  EXPECT_TRUE(window().ProjectChanged);
+  control<QLineEdit>("txtAuthor").clear();
+  EXPECT_EQ(g_Project->AuthorName, QString());
+}
+
+TEST_F(MainPanesTest, TheNotesTabShowsTheNotes) {
+  control<QTabWidget>("TabStrip2").setCurrentIndex(1);
+  EXPECT_TRUE(list("ListNotes").isVisible());
+  EXPECT_EQ(row("ListNotes", 0), QStringList({u"To do"_s}));
+  EXPECT_EQ(control<QLineEdit>("txtNoteTitle").text(), u"To do"_s);
+  EXPECT_EQ(memo("txtNoteEditor"), u"Line one\nLine two"_s);
+}
+
+TEST_F(MainPanesTest, AllCharactersAreMajorsThenMinorsByTheirOrder) {
+  for (const auto& [name, isMajor, order] :
+       {std::tuple{u"M2"_s, true, 1}, {u"m"_s, false, 0}, {u"M1"_s, true, 0}, {u"M3"_s, true, 1}}) {
+    const auto character = std::make_shared<clsCharacter>();
+    character->setTitle(name);
+    character->major = isMajor;
+    character->SortOrder = static_cast<qint16>(order);
+    g_Project->AddChar(character);
+  }
+  QStringList names;
+  for (const auto& character : modFillList::orderedCharacters(false)) {
+    names.append(character->Title());
+  }
+  EXPECT_EQ(names, QStringList({u"M1"_s, u"Anna"_s, u"M2"_s, u"M3"_s, u"m"_s, u"Zoë"_s, u"Пётр"_s}));
+  EXPECT_EQ(modFillList::orderedCharacters(true).size(), 4U);
+}
+
+TEST(PaneLayout, TheSplitterLeavesRoomOnBothSides) {
+  struct Case {
+    double left;
+    double width;
+    double result;
+  };
+  for (const Case& known : {Case{0, 9000, 2500}, Case{2499, 9000, 2500}, Case{2501, 9000, 2501}, Case{6200, 9000, 6200},
+                            Case{6201, 9000, 6200}, Case{100, 4000, 1200}}) {
+    EXPECT_EQ(PaneLayout::clampSplitter(known.left, known.width), known.result) << known.left << ' ' << known.width;
+  }
+}
+
+TEST_F(MainPanesTest, TheSplitterStopsAtItsLimits) {
+  auto& bar = control<QWidget>("imgHorDivide");
+  const ScenePane& pane = window().panes().FrameScenes();
+  const auto drag = [&](int to) {
+    QTest::mousePress(&bar, Qt::LeftButton);
+    QTest::mouseMove(&bar, {to, bar.height() / 2});
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, {to, bar.height() / 2});
+  };
+  drag(-2000);
+  EXPECT_GE(pane.splitterLeft(), PaneLayout::kSplitterLeft);
+  EXPECT_LT(pane.splitterLeft(), PaneLayout::kSplitterLeft + Twips::perPixel);
+  drag(4000);
+  EXPECT_LE(pane.splitterLeft(), pane.frameWidth() - PaneLayout::kSplitterRight);
+  EXPECT_GT(pane.splitterLeft(), pane.frameWidth() - PaneLayout::kSplitterRight - Twips::perPixel);
+}
+
+TEST_F(MainPanesTest, TheWindowKeepsItsSmallestSize) {
+  window().resize(100, 100);
+  EXPECT_GE(Twips::fromPixels(window().width()), PaneLayout::kMinimumWidth);
+  EXPECT_GE(Twips::fromPixels(window().height()), PaneLayout::kMinimumHeight);
+  EXPECT_LT(Twips::fromPixels(window().width()), PaneLayout::kMinimumWidth + 2 * Twips::perPixel)
+      << "the panes ask for more room than the smallest window has";
+}
+
+TEST(RowColours, StayAsToldOnPaperAndReadWellInTheDark) {
+  QPalette light(Qt::white);
+  light.setColor(QPalette::Base, Qt::white);
+  QPalette dark(Qt::black);
+  dark.setColor(QPalette::Base, QColor(30, 30, 30));
+  for (const quint32 colour : {RowColours::kGreen, RowColours::kGrey, RowColours::kOrange, RowColours::kRed}) {
+    EXPECT_EQ(Colours::fromQt(RowColours::readable(colour, light)), colour);
+    const QColor shown = RowColours::readable(colour, dark);
+    EXPECT_GE(RowColours::contrast(shown, QColor(30, 30, 30)), 4.5) << colour;
+    EXPECT_NEAR(shown.hslHue(), Colours::toQt(colour).hslHue(), 3) << colour;
+  }
+}

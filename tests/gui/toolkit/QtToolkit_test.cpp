@@ -1,0 +1,228 @@
+#include "gui/toolkit/QtToolkit.h"
+
+#include "gui/toolkit/Colours.h"
+#include "gui/toolkit/UrlCatcher.h"
+#include "support/ModalHelper.h"
+#include "support/TestHome.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QMessageBox& asBox(QWidget& window) {
+  return dynamic_cast<QMessageBox&>(window);
+}
+
+struct BoxCase {
+  Buttons buttons;
+  Answer onEnter;
+  Answer onEscape;
+};
+
+constexpr BoxCase kBoxes[] = {{Buttons::Ok, Answer::Ok, Answer::Ok},
+                              {Buttons::YesNo, Answer::Yes, Answer::No},
+                              {Buttons::RetryCancel, Answer::Retry, Answer::Cancel}};
+
+TEST(MsgBox, EnterTakesTheFirstButtonAndEscapeOrClosingTheLast) {
+  QtToolkit toolkit;
+  for (const BoxCase& box : kBoxes) {
+    {
+      const WhenModal press([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); });
+      EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, box.buttons), box.onEnter);
+    }
+    {
+      const WhenModal press([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+      EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, box.buttons), box.onEscape);
+    }
+    {
+      const WhenModal close([](QWidget& window) { window.close(); });
+      EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, box.buttons), box.onEscape);
+    }
+  }
+}
+
+TEST(MsgBox, ClickedButtonsAnswer) {
+  QtToolkit toolkit;
+  const std::pair<QMessageBox::StandardButton, Answer> clicks[] = {{QMessageBox::Yes, Answer::Yes},
+                                                                   {QMessageBox::No, Answer::No}};
+  for (const auto& click : clicks) {
+    const WhenModal act([&](QWidget& window) { QTest::mouseClick(asBox(window).button(click.first), Qt::LeftButton); });
+    EXPECT_EQ(toolkit.MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNo), click.second);
+  }
+}
+
+TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {
+  QtToolkit toolkit;
+  const QString text = u"The scene <b>'Salt & \"Sand\"'</b> is locked.\r\nTwo lines."_s;
+  const WhenModal look([&](QWidget& window) {
+    QMessageBox& box = asBox(window);
+    EXPECT_EQ(box.windowTitle(), u"Quillane"_s);
+    EXPECT_EQ(box.text(), text);
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    EXPECT_TRUE(box.textInteractionFlags() & Qt::TextSelectableByMouse);
+    box.close();
+  });
+  toolkit.MsgBox(text);
+}
+
+TEST(MsgBox, WhoseWindowGoesBeneathItCountsAsNo) {
+  auto* const under = new QWidget;
+  under->show();
+  under->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(under, 20000));
+  QtToolkit toolkit;
+  const WhenModal destroy([&](QWidget&) { delete under; });
+  EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, Buttons::YesNo), Answer::No);
+}
+
+TEST(ErrorReport, IsShownInTheReporterAndWaitsForIt) {
+  QtToolkit toolkit;
+  bool shown = false;
+  const WhenModal look([&](QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), u"Error Reporter"_s);
+    EXPECT_EQ(window.findChild<QPlainTextEdit*>(u"txtError"_s)->toPlainText(), u"61 - Disk full in SaveSettings"_s);
+    shown = true;
+    window.close();
+  });
+  toolkit.ShowErrorReport(u"61 - Disk full in SaveSettings"_s, {});
+  EXPECT_TRUE(shown);
+}
+
+TEST(InputBox, GivesTheTextAndNothingOnCancel) {
+  QtToolkit toolkit;
+  {
+    const WhenModal type([](QWidget& window) {
+      EXPECT_EQ(window.windowTitle(), u"Custom scene splitting"_s);
+      auto* const edit = window.findChild<QLineEdit*>();
+      EXPECT_EQ(edit->text(), u"%-%"_s);
+      QTest::keyClicks(edit, u"##"_s);
+      QTest::keyClick(edit, Qt::Key_Return);
+    });
+    EXPECT_EQ(toolkit.InputBox(u"Enter"_s, u"Custom scene splitting"_s, u"%-%"_s), u"##"_s);
+  }
+  const WhenModal cancel([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+  EXPECT_EQ(toolkit.InputBox(u"Enter"_s, u"t"_s, u"offered"_s), QString());
+}
+
+TEST(FileDialog, OffersFolderPatternsAndNameAndAddsTheExtension) {
+  const ScratchFolder folder;
+  QtToolkit toolkit;
+  const WhenModal accept([&](QWidget& window) {
+    auto& dialog = dynamic_cast<QFileDialog&>(window);
+    EXPECT_EQ(dialog.nameFilters().constFirst(), u"Files (*.qn3 *.qn4)"_s);
+    EXPECT_EQ(QFileInfo(dialog.directory().absolutePath()), QFileInfo(folder.path()));
+    auto* const name = dialog.findChild<QLineEdit*>();
+    EXPECT_EQ(name->text(), u"MyProject"_s);
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  const FileQuestion question{u"Specify your Project file."_s, u"*.qn3;*.qn4"_s, u"MyProject"_s, folder.path()};
+  EXPECT_EQ(toolkit.SaveFileDialog(question), folder.path(u"MyProject.qn3"_s));
+}
+
+TEST(FileDialog, GivesNothingOnCancel) {
+  QtToolkit toolkit;
+  const auto cancelled = [&](const std::function<QString()>& ask) {
+    const WhenModal cancel([](QWidget& window) { window.close(); });
+    EXPECT_EQ(ask(), QString());
+  };
+  cancelled([&] { return toolkit.OpenFileDialog({u"Open"_s, u"*.qn4"_s, {}, {}}); });
+  cancelled([&] { return toolkit.SaveFileDialog({u"Save"_s, {}, {}, {}}); });
+  cancelled([&] { return toolkit.PickFolder(u"Folder"_s, {}); });
+}
+
+TEST(ColourDialog, SpeaksBlueGreenRedNumbersAndTakesSystemColours) {
+  QtToolkit toolkit;
+  const auto pick = [&](quint32 initial, bool accept) {
+    const WhenModal act([&](QWidget& window) {
+      EXPECT_EQ(window.windowTitle(), u"Set font colour"_s);
+      accept ? dynamic_cast<QDialog&>(window).accept() : dynamic_cast<QDialog&>(window).reject();
+    });
+    return toolkit.PickColour(u"Set font colour"_s, initial);
+  };
+  EXPECT_EQ(pick(0x336699, true), 0x336699U);
+  EXPECT_EQ(pick(0x336699, false), std::nullopt);
+  const quint32 text = Colours::fromQt(QApplication::palette().color(QPalette::Text));
+  EXPECT_EQ(pick(Colours::systemWindowText, true), text);
+}
+
+TEST(Pointer, OneNormalEndsAnyNumberOfBusyAndLeavesOthersAlone) {
+  QtToolkit toolkit;
+  QGuiApplication::setOverrideCursor(Qt::CrossCursor);
+  toolkit.setPointer(Pointer::Busy);
+  toolkit.setPointer(Pointer::Busy);
+  toolkit.setPointer(Pointer::Background);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
+  toolkit.setPointer(Pointer::Normal);
+  toolkit.setPointer(Pointer::Normal);
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
+  QGuiApplication::restoreOverrideCursor();
+}
+
+TEST(Pointer, IsOrdinaryWhileABoxIsUpAndBusyAgainBehind) {
+  QtToolkit toolkit;
+  toolkit.setPointer(Pointer::Busy);
+  {
+    const WhenModal look([](QWidget& window) {
+      EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+      window.close();
+    });
+    toolkit.MsgBox(u"Disk full"_s, Buttons::RetryCancel);
+  }
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  toolkit.setPointer(Pointer::Normal);
+}
+
+TEST(OpenDocument, TellsFilesFromAddressesAndRefusesWhatIsNotThere) {
+  const ScratchFolder folder;
+  const QString path = folder.path(u"100% done #2.txt"_s);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.close();
+  UrlCatcher catcher;
+  QtToolkit toolkit;
+  EXPECT_TRUE(toolkit.openDocument(path));
+  EXPECT_FALSE(toolkit.openDocument(folder.path(u"missing.txt"_s)));
+  EXPECT_FALSE(toolkit.openDocument(QString()));
+  EXPECT_TRUE(toolkit.openDocument(u"mailto:bugs@example.org?subject=A%20B&body=100%25"_s));
+  ASSERT_EQ(catcher.taken.size(), 2);
+  EXPECT_EQ(catcher.taken[0].toLocalFile(), path);
+  EXPECT_EQ(catcher.taken[1].toEncoded(), "mailto:bugs@example.org?subject=A%20B&body=100%25");
+}
+
+TEST(OpenDocument, KeepsAMailWholeWhoseBodyIsCutInsideAnEscape) {
+  UrlCatcher urls;
+  QtToolkit screen;
+  EXPECT_TRUE(screen.openDocument(u"mailto:bugs2026@x.example?subject=a%20b&body=c%0D%0Ay%2&attachment=\"/l\""_s));
+  ASSERT_EQ(urls.taken.size(), 1);
+  const QByteArray sent = urls.taken.first().toEncoded();
+  EXPECT_TRUE(sent.contains("body=c%0D%0Ay&attachment")) << sent.constData();
+}
+
+TEST(RunProgram, StartsItAndSaysWhenItCouldNot) {
+  const ScratchFolder folder;
+  QtToolkit toolkit;
+  const QString made = folder.path(u"a file"_s);
+  EXPECT_TRUE(toolkit.runProgram(u"touch"_s, {made}, true));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(made); }, 20000));
+  EXPECT_FALSE(toolkit.runProgram(u"/no/such/program"_s, {}, false));
+}
+
+TEST(Clipboard, HoldsPlainText) {
+  QtToolkit toolkit;
+  toolkit.setClipboardText(u"one\r\ntwo"_s);
+  EXPECT_EQ(toolkit.clipboardText(), u"one\r\ntwo"_s);
+}
+
+}  // namespace

@@ -1,0 +1,291 @@
+#include "gui/toolkit/RichTextBox.h"
+
+#include "core/text/Rtf.h"
+#include "core/text/RtfSamples.h"
+#include "gui/toolkit/RichTextDocument.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextList>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray kRtf =
+    "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}{\\colortbl ;\\red255\\green0\\blue0;}\\pard\\fi-200\\li200\\f0\\fs20 "
+    "one \\b two\\b0\\line three\\par\\pard\\qc four \\cf1 five\\cf0\\par}";
+const QString kPlain = u"one two\r\nthree\r\nfour five"_s;
+
+std::unique_ptr<RichTextBox> boxWith(const QByteArray& rtf) {
+  auto box = std::make_unique<RichTextBox>();
+  box->setFont(QFont(u"Arial"_s, 11));
+  box->setTextRTF(rtf);
+  return box;
+}
+
+/// Changes the document and takes the change back, so that the box has to read it anew.
+void touch(RichTextBox& box) {
+  const qsizetype at = box.SelStart();
+  QTest::keyClicks(&box, u"x"_s);
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  box.setSelStart(at);
+}
+
+}  // namespace
+
+TEST(RichTextBox, WhatIsShownComesBackEqual) {
+  QRandomGenerator random(31);
+  for (int i = 0; i < 500; ++i) {
+    const RichText text = randomRichText(random);
+    QTextDocument document;
+    RichTextDocument::fill(document, text);
+    ASSERT_EQ(RichTextDocument::read(document), text);
+  }
+  for (const CorpusFile& file : rtfCorpus()) {
+    RichTextBox box;
+    box.setTextRTF(file.rtf);
+    EXPECT_EQ(box.Text(), rtfToPlainText(file.rtf)) << file.name;
+    EXPECT_EQ(box.TextRTF(), file.rtf);
+    touch(box);
+    EXPECT_EQ(box.richText(), readRtf(file.rtf)) << file.name;
+  }
+}
+
+TEST(RichTextBox, PositionsAreThoseOfThePlainText) {
+  const auto box = boxWith(kRtf);
+  ASSERT_EQ(box->Text(), kPlain);
+  for (qsizetype start = 0; start <= kPlain.size(); ++start) {
+    const bool isInside = start > 0 && start < kPlain.size() && kPlain[start] == u'\n';
+    box->setSelStart(start);
+    EXPECT_EQ(box->SelStart(), isInside ? start - 1 : start);
+    EXPECT_EQ(box->SelLength(), 0);
+  }
+  box->select(4, 12);
+  EXPECT_EQ(box->SelText(), u"two\r\nthree\r\n"_s);
+  EXPECT_EQ(box->SelRichText(), readRtf(kRtf).slice(4, 12));
+  EXPECT_EQ(rtfToPlainText(box->SelRTF()), u"two\r\nthree\r\n"_s);
+  box->select(-5, 1000);
+  EXPECT_EQ(box->SelLength(), kPlain.size());
+}
+
+TEST(RichTextBox, TellsOfEditsAndNotOfLoadsOrMarks) {
+  const auto box = boxWith(kRtf);
+  QSignalSpy spy(box.get(), &RichTextBox::Changed);
+  box->setTextRTF(kRtf);
+  box->setFont(QFont(u"Arial"_s, 14));
+  box->select(0, 3);
+  box->setSelColor(192);
+  box->colourRanges({{4, 3, 0xFF0000}});
+  box->setBackColor(0xFFFF00);
+  EXPECT_EQ(spy.count(), 0);
+  QTest::keyClicks(box.get(), u"a"_s);
+  EXPECT_EQ(spy.count(), 1);
+  box->setSelText(u"b\r\nc"_s);
+  EXPECT_EQ(spy.count(), 2);
+  box->setSelBold(true);
+  box->setSelIndent(100);
+  EXPECT_EQ(spy.count(), 4);
+  box->setRichText(RichText());
+  QTest::keyClicks(box.get(), u"a"_s);
+  EXPECT_EQ(spy.count(), 5) << "a text loaded later is watched too";
+}
+
+TEST(RichTextBox, SelTextTakesTheFormatOfWhatItReplaces) {
+  const auto box = boxWith(kRtf);
+  box->select(4, 3);
+  box->setSelText(u"2\r\nII"_s);
+  EXPECT_EQ(box->Text(), u"one 2\r\nII\r\nthree\r\nfour five"_s);
+  EXPECT_EQ(box->SelStart(), 9);
+  EXPECT_EQ(box->SelLength(), 0);
+  EXPECT_TRUE(box->formatAt(4).bold && box->formatAt(8).bold);
+  EXPECT_FALSE(box->formatAt(3).bold || box->formatAt(11).bold);
+  EXPECT_EQ(box->richText().paragraphFormatAt(8), readRtf(kRtf).paragraphFormatAt(0));
+}
+
+TEST(RichTextBox, FormatsTheSelectionAndNoMore) {
+  const auto box = boxWith(kRtf);
+  box->select(0, 3);
+  EXPECT_EQ(box->SelFontName(), u"Arial"_s);
+  EXPECT_EQ(box->SelFontSize(), 10);
+  EXPECT_FALSE(box->SelBold());
+  EXPECT_EQ(box->SelColor(), std::nullopt);
+  box->setSelBold(true);
+  box->setSelItalic(true);
+  box->setSelUnderline(true);
+  box->setSelColor(0x123456);
+  box->setSelFontName(u"Courier New"_s);
+  box->setSelFontSize(12.5);
+  CharFormat format = readRtf(kRtf).charFormatAt(0);
+  EXPECT_EQ(box->formatAt(3), format);
+  format.bold = format.italic = format.underline = true;
+  format.colour = 0x123456;
+  format.fontName = u"Courier New"_s;
+  format.halfPoints = 25;
+  EXPECT_EQ(box->formatAt(0), format);
+  EXPECT_EQ(box->formatAt(2), format);
+  box->select(0, -1);
+  box->select(0, kPlain.size());
+  box->setSelColor(0x80000008);
+  const RichText text = box->richText();
+  for (qsizetype i = 0; i < text.runCount(); ++i) {
+    EXPECT_EQ(text.run(i).format->colour, std::nullopt) << "the system's colour is the automatic one";
+  }
+}
+
+TEST(RichTextBox, AFontInPixelsHasASizeInPoints) {
+  RichTextBox box;
+  QFont font(u"Arial"_s);
+  font.setPixelSize(20);
+  box.setFont(font);
+  EXPECT_DOUBLE_EQ(box.SelFontSize(), QFontInfo(font).pointSizeF());
+  EXPECT_GT(box.SelFontSize(), 0);
+}
+
+TEST(RichTextBox, TypedTextTakesTheFormatSetAtTheCaret) {
+  RichTextBox box;
+  box.setSelFontName(u"Courier New"_s);
+  box.setSelBold(true);
+  QTest::keyClicks(&box, u"x"_s);
+  EXPECT_TRUE(box.formatAt(0).bold);
+  EXPECT_EQ(box.formatAt(0).fontName, u"Courier New"_s);
+}
+
+TEST(RichTextBox, IndentsCountFromTheFirstLine) {
+  const auto box = boxWith(kRtf);
+  EXPECT_EQ(box->SelIndent(), 0);
+  EXPECT_EQ(box->SelHangingIndent(), 200);
+  box->select(0, kPlain.size());
+  box->setSelIndent(200);
+  box->setSelHangingIndent(-200);
+  const RichText text = box->richText();
+  for (const qsizetype position : {qsizetype(0), text.size()}) {
+    EXPECT_EQ(text.paragraphFormatAt(position).leftIndent, 0);
+    EXPECT_EQ(text.paragraphFormatAt(position).firstIndent, 200);
+  }
+  box->setSelStart(0);
+  EXPECT_EQ(box->SelIndent(), 200);
+  EXPECT_EQ(box->SelHangingIndent(), -200);
+  box->setSelStart(kPlain.size());
+  EXPECT_EQ(box->SelAlignment(), ParagraphFormat::Alignment::Centre);
+  box->setSelAlignment(ParagraphFormat::Alignment::Right);
+  EXPECT_EQ(box->richText().paragraphFormatAt(kPlain.size()).alignment, ParagraphFormat::Alignment::Right);
+  EXPECT_EQ(box->richText().paragraphFormatAt(0).alignment, ParagraphFormat::Alignment::Left);
+}
+
+TEST(RichTextBox, BulletsAreShownCarriedOnAndTakenAway) {
+  RichTextBox box;
+  box.setRichText(RichText::fromPlain(u"one\ntwo"_s, {}, {.leftIndent = 200, .firstIndent = -200, .bullet = true}));
+  const auto bullets = [&box] {
+    const RichText text = box.richText();
+    QList<bool> result;
+    for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
+      const bool isShown = box.document()->findBlockByNumber(static_cast<int>(i)).textList() != nullptr;
+      EXPECT_EQ(text.paragraph(i).format->bullet, isShown);
+      result.append(isShown);
+    }
+    return result;
+  };
+  EXPECT_EQ(bullets(), QList<bool>({true, true}));
+  box.setSelStart(3);
+  QTest::keyClick(&box, Qt::Key_Return);
+  EXPECT_EQ(bullets(), QList<bool>({true, true, true}));
+  box.setSelAlignment(ParagraphFormat::Alignment::Centre);
+  box.setSelIndent(400);
+  EXPECT_EQ(bullets(), QList<bool>({true, true, true}));
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  EXPECT_EQ(bullets(), QList<bool>({true, false, true}));
+  EXPECT_EQ(box.Text(), u"one\r\n\r\ntwo"_s);
+}
+
+TEST(RichTextBox, ColoursManyRangesAndKeepsThePlace) {
+  RichTextBox box;
+  box.resize(300, 100);
+  box.setRichText(RichText::fromPlain(u"some words\n"_s.repeated(400)));
+  box.show();
+  box.select(2400, 5);
+  box.ensureCursorVisible();
+  const int scrolled = box.verticalScrollBar()->value();
+  ASSERT_GT(scrolled, 0);
+  std::vector<RichTextBox::ColouredRange> ranges;
+  for (qsizetype i = 399; i >= 0; --i) {
+    ranges.push_back({i * 12, 4, 192});
+  }
+  box.colourRanges(ranges);
+  EXPECT_EQ(box.SelStart(), 2400);
+  EXPECT_EQ(box.SelLength(), 5);
+  EXPECT_EQ(box.verticalScrollBar()->value(), scrolled);
+  RichText expected = RichText::fromPlain(u"some words\n"_s.repeated(400));
+  for (const auto& range : ranges) {
+    expected.formatCharacters(range.start, range.length, [](CharFormat& format) { format.colour = 192; });
+  }
+  EXPECT_EQ(box.richText(), expected);
+}
+
+TEST(RichTextBox, SpanGrowsTheSelectionToTheEndOfTheWord) {
+  const auto box = boxWith(kRtf);
+  box->select(1, 1);
+  box->Span(u" ,;:.?!"_s, true, true);
+  EXPECT_EQ(box->SelText(), u"ne"_s);
+  box->setSelStart(5);
+  box->Span(u" ,;:.?!"_s, true, true);
+  EXPECT_EQ(box->SelText(), u"wo"_s) << "a word ends with its line";
+  box->Span(u"two "_s, false, false);
+  EXPECT_EQ(box->SelText(), u" two"_s);
+}
+
+TEST(RichTextBox, TheClipboardCarriesPlainText) {
+  const auto box = boxWith(kRtf);
+  box->select(4, 10);
+  box->copy();
+  EXPECT_EQ(QApplication::clipboard()->mimeData()->formats(), QStringList{u"text/plain"_s});
+  EXPECT_EQ(QApplication::clipboard()->text(), u"two\nthree"_s);
+  auto* mixed = new QMimeData;
+  mixed->setHtml(u"<b>bold</b>"_s);
+  mixed->setText(u"a\nb"_s);
+  QApplication::clipboard()->setMimeData(mixed);
+  box->select(0, 3);
+  box->paste();
+  EXPECT_EQ(box->Text(), u"a\r\nb two\r\nthree\r\nfour five"_s);
+  EXPECT_FALSE(box->formatAt(0).bold);
+}
+
+TEST(RichTextBox, LockedTextIsOnlyRead) {
+  const auto box = boxWith(kRtf);
+  box->setLocked(true);
+  QTest::keyClicks(box.get(), u"x"_s);
+  EXPECT_EQ(box->Text(), kPlain);
+  QGuiApplication::clipboard()->setText(u"pasted"_s);
+  box->paste();
+  EXPECT_EQ(box->Text(), kPlain);
+  box->select(0, 3);
+  EXPECT_EQ(box->SelText(), u"one"_s);
+  box->setLocked(false);
+  QTest::keyClicks(box.get(), u"x"_s);
+  EXPECT_EQ(box->Text(), u"x two\r\nthree\r\nfour five"_s);
+}
+
+TEST(RichTextBox, UndoIsLeftToTheWindow) {
+  QWidget window;
+  auto* box = new RichTextBox(&window);
+  QAction undo;
+  undo.setShortcut(QKeySequence::Undo);
+  window.addAction(&undo);
+  QSignalSpy spy(&undo, &QAction::triggered);
+  window.show();
+  box->setFocus();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClicks(box, u"ab"_s);
+  QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(spy.count(), 1);
+  EXPECT_EQ(box->Text(), u"ab"_s);
+}

@@ -1,0 +1,66 @@
+#include "gui/toolkit/cSharedProgress.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QWidget* progressWindow() {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == u"cSharedProgress"_s) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+TEST(Progress, MakesNoWindowUntilItIsShownAndThenShowsTheLatestCaption) {
+  cSharedProgress progress;
+  progress.setCaption(u"Loading Scene 1"_s);
+  progress.setCaption(u"Loading Scene 2"_s);
+  EXPECT_EQ(progressWindow(), nullptr);
+  progress.Show();
+  QWidget* const window = progressWindow();
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_FALSE(window->isModal());
+  auto* const caption = window->findChild<QLabel*>(u"lblCaption"_s);
+  EXPECT_EQ(caption->text(), u"Loading Scene 2"_s);
+  progress.setCaption(u"Scene <3>"_s);
+  EXPECT_EQ(caption->text(), u"Scene <3>"_s);
+  progress.Hide();
+  EXPECT_FALSE(window->isVisible());
+  progress.setCaption(u"behind the scene"_s);
+  progress.Show();
+  EXPECT_EQ(caption->text(), u"behind the scene"_s);
+}
+
+TEST(Progress, TheWindowGoesWithTheObject) {
+  {
+    cSharedProgress progress;
+    progress.Show();
+  }
+  EXPECT_EQ(progressWindow(), nullptr);
+}
+
+TEST(Progress, BearsTheLossOfTheWindowThatItStandsOver) {
+  auto under = std::make_unique<QWidget>();
+  under->show();
+  under->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(under.get(), 20000));
+  cSharedProgress progress;
+  progress.Show();
+  under.reset();
+  EXPECT_EQ(progressWindow(), nullptr);
+  progress.setCaption(u"Loading Scene 9"_s);
+  progress.Hide();
+  progress.Show();
+  EXPECT_NE(progressWindow(), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,156 @@
+#include "gui/toolkit/fSHAREDErrorRpt.h"
+
+#include "core/infra/Paths.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLogging.h"
+#include "support/ScriptedToolkit.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A toolkit on a machine without a mail program or a viewer.
+class NothingOpens : public ScriptedToolkit {
+ public:
+  bool openDocument(const QString& pathOrAddress) override {
+    ScriptedToolkit::openDocument(pathOrAddress);
+    return false;
+  }
+};
+
+class fSHAREDErrorRptTest : public ::testing::Test {
+ protected:
+  fSHAREDErrorRptTest() {
+    Logging().LogEvent(u"100% \u0416"_s, true);
+    window = std::make_unique<fSHAREDErrorRpt>(ErrorReport::about(u"Error 61 - Disk full"_s), u"saving"_s);
+    window->show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  }
+
+  QPushButton* button(const QString& name) { return window->findChild<QPushButton*>(name); }
+  QPlainTextEdit* text(const QString& name) { return window->findChild<QPlainTextEdit*>(name); }
+  void click(const QString& name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+
+  std::unique_ptr<fSHAREDErrorRpt> window;
+};
+
+}  // namespace
+
+TEST_F(fSHAREDErrorRptTest, OpensWithTheErrorAlone) {
+  EXPECT_EQ(window->windowTitle(), u"Error Reporter"_s);
+  EXPECT_EQ(window->findChild<QLabel*>(u"lblError"_s)->text(), u"An error has ocurred:"_s);
+  EXPECT_EQ(text(u"txtError"_s)->toPlainText(), u"Error 61 - Disk full"_s);
+  EXPECT_TRUE(text(u"txtLog"_s)->toPlainText().endsWith(u"100% \u0416\n"_s));
+  EXPECT_FALSE(text(u"txtLog"_s)->isVisible());
+  EXPECT_FALSE(text(u"txtUserMessage"_s)->isVisible());
+  EXPECT_EQ(button(u"cmdViewReport"_s)->toolTip(), u"If 'Submit Error' doesn't work, click here"_s);
+  for (const auto& [name, caption] :
+       {std::pair(u"cmdShowComments"_s, u"Enter Comments"_s), std::pair(u"cmdViewLog"_s, u"View Log File"_s),
+        std::pair(u"cmdEmail"_s, u"Submit Error Report"_s), std::pair(u"cmdViewReport"_s, u"View Error Report"_s),
+        std::pair(u"cmdExit"_s, u"Exit"_s)}) {
+    EXPECT_EQ(button(name)->text(), caption);
+  }
+}
+
+TEST_F(fSHAREDErrorRptTest, FramesAreShownOnce) {
+  click(u"cmdShowComments"_s);
+  EXPECT_TRUE(text(u"txtUserMessage"_s)->isVisible());
+  EXPECT_FALSE(button(u"cmdShowComments"_s)->isEnabled());
+  EXPECT_EQ(window->focusWidget(), text(u"txtUserMessage"_s));
+  EXPECT_EQ(window->findChild<QGroupBox*>(u"fraUserMessage"_s)->title(), u"Enter your own comments here"_s);
+  click(u"cmdViewLog"_s);
+  EXPECT_TRUE(text(u"txtLog"_s)->isVisible());
+  EXPECT_FALSE(button(u"cmdViewLog"_s)->isEnabled());
+}
+
+TEST_F(fSHAREDErrorRptTest, TheMailCarriesWhatTheUserTyped) {
+  ScriptedToolkit person;
+  click(u"cmdEmail"_s);
+  click(u"cmdShowComments"_s);
+  QTest::keyClicks(text(u"txtUserMessage"_s), u"help"_s);
+  click(u"cmdEmail"_s);
+  ASSERT_EQ(person.openedDocuments.size(), 2);
+  EXPECT_FALSE(person.openedDocuments[0].contains(u"User: "_s));
+  EXPECT_TRUE(person.openedDocuments[1].startsWith(u"mailto:bugs"_s));
+  EXPECT_TRUE(person.openedDocuments[1].contains(u"User: help%0D%0AError 61 - Disk full%0D%0A%0D%0A"_s));
+}
+
+TEST_F(fSHAREDErrorRptTest, TheReportIsWrittenAndOpened) {
+  ScriptedToolkit person;
+  click(u"cmdViewReport"_s);
+  const QString path = Paths::temporaryFolder() + u"FullLog.txt"_s;
+  EXPECT_EQ(person.openedDocuments, QStringList(path));
+  QByteArray report;
+  ASSERT_TRUE(Files().LoadTextFile(path, report));
+  EXPECT_TRUE(report.contains("\r\n\r\nError 61 - Disk full\r\n\r\n1 "));
+  EXPECT_TRUE(report.endsWith("100% %u0416\r\n"));
+  Files().EraseFile(path);
+}
+
+TEST_F(fSHAREDErrorRptTest, TheReportFollowsNoLink) {
+  const QString usual = Paths::temporaryFolder() + u"FullLog.txt"_s;
+  const QString kept = Paths::temporaryFolder() + u"kept.txt"_s;
+  ASSERT_TRUE(Files().WriteTextFile(kept, QByteArray("precious")));
+  ASSERT_TRUE(QFile::link(kept, usual));
+  ScriptedToolkit person;
+  click(u"cmdViewReport"_s);
+  QByteArray content;
+  Files().LoadTextFile(kept, content);
+  EXPECT_EQ(content, "precious");
+  ASSERT_EQ(person.openedDocuments.size(), 1);
+  ASSERT_TRUE(Files().LoadTextFile(person.openedDocuments[0], content));
+  EXPECT_TRUE(content.contains("Disk full"));
+  for (const QString& path : {usual, kept, person.openedDocuments[0]}) {
+    Files().EraseFile(path);
+  }
+  Files().EraseFolder(Files().PathOnly(person.openedDocuments[0]));
+}
+
+TEST_F(fSHAREDErrorRptTest, WhatCannotBeOpenedIsToldInTheWindow) {
+  NothingOpens person;
+  auto* const notice = window->findChild<QLabel*>(u"lblNotice"_s);
+  EXPECT_FALSE(notice->isVisible());
+  click(u"cmdEmail"_s);
+  EXPECT_TRUE(notice->isVisible());
+  EXPECT_EQ(window->focusWidget(), button(u"cmdViewReport"_s));
+  click(u"cmdViewReport"_s);
+  EXPECT_TRUE(notice->text().contains(u"FullLog.txt"_s));
+  click(u"cmdHelp"_s);
+  EXPECT_TRUE(person.openedDocuments.constLast().endsWith(u"#saving"_s));
+  EXPECT_TRUE(person.errorReports.isEmpty());
+  Files().EraseFile(Paths::temporaryFolder() + u"FullLog.txt"_s);
+}
+
+TEST_F(fSHAREDErrorRptTest, OnlyTheWindowsOwnControlIsACancel) {
+  click(u"cmdExit"_s);
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_FALSE(window->Cancelled());
+  window->show();
+  window->close();
+  EXPECT_TRUE(window->Cancelled());
+}
+
+TEST(fSHAREDErrorRpt, AFailureInsideItOpensNoSecondOne) {
+  Logging().WriteActionsToLog();
+  QString logged;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* const reporter = QApplication::activeModalWidget();
+    ASSERT_NE(reporter, nullptr);
+    fSHAREDErrorRpt::run(u"second"_s, {});
+    logged = Logging().CurrentAction();
+    reporter->close();
+  });
+  fSHAREDErrorRpt::run(u"first"_s, {});
+  EXPECT_EQ(logged, u"DBG: second in ShowErr of module fSHAREDErrorRpt"_s);
+}

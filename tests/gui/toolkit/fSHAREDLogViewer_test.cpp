@@ -1,0 +1,38 @@
+#include "gui/toolkit/fSHAREDLogViewer.h"
+
+#include "core/infra/Paths.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLogging.h"
+
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(fSHAREDLogViewer, ShowsTheLogToItsLastEventAndFollowsTheWindow) {
+  Logging().LogEvent(u"Starting Application"_s, true);
+  Logging().AddAction(u"queued \u0416"_s);
+  QPointer<fSHAREDLogViewer> viewer = fSHAREDLogViewer::open(nullptr);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(viewer));
+  auto* const text = viewer->findChild<QPlainTextEdit*>(u"txtLog"_s);
+  EXPECT_EQ(viewer->windowTitle(), Paths::programFolder() + u"log.txt"_s);
+  EXPECT_TRUE(text->toPlainText().startsWith(u"1 "_s));
+  EXPECT_TRUE(text->toPlainText().endsWith(u"queued \u0416\n"_s));
+  EXPECT_TRUE(text->isReadOnly());
+  viewer->resize(700, 500);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(text->size(), QSize(700, 500));
+  viewer->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(viewer.isNull());
+}
+
+TEST(fSHAREDLogViewer, IsEmptyWithoutALog) {
+  Logging().WriteActionsToLog();
+  Files().EraseFile(Paths::programFolder() + u"log.txt"_s);
+  const fSHAREDLogViewer viewer;
+  EXPECT_EQ(viewer.findChild<QPlainTextEdit*>(u"txtLog"_s)->toPlainText(), QString());
+}

@@ -1,0 +1,86 @@
+// The list of words: what it shows, how a click on a title sorts it, and how the editor opens it.
+
+#include "gui/views/frmWordCount.h"
+
+#include "core/infra/clsHashTable.h"
+#include "core/text/modWordcount.h"
+#include "gui/editor/EditorWindow.h"
+
+#include <QAbstractItemModel>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPointer>
+#include <QTest>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString shownIn(const frmWordCount& form) {
+  const QAbstractItemModel& rows = *form.findChild<QTreeView*>(u"ListView1"_s)->model();
+  QStringList shown;
+  for (int row = 0; row < rows.rowCount(); ++row) {
+    shown += rows.index(row, 0).data().toString() + u' ' + rows.index(row, 1).data().toString();
+  }
+  return shown.join(u", "_s);
+}
+
+QString sumsOf(const frmWordCount& form) {
+  return form.findChild<QLabel*>(u"lblInfo"_s)->text();
+}
+
+void clickTitle(const frmWordCount& form, int column) {
+  QHeaderView* const header = form.findChild<QTreeView*>(u"ListView1"_s)->header();
+  const QPoint at(header->sectionViewportPosition(column) + header->sectionSize(column) / 3, header->height() / 2);
+  QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
+}
+
+TEST_F(EditorTest, WordsStandInTheOrderOfTheTableOrByCountAndATitleSortsThem) {
+  clsHashTable table;
+  BreakAndHash(table, u"zebra apple apple. Éclair egg egg egg eleven-egg zebra sea"_s);
+  frmWordCount form;
+  form.FillForm(table);
+  EXPECT_EQ(shownIn(form), u"Zebra 2, Apple 2, Éclair 1, Egg 4, Eleven 1, Sea 1"_s);
+  EXPECT_EQ(sumsOf(form), u"Total words: 11 Unique: 6"_s);
+  form.FillForm(table, true);
+  EXPECT_EQ(shownIn(form), u"Egg 4, Zebra 2, Apple 2, Éclair 1, Eleven 1, Sea 1"_s);
+  EXPECT_EQ(toolkit.pointer, Pointer::Normal);
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+  auto& list = *form.findChild<QTreeView*>(u"ListView1"_s);
+  list.setCurrentIndex(list.model()->index(0, 0));
+  clickTitle(form, 1);
+  EXPECT_TRUE(shownIn(form).endsWith(u"Zebra 2, Apple 2, Egg 4"_s));
+  EXPECT_EQ(list.currentIndex().data(), u"Egg"_s) << "the selection stays with its word";
+  clickTitle(form, 1);
+  EXPECT_TRUE(shownIn(form).startsWith(u"Egg 4, Zebra 2"_s)) << "by number, not by digits";
+  clickTitle(form, 0);
+  EXPECT_TRUE(shownIn(form).startsWith(u"Apple 2, "_s) && shownIn(form).endsWith(u"Zebra 2"_s));
+  const QHeaderView& header = *list.header();
+  EXPECT_TRUE(header.sortIndicatorSection() == 0 && header.sortIndicatorOrder() == Qt::AscendingOrder);
+  clickTitle(form, 0);
+  EXPECT_TRUE(shownIn(form).startsWith(u"Zebra 2, "_s) && shownIn(form).endsWith(u"Apple 2"_s));
+}
+
+TEST_F(EditorTest, ShowsTheWordUsageOfTheTextAsItStandsInTheWindow) {
+  frmEditor* const editor = open();
+  type(*editor, u" Two. ten times ten don't"_s);
+  trigger(*editor, "mnuTop20");
+  const QPointer<frmWordCount> form = editor->findChild<frmWordCount*>();
+  ASSERT_NE(form, nullptr);
+  EXPECT_TRUE(form->isModal());
+  EXPECT_TRUE(shownIn(*form).startsWith(u"Two 2, Ten 2, "_s)) << shownIn(*form);
+  EXPECT_TRUE(shownIn(*form).contains(u"Don’t 1"_s));
+  EXPECT_EQ(sumsOf(*form), u"Total words: 8 Unique: 6"_s);
+  QTest::keyClick(form, Qt::Key_Escape);
+  deleteUnloaded();
+  EXPECT_EQ(form, nullptr);
+  scene(2)->setTextRTF({});
+  frmEditor* const other = open(2);
+  trigger(*other, "mnuTop20");
+  const frmWordCount* const empty = other->findChild<frmWordCount*>();
+  EXPECT_EQ(empty == nullptr ? QString() : sumsOf(*empty), u"Total words: 0 Unique: 0"_s);
+}
+
+}  // namespace
