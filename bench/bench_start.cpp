@@ -50,7 +50,7 @@ class Display {
     root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
   }
 
-  /// True when a window whose title begins so is on the screen and something has been painted in its middle.
+  /// True when a window with this in its title is on the screen and something has been painted in its middle.
   bool shows(const std::string& title) const {
     const Owned<xcb_query_tree_reply_t> tree{
         xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr)};
@@ -60,7 +60,7 @@ class Display {
     const xcb_window_t* const children = xcb_query_tree_children(tree.reply);
     const int count = xcb_query_tree_children_length(tree.reply);
     return std::any_of(children, children + count,
-                       [&](xcb_window_t window) { return titleOf(window).rfind(title, 0) == 0 && isPainted(window); });
+                       [&](xcb_window_t window) { return titleOf(window).find(title) != std::string::npos && isPainted(window); });
   }
 
  private:

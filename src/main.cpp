@@ -1,12 +1,11 @@
 #include "Version.h"
 #include "core/infra/Maker.h"
-#include "gui/editor/frmEditor.h"
 #include "gui/shell/life/GuardedApplication.h"
+#include "gui/shell/life/InstanceCheck.h"
+#include "gui/shell/life/RegisterWindows.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/QtToolkit.h"
-
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +14,20 @@ namespace {
 /// Everything behind the program's name is one path; a shell may have parted it at its blanks.
 QString commandLine() {
   return QCoreApplication::arguments().mid(1).join(u' ');
+}
+
+int run() {
+  InstanceCheck instance;
+  if (!Form_Initialize(instance)) {
+    return 0;
+  }
+  frmMain main(commandLine());
+  main.Form_Load();
+  if (main.Closing) {
+    return 0;
+  }
+  main.show();
+  return QCoreApplication::exec();
 }
 
 }  // namespace
@@ -36,20 +49,9 @@ int main(int argc, char** argv) {
 
   QtToolkit screen;
   installToolkit(&screen);
-  registerSceneEditor();
-  int result = 0;
-  {
-    frmMain main(commandLine());
-    if (main.Form_Initialize()) {
-      main.Form_Load();
-      if (!main.Closing) {
-        main.show();
-        // Drawn in many sizes, so not before there is something to see.
-        QTimer::singleShot(100, &main, [] { QGuiApplication::setWindowIcon(icon("quillane")); });
-        result = QCoreApplication::exec();
-      }
-    }
-  }
+  registerWindows();
+  QGuiApplication::setWindowIcon(icon("quillane"));
+  const int result = run();
   installToolkit(nullptr);
   return result;
 }

@@ -9,12 +9,22 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString manual() {
+  return Paths::installed(u"Help/index.html"_s);
+}
+
+}  // namespace
+
 namespace HelpFile {
 
+bool isInstalled() {
+  return Files().FileExists(manual());
+}
+
 QString address(const QString& topic) {
-  const QString file = Paths::installed(u"Help/index.html"_s);
-  QUrl url =
-      Files().FileExists(file) ? QUrl::fromLocalFile(file) : QUrl(QLatin1String(Maker::kWebAddress) + u"/help"_s);
+  QUrl url = isInstalled() ? QUrl::fromLocalFile(manual()) : QUrl(QLatin1String(Maker::kWebAddress) + u"/help"_s);
   if (!topic.isEmpty()) {
     url.setFragment(topic);
   }

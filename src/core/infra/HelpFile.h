@@ -2,10 +2,13 @@
 
 #include <QString>
 
-/// The program's help: the installed help file where there is one, else the maker's help page.
+/// The program's help. Where no manual is installed, nothing should offer it.
 namespace HelpFile {
 
-/// The address that opens the help at a topic; an empty topic is its first page.
+bool isInstalled();
+
+/// The address that opens the manual at a topic, an empty one being its first page; the maker's help page where no
+/// manual is installed.
 QString address(const QString& topic = {});
 /// False when nothing could be opened.
 bool open(const QString& topic = {});

@@ -47,7 +47,14 @@ bool isSeparator(QChar character) {
   return character == u'\\' || character == u'/';
 }
 
+bool isOwnForm(QStringView path) {
+  return separator() == u'/' && path.startsWith(u'/') && !path.startsWith(u"//");
+}
+
 QString native(const QString& path) {
+  if (isOwnForm(path)) {
+    return path;
+  }
   QString result = path;
   return result.replace(separator() == u'/' ? u'\\' : u'/', separator());
 }

@@ -10,7 +10,10 @@ namespace Paths {
 QChar separator();
 /// On reading both slashes part a path: old projects hold paths of another platform.
 bool isSeparator(QChar character);
-/// The text with both slashes turned to the platform's separator.
+/// Whether a path can only be the platform's own, in which a backslash is a letter of a name: a full path where
+/// "/" parts.
+bool isOwnForm(QStringView path);
+/// The path with both slashes turned to the platform's separator, unless it is in the platform's own form.
 QString native(const QString& path);
 
 /// The folder of the program's own data, with a trailing separator: the folder of the executable when it can

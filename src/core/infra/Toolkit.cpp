@@ -14,9 +14,14 @@ class SilentProgress : public ProgressWindow {
 class SilentToolkit : public Toolkit {
  public:
   Answer MsgBox(const QString&, Buttons buttons) override {
-    return buttons == Buttons::Ok                                         ? Answer::Ok
-           : buttons == Buttons::YesNo || buttons == Buttons::YesNoOrBack ? Answer::No
-                                                                          : Answer::Cancel;
+    switch (buttons) {
+      case Buttons::Ok:
+        return Answer::Ok;
+      case Buttons::RetryCancel:
+        return Answer::Cancel;
+      default:
+        return Answer::No;
+    }
   }
   QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
   QString OpenFileDialog(const FileQuestion&) override { return {}; }

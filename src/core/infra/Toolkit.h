@@ -14,8 +14,9 @@ class ProgressWindow {
   virtual void setCaption(const QString& caption) = 0;
 };
 
-/// YesNoOrBack shows Yes and No; closing the box without a choice is Cancel, so that neither is taken for it.
-enum class Buttons { Ok, YesNo, YesNoOrBack, RetryCancel };
+/// NoUnlessYes is YesNo in which Enter says No. YesNoOrBack shows Yes and No; closing the box without a choice is
+/// Cancel, so that neither is taken for it.
+enum class Buttons { Ok, YesNo, NoUnlessYes, YesNoOrBack, RetryCancel };
 enum class Answer { Ok, Yes, No, Retry, Cancel };
 enum class Pointer { Normal, Busy, Background };
 

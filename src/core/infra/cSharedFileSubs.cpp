@@ -14,6 +14,9 @@ namespace {
 
 /// The position of the last separator, -1 when there is none.
 qsizetype lastSeparator(QStringView path) {
+  if (Paths::isOwnForm(path)) {
+    return path.lastIndexOf(Paths::separator());
+  }
   for (qsizetype i = path.size(); i-- > 0;) {
     if (Paths::isSeparator(path[i])) {
       return i;
@@ -31,7 +34,7 @@ qsizetype nextSeparator(QStringView path, qsizetype from) {
 }
 
 bool endsInSeparator(QStringView path) {
-  return !path.isEmpty() && Paths::isSeparator(path.back());
+  return !path.isEmpty() && lastSeparator(path) == path.size() - 1;
 }
 
 bool isNetworkPath(QStringView path) {

@@ -237,7 +237,3 @@ void frmEditor::closeEvent(QCloseEvent* event) {
   }
   event->setAccepted(leaving_);
 }
-
-void registerSceneEditor() {
-  sceneEditorFactory() = [] { return new frmEditor; };
-}

@@ -94,6 +94,3 @@ class frmEditor : public QMainWindow, public SceneEditor {
   DescriptionTab* description_ = nullptr;
   EditorStatusBar* StatusBar1 = nullptr;
 };
-
-/// From now on scenes are edited in these windows.
-void registerSceneEditor();

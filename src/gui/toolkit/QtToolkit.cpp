@@ -34,6 +34,8 @@ BoxKind kindOf(Buttons buttons) {
   switch (buttons) {
     case Buttons::YesNo:
       return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+    case Buttons::NoUnlessYes:
+      return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No};
     case Buttons::YesNoOrBack:
       return {QMessageBox::Question, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
               QMessageBox::Cancel};

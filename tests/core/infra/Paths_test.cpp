@@ -15,6 +15,21 @@ TEST(Paths, BothSlashesBecomeThePlatformsOwn) {
   EXPECT_FALSE(Paths::isSeparator(u':'));
 }
 
+TEST(Paths, ABackslashIsALetterInAFullPathWhereSlashesPart) {
+  if (Paths::separator() != u'/') {
+    GTEST_SKIP();
+  }
+  const QString own = u"/home/me/Yes\\No/a\\b.qn4"_s;
+  EXPECT_EQ(Paths::native(own), own);
+  EXPECT_EQ(Files().FileOnly(own), u"a\\b.qn4"_s);
+  EXPECT_EQ(Files().PathOnly(own), u"/home/me/Yes\\No/"_s);
+  EXPECT_EQ(Files().AddSlashIfMissing(u"/home/Yes\\"_s), u"/home/Yes\\/"_s);
+  for (const QString& old : {u"C:\\a\\b.qn4"_s, u"RTF\\b.qn4"_s, u"//server\\share\\b.qn4"_s}) {
+    EXPECT_EQ(Files().FileOnly(old), u"b.qn4"_s) << old;
+    EXPECT_FALSE(Paths::native(old).contains(u'\\')) << old;
+  }
+}
+
 TEST(Paths, FoldersEndInASeparator) {
   for (const QString& folder :
        {Paths::programFolder(), Paths::executableFolder(), Paths::documentsFolder(), Paths::temporaryFolder()}) {

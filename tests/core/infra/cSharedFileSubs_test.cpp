@@ -300,7 +300,7 @@ TEST(cSharedFileSubs, LinesAreCountedAtEveryKindOfEnd) {
 
 TEST(cSharedFileSubs, FoldersAreMadeLevelByLevel) {
   const ScratchFolder folder;
-  const QString deep = folder.path(u"a\\b/c\\"_s);
+  const QString deep = folder.path(u"a/b/c/"_s);
   EXPECT_FALSE(Files().MkMissingDir(u"  "_s));
   EXPECT_FALSE(Files().MkMissingDirNoRecurse(deep)) << "the levels above are missing";
   EXPECT_TRUE(Files().MkMissingDir(deep));

@@ -6,6 +6,7 @@
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/shell/life/RegisterWindows.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/SampleProject.h"
 
@@ -35,7 +36,7 @@ void EditorTest::SetUp() {
   Settings().DeleteAllSettings();
   LastEditorLeft = 0;
   LastEditorTop = 0;
-  registerSceneEditor();
+  registerWindows();
   saveSmallProject(folder.path(u"Small/"_s));
   g_SceneChanges.ResetChangedByArea(1);
 }

@@ -7,6 +7,7 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/shell/life/RegisterWindows.h"
 #include "support/SampleProject.h"
 
 #include <QAction>
@@ -26,7 +27,7 @@ QString settingsPath() {
 }  // namespace
 
 void ShellTest::SetUp() {
-  registerSceneEditor();
+  registerWindows();
   Settings().DeleteAllSettings();
   QFile::remove(settingsPath());
   QFile::remove(Paths::programFolder() + u"log.txt"_s);
@@ -72,9 +73,7 @@ frmMain& ShellTest::start(const QString& commandLine) {
   window_.reset();
   window_ = std::make_unique<frmMain>(commandLine);
   window_->endProcess = [this] { ++ended; };
-  if (window_->Form_Initialize()) {
-    window_->Form_Load();
-  }
+  window_->Form_Load();
   if (!window_->Closing) {
     window_->show();
     // Only the active window hears keys.

@@ -5,12 +5,10 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
-#include "gui/shell/commands/RecentProjects.h"
 #include "gui/shell/commands/modCreateProject.h"
-#include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/frmMain.h"
-#include "gui/toolkit/InputShield.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,96 +24,15 @@ bool conversionWanted(const QString& path) {
 
 }  // namespace
 
-void ProjectCommands::LoadProject(const QString& Path, bool ShowProgress) {
-  // Written at once, so that the list outlives a crash; as it stands already at most starts, it is left alone then.
-  RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
-  if (!readProject(Path, ShowProgress)) {
-    showEmptyProject();
-    toolkit().DoEvents();
-    return;
-  }
-  main_.EnableMenus();
-  main_.RefreshAll();
-  main_.ProjectChanged = false;
-}
-
-// The lists go first: their rows stand for what is cleared while the windows repaint.
-bool ProjectCommands::readProject(const QString& path, bool showProgress) {
-  main_.StopScanTimer();
-  main_.panes().ClearLists();
-  const InputShield shield;
-  return g_Project->Load(path, showProgress);
-}
-
-void ProjectCommands::showEmptyProject() {
-  // Scenes that were open give up their locks.
-  g_Project->Clear();
-  g_Project = std::make_unique<clsProject>();
-  main_.DisableMenus();
-  main_.panes().ClearLists();
-  main_.RefreshAll();
-  main_.ProjectChanged = false;
-}
-
-void ProjectCommands::SaveProject(bool ShowProgress) {
-  main_.StopScanTimer();
-  main_.ProjectChanged = false;
-  const InputShield shield;
-  if (g_Project->SaveQN4(ShowProgress)) {
-    AddToRecent(g_Project->FileWithPath);
-  }
-  main_.StartScanTimer();
-}
-
-bool ProjectCommands::isChanged() const {
-  return main_.ProjectChanged || g_Project->EditedSinceSave;
-}
-
-void ProjectCommands::saveIfChanged() {
-  if (isChanged()) {
-    SaveProject(false);
-  }
-}
-
-bool ProjectCommands::mayReplaceProject() {
-  if (main_.ProjectChanged || g_Project->HoldsUnsaved()) {
-    SaveProject(false);
-  }
-  return !g_Project->HoldsUnsaved() ||
-         toolkit().MsgBox(
-             u"The project could not be saved whole. What isn't saved is lost if you go on. Do you want to go on?"_s,
-             Buttons::YesNo) == Answer::Yes;
-}
-
-void ProjectCommands::AddToRecent(const QString& Path) {
-  RecentProjects::AddToRecent(Path);
-  UpdateRecent();
-}
-
-void ProjectCommands::UpdateRecent() {
-  QList<MenuElement> elements;
-  for (const QString& path : RecentProjects::existing()) {
-    elements.append({RecentProjects::captionOf(path), path});
-  }
-  main_.menus().loadElements(u"mnuRecent"_s, elements);
-  // Element 0 only says that there is nothing yet.
-  main_.menus().setVisible(u"mnuRecent(0)"_s, elements.isEmpty());
-}
-
-bool ProjectCommands::CloseProject() {
-  if (isChanged() && main_.refusedWhileEditing()) {
-    return true;
-  }
-  if (!mayReplaceProject()) {
-    return false;
-  }
-  showEmptyProject();
-  return true;
-}
-
-void ProjectCommands::setMenusByProject() {
-  // A book whose save was given up has no file and can still be saved.
-  g_Project->FileWithPath.isEmpty() && g_Project->IsEmpty() ? main_.DisableMenus() : main_.EnableMenus();
+void ProjectCommands::bind(MenuBindings& menu) {
+  menu.bind("mnuLoadProj", [this] { mnuLoadProj_Click(); });
+  menu.bind("mnuRecent", [this](const MenuChoice& chosen) { mnuRecent_Click(chosen.tag.toString()); });
+  menu.bind("mnuSaveProj", [this] { mnuSaveProj_Click(); });
+  menu.bind("mnuSaveAs", [this] { mnuSaveAs_Click(); });
+  menu.bind("mnuCloseProject", [this] { mnuCloseProject_Click(); });
+  menu.bind("mnuNewProj", [this] { mnuNewProj_Click(); });
+  menu.bind("mnuAppendProject", [this] { mnuAppendProject_Click(); });
+  menu.bind("mnuSaveToSingleFile", [this] { mnuSaveToSingleFile_Click(); });
 }
 
 // Whoever opens a project by hand is not asked about updates in this run.
@@ -124,20 +41,20 @@ void ProjectCommands::mnuLoadProj_Click() {
     return;
   }
   main_.stopUpdateCheck();
-  if (!mayReplaceProject()) {
+  if (!main_.session().mayReplaceProject()) {
     return;
   }
   main_.StopScanTimer();
   const QString path =
       toolkit().OpenFileDialog({u"Open"_s, u"*.qn3;*.qn4;*.qnc4"_s, QString(), Paths::documentsFolder()});
   if (!path.isEmpty() && conversionWanted(path)) {
-    LoadProject(path, true);
+    main_.LoadProject(path, true);
   }
   if (g_Project->FileWithPath.isEmpty()) {
     main_.RefreshAll();
   }
-  setMenusByProject();
-  UpdateRecent();
+  main_.session().setMenusByProject();
+  main_.session().UpdateRecent();
   main_.StartScanTimer();
 }
 
@@ -146,12 +63,12 @@ void ProjectCommands::mnuRecent_Click(const QString& Path) {
     return;
   }
   main_.stopUpdateCheck();
-  if (!mayReplaceProject()) {
+  if (!main_.session().mayReplaceProject()) {
     return;
   }
   main_.StopScanTimer();
-  LoadProject(Path, true);
-  setMenusByProject();
+  main_.LoadProject(Path, true);
+  main_.session().setMenusByProject();
   main_.StartScanTimer();
 }
 
@@ -159,14 +76,14 @@ void ProjectCommands::mnuSaveProj_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
-  SaveProject(true);
+  main_.SaveProject(true);
 }
 
 void ProjectCommands::mnuSaveAs_Click() {
   main_.StopScanTimer();
   main_.ProjectChanged = false;
   if (g_Project->SaveAs()) {
-    AddToRecent(g_Project->FileWithPath);
+    main_.session().AddToRecent(g_Project->FileWithPath);
   }
   main_.StartScanTimer();
 }
@@ -175,14 +92,14 @@ void ProjectCommands::mnuCloseProject_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
-  CloseProject();
+  main_.session().CloseProject();
 }
 
 void ProjectCommands::mnuNewProj_Click() {
   if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
-  if (!mayReplaceProject()) {
+  if (!main_.session().mayReplaceProject()) {
     return;
   }
   main_.StopScanTimer();

@@ -14,6 +14,10 @@
 
 using namespace Qt::StringLiterals;
 
+void StatisticsCommands::bind(MenuBindings& menu) {
+  menu.bind("mnuWordUsageCount", [this] { mnuWordUsageCount_Click(); });
+}
+
 void StatisticsCommands::mnuWordUsageCount_Click() {
   if (g_Project->IsBusy()) {
     return;

@@ -1,15 +1,19 @@
 #pragma once
 
+#include "gui/shell/main/MenuBindings.h"
+
 class frmMain;
 
 /// The commands that count over the whole story.
-class StatisticsCommands {
+class StatisticsCommands : public CommandGroup {
  public:
   explicit StatisticsCommands(frmMain& main) : main_(main) {}
 
+  void bind(MenuBindings& menu) override;
+
+ private:
   /// How often each word is used in all scenes, unused ones too.
   void mnuWordUsageCount_Click();
 
- private:
   frmMain& main_;
 };

@@ -1,6 +1,7 @@
 #include "gui/shell/life/InstanceCheck.h"
 
 #include "core/infra/Paths.h"
+#include "core/infra/Toolkit.h"
 
 #include <QDir>
 #include <QFile>
@@ -30,22 +31,46 @@ QString InstanceCheck::lockPath() {
 #ifdef Q_OS_UNIX
 
 // The system's own lock goes with the process however that ends, and nothing has to reach the disk for it. The file
-// stays: taking it away would open a gap in which two instances hold two files of the same name.
+// stays: taking it away would open a gap in which two copies hold two files of the same name.
 bool InstanceCheck::acquire() {
   file_ = std::make_unique<QFile>(lockPath());
   if (!file_->open(QIODevice::ReadWrite)) {
     return true;
   }
-  return ::flock(file_->handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  const bool alone = ::flock(file_->handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  ::flock(file_->handle(), LOCK_SH | LOCK_NB);
+  return alone;
 }
 
 #else
 
+// Such a lock has no shares: each copy holds one of a row of files.
 bool InstanceCheck::acquire() {
-  lock_ = std::make_unique<QLockFile>(lockPath());
-  // Age says nothing about a program that runs all day; a dead process's lock is found out by its number.
-  lock_->setStaleLockTime(0);
-  return lock_->tryLock() || lock_->error() != QLockFile::LockFailedError;
+  constexpr int kCopies = 16;
+  bool alone = true;
+  for (int copy = 1; copy <= kCopies; ++copy) {
+    auto lock = std::make_unique<QLockFile>(lockPath() + (copy == 1 ? QString() : QString::number(copy)));
+    // Age says nothing about a program that runs all day; a dead process's lock is found out by its number.
+    lock->setStaleLockTime(0);
+    const bool taken = !lock->tryLock() && lock->error() == QLockFile::LockFailedError;
+    alone = alone && !taken;
+    if (!taken && !lock_) {
+      lock_ = std::move(lock);
+    }
+  }
+  return alone;
 }
 
 #endif
+
+bool Form_Initialize(InstanceCheck& instance) {
+  if (instance.acquire()) {
+    return true;
+  }
+  if (toolkit().MsgBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s,
+                       Buttons::NoUnlessYes) != Answer::Yes) {
+    return false;
+  }
+  toolkit().MsgBox(u"Warning: If you open the same project twice, the last one you close will be the one saved."_s);
+  return true;
+}

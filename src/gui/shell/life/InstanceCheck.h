@@ -7,14 +7,14 @@
 class QFile;
 class QLockFile;
 
-/// Tells whether this user runs the program already. The lock goes with the object, and with a process that
-/// crashed.
+/// Tells whether this user runs the program already. Each copy holds a share of the lock, which goes with the object,
+/// and with a process that crashed: whoever comes while any copy runs is told so.
 class InstanceCheck {
  public:
   InstanceCheck();
   ~InstanceCheck();
 
-  /// False when another instance holds the lock. A place where no lock can be made counts as free.
+  /// Takes a share. False when another copy holds one too. A place where no lock can be made counts as free.
   bool acquire();
   /// The lock file's full path, one for each user.
   static QString lockPath();
@@ -24,3 +24,6 @@ class InstanceCheck {
   std::unique_ptr<QFile> file_;
   std::unique_ptr<QLockFile> lock_;
 };
+
+/// The question to whom a copy runs already, before any window is built. False when the process is to end at once.
+bool Form_Initialize(InstanceCheck& instance);

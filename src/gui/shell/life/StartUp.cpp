@@ -1,10 +1,12 @@
 #include "gui/shell/life/StartUp.h"
 
 #include "core/infra/Clock.h"
+#include "core/infra/HelpFile.h"
 #include "core/infra/HelperLibrary.h"
 #include "core/infra/Maker.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
+#include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSHAREDSubs.h"
@@ -12,8 +14,10 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "gui/shell/commands/Commands.h"
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/InterfaceFont.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/PaneLayout.h"
@@ -26,6 +30,7 @@
 #include "gui/views/ListView.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -47,7 +52,27 @@ double fractionSetting(const QString& key, double byDefault) {
   return stored > 0 && stored < 1 ? stored : byDefault;
 }
 
+/// The file that a command line means: as it stands when there is such a file, for quotes and the other slash are
+/// letters of a name on some systems; else without its quotes and with both slashes parting it.
+QString pathOf(const QString& commandLine) {
+  return QFileInfo::exists(commandLine) ? commandLine : Paths::native(QString(commandLine).remove(u'"'));
+}
+
 }  // namespace
+
+void frmMain::Form_Load() {
+  QString failure;
+  try {
+    ::addCommands(*this);
+    StartUp(*this).run();
+    return;
+  } catch (const RuntimeError& error) {
+    failure = QString::number(error.number()) + u" in Form_Load - "_s + error.description();
+  } catch (const std::exception& error) {
+    failure = QString::number(RuntimeError::Internal) + u" in Form_Load - "_s + QString::fromLocal8Bit(error.what());
+  }
+  ShowFatalAndExit(u"Error "_s + failure);
+}
 
 StartUp::StartUp(frmMain& main) : main_(main) {}
 
@@ -115,8 +140,9 @@ void StartUp::fillStatusMenu() const {
   main_.menus().loadElements(u"mnuStatus"_s, elements);
 }
 
+// The greeting points to the wizard, so it comes back with that.
 void StartUp::greetFirstRun() const {
-  if (!Files().FileExists(g_SettingsFile)) {
+  if (!Files().FileExists(g_SettingsFile) && main_.menus().isBuilt(u"mnuProjectGen"_s)) {
     toolkit().MsgBox(
         u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard' to help you get "
         "started:\nJust click the Project menu, followed by 'New Project Wizard'"_s);
@@ -127,10 +153,11 @@ void StartUp::readSettings() const {
   Settings().LoadSettings(g_SettingsFile);
   main_.settingsLoaded_ = true;
   g_DebugMode = truth(Settings().sGet(u"DebugMode"_s, false));
+  main_.menus().setVisible(u"mnuManual"_s, HelpFile::isInstalled());
   // English is built in and so far the only language.
   main_.menus().checkElement(u"mnuLanguage"_s, u"English"_s);
   const QString font = Settings().sGet(u"FormFont"_s).toString().trimmed();
-  main_.tools().useFormFont(font.isEmpty() ? u"MS Sans Serif"_s : font);
+  useFormFont(main_, font.isEmpty() ? u"MS Sans Serif"_s : font);
 }
 
 void StartUp::readFonts() const {
@@ -145,7 +172,9 @@ void StartUp::showStatusBar() const {
   main_.status().setVersion(version);
   main_.showTotal();
   const qint32 lastBackup = Numbers::ToInt(Settings().sGet(u"LastFullBackup"_s, 0));
-  main_.status().setBackupReminder(lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
+  // Only where there is something to follow the reminder with.
+  main_.status().setBackupReminder(main_.menus().isBuilt(u"mnuBackupProject"_s) &&
+                                   lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
   Logging().LogEvent(u"Quillane 4 startup: "_s + version);
 }
 
@@ -164,7 +193,7 @@ void StartUp::openProject() const {
   const QString last = Settings().sGet(u"LastProjectFile"_s).toString();
   if (!main_.commandLine_.isEmpty()) {
     // Also a path that leads nowhere puts the last project aside.
-    openFromCommandLine(QString(main_.commandLine_).remove(u'"'));
+    openFromCommandLine(pathOf(main_.commandLine_));
   } else if (!last.isEmpty() && Files().FileExists(last)) {
     openLast(last);
   }
@@ -175,7 +204,7 @@ void StartUp::openFromCommandLine(const QString& path) const {
   if (Files().FileExists(path)) {
     splashStatus(u"Loading "_s + Files().FileOnly(path));
     // The path is kept for the next start, which may stand in another folder.
-    main_.LoadProject(Paths::native(QFileInfo(path).absoluteFilePath()), false);
+    main_.LoadProject(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()), false);
   }
 }
 
@@ -188,7 +217,7 @@ void StartUp::openLast(const QString& path) const {
 void StartUp::finish() {
   splashStatus(u"Startup Complete"_s);
   splash_.reset();
-  main_.project().UpdateRecent();
+  main_.session().UpdateRecent();
   main_.panes().FrameScenes().TabStrip1().setCurrentIndex(0);
   main_.panes().FrameChapters().ListChapters().setFocus();
   main_.StartScanTimer();

@@ -2,26 +2,14 @@
 
 #include <QHash>
 #include <QString>
-#include <QVariant>
 
 #include <vector>
-
-class frmMain;
-
-/// What was chosen in a menu: the element of a control array (0 for a single entry) and what it stands for.
-struct MenuChoice {
-  int index = 0;
-  QString caption;
-  QVariant tag;
-};
-
-using MenuHandler = void (*)(frmMain&, const MenuChoice&);
 
 enum MenuFlags : unsigned {
   kPlain = 0,
   /// Never shown to the user.
   kHidden = 1U << 0,
-  /// Shown while the program is being developed only.
+  /// Shown in a development build only.
   kDevelopment = 1U << 1,
   kSeparator = 1U << 2,
   /// A menu that is not in the bar: the pop-up of a list.
@@ -37,19 +25,20 @@ struct MenuEntry {
   /// Name of the menu that it stands in; empty for a menu of the bar.
   const char* parent;
   unsigned flags;
-  /// None: the command isn't built yet, or the entry has none.
-  MenuHandler handler;
   /// A key in portable spelling, or empty.
   const char* shortcut;
-  /// What to call the command where its caption alone doesn't say it; empty for the caption.
-  const char16_t* title;
+  /// What choosing the entry stands for, whatever its caption says in the writer's language; empty for most.
+  const char16_t* tag;
 };
 
 /// The main window's menus in order; a menu stands before its entries.
 const std::vector<MenuEntry>& mainMenuTable();
 
-/// The command's name in a sentence: its title, or its caption without what tells keys or asks for more.
-QString commandName(const MenuEntry& entry);
+/// Whether the entry is ever shown in the bar's menus.
+bool isOffered(const MenuEntry& entry, bool developmentBuild);
+
+/// What to call a command in a message: its caption without what tells keys or asks for more.
+QString commandName(const QString& caption);
 
 /// "mnuFont" of "mnuFont(2)"; any other name as it is.
 QString menuBaseName(const QString& name);

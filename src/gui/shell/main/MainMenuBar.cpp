@@ -1,14 +1,18 @@
 #include "gui/shell/main/MainMenuBar.h"
 
 #include "core/infra/Guard.h"
-#include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/Mnemonics.h"
 
 #include <QAction>
+#include <QHelpEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QSet>
+#include <QToolTip>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -41,7 +45,7 @@ const QSet<QString>& menuNames() {
 
 }  // namespace
 
-MainMenuBar::MainMenuBar(frmMain& window, QMenuBar& bar) : QObject(&bar), window_(window) {
+MainMenuBar::MainMenuBar(QMenuBar& bar, bool developmentBuild) : QObject(&bar), developmentBuild_(developmentBuild) {
   for (const MenuEntry& entry : mainMenuTable()) {
     addLine(entry, bar);
   }
@@ -55,9 +59,10 @@ void MainMenuBar::addLine(const MenuEntry& entry, QMenuBar& bar) {
     line->setObjectName(name);
     return;
   }
-  QAction* action = menuNames().contains(name) ? addMenu(entry, bar)->menuAction()
-                                               : addEntry(entry, name, QString::fromUtf16(entry.caption));
-  action->setVisible((entry.flags & (kHidden | kPopupOnly)) == 0);
+  QAction* action = menuNames().contains(name)
+                        ? addMenu(entry, bar)->menuAction()
+                        : addEntry(entry, name, QString::fromUtf16(entry.caption), QString::fromUtf16(entry.tag));
+  action->setVisible(isOffered(entry, developmentBuild_));
 }
 
 QMenu* MainMenuBar::addMenu(const MenuEntry& entry, QMenuBar& bar) {
@@ -70,19 +75,22 @@ QMenu* MainMenuBar::addMenu(const MenuEntry& entry, QMenuBar& bar) {
   }
   menu->setObjectName(name);
   connect(menu, &QMenu::aboutToShow, this, [menu] { assignMnemonics(menu->actions()); });
+  menu->installEventFilter(this);
   menus_.insert(name, menu);
-  remember(name, menu->menuAction());
+  remember(name, menu->menuAction(), true);
   return menu;
 }
 
-QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, const QString& caption) {
+QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, const QString& caption,
+                               const QVariant& tag) {
   QMenu* menu = menus_.value(QString::fromLatin1(entry.parent));
   auto* action = new QAction(shown(caption), menu);
   action->setCheckable((entry.flags & kCheckable) != 0);
   if (*entry.shortcut != '\0') {
     action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut), QKeySequence::PortableText));
   }
-  connect(action, &QAction::triggered, this, [this, &entry, action] { choose(entry, *action); });
+  action->setData(tag);
+  connect(action, &QAction::triggered, this, [this, action] { choose(*action); });
   const QString array = menuBaseName(name);
   QAction* before = nullptr;
   if (array != name) {
@@ -95,32 +103,80 @@ QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, cons
     elements.append(action);
   }
   menu->insertAction(before, action);
-  remember(name, action);
+  remember(name, action, false);
+  showWhetherBuilt(*action);
   return action;
 }
 
-void MainMenuBar::remember(const QString& name, QAction* action) {
+void MainMenuBar::remember(const QString& name, QAction* action, bool isMenu) {
   action->setObjectName(name);
   actions_.insert(name, action);
-  stated_.append({menuBaseName(name), action});
+  stated_.append({menuBaseName(name), action, isMenu});
 }
 
-void MainMenuBar::choose(const MenuEntry& entry, const QAction& action) {
-  window_.showMessage({});
-  if (entry.handler == nullptr) {
-    window_.sayNotBuilt(commandName(entry));
+void MainMenuBar::addCommands(CommandGroup& group) {
+  group.bind(bindings_);
+  for (const StatedAction& entry : stated_) {
+    if (!entry.isMenu) {
+      showWhetherBuilt(*entry.action);
+    }
+  }
+}
+
+void MainMenuBar::showWhetherBuilt(QAction& action) const {
+  const QString note = isBuilt(action.objectName()) ? QString() : u"not in this version yet"_s;
+  action.setEnabled(action.isEnabled() && note.isEmpty());
+  action.setToolTip(note);
+  action.setStatusTip(note);
+}
+
+// A menu says nothing of its disabled entries by itself, and would say every caption twice.
+bool MainMenuBar::eventFilter(QObject* watched, QEvent* event) {
+  const auto noteAt = [watched](const QPoint& place) {
+    const QAction* const action = static_cast<QMenu*>(watched)->actionAt(place);
+    return action == nullptr ? QString() : action->statusTip();
+  };
+  switch (event->type()) {
+    case QEvent::ToolTip: {
+      const auto* const help = static_cast<QHelpEvent*>(event);
+      QToolTip::showText(help->globalPos(), noteAt(help->pos()), static_cast<QMenu*>(watched));
+      return true;
+    }
+    case QEvent::MouseMove:
+      Q_EMIT hinted(noteAt(static_cast<QMouseEvent*>(event)->position().toPoint()));
+      break;
+    case QEvent::Hide:
+      Q_EMIT hinted({});
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+QAction* MainMenuBar::actionOf(const QKeySequence& key) const {
+  const auto found = std::find_if(stated_.begin(), stated_.end(),
+                                  [&](const StatedAction& entry) { return entry.action->shortcut() == key; });
+  return found == stated_.end() || key.isEmpty() ? nullptr : found->action;
+}
+
+void MainMenuBar::choose(const QAction& action) {
+  const QString name = action.objectName();
+  const MenuBindings::Command* const command = bindings_.find(menuBaseName(name));
+  if (command == nullptr) {
     return;
   }
-  const MenuChoice choice{elementIndex(action.objectName()), withoutMnemonic(action.text()), action.data()};
-  // The name is a literal of the table and outlives the guard.
-  Guard(entry.name, "frmMain")([&] { entry.handler(window_, choice); });
+  Q_EMIT chosen();
+  // The entry may go with what it starts.
+  const MenuChoice choice{elementIndex(name), action.data()};
+  Guard(command->logName.constData(), "frmMain")([&] { command->run(choice); });
 }
 
 void MainMenuBar::apply(const MenuState& state) {
   for (const StatedAction& entry : stated_) {
     const auto told = state.constFind(entry.baseName);
     if (told != state.constEnd()) {
-      entry.action->setEnabled(*told);
+      entry.action->setEnabled(*told && (entry.isMenu || bindings_.isBound(entry.baseName)));
     }
   }
 }
@@ -145,8 +201,7 @@ void MainMenuBar::loadElements(const QString& array, const QList<MenuElement>& e
   }
   unloadElements(array);
   for (const MenuElement& element : elements) {
-    QAction* action = addEntry(*entry, elementName(array, arrays_.value(array).size()), element.caption);
-    action->setData(element.tag);
+    addEntry(*entry, elementName(array, arrays_.value(array).size()), element.caption, element.tag);
   }
 }
 
@@ -156,9 +211,9 @@ void MainMenuBar::setCaption(const QString& name, const QString& caption) {
   }
 }
 
-void MainMenuBar::checkElement(const QString& array, const QString& caption) {
+void MainMenuBar::checkElement(const QString& array, const QVariant& tag) {
   for (QAction* element : arrays_.value(array)) {
-    element->setChecked(withoutMnemonic(element->text()) == caption);
+    element->setChecked(element->data() == tag);
   }
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "gui/shell/main/MainMenu.h"
+#include "gui/shell/main/MenuBindings.h"
 
 #include <QList>
 #include <QObject>
 
 class QAction;
+class QKeySequence;
 class QMenu;
 class QMenuBar;
 
@@ -15,13 +17,21 @@ struct MenuElement {
   QVariant tag;
 };
 
-/// The menu tree as the window shows it. Actions and menus bear the names of the table.
+/// The menu tree as the window shows it. Actions and menus bear the names of the table. An entry whose command isn't
+/// built yet is disabled whatever the state of the window, and says so.
 class MainMenuBar : public QObject {
   Q_OBJECT
 
  public:
-  /// Fills the bar from the table. What isn't in the bar belongs to the window.
-  MainMenuBar(frmMain& window, QMenuBar& bar);
+  /// Fills the bar from the table. A development build has some entries more.
+  MainMenuBar(QMenuBar& bar, bool developmentBuild);
+
+  /// Binds the group's entries; they are disabled until a state says otherwise. The group outlives the bar.
+  void addCommands(CommandGroup& group);
+  /// Whether something is bound to the entry, or to the array, of this name.
+  bool isBuilt(const QString& name) const { return bindings_.isBound(menuBaseName(name)); }
+  /// The entry that a key of the menu belongs to; null when there is none.
+  QAction* actionOf(const QKeySequence& key) const;
 
   /// The entry, or the action that opens the menu, of this name; null for an unknown one.
   QAction* action(const QString& name) const { return actions_.value(name); }
@@ -31,25 +41,37 @@ class MainMenuBar : public QObject {
   /// Element 0, the one of the table, stays; these come behind it, numbered from 1, in the place of earlier ones.
   void loadElements(const QString& array, const QList<MenuElement>& elements);
   void setCaption(const QString& name, const QString& caption);
-  /// Checks the element of the array that has this caption, and no other.
-  void checkElement(const QString& array, const QString& caption);
+  /// Checks the element of the array that has this tag, and no other.
+  void checkElement(const QString& array, const QVariant& tag);
   /// Sets one entry's visibility.
   void setVisible(const QString& name, bool visible);
+
+ Q_SIGNALS:
+  /// An entry was chosen; its command runs next.
+  void chosen();
+  /// What is to be said of the entry under the mouse; empty when there is nothing.
+  void hinted(const QString& note);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void addLine(const MenuEntry& entry, QMenuBar& bar);
   QMenu* addMenu(const MenuEntry& entry, QMenuBar& bar);
-  QAction* addEntry(const MenuEntry& entry, const QString& name, const QString& caption);
-  void remember(const QString& name, QAction* action);
-  void choose(const MenuEntry& entry, const QAction& action);
+  QAction* addEntry(const MenuEntry& entry, const QString& name, const QString& caption, const QVariant& tag);
+  void remember(const QString& name, QAction* action, bool isMenu);
+  void choose(const QAction& action);
+  void showWhetherBuilt(QAction& action) const;
   void unloadElements(const QString& array);
 
-  frmMain& window_;
   struct StatedAction {
     QString baseName;
     QAction* action;
+    bool isMenu;
   };
 
+  bool developmentBuild_;
+  MenuBindings bindings_;
   QHash<QString, QAction*> actions_;
   /// What the states speak of, in the order of the menus.
   QList<StatedAction> stated_;

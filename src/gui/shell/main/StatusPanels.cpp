@@ -30,7 +30,17 @@ StatusPanels::StatusPanels(QStatusBar& bar)
 }
 
 void StatusPanels::setMessage(const QString& text) {
-  message_->setText(text);
+  said_ = text;
+  showFirstPanel();
+}
+
+void StatusPanels::setHint(const QString& text) {
+  hint_ = text;
+  showFirstPanel();
+}
+
+void StatusPanels::showFirstPanel() {
+  message_->setText(hint_.isEmpty() ? said_ : hint_);
 }
 
 void StatusPanels::setTotal(qint32 words) {

@@ -13,11 +13,17 @@ class StatusPanels {
   explicit StatusPanels(QStatusBar& bar);
 
   void setMessage(const QString& text);
+  /// In the message's place until it is set to nothing.
+  void setHint(const QString& text);
   void setTotal(qint32 words);
   void setVersion(const QString& version);
   void setBackupReminder(bool due);
 
  private:
+  void showFirstPanel();
+
+  QString said_;
+  QString hint_;
   ElidedLabel* message_;
   QLabel* total_;
   QLabel* version_;

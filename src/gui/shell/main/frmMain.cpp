@@ -1,14 +1,12 @@
 #include "gui/shell/main/frmMain.h"
 
+#include "Version.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
-#include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
-#include "gui/shell/life/InstanceCheck.h"
-#include "gui/shell/life/StartUp.h"
 #include "gui/shell/main/ChangeScan.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainMenuBar.h"
@@ -17,6 +15,8 @@
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/StatusPanels.h"
+#include "gui/toolkit/Mnemonics.h"
+#include "gui/toolkit/WindowTitle.h"
 #include "gui/views/ListView.h"
 
 #include <QCloseEvent>
@@ -31,29 +31,44 @@
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
+/// What the window itself is for, with or without a project.
+class frmMain::OwnCommands : public CommandGroup {
+ public:
+  explicit OwnCommands(frmMain& main) : main_(main) {}
+
+  void bind(MenuBindings& menu) override {
+    menu.bind("mnuConfirmExit", [this] { main_.mnuConfirmExit_Click(); });
+    menu.bind("mnuEditScene", [this] { main_.EditSelectedScene(); });
+  }
+
+ private:
+  frmMain& main_;
+};
+
 frmMain::frmMain(QString commandLine)
-    : endProcess([] { QCoreApplication::quit(); }),
-      commandLine_(std::move(commandLine)),
-      instance_(std::make_unique<InstanceCheck>()),
-      project_(*this),
-      tools_(*this),
-      statistics_(*this) {
+    : endProcess([] { QCoreApplication::quit(); }), commandLine_(std::move(commandLine)), session_(*this) {
   setObjectName(u"frmMain"_s);
-  setWindowTitle(u"Quillane 4 by Brackenlight Software"_s);
   createParts();
+  addCommands(std::make_unique<OwnCommands>(*this));
   createShortcuts();
   connectSignals();
   menus_->apply(menusBeforeStart());
   setProjectFieldsEnabled(false);
+  showTitle();
 }
 
 frmMain::~frmMain() = default;
+
+void frmMain::addCommands(std::unique_ptr<CommandGroup> group) {
+  menus_->addCommands(*group);
+  commands_.push_back(std::move(group));
+}
 
 void frmMain::createParts() {
   setMinimumSize(PaneLayout::pixelsAtLeast(PaneLayout::kMinimumWidth),
                  PaneLayout::pixelsAtLeast(PaneLayout::kMinimumHeight));
   resize(1100, 720);
-  menus_ = new MainMenuBar(*this, *menuBar());
+  menus_ = new MainMenuBar(*menuBar(), QUILLANE_DEVELOPMENT);
   panes_ = new MainPanes;
   setCentralWidget(panes_);
   statusBar()->setObjectName(u"StatusBar1"_s);
@@ -70,14 +85,20 @@ void frmMain::createShortcuts() {
                         std::pair{QKeySequence(Qt::SHIFT | Qt::Key_F3), "mnuFindPrev"},
                         std::pair{QKeySequence(Qt::CTRL | Qt::Key_F), "mnuFind"}};
   for (const auto& [key, entry] : keys) {
-    const QAction* action = menus_->action(QString::fromLatin1(entry));
-    connect(new QShortcut(key, this), &QShortcut::activated, action, &QAction::trigger);
+    QAction* const action = menus_->action(QString::fromLatin1(entry));
+    connect(new QShortcut(key, this), &QShortcut::activated, this,
+            [this, action] { action->isEnabled() ? action->trigger() : sayWhyNot(*action); });
   }
 }
 
 void frmMain::connectSignals() {
   connect(&Timer3_, &QTimer::timeout, this, &frmMain::Timer3_Timer);
-  connect(panes_, &MainPanes::titlesEdited, this, [this] { ProjectChanged = true; });
+  connect(panes_, &MainPanes::titlesEdited, this, [this] {
+    ProjectChanged = true;
+    showTitle();
+  });
+  connect(menus_, &MainMenuBar::chosen, this, [this] { showMessage({}); });
+  connect(menus_, &MainMenuBar::hinted, this, [this](const QString& note) { status_->setHint(note); });
   connect(panes_, &MainPanes::chapterOpened, this, &frmMain::EditSelectedChapter);
   connect(panes_, &MainPanes::sceneEdited, this, &frmMain::followEditing);
   connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, [this] {
@@ -89,31 +110,6 @@ void frmMain::connectSignals() {
   });
   connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this,
           [this] { menus_->apply(sceneEntries(panes_->FrameScenes().ListScenes().topLevelItemCount() > 0)); });
-}
-
-bool frmMain::Form_Initialize() {
-  if (instance_->acquire()) {
-    return true;
-  }
-  if (toolkit().MsgBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Buttons::YesNo) !=
-      Answer::Yes) {
-    return false;
-  }
-  toolkit().MsgBox(u"Warning: If you open the same project twice, the last one you close will be the one saved."_s);
-  return true;
-}
-
-void frmMain::Form_Load() {
-  QString failure;
-  try {
-    StartUp(*this).run();
-    return;
-  } catch (const RuntimeError& error) {
-    failure = QString::number(error.number()) + u" in Form_Load - "_s + error.description();
-  } catch (const std::exception& error) {
-    failure = QString::number(RuntimeError::Internal) + u" in Form_Load - "_s + QString::fromLocal8Bit(error.what());
-  }
-  ShowFatalAndExit(u"Error "_s + failure);
 }
 
 bool frmMain::Editing() const {
@@ -161,6 +157,7 @@ void frmMain::UpdateMenusForEditing() {
 }
 
 void frmMain::followEditing() {
+  showTitle();
   if (editingShown_ != Editing()) {
     UpdateMenusForEditing();
   }
@@ -178,6 +175,7 @@ void frmMain::RefreshAll() {
   StopScanTimer();
   panes_->refill();
   showTotal();
+  showTitle();
   toolkit().DoEvents();
   StartScanTimer();
 }
@@ -190,8 +188,24 @@ void frmMain::showMessage(const QString& text) {
   status_->setMessage(text);
 }
 
-void frmMain::sayNotBuilt(const QString& command) {
-  showMessage(command + u" is not part of this version yet."_s);
+// The told words stand at the end; before them goes what a writer looks for among the windows.
+void frmMain::showTitle() {
+  const QString program = u"Quillane 4 by Brackenlight Software"_s;
+  const QString book = session_.nameOfBook();
+  setWindowTitle(book.isEmpty() ? program : literalTitle(book) + u"[*] \u2013 "_s + program);
+  setWindowModified(!book.isEmpty() && session_.isChanged());
+}
+
+/// A key of the menu that goes nowhere says why.
+void frmMain::sayWhyNot(const QAction& action) {
+  const QString command = commandName(withoutMnemonic(action.text())) + u": "_s;
+  if (!menus_->isBuilt(action.objectName())) {
+    showMessage(command + action.statusTip());
+  } else if (Editing()) {
+    showMessage(command + u"please close all editor windows first"_s);
+  } else {
+    showMessage(command + u"no project is open"_s);
+  }
 }
 
 void frmMain::EditSelectedScene() {
@@ -199,7 +213,7 @@ void frmMain::EditSelectedScene() {
 }
 
 void frmMain::EditSelectedChapter() {
-  sayNotBuilt(u"Editing a chapter's details"_s);
+  sayWhyNot(*menus_->action(u"mnuEditChapter"_s));
 }
 
 int frmMain::CurrentTab() const {
@@ -212,12 +226,6 @@ void frmMain::Timer3_Timer() {
     return;
   }
   Timer3_.stop();
-}
-
-void frmMain::CheckForUpdate(bool Silent) {
-  if (!Silent) {
-    sayNotBuilt(u"Check for new version"_s);
-  }
 }
 
 void frmMain::Updater_InstallFile() {
@@ -247,10 +255,17 @@ void frmMain::closeEvent(QCloseEvent* event) {
   Guard("Form_QueryUnload", "frmMain")([&] { mnuConfirmExit_Click(); });
 }
 
-// What reaches the form was wanted by no control; the arrows shall not wander into the menu or the desktop.
+// What reaches the form was wanted by no control. The arrows shall not wander into the menu or the desktop; a key of
+// the menu comes here when its entry is switched off.
 void frmMain::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
     event->accept();
+    return;
+  }
+  const QAction* const action = menus_->actionOf(QKeySequence(event->keyCombination()));
+  if (action != nullptr && !Closing) {
+    event->accept();
+    sayWhyNot(*action);
     return;
   }
   QMainWindow::keyPressEvent(event);

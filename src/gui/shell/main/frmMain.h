@@ -1,24 +1,23 @@
 #pragma once
 
-#include "gui/shell/commands/ProjectCommands.h"
-#include "gui/shell/commands/StatisticsCommands.h"
-#include "gui/shell/commands/ToolCommands.h"
+#include "gui/shell/main/ProjectSession.h"
 
 #include <QMainWindow>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class ChangeScan;
-class InstanceCheck;
+class CommandGroup;
 class MainMenuBar;
 class MainPanes;
 class StatusPanels;
 
-/// The main window. It owns the life of the process: its load is the start-up, its close the shut-down. The panes,
-/// the menu and the groups of commands are parts of their own; this holds them together and offers what all of
-/// them, and other windows, call.
+/// The main window. It owns the life of the process: its load is the start-up, its close the shut-down, which stand
+/// in the folder "life". The panes, the menu and the groups of commands are parts of their own; this holds them
+/// together and offers what all of them, and other windows, call.
 class frmMain : public QMainWindow {
   Q_OBJECT
 
@@ -27,8 +26,6 @@ class frmMain : public QMainWindow {
   explicit frmMain(QString commandLine = {});
   ~frmMain() override;
 
-  /// Before anything else: false when the user wants no second copy of the program, which ends at once then.
-  bool Form_Initialize();
   /// The start-up. The window is ready to be shown afterwards, unless EndProgram has run.
   void Form_Load();
 
@@ -41,9 +38,8 @@ class frmMain : public QMainWindow {
   /// Ends the process, at the very end of EndProgram.
   std::function<void()> endProcess;
 
-  void LoadProject(const QString& Path, bool ShowProgress) { project_.LoadProject(Path, ShowProgress); }
-  void SaveProject(bool ShowProgress) { project_.SaveProject(ShowProgress); }
-  void saveIfChanged() { project_.saveIfChanged(); }
+  void LoadProject(const QString& Path, bool ShowProgress) { session_.LoadProject(Path, ShowProgress); }
+  void SaveProject(bool ShowProgress) { session_.SaveProject(ShowProgress); }
   /// Stores the settings, saves the project, always and without a question, and ends the process.
   void EndProgram();
   void ShowFatalAndExit(const QString& Message);
@@ -63,7 +59,6 @@ class frmMain : public QMainWindow {
   void StartScanTimer();
   void stopUpdateCheck() { Timer3_.stop(); }
   void startUpdateCheck() { Timer3_.start(); }
-  void CheckForUpdate(bool Silent);
   void Updater_InstallFile();
 
   /// The full redraw.
@@ -71,7 +66,8 @@ class frmMain : public QMainWindow {
   void showTotal();
   /// In panel 1 of the status bar.
   void showMessage(const QString& text);
-  void sayNotBuilt(const QString& command);
+  /// The book's name and whether it holds what no file holds yet, in the title bar.
+  void showTitle();
   void EditSelectedScene();
   void EditSelectedChapter();
   /// Zero-based index of the selected tab of the scene display.
@@ -81,9 +77,10 @@ class frmMain : public QMainWindow {
   MainPanes& panes() { return *panes_; }
   MainMenuBar& menus() { return *menus_; }
   StatusPanels& status() { return *status_; }
-  ProjectCommands& project() { return project_; }
-  ToolCommands& tools() { return tools_; }
-  StatisticsCommands& statistics() { return statistics_; }
+  ProjectSession& session() { return session_; }
+
+  /// Takes a group of commands and binds it to the menu.
+  void addCommands(std::unique_ptr<CommandGroup> group);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -92,8 +89,11 @@ class frmMain : public QMainWindow {
  private:
   friend class StartUp;
 
+  class OwnCommands;
+
   void createParts();
   void createShortcuts();
+  void sayWhyNot(const QAction& action);
   void connectSignals();
   void Timer3_Timer();
   void insistOnScenes();
@@ -103,15 +103,13 @@ class frmMain : public QMainWindow {
   void setProjectFieldsEnabled(bool enabled);
 
   QString commandLine_;
-  std::unique_ptr<InstanceCheck> instance_;
   QTimer Timer3_;
   MainPanes* panes_ = nullptr;
   MainMenuBar* menus_ = nullptr;
   ChangeScan* scan_ = nullptr;
   std::unique_ptr<StatusPanels> status_;
-  ProjectCommands project_;
-  ToolCommands tools_;
-  StatisticsCommands statistics_;
+  ProjectSession session_;
+  std::vector<std::unique_ptr<CommandGroup>> commands_;
   /// What the menus were last told of open editors.
   bool editingShown_ = false;
   /// The settings were read: before that there is nothing worth writing back.

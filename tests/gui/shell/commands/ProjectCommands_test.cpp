@@ -7,8 +7,8 @@
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
-#include "gui/shell/commands/RecentProjects.h"
 #include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/RecentProjects.h"
 #include "gui/shell/main/ScenePane.h"
 #include "support/SampleProject.h"
 
@@ -67,7 +67,7 @@ TEST_F(ProjectCommandsTest, TheRecentListIsWrittenAtOnceAndPushesTheOldestOut) {
   }
   EXPECT_TRUE(settingsText().contains(u"RECENT0,"_s + paths[15]));
   EXPECT_EQ(recent(13), paths[2]);
-  window().project().UpdateRecent();
+  window().session().UpdateRecent();
   EXPECT_EQ(recentShown().size(), 14);
   EXPECT_EQ(recentShown().first(), u"p15 \\f15"_s);
   RecentProjects::AddToRecent(paths[11]);
@@ -147,16 +147,16 @@ TEST_F(ProjectCommandsTest, OpeningIsRefusedWhileASceneIsOpen) {
   for (int i = 0; i < 3; ++i) {
     toolkit.expectBox(u"Please close all editor windows first"_s);
   }
-  window().project().mnuLoadProj_Click();
-  window().project().mnuRecent_Click(path);
-  window().project().mnuNewProj_Click();
+  trigger("mnuLoadProj");
+  trigger("mnuRecent(1)");
+  trigger("mnuNewProj");
   EXPECT_EQ(g_Project->FileWithPath, path);
 }
 
 TEST_F(ProjectCommandsTest, ClosingReleasesTheLocksOfItsScenes) {
   startWith(smallProject());
   g_SceneChanges.LockRec(1);
-  EXPECT_TRUE(window().project().CloseProject());
+  EXPECT_TRUE(window().session().CloseProject());
   EXPECT_FALSE(window().Editing());
 }
 
@@ -213,7 +213,7 @@ TEST_F(ProjectCommandsTest, ClosingAChangedProjectIsRefusedWhileASceneIsOpen) {
   ASSERT_NE(editor(), nullptr);
   control<QLineEdit>("txtAuthor").setText(u"Somebody"_s);
   toolkit.expectBox(u"Please close all editor windows first"_s);
-  EXPECT_TRUE(window().project().CloseProject());
+  EXPECT_TRUE(window().session().CloseProject());
   EXPECT_EQ(g_Project->FileWithPath, path);
 }
 
@@ -252,7 +252,7 @@ TEST_F(ProjectCommandsTest, ABookThatCouldNotBeSavedIsReplacedOnlyWhenTheUserSay
   toolkit.expectFile({});
   toolkit.expectBox(u"No project file specified. Save cancelled."_s);
   toolkit.expectBox(question, Answer::No);
-  EXPECT_FALSE(window().project().CloseProject());
+  EXPECT_FALSE(window().session().CloseProject());
   EXPECT_EQ(g_Project->SceneCount(), 5);
   g_Project->FileWithPath = path;
   // The file of a scene can't be written.
@@ -325,28 +325,12 @@ TEST_F(ProjectCommandsTest, MenusHaveLettersForTheKeyboardThatAreNoPartOfTheirCa
   EXPECT_TRUE(control<QAction>("mnuFont(5)").isChecked());
 }
 
-TEST_F(ProjectCommandsTest, TheVersionCheckRefusesWhileASceneIsOpen) {
-  startWith(smallProject());
-  window().EditSelectedScene();
-  toolkit.expectBox(u"Please close all editor windows first"_s);
-  trigger("mnuCheckVersion");
-  EXPECT_TRUE(control<QTimer>("Timer3").isActive());
-}
-
-TEST_F(ProjectCommandsTest, TheChapterMenuOffersWhatThereIsToWorkOn) {
+TEST_F(ProjectCommandsTest, TheSceneMenuOffersWhatThereIsToWorkOn) {
   startWith(smallProject());
   auto& scene = control<QMenu>("mnuScene");
-  auto& chapters = control<QMenu>("mnuChapters");
   Q_EMIT scene.aboutToShow();
-  Q_EMIT chapters.aboutToShow();
   EXPECT_TRUE(isEnabled("mnuEditScene"));
-  EXPECT_TRUE(isEnabled("mnuRemoveChapter"));
-  g_SceneChanges.LockRec(1);
-  Q_EMIT chapters.aboutToShow();
-  EXPECT_FALSE(isEnabled("mnuRemoveChapter")) << "a scene is open";
-  g_SceneChanges.UnLockRec(1);
   window().panes().FrameScenes().clear();
   Q_EMIT scene.aboutToShow();
   EXPECT_FALSE(isEnabled("mnuEditScene"));
-  EXPECT_TRUE(isEnabled("mnuAddScene"));
 }

@@ -3,28 +3,36 @@
 #include "core/infra/Clock.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedGetDate.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/life/InstanceCheck.h"
-#include "gui/shell/main/MainMenu.h"
+#include "gui/shell/life/RegisterWindows.h"
+#include "support/ModalHelper.h"
+#include "support/SampleProject.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
 using StartUpTest = ShellTest;
 
-TEST_F(StartUpTest, GreetsTheFirstRunAndStartsWithAllDefaults) {
-  toolkit.expectBox(u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard'"_s);
+// Nobody is greeted with a way to a wizard that isn't there, nor reminded of a backup that nothing makes.
+TEST_F(StartUpTest, AFirstRunStartsWithAllDefaults) {
   start();
+  EXPECT_EQ(panel("backup"), QString());
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
   EXPECT_EQ(g_FontSize, 10);
   EXPECT_EQ(g_FontName, u"Times New Roman"_s);
@@ -110,6 +118,21 @@ TEST_F(StartUpTest, TheCommandLineGoesBeforeTheLastProject) {
   EXPECT_EQ(toolkit.progressWindowsShown, 0);
 }
 
+// On a system where both are letters of a file's name.
+TEST_F(StartUpTest, AFileIsFoundByItsNameWithQuotesAndBackslashes) {
+  if (Paths::separator() != u'/') {
+    GTEST_SKIP();
+  }
+  const QString project = smallProject(u"Say \"when\" \\ now"_s);
+  writeSettings({u"Keep,me"_s});
+  start(project);
+  EXPECT_EQ(g_Project->FileWithPath, project);
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  g_Project->SceneByID(1)->setTextRTF(simpleRtf("kept beside its book"));
+  endProgram();
+  EXPECT_TRUE(filesBelow(QFileInfo(project).path()).value(u"RTF/RTF_00001.rtf"_s).contains("kept beside its book"));
+}
+
 TEST_F(StartUpTest, ACommandLineThatLeadsNowhereOpensNothing) {
   writeSettings({u"LastProjectFile,"_s + smallProject()});
   start(folder.path(u"gone.qn4"_s));
@@ -123,32 +146,28 @@ TEST_F(StartUpTest, ALastProjectThatHasGoneOpensNothingAndSaysNothing) {
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
 }
 
-TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeek) {
-  Clock::set(QDateTime(QDate(2026, 3, 15), QTime(12, 0)));
-  const qint32 today = Clock::dayNumber(QDate(2026, 3, 15));
-  const QString reminder = u"  Use Tools - Backups and make a full backup!  "_s;
-  for (const auto& [lastBackup, expected] :
-       {std::pair{today - 7, QString()}, {today - 8, reminder}, {0, reminder}, {today, QString()}}) {
-    writeSettings({u"LastFullBackup, "_s + QString::number(lastBackup) + u' '});
-    start();
-    EXPECT_EQ(panel("backup"), expected) << today - lastBackup << " days ago";
-  }
-}
-
 TEST_F(StartUpTest, ASecondCopyStartsOnlyWhenTheUserInsists) {
-  writeSettings({});
-  auto other = std::make_unique<InstanceCheck>();
-  ASSERT_TRUE(other->acquire());
-  frmMain refused;
-  toolkit.expectBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Answer::No);
-  EXPECT_FALSE(refused.Form_Initialize());
-  frmMain insisted;
-  toolkit.expectBox(u"Quillane4 is already running. Are you sure you want to run another copy?"_s, Answer::Yes);
+  const QString question = u"Quillane4 is already running. Are you sure you want to run another copy?"_s;
+  auto first = std::make_unique<InstanceCheck>();
+  ASSERT_TRUE(Form_Initialize(*first));
+  {
+    InstanceCheck refused;
+    toolkit.expectBox(question, Answer::No);
+    EXPECT_FALSE(Form_Initialize(refused));
+  }
+  auto second = std::make_unique<InstanceCheck>();
+  toolkit.expectBox(question, Answer::Yes);
   toolkit.expectBox(u"Warning: If you open the same project twice, the last one you close will be the one saved."_s);
-  EXPECT_TRUE(insisted.Form_Initialize());
-  other.reset();
-  frmMain alone;
-  EXPECT_TRUE(alone.Form_Initialize());
+  EXPECT_TRUE(Form_Initialize(*second));
+  first.reset();
+  {
+    InstanceCheck third;
+    toolkit.expectBox(question, Answer::No);
+    EXPECT_FALSE(Form_Initialize(third)) << "the second copy still runs";
+  }
+  second.reset();
+  InstanceCheck alone;
+  EXPECT_TRUE(Form_Initialize(alone));
 }
 
 TEST_F(StartUpTest, AnErrorEndsTheProgramAndSavesNoSettingsThatWereNeverRead) {
@@ -169,27 +188,38 @@ TEST_F(StartUpTest, AnErrorEndsTheProgramAndSavesNoSettingsThatWereNeverRead) {
   EXPECT_EQ(settingsText(), u"Keep,me\r\n"_s);
 }
 
-TEST_F(StartUpTest, ShowsTheMenusOfTheTable) {
+TEST_F(StartUpTest, FillsTheMenusThatComeFromLists) {
   startWith(smallProject());
   const QStringList statuses{u"Outline"_s, u"Draft"_s, u"1st Edit"_s, u"2nd Edit"_s, u"Done"_s};
   for (int i = 0; i < statuses.size(); ++i) {
     EXPECT_EQ(control<QAction>(qPrintable(u"mnuStatus(%1)"_s.arg(i))).text(), statuses.at(i));
   }
-  for (const MenuEntry& line : mainMenuTable()) {
-    if ((line.flags & kSeparator) == 0) {
-      EXPECT_EQ(isShown(line.name),
-                (line.flags & (kHidden | kPopupOnly)) == 0 && QByteArray(line.name) != "mnuRecent(0)")
-          << line.name;
-    }
-  }
+  EXPECT_FALSE(isShown("mnuRecent(0)"));
+  EXPECT_TRUE(isShown("mnuRecent(1)"));
 }
 
-TEST_F(StartUpTest, ACommandThatIsNotBuiltSaysSo) {
-  startWith(smallProject());
-  trigger("mnuStoryboard");
-  EXPECT_EQ(panel("numberfiles"), u"Storyboard is not part of this version yet."_s);
-  trigger("mnuFont(2)");
-  EXPECT_EQ(panel("numberfiles"), QString());
+TEST_F(StartUpTest, TheManualIsOfferedOnlyWhereThereIsOne) {
+  start();
+  EXPECT_FALSE(isShown("mnuManual"));
+  const QString manual = Paths::programFolder() + u"Help/index.html"_s;
+  ASSERT_TRUE(QDir().mkpath(QFileInfo(manual).path()));
+  writeFile(manual, "<p>Help</p>");
+  start();
+  EXPECT_TRUE(isShown("mnuManual"));
+  trigger("mnuManual");
+  EXPECT_EQ(toolkit.openedDocuments, QStringList({QUrl::fromLocalFile(manual).toString(QUrl::FullyEncoded)}));
+  EXPECT_TRUE(QFile::remove(manual));
+}
+
+TEST(RegisterWindows, TheDatePickerAndTheEditorAreThere) {
+  registerWindows();
+  ScriptedToolkit toolkit;
+  EXPECT_NE(sceneEditorFactory(), nullptr);
+  sceneEditorFactory() = nullptr;
+  const WhenModal accept([](QWidget& picker) { picker.findChild<QPushButton*>(u"cmdAccept"_s)->click(); });
+  const qint32 day = Clock::dayNumber(QDate(2026, 3, 15));
+  EXPECT_EQ(cSharedGetDate().GetDate(u"When?"_s, day), day);
+  cSharedGetDate::installWindow({});
 }
 
 TEST(FileAssociation, PointsTheExtensionToTheQuotedProgram) {

@@ -2,6 +2,10 @@
 
 #include "gui/shell/main/MainMenu.h"
 
+#include "core/infra/RuntimeError.h"
+#include "gui/shell/main/MenuBindings.h"
+#include "support/ErrorOf.h"
+
 #include <QSet>
 
 #include <gtest/gtest.h>
@@ -36,21 +40,43 @@ TEST(MainMenuTable, EveryNameStandsOnceAndBehindItsMenu) {
   }
 }
 
-TEST(MainMenuTable, HoldsWhatIsNeverShown) {
-  for (const char* name :
-       {"mnuSaveAs", "mnuAppendProject", "mnuOutliner", "mnuScenesToWrite", "mnuImportYSDat", "mnuExportScene",
-        "mnuAddNoteToScene", "mnuExternalEditRTF", "mnuConvQN2Scn", "mnuDeleteScene", "mnuRemoveLocation",
-        "mnuRemoveItem", "mnuTimeline", "mnuShowDebug", "mnuDisableVersionCheck"}) {
+TEST(MainMenuTable, OffersNothingThatIsNotForWriters) {
+  for (const char* name : {"mnuSaveAs", "mnuOutliner", "mnuScenesToWrite", "mnuImportYSDat", "mnuExportScene",
+                           "mnuAddNoteToScene", "mnuDeleteScene", "mnuRemoveLocation", "mnuRemoveItem",
+                           "mnuDisableVersionCheck", "mnuCharRC", "mnuAllCharRC"}) {
     ASSERT_NE(find(name), nullptr) << name;
-    EXPECT_NE(find(name)->flags & kHidden, 0U) << name;
+    EXPECT_FALSE(isOffered(*find(name), true)) << name;
+  }
+  for (const char* name : {"mnuTimeline", "mnuExternalEditRTF", "mnuConvQN2Scn", "mnuShowDebug", "mnuAppendProject"}) {
+    ASSERT_NE(find(name), nullptr) << name;
+    EXPECT_FALSE(isOffered(*find(name), false)) << name;
+    EXPECT_TRUE(isOffered(*find(name), true)) << name;
+  }
+  for (const char* name : {"mnuSaveProj", "mnuProject", "mnuStatus(0)", "mnuFont(5)"}) {
+    ASSERT_NE(find(name), nullptr) << name;
+    EXPECT_TRUE(isOffered(*find(name), false)) << name;
   }
 }
 
 TEST(MainMenuTable, NamesACommandInASentence) {
-  EXPECT_EQ(commandName(*find("mnuFind")), u"Find"_s);
-  EXPECT_EQ(commandName(*find("mnuExportHTML")), u"Export to HTML"_s);
-  EXPECT_EQ(commandName(*find("mnuAddChar")), u"Add character"_s);
-  EXPECT_EQ(commandName(*find("mnuStoryboard")), u"Storyboard"_s);
+  EXPECT_EQ(commandName(u"Find (Ctrl-F)"_s), u"Find"_s);
+  EXPECT_EQ(commandName(u"Save As..."_s), u"Save As"_s);
+  EXPECT_EQ(commandName(u"Storyboard"_s), u"Storyboard"_s);
+}
+
+TEST(MenuBindings, TakeOneHandlerForANameOfTheMenu) {
+  MenuBindings bindings;
+  QStringList heard;
+  bindings.bind("mnuSaveProj", [&] { heard.append(u"save"_s); });
+  bindings.bind("mnuFont", [&](const MenuChoice& chosen) { heard.append(chosen.tag.toString()); });
+  EXPECT_EQ(errorOf([&] { bindings.bind("mnuSaveProj", [] {}); }), RuntimeError::DuplicateKey);
+  EXPECT_EQ(errorOf([&] { bindings.bind("mnuSafeProj", [] {}); }), RuntimeError::InvalidCall);
+  EXPECT_EQ(bindings.find(u"mnuLoadProj"_s), nullptr);
+  ASSERT_NE(bindings.find(u"mnuSaveProj"_s), nullptr);
+  EXPECT_EQ(bindings.find(u"mnuSaveProj"_s)->logName, "mnuSaveProj_Click");
+  bindings.find(u"mnuSaveProj"_s)->run({});
+  bindings.find(u"mnuFont"_s)->run({3, u"Tahoma"_s});
+  EXPECT_EQ(heard, QStringList({u"save"_s, u"Tahoma"_s}));
 }
 
 TEST(MenuStates, WithoutAProjectOnlyTheWaysToOneAreOpen) {

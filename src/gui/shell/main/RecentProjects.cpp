@@ -1,4 +1,4 @@
-#include "gui/shell/commands/RecentProjects.h"
+#include "gui/shell/main/RecentProjects.h"
 
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"

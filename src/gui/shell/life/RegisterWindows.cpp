@@ -1,0 +1,11 @@
+#include "gui/shell/life/RegisterWindows.h"
+
+#include "core/infra/cSharedGetDate.h"
+#include "core/model/SceneEditor.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/toolkit/fSHAREDGetDate.h"
+
+void registerWindows() {
+  sceneEditorFactory() = [] { return new frmEditor; };
+  cSharedGetDate::installWindow(&fSHAREDGetDate::run);
+}

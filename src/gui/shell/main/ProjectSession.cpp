@@ -1,0 +1,106 @@
+#include "gui/shell/main/ProjectSession.h"
+
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "gui/shell/main/MainMenuBar.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/RecentProjects.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/toolkit/InputShield.h"
+
+using namespace Qt::StringLiterals;
+
+void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
+  // Written at once, so that the list outlives a crash; as it stands already at most starts, it is left alone then.
+  RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
+  if (!readProject(Path, ShowProgress)) {
+    showEmptyProject();
+    toolkit().DoEvents();
+    return;
+  }
+  main_.EnableMenus();
+  main_.ProjectChanged = false;
+  main_.RefreshAll();
+}
+
+// The lists go first: their rows stand for what is cleared while the windows repaint.
+bool ProjectSession::readProject(const QString& path, bool showProgress) {
+  main_.StopScanTimer();
+  main_.panes().ClearLists();
+  const InputShield shield;
+  return g_Project->Load(path, showProgress);
+}
+
+void ProjectSession::showEmptyProject() {
+  // Scenes that were open give up their locks.
+  g_Project->Clear();
+  g_Project = std::make_unique<clsProject>();
+  main_.DisableMenus();
+  main_.panes().ClearLists();
+  main_.ProjectChanged = false;
+  main_.RefreshAll();
+}
+
+void ProjectSession::SaveProject(bool ShowProgress) {
+  main_.StopScanTimer();
+  main_.ProjectChanged = false;
+  const InputShield shield;
+  if (g_Project->SaveQN4(ShowProgress)) {
+    AddToRecent(g_Project->FileWithPath);
+  }
+  main_.showTitle();
+  main_.StartScanTimer();
+}
+
+QString ProjectSession::nameOfBook() const {
+  const QString title = g_Project->Title.simplified();
+  const QString file = Files().FileOnly(g_Project->FileWithPath);
+  return title.isEmpty() || (file.isEmpty() && g_Project->IsEmpty()) ? file : title;
+}
+
+bool ProjectSession::isChanged() const {
+  return main_.ProjectChanged || g_Project->EditedSinceSave;
+}
+
+bool ProjectSession::mayReplaceProject() {
+  if (main_.ProjectChanged || g_Project->HoldsUnsaved()) {
+    SaveProject(false);
+  }
+  return !g_Project->HoldsUnsaved() ||
+         toolkit().MsgBox(
+             u"The project could not be saved whole. What isn't saved is lost if you go on. Do you want to go on?"_s,
+             Buttons::YesNo) == Answer::Yes;
+}
+
+void ProjectSession::AddToRecent(const QString& Path) {
+  RecentProjects::AddToRecent(Path);
+  UpdateRecent();
+}
+
+void ProjectSession::UpdateRecent() {
+  QList<MenuElement> elements;
+  for (const QString& path : RecentProjects::existing()) {
+    elements.append({RecentProjects::captionOf(path), path});
+  }
+  main_.menus().loadElements(u"mnuRecent"_s, elements);
+  // Element 0 only says that there is nothing yet.
+  main_.menus().setVisible(u"mnuRecent(0)"_s, elements.isEmpty());
+}
+
+bool ProjectSession::CloseProject() {
+  if (isChanged() && main_.refusedWhileEditing()) {
+    return true;
+  }
+  if (!mayReplaceProject()) {
+    return false;
+  }
+  showEmptyProject();
+  return true;
+}
+
+void ProjectSession::setMenusByProject() {
+  // A book whose save was given up has no file and can still be saved.
+  g_Project->FileWithPath.isEmpty() && g_Project->IsEmpty() ? main_.DisableMenus() : main_.EnableMenus();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+class frmMain;
+
+/// How the main window comes to a book and parts from it: loading, saving, closing, and the list of recent ones.
+class ProjectSession {
+ public:
+  explicit ProjectSession(frmMain& main) : main_(main) {}
+
+  /// A load that fails leaves the empty project and its menus. The user has been told by then.
+  void LoadProject(const QString& Path, bool ShowProgress);
+  /// A failed save has been told by then.
+  void SaveProject(bool ShowProgress);
+  /// The title of the book that is open, its file's name where it has none; empty without a project.
+  QString nameOfBook() const;
+  /// There are changes that the project file doesn't hold.
+  bool isChanged() const;
+  /// Saves what is to be saved; what can't be is asked about. False when the project has to stay.
+  bool mayReplaceProject();
+  /// True when it was done, and also when open editors stood in the way of saving. False when the project could not
+  /// be saved and the user keeps it.
+  bool CloseProject();
+  /// Puts the file in front of the recent ones and keeps that at once.
+  void AddToRecent(const QString& Path);
+  void UpdateRecent();
+  /// The menus that go with the project that is there now.
+  void setMenusByProject();
+
+ private:
+  bool readProject(const QString& path, bool showProgress);
+  void showEmptyProject();
+
+  frmMain& main_;
+};

@@ -1,0 +1,114 @@
+// The menus as the window shows them: what isn't built, what goes wrong in a command, what a key says that goes
+// nowhere.
+
+#include "gui/shell/main/MainMenuBar.h"
+
+#include "core/infra/RuntimeError.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/shell/MainWindow.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Failing : public CommandGroup {
+ public:
+  void bind(MenuBindings& menu) override {
+    menu.bind("mnuStoryboard", [] { throw RuntimeError(RuntimeError::DiskFull); });
+  }
+};
+
+}  // namespace
+
+using MainMenuBarTest = ShellTest;
+
+TEST_F(MainMenuBarTest, WhatIsNotBuiltIsDisabledInEveryStateAndSaysSo) {
+  startWith(smallProject());
+  for (const char* name : {"mnuStoryboard", "mnuFind", "mnuStatus(0)", "mnuStatus(3)", "mnuFileNew"}) {
+    EXPECT_FALSE(isEnabled(name)) << name;
+    EXPECT_EQ(control<QAction>(name).toolTip(), u"not in this version yet"_s) << name;
+  }
+  EXPECT_TRUE(isEnabled("mnuSearch")) << "what is to come can be looked at";
+  EXPECT_TRUE(isEnabled("mnuSaveProj"));
+  EXPECT_NE(control<QAction>("mnuSaveProj").toolTip(), u"not in this version yet"_s);
+  window().DisableMenus();
+  EXPECT_FALSE(isEnabled("mnuProjectGen"));
+  EXPECT_TRUE(isEnabled("mnuLoadProj"));
+}
+
+TEST_F(MainMenuBarTest, TheMouseOverADisabledEntryTellsWhyInTheStatusBar) {
+  startWith(smallProject());
+  window().showMessage(u"Before"_s);
+  auto& tools = control<QMenu>("mnuWindow");
+  tools.popup(window().mapToGlobal(QPoint(50, 50)));
+  const auto moveOver = [&](const char* entry) {
+    QTest::mouseMove(&tools, tools.actionGeometry(&control<QAction>(entry)).center());
+  };
+  moveOver("mnuChart");
+  EXPECT_EQ(panel("numberfiles"), u"not in this version yet"_s);
+  moveOver("mnuWordUsageCount");
+  EXPECT_EQ(panel("numberfiles"), u"Before"_s);
+  moveOver("mnuChart");
+  tools.close();
+  EXPECT_EQ(panel("numberfiles"), u"Before"_s);
+}
+
+TEST_F(MainMenuBarTest, AKeyThatGoesNowhereSaysWhy) {
+  startWith(smallProject());
+  auto& rows = list("ListScenes");
+  rows.setFocus();
+  QTest::keyClick(&rows, Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(panel("numberfiles"), u"Find: not in this version yet"_s);
+  window().EditSelectedScene();
+  ASSERT_NE(editor(), nullptr);
+  window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+  QTest::keyClick(&rows, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(panel("numberfiles"), u"Save: please close all editor windows first"_s);
+  editor()->findChild<QAction*>(u"mnuExit"_s)->trigger();
+  ASSERT_TRUE(soon([this] { return !window().Editing(); }));
+  trigger("mnuCloseProject");
+  window().setFocus();
+  QTest::keyClick(&window(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(panel("numberfiles"), u"Save: no project is open"_s);
+}
+
+TEST_F(MainMenuBarTest, AFailingCommandIsLoggedUnderItsOwnName) {
+  QMenuBar bar;
+  Failing group;
+  MainMenuBar menus(bar, false);
+  menus.addCommands(group);
+  menus.apply({{u"mnuStoryboard"_s, true}});
+  ASSERT_TRUE(menus.action(u"mnuStoryboard"_s)->isEnabled());
+  menus.action(u"mnuStoryboard"_s)->trigger();
+  const QString logged = Logging().CurrentAction();
+  EXPECT_TRUE(logged.contains(u"mnuStoryboard_Click"_s)) << logged;
+}
+
+TEST_F(MainMenuBarTest, TheTitleBarNamesTheBookAndWhetherItIsSaved) {
+  startWith(smallProject());
+  const QString program = u"Quillane 4 by Brackenlight Software"_s;
+  EXPECT_EQ(window().windowTitle(), g_Project->Title + u"[*] \u2013 "_s + program);
+  EXPECT_FALSE(window().isWindowModified());
+  control<QLineEdit>("txtTitle").setText(u"Odd [*] title"_s);
+  EXPECT_EQ(window().windowTitle(), u"Odd [*][*] title[*] \u2013 "_s + program);
+  EXPECT_TRUE(window().isWindowModified());
+  trigger("mnuSaveProj");
+  EXPECT_FALSE(window().isWindowModified());
+  window().EditSelectedScene();
+  ASSERT_NE(editor(), nullptr);
+  editor()->findChild<QAction*>(u"mnuSaveAndExit"_s)->trigger();
+  EXPECT_TRUE(soon([this] { return window().isWindowModified(); })) << "what an editor saved stands in no project file";
+  trigger("mnuCloseProject");
+  EXPECT_EQ(window().windowTitle(), program);
+  EXPECT_FALSE(window().isWindowModified());
+}
