@@ -29,8 +29,35 @@ ensure_packages() {
   fi
   say "Installing: ${missing[*]}"
   local apt=("${as[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 -qq)
-  "${apt[@]}" update >&2
-  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2
+  quietly "${apt[@]}" update
+  quietly "${apt[@]}" install -y --no-install-recommends "${missing[@]}"
+}
+
+# Runs a command and keeps what it prints to itself, unless it fails: then all of it is shown.
+quietly() {
+  local log status=0
+  log=$(mktemp)
+  "$@" >"$log" 2>&1 || status=$?
+  [ $status -eq 0 ] || cat "$log" >&2
+  rm -f "$log"
+  return $status
+}
+
+# The same with one line of progress on a terminal: the last line that begins with a bracket or a number.
+with_progress() {
+  local what=$1 log status=0
+  shift
+  say "$what"
+  [ -t 2 ] || { quietly "$@"; return; }
+  log=$(mktemp)
+  { "$@" 2>&1 || echo "exit $?"; } | tee "$log" | awk '/^ *[[0-9]/ { printf "\r\033[K%s", substr($0, 1, 76); fflush() }' >&2
+  printf '\r\033[K' >&2
+  if tail -n 1 "$log" | grep -q '^exit '; then
+    status=1
+    sed '$d' "$log" >&2
+  fi
+  rm -f "$log"
+  return $status
 }
 
 # Configures and builds a preset; further arguments are targets, all of them when there is none.
@@ -38,8 +65,16 @@ build() {
   local preset=$1
   shift
   export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-  cmake --preset "$preset" -Wno-dev >&2
-  cmake --build --preset "$preset" --parallel "${JOBS:-2}" ${1:+--target "$@"} >&2
+  quietly cmake --preset "$preset" -Wno-dev
+  with_progress "Building ($preset)" cmake --build --preset "$preset" --parallel "${JOBS:-2}" ${1:+--target "$@"}
+}
+
+# Runs the tests of a build folder; further arguments are ctest's.
+run_tests() {
+  local folder=$1
+  shift
+  with_progress "Testing ($folder)" ctest --test-dir "$folder" --output-on-failure --parallel "${JOBS:-2}" "$@"
+  say "$(ctest --test-dir "$folder" --show-only "$@" | sed -n 's/^Total Tests: //p') test programs passed"
 }
 
 # Runs a command on a virtual display with a window manager; DISPLAY is set for it.
