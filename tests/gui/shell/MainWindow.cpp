@@ -8,6 +8,7 @@
 #include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -77,8 +78,7 @@ frmMain& ShellTest::start(const QString& commandLine) {
   }
   if (!window_->Closing) {
     window_->show();
-    // Only the active window hears keys.
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), 20000));
+    EXPECT_TRUE(waitUntilActive(*window_));
     EXPECT_TRUE(soon([this] { return window_->findChild<QWidget*>(u"txtBody"_s) != nullptr; }));
   }
   return *window_;
@@ -92,7 +92,7 @@ frmMain& ShellTest::startWith(const QString& project) {
 }
 
 void ShellTest::endProgram() {
-  window_->EndProgram();
+  window().EndProgram();
   window_.reset();
 }
 
@@ -114,18 +114,22 @@ QString ShellTest::panel(const char* key) {
 
 QStringList ShellTest::row(const char* listName, int index) {
   ListView& view = list(listName);
+  const QTreeWidgetItem& shown = itemOf(view, index);
   QStringList texts;
-  if (const QTreeWidgetItem* item = view.topLevelItem(index)) {
-    for (int column = 0; column < view.columnCount(); ++column) {
-      texts.append(item->text(column));
-    }
+  for (int column = 0; column < view.columnCount(); ++column) {
+    texts.append(shown.text(column));
   }
   return texts;
 }
 
+QTreeWidgetItem& ShellTest::itemOf(const ListView& list, int index) {
+  return required(list.topLevelItem(index), u"row %1 in %2"_s.arg(index).arg(list.objectName()));
+}
+
 QPoint ShellTest::placeOf(ListView& view, int row) {
-  view.scrollToItem(view.topLevelItem(row));
-  const QPoint centre = view.visualItemRect(view.topLevelItem(row)).center();
+  QTreeWidgetItem& shown = itemOf(view, row);
+  view.scrollToItem(&shown);
+  const QPoint centre = view.visualItemRect(&shown).center();
   return {std::min(centre.x(), view.viewport()->width() / 2), centre.y()};
 }
 
@@ -139,7 +143,7 @@ void ShellTest::doubleClick(ListView& view, int row) {
 }
 
 bool ShellTest::soon(const std::function<bool()>& holds) {
-  return QTest::qWaitFor([&] { return holds(); }, 20000);
+  return waitFor(holds);
 }
 
 frmEditor* ShellTest::editor() const {
@@ -150,4 +154,8 @@ frmEditor* ShellTest::editor() const {
     }
   }
   return nullptr;
+}
+
+frmEditor& ShellTest::openEditor() const {
+  return required(editor(), u"editor window"_s);
 }
