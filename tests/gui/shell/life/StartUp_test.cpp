@@ -8,7 +8,6 @@
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/life/InstanceCheck.h"
-#include "gui/shell/main/MainMenu.h"
 
 #include <QAction>
 #include <QDir>
@@ -169,18 +168,11 @@ TEST_F(StartUpTest, AnErrorEndsTheProgramAndSavesNoSettingsThatWereNeverRead) {
   EXPECT_EQ(settingsText(), u"Keep,me\r\n"_s);
 }
 
-TEST_F(StartUpTest, ShowsTheMenusOfTheTable) {
+TEST_F(StartUpTest, FillsTheMenuOfStatuses) {
   startWith(smallProject());
   const QStringList statuses{u"Outline"_s, u"Draft"_s, u"1st Edit"_s, u"2nd Edit"_s, u"Done"_s};
   for (int i = 0; i < statuses.size(); ++i) {
     EXPECT_EQ(control<QAction>(qPrintable(u"mnuStatus(%1)"_s.arg(i))).text(), statuses.at(i));
-  }
-  for (const MenuEntry& line : mainMenuTable()) {
-    if ((line.flags & kSeparator) == 0) {
-      EXPECT_EQ(isShown(line.name),
-                (line.flags & (kHidden | kPopupOnly)) == 0 && QByteArray(line.name) != "mnuRecent(0)")
-          << line.name;
-    }
   }
 }
 
