@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
+#include <exception>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -24,13 +25,25 @@ class WhenModal {
 
  private:
   void look() {
-    QWidget* const modal = QApplication::activeModalWidget();
+    const QPointer<QWidget> modal = QApplication::activeModalWidget();
     if (modal == nullptr || !modal->isVisible()) {
       return;
     }
     timer_.stop();
     seen_ = true;
-    act_(*modal);
+    try {
+      act_(*modal);
+    } catch (const std::exception& error) {
+      ADD_FAILURE() << error.what();
+      leave(modal);
+    }
+  }
+
+  /// A window that stays would hold up the whole program.
+  static void leave(QWidget* modal) {
+    if (modal != nullptr) {
+      modal->close();
+    }
   }
 
   Act act_;

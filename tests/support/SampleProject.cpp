@@ -9,6 +9,7 @@
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "support/Required.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -63,7 +64,7 @@ void addChapters() {
       chapter->Addscene(makeScene(content[0] + u' ' + QString::number(i), content[i].toLatin1()));
     }
   }
-  g_Project->ChapterByIndex(3)->Unused = true;
+  chapterAt(3)->Unused = true;
 }
 
 }  // namespace
@@ -82,7 +83,7 @@ void makeSmallProject() {
   g_Project->DescText = u"Two lines,\r\nof which this is the second."_s;
   addCast();
   addChapters();
-  const auto first = g_Project->SceneByIndex(1);
+  const auto first = sceneAt(1);
   first->AddCharByID(2);
   first->AddCharByID(1);
   first->AddLocationByID(1);
@@ -90,7 +91,7 @@ void makeSmallProject() {
   first->Hour = 7;
   first->LastsMinutes = 45;
   first->Notes = u"Check the tide."_s;
-  g_Project->SceneByIndex(4)->Unused = true;
+  sceneAt(4)->Unused = true;
 }
 
 QString saveSmallProject(const QString& folder) {
@@ -98,6 +99,18 @@ QString saveSmallProject(const QString& folder) {
   g_Project->FileWithPath = folder + u"/Small.qn4"_s;
   g_Project->SaveQN4(false);
   return g_Project->FileWithPath;
+}
+
+std::shared_ptr<clsScene> sceneAt(qint32 index) {
+  auto scene = g_Project->SceneByIndex(index);
+  required(scene, u"scene %1"_s.arg(index));
+  return scene;
+}
+
+std::shared_ptr<clsChapter> chapterAt(qint32 index) {
+  auto chapter = g_Project->ChapterByIndex(index);
+  required(chapter, u"chapter %1"_s.arg(index));
+  return chapter;
 }
 
 QByteArray simpleRtf(const QByteArray& text) {

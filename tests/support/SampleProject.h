@@ -4,6 +4,11 @@
 #include <QMap>
 #include <QString>
 
+#include <memory>
+
+class clsChapter;
+class clsScene;
+
 /// Puts a fresh, empty project in place of g_Project and empties the change tables.
 void newProject();
 
@@ -13,6 +18,10 @@ void makeSmallProject();
 
 /// The small project, saved in this folder as Small.qn4. Its path.
 QString saveSmallProject(const QString& folder);
+
+/// The scene and the chapter at a position of g_Project, from 1; the test ends when there is none.
+std::shared_ptr<clsScene> sceneAt(qint32 index);
+std::shared_ptr<clsChapter> chapterAt(qint32 index);
 
 /// One paragraph of RTF with this text, which must be plain ASCII.
 QByteArray simpleRtf(const QByteArray& text);

@@ -145,7 +145,8 @@ class TypingUser {
   void run(DateEntry& entry, const QString& caption) {
     captions.append(caption);
     shown.append(entry.joined());
-    const QDate date = dates_.takeFirst();
+    EXPECT_FALSE(dates_.isEmpty()) << "asked once too often";
+    const QDate date = dates_.isEmpty() ? QDate() : dates_.takeFirst();
     if (!date.isValid()) {
       entry.press(Key::Cancel);
       return;

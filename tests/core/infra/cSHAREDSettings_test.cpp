@@ -4,6 +4,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "support/FailingDisk.h"
+#include "support/Required.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
@@ -54,8 +55,11 @@ class FakeColumns : public SettingsColumns {
   QList<double> widths;
 
   int count() const override { return static_cast<int>(widths.size()); }
-  double width(int column) const override { return widths[column - 1]; }
-  void setWidth(int column, double twips) override { widths[column - 1] = twips; }
+  double width(int column) const override { return elementOf(widths, column - 1); }
+  void setWidth(int column, double twips) override {
+    ASSERT_TRUE(column >= 1 && column <= count()) << column;
+    widths[column - 1] = twips;
+  }
 };
 
 }  // namespace
@@ -277,6 +281,7 @@ TEST(cSHAREDSettings, WhatStandsInTheWayOfASaveIsTold) {
   EXPECT_FALSE(settings.SaveSettings({}));
   person.expectErrorReport(u"76 - Path not found"_s);
   EXPECT_FALSE(settings.SaveSettings(folder.path(u"missing/s.ini"_s)));
+  ASSERT_EQ(person.errorReports.size(), 1);
   EXPECT_TRUE(person.errorReports.constFirst().endsWith(u" in SaveSettings"_s));
   EXPECT_EQ(settings.sGet(u"a"_s), 1) << "the table is as it was";
 }

@@ -185,7 +185,7 @@ TEST_F(cSharedLoggingTest, ALogThatCannotBeWrittenCostsOnlyTheLines) {
   QDir(folder.path()).rmdir(u"my.log"_s);
   log.WriteActionsToLog();
   const QStringList written = lines();
-  EXPECT_EQ(written.size(), 1000) << "the newest wait for the next attempt";
+  ASSERT_EQ(written.size(), 1000) << "the newest wait for the next attempt";
   EXPECT_EQ(written.constLast(), u"1 14:03:22, DBG: 2999"_s);
 }
 

@@ -11,6 +11,7 @@
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
@@ -51,9 +52,9 @@ TEST_F(Collections, AssigningByIndexReplacesAndAboveTheCountAdds) {
   EXPECT_EQ(chars.CharByID(9)->Title(), u"Nell"_s);
   EXPECT_EQ(chars.CharByID(2)->Title(), QString()) << "the one that was replaced is found no more";
   chars.setCharByIndex(40, person(u"Last"_s));
-  EXPECT_EQ(chars.CharByIndex(4)->ID(), 10);
+  EXPECT_EQ(required(chars.CharByIndex(4), u"fourth character"_s).ID(), 10);
   chars.setCharByIndex(1, person(u"Twin"_s, 10));
-  EXPECT_EQ(chars.CharByIndex(1)->Title(), u"Anna"_s);
+  EXPECT_EQ(required(chars.CharByIndex(1), u"first character"_s).Title(), u"Anna"_s);
   EXPECT_TRUE(logged(u"(457) in CharByIndex of module clsCharacters"_s));
 }
 

@@ -62,7 +62,7 @@ TEST_F(Project, RemovalIsForgottenByWhatRefersToIt) {
   g_Project->RemoveCharByID(2);
   g_Project->RemoveLocationByID(1);
   g_Project->RemoveItemByID(1);
-  const auto first = g_Project->SceneByIndex(1);
+  const auto first = sceneAt(1);
   EXPECT_EQ(first->CharCount() + first->LocationCount() + first->ItemCount(), 1);
   EXPECT_EQ(first->ViewPointID(), 1);
   g_Project->RemoveSceneByID(1);

@@ -11,6 +11,7 @@
 #include "core/model/clsItem.h"
 #include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
+#include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
@@ -89,6 +90,9 @@ class Scene : public ::testing::Test {
 
   static QList<qint32> characters(clsScene& scene) { return {scene.CharIDs().begin(), scene.CharIDs().end()}; }
 
+  /// The last one that was made.
+  RecordingEditor& editor() const { return required(editor_, u"editor"_s); }
+
   QStringList calls_;
   RecordingEditor* editor_ = nullptr;
 };
@@ -122,7 +126,7 @@ TEST_F(Scene, ChangingTheViewpointKeepsTheOldOneAndSettingReplacesIt) {
 }
 
 TEST_F(Scene, WithoutCharactersHasTheViewpointNA) {
-  const auto scene = g_Project->SceneByIndex(2);
+  const auto scene = sceneAt(2);
   EXPECT_EQ(scene->ViewPointID(), 0);
   EXPECT_EQ(scene->ViewPointChar()->Title(), u"N/A"_s);
   EXPECT_FALSE(g_CharChanges.HasChanged(0, 1));
@@ -206,13 +210,13 @@ TEST_F(Scene, TellsItsTimeAndWhetherItHasANote) {
   EXPECT_FALSE(scene.HasNote());
   scene.Notes += u'x';
   EXPECT_TRUE(scene.HasNote());
-  EXPECT_EQ(g_Project->SceneByIndex(1)->LocationByIndex(1)->Title, u"The pier"_s);
-  EXPECT_EQ(g_Project->SceneByIndex(1)->ItemByIndex(1)->Title, u"A lamp"_s);
+  EXPECT_EQ(sceneAt(1)->LocationByIndex(1)->Title, u"The pier"_s);
+  EXPECT_EQ(sceneAt(1)->ItemByIndex(1)->Title, u"A lamp"_s);
 }
 
 TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {
   const ScriptedToolkit screen;
-  const auto scene = g_Project->SceneByIndex(1);
+  const auto scene = sceneAt(1);
   sceneEditorFactory() = [this] {
     auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
     made->whenFilled = [] { throw RuntimeError(RuntimeError::OutOfMemory); };
@@ -235,22 +239,22 @@ TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {
 
 TEST_F(Scene, EditLocksTheRecordAndOpensOneWindowOnly) {
   const ScriptedToolkit screen;
-  const auto scene = g_Project->SceneByIndex(1);
+  const auto scene = sceneAt(1);
   g_SceneChanges.ResetAllChanged(scene->ID());
   scene->Edit();
   scene->Edit();
   EXPECT_EQ(calls_, (QStringList{u"EditScene 1"_s, u"Show"_s, u"Activate"_s}));
   EXPECT_TRUE(scene->Locked());
   EXPECT_FALSE(g_SceneChanges.HasChanged(1, 1));
-  editor_->Changed();
+  editor().Changed();
   EXPECT_TRUE(g_SceneChanges.HasChanged(1, 1));
   scene->setCurrentSearchString(u"sea"_s);
   g_Project->MarkAllCharInEditorWindows();
   g_Project->UpdateCombosInEditorWindows();
   g_SceneChanges.ResetAllChanged(1);
   calls_.clear();
-  editor_->saved = true;
-  editor_->Finished();
+  editor().saved = true;
+  editor().Finished();
   EXPECT_EQ(calls_, (QStringList{u"Hide"_s, u"Unload"_s}));
   EXPECT_TRUE(scene->SavedByEditor);
   EXPECT_FALSE(scene->Locked() || scene->EditingScene);
@@ -261,24 +265,24 @@ TEST_F(Scene, EditLocksTheRecordAndOpensOneWindowOnly) {
 
 TEST_F(Scene, CannotBeOpenedAgainWhileItsWindowGoes) {
   ScriptedToolkit screen;
-  const auto scene = g_Project->SceneByIndex(1);
+  const auto scene = sceneAt(1);
   scene->Edit();
   calls_.clear();
   screen.onYield = [&] { scene->Edit(); };
-  editor_->Finished();
+  editor().Finished();
   EXPECT_EQ(calls_, (QStringList{u"Hide"_s, u"Unload"_s}));
   EXPECT_FALSE(scene->Locked() || scene->EditingScene);
   scene->Edit();
   EXPECT_TRUE(scene->Locked() && scene->EditingScene);
-  editor_->Finished();
+  editor().Finished();
 }
 
 TEST_F(Scene, AnEditorThatOutlivesItsSceneTalksToNobody) {
   const ScriptedToolkit screen;
-  g_Project->SceneByIndex(1)->Edit();
+  sceneAt(1)->Edit();
   newProject();
-  EXPECT_FALSE(editor_->Finished || editor_->Changed);
-  editor_->Unload();
+  EXPECT_FALSE(editor().Finished || editor().Changed);
+  editor().Unload();
 }
 
 TEST_F(Scene, ANewSceneStaysOnlyWhenItsEditorSaved) {

@@ -28,11 +28,15 @@ class LoadSave : public ::testing::Test {
     Settings().DeleteAllSettings();
     path_ = saveSmallProject(scratch_.path());
     newProject();
+    logText();
   }
 
+  /// What was logged since the last look.
   QString logText() {
     Logging().WriteActionsToLog();
-    return QString::fromLatin1(fileBytes(Logging().CurrentLogFilename()));
+    const QString text = QString::fromLatin1(fileBytes(Logging().CurrentLogFilename()));
+    QFile::remove(Logging().CurrentLogFilename());
+    return text;
   }
 
   /// The project, loaded and saved again as one/Small.qnc4, which is the open file then; its bytes.
@@ -60,7 +64,7 @@ TEST_F(LoadSave, AProjectComesBackAndIsWrittenAgainByteForByte) {
   EXPECT_EQ(before.size(), 6);
   ASSERT_TRUE(g_Project->Load(path_, true));
   EXPECT_EQ(g_Project->ChapterCount(), 3);
-  EXPECT_EQ(g_Project->SceneByIndex(1)->ViewPointChar()->Title(), u"Zoë"_s);
+  EXPECT_EQ(sceneAt(1)->ViewPointChar()->Title(), u"Zoë"_s);
   EXPECT_EQ(g_Project->Wordcount(false), 9) << "the unused scene and the unused chapter don't count";
   EXPECT_EQ(g_Project->Wordcount(true), 12);
   ASSERT_TRUE(g_Project->SaveQN4(false));
@@ -90,8 +94,9 @@ TEST_F(LoadSave, AMissingSceneFileFailsTheLoadAndLeavesAnEmptyProject) {
   screen_.expectErrorReport(u"There was an error loading this project. (If you moved the QN4 file"_s);
   EXPECT_FALSE(g_Project->Load(path_, true));
   expectEmptyProject();
-  EXPECT_TRUE(logText().contains(u"Could not find or load "_s));
-  EXPECT_TRUE(logText().contains(u"Load failed ... unable to extract scene data / load scenes from "_s + path_));
+  const QString log = logText();
+  EXPECT_TRUE(log.contains(u"Could not find or load "_s));
+  EXPECT_TRUE(log.contains(u"Load failed ... unable to extract scene data / load scenes from "_s + path_));
   EXPECT_EQ(filesBelow(scratch_.path()), before);
 }
 
@@ -104,6 +109,7 @@ TEST_F(LoadSave, FilesThatAreNoProjectAreToldAndLeaveNothing) {
       {QByteArray(whole).replace("<RTFFile>RTF_00002.rtf", "<RTFFile>"), u"load scenes"_s},
   };
   for (const auto& [content, step] : cases) {
+    makeSmallProject();
     writeFile(path_, content);
     screen_.expectErrorReport(u"There was an error loading this project."_s);
     EXPECT_FALSE(g_Project->Load(path_, false));
@@ -133,7 +139,7 @@ TEST_F(LoadSave, OnlyChangedScenesAreWrittenUnlessProgressIsShown) {
   const QString untouched = scratch_.path(u"RTF/RTF_00001.rtf"_s);
   const QString changed = scratch_.path(u"RTF/RTF_00002.rtf"_s);
   writeFile(untouched, "changed behind the program's back");
-  g_Project->SceneByIndex(2)->setTextRTF(simpleRtf("new words here now"));
+  sceneAt(2)->setTextRTF(simpleRtf("new words here now"));
   ASSERT_TRUE(g_Project->SaveQN4(false));
   EXPECT_EQ(fileBytes(untouched), "changed behind the program's back");
   EXPECT_EQ(fileBytes(changed), simpleRtf("new words here now"));
@@ -185,7 +191,7 @@ TEST_F(LoadSave, ASingleFileHoldsTheTextsAndTurnsIntoAFolderAgain) {
   newProject();
   screen_.expectBox(u"You've loaded an all-in-one 'qnc4' project file."_s);
   ASSERT_TRUE(g_Project->Load(scratch_.path(u"one/Small.qnc4"_s), false));
-  EXPECT_FALSE(g_Project->SceneByIndex(1)->WordsStale());
+  EXPECT_FALSE(sceneAt(1)->WordsStale());
   ASSERT_TRUE(g_Project->SaveQN4(false));
   auto folder = filesBelow(scratch_.path(u"one"_s));
   folder.remove(u"Small.qnc4"_s);
@@ -203,9 +209,9 @@ TEST_F(LoadSave, TextThatIsNoBase64LosesThatTextAloneAndIsLogged) {
   screen_.expectBox(u"You've loaded an all-in-one"_s);
   screen_.expectBox(u"could not be read, and they are empty now:\nArrival 2"_s);
   ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
-  EXPECT_EQ(g_Project->SceneByIndex(2)->TextRTF(), "");
-  EXPECT_EQ(g_Project->SceneByIndex(4)->TextRTF(), simpleRtf("ten"));
-  EXPECT_EQ(g_Project->SceneByIndex(5)->TextRTF(), simpleRtf("eleven twelve"));
+  EXPECT_EQ(sceneAt(2)->TextRTF(), "");
+  EXPECT_EQ(sceneAt(4)->TextRTF(), simpleRtf("ten"));
+  EXPECT_EQ(sceneAt(5)->TextRTF(), simpleRtf("eleven twelve"));
   EXPECT_TRUE(logText().contains(u"scene 'Arrival 2'"_s));
 }
 
@@ -227,8 +233,8 @@ TEST_F(LoadSave, AProjectWithUnreadTextsIsSavedWholeAndOpensAgain) {
   EXPECT_EQ(fileBytes(g_Project->FileWithPath), text) << "what wasn't read is handed on as it was";
   ASSERT_TRUE(g_Project->Load(saved, false));
   EXPECT_EQ(g_Project->SceneCount(), 5);
-  EXPECT_EQ(g_Project->SceneByIndex(1)->TextRTF() + g_Project->SceneByIndex(2)->TextRTF(), "");
-  EXPECT_EQ(g_Project->SceneByIndex(3)->TextRTF(), simpleRtf("six seven eight nine"));
+  EXPECT_EQ(sceneAt(1)->TextRTF() + sceneAt(2)->TextRTF(), "");
+  EXPECT_EQ(sceneAt(3)->TextRTF(), simpleRtf("six seven eight nine"));
 }
 
 TEST_F(LoadSave, SaveAsWritesEveryTextIntoTheNewFolder) {
@@ -259,7 +265,7 @@ TEST_F(LoadSave, AFailedWriteOfASceneKeepsItDueForTheNextSave) {
   const QString target = scratch_.path(u"RTF/RTF_00002.rtf"_s);
   ASSERT_TRUE(QFile::remove(target));
   ASSERT_TRUE(QDir().mkpath(target));
-  const auto scene = g_Project->SceneByIndex(2);
+  const auto scene = sceneAt(2);
   scene->setTextRTF(simpleRtf("not lost"));
   EXPECT_TRUE(g_Project->SaveQN4(false));
   EXPECT_TRUE(scene->RTFChanged());

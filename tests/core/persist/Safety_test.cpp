@@ -95,7 +95,7 @@ TEST_F(Safety, ASceneFileStaysWholeWhenItsDiskIsFull) {
     GTEST_SKIP() << "a full disk can't be simulated here";
   }
   ASSERT_TRUE(g_Project->Load(path_, false));
-  const auto scene = g_Project->SceneByIndex(1);
+  const auto scene = sceneAt(1);
   const QByteArray before = fileBytes(scene->RTFFileWithPath());
   scene->setTextRTF(simpleRtf(QByteArray(5000, 'y')));
   {
@@ -143,7 +143,7 @@ TEST_F(Safety, ANewSceneNeverTakesTheFileOfAnother) {
   edit("<LastFileIndex4>5<", "<LastFileIndex4>1<");
   ASSERT_TRUE(g_Project->Load(path_, false));
   const auto scene = std::make_shared<clsScene>();
-  g_Project->ChapterByIndex(1)->Addscene(scene);
+  chapterAt(1)->Addscene(scene);
   scene->setTextRTF(simpleRtf("new"));
   ASSERT_TRUE(g_Project->SaveQN4(false));
   EXPECT_EQ(scene->RTFFilename(), u"RTF_00006.rtf"_s);
@@ -155,7 +155,7 @@ TEST_F(Safety, NumbersAtTheEndOfTheirRangeStillGiveFreshOnes) {
   edit("<ID>5</ID>\r\n\t\t<Title>Cut", "<ID>2147483647</ID>\r\n\t\t<Title>Cut");
   ASSERT_TRUE(g_Project->Load(path_, false));
   const auto scene = std::make_shared<clsScene>();
-  g_Project->ChapterByIndex(1)->Addscene(scene);
+  chapterAt(1)->Addscene(scene);
   EXPECT_EQ(scene->ID(), 5);
   scene->Save();
   EXPECT_EQ(scene->RTFFilename(), u"RTF_00006.rtf"_s);
@@ -168,7 +168,7 @@ TEST_F(Safety, TheCounterOfFileNamesIsStoredWithTheNamesItGave) {
 
 TEST_F(Safety, AFailedReadKeepsTheTextInMemory) {
   ASSERT_TRUE(g_Project->Load(path_, false));
-  const auto scene = g_Project->SceneByIndex(1);
+  const auto scene = sceneAt(1);
   ASSERT_TRUE(QFile::remove(scene->RTFFileWithPath()));
   EXPECT_FALSE(scene->LoadRTF());
   EXPECT_EQ(scene->TextRTF(), simpleRtf("one two three"));
@@ -186,7 +186,7 @@ TEST_F(Safety, ATextThatCouldNotBeReadIsNotOverwrittenWithNothing) {
   ASSERT_TRUE(g_Project->SaveQN4(true));
   const QString file = scratch_.path(u"book/RTF/RTF_00002.rtf"_s);
   EXPECT_EQ(fileBytes(file), simpleRtf("four five"));
-  g_Project->SceneByIndex(2)->setTextRTF(simpleRtf("anew"));
+  sceneAt(2)->setTextRTF(simpleRtf("anew"));
   ASSERT_TRUE(g_Project->SaveQN4(false));
   EXPECT_EQ(fileBytes(file), simpleRtf("anew"));
 }

@@ -39,6 +39,7 @@ void expectSound(const RichText& text) {
     const auto paragraph = text.paragraph(i);
     ASSERT_EQ(paragraph.start, start);
     start += paragraph.length + 2;
+    ASSERT_LE(start, text.size() + 2);
     ASSERT_TRUE(i + 1 == text.paragraphCount() || plain.sliced(start - 2, 2) == u"\r\n"_s);
   }
   ASSERT_EQ(start, text.size() + 2);

@@ -226,6 +226,8 @@ TEST(Rtf, BulletsAreKeptAndTheirLabelsAreNoText) {
     const RichText text = readRtf(fonts + wanted.rtf);
     EXPECT_EQ(text.plainText(), QString(u"a\r\nb\r\nc\r\nd"_s.left(wanted.bullets.size() * 3 - 2))) << wanted.what;
     const RichText again = readRtf(writeRtf(text));
+    ASSERT_EQ(text.paragraphCount(), wanted.bullets.size()) << wanted.what;
+    ASSERT_EQ(again.paragraphCount(), wanted.bullets.size()) << wanted.what;
     for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
       EXPECT_EQ(text.paragraph(i).format->bullet, wanted.bullets[i]) << wanted.what << i;
       EXPECT_EQ(again.paragraph(i).format->bullet, wanted.bullets[i]) << wanted.what << i;

@@ -9,6 +9,7 @@
 #include "gui/shell/life/RegisterWindows.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -58,13 +59,11 @@ frmEditor* EditorTest::open(qint32 id) {
   scene(id)->Edit();
   for (frmEditor* const editor : editorWindows()) {
     if (!before.contains(editor)) {
-      // Only the active window hears shortcuts.
-      EXPECT_TRUE(QTest::qWaitForWindowActive(editor, 20000));
+      EXPECT_TRUE(waitUntilActive(*editor));
       return editor;
     }
   }
-  ADD_FAILURE() << "no new window";
-  return nullptr;
+  throw std::runtime_error("no editor window opened");
 }
 
 void EditorTest::type(frmEditor& editor, const QString& text) {
@@ -86,5 +85,5 @@ QString EditorTest::textInFile(qint32 id) const {
 }
 
 QString EditorTest::panel(frmEditor& editor, int number) const {
-  return editor.findChild<QLabel*>(u"StatusBar1(%1)"_s.arg(number))->text();
+  return childOf<QLabel>(editor, u"StatusBar1(%1)"_s.arg(number)).text();
 }

@@ -2,6 +2,7 @@
 
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "support/Required.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
@@ -21,7 +22,7 @@ class EditorTest : public ::testing::Test {
   void TearDown() override;
 
   std::shared_ptr<clsScene> scene(qint32 id = 1) const;
-  /// Opens the scene's editor.
+  /// Opens the scene's editor; the test ends when no window comes.
   frmEditor* open(qint32 id = 1);
   /// Types at the end of the text.
   void type(frmEditor& editor, const QString& text);
@@ -34,9 +35,7 @@ class EditorTest : public ::testing::Test {
 
   template <class Control>
   Control& control(frmEditor& editor, const char* name) {
-    auto* const found = editor.template findChild<Control*>(QString::fromLatin1(name));
-    EXPECT_NE(found, nullptr) << name;
-    return *found;
+    return childOf<Control>(editor, QString::fromLatin1(name));
   }
 
   ScriptedToolkit toolkit;

@@ -6,6 +6,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QComboBox>
 #include <QDirIterator>
@@ -122,7 +123,7 @@ TEST_F(EditorTextTest, KeysAndButtonsFormatTheSelection) {
 TEST_F(EditorTextTest, ATypedFontSizeIsTakenFromFiveToBelowThirtyTwo) {
   frmEditor* const editor = open();
   auto& pane = control<RichTextBox>(*editor, "txtMain");
-  auto& size = *control<QComboBox>(*editor, "cmbFontSize").lineEdit();
+  auto& size = required(control<QComboBox>(*editor, "cmbFontSize").lineEdit(), u"field for the font size"_s);
   pane.selectAll();
   const auto enter = [&](const QString& text) {
     size.selectAll();
@@ -143,7 +144,7 @@ TEST_F(EditorTextTest, TheListsOfTheFontBarAreFilledWithoutTouchingTheText) {
   frmEditor* const editor = open();
   auto& fonts = control<QComboBox>(*editor, "cmbFont");
   control<RichTextBox>(*editor, "txtMain").selectAll();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return fonts.count() > 0; }, 20000));
+  EXPECT_TRUE(waitFor([&] { return fonts.count() > 0; }));
   EXPECT_EQ(fonts.currentText(), u"Arial"_s);
   EXPECT_EQ(control<QComboBox>(*editor, "cmbFontSize").currentText(), u"10"_s);
   editor->close();

@@ -13,6 +13,7 @@
 #include "gui/toolkit/RichTextBox.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QDir>
 #include <QFile>
@@ -206,7 +207,7 @@ TEST_F(EditorTest, TheWordsAreCountedAWhileAfterTypingStops) {
   frmEditor* const editor = open();
   type(*editor, u" four"_s);
   EXPECT_EQ(panel(*editor, 3), u"Scene: 3 words"_s);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return panel(*editor, 3) == u"Scene: 4 words"_s; }, 60000));
+  EXPECT_TRUE(waitFor([&] { return panel(*editor, 3) == u"Scene: 4 words"_s; }));
   EXPECT_EQ(panel(*editor, 2), u"Chapter: 6 words"_s);
 }
 
@@ -217,6 +218,7 @@ TEST_F(EditorTest, AnEmptySceneIsCountedAndSaved) {
   EXPECT_EQ(panel(*editor, 2), u"Chapter: 2 words"_s);
   trigger(*editor, "mnuSave");
   EXPECT_EQ(scene()->ConvertedToBodyText(), QString());
+  EXPECT_EQ(textInFile(), QString()) << "the file held three words";
 }
 
 TEST_F(EditorTest, ANewSceneIsWrittenInAModalWindow) {

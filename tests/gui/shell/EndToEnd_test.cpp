@@ -10,6 +10,7 @@
 #include "gui/shell/MainWindow.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QProcess>
@@ -57,14 +58,13 @@ class EndToEndTest : public ShellTest {
 
 void EndToEndTest::typeInEditor(qint32 id) {
   ASSERT_TRUE(soon([&] { return editor() != nullptr; }));
-  frmEditor& opened = *editor();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&opened, 20000));
+  frmEditor& opened = openEditor();
+  ASSERT_TRUE(waitUntilActive(opened));
   EXPECT_TRUE(g_Project->SceneByID(id)->Locked());
-  auto* text = opened.findChild<RichTextBox*>(u"txtMain"_s);
-  ASSERT_NE(text, nullptr);
-  QTest::keyClick(text, Qt::Key_End, Qt::ControlModifier);
-  QTest::keyClicks(text, typed_);
-  opened.findChild<QAction*>(u"mnuSave"_s)->trigger();
+  auto& text = childOf<RichTextBox>(opened, u"txtMain"_s);
+  QTest::keyClick(&text, Qt::Key_End, Qt::ControlModifier);
+  QTest::keyClicks(&text, typed_);
+  childOf<QAction>(opened, u"mnuSave"_s).trigger();
   opened.close();
   EXPECT_FALSE(g_Project->SceneByID(id)->Locked());
 }
@@ -87,8 +87,9 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   before_ = filesBelow(folder.path(u"book"_s));
   startWith(project);
   click(list("ListChapters"), chapterRow);
-  const qint32 id = ListView::tagOf(*list("ListScenes").topLevelItem(sceneRow));
+  const qint32 id = ListView::tagOf(item("ListScenes", sceneRow));
   const QStringList oldRow = row("ListScenes", sceneRow);
+  ASSERT_EQ(oldRow.size(), 7);
   const int words = oldRow[1].toInt();
   // The stored count may be another program's; the edited text is counted by us.
   const int counted = Html().CalcWordCount(g_Project->SceneByID(id)->ConvertedToBodyText());
@@ -99,8 +100,8 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   typeInEditor(id);
 
   const QString shown = QString::number(counted + 2);
-  ASSERT_TRUE(soon([&] { return row("ListScenes", sceneRow).at(1) == shown; }))
-      << row("ListScenes", sceneRow).at(1) << " of " << shown;
+  ASSERT_TRUE(soon([&] { return cell("ListScenes", sceneRow, 1) == shown; }))
+      << cell("ListScenes", sceneRow, 1) << " of " << shown;
   EXPECT_EQ(panel("Totalwords"), u"Total words: %1"_s.arg(total - words + counted + 2));
   endProgram();
   EXPECT_EQ(ended, 1);
@@ -115,7 +116,7 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   EXPECT_EQ(g_Project->FileWithPath, project) << "the last project";
   EXPECT_TRUE(g_Project->SceneByID(id)->ConvertedToBodyText().endsWith(typed_));
   click(list("ListChapters"), chapterRow);
-  EXPECT_EQ(row("ListScenes", sceneRow).at(1), shown);
+  EXPECT_EQ(cell("ListScenes", sceneRow, 1), shown);
 }
 
 TEST_F(EndToEndTest, AnEditInASmallProjectComesBack) {
@@ -138,7 +139,7 @@ TEST_F(EndToEndTest, AnEditInANovelComesBack) {
   ASSERT_EQ(list("ListChapters").topLevelItemCount(), 61);
   qint32 running = 0;
   for (int i = 0; i < 61; ++i) {
-    const auto chapter = g_Project->ChapterByIndex(i + 1);
+    const auto chapter = chapterAt(i + 1);
     running += chapter->Wordcount(false);
     EXPECT_EQ(row("ListChapters", i), QStringList({chapter->Title, QString::number(chapter->Wordcount(false)),
                                                    QString::number(chapter->SceneCount()), QString::number(running)}));

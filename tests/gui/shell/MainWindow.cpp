@@ -9,6 +9,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/life/RegisterWindows.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -76,8 +77,7 @@ frmMain& ShellTest::start(const QString& commandLine) {
   window_->Form_Load();
   if (!window_->Closing) {
     window_->show();
-    // Only the active window hears keys.
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), 20000));
+    EXPECT_TRUE(waitUntilActive(*window_));
     EXPECT_TRUE(soon([this] { return window_->findChild<QWidget*>(u"txtBody"_s) != nullptr; }));
   }
   return *window_;
@@ -91,7 +91,7 @@ frmMain& ShellTest::startWith(const QString& project) {
 }
 
 void ShellTest::endProgram() {
-  window_->EndProgram();
+  window().EndProgram();
   window_.reset();
 }
 
@@ -113,18 +113,22 @@ QString ShellTest::panel(const char* key) {
 
 QStringList ShellTest::row(const char* listName, int index) {
   ListView& view = list(listName);
+  const QTreeWidgetItem& shown = itemOf(view, index);
   QStringList texts;
-  if (const QTreeWidgetItem* item = view.topLevelItem(index)) {
-    for (int column = 0; column < view.columnCount(); ++column) {
-      texts.append(item->text(column));
-    }
+  for (int column = 0; column < view.columnCount(); ++column) {
+    texts.append(shown.text(column));
   }
   return texts;
 }
 
+QTreeWidgetItem& ShellTest::itemOf(const ListView& list, int index) {
+  return required(list.topLevelItem(index), u"row %1 in %2"_s.arg(index).arg(list.objectName()));
+}
+
 QPoint ShellTest::placeOf(ListView& view, int row) {
-  view.scrollToItem(view.topLevelItem(row));
-  const QPoint centre = view.visualItemRect(view.topLevelItem(row)).center();
+  QTreeWidgetItem& shown = itemOf(view, row);
+  view.scrollToItem(&shown);
+  const QPoint centre = view.visualItemRect(&shown).center();
   return {std::min(centre.x(), view.viewport()->width() / 2), centre.y()};
 }
 
@@ -138,7 +142,7 @@ void ShellTest::doubleClick(ListView& view, int row) {
 }
 
 bool ShellTest::soon(const std::function<bool()>& holds) {
-  return QTest::qWaitFor([&] { return holds(); }, 20000);
+  return waitFor(holds);
 }
 
 frmEditor* ShellTest::editor() const {
@@ -149,4 +153,8 @@ frmEditor* ShellTest::editor() const {
     }
   }
   return nullptr;
+}
+
+frmEditor& ShellTest::openEditor() const {
+  return required(editor(), u"editor window"_s);
 }

@@ -2,6 +2,7 @@
 
 #include "gui/shell/main/frmMain.h"
 #include "gui/views/ListView.h"
+#include "support/Required.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
@@ -29,7 +30,7 @@ class ShellTest : public ::testing::Test {
   frmMain& start(const QString& commandLine = {});
   /// With a settings file, so that nobody is greeted, and this project on the command line.
   frmMain& startWith(const QString& project);
-  frmMain& window() { return *window_; }
+  frmMain& window() { return required(window_, QStringLiteral("main window")); }
   /// Ends the program by its own way out and forgets the window.
   void endProgram();
 
@@ -38,8 +39,10 @@ class ShellTest : public ::testing::Test {
   bool isShown(const char* entry);
   QString panel(const char* key);
   ListView& list(const char* name) { return control<ListView>(name); }
-  /// The texts of a row.
+  QTreeWidgetItem& item(const char* listName, int index) { return itemOf(list(listName), index); }
+  /// The texts of a row, and one of them.
   QStringList row(const char* listName, int index);
+  QString cell(const char* listName, int index, int column) { return elementOf(row(listName, index), column); }
   /// Clicks a row with the real mouse.
   void click(ListView& list, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void doubleClick(ListView& list, int row);
@@ -47,14 +50,12 @@ class ShellTest : public ::testing::Test {
   bool soon(const std::function<bool()>& holds);
   /// The editor window that is up; null when there is none.
   frmEditor* editor() const;
+  /// The same where there has to be one.
+  frmEditor& openEditor() const;
 
   template <class Control>
   Control& control(const char* name) {
-    auto* found = window_->template findChild<Control*>(QString::fromLatin1(name));
-    if (found == nullptr) {
-      throw std::runtime_error(std::string("no control ") + name);
-    }
-    return *found;
+    return childOf<Control>(window(), QString::fromLatin1(name));
   }
 
   ScriptedToolkit toolkit;
@@ -63,6 +64,7 @@ class ShellTest : public ::testing::Test {
   int ended = 0;
 
  private:
+  static QTreeWidgetItem& itemOf(const ListView& list, int index);
   static QPoint placeOf(ListView& list, int row);
 
   std::unique_ptr<frmMain> window_;

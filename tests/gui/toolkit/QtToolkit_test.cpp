@@ -3,7 +3,9 @@
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/UrlCatcher.h"
 #include "support/ModalHelper.h"
+#include "support/Required.h"
 #include "support/TestHome.h"
+#include "support/WaitFor.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
@@ -56,7 +58,9 @@ TEST(MsgBox, ClickedButtonsAnswer) {
   const std::pair<QMessageBox::StandardButton, Answer> clicks[] = {{QMessageBox::Yes, Answer::Yes},
                                                                    {QMessageBox::No, Answer::No}};
   for (const auto& click : clicks) {
-    const WhenModal act([&](QWidget& window) { QTest::mouseClick(asBox(window).button(click.first), Qt::LeftButton); });
+    const WhenModal act([&](QWidget& window) {
+      QTest::mouseClick(&required(asBox(window).button(click.first), u"such button"_s), Qt::LeftButton);
+    });
     EXPECT_EQ(toolkit.MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNo), click.second);
   }
 }
@@ -78,8 +82,7 @@ TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {
 TEST(MsgBox, WhoseWindowGoesBeneathItCountsAsNo) {
   auto* const under = new QWidget;
   under->show();
-  under->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(under, 20000));
+  ASSERT_TRUE(waitUntilActive(*under));
   QtToolkit toolkit;
   const WhenModal destroy([&](QWidget&) { delete under; });
   EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, Buttons::YesNo), Answer::No);
@@ -90,7 +93,7 @@ TEST(ErrorReport, IsShownInTheReporterAndWaitsForIt) {
   bool shown = false;
   const WhenModal look([&](QWidget& window) {
     EXPECT_EQ(window.windowTitle(), u"Error Reporter"_s);
-    EXPECT_EQ(window.findChild<QPlainTextEdit*>(u"txtError"_s)->toPlainText(), u"61 - Disk full in SaveSettings"_s);
+    EXPECT_EQ(childOf<QPlainTextEdit>(window, u"txtError"_s).toPlainText(), u"61 - Disk full in SaveSettings"_s);
     shown = true;
     window.close();
   });
@@ -103,7 +106,7 @@ TEST(InputBox, GivesTheTextAndNothingOnCancel) {
   {
     const WhenModal type([](QWidget& window) {
       EXPECT_EQ(window.windowTitle(), u"Custom scene splitting"_s);
-      auto* const edit = window.findChild<QLineEdit*>();
+      auto* const edit = &childOf<QLineEdit>(window);
       EXPECT_EQ(edit->text(), u"%-%"_s);
       QTest::keyClicks(edit, u"##"_s);
       QTest::keyClick(edit, Qt::Key_Return);
@@ -119,9 +122,9 @@ TEST(FileDialog, OffersFolderPatternsAndNameAndAddsTheExtension) {
   QtToolkit toolkit;
   const WhenModal accept([&](QWidget& window) {
     auto& dialog = dynamic_cast<QFileDialog&>(window);
-    EXPECT_EQ(dialog.nameFilters().constFirst(), u"Files (*.qn3 *.qn4)"_s);
+    EXPECT_EQ(elementOf(dialog.nameFilters(), 0), u"Files (*.qn3 *.qn4)"_s);
     EXPECT_EQ(QFileInfo(dialog.directory().absolutePath()), QFileInfo(folder.path()));
-    auto* const name = dialog.findChild<QLineEdit*>();
+    auto* const name = &childOf<QLineEdit>(dialog);
     EXPECT_EQ(name->text(), u"MyProject"_s);
     QTest::keyClick(name, Qt::Key_Return);
   });
@@ -161,6 +164,7 @@ TEST(Pointer, OneNormalEndsAnyNumberOfBusyAndLeavesOthersAlone) {
   toolkit.setPointer(Pointer::Busy);
   toolkit.setPointer(Pointer::Busy);
   toolkit.setPointer(Pointer::Background);
+  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
   EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
   toolkit.setPointer(Pointer::Normal);
   toolkit.setPointer(Pointer::Normal);
@@ -215,7 +219,7 @@ TEST(RunProgram, StartsItAndSaysWhenItCouldNot) {
   QtToolkit toolkit;
   const QString made = folder.path(u"a file"_s);
   EXPECT_TRUE(toolkit.runProgram(u"touch"_s, {made}, true));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(made); }, 20000));
+  EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(made); }));
   EXPECT_FALSE(toolkit.runProgram(u"/no/such/program"_s, {}, false));
 }
 

@@ -3,6 +3,7 @@
 #include "core/text/Rtf.h"
 #include "core/text/RtfSamples.h"
 #include "gui/toolkit/RichTextDocument.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -283,7 +284,7 @@ TEST(RichTextBox, UndoIsLeftToTheWindow) {
   QSignalSpy spy(&undo, &QAction::triggered);
   window.show();
   box->setFocus();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  ASSERT_TRUE(waitUntilActive(window));
   QTest::keyClicks(box, u"ab"_s);
   QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(spy.count(), 1);

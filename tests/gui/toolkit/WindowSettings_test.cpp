@@ -1,6 +1,7 @@
 #include "gui/toolkit/WindowSettings.h"
 
 #include "gui/toolkit/Twips.h"
+#include "support/WaitFor.h"
 
 #include <QHeaderView>
 #include <QScreen>
@@ -42,7 +43,7 @@ TEST_F(WindowSettingsTest, AMaximisedWindowKeepsTheSizeThatItHadBefore) {
   window.resize(300, 200);
   storeWindow(u"Editor"_s, window);
   window.showMaximized();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() != QSize(300, 200); }, 20000));
+  ASSERT_TRUE(waitFor([&] { return window.size() != QSize(300, 200); }));
   storeWindow(u"Editor"_s, window);
   QWidget again;
   restoreWindow(u"Editor"_s, again);

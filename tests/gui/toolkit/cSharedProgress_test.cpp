@@ -1,5 +1,8 @@
 #include "gui/toolkit/cSharedProgress.h"
 
+#include "support/Required.h"
+#include "support/WaitFor.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QTest>
@@ -29,7 +32,7 @@ TEST(Progress, MakesNoWindowUntilItIsShownAndThenShowsTheLatestCaption) {
   ASSERT_NE(window, nullptr);
   EXPECT_TRUE(window->isVisible());
   EXPECT_FALSE(window->isModal());
-  auto* const caption = window->findChild<QLabel*>(u"lblCaption"_s);
+  const auto* const caption = &childOf<QLabel>(*window, u"lblCaption"_s);
   EXPECT_EQ(caption->text(), u"Loading Scene 2"_s);
   progress.setCaption(u"Scene <3>"_s);
   EXPECT_EQ(caption->text(), u"Scene <3>"_s);
@@ -51,8 +54,7 @@ TEST(Progress, TheWindowGoesWithTheObject) {
 TEST(Progress, BearsTheLossOfTheWindowThatItStandsOver) {
   auto under = std::make_unique<QWidget>();
   under->show();
-  under->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(under.get(), 20000));
+  ASSERT_TRUE(waitUntilActive(*under));
   cSharedProgress progress;
   progress.Show();
   under.reset();

@@ -3,16 +3,17 @@
 #include "core/infra/Paths.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
+#include "support/ModalHelper.h"
+#include "support/Required.h"
 #include "support/ScriptedToolkit.h"
+#include "support/WaitFor.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -35,11 +36,11 @@ class fSHAREDErrorRptTest : public ::testing::Test {
     Logging().LogEvent(u"100% \u0416"_s, true);
     window = std::make_unique<fSHAREDErrorRpt>(ErrorReport::about(u"Error 61 - Disk full"_s), u"saving"_s);
     window->show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    EXPECT_TRUE(waitUntilShown(*window));
   }
 
-  QPushButton* button(const QString& name) { return window->findChild<QPushButton*>(name); }
-  QPlainTextEdit* text(const QString& name) { return window->findChild<QPlainTextEdit*>(name); }
+  QPushButton* button(const QString& name) { return &childOf<QPushButton>(*window, name); }
+  QPlainTextEdit* text(const QString& name) { return &childOf<QPlainTextEdit>(*window, name); }
   void click(const QString& name) { QTest::mouseClick(button(name), Qt::LeftButton); }
 
   std::unique_ptr<fSHAREDErrorRpt> window;
@@ -49,7 +50,7 @@ class fSHAREDErrorRptTest : public ::testing::Test {
 
 TEST_F(fSHAREDErrorRptTest, OpensWithTheErrorAlone) {
   EXPECT_EQ(window->windowTitle(), u"Error Reporter"_s);
-  EXPECT_EQ(window->findChild<QLabel*>(u"lblError"_s)->text(), u"An error has ocurred:"_s);
+  EXPECT_EQ(childOf<QLabel>(*window, u"lblError"_s).text(), u"An error has ocurred:"_s);
   EXPECT_EQ(text(u"txtError"_s)->toPlainText(), u"Error 61 - Disk full"_s);
   EXPECT_TRUE(text(u"txtLog"_s)->toPlainText().endsWith(u"100% \u0416\n"_s));
   EXPECT_FALSE(text(u"txtLog"_s)->isVisible());
@@ -68,7 +69,7 @@ TEST_F(fSHAREDErrorRptTest, FramesAreShownOnce) {
   EXPECT_TRUE(text(u"txtUserMessage"_s)->isVisible());
   EXPECT_FALSE(button(u"cmdShowComments"_s)->isEnabled());
   EXPECT_EQ(window->focusWidget(), text(u"txtUserMessage"_s));
-  EXPECT_EQ(window->findChild<QGroupBox*>(u"fraUserMessage"_s)->title(), u"Enter your own comments here"_s);
+  EXPECT_EQ(childOf<QGroupBox>(*window, u"fraUserMessage"_s).title(), u"Enter your own comments here"_s);
   click(u"cmdViewLog"_s);
   EXPECT_TRUE(text(u"txtLog"_s)->isVisible());
   EXPECT_FALSE(button(u"cmdViewLog"_s)->isEnabled());
@@ -119,7 +120,7 @@ TEST_F(fSHAREDErrorRptTest, TheReportFollowsNoLink) {
 
 TEST_F(fSHAREDErrorRptTest, WhatCannotBeOpenedIsToldInTheWindow) {
   NothingOpens person;
-  auto* const notice = window->findChild<QLabel*>(u"lblNotice"_s);
+  const auto* const notice = &childOf<QLabel>(*window, u"lblNotice"_s);
   EXPECT_FALSE(notice->isVisible());
   click(u"cmdEmail"_s);
   EXPECT_TRUE(notice->isVisible());
@@ -127,6 +128,7 @@ TEST_F(fSHAREDErrorRptTest, WhatCannotBeOpenedIsToldInTheWindow) {
   click(u"cmdViewReport"_s);
   EXPECT_TRUE(notice->text().contains(u"FullLog.txt"_s));
   click(u"cmdHelp"_s);
+  ASSERT_FALSE(person.openedDocuments.isEmpty());
   EXPECT_TRUE(person.openedDocuments.constLast().endsWith(u"#saving"_s));
   EXPECT_TRUE(person.errorReports.isEmpty());
   Files().EraseFile(Paths::temporaryFolder() + u"FullLog.txt"_s);
@@ -144,12 +146,10 @@ TEST_F(fSHAREDErrorRptTest, OnlyTheWindowsOwnControlIsACancel) {
 TEST(fSHAREDErrorRpt, AFailureInsideItOpensNoSecondOne) {
   Logging().WriteActionsToLog();
   QString logged;
-  QTimer::singleShot(0, qApp, [&] {
-    auto* const reporter = QApplication::activeModalWidget();
-    ASSERT_NE(reporter, nullptr);
+  const WhenModal fail([&](QWidget& reporter) {
     fSHAREDErrorRpt::run(u"second"_s, {});
     logged = Logging().CurrentAction();
-    reporter->close();
+    reporter.close();
   });
   fSHAREDErrorRpt::run(u"first"_s, {});
   EXPECT_EQ(logged, u"DBG: second in ShowErr of module fSHAREDErrorRpt"_s);

@@ -2,14 +2,16 @@
 
 #include "core/infra/Clock.h"
 #include "core/infra/cSharedGetDate.h"
+#include "support/ModalHelper.h"
+#include "support/Required.h"
 #include "support/ScriptedToolkit.h"
+#include "support/WaitFor.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -22,18 +24,18 @@ class fSHAREDGetDateTest : public ::testing::Test {
  protected:
   fSHAREDGetDateTest() {
     window.show();
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(waitUntilActive(window));
   }
 
-  QLineEdit* field(const QString& name) { return window.findChild<QLineEdit*>(name); }
-  static QString focused() { return QApplication::focusWidget()->objectName(); }
+  QLineEdit* field(const QString& name) { return &childOf<QLineEdit>(window, name); }
+  static QWidget* focus() { return &required(QApplication::focusWidget(), u"field with the keyboard"_s); }
+  static QString focused() { return focus()->objectName(); }
   static void keys(const QString& typed) {
     for (const QChar key : typed) {
-      QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
+      QTest::keyClick(focus(), key.toLatin1());
     }
   }
-  static void key(Qt::Key code) { QTest::keyClick(QApplication::focusWidget(), code); }
+  static void key(Qt::Key code) { QTest::keyClick(focus(), code); }
 
   DateEntry entry{false, u"/"_s, QDate(2026, 3, 2)};
   fSHAREDGetDate window{entry, u"When?"_s};
@@ -49,10 +51,10 @@ TEST_F(fSHAREDGetDateTest, ShowsTheStartInLocalOrder) {
   EXPECT_EQ(first->text() + second->text() + year->text(), u"02032026"_s);
   EXPECT_EQ(first->accessibleName(), u"Day"_s);
   EXPECT_EQ(second->accessibleName(), u"Month"_s);
-  EXPECT_EQ(window.findChild<QLabel*>(u"lblSlash(1)"_s)->text(), u"/"_s);
-  EXPECT_EQ(window.findChild<QLabel*>(u"lblFormatString"_s)->text(), u"DD/MM"_s);
-  EXPECT_FALSE(window.findChild<QLabel*>(u"lblDate"_s)->isVisible());
-  EXPECT_EQ(window.findChild<QPushButton*>(u"cmdAbort"_s)->text(), u"Cancel"_s);
+  EXPECT_EQ(childOf<QLabel>(window, u"lblSlash(1)"_s).text(), u"/"_s);
+  EXPECT_EQ(childOf<QLabel>(window, u"lblFormatString"_s).text(), u"DD/MM"_s);
+  EXPECT_FALSE(childOf<QLabel>(window, u"lblDate"_s).isVisible());
+  EXPECT_EQ(childOf<QPushButton>(window, u"cmdAbort"_s).text(), u"Cancel"_s);
   EXPECT_EQ(focused(), u"txtField(0)"_s);
 }
 
@@ -81,7 +83,7 @@ TEST_F(fSHAREDGetDateTest, BackspaceInAnEmptyFieldGoesBack) {
 TEST_F(fSHAREDGetDateTest, AMonthOverTwelveHoldsTheFocus) {
   keys(u"07/13"_s);
   key(Qt::Key_Tab);
-  EXPECT_TRUE(QTest::qWaitFor([] { return focused() == u"txtField(1)"_s; }));
+  EXPECT_TRUE(waitFor([] { return focused() == u"txtField(1)"_s; }));
   keys(u"12/"_s);
   EXPECT_EQ(focused(), u"txtYear"_s);
 }
@@ -99,7 +101,7 @@ TEST_F(fSHAREDGetDateTest, BadDatesAreToldAndKept) {
   person.expectBox(u"Invalid Date"_s);
   keys(u"31/04"_s);
   key(Qt::Key_F10);
-  EXPECT_EQ(window.findChild<QLabel*>(u"lblDate"_s)->text(), u"31/04/2026"_s);
+  EXPECT_EQ(childOf<QLabel>(window, u"lblDate"_s).text(), u"31/04/2026"_s);
   EXPECT_TRUE(window.isVisible());
   person.expectBox(u"Year must be 2 or 4 digits. If you enter 2 digits I will guess at the century."_s);
   keys(u"/123"_s);
@@ -109,7 +111,7 @@ TEST_F(fSHAREDGetDateTest, BadDatesAreToldAndKept) {
 }
 
 TEST_F(fSHAREDGetDateTest, ButtonsAcceptAndCancel) {
-  QTest::mouseClick(window.findChild<QPushButton*>(u"cmdAccept"_s), Qt::LeftButton);
+  QTest::mouseClick(&childOf<QPushButton>(window, u"cmdAccept"_s), Qt::LeftButton);
   EXPECT_EQ(entry.result(), QDate(2026, 3, 2));
   EXPECT_FALSE(window.isVisible());
 }
@@ -117,13 +119,12 @@ TEST_F(fSHAREDGetDateTest, ButtonsAcceptAndCancel) {
 TEST_F(fSHAREDGetDateTest, EveryWayOutCancels) {
   using Way = std::function<void()>;
   const Way ways[] = {[] { key(Qt::Key_Escape); }, [] { key(Qt::Key_F9); }, [this] { window.close(); },
-                      [this] { QTest::mouseClick(window.findChild<QPushButton*>(u"cmdAbort"_s), Qt::LeftButton); }};
+                      [this] { QTest::mouseClick(&childOf<QPushButton>(window, u"cmdAbort"_s), Qt::LeftButton); }};
   for (const Way& leave : ways) {
     DateEntry fresh(false, u"/"_s, QDate(2026, 3, 2));
     entry = fresh;
     window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(waitUntilActive(window));
     second->setText(u"99"_s);
     second->setFocus();
     leave();
@@ -134,16 +135,13 @@ TEST_F(fSHAREDGetDateTest, EveryWayOutCancels) {
 
 TEST(cSharedGetDateWindow, IsRunModallyByGetDate) {
   fSHAREDGetDate::install();
-  const auto answerWith = [](Qt::Key code) {
-    QTimer::singleShot(0, qApp, [code] {
-      ASSERT_NE(QApplication::activeModalWidget(), nullptr);
-      QTest::keyClick(QApplication::activeModalWidget()->findChild<QLineEdit*>(u"txtYear"_s), code);
-    });
-  };
   const qint32 start = Clock::dayNumber(QDate(2026, 3, 2));
-  answerWith(Qt::Key_Return);
-  EXPECT_EQ(cSharedGetDate().GetDate(u"When?"_s, start), start);
-  answerWith(Qt::Key_Escape);
-  EXPECT_EQ(cSharedGetDate().GetDate(u"When?"_s, start), 0);
+  const auto answered = [start](Qt::Key code) {
+    const WhenModal press(
+        [code](QWidget& window) { QTest::keyClick(&childOf<QLineEdit>(window, u"txtYear"_s), code); });
+    return cSharedGetDate().GetDate(u"When?"_s, start);
+  };
+  EXPECT_EQ(answered(Qt::Key_Return), start);
+  EXPECT_EQ(answered(Qt::Key_Escape), 0);
   cSharedGetDate::installWindow({});
 }

@@ -5,6 +5,8 @@
 #include "core/infra/clsHashTable.h"
 #include "core/text/modWordcount.h"
 #include "gui/editor/EditorWindow.h"
+#include "support/Required.h"
+#include "support/WaitFor.h"
 
 #include <QAbstractItemModel>
 #include <QHeaderView>
@@ -17,8 +19,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QTreeView& listIn(const frmWordCount& form) {
+  return childOf<QTreeView>(form, u"ListView1"_s);
+}
+
 QString shownIn(const frmWordCount& form) {
-  const QAbstractItemModel& rows = *form.findChild<QTreeView*>(u"ListView1"_s)->model();
+  const QAbstractItemModel& rows = *listIn(form).model();
   QStringList shown;
   for (int row = 0; row < rows.rowCount(); ++row) {
     shown += rows.index(row, 0).data().toString() + u' ' + rows.index(row, 1).data().toString();
@@ -27,11 +33,11 @@ QString shownIn(const frmWordCount& form) {
 }
 
 QString sumsOf(const frmWordCount& form) {
-  return form.findChild<QLabel*>(u"lblInfo"_s)->text();
+  return childOf<QLabel>(form, u"lblInfo"_s).text();
 }
 
 void clickTitle(const frmWordCount& form, int column) {
-  QHeaderView* const header = form.findChild<QTreeView*>(u"ListView1"_s)->header();
+  QHeaderView* const header = listIn(form).header();
   const QPoint at(header->sectionViewportPosition(column) + header->sectionSize(column) / 3, header->height() / 2);
   QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
 }
@@ -47,8 +53,8 @@ TEST_F(EditorTest, WordsStandInTheOrderOfTheTableOrByCountAndATitleSortsThem) {
   EXPECT_EQ(shownIn(form), u"Egg 4, Zebra 2, Apple 2, Éclair 1, Eleven 1, Sea 1"_s);
   EXPECT_EQ(toolkit.pointer, Pointer::Normal);
   form.show();
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
-  auto& list = *form.findChild<QTreeView*>(u"ListView1"_s);
+  ASSERT_TRUE(waitUntilShown(form));
+  QTreeView& list = listIn(form);
   list.setCurrentIndex(list.model()->index(0, 0));
   clickTitle(form, 1);
   EXPECT_TRUE(shownIn(form).endsWith(u"Zebra 2, Apple 2, Egg 4"_s));

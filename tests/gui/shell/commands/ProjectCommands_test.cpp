@@ -11,6 +11,7 @@
 #include "gui/shell/main/RecentProjects.h"
 #include "gui/shell/main/ScenePane.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -68,8 +69,8 @@ TEST_F(ProjectCommandsTest, TheRecentListIsWrittenAtOnceAndPushesTheOldestOut) {
   EXPECT_TRUE(settingsText().contains(u"RECENT0,"_s + paths[15]));
   EXPECT_EQ(recent(13), paths[2]);
   window().session().UpdateRecent();
-  EXPECT_EQ(recentShown().size(), 14);
-  EXPECT_EQ(recentShown().first(), u"p15 \\f15"_s);
+  ASSERT_EQ(recentShown().size(), 14);
+  EXPECT_EQ(recentShown().constFirst(), u"p15 \\f15"_s);
   RecentProjects::AddToRecent(paths[11]);
   EXPECT_EQ(recent(0), paths[11]);
   EXPECT_EQ(recent(1), paths[15]);
@@ -96,6 +97,7 @@ TEST_F(ProjectCommandsTest, OpeningSavesAChangedProjectFirstWithoutAQuestion) {
   EXPECT_EQ(g_Project->FileWithPath, other);
   EXPECT_EQ(control<QLineEdit>("txtTitle").text(), u"A small book"_s);
   EXPECT_TRUE(fileBytes(first).contains("<Title>Changed</Title>"));
+  ASSERT_EQ(toolkit.fileQuestions.size(), 1);
   EXPECT_EQ(toolkit.fileQuestions.last().filter, u"*.qn3;*.qn4;*.qnc4"_s);
   EXPECT_EQ(toolkit.fileQuestions.last().folder, Paths::documentsFolder());
   EXPECT_FALSE(window().ProjectChanged);
@@ -108,8 +110,7 @@ TEST_F(ProjectCommandsTest, OpeningSavesAChangedProjectFirstWithoutAQuestion) {
 TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) {
   const QString other = smallProject(u"Other"_s);
   startWith(smallProject(u"First"_s));
-  // Only the active window hears shortcuts.
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window(), 20000));
+  ASSERT_TRUE(waitUntilActive(window()));
   toolkit.expectFile(other);
   int rows = -1;
   toolkit.onYield = [&] {
@@ -226,10 +227,10 @@ TEST_F(ProjectCommandsTest, WhatAnEditorSavedIsInTheProjectFileWhenAnotherBookCo
   trigger("mnuSaveToSingleFile");
   const auto editScene = [&](const QString& title) {
     window().EditSelectedScene();
-    auto* const titleBox = editor()->findChild<QLineEdit*>(u"txtTitle"_s);
-    titleBox->clear();
-    QTest::keyClicks(titleBox, title);
-    editor()->findChild<QAction*>(u"mnuSaveAndExit"_s)->trigger();
+    auto& titleBox = childOf<QLineEdit>(openEditor(), u"txtTitle"_s);
+    titleBox.clear();
+    QTest::keyClicks(&titleBox, title);
+    childOf<QAction>(openEditor(), u"mnuSaveAndExit"_s).trigger();
     ASSERT_FALSE(window().Editing());
   };
   editScene(u"Planned anew"_s);
@@ -305,18 +306,22 @@ TEST_F(ProjectCommandsTest, AFontThatIsNotInstalledIsKeptAndSaid) {
   startWith(smallProject());
   trigger("mnuFont(3)");
   EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Tahoma"_s);
+  EXPECT_EQ(panel("numberfiles"), u"The font Tahoma isn't installed on this computer."_s);
   EXPECT_TRUE(control<QAction>("mnuFont(3)").isChecked());
   EXPECT_FALSE(control<QAction>("mnuFont(2)").isChecked());
+  trigger("mnuFont(2)");
+  EXPECT_EQ(panel("numberfiles"), QString()) << "the system's own font is always there";
 }
 
 TEST_F(ProjectCommandsTest, MenusHaveLettersForTheKeyboardThatAreNoPartOfTheirCaptions) {
   startWith(smallProject());
-  QSet<QChar> letters;
+  QSet<QString> letters;
   for (const QAction* menu : window().menuBar()->actions()) {
     const qsizetype mark = menu->text().indexOf(u'&');
     EXPECT_TRUE(!menu->isVisible() || mark >= 0) << menu->text();
-    EXPECT_TRUE(!menu->isVisible() || !letters.contains(menu->text().at(mark + 1).toLower()));
-    letters.insert(menu->text().at(mark + 1).toLower());
+    const QString letter = menu->text().mid(mark + 1, 1).toLower();
+    EXPECT_TRUE(!menu->isVisible() || !letters.contains(letter)) << menu->text();
+    letters.insert(letter);
   }
   Q_EMIT control<QMenu>("mnuFontmnu").aboutToShow();
   EXPECT_EQ(control<QAction>("mnuFont(5)").text(), u"&Verdana"_s);

@@ -18,8 +18,8 @@ TEST_F(ShellTest, TheWordUsageOfTheProjectTakesUnusedScenesToo) {
   trigger("mnuWordUsageCount");
   auto* const form = window().findChild<frmWordCount*>();
   ASSERT_NE(form, nullptr);
-  EXPECT_EQ(form->findChild<QLabel*>(u"lblInfo"_s)->text(), u"Total words: 12 Unique: 12"_s);
-  const QAbstractItemModel& rows = *form->findChild<QTreeView*>(u"ListView1"_s)->model();
+  EXPECT_EQ(childOf<QLabel>(*form, u"lblInfo"_s).text(), u"Total words: 12 Unique: 12"_s);
+  const QAbstractItemModel& rows = *childOf<QTreeView>(*form, u"ListView1"_s).model();
   EXPECT_EQ(rows.index(0, 0).data(), u"One"_s);
   EXPECT_EQ(rows.index(11, 0).data(), u"Twelve"_s);
   EXPECT_EQ(panel("numberfiles"), u"Filling word list"_s);

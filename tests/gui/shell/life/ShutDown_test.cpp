@@ -24,8 +24,7 @@ using ShutDownTest = ShellTest;
 TEST_F(ShutDownTest, IsRefusedWhileASceneIsOpen) {
   startWith(smallProject());
   window().EditSelectedScene();
-  ASSERT_NE(editor(), nullptr);
-  editor()->hide();
+  openEditor().hide();
   for (int way = 0; way < 2; ++way) {
     toolkit.expectBox(u"Please close all editor windows first"_s);
     way == 0 ? static_cast<void>(window().close()) : window().mnuConfirmExit_Click();
@@ -61,7 +60,7 @@ TEST_F(ShutDownTest, AsksOnceMoreForAFileWhenASaveWasGivenUp) {
 
 TEST_F(ShutDownTest, TellsOfScenesWhoseFilesCannotBeWritten) {
   startWith(smallProject());
-  const auto scene = g_Project->SceneByIndex(1);
+  const auto scene = sceneAt(1);
   const QString file = scene->RTFFileWithPath();
   scene->setTextRTF(simpleRtf("not lost"));
   ASSERT_TRUE(QFile::remove(file));

@@ -10,9 +10,11 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -34,7 +36,7 @@ TEST_F(ChangeScanTest, ASavedSceneShowsInItsRowItsChapterAndTheTotal) {
   ASSERT_TRUE(soon([&] { return panel("Totalwords") == u"Total words: 12"_s; }));
   EXPECT_EQ(row("ListScenes", 0).mid(1, 2), QStringList({u"6"_s, u"Landfall"_s}));
   EXPECT_EQ(row("ListChapters", 0), QStringList({u"Arrival"_s, u"8"_s, u"2"_s, u"8"_s}));
-  EXPECT_EQ(row("ListChapters", 1).last(), u"12"_s);
+  EXPECT_EQ(cell("ListChapters", 1, 3), u"12"_s);
   EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), u"Landfall"_s) << "the selected scene's display";
   EXPECT_FALSE(g_SceneChanges.HasChanged(1, 1));
   EXPECT_TRUE(g_SceneChanges.HasChanged(1, 2)) << "the flag of another window";
@@ -45,7 +47,7 @@ TEST_F(ChangeScanTest, AnotherScenesChangeLeavesTheDisplayAlone) {
   control<QLineEdit>("txtSceneTitle").setText(u"untouched"_s);
   g_Project->SceneByID(2)->Title = u"Renamed"_s;
   g_Project->SceneByID(2)->Save();
-  ASSERT_TRUE(soon([&] { return row("ListScenes", 1).at(2) == u"Renamed"_s; }));
+  ASSERT_TRUE(soon([&] { return cell("ListScenes", 1, 2) == u"Renamed"_s; }));
   EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), u"untouched"_s);
 }
 
@@ -62,7 +64,7 @@ TEST_F(ChangeScanTest, ASceneThatWasAddedToTheChapterComesIn) {
 
 TEST_F(ChangeScanTest, ARenamedCharacterShowsInTheRowsThatItNarrates) {
   g_Project->CharByID(2)->setTitle(u"Zoe the Elder"_s);
-  EXPECT_TRUE(soon([&] { return row("ListScenes", 0).first() == u"Zoe the Elder"_s; }));
+  EXPECT_TRUE(soon([&] { return cell("ListScenes", 0, 0) == u"Zoe the Elder"_s; }));
   EXPECT_FALSE(g_CharChanges.HasChanged(2, 1));
 }
 
@@ -74,13 +76,13 @@ TEST_F(ChangeScanTest, AnOpenEditorClosesTheProjectMenuUntilItIsClosed) {
   EXPECT_FALSE(isEnabled("mnuFile"));
   EXPECT_TRUE(isEnabled("mnuWindow"));
   // What the menu forbids no key allows.
-  window().activateWindow();
+  ASSERT_TRUE(waitUntilActive(window()));
   QTest::keyClick(&window(), Qt::Key_O, Qt::ControlModifier);
   QTest::keyClick(&window(), Qt::Key_Q, Qt::ControlModifier);
   EXPECT_EQ(ended, 0);
   // Seen also from another chapter, where no row changes.
   click(list("ListChapters"), 1);
-  editor()->close();
+  openEditor().close();
   EXPECT_TRUE(soon([&] { return isEnabled("mnuProject") && isEnabled("mnuFile"); }));
 }
 
@@ -88,7 +90,8 @@ TEST_F(ChangeScanTest, TheUpdateCheckWaitsUntilNoSceneIsOpen) {
   auto& timer = control<QTimer>("Timer3");
   timer.setInterval(1);
   g_SceneChanges.LockRec(1);
-  QTest::qWait(30);
+  const QSignalSpy ticks(&timer, &QTimer::timeout);
+  ASSERT_TRUE(soon([&] { return ticks.count() >= 3; }));
   EXPECT_TRUE(timer.isActive());
   g_SceneChanges.UnLockRec(1);
   EXPECT_TRUE(soon([&] { return !timer.isActive(); }));

@@ -129,7 +129,7 @@ TEST_F(MainListsTest, TabWalksFromLeftToRight) {
   QStringList walked;
   for (int step = 0; step < 9; ++step) {
     // The bars of tabs have no names of their own.
-    QWidget* focused = QApplication::focusWidget();
+    QWidget* focused = &required(QApplication::focusWidget(), u"control with the keyboard"_s);
     const QWidget* named = focused->objectName() == u"qt_tabwidget_tabbar" ? focused->parentWidget() : focused;
     walked.append(named->objectName());
     QTest::keyClick(focused, Qt::Key_Tab);

@@ -1,4 +1,4 @@
-// The menu tree as data: what it holds, and what each state of the window says of it.
+// The menu tree as data: what it holds. What each state makes of it is asked of the window, see MenuStates_test.
 
 #include "gui/shell/main/MainMenu.h"
 
@@ -77,32 +77,6 @@ TEST(MenuBindings, TakeOneHandlerForANameOfTheMenu) {
   bindings.find(u"mnuSaveProj"_s)->run({});
   bindings.find(u"mnuFont"_s)->run({3, u"Tahoma"_s});
   EXPECT_EQ(heard, QStringList({u"save"_s, u"Tahoma"_s}));
-}
-
-TEST(MenuStates, WithoutAProjectOnlyTheWaysToOneAreOpen) {
-  const MenuState state = menusWithoutProject();
-  const QSet<QString> open{u"mnuProject"_s,    u"mnuHelp"_s,       u"mnuConfirmExit"_s,     u"mnuCheckVersion"_s,
-                           u"mnuLoadProj"_s,   u"mnuProjectGen"_s, u"mnuNewProj"_s,         u"mnuManual"_s,
-                           u"mnuAbout"_s,      u"mnuFile"_s,       u"mnuImportQuillane2"_s, u"mnuImportQuillane3"_s,
-                           u"mnuOpenRecent"_s, u"mnuRecent"_s,     u"mnuChooseLang"_s,      u"mnuLanguage"_s,
-                           u"mnuWindow"_s};
-  for (auto entry = state.cbegin(); entry != state.cend(); ++entry) {
-    EXPECT_EQ(entry.value(), open.contains(entry.key())) << entry.key();
-  }
-}
-
-TEST(MenuStates, WithAProjectEverythingIsOpenButTheLabel) {
-  const MenuState state = menusWithProject();
-  for (auto entry = state.cbegin(); entry != state.cend(); ++entry) {
-    EXPECT_EQ(entry.value(), entry.key() != u"UseF3ToFindNext"_s) << entry.key();
-  }
-}
-
-TEST(MenuStates, BeforeTheStartOneCanOnlyLeave) {
-  const MenuState state = menusBeforeStart();
-  EXPECT_EQ(state.keys(true).size(), 2);
-  EXPECT_TRUE(says(state, "mnuConfirmExit", true));
-  EXPECT_TRUE(says(state, "mnuLoadProj", false));
 }
 
 TEST(MenuStates, OpenEditorsCloseTheRoadsThatReplaceTheProject) {

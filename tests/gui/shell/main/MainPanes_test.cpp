@@ -17,9 +17,12 @@
 #include "gui/views/RowColours.h"
 #include "gui/views/modFillList.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTextEdit>
@@ -54,8 +57,8 @@ TEST_F(MainPanesTest, ChapterRowsCountWhatIsUsed) {
   EXPECT_EQ(row("ListChapters", 1), QStringList({u"Departure"_s, u"4"_s, u"2"_s, u"9"_s}));
   EXPECT_EQ(row("ListChapters", 2), QStringList({u"Cut scenes"_s, u"0"_s, u"1"_s, u"9"_s}));
   EXPECT_EQ(panel("Totalwords"), u"Total words: 9"_s);
-  const QTreeWidgetItem& used = *list("ListChapters").topLevelItem(0);
-  const QTreeWidgetItem& unused = *list("ListChapters").topLevelItem(2);
+  const QTreeWidgetItem& used = item("ListChapters", 0);
+  const QTreeWidgetItem& unused = item("ListChapters", 2);
   EXPECT_EQ(colourOf(used, 0), 32768U);
   EXPECT_EQ(colourOf(unused, 0), 8421504U);
   EXPECT_EQ(colourOf(unused, 1), 8421504U);
@@ -74,7 +77,7 @@ TEST_F(MainPanesTest, TheCountTellsTheSectionByItsColour) {
     g_Project->EndMiddleChID = known.endOfMiddle;
     window().RefreshAll();
     for (int i = 0; i < 3; ++i) {
-      EXPECT_EQ(colourOf(*list("ListChapters").topLevelItem(i), 3), known.colours[i])
+      EXPECT_EQ(colourOf(item("ListChapters", i), 3), known.colours[i])
           << known.endOfBeginning << ' ' << known.endOfMiddle << " row " << i;
     }
   }
@@ -88,8 +91,8 @@ TEST_F(MainPanesTest, SceneRowsShowTheSevenColumns) {
   window().RefreshAll();
   EXPECT_EQ(row("ListScenes", 1).mid(0, 5), QStringList({u"N/A"_s, u"2"_s, u"Arrival 2"_s, QString(), u"R"_s}));
   click(list("ListChapters"), 1);
-  EXPECT_EQ(colourOf(*list("ListScenes").topLevelItem(1), 3), 8421504U);
-  EXPECT_FALSE(list("ListScenes").topLevelItem(0)->data(3, Qt::ForegroundRole).isValid());
+  EXPECT_EQ(colourOf(item("ListScenes", 1), 3), 8421504U);
+  EXPECT_FALSE(item("ListScenes", 0).data(3, Qt::ForegroundRole).isValid());
 }
 
 TEST_F(MainPanesTest, AnotherChapterShowsItsFirstScene) {
@@ -110,6 +113,19 @@ TEST_F(MainPanesTest, TheArrowKeysMoveThroughBothLists) {
   EXPECT_EQ(selectedScene(), 4) << "the row of the selection is kept";
   pressKey("ListChapters", Qt::Key_Down);
   EXPECT_EQ(selectedScene(), 5);
+}
+
+TEST_F(MainPanesTest, ArrowsThatNoControlWantsGoNoFurtherThanTheWindow) {
+  // A bar of tabs wants the ones to the side alone.
+  auto& tabs = required(control<QTabWidget>("TabStrip1").tabBar(), u"bar of tabs"_s);
+  const auto isTaken = [&](Qt::Key key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(&tabs, &press);
+    return press.isAccepted();
+  };
+  EXPECT_TRUE(isTaken(Qt::Key_Up));
+  EXPECT_TRUE(isTaken(Qt::Key_Down));
+  EXPECT_FALSE(isTaken(Qt::Key_F7));
 }
 
 TEST_F(MainPanesTest, ADisplayFollowsTheSelectedScene) {

@@ -1,0 +1,82 @@
+// While the project is loaded or saved the window yields to the message loop: nothing may begin there.
+
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/views/frmWordCount.h"
+#include "support/SampleProject.h"
+#include "support/WaitFor.h"
+
+#include <QSignalSpy>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+class WhileBusyTest : public ShellTest {
+ protected:
+  /// How often the scan ticks while the act yields to the message loop, each time for several rounds of timers.
+  qsizetype scansDuring(const std::function<void()>& act) {
+    auto& scan = control<QTimer>("TimerScanScenes");
+    scan.setInterval(0);
+    EXPECT_TRUE(scan.isActive());
+    int yields = 0;
+    std::function<void()> yield = [&] {
+      ++yields;
+      EXPECT_TRUE(waitForRounds(3));
+      toolkit.onYield = yield;
+    };
+    const QSignalSpy ticks(&scan, &QTimer::timeout);
+    toolkit.onYield = yield;
+    act();
+    toolkit.onYield = nullptr;
+    EXPECT_GT(yields, 0);
+    return ticks.count();
+  }
+
+ private:
+  static bool waitForRounds(int count) {
+    QTimer round;
+    const QSignalSpy rounds(&round, &QTimer::timeout);
+    round.start(0);
+    return waitFor([&] { return rounds.count() >= count; });
+  }
+};
+
+TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
+  const QString path = smallProject();
+  startWith(path);
+  for (const char* command :
+       {"mnuLoadProj", "mnuRecent(1)", "mnuSaveProj", "mnuCloseProject", "mnuNewProj", "mnuWordUsageCount"}) {
+    SCOPED_TRACE(command);
+    const clsProject* const project = g_Project.get();
+    bool yielded = false;
+    toolkit.onYield = [&] {
+      yielded = true;
+      // A command that began all the same would ask what to do with this.
+      sceneAt(1)->setTextRTF(simpleRtf(QByteArray("typed while ") + command));
+      window().ProjectChanged = true;
+      trigger(command);
+      EXPECT_TRUE(window().ProjectChanged);
+      EXPECT_FALSE(control<QTimer>("TimerScanScenes").isActive());
+      EXPECT_TRUE(control<QTimer>("Timer3").isActive());
+      EXPECT_EQ(g_Project.get(), project);
+    };
+    trigger("mnuSaveProj");
+    EXPECT_TRUE(yielded);
+    EXPECT_EQ(g_Project->FileWithPath, path);
+    EXPECT_EQ(list("ListChapters").topLevelItemCount(), 3);
+    EXPECT_EQ(window().findChild<frmWordCount*>(), nullptr);
+  }
+}
+
+TEST_F(WhileBusyTest, TheScanRestsDuringLoadsAndSaves) {
+  const QString other = smallProject(u"Other"_s);
+  startWith(smallProject(u"First"_s));
+  EXPECT_GT(scansDuring([&] { trigger("mnuWordUsageCount"); }), 0) << "it would be seen here";
+  EXPECT_EQ(scansDuring([&] { trigger("mnuSaveProj"); }), 0);
+  EXPECT_EQ(scansDuring([&] { window().LoadProject(other, true); }), 0);
+  toolkit.expectFile(other);
+  EXPECT_EQ(scansDuring([&] { trigger("mnuLoadProj"); }), 0);
+  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 2);
+}
