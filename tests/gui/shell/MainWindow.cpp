@@ -7,6 +7,7 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/toolkit/InputShield.h"
 #include "support/SampleProject.h"
 
 #include <QAction>
@@ -26,6 +27,7 @@ QString settingsPath() {
 }  // namespace
 
 void ShellTest::SetUp() {
+  toolkit.makeHold = [] { return std::make_unique<InputShield>(); };
   registerSceneEditor();
   Settings().DeleteAllSettings();
   QFile::remove(settingsPath());

@@ -10,7 +10,8 @@
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/frmMain.h"
-#include "gui/toolkit/InputShield.h"
+
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -43,7 +44,6 @@ void ProjectCommands::LoadProject(const QString& Path, bool ShowProgress) {
 bool ProjectCommands::readProject(const QString& path, bool showProgress) {
   main_.StopScanTimer();
   main_.panes().ClearLists();
-  const InputShield shield;
   return g_Project->Load(path, showProgress);
 }
 
@@ -60,7 +60,6 @@ void ProjectCommands::showEmptyProject() {
 void ProjectCommands::SaveProject(bool ShowProgress) {
   main_.StopScanTimer();
   main_.ProjectChanged = false;
-  const InputShield shield;
   if (g_Project->SaveQN4(ShowProgress)) {
     AddToRecent(g_Project->FileWithPath);
   }
@@ -202,10 +201,15 @@ void ProjectCommands::mnuSaveToSingleFile_Click() {
   if (g_Project->FileWithPath.isEmpty()) {
     return;
   }
-  const QString remembered = g_Project->FileWithPath;
-  g_Project->FileWithPath = Files().FileWithoutExt(remembered) + u".qnc4"_s;
-  if (g_Project->SaveQNC4(true)) {
-    toolkit().MsgBox(u"File saved to "_s + g_Project->FileWithPath);
+  QString saved;
+  {
+    const QScopedValueRollback ownName(g_Project->FileWithPath,
+                                       Files().FileWithoutExt(g_Project->FileWithPath) + u".qnc4"_s);
+    if (g_Project->SaveQNC4(true)) {
+      saved = g_Project->FileWithPath;
+    }
   }
-  g_Project->FileWithPath = remembered;
+  if (!saved.isEmpty()) {
+    toolkit().MsgBox(u"File saved to "_s + saved);
+  }
 }
