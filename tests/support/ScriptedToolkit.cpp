@@ -11,9 +11,22 @@ class RecordingProgress : public ProgressWindow {
   void Show() override { ++owner_.progressWindowsShown; }
   void Hide() override {}
   void setCaption(const QString& caption) override { owner_.progressCaptions.append(caption); }
+  void offerStop(std::function<void()> stop) override { owner_.pressStop = std::move(stop); }
 
  private:
   ScriptedToolkit& owner_;
+};
+
+class CountedHold : public InputHold {
+ public:
+  CountedHold(int& holds, std::unique_ptr<InputHold> real) : holds_(holds), real_(std::move(real)) { ++holds_; }
+  ~CountedHold() override { --holds_; }
+  CountedHold(const CountedHold&) = delete;
+  CountedHold& operator=(const CountedHold&) = delete;
+
+ private:
+  int& holds_;
+  std::unique_ptr<InputHold> real_;
 };
 
 }  // namespace
@@ -46,6 +59,7 @@ void ScriptedToolkit::expectErrorReport(const QString& text) {
 }
 
 std::optional<ScriptedToolkit::Expected> ScriptedToolkit::take(Kind kind, const QString& asked) {
+  askedWhileHeld = askedWhileHeld || inputHeld();
   if (script_.empty() || script_.front().kind != kind) {
     ADD_FAILURE() << "was asked without being told to expect it: " << asked;
     return {};
@@ -117,4 +131,8 @@ bool ScriptedToolkit::runProgram(const QString& program, const QStringList& argu
 std::unique_ptr<ProgressWindow> ScriptedToolkit::makeProgressWindow() {
   ++progressWindowsMade;
   return std::make_unique<RecordingProgress>(*this);
+}
+
+std::unique_ptr<InputHold> ScriptedToolkit::holdInput() {
+  return std::make_unique<CountedHold>(holds_, makeHold());
 }

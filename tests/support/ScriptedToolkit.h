@@ -36,6 +36,13 @@ class ScriptedToolkit : public Toolkit {
   QString clipboard;
   Pointer pointer = Pointer::Normal;
   int yields = 0;
+  /// Input is held back now; and: somebody was asked something while it was.
+  bool inputHeld() const { return holds_ > 0; }
+  bool askedWhileHeld = false;
+  /// What holds input back where there are windows; nothing by itself.
+  std::function<std::unique_ptr<InputHold>()> makeHold = [] { return nullptr; };
+  /// Presses the Stop of the progress window that offered one last; nothing where none did.
+  std::function<void()> pressStop = [] {};
   /// What happens the next time that the program yields; once.
   std::function<void()> onYield;
 
@@ -53,6 +60,7 @@ class ScriptedToolkit : public Toolkit {
   bool runProgram(const QString& program, const QStringList& arguments, bool hidden) override;
   void DoEvents() override;
   std::unique_ptr<ProgressWindow> makeProgressWindow() override;
+  std::unique_ptr<InputHold> holdInput() override;
 
  private:
   enum class Kind { Box, File, Colour, Report };
@@ -66,4 +74,5 @@ class ScriptedToolkit : public Toolkit {
   std::optional<Expected> take(Kind kind, const QString& asked);
 
   std::deque<Expected> script_;
+  int holds_ = 0;
 };

@@ -9,6 +9,7 @@ class SilentProgress : public ProgressWindow {
   void Show() override {}
   void Hide() override {}
   void setCaption(const QString&) override {}
+  void offerStop(std::function<void()>) override {}
 };
 
 class SilentToolkit : public Toolkit {
@@ -36,6 +37,7 @@ class SilentToolkit : public Toolkit {
   bool runProgram(const QString&, const QStringList&, bool) override { return false; }
   void DoEvents() override {}
   std::unique_ptr<ProgressWindow> makeProgressWindow() override { return std::make_unique<SilentProgress>(); }
+  std::unique_ptr<InputHold> holdInput() override { return std::make_unique<InputHold>(); }
 };
 
 Toolkit*& installed() {

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -12,6 +13,15 @@ class ProgressWindow {
   virtual void Show() = 0;
   virtual void Hide() = 0;
   virtual void setCaption(const QString& caption) = 0;
+  /// To be called before Show: the window has a Stop button then, which Escape presses too. `stop` is called once.
+  virtual void offerStop(std::function<void()> stop) = 0;
+};
+
+/// While it lives, what the user types and clicks, and a closing of windows, goes nowhere. Modal windows are answered
+/// as usual, and the Stop of a progress window can be pressed.
+class InputHold {
+ public:
+  virtual ~InputHold() = default;
 };
 
 /// NoUnlessYes is YesNo in which Enter says No. YesNoOrBack shows Yes and No; closing the box without a choice is
@@ -54,6 +64,7 @@ class Toolkit {
   /// Yields to the message loop once.
   virtual void DoEvents() = 0;
   virtual std::unique_ptr<ProgressWindow> makeProgressWindow() = 0;
+  [[nodiscard]] virtual std::unique_ptr<InputHold> holdInput() = 0;
 };
 
 /// The installed toolkit; a silent one that cancels every question until one is installed.

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -46,7 +47,7 @@ void clsHashTable::Init() {
   growthFactor_ = 1.5F;
   highWater_ = 0;
   liveCount_ = 0;
-  lockedCount_ = 0;
+  marked_ = {};
   buckets_.assign(static_cast<size_t>(bucketCount_) + 1, {});
   records_.assign(kFirstCapacity + 1, {});
   bySmallID_.clear();
@@ -254,29 +255,51 @@ void clsHashTable::ResetCount(qint32 id) {
     return;
   }
   unlink(found);
-  lockedCount_ -= (flagsOf(found) & kLocked) != 0 ? 1 : 0;
-  flagsOf(found) = 0;
+  setFlags(found, 0);
   at(found) = {};
   kindOf(found) = Key::None;
   --liveCount_;
   nodes_.Free(found);
 }
 
+void clsHashTable::setFlags(qint32 index, quint8 flags) {
+  quint8& held = flags_[static_cast<size_t>(index)];
+  if (held == flags) {
+    return;
+  }
+  for (size_t bit = 0; bit < marked_.size(); ++bit) {
+    marked_[bit] += (flags >> bit & 1) - (held >> bit & 1);
+  }
+  held = flags;
+}
+
+std::vector<qint32> clsHashTable::marked(quint8 flag) const {
+  const auto left = static_cast<size_t>(marked_[static_cast<size_t>(std::countr_zero(flag))]);
+  std::vector<qint32> ids;
+  ids.reserve(left);
+  for (qint32 i = 1; i <= highWater_ && ids.size() < left; ++i) {
+    if ((flagsOf(i) & flag) != 0) {
+      ids.push_back(at(i).ID);
+    }
+  }
+  return ids;
+}
+
 bool clsHashTable::IsLocked(qint32 id) const {
   const qint32 found = find(id);
-  return found != kMiss && (flags_[static_cast<size_t>(found)] & kLocked) != 0;
+  return found != kMiss && (flagsOf(found) & kLocked) != 0;
 }
 
 bool clsHashTable::HasChanged(qint32 id, int area) const {
   const quint8 flag = areaFlag(area);
   const qint32 found = find(id);
-  return found != kMiss && (flags_[static_cast<size_t>(found)] & flag) != 0;
+  return found != kMiss && (flagsOf(found) & flag) != 0;
 }
 
 void clsHashTable::ResetChangedByArea(int area) {
   const quint8 flag = areaFlag(area);
   for (qint32 i = 1; i <= highWater_; ++i) {
-    flagsOf(i) &= static_cast<quint8>(~flag);
+    lowerFlags(i, flag);
   }
 }
 
@@ -284,34 +307,30 @@ void clsHashTable::ResetChanged(qint32 id, int area) {
   const quint8 flag = areaFlag(area);
   const qint32 found = find(id);
   if (found != kMiss) {
-    flagsOf(found) &= static_cast<quint8>(~flag);
+    lowerFlags(found, flag);
   }
 }
 
 void clsHashTable::ResetAllChanged(qint32 id) {
   const qint32 found = find(id);
   if (found != kMiss) {
-    flagsOf(found) &= static_cast<quint8>(~kAllChanged);
+    lowerFlags(found, kAllChanged);
   }
 }
 
 void clsHashTable::LockRec(qint32 id) {
-  quint8& flags = flagsOf(findOrInsert(id));
-  lockedCount_ += (flags & kLocked) != 0 ? 0 : 1;
-  flags |= kLocked;
+  raiseFlags(findOrInsert(id), kLocked);
 }
 
 void clsHashTable::UnLockRec(qint32 id) {
   const qint32 found = find(id);
   if (found != kMiss) {
-    quint8& flags = flagsOf(found);
-    lockedCount_ -= (flags & kLocked) != 0 ? 1 : 0;
-    flags &= static_cast<quint8>(~kLocked);
+    lowerFlags(found, kLocked);
   }
 }
 
 void clsHashTable::MarkUpdated(qint32 id) {
-  flagsOf(findOrInsert(id)) |= kAllChanged;
+  raiseFlags(findOrInsert(id), kAllChanged);
 }
 
 void clsHashTable::MarkDeleted(qint32 id) {
@@ -329,7 +348,7 @@ HashRecord clsHashTable::Record(qint32 index) const {
     throw RuntimeError(RuntimeError::OutOfBounds);
   }
   HashRecord record = at(index);
-  const quint8 flags = flags_[static_cast<size_t>(index)];
+  const quint8 flags = flagsOf(index);
   for (int area = 1; area <= HashRecord::kAreas; ++area) {
     record.Changed[static_cast<size_t>(area) - 1] = (flags & areaFlag(area)) != 0;
   }

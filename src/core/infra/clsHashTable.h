@@ -64,14 +64,20 @@ class clsHashTable {
   /// A copy of the record with this number; throws RuntimeError 9 outside 1 to the table's size.
   HashRecord Record(qint32 index) const;
   /// True when a record of the table is locked.
-  bool AnyLocked() const { return lockedCount_ > 0; }
+  bool AnyLocked() const { return marked_[kLockedBit] > 0; }
+  /// The IDs that have changed for an area, or that are locked, in the order of their records. Nothing is looked at
+  /// when none is.
+  std::vector<qint32> changedIDs(int area) const { return marked(areaFlag(area)); }
+  std::vector<qint32> changedIDs(ChangeArea area) const { return changedIDs(static_cast<int>(area)); }
+  std::vector<qint32> lockedIDs() const { return marked(kLocked); }
 
  private:
   static constexpr qint32 kMiss = -1;
   /// IDs from 0 to below this are small.
   static constexpr quint32 kSmallIDs = 1U << 20;
   static constexpr quint8 kAllChanged = (1 << HashRecord::kAreas) - 1;
-  static constexpr quint8 kLocked = 1 << HashRecord::kAreas;
+  static constexpr int kLockedBit = HashRecord::kAreas;
+  static constexpr quint8 kLocked = 1 << kLockedBit;
   enum class Key : quint8 { None, ID, Text };
   /// A step of a chain, with what tells the record that it leads to, so that a record that is passed over is not
   /// looked at.
@@ -102,7 +108,11 @@ class clsHashTable {
   Key& kindOf(qint32 index) { return keyedBy_[static_cast<size_t>(index)]; }
   HashRecord& at(qint32 index) { return records_[static_cast<size_t>(index)]; }
   const HashRecord& at(qint32 index) const { return records_[static_cast<size_t>(index)]; }
-  quint8& flagsOf(qint32 index) { return flags_[static_cast<size_t>(index)]; }
+  quint8 flagsOf(qint32 index) const { return flags_[static_cast<size_t>(index)]; }
+  void setFlags(qint32 index, quint8 flags);
+  void raiseFlags(qint32 index, quint8 flags) { setFlags(index, flagsOf(index) | flags); }
+  void lowerFlags(qint32 index, quint8 flags) { setFlags(index, static_cast<quint8>(flagsOf(index) & ~flags)); }
+  std::vector<qint32> marked(quint8 flag) const;
   /// The bit of an area among a record's flags.
   static quint8 areaFlag(int area);
 
@@ -110,6 +120,8 @@ class clsHashTable {
   std::vector<HashRecord> records_;
   /// Changed and Locked of each record, side by side: they are what is polled.
   std::vector<quint8> flags_;
+  /// How many records have each of these flags.
+  std::array<qint32, HashRecord::kAreas + 1> marked_{};
   /// The next in the chain, for each record.
   std::vector<Link> links_;
   /// How each record is keyed; None for a free cell.
@@ -124,6 +136,5 @@ class clsHashTable {
   float growthFactor_ = 1.5F;
   qint32 highWater_ = 0;
   qint32 liveCount_ = 0;
-  qint32 lockedCount_ = 0;
   bool initialised_ = false;
 };

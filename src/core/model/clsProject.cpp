@@ -3,10 +3,10 @@
 #include "core/infra/CodePage.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
-#include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
+#include "core/model/LongWork.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
@@ -212,11 +212,8 @@ void clsProject::AddEditItems() {
 }
 
 void clsProject::eachOpenEditor(void (clsScene::*action)()) {
-  for (qint32 i = 1; i <= g_SceneChanges.HighWater(); ++i) {
-    const HashRecord record = g_SceneChanges.Record(i);
-    if (record.Locked) {
-      (SceneByID(record.ID).get()->*action)();
-    }
+  for (const qint32 id : g_SceneChanges.lockedIDs()) {
+    (SceneByID(id).get()->*action)();
   }
 }
 
@@ -281,24 +278,14 @@ void clsProject::Clear() {
   Notes.Clear();
 }
 
-void clsProject::setProgress(const QString& caption) {
-  if (ProgressWindow_) {
-    ProgressWindow_->setCaption(caption);
-    toolkit().DoEvents();
-  }
-}
-
-void clsProject::showProgressNumber(const QString& what, qint32 number) {
-  if (ProgressWindow_) {
-    ProgressWindow_->setCaption(what + QString::number(number));
-    Subs().RegularDoEvents();
-  }
-}
-
 void clsProject::cScenes_LoadingNum(qint32 number) {
-  showProgressNumber(u"Loading Scene "_s, number);
+  if (work_ != nullptr) {
+    work_->setCaption(u"Loading Scene "_s, number);
+  }
 }
 
 void clsProject::cScenes_SavingNum(qint32 number) {
-  showProgressNumber(u"Saving Scene "_s, number);
+  if (work_ != nullptr) {
+    work_->setCaption(u"Saving Scene "_s, number);
+  }
 }

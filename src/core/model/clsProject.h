@@ -1,15 +1,15 @@
 #pragma once
 
-#include "core/infra/Toolkit.h"
 #include "core/model/Collections.h"
 
 #include <QByteArray>
-#include <QScopedValueRollback>
 #include <QString>
 
 #include <array>
 #include <memory>
 
+class BusyMark;
+class LongWork;
 class TagView;
 
 /// The document: the root of everything the writer has written. One is alive at a time, in g_Project; every
@@ -138,8 +138,6 @@ class clsProject {
   void Clear();
   /// A load or save is under way, or a walk over its scenes: nothing may replace or end the project now.
   bool IsBusy() const { return busy_; }
-  /// Makes it so for as long as the result lives.
-  [[nodiscard]] QScopedValueRollback<bool> keepBusy() { return QScopedValueRollback(busy_, true); }
   /// Nothing in it that could be lost.
   bool IsEmpty() const;
   /// The number of scenes whose text is due to be written to its file.
@@ -163,32 +161,19 @@ class clsProject {
   bool CreateFromXML(const TagView& element);
 
  private:
+  friend class BusyMark;
+  friend class LongWork;
+
   void cScenes_LoadingNum(qint32 number);
   void cScenes_SavingNum(qint32 number);
-  void showProgressNumber(const QString& what, qint32 number);
-  void setProgress(const QString& caption);
   void eachOpenEditor(void (clsScene::*action)());
-
-  void tellUnreadTexts() const;
-  bool LoadQN4(const QString& file, bool showProgress);
-  bool readBlocks(QByteArrayView text, bool singleFile);
-  void finishLoad();
-  void failLoad();
-  bool Save(bool showProgress, bool singleFile);
-  bool attemptSave(bool showProgress, bool singleFile, bool asked);
-  bool saveOnce(bool showProgress, bool singleFile);
-  bool askForFile(const QString& folder);
-  bool prepareTarget(bool singleFile, bool asked);
-  bool writeProject(int file, bool forceTexts, bool singleFile);
-  /// True when nothing that is referred to is missing; what is gets a line in the log.
-  bool IntegrityCheck() const;
-  QString forcedExtension(const QString& extension) const;
 
   std::array<qint32, 7> lastFileIndex_{};
   std::array<qint32, 5> deadlineDate_{};
   std::array<qint32, 5> deadlineStartDate_{};
   std::array<QString, 4> fieldTitle_;
-  std::unique_ptr<ProgressWindow> ProgressWindow_;
   /// A load or save is under way; what it yields to must not begin another.
   bool busy_ = false;
+  /// The long work that shows its progress, while there is one.
+  LongWork* work_ = nullptr;
 };

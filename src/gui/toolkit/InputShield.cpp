@@ -1,16 +1,71 @@
 #include "gui/toolkit/InputShield.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QKeyEvent>
+#include <QWidget>
+#include <QWindow>
+
+namespace {
+
+constexpr auto kLetThrough = "reachedThroughInputShield";
+
+QWidget* reachableWindow() {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->property(kLetThrough).toBool()) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+bool isPartOf(const QWidget& window, const QObject* object) {
+  const auto* widget = qobject_cast<const QWidget*>(object);
+  return widget != nullptr ? widget->window() == &window : object == window.windowHandle();
+}
+
+bool isEscape(const QEvent& event) {
+  return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+}
+
+}  // namespace
 
 InputShield::InputShield() {
   qApp->installEventFilter(this);
 }
 
-// Releases pass: a key or button that went down before shall not seem to be down for ever.
+void InputShield::letThrough(QWidget& window) {
+  window.setProperty(kLetThrough, true);
+}
+
 bool InputShield::eventFilter(QObject* watched, QEvent* event) {
+  return holdsBack(watched, event) || QObject::eventFilter(watched, event);
+}
+
+// Releases pass: a key or button that went down before shall not seem to be down for ever.
+bool InputShield::holdsBack(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+      break;
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::ContextMenu:
+    case QEvent::Wheel:
+    case QEvent::Close:
+      if (event->spontaneous()) {
+        break;
+      }
+      return false;
+    default:
+      return false;
+  }
   if (QApplication::activeModalWidget() != nullptr) {
-    return QObject::eventFilter(watched, event);
+    return false;
+  }
+  QWidget* const reachable = reachableWindow();
+  if (reachable != nullptr && event->type() != QEvent::Close && isPartOf(*reachable, watched)) {
+    return false;
   }
   // Shortcuts are sent by the toolkit itself. An accepted override makes of the keys an ordinary press, which goes
   // nowhere below.
@@ -18,19 +73,10 @@ bool InputShield::eventFilter(QObject* watched, QEvent* event) {
     event->accept();
     return true;
   }
-  if (!event->spontaneous()) {
-    return QObject::eventFilter(watched, event);
+  if (reachable != nullptr && isEscape(*event)) {
+    const std::unique_ptr<QEvent> copy(event->clone());
+    QCoreApplication::sendEvent(reachable, copy.get());
   }
-  switch (event->type()) {
-    case QEvent::KeyPress:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::ContextMenu:
-    case QEvent::Wheel:
-    case QEvent::Close:
-      event->ignore();
-      return true;
-    default:
-      return QObject::eventFilter(watched, event);
-  }
+  event->ignore();
+  return true;
 }

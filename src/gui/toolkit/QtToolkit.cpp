@@ -2,6 +2,7 @@
 
 #include "core/infra/Paths.h"
 #include "gui/toolkit/Colours.h"
+#include "gui/toolkit/InputShield.h"
 #include "gui/toolkit/cSharedProgress.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
 
@@ -262,4 +263,8 @@ void QtToolkit::DoEvents() {
 
 std::unique_ptr<ProgressWindow> QtToolkit::makeProgressWindow() {
   return std::make_unique<cSharedProgress>();
+}
+
+std::unique_ptr<InputHold> QtToolkit::holdInput() {
+  return std::make_unique<InputShield>();
 }

@@ -20,6 +20,7 @@ class QtToolkit : public Toolkit {
   bool runProgram(const QString& program, const QStringList& arguments, bool hidden) override;
   void DoEvents() override;
   std::unique_ptr<ProgressWindow> makeProgressWindow() override;
+  std::unique_ptr<InputHold> holdInput() override;
 
  private:
   class PointerPause;

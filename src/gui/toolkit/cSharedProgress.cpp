@@ -1,8 +1,12 @@
 #include "gui/toolkit/cSharedProgress.h"
 
+#include "gui/toolkit/InputShield.h"
+
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -11,6 +15,22 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kWidthInChars = 48;
+
+/// Escape anywhere in it presses its Stop button.
+class ProgressBox : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    auto* const stop = findChild<QPushButton*>(u"cmdStop"_s);
+    if (stop == nullptr || event->key() != Qt::Key_Escape) {
+      QWidget::keyPressEvent(event);
+      return;
+    }
+    stop->click();
+  }
+};
 
 }  // namespace
 
@@ -21,7 +41,7 @@ cSharedProgress::~cSharedProgress() {
 
 void cSharedProgress::build() {
   // No close button: it would only hide what goes on.
-  window_ = new QWidget(QApplication::activeWindow(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+  window_ = new ProgressBox(QApplication::activeWindow(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   window_->setObjectName(u"cSharedProgress"_s);
   window_->setWindowTitle(u"Quillane"_s);
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
@@ -37,6 +57,20 @@ void cSharedProgress::build() {
   layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
   layout->addWidget(lblCaption_);
   layout->addWidget(bar);
+  if (stop_) {
+    addStop(*layout);
+  }
+}
+
+void cSharedProgress::addStop(QVBoxLayout& layout) {
+  auto* stop = new QPushButton(u"Stop"_s, window_);
+  stop->setObjectName(u"cmdStop"_s);
+  layout.addWidget(stop, 0, Qt::AlignRight);
+  QObject::connect(stop, &QPushButton::clicked, window_, [stop, asked = stop_] {
+    stop->setEnabled(false);
+    asked();
+  });
+  InputShield::letThrough(*window_);
 }
 
 void cSharedProgress::Show() {
@@ -46,6 +80,10 @@ void cSharedProgress::Show() {
   lblCaption_->setText(caption_);
   window_->show();
   window_->raise();
+}
+
+void cSharedProgress::offerStop(std::function<void()> stop) {
+  stop_ = std::move(stop);
 }
 
 void cSharedProgress::Hide() {

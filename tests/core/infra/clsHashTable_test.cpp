@@ -74,6 +74,35 @@ TEST(clsHashTable, KnowsWhetherAnyRecordIsLocked) {
   EXPECT_FALSE(table.AnyLocked());
 }
 
+TEST(clsHashTable, NamesWhatIsMarkedForAnAreaAndWhatIsLocked) {
+  using IDs = std::vector<qint32>;
+  clsHashTable table;
+  EXPECT_EQ(table.changedIDs(1), IDs{});
+  for (const qint32 id : {9, 4, 7, 2}) {
+    table.AddToCount(id);
+  }
+  table.MarkUpdated(7);
+  table.MarkDeleted(9);
+  table.MarkUpdated(7);
+  table.LockRec(4);
+  EXPECT_EQ(table.changedIDs(1), (IDs{9, 7}));
+  table.ResetChanged(9, 1);
+  EXPECT_EQ(table.changedIDs(ChangeArea::MainWindow), IDs{7});
+  EXPECT_EQ(table.changedIDs(ChangeArea::SceneList), (IDs{9, 7})) << "each area has flags of its own";
+  table.ResetChangedByArea(2);
+  EXPECT_EQ(table.changedIDs(2), IDs{});
+  EXPECT_EQ(table.lockedIDs(), IDs{4});
+  table.ResetCount(7);
+  table.ResetAllChanged(9);
+  table.UnLockRec(4);
+  EXPECT_EQ(table.changedIDs(4), IDs{});
+  EXPECT_EQ(table.lockedIDs(), IDs{});
+  EXPECT_TRUE(throwsOutOfBounds([&] { (void)table.changedIDs(6); }));
+  table.MarkUpdated(2);
+  table.Init();
+  EXPECT_EQ(table.changedIDs(1), IDs{});
+}
+
 TEST(clsHashTable, OnlyInsertRecordBringsADeletedRecordBack) {
   clsHashTable table;
   qint32 index = 0;

@@ -1,6 +1,7 @@
 // A project folder as a whole: what a load and a save do, in which order, and what the writer is told.
 
 #include "core/infra/Paths.h"
+#include "core/infra/ScanPause.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
@@ -86,6 +87,42 @@ TEST_F(LoadSave, ProgressIsShownOnlyWhenAskedAndNamesEachStep) {
                              u"Loading Complete"_s};
   EXPECT_EQ(screen_.progressCaptions, expected);
   EXPECT_EQ(screen_.pointer, Pointer::Normal);
+}
+
+// Whatever loads or saves, and however often it yields: the windows neither take input nor look at what has changed.
+TEST_F(LoadSave, InputIsHeldAndTheScanWaitsUntilItIsDone) {
+  int yields = 0;
+  std::function<void()> look = [&] {
+    ++yields;
+    EXPECT_TRUE(screen_.inputHeld() && ScanPause::isActive() && g_Project->IsBusy()) << yields;
+    screen_.onYield = look;
+  };
+  const auto watched = [&](const std::function<bool()>& work) {
+    yields = 0;
+    screen_.onYield = look;
+    EXPECT_TRUE(work());
+    screen_.onYield = nullptr;
+    EXPECT_GT(yields, 2);
+    EXPECT_FALSE(screen_.inputHeld() || ScanPause::isActive() || g_Project->IsBusy());
+    EXPECT_EQ(screen_.pointer, Pointer::Normal);
+  };
+  watched([&] { return g_Project->Load(path_, true); });
+  watched([] { return g_Project->SaveQN4(false); });
+  screen_.expectFile(scratch_.path(u"copy/Copy.qn4"_s));
+  watched([] { return g_Project->SaveAs(); });
+  g_Project->FileWithPath = scratch_.path(u"one/Small.qnc4"_s);
+  watched([] { return g_Project->SaveQNC4(true); });
+  screen_.expectBox(u"You've loaded an all-in-one"_s);
+  watched([&] { return g_Project->Load(scratch_.path(u"one/Small.qnc4"_s), true); });
+  EXPECT_FALSE(screen_.askedWhileHeld) << "what is told behind a work is read with the screen at rest";
+}
+
+TEST_F(LoadSave, AFailureIsToldWithTheScreenAtRest) {
+  writeFile(path_, "hello");
+  screen_.expectErrorReport(u"There was an error loading this project."_s);
+  EXPECT_FALSE(g_Project->Load(path_, true));
+  EXPECT_FALSE(screen_.askedWhileHeld);
+  EXPECT_FALSE(g_Project->IsBusy() || ScanPause::isActive());
 }
 
 TEST_F(LoadSave, AMissingSceneFileFailsTheLoadAndLeavesAnEmptyProject) {

@@ -8,6 +8,7 @@
 #include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/life/RegisterWindows.h"
+#include "gui/toolkit/InputShield.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
@@ -29,6 +30,7 @@ QString settingsPath() {
 
 void ShellTest::SetUp() {
   registerWindows();
+  toolkit.makeHold = [] { return std::make_unique<InputShield>(); };
   Settings().DeleteAllSettings();
   QFile::remove(settingsPath());
   QFile::remove(Paths::programFolder() + u"log.txt"_s);

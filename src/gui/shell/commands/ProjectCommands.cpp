@@ -10,6 +10,8 @@
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/frmMain.h"
 
+#include <QScopedValueRollback>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -119,10 +121,15 @@ void ProjectCommands::mnuSaveToSingleFile_Click() {
   if (g_Project->FileWithPath.isEmpty()) {
     return;
   }
-  const QString remembered = g_Project->FileWithPath;
-  g_Project->FileWithPath = Files().FileWithoutExt(remembered) + u".qnc4"_s;
-  if (g_Project->SaveQNC4(true)) {
-    toolkit().MsgBox(u"File saved to "_s + g_Project->FileWithPath);
+  QString saved;
+  {
+    const QScopedValueRollback ownName(g_Project->FileWithPath,
+                                       Files().FileWithoutExt(g_Project->FileWithPath) + u".qnc4"_s);
+    if (g_Project->SaveQNC4(true)) {
+      saved = g_Project->FileWithPath;
+    }
   }
-  g_Project->FileWithPath = remembered;
+  if (!saved.isEmpty()) {
+    toolkit().MsgBox(u"File saved to "_s + saved);
+  }
 }

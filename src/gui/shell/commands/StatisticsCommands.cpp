@@ -3,11 +3,11 @@
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
+#include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/modWordcount.h"
 #include "gui/shell/main/frmMain.h"
-#include "gui/toolkit/InputShield.h"
 #include "gui/views/frmWordCount.h"
 
 #include <vector>
@@ -25,9 +25,7 @@ void StatisticsCommands::mnuWordUsageCount_Click() {
   clsHashTable table;
   {
     // The scenes that are walked stay, whatever is done while the window repaints.
-    const auto busy = g_Project->keepBusy();
-    const InputShield shield;
-    Subs().BusyMouse();
+    const LongWork work(*g_Project, u"Counting words"_s, false);
     const std::vector<std::shared_ptr<clsScene>> scenes(g_Project->Scenes.begin(), g_Project->Scenes.end());
     for (const auto& scene : scenes) {
       main_.showMessage(scene->RTFFilename());

@@ -8,7 +8,6 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/RecentProjects.h"
 #include "gui/shell/main/frmMain.h"
-#include "gui/toolkit/InputShield.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +28,6 @@ void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
 bool ProjectSession::readProject(const QString& path, bool showProgress) {
   main_.StopScanTimer();
   main_.panes().ClearLists();
-  const InputShield shield;
   return g_Project->Load(path, showProgress);
 }
 
@@ -46,7 +44,6 @@ void ProjectSession::showEmptyProject() {
 void ProjectSession::SaveProject(bool ShowProgress) {
   main_.StopScanTimer();
   main_.ProjectChanged = false;
-  const InputShield shield;
   if (g_Project->SaveQN4(ShowProgress)) {
     AddToRecent(g_Project->FileWithPath);
   }

@@ -1,0 +1,47 @@
+#include "core/infra/ChangePoller.h"
+
+#include "core/infra/Guard.h"
+#include "core/infra/ScanPause.h"
+
+#include <QScopedValueRollback>
+
+#include <utility>
+
+ChangePoller::ChangePoller(const char* routine, const char* module, ChangeArea area, QObject* parent)
+    : QObject(parent), routine_(routine), module_(module), area_(area) {
+  connect(&timer_, &QTimer::timeout, this, [this] { poll(); });
+}
+
+void ChangePoller::follow(clsHashTable& table, Handler handler) {
+  followed_.push_back({&table, std::move(handler)});
+}
+
+void ChangePoller::poll() {
+  if (polling_) {
+    return;
+  }
+  const QScopedValueRollback polling(polling_, true);
+  bool anyChange = false;
+  for (size_t i = 0; i < followed_.size(); ++i) {
+    anyChange = pollTable(followed_[i]) || anyChange;
+  }
+  if (anyChange && afterChanges_) {
+    Guard(routine_, module_)(afterChanges_);
+  }
+}
+
+// By value: a handler may add a table. The flag goes first, so that what the handler itself changes is seen next time;
+// and a pause that it begins leaves the others their flags.
+bool ChangePoller::pollTable(Followed followed) {
+  const Guard guard(routine_, module_);
+  bool anyChange = false;
+  for (const qint32 id : followed.table->changedIDs(area_)) {
+    if (ScanPause::isActive()) {
+      return anyChange;
+    }
+    followed.table->ResetChanged(id, area_);
+    guard([&] { followed.handler(id); });
+    anyChange = true;
+  }
+  return anyChange;
+}

@@ -1,0 +1,40 @@
+#include "core/model/LongWork.h"
+
+#include "core/infra/Guard.h"
+#include "core/infra/cSHAREDSubs.h"
+#include "core/model/clsProject.h"
+
+BusyMark::BusyMark(clsProject& project) : busy_(project.busy_, true) {}
+
+LongWork::BusyPointer::BusyPointer() {
+  toolkit().setPointer(Pointer::Busy);
+}
+
+LongWork::BusyPointer::~BusyPointer() {
+  Guard("NormalMouse", "LongWork")([] { Subs().NormalMouse(); });
+}
+
+LongWork::LongWork(clsProject& project, const QString& caption, bool showProgress, Stop stop)
+    : busy_(project),
+      current_(project.work_, this),
+      hold_(toolkit().holdInput()),
+      progress_(toolkit().makeProgressWindow()) {
+  if (stop == Stop::Offered) {
+    progress_->offerStop([this] { stopWanted_ = true; });
+  }
+  progress_->setCaption(caption);
+  if (showProgress) {
+    progress_->Show();
+  }
+  toolkit().DoEvents();
+}
+
+void LongWork::setCaption(const QString& caption) {
+  progress_->setCaption(caption);
+  toolkit().DoEvents();
+}
+
+void LongWork::setCaption(const QString& what, qint32 number) {
+  progress_->setCaption(what + QString::number(number));
+  Subs().RegularDoEvents();
+}
