@@ -9,6 +9,8 @@
 
 ChangePoller::ChangePoller(const char* routine, const char* module, ChangeArea area, QObject* parent)
     : QObject(parent), routine_(routine), module_(module), area_(area) {
+  timer_.setObjectName(QString::fromLatin1(routine).section(u'_', 0, 0));
+  timer_.setParent(this);
   connect(&timer_, &QTimer::timeout, this, [this] { poll(); });
 }
 
@@ -17,7 +19,7 @@ void ChangePoller::follow(clsHashTable& table, Handler handler) {
 }
 
 void ChangePoller::poll() {
-  if (polling_) {
+  if (polling_ || ScanPause::isActive()) {
     return;
   }
   const QScopedValueRollback polling(polling_, true);
@@ -25,8 +27,8 @@ void ChangePoller::poll() {
   for (size_t i = 0; i < followed_.size(); ++i) {
     anyChange = pollTable(followed_[i]) || anyChange;
   }
-  if (anyChange && afterChanges_) {
-    Guard(routine_, module_)(afterChanges_);
+  if (afterPoll_) {
+    Guard(routine_, module_)([&] { afterPoll_(anyChange); });
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 #include <vector>
 
 /// Follows change tables for one area: at each interval it takes the flag off every record that has changed there and
@@ -16,13 +17,14 @@ class ChangePoller : public QObject {
  public:
   using Handler = std::function<void(qint32 id)>;
 
-  /// Names of routine and module as they stand in the log; plain literals.
+  /// Names of routine and module as they stand in the log; plain literals. The timer bears the routine's name up to
+  /// its underscore.
   ChangePoller(const char* routine, const char* module, ChangeArea area, QObject* parent = nullptr);
 
   /// One more table to follow, behind the others. It must outlive the poller.
   void follow(clsHashTable& table, Handler handler);
-  /// What happens behind a poll in which something had changed; once, however much it was.
-  void setAfterChanges(std::function<void()> afterChanges) { afterChanges_ = std::move(afterChanges); }
+  /// What happens behind each poll, once, however much had changed, and when nothing had.
+  void setAfterPoll(std::function<void(bool anyChange)> afterPoll) { afterPoll_ = std::move(afterPoll); }
 
   /// Polls at this interval from now on.
   void start(std::chrono::milliseconds interval) { timer_.start(interval); }
@@ -43,7 +45,7 @@ class ChangePoller : public QObject {
   const char* module_;
   ChangeArea area_;
   std::vector<Followed> followed_;
-  std::function<void()> afterChanges_;
+  std::function<void(bool)> afterPoll_;
   QTimer timer_;
   bool polling_ = false;
 };

@@ -35,14 +35,14 @@ class ChangePollerTest : public ::testing::Test {
 TEST_F(ChangePollerTest, HandsOnEachChangeOfItsAreaOnceAndSumsUp) {
   poller_.follow(scenes_, noting(u"s"_s));
   poller_.follow(people_, noting(u"p"_s));
-  poller_.setAfterChanges([this] { seen_ += u"done"_s; });
+  poller_.setAfterPoll([this](bool anyChange) { seen_ += anyChange ? u"done"_s : u"nothing"_s; });
   poller_.poll();
   people_.MarkUpdated(1);
   scenes_.MarkUpdated(5);
   scenes_.MarkUpdated(3);
   poller_.poll();
   poller_.poll();
-  EXPECT_EQ(seen_, (QStringList{u"s5"_s, u"s3"_s, u"p1"_s, u"done"_s}));
+  EXPECT_EQ(seen_, (QStringList{u"nothing"_s, u"s5"_s, u"s3"_s, u"p1"_s, u"done"_s, u"nothing"_s}));
   EXPECT_TRUE(scenes_.HasChanged(5, ChangeArea::MainWindow)) << "the other areas' flags stay";
 }
 

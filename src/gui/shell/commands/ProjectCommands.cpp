@@ -1,6 +1,7 @@
 #include "gui/shell/commands/ProjectCommands.h"
 
 #include "core/infra/Paths.h"
+#include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
@@ -46,7 +47,7 @@ void ProjectCommands::mnuLoadProj_Click() {
   if (!main_.session().mayReplaceProject()) {
     return;
   }
-  main_.StopScanTimer();
+  const ScanPause pause;
   const QString path =
       toolkit().OpenFileDialog({u"Open"_s, u"*.qn3;*.qn4;*.qnc4"_s, QString(), Paths::documentsFolder()});
   if (!path.isEmpty() && conversionWanted(path)) {
@@ -57,7 +58,6 @@ void ProjectCommands::mnuLoadProj_Click() {
   }
   main_.session().setMenusByProject();
   main_.session().UpdateRecent();
-  main_.StartScanTimer();
 }
 
 void ProjectCommands::mnuRecent_Click(const QString& Path) {
@@ -68,10 +68,9 @@ void ProjectCommands::mnuRecent_Click(const QString& Path) {
   if (!main_.session().mayReplaceProject()) {
     return;
   }
-  main_.StopScanTimer();
+  const ScanPause pause;
   main_.LoadProject(Path, true);
   main_.session().setMenusByProject();
-  main_.StartScanTimer();
 }
 
 void ProjectCommands::mnuSaveProj_Click() {
@@ -82,12 +81,10 @@ void ProjectCommands::mnuSaveProj_Click() {
 }
 
 void ProjectCommands::mnuSaveAs_Click() {
-  main_.StopScanTimer();
   main_.ProjectChanged = false;
   if (g_Project->SaveAs()) {
     main_.session().AddToRecent(g_Project->FileWithPath);
   }
-  main_.StartScanTimer();
 }
 
 void ProjectCommands::mnuCloseProject_Click() {
@@ -104,13 +101,12 @@ void ProjectCommands::mnuNewProj_Click() {
   if (!main_.session().mayReplaceProject()) {
     return;
   }
-  main_.StopScanTimer();
+  const ScanPause pause;
   const bool created = CreateEmptyProject();
   created ? main_.EnableMenus() : main_.DisableMenus();
   main_.panes().ClearLists();
   main_.RefreshAll();
   main_.ProjectChanged = false;
-  main_.StartScanTimer();
 }
 
 void ProjectCommands::mnuAppendProject_Click() {

@@ -32,7 +32,6 @@ void frmMain::EndProgram() {
   if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
     guard([&] { SaveProject(true); });
     guard([&] { insistOnScenes(); });
-    StopScanTimer();
   }
   guard([&] { g_Project = std::make_unique<clsProject>(); });
   if (settingsLoaded_) {

@@ -1,6 +1,5 @@
 #include "gui/shell/main/ChangeScan.h"
 
-#include "core/infra/Guard.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -11,76 +10,61 @@
 #include "gui/shell/main/frmMain.h"
 #include "gui/views/ListView.h"
 
-#include <chrono>
+#include <utility>
 
 using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
 
-ChangeScan::ChangeScan(frmMain& main) : QObject(&main), main_(main) {
-  TimerScanScenes_.setObjectName(u"TimerScanScenes"_s);
-  TimerScanScenes_.setInterval(500ms);
-  TimerScanScenes_.setParent(this);
-  connect(&TimerScanScenes_, &QTimer::timeout, this, [this] {
-    if (main_.Closing) {
-      return;
+ChangeScan::ChangeScan(frmMain& main)
+    : main_(main), poller_("TimerScanScenes_Timer", "frmMain", ChangeArea::MainWindow, &main) {
+  poller_.follow(g_SceneChanges, [this](qint32 id) { sceneChanged(id); });
+  poller_.follow(g_CharChanges, [this](qint32 id) { characterChanged(id); });
+  poller_.setAfterPoll([this](bool anyChange) {
+    if (anyChange) {
+      showFindings();
     }
-    // Whatever a row does, the next tick comes.
-    Guard("TimerScanScenes_Timer", "frmMain")([&] { TimerScanScenes_Timer(); });
-    Start();
+    main_.followEditing();
   });
 }
 
-void ChangeScan::TimerScanScenes_Timer() {
-  Findings found;
-  const ListView& list = main_.panes().FrameScenes().ListScenes();
-  for (int i = 0; i < list.topLevelItemCount(); ++i) {
-    scanRow(*list.topLevelItem(i), found);
-  }
-  showFindings(found);
-  main_.followEditing();
+void ChangeScan::start() {
+  poller_.start(500ms);
 }
 
-void ChangeScan::scanRow(QTreeWidgetItem& row, Findings& found) {
-  const qint32 id = ListView::tagOf(row);
-  if (g_SceneChanges.HasChanged(id, ChangeArea::MainWindow)) {
-    Stop();
-    g_SceneChanges.ResetChanged(id, ChangeArea::MainWindow);
-    updateSceneAndChapter(row, id, found);
-    return;
-  }
-  // A renamed character shows in the rows that it narrates. The flag goes with the first of them on this tick.
-  const qint32 viewpoint = g_Project->SceneByID(id)->ViewPointID();
-  if (viewpoint >= 1 && g_CharChanges.HasChanged(viewpoint, ChangeArea::MainWindow)) {
-    Stop();
-    main_.panes().FrameScenes().UpdateSceneRow(row, id);
-    g_CharChanges.ResetChanged(viewpoint, ChangeArea::MainWindow);
-    found.AnyChange = true;
-  }
-}
-
-void ChangeScan::updateSceneAndChapter(QTreeWidgetItem& row, qint32 id, Findings& found) {
+void ChangeScan::sceneChanged(qint32 id) {
   const ScenePane& scenes = main_.panes().FrameScenes();
   const ChapterPane& chapters = main_.panes().FrameChapters();
-  found.AnyChange = true;
-  found.SelectedChanged = found.SelectedChanged || scenes.SelectedSceneID() == id;
-  scenes.UpdateSceneRow(row, id);
-  const qint32 chapterID = g_Project->SceneByID(id)->BelongsToChID;
-  if (QTreeWidgetItem* chapterRow = chapters.ListChapters().topLevelItem(chapters.ChapterRowIndex(chapterID))) {
-    chapters.UpdateChapterRow(*chapterRow, chapterID);
+  if (QTreeWidgetItem* row = scenes.ListScenes().topLevelItem(scenes.ListScenes().rowOfTag(id))) {
+    scenes.UpdateSceneRow(*row, id);
+    found_.selectedChanged = found_.selectedChanged || scenes.SelectedSceneID() == id;
   }
-  // A scene was added to the chapter, or split out of it.
+  const qint32 chapterID = g_Project->SceneByID(id)->BelongsToChID;
+  if (QTreeWidgetItem* row = chapters.ListChapters().topLevelItem(chapters.ChapterRowIndex(chapterID))) {
+    chapters.UpdateChapterRow(*row, chapterID);
+  }
+  // A scene was added to the chapter that is shown, split out of it, or removed.
+  const qint32 shown = scenes.shownChapterID();
   const int rows = scenes.ListScenes().topLevelItemCount();
-  found.NeedsRefill = found.NeedsRefill || g_Project->ChapterByID(scenes.shownChapterID())->SceneCount() != rows;
+  found_.needsRefill = found_.needsRefill || (shown != 0 && g_Project->ChapterByID(shown)->SceneCount() != rows);
 }
 
-void ChangeScan::showFindings(const Findings& found) {
-  if (!found.AnyChange) {
-    return;
+// A renamed character shows in the rows that it narrates.
+void ChangeScan::characterChanged(qint32 id) {
+  const ScenePane& scenes = main_.panes().FrameScenes();
+  for (int i = 0; i < scenes.ListScenes().topLevelItemCount(); ++i) {
+    QTreeWidgetItem& row = *scenes.ListScenes().topLevelItem(i);
+    const qint32 sceneID = ListView::tagOf(row);
+    if (g_Project->SceneByID(sceneID)->ViewPointID() == id) {
+      scenes.UpdateSceneRow(row, sceneID);
+    }
   }
+}
+
+void ChangeScan::showFindings() {
+  const Findings found = std::exchange(found_, {});
   MainPanes& panes = main_.panes();
-  if (found.NeedsRefill) {
+  if (found.needsRefill) {
     panes.FillSceneList(0);
-  } else if (found.SelectedChanged) {
+  } else if (found.selectedChanged) {
     panes.FrameScenes().DisplaySelectedScene();
   }
   panes.FrameChapters().RecalcProgressive();

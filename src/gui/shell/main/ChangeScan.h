@@ -1,35 +1,30 @@
 #pragma once
 
-#include <QObject>
-#include <QTimer>
+#include "core/infra/ChangePoller.h"
 
-class QTreeWidgetItem;
 class frmMain;
 
-/// The polling loop that keeps the rows of the selected chapter in step with the model. Nothing calls the window
-/// when the model changes: twice a second it asks the change tables about the scenes that it shows.
-class ChangeScan : public QObject {
-  Q_OBJECT
-
+/// Keeps the rows of the main window in step with the model. Nothing calls the window when the model changes: twice a
+/// second it asks the change tables.
+class ChangeScan {
  public:
   explicit ChangeScan(frmMain& main);
 
-  void Stop() { TimerScanScenes_.stop(); }
-  void Start() { TimerScanScenes_.start(); }
-  bool isRunning() const { return TimerScanScenes_.isActive(); }
+  void start();
+  void stop() { poller_.stop(); }
 
  private:
+  /// What the changes of one poll come to.
   struct Findings {
-    bool NeedsRefill = false;
-    bool AnyChange = false;
-    bool SelectedChanged = false;
+    bool needsRefill = false;
+    bool selectedChanged = false;
   };
 
-  void TimerScanScenes_Timer();
-  void scanRow(QTreeWidgetItem& row, Findings& found);
-  void updateSceneAndChapter(QTreeWidgetItem& row, qint32 id, Findings& found);
-  void showFindings(const Findings& found);
+  void sceneChanged(qint32 id);
+  void characterChanged(qint32 id);
+  void showFindings();
 
   frmMain& main_;
-  QTimer TimerScanScenes_;
+  ChangePoller poller_;
+  Findings found_;
 };

@@ -26,7 +26,6 @@ void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
 
 // The lists go first: their rows stand for what is cleared while the windows repaint.
 bool ProjectSession::readProject(const QString& path, bool showProgress) {
-  main_.StopScanTimer();
   main_.panes().ClearLists();
   return g_Project->Load(path, showProgress);
 }
@@ -42,13 +41,11 @@ void ProjectSession::showEmptyProject() {
 }
 
 void ProjectSession::SaveProject(bool ShowProgress) {
-  main_.StopScanTimer();
   main_.ProjectChanged = false;
   if (g_Project->SaveQN4(ShowProgress)) {
     AddToRecent(g_Project->FileWithPath);
   }
   main_.showTitle();
-  main_.StartScanTimer();
 }
 
 QString ProjectSession::nameOfBook() const {

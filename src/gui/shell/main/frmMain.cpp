@@ -3,6 +3,7 @@
 #include "Version.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
@@ -73,7 +74,7 @@ void frmMain::createParts() {
   setCentralWidget(panes_);
   statusBar()->setObjectName(u"StatusBar1"_s);
   status_ = std::make_unique<StatusPanels>(*statusBar());
-  scan_ = new ChangeScan(*this);
+  scan_ = std::make_unique<ChangeScan>(*this);
   Timer3_.setObjectName(u"Timer3"_s);
   Timer3_.setParent(this);
   Timer3_.setInterval(5s);
@@ -164,20 +165,19 @@ void frmMain::followEditing() {
 }
 
 void frmMain::StopScanTimer() {
-  scan_->Stop();
+  scan_->stop();
 }
 
 void frmMain::StartScanTimer() {
-  scan_->Start();
+  scan_->start();
 }
 
 void frmMain::RefreshAll() {
-  StopScanTimer();
+  const ScanPause pause;
   panes_->refill();
   showTotal();
   showTitle();
   toolkit().DoEvents();
-  StartScanTimer();
 }
 
 void frmMain::showTotal() {

@@ -55,6 +55,7 @@ class frmMain : public QMainWindow {
   void UpdateMenusForEditing();
   /// The same when the first editor has opened or the last one closed since, in whichever chapter.
   void followEditing();
+  /// At the end and at the start of the program. A work that only must not be disturbed takes a ScanPause.
   void StopScanTimer();
   void StartScanTimer();
   void stopUpdateCheck() { Timer3_.stop(); }
@@ -106,8 +107,8 @@ class frmMain : public QMainWindow {
   QTimer Timer3_;
   MainPanes* panes_ = nullptr;
   MainMenuBar* menus_ = nullptr;
-  ChangeScan* scan_ = nullptr;
   std::unique_ptr<StatusPanels> status_;
+  std::unique_ptr<ChangeScan> scan_;
   ProjectSession session_;
   std::vector<std::unique_ptr<CommandGroup>> commands_;
   /// What the menus were last told of open editors.
