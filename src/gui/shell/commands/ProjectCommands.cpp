@@ -67,7 +67,7 @@ void ProjectCommands::SaveProject(bool ShowProgress) {
 }
 
 bool ProjectCommands::isChanged() const {
-  return main_.ProjectChanged || g_Project->EditedSinceSave;
+  return main_.ProjectChanged || g_Project->EditedSinceSave();
 }
 
 void ProjectCommands::saveIfChanged() {
