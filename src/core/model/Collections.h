@@ -2,13 +2,8 @@
 
 #include "core/model/EntityCollection.h"
 
-#include <QByteArrayView>
-#include <QSet>
-#include <QString>
-
 #include <functional>
 
-class TagView;
 class clsChapter;
 class clsCharacter;
 class clsItem;
@@ -16,105 +11,139 @@ class clsLocation;
 class clsNote;
 class clsScene;
 
-// The six collections. A look-up by ID never fails: an unknown ID gives a new blank object in no collection.
-// By index, from 1, there is no object above the count. An add of an ID that is there already is logged and
-// nothing else. WriteXML prints the block to an open file; when that isn't one it says so in the log, prints
-// nothing and is true all the same; a failure while printing makes it false and goes on. CreateFromXML replaces
-// the content by that of a block; the first error ends it with false.
+// What each kind of entity is called in the log, and whether a cleared collection clears its entities.
 
-class clsScenes : public EntityCollection<clsScene> {
+struct SceneTraits {
+  using Entity = clsScene;
+  static constexpr auto kModule = "clsScenes";
+  static constexpr auto kByIndex = "SceneByIndex";
+  static constexpr auto kAdd = "Addscene";
+  static constexpr auto kRemoveByID = "RemoveSceneByID";
+  static constexpr auto kRemoveByIndex = "RemoveSceneByIndex";
+  static constexpr bool kClearsEach = true;
+};
+
+struct ChapterTraits {
+  using Entity = clsChapter;
+  static constexpr auto kModule = "clsChapters";
+  static constexpr auto kByIndex = "ChapterByIndex";
+  static constexpr auto kAdd = "AddChapter";
+  static constexpr auto kRemoveByID = "RemoveChapterByID";
+  static constexpr auto kRemoveByIndex = "RemoveChapterByIndex";
+  static constexpr bool kClearsEach = false;
+};
+
+struct CharacterTraits {
+  using Entity = clsCharacter;
+  static constexpr auto kModule = "clsCharacters";
+  static constexpr auto kByIndex = "CharByIndex";
+  static constexpr auto kAdd = "AddChar";
+  static constexpr auto kRemoveByID = "RemoveCharByID";
+  static constexpr auto kRemoveByIndex = "RemoveCharByIndex";
+  static constexpr bool kClearsEach = true;
+};
+
+struct LocationTraits {
+  using Entity = clsLocation;
+  static constexpr auto kModule = "clsLocations";
+  static constexpr auto kByIndex = "LocationByIndex";
+  static constexpr auto kAdd = "AddLocation";
+  static constexpr auto kRemoveByID = "RemoveLocationByID";
+  static constexpr auto kRemoveByIndex = "RemoveLocationByIndex";
+  static constexpr bool kClearsEach = true;
+};
+
+struct ItemTraits {
+  using Entity = clsItem;
+  static constexpr auto kModule = "clsItems";
+  static constexpr auto kByIndex = "ItemByIndex";
+  static constexpr auto kAdd = "AddItem";
+  static constexpr auto kRemoveByID = "RemoveItemByID";
+  static constexpr auto kRemoveByIndex = "RemoveItemByIndex";
+  static constexpr bool kClearsEach = true;
+};
+
+struct NoteTraits {
+  using Entity = clsNote;
+  static constexpr auto kModule = "clsNotes";
+  static constexpr auto kByIndex = "NoteByIndex";
+  static constexpr auto kAdd = "AddNote";
+  static constexpr auto kRemoveByID = "RemoveNoteByID";
+  static constexpr auto kRemoveByIndex = "RemoveNoteByIndex";
+  static constexpr bool kClearsEach = false;
+};
+
+// The six collections: the operations of EntityCollection under the names of their kind, and what a kind has more.
+
+class clsScenes : public EntityCollection<SceneTraits> {
  public:
   /// Before each scene is read, and written; counted from 1.
   std::function<void(qint32)> LoadingNum;
   std::function<void(qint32)> SavingNum;
 
-  Pointer SceneByID(qint32 id) const;
-  Pointer SceneByIndex(qint32 index) const;
+  Pointer SceneByID(qint32 id) const { return byID(id); }
+  Pointer SceneByIndex(qint32 index) const { return byIndex(index); }
   void setSceneByIndex(qint32 index, const Pointer& scene);
   void Addscene(const Pointer& scene);
   void RemoveSceneByID(qint32 id);
   void Clear();
-  bool WriteXML(int file, bool singleFile);
+  bool WriteXML(int file, bool singleFile) const;
   /// Unless `singleFile`, each scene's RTF file is read too; one that is missing ends it with false.
-  bool CreateFromXML(QByteArrayView xml, bool singleFile);
   bool CreateFromXML(const TagView& block, bool singleFile);
-  bool SaveScenesText(bool force);
-  /// Gives a file name to each scene that has none yet.
-  void NameScenesText();
-  /// The names of the scenes' files.
-  QSet<QString> TextFileNames() const;
+  /// Writes the file of each scene whose text is due; all of them when forced.
+  bool SaveScenesText(bool force) const;
 };
 
-class clsChapters : public EntityCollection<clsChapter> {
+class clsChapters : public EntityCollection<ChapterTraits> {
  public:
-  Pointer ChapterByID(qint32 id) const;
-  Pointer ChapterByIndex(qint32 index) const;
-  void setChapterByIndex(qint32 index, const Pointer& chapter);
+  Pointer ChapterByID(qint32 id) const { return byID(id); }
+  Pointer ChapterByIndex(qint32 index) const { return byIndex(index); }
+  void setChapterByIndex(qint32 index, const Pointer& chapter) { assign(index, chapter); }
+  void AddChapter(const Pointer& chapter) { add(chapter); }
+  void InsertChapter(const Pointer& chapter, qint32 position) { insert(chapter, position, "InsertChapter"); }
+  void RemoveChapterByID(qint32 id) { removeID(id); }
+  void RemoveChapterByIndex(qint32 index);
   /// The ID at a position; 0 when there is none.
   qint32 ChapterID(qint32 index) const;
   /// 1-based position; -1 when there is no such chapter.
   qint32 ChapterIndex(qint32 id) const;
-  void AddChapter(const Pointer& chapter);
-  void InsertChapter(const Pointer& chapter, qint32 position);
-  void RemoveChapterByID(qint32 id);
-  void RemoveChapterByIndex(qint32 index);
-  void Clear() { removeAll(); }
-  bool WriteXML(int file);
-  bool CreateFromXML(QByteArrayView xml);
-  bool CreateFromXML(const TagView& block);
 };
 
-class clsCharacters : public EntityCollection<clsCharacter> {
+class clsCharacters : public EntityCollection<CharacterTraits> {
  public:
-  Pointer CharByID(qint32 id) const;
-  Pointer CharByIndex(qint32 index) const;
-  void setCharByIndex(qint32 index, const Pointer& character);
-  void AddChar(const Pointer& character);
-  void RemoveCharByID(qint32 id);
-  void RemoveCharByIndex(qint32 index);
-  void Clear();
-  bool WriteXML(int file);
-  bool CreateFromXML(QByteArrayView xml);
-  bool CreateFromXML(const TagView& block);
+  Pointer CharByID(qint32 id) const { return byID(id); }
+  Pointer CharByIndex(qint32 index) const { return byIndex(index); }
+  void setCharByIndex(qint32 index, const Pointer& character) { assign(index, character); }
+  void AddChar(const Pointer& character) { add(character); }
+  void RemoveCharByID(qint32 id) { removeID(id); }
+  void RemoveCharByIndex(qint32 index) { removeIndex(index); }
 };
 
-class clsLocations : public EntityCollection<clsLocation> {
+class clsLocations : public EntityCollection<LocationTraits> {
  public:
-  Pointer LocationByID(qint32 id) const;
-  Pointer LocationByIndex(qint32 index) const;
-  Pointer Location(qint32 index) const { return LocationByIndex(index); }
-  void setLocation(qint32 index, const Pointer& location);
-  void AddLocation(const Pointer& location);
-  void RemoveLocationByID(qint32 id);
-  void RemoveLocationByIndex(qint32 index);
-  void Clear();
-  bool WriteXML(int file);
-  bool CreateFromXML(QByteArrayView xml);
-  bool CreateFromXML(const TagView& block);
+  Pointer LocationByID(qint32 id) const { return byID(id); }
+  Pointer LocationByIndex(qint32 index) const { return byIndex(index); }
+  Pointer Location(qint32 index) const { return byIndex(index); }
+  void setLocation(qint32 index, const Pointer& location) { assign(index, location); }
+  void AddLocation(const Pointer& location) { add(location); }
+  void RemoveLocationByID(qint32 id) { removeID(id); }
+  void RemoveLocationByIndex(qint32 index) { removeIndex(index); }
 };
 
-class clsItems : public EntityCollection<clsItem> {
+class clsItems : public EntityCollection<ItemTraits> {
  public:
-  Pointer ItemByID(qint32 id) const;
-  Pointer ItemByIndex(qint32 index) const;
-  void AddItem(const Pointer& item);
-  void RemoveItemByID(qint32 id);
-  void RemoveItemByIndex(qint32 index);
-  void Clear();
-  bool WriteXML(int file);
-  bool CreateFromXML(QByteArrayView xml);
-  bool CreateFromXML(const TagView& block);
+  Pointer ItemByID(qint32 id) const { return byID(id); }
+  Pointer ItemByIndex(qint32 index) const { return byIndex(index); }
+  void AddItem(const Pointer& item) { add(item); }
+  void RemoveItemByID(qint32 id) { removeID(id); }
+  void RemoveItemByIndex(qint32 index) { removeIndex(index); }
 };
 
-class clsNotes : public EntityCollection<clsNote> {
+class clsNotes : public EntityCollection<NoteTraits> {
  public:
-  Pointer NoteByID(qint32 id) const;
-  Pointer NoteByIndex(qint32 index) const;
-  void AddNote(const Pointer& note);
-  void RemoveNoteByID(qint32 id);
-  void RemoveNoteByIndex(qint32 index);
-  void Clear() { removeAll(); }
-  bool WriteXML(int file);
-  bool CreateFromXML(QByteArrayView xml);
-  bool CreateFromXML(const TagView& block);
+  Pointer NoteByID(qint32 id) const { return byID(id); }
+  Pointer NoteByIndex(qint32 index) const { return byIndex(index); }
+  void AddNote(const Pointer& note) { add(note); }
+  void RemoveNoteByID(qint32 id) { removeID(id); }
+  void RemoveNoteByIndex(qint32 index) { removeIndex(index); }
 };

@@ -18,7 +18,6 @@ class StoryThing {
   QString DescText;
   bool EditOpen = false;
 
-  void setID(qint32 id) { id_ = id; }
   /// Empties Title, DescText and the ID; the other fields stay.
   void Clear();
 

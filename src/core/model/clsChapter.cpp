@@ -55,7 +55,7 @@ void clsChapter::adopt(const std::shared_ptr<clsScene>& scene) {
   if (!scene) {
     throw RuntimeError(RuntimeError::NoObject);
   }
-  if (!scene->InScenes) {
+  if (!scene->InScenes()) {
     g_Project->Addscene(scene);
   }
   scene->BelongsToChID = ID();

@@ -14,7 +14,6 @@ class clsScene;
 class clsChapter {
  public:
   qint32 ID();
-  void setID(qint32 id) { id_ = id; }
 
   /// Set aside.
   bool Unused = false;
@@ -53,7 +52,6 @@ class clsChapter {
   void Clear();
   void GenerateID();
   void DataAsXML(QByteArray& out);
-  void CreateFromXML(QByteArrayView xml);
   void CreateFromXML(const TagView& element);
 
  private:

@@ -9,7 +9,6 @@ class TagView;
 class clsCharacter {
  public:
   qint32 ID();
-  void setID(qint32 id) { id_ = id; }
 
   /// The short name, used in lists and for highlighting in the text.
   const QString& Title() const { return title_; }
@@ -37,7 +36,6 @@ class clsCharacter {
   void Clear();
   void GenerateID();
   void DataAsXML(QByteArray& out);
-  void CreateFromXML(QByteArrayView xml);
   void CreateFromXML(const TagView& element);
 
  private:

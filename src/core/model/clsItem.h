@@ -10,6 +10,5 @@ class clsItem : public StoryThing {
   bool Edit();
   void GenerateID();
   void DataAsXML(QByteArray& out);
-  void CreateFromXML(QByteArrayView xml);
   void CreateFromXML(const TagView& element);
 };

@@ -9,7 +9,6 @@ class TagView;
 class clsNote {
  public:
   qint32 ID();
-  void setID(qint32 id) { id_ = id; }
 
   QString Title;
   QString Tags;
@@ -21,7 +20,6 @@ class clsNote {
   void GenerateID();
   /// Appends the element as it stands in the project file, without the last line's end.
   void DataAsXML(QByteArray& out);
-  void CreateFromXML(QByteArrayView xml);
   void CreateFromXML(const TagView& element);
 
  private:

@@ -2,6 +2,7 @@
 
 #include "core/infra/CodePage.h"
 #include "core/infra/Numbers.h"
+#include "core/infra/RuntimeError.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/EntityDialogs.h"
@@ -28,6 +29,18 @@ auto& element(Array& array, int index) {
     throw RuntimeError(RuntimeError::OutOfBounds);
   }
   return array[static_cast<size_t>(index) - 1];
+}
+
+/// A new entity through its dialog: `ask` is true when it was accepted. It is added then, and the project saved.
+template <class Entity, class Ask>
+bool enterNew(clsProject& project, void (clsProject::*add)(const std::shared_ptr<Entity>&), Ask ask) {
+  const auto entity = std::make_shared<Entity>();
+  if (!ask(*entity)) {
+    return false;
+  }
+  (project.*add)(entity);
+  project.SaveQN4(false);
+  return true;
 }
 
 }  // namespace
@@ -129,43 +142,19 @@ void clsProject::RemoveItemByID(qint32 id) {
 }
 
 bool clsProject::EnterNewChapter() {
-  const auto chapter = std::make_shared<clsChapter>();
-  if (!chapter->Add()) {
-    return false;
-  }
-  AddChapter(chapter);
-  SaveQN4(false);
-  return true;
+  return enterNew(*this, &clsProject::AddChapter, [](clsChapter& chapter) { return chapter.Add(); });
 }
 
 bool clsProject::EnterNewLocation() {
-  const auto location = std::make_shared<clsLocation>();
-  if (!location->Edit()) {
-    return false;
-  }
-  AddLocation(location);
-  SaveQN4(false);
-  return true;
+  return enterNew(*this, &clsProject::AddLocation, [](clsLocation& location) { return location.Edit(); });
 }
 
 bool clsProject::EnterNewItem() {
-  const auto item = std::make_shared<clsItem>();
-  if (!item->Edit()) {
-    return false;
-  }
-  AddItem(item);
-  SaveQN4(false);
-  return true;
+  return enterNew(*this, &clsProject::AddItem, [](clsItem& item) { return item.Edit(); });
 }
 
 bool clsProject::EnterNewChar() {
-  const auto character = std::make_shared<clsCharacter>();
-  if (!character->Edit(0)) {
-    return false;
-  }
-  AddChar(character);
-  SaveQN4(false);
-  return true;
+  return enterNew(*this, &clsProject::AddChar, [](clsCharacter& character) { return character.Edit(0); });
 }
 
 bool clsProject::CreateNewScene(qint32 chapterID, qint32 position) {
@@ -173,9 +162,7 @@ bool clsProject::CreateNewScene(qint32 chapterID, qint32 position) {
   Scenes.Addscene(scene);
   const auto chapter = ChapterByID(chapterID);
   position != 0 ? chapter->InsertScene(scene, position) : chapter->Addscene(scene);
-  g_SceneChanges.LockRec(scene->ID());
   scene->Add();
-  g_SceneChanges.UnLockRec(scene->ID());
   if (scene->SavedByEditor) {
     return true;
   }
@@ -259,7 +246,7 @@ bool clsProject::HoldsUnsaved() const {
   if (IsEmpty()) {
     return false;
   }
-  if (FileWithPath.isEmpty() || EditedSinceSave) {
+  if (FileWithPath.isEmpty() || editedSinceSave_) {
     return true;
   }
   // The texts of a single file are all due, and stand in that file.
@@ -269,7 +256,7 @@ bool clsProject::HoldsUnsaved() const {
 
 void clsProject::Clear() {
   FileWithPath.clear();
-  EditedSinceSave = false;
+  editedSinceSave_ = false;
   Chapters.Clear();
   Chars.Clear();
   Locations.Clear();

@@ -31,8 +31,6 @@ class clsProject {
   clsNotes Notes;
 
   bool QN3FileMode = false;
-  /// A scene was saved by its editor since the project was loaded or last saved.
-  bool EditedSinceSave = false;
   /// The path given to the import of an older project.
   QString SourceFile;
   /// Full path of the project file; empty when the project was never saved.
@@ -138,6 +136,8 @@ class clsProject {
   void Clear();
   /// A load or save is under way, or a walk over its scenes: nothing may replace or end the project now.
   bool IsBusy() const { return busy_; }
+  /// A scene was saved by its editor since the project was loaded or last saved.
+  bool EditedSinceSave() const { return editedSinceSave_; }
   /// Nothing in it that could be lost.
   bool IsEmpty() const;
   /// The number of scenes whose text is due to be written to its file.
@@ -157,12 +157,13 @@ class clsProject {
 
   void DataAsXML(QByteArray& out) const;
   /// False, and logged, at the first field that can't be read.
-  bool CreateFromXML(QByteArrayView xml);
   bool CreateFromXML(const TagView& element);
 
  private:
   friend class BusyMark;
   friend class LongWork;
+  friend class ProjectSaver;
+  friend class clsScene;
 
   void cScenes_LoadingNum(qint32 number);
   void cScenes_SavingNum(qint32 number);
@@ -172,6 +173,7 @@ class clsProject {
   std::array<qint32, 5> deadlineDate_{};
   std::array<qint32, 5> deadlineStartDate_{};
   std::array<QString, 4> fieldTitle_;
+  bool editedSinceSave_ = false;
   /// A load or save is under way; what it yields to must not begin another.
   bool busy_ = false;
   /// The long work that shows its progress, while there is one.

@@ -3,7 +3,6 @@
 #include "core/model/IDList.h"
 
 #include <QByteArray>
-#include <QSet>
 #include <QString>
 
 #include <array>
@@ -12,6 +11,7 @@
 class clsCharacter;
 class clsItem;
 class clsLocation;
+class OpenEditor;
 class SceneEditor;
 class TagView;
 
@@ -26,10 +26,6 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
 
   /// True when the editor that closed last had saved.
   bool SavedByEditor = false;
-  /// True once the scene is in the project's collection.
-  bool InScenes = false;
-  /// An editor window is open on this scene.
-  bool EditingScene = false;
 
   QString Title;
   qint32 BelongsToChID = 0;
@@ -53,8 +49,12 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   QString Notes;
   QString Tags;
 
+  /// Given at the first look, where none was loaded.
   qint32 ID();
-  void setID(qint32 id) { id_ = id; }
+  /// True once the scene is in the project's collection.
+  bool InScenes() const { return inScenes_; }
+  /// An editor window is open on this scene.
+  bool EditingScene() const;
   /// Ratings. Throws RuntimeError 9 outside 0 to 5.
   qint16 Field(int index) const;
   void setField(int index, qint16 value);
@@ -68,12 +68,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
 
   /// File name only, in the project's RTF folder; empty until the scene is first saved.
   const QString& RTFFilename() const { return rtfFilename_; }
-  /// Throws RuntimeError 5 for a name that the project file can't hold.
-  void setRTFFilename(const QString& name);
   QString RTFFileWithPath() const;
-  /// Gives the scene a file name where it has none; the file is written by the next SaveRTF. `taken` holds the names
-  /// of all scenes, this one's afterwards too.
-  void NameRTFFile(QSet<QString>& taken);
   const QByteArray& TextRTF() const { return textRTF_; }
   /// A change, or an assignment of empty text, makes the counts stale and the file due for writing.
   void setTextRTF(const QByteArray& rtf);
@@ -135,35 +130,36 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
 
   /// Writes the RTF file when it is due or forced; marks the scene updated unless told not to. Always true.
   bool Save(bool noMark = false, bool force = false);
-  void SaveRTF(bool force) { SaveRTF(force, mirrorWanted()); }
-  /// The same where the wish for a plain-text mirror is known.
-  void SaveRTF(bool force, bool mirror);
-  /// Whether the writer wants a plain-text file beside each RTF file.
-  static bool mirrorWanted();
+  /// Writes the RTF file when it is due or forced, and the plain-text mirror where the writer wants one.
+  void SaveRTF(bool force);
   /// Reads the RTF file; false, and logged, when it can't be read. Counts stay as they are.
   bool LoadRTF();
   /// Erases a file of the bare name in the working directory; the project's own file stays. Always true.
   bool EraseScene();
-  /// Releases the lock and the flags, empties lists and text; ID, Title and the planning fields stay.
+  /// Releases the lock and the flags, lets an open editor window go, empties lists and text; ID, Title and the planning
+  /// fields stay.
   void Clear();
   void GenerateID();
   /// With `singleFile` the RTF goes into the element.
   void DataAsXML(QByteArray& out, bool singleFile);
-  void CreateFromXML(QByteArrayView xml);
   void CreateFromXML(const TagView& element);
 
  private:
-  SceneEditor* openEditor();
+  friend class SceneFile;
+  friend class clsScenes;
+
+  /// The window that is open; null when there is none, or one that is just going.
+  SceneEditor* fEditor() const;
+  bool openEditor(const char* routine, void (SceneEditor::*show)());
+  void bringForward();
+  void letEditorGo();
   void refreshPlainText();
-  void keepUndecodedText();
-  void writePlainMirror();
-  void appendLists(QByteArray& out) const;
-  void appendRTF(QByteArray& out) const;
   void readFields(const TagView& element);
   void readLists(const TagView& element);
   void readRTF(const TagView& element);
 
   qint32 id_ = 0;
+  bool inScenes_ = false;
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
   bool rtfChanged_ = false;
@@ -172,8 +168,6 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   bool textUnread_ = false;
   /// The text of a single file that could not be decoded; it goes back into the next one as it was.
   QByteArray undecodedRTF_;
-  /// The editor is being closed.
-  bool finishing_ = false;
   /// Grow by one with each change of the text; equal when the plain text is up to date.
   quint64 textStamp_ = 0;
   quint64 plainStamp_ = 0;
@@ -185,5 +179,5 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   IDList characters_;
   IDList locations_;
   IDList items_;
-  SceneEditor* fEditor_ = nullptr;
+  std::shared_ptr<OpenEditor> editor_;
 };

@@ -1,102 +1,111 @@
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
+#include "core/model/OpenEditor.h"
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 
 #include <utility>
 
-/// The editor window, made on demand and listened to; null when no editor is registered.
-SceneEditor* clsScene::openEditor() {
-  if (fEditor_ == nullptr && sceneEditorFactory()) {
-    fEditor_ = sceneEditorFactory()();
-    if (fEditor_ == nullptr) {
-      return nullptr;
-    }
-    fEditor_->Finished = [this] { fEditor_Finished(); };
-    fEditor_->Changed = [this] { fEditor_Changed(); };
+bool clsScene::EditingScene() const {
+  return editor_ != nullptr;
+}
+
+SceneEditor* clsScene::fEditor() const {
+  return editor_ ? editor_->window() : nullptr;
+}
+
+/// True when the window of the scene is up. One that fails is closed again: a window that doesn't hold the scene must
+/// not be saved from, and one that isn't seen can't be closed.
+bool clsScene::openEditor(const char* routine, void (SceneEditor::*show)()) {
+  if (editor_) {
+    bringForward();
+    return false;
   }
-  return fEditor_;
+  editor_ = OpenEditor::make(*this);
+  if (!editor_) {
+    return false;
+  }
+  SceneEditor* const window = fEditor();
+  SavedByEditor = false;
+  const bool shown = Guard(routine, "clsScene")([&] {
+    window->EditScene(ID());
+    (window->*show)();
+  });
+  if (!shown) {
+    fEditor_Finished();
+  }
+  return shown;
+}
+
+/// A window that is going is not to be had back.
+void clsScene::bringForward() {
+  if (SceneEditor* const window = fEditor()) {
+    SavedByEditor = false;
+    window->Activate();
+  }
 }
 
 void clsScene::Edit() {
-  SceneEditor* const editor = finishing_ ? nullptr : openEditor();
-  if (editor == nullptr) {
-    return;
+  if (openEditor("Edit", &SceneEditor::Show)) {
+    toolkit().DoEvents();
   }
-  SavedByEditor = false;
-  g_SceneChanges.LockRec(ID());
-  if (EditingScene) {
-    editor->Activate();
-    return;
-  }
-  EditingScene = true;
-  const Guard guard("Edit", "clsScene");
-  const bool shown = guard([&] {
-    editor->EditScene(ID());
-    editor->Show();
-  });
-  // A window that doesn't hold the scene must not be saved from, and one that isn't seen can't be closed.
-  shown ? toolkit().DoEvents() : fEditor_Finished();
 }
 
 void clsScene::Add() {
-  SceneEditor* const editor = openEditor();
-  if (editor == nullptr) {
-    return;
+  // Whichever way the window ended, it has ended.
+  if (openEditor("Add", &SceneEditor::ShowModal) && fEditor() != nullptr) {
+    fEditor_Finished();
   }
-  SavedByEditor = false;
-  const bool filled = Guard("Add", "clsScene")([&] { editor->EditScene(ID()); });
-  filled ? editor->ShowModal() : fEditor_Finished();
 }
 
 void clsScene::fEditor_Finished() {
   // The window may hold the last reference to this scene by way of the list that it stands in.
   const std::shared_ptr<clsScene> alive = weak_from_this().lock();
-  if (fEditor_ != nullptr && !finishing_) {
-    // While the window goes, the scene can't be opened again.
-    finishing_ = true;
-    if (fEditor_->IsVisible()) {
-      fEditor_->HideWindow();
-      toolkit().DoEvents();
-    }
-    SavedByEditor = fEditor_->SavedChanges();
-    fEditor_->Finished = nullptr;
-    fEditor_->Changed = nullptr;
-    std::exchange(fEditor_, nullptr)->Unload();
-    finishing_ = false;
+  // The scene may be cleared while the window goes.
+  const std::shared_ptr<OpenEditor> closing = editor_;
+  if (closing && closing->isClosing()) {
+    return;
   }
-  EditingScene = false;
-  g_SceneChanges.UnLockRec(ID());
+  if (closing) {
+    SavedByEditor = closing->close();
+    editor_ = editor_ == closing ? nullptr : editor_;
+  }
   g_SceneChanges.MarkUpdated(ID());
 }
 
 void clsScene::fEditor_Changed() {
-  g_Project->EditedSinceSave = true;
+  g_Project->editedSinceSave_ = true;
   g_SceneChanges.MarkUpdated(ID());
 }
 
+void clsScene::letEditorGo() {
+  if (const auto open = std::exchange(editor_, nullptr)) {
+    open->letGo();
+  }
+}
+
 void clsScene::setCurrentSearchString(const QString& text) {
-  if (fEditor_ != nullptr) {
-    fEditor_->setCurrentSearchString(text);
+  if (SceneEditor* const editor = fEditor()) {
+    editor->setCurrentSearchString(text);
   }
 }
 
 void clsScene::MarkCharacters() {
-  if (Locked() && fEditor_ != nullptr) {
-    fEditor_->MarkCharacters();
+  if (SceneEditor* const editor = fEditor()) {
+    editor->MarkCharacters();
   }
 }
 
 void clsScene::UnmarkCharacters() {
-  if (Locked() && fEditor_ != nullptr) {
-    fEditor_->UnmarkCharacters();
+  if (SceneEditor* const editor = fEditor()) {
+    editor->UnmarkCharacters();
   }
 }
 
 void clsScene::UpdateEditorCombos() {
-  if (Locked() && fEditor_ != nullptr) {
-    fEditor_->UpdateCombos();
+  if (SceneEditor* const editor = fEditor()) {
+    editor->UpdateCombos();
   }
 }

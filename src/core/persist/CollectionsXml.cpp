@@ -1,4 +1,5 @@
 #include "core/infra/FileChannels.h"
+#include "core/infra/Guard.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Collections.h"
 #include "core/model/clsChapter.h"
@@ -10,14 +11,47 @@
 #include "core/persist/modConstXML.h"
 #include "core/text/TagView.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
+using namespace modConstXML;
 
 namespace {
 
 /// Elements are printed together up to about this size: one by one they would cost a call each.
 constexpr qsizetype kPrintedTogether = 262144;
+
+/// How a collection stands in the file, and whether the line about a closed file names the file's number.
+struct BlockForm {
+  Tag block;
+  Tag element;
+  bool tellsNumber = true;
+};
+
+template <class Traits>
+constexpr BlockForm formOf();
+template <>
+constexpr BlockForm formOf<SceneTraits>() {
+  return {kScenes, kScene, false};
+}
+template <>
+constexpr BlockForm formOf<ChapterTraits>() {
+  return {kChapters, kChapter, false};
+}
+template <>
+constexpr BlockForm formOf<CharacterTraits>() {
+  return {kCharacters, kCharacter};
+}
+template <>
+constexpr BlockForm formOf<LocationTraits>() {
+  return {kLocations, kLocation};
+}
+template <>
+constexpr BlockForm formOf<ItemTraits>() {
+  return {kItems, kItem};
+}
+template <>
+constexpr BlockForm formOf<NoteTraits>() {
+  return {kProjectNotes, kProjectNote};
+}
 
 /// By position, and each entity held while it is used: a progress caption yields, and what it yields to may add or
 /// remove an entity.
@@ -29,11 +63,25 @@ void eachEntity(const Collection& collection, Use use) {
   }
 }
 
+/// Without an open file the writers say so in the log and report success all the same.
+bool isOpen(int file, bool tellsNumber, const char* module) {
+  if (file <= 0) {
+    const QString what = tellsNumber ? u"is "_s + QString::number(file) : u"closed"_s;
+    Logging().AddDebug(u"Unable to write data ... output file "_s + what + u'!', u"WriteXML"_s,
+                       QString::fromLatin1(module));
+  }
+  return file > 0;
+}
+
 /// Prints a block: its tags, each on a line behind a tab, and what `appendElement` gives for each entity. A failure
 /// is logged, makes the result false and goes on with the next element.
-template <class Collection, class AppendElement>
-bool writeBlock(int file, const Tag& block, const Collection& collection, const Guard& guard,
-                AppendElement appendElement) {
+template <class Traits, class AppendElement>
+bool writeBlock(int file, const EntityCollection<Traits>& collection, AppendElement appendElement) {
+  constexpr BlockForm form = formOf<Traits>();
+  if (!isOpen(file, form.tellsNumber, Traits::kModule)) {
+    return true;
+  }
+  const Guard guard("WriteXML", Traits::kModule);
   bool result = true;
   QByteArray lines;
   lines.reserve(kPrintedTogether * 2);
@@ -41,7 +89,7 @@ bool writeBlock(int file, const Tag& block, const Collection& collection, const 
     result = guard([&] { Channels().Print(file, lines); }) && result;
     lines.resize(0);
   };
-  lines.append('\t').append(block.open).append("\r\n");
+  lines.append('\t').append(form.block.open).append("\r\n");
   eachEntity(collection, [&](auto& entity) {
     result = guard([&] { appendElement(entity, lines); }) && result;
     lines.append("\r\n");
@@ -49,70 +97,57 @@ bool writeBlock(int file, const Tag& block, const Collection& collection, const 
       print();
     }
   });
-  lines.append('\t').append(block.close).append("\r\n");
+  lines.append('\t').append(form.block.close).append("\r\n");
   print();
   return result;
 }
 
-/// Without an open file the writers say so in the log and report success all the same.
-bool isOpen(int file, const QString& what, const char* routine, const char* module) {
-  if (file > 0) {
-    return true;
-  }
-  Logging().AddDebug(what, QString::fromLatin1(routine), QString::fromLatin1(module));
-  return false;
-}
-
-QString closedMessage() {
-  return u"Unable to write data ... output file closed!"_s;
-}
-
-QString numberMessage(int file) {
-  return u"Unable to write data ... output file is "_s + QString::number(file) + u'!';
-}
-
-/// The entities of a block: each piece that holds the element's opening tag, without its closing tag.
-template <class Read>
-void readBlock(const TagView& xml, const Tag& block, const Tag& element, Read read) {
-  for (const TagView& piece : xml.block(block).split(element.close)) {
-    if (piece.contains(element) && !read(piece)) {
-      return;
+/// A new entity for each piece of the block that holds the element's opening tag, read from that piece without its
+/// closing tag and then handed to `take`; a false ends it. False, and logged, at the first error.
+template <class Traits, class Take>
+bool readBlock(const TagView& xml, Take take) {
+  constexpr BlockForm form = formOf<Traits>();
+  return Guard("CreateFromXML", Traits::kModule)([&] {
+    for (const TagView& piece : xml.block(form.block).split(form.element.close)) {
+      if (piece.contains(form.element) && !take(piece)) {
+        return;
+      }
     }
-  }
-}
-
-/// Reads a whole block of entities that have no file of their own.
-template <class Entity, class Add>
-bool readEntities(const TagView& xml, const Tag& block, const Tag& element, const Guard& guard, Add add) {
-  return guard([&] {
-    readBlock(xml, block, element, [&](const TagView& piece) {
-      const auto entity = std::make_shared<Entity>();
-      entity->CreateFromXML(piece);
-      add(entity);
-      return true;
-    });
   });
-}
-
-template <class Collection>
-bool writeNumbered(int file, const Tag& block, const Collection& collection, const char* module) {
-  if (!isOpen(file, numberMessage(file), "WriteXML", module)) {
-    return true;
-  }
-  return writeBlock(file, block, collection, Guard("WriteXML", module),
-                    [](auto& entity, QByteArray& lines) { entity.DataAsXML(lines); });
 }
 
 }  // namespace
 
-using namespace modConstXML;
+template <class Traits>
+bool EntityCollection<Traits>::WriteXML(int file) const {
+  return writeBlock(file, *this, [](Entity& entity, QByteArray& lines) { entity.DataAsXML(lines); });
+}
 
-bool clsScenes::WriteXML(int file, bool singleFile) {
-  if (!isOpen(file, closedMessage(), "WriteXML", "clsScenes")) {
+template <class Traits>
+bool EntityCollection<Traits>::CreateFromXML(const TagView& block) {
+  Clear();
+  return readBlock<Traits>(block, [this](const TagView& piece) {
+    const auto entity = std::make_shared<Entity>();
+    entity->CreateFromXML(piece);
+    add(entity);
     return true;
-  }
+  });
+}
+
+template bool EntityCollection<ChapterTraits>::WriteXML(int) const;
+template bool EntityCollection<CharacterTraits>::WriteXML(int) const;
+template bool EntityCollection<LocationTraits>::WriteXML(int) const;
+template bool EntityCollection<ItemTraits>::WriteXML(int) const;
+template bool EntityCollection<NoteTraits>::WriteXML(int) const;
+template bool EntityCollection<ChapterTraits>::CreateFromXML(const TagView&);
+template bool EntityCollection<CharacterTraits>::CreateFromXML(const TagView&);
+template bool EntityCollection<LocationTraits>::CreateFromXML(const TagView&);
+template bool EntityCollection<ItemTraits>::CreateFromXML(const TagView&);
+template bool EntityCollection<NoteTraits>::CreateFromXML(const TagView&);
+
+bool clsScenes::WriteXML(int file, bool singleFile) const {
   qint32 number = 0;
-  return writeBlock(file, kScenes, *this, Guard("WriteXML", "clsScenes"), [&](clsScene& scene, QByteArray& lines) {
+  return writeBlock(file, *this, [&](clsScene& scene, QByteArray& lines) {
     ++number;
     if (SavingNum) {
       SavingNum(number);
@@ -121,122 +156,22 @@ bool clsScenes::WriteXML(int file, bool singleFile) {
   });
 }
 
-bool clsScenes::CreateFromXML(QByteArrayView xml, bool singleFile) {
-  return CreateFromXML(TagView(TagIndex(xml)), singleFile);
-}
-
 bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
   Clear();
   bool result = true;
   qint32 number = 0;
-  const Guard guard("CreateFromXML", "clsScenes");
-  const bool read = guard([&] {
-    readBlock(block, kScenes, kScene, [&](const TagView& piece) {
-      ++number;
-      if (LoadingNum) {
-        LoadingNum(number);
-      }
-      const auto scene = std::make_shared<clsScene>();
-      scene->CreateFromXML(piece);
-      result = singleFile || scene->LoadRTF();
-      if (result) {
-        Addscene(scene);
-      }
-      return result;
-    });
+  const bool isRead = readBlock<SceneTraits>(block, [&](const TagView& piece) {
+    ++number;
+    if (LoadingNum) {
+      LoadingNum(number);
+    }
+    const auto scene = std::make_shared<clsScene>();
+    scene->CreateFromXML(piece);
+    result = singleFile || scene->LoadRTF();
+    if (result) {
+      Addscene(scene);
+    }
+    return result;
   });
-  return read && result;
-}
-
-void clsScenes::NameScenesText() {
-  // Most saves find every scene named.
-  if (std::none_of(begin(), end(), [](const Pointer& scene) { return scene->RTFFilename().isEmpty(); })) {
-    return;
-  }
-  QSet<QString> taken = TextFileNames();
-  for (const Pointer& scene : *this) {
-    scene->NameRTFFile(taken);
-  }
-}
-
-bool clsScenes::SaveScenesText(bool force) {
-  bool result = true;
-  const bool mirror = clsScene::mirrorWanted();
-  const Guard guard("SaveScenesText", "clsScenes");
-  eachEntity(*this, [&](clsScene& scene) { result = guard([&] { scene.SaveRTF(force, mirror); }) && result; });
-  return result;
-}
-
-bool clsChapters::WriteXML(int file) {
-  if (!isOpen(file, closedMessage(), "WriteXML", "clsChapters")) {
-    return true;
-  }
-  return writeBlock(file, kChapters, *this, Guard("WriteXML", "clsChapters"),
-                    [](clsChapter& chapter, QByteArray& lines) { chapter.DataAsXML(lines); });
-}
-
-bool clsChapters::CreateFromXML(QByteArrayView xml) {
-  return CreateFromXML(TagView(TagIndex(xml)));
-}
-
-bool clsChapters::CreateFromXML(const TagView& block) {
-  Clear();
-  return readEntities<clsChapter>(block, kChapters, kChapter, Guard("CreateFromXML", "clsChapters"),
-                                  [this](const Pointer& chapter) { AddChapter(chapter); });
-}
-
-bool clsCharacters::WriteXML(int file) {
-  return writeNumbered(file, kCharacters, *this, "clsCharacters");
-}
-
-bool clsCharacters::CreateFromXML(QByteArrayView xml) {
-  return CreateFromXML(TagView(TagIndex(xml)));
-}
-
-bool clsCharacters::CreateFromXML(const TagView& block) {
-  Clear();
-  return readEntities<clsCharacter>(block, kCharacters, kCharacter, Guard("CreateFromXML", "clsCharacters"),
-                                    [this](const Pointer& character) { AddChar(character); });
-}
-
-bool clsLocations::WriteXML(int file) {
-  return writeNumbered(file, kLocations, *this, "clsLocations");
-}
-
-bool clsLocations::CreateFromXML(QByteArrayView xml) {
-  return CreateFromXML(TagView(TagIndex(xml)));
-}
-
-bool clsLocations::CreateFromXML(const TagView& block) {
-  Clear();
-  return readEntities<clsLocation>(block, kLocations, kLocation, Guard("CreateFromXML", "clsLocations"),
-                                   [this](const Pointer& location) { AddLocation(location); });
-}
-
-bool clsItems::WriteXML(int file) {
-  return writeNumbered(file, kItems, *this, "clsItems");
-}
-
-bool clsItems::CreateFromXML(QByteArrayView xml) {
-  return CreateFromXML(TagView(TagIndex(xml)));
-}
-
-bool clsItems::CreateFromXML(const TagView& block) {
-  Clear();
-  return readEntities<clsItem>(block, kItems, kItem, Guard("CreateFromXML", "clsItems"),
-                               [this](const Pointer& item) { AddItem(item); });
-}
-
-bool clsNotes::WriteXML(int file) {
-  return writeNumbered(file, kProjectNotes, *this, "clsNotes");
-}
-
-bool clsNotes::CreateFromXML(QByteArrayView xml) {
-  return CreateFromXML(TagView(TagIndex(xml)));
-}
-
-bool clsNotes::CreateFromXML(const TagView& block) {
-  Clear();
-  return readEntities<clsNote>(block, kProjectNotes, kProjectNote, Guard("CreateFromXML", "clsNotes"),
-                               [this](const Pointer& note) { AddNote(note); });
+  return isRead && result;
 }

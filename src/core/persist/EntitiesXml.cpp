@@ -25,10 +25,6 @@ void clsCharacter::DataAsXML(QByteArray& out) {
   element.text(kImageFile, ImageFile);
 }
 
-void clsCharacter::CreateFromXML(QByteArrayView xml) {
-  CreateFromXML(TagView(TagIndex(xml)));
-}
-
 void clsCharacter::CreateFromXML(const TagView& element) {
   Clear();
   ReadFields::strictInteger(Guard("CreateFromXML", "clsCharacter"), element, kID, id_);
@@ -69,10 +65,6 @@ void clsLocation::DataAsXML(QByteArray& out) {
   appendXML(out, kLocation, ID());
 }
 
-void clsLocation::CreateFromXML(QByteArrayView xml) {
-  CreateFromXML(TagView(TagIndex(xml)));
-}
-
 void clsLocation::CreateFromXML(const TagView& element) {
   Clear();
   readXML(element, "clsLocation");
@@ -80,10 +72,6 @@ void clsLocation::CreateFromXML(const TagView& element) {
 
 void clsItem::DataAsXML(QByteArray& out) {
   appendXML(out, kItem, ID());
-}
-
-void clsItem::CreateFromXML(QByteArrayView xml) {
-  CreateFromXML(TagView(TagIndex(xml)));
 }
 
 void clsItem::CreateFromXML(const TagView& element) {
@@ -97,10 +85,6 @@ void clsNote::DataAsXML(QByteArray& out) {
   element.text(kTitle, Title);
   element.text(kDesc, DescText);
   element.textUnlessEmpty(kTags, Tags);
-}
-
-void clsNote::CreateFromXML(QByteArrayView xml) {
-  CreateFromXML(TagView(TagIndex(xml)));
 }
 
 void clsNote::CreateFromXML(const TagView& element) {

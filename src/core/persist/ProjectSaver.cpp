@@ -9,6 +9,7 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
+#include "core/persist/SceneFile.h"
 #include "core/persist/modConstXML.h"
 
 #include <array>
@@ -187,7 +188,7 @@ ProjectSaver::Failure ProjectSaver::writeSteps(LongWork& work, int file, Form fo
   const Guard guard("Save", "clsProject");
   if (form == Form::Folder) {
     // The head holds the counter of these names, so they are given before it is written.
-    guard([&] { from.Scenes.NameScenesText(); });
+    guard([&] { SceneFile::nameAll(from.Scenes); });
   }
   const std::array steps{
       Step{{}, [&] { return writeHead(file); }, kUnableToSave, Failure::Told::ByBox},
@@ -240,5 +241,5 @@ void ProjectSaver::remember(Form form) const {
   Settings().sSet(u"LastProjectFile"_s, project_.FileWithPath);
   Settings().sSet(u"LastProjectLoaded"_s, project_.FileWithPath);
   Logging().LogEvent(u"Project saved"_s);
-  project_.EditedSinceSave = project_.EditedSinceSave && form == Form::SingleFile;
+  project_.editedSinceSave_ = project_.editedSinceSave_ && form == Form::SingleFile;
 }

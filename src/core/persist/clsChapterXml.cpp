@@ -14,10 +14,6 @@ void clsChapter::DataAsXML(QByteArray& out) {
   element.list(kChapterScenes, kScID, scenes_);
 }
 
-void clsChapter::CreateFromXML(QByteArrayView xml) {
-  CreateFromXML(TagView(TagIndex(xml)));
-}
-
 void clsChapter::CreateFromXML(const TagView& element) {
   using namespace modConstXML;
   Clear();

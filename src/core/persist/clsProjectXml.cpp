@@ -40,10 +40,6 @@ void clsProject::DataAsXML(QByteArray& out) const {
   }
 }
 
-bool clsProject::CreateFromXML(QByteArrayView xml) {
-  return CreateFromXML(TagView(TagIndex(xml)));
-}
-
 bool clsProject::CreateFromXML(const TagView& element) {
   const Guard guard("CreateFromXML", "clsProject");
   return guard([&] {

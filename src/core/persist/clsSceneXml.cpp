@@ -66,10 +66,6 @@ void clsScene::DataAsXML(QByteArray& out, bool singleFile) {
   }
 }
 
-void clsScene::CreateFromXML(QByteArrayView xml) {
-  CreateFromXML(TagView(TagIndex(xml)));
-}
-
 void clsScene::CreateFromXML(const TagView& element) {
   Clear();
   readFields(element);

@@ -108,7 +108,7 @@ void frmEditor::mnuTop20_Click() {
 
 bool frmEditor::SaveChanges(bool) {
   const auto saved = scene();
-  if (!Finished || !saved->InScenes) {
+  if (!Finished || !saved->InScenes()) {
     // The scene has left while its window stood open, and its ID may be another book's by now.
     toolkit().MsgBox(
         u"The project of this scene has been closed, so the scene can't be saved. Please copy its text to keep it."_s);

@@ -11,6 +11,7 @@
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "support/Elements.h"
 #include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
@@ -36,8 +37,7 @@ class Collections : public ::testing::Test {
     return names;
   }
   static std::shared_ptr<clsCharacter> person(const QString& name, qint32 id = 0) {
-    auto made = std::make_shared<clsCharacter>();
-    made->setID(id);
+    auto made = id == 0 ? std::make_shared<clsCharacter>() : withID<clsCharacter>(id);
     made->setTitle(name);
     return made;
   }
@@ -85,17 +85,16 @@ TEST_F(Collections, NoObjectIsLoggedAndAddedNowhere) {
 TEST_F(Collections, ASceneThatWasTakenOutComesBackWholeWithItsChapter) {
   const auto scene = g_Project->SceneByID(1);
   g_Project->RemoveSceneByID(1);
-  EXPECT_FALSE(scene->InScenes);
+  EXPECT_FALSE(scene->InScenes());
   g_Project->ChapterByID(2)->Addscene(scene);
   EXPECT_EQ(g_Project->SceneByID(1), scene);
   const auto other = std::make_shared<clsScene>();
   g_Project->Scenes.setSceneByIndex(1, other);
-  EXPECT_TRUE(other->InScenes);
+  EXPECT_TRUE(other->InScenes());
   EXPECT_EQ(g_Project->SceneByIndex(1), other);
-  const auto twin = std::make_shared<clsScene>();
-  twin->setID(other->ID());
+  const auto twin = withID<clsScene>(other->ID());
   g_Project->Scenes.setSceneByIndex(2, twin);
-  EXPECT_FALSE(twin->InScenes || g_Project->SceneByIndex(2) == twin);
+  EXPECT_FALSE(twin->InScenes() || g_Project->SceneByIndex(2) == twin);
 }
 
 TEST_F(Collections, ClearReleasesScenesAndLeavesChaptersAsTheyAre) {

@@ -10,6 +10,7 @@
 #include "core/model/clsCharacter.h"
 #include "core/model/clsLocation.h"
 #include "core/model/clsScene.h"
+#include "support/Elements.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
@@ -50,8 +51,7 @@ TEST_F(Project, TheHighestIDIsGivenAgainAfterItsRemoval) {
   const auto next = std::make_shared<clsCharacter>();
   g_Project->AddChar(next);
   EXPECT_EQ(next->ID(), 3);
-  const auto twin = std::make_shared<clsCharacter>();
-  twin->setID(3);
+  const auto twin = withID<clsCharacter>(3);
   g_Project->AddChar(twin);
   EXPECT_EQ(g_Project->CharCount(), 3);
   EXPECT_TRUE(Logging().CurrentAction().contains(u"(457) in AddChar of module clsCharacters"_s));
@@ -79,7 +79,7 @@ TEST_F(Project, ScenesAreInsertedAtOddPositionsWithoutLoss) {
     const auto scene = std::make_shared<clsScene>();
     chapter->InsertScene(scene, position);
     EXPECT_EQ(scene->BelongsToChID, 3);
-    EXPECT_TRUE(scene->InScenes);
+    EXPECT_TRUE(scene->InScenes());
   };
   add(1);
   add(0);

@@ -11,6 +11,7 @@
 #include "core/model/clsItem.h"
 #include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
+#include "support/Elements.h"
 #include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
@@ -171,7 +172,7 @@ TEST_F(Scene, CachedCountsSurviveALoadAndAreCountedAnewWhenForced) {
   QDir(scratch.path()).mkdir(u"RTF"_s);
   writeFile(scratch.path(u"RTF/RTF_00007.rtf"_s), simpleRtf("three words here"));
   clsScene scene;
-  scene.CreateFromXML("<SCENE><ID>1</ID><RTFFile>RTF_00007.rtf</RTFFile><WordCount>70</WordCount></SCENE>");
+  readFrom(scene, "<SCENE><ID>1</ID><RTFFile>RTF_00007.rtf</RTFFile><WordCount>70</WordCount></SCENE>");
   ASSERT_TRUE(scene.LoadRTF());
   EXPECT_FALSE(scene.RTFChanged());
   EXPECT_EQ(scene.Wordcount(), 70);
@@ -224,7 +225,7 @@ TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {
   };
   scene->Edit();
   EXPECT_EQ(calls_, (QStringList{u"EditScene 1"_s, u"Unload"_s}));
-  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene());
   EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
   sceneEditorFactory() = [this] {
     auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
@@ -232,7 +233,7 @@ TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {
     return made;
   };
   scene->Edit();
-  EXPECT_FALSE(scene->EditingScene);
+  EXPECT_FALSE(scene->EditingScene());
   EXPECT_EQ(g_Project->SceneCount(), 5);
   EXPECT_FALSE(g_SceneChanges.AnyLocked());
 }
@@ -248,19 +249,107 @@ TEST_F(Scene, EditLocksTheRecordAndOpensOneWindowOnly) {
   EXPECT_FALSE(g_SceneChanges.HasChanged(1, 1));
   editor().Changed();
   EXPECT_TRUE(g_SceneChanges.HasChanged(1, 1));
-  scene->setCurrentSearchString(u"sea"_s);
-  g_Project->MarkAllCharInEditorWindows();
-  g_Project->UpdateCombosInEditorWindows();
   g_SceneChanges.ResetAllChanged(1);
   calls_.clear();
   editor().saved = true;
   editor().Finished();
   EXPECT_EQ(calls_, (QStringList{u"Hide"_s, u"Unload"_s}));
   EXPECT_TRUE(scene->SavedByEditor);
-  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene());
   EXPECT_TRUE(g_SceneChanges.HasChanged(1, 1));
   g_Project->MarkAllCharInEditorWindows();
   EXPECT_EQ(calls_.size(), 2) << "a closed window is not asked any more";
+}
+
+TEST_F(Scene, WhatConcernsEditorWindowsReachesEachOpenOneAndNoOther) {
+  const ScriptedToolkit screen;
+  g_Project->SceneByIndex(1)->Edit();
+  g_Project->SceneByIndex(3)->Edit();
+  const auto tell = [] {
+    for (const auto& scene : g_Project->Scenes) {
+      scene->setCurrentSearchString(u"sea"_s);
+    }
+    g_Project->MarkAllCharInEditorWindows();
+    g_Project->UnMarkAllCharInEditorWindows();
+    g_Project->UpdateCombosInEditorWindows();
+  };
+  calls_.clear();
+  tell();
+  const QStringList each{u"Search sea"_s, u"Search sea"_s, u"Mark"_s,   u"Mark"_s,
+                         u"Unmark"_s,     u"Unmark"_s,     u"Combos"_s, u"Combos"_s};
+  EXPECT_EQ(calls_, each);
+  g_Project->SceneByIndex(1)->fEditor_Finished();
+  g_Project->SceneByIndex(3)->fEditor_Finished();
+  calls_.clear();
+  tell();
+  EXPECT_EQ(calls_, QStringList());
+}
+
+// A window outlives its scene's hold on it in some of these: it hears of it then, and can be closed.
+TEST_F(Scene, HoweverItsEditorEndsNothingStaysLocked) {
+  ScriptedToolkit screen;
+  struct Way {
+    const char* name;
+    std::function<void()> end;
+    bool unloads;
+  };
+  const auto whileItGoes = [&](const std::function<void()>& happens) {
+    screen.onYield = happens;
+    editor_->Finished();
+  };
+  const auto clearScene = [] { g_Project->SceneByID(1)->Clear(); };
+  const Way ways[] = {
+      {"finished", [&] { editor_->Finished(); }, true},
+      {"scene cleared", clearScene, false},
+      {"scene removed", [] { g_Project->RemoveSceneByID(1); }, false},
+      {"project cleared", [] { g_Project->Clear(); }, false},
+      {"project replaced", [] { g_Project = std::make_unique<clsProject>(); }, false},
+      {"cleared while the window goes", [&] { whileItGoes(clearScene); }, true},
+      {"removed while the window goes", [&] { whileItGoes([] { g_Project->RemoveSceneByID(1); }); }, true},
+      {"a failure while the window goes", [&] { whileItGoes([] { throw RuntimeError(RuntimeError::DiskFull); }); },
+       true},
+  };
+  for (const Way& way : ways) {
+    makeSmallProject();
+    g_Project->SceneByID(1)->Edit();
+    ASSERT_TRUE(g_SceneChanges.IsLocked(1));
+    calls_.clear();
+    way.end();
+    EXPECT_FALSE(g_SceneChanges.AnyLocked()) << way.name;
+    EXPECT_FALSE(g_Project->SceneByID(1)->EditingScene()) << way.name;
+    EXPECT_EQ(calls_.count(u"Unload"_s), way.unloads ? 1 : 0) << way.name;
+    if (!way.unloads) {
+      EXPECT_FALSE(editor_->Finished || editor_->Changed) << way.name;
+      editor_->Unload();
+    }
+  }
+}
+
+TEST_F(Scene, ANewScenesWindowIsNeitherLoadedTwiceNorLeftOpen) {
+  const ScriptedToolkit screen;
+  const std::function<void()> ways[] = {
+      [] {},
+      [] { throw RuntimeError(RuntimeError::OutOfMemory); },
+      [] { g_Project->SceneByID(6)->Edit(); },
+  };
+  for (const auto& way : ways) {
+    makeSmallProject();
+    calls_.clear();
+    sceneEditorFactory() = [&] {
+      auto* const made = new RecordingEditor(calls_);  // Unload deletes it.
+      made->whileModal = [&] {
+        EXPECT_TRUE(g_SceneChanges.IsLocked(6));
+        way();
+      };
+      editor_ = made;
+      return made;
+    };
+    EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
+    EXPECT_EQ(calls_.count(u"EditScene 6"_s), 1);
+    EXPECT_EQ(calls_.count(u"Unload"_s), 1);
+    EXPECT_FALSE(g_SceneChanges.AnyLocked());
+    EXPECT_EQ(g_Project->SceneCount(), 5);
+  }
 }
 
 TEST_F(Scene, CannotBeOpenedAgainWhileItsWindowGoes) {
@@ -271,9 +360,9 @@ TEST_F(Scene, CannotBeOpenedAgainWhileItsWindowGoes) {
   screen.onYield = [&] { scene->Edit(); };
   editor().Finished();
   EXPECT_EQ(calls_, (QStringList{u"Hide"_s, u"Unload"_s}));
-  EXPECT_FALSE(scene->Locked() || scene->EditingScene);
+  EXPECT_FALSE(scene->Locked() || scene->EditingScene());
   scene->Edit();
-  EXPECT_TRUE(scene->Locked() && scene->EditingScene);
+  EXPECT_TRUE(scene->Locked() && scene->EditingScene());
   editor().Finished();
 }
 

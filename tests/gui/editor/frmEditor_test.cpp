@@ -70,7 +70,7 @@ TEST_F(EditorTest, ClosingAnUneditedSceneAsksNothingAndLeavesItAlone) {
   EXPECT_EQ(scene()->TextRTF(), before);
   EXPECT_FALSE(scene()->SavedByEditor);
   EXPECT_FALSE(scene()->Locked());
-  EXPECT_FALSE(scene()->EditingScene);
+  EXPECT_FALSE(scene()->EditingScene());
   EXPECT_TRUE(g_SceneChanges.HasChanged(1, ChangeArea::MainWindow));
   deleteUnloaded();
   EXPECT_TRUE(editorWindows().isEmpty());

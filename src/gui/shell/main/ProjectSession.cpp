@@ -55,7 +55,7 @@ QString ProjectSession::nameOfBook() const {
 }
 
 bool ProjectSession::isChanged() const {
-  return main_.ProjectChanged || g_Project->EditedSinceSave;
+  return main_.ProjectChanged || g_Project->EditedSinceSave();
 }
 
 bool ProjectSession::mayReplaceProject() {

@@ -2,6 +2,7 @@
 
 #include "core/infra/Clock.h"
 #include "core/infra/Paths.h"
+#include "core/infra/RuntimeError.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedGetDate.h"
 #include "core/model/Globals.h"
