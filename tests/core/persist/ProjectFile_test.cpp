@@ -31,6 +31,44 @@ QByteArray xmlOf(clsScene& scene) {
   return xml;
 }
 
+// The texts of an entity that its element holds, besides the names of files and ratings.
+
+QList<QString*> textsOf(clsScene& scene) {
+  return {&scene.Title, &scene.Outcome, &scene.Goal, &scene.Conflict, &scene.DescText, &scene.Tags, &scene.Notes};
+}
+
+QList<QString*> textsOf(clsCharacter& person) {
+  return {&person.AlternateNames, &person.FullName, &person.ImageFile, &person.Tags, &person.Bio,
+          &person.DescText,       &person.Goals,    &person.Notes};
+}
+
+QList<QString*> textsOf(clsProject& project) {
+  return {&project.Title, &project.AuthorBio, &project.AuthorName, &project.DescText};
+}
+
+QList<QString*> textsOf(auto& entity) {
+  return {&entity.Title, &entity.DescText, &entity.Tags};
+}
+
+/// Gives every text of the entity a value of its own that is hard to store; these values.
+QStringList fill(auto& entity) {
+  const QString tricky = u"“Zoë”\r\n<b> & 100% \t Пётр 🙂 %u0041 \u0081"_s;
+  QStringList values;
+  for (QString* text : textsOf(entity)) {
+    *text = tricky + QString::number(values.size());
+    values += *text;
+  }
+  return values;
+}
+
+QStringList valuesOf(auto& entity) {
+  QStringList values;
+  for (const QString* text : textsOf(entity)) {
+    values += *text;
+  }
+  return values;
+}
+
 /// A project element with every strict field in order.
 QByteArray projectElement() {
   newProject();
@@ -67,15 +105,10 @@ TEST_F(ProjectFile, AnElementIsWrittenLineByLineInItsDialect) {
 }
 
 TEST_F(ProjectFile, EveryFieldOfEveryKindComesBack) {
-  const QString tricky = u"“Zoë”\r\n<b> & 100% \t Пётр 🙂 %u0041 \u0081"_s;
-  int number = 0;
   clsScene scene;
   readFrom(scene, "<ID>4</ID><RTFFile>RTF_00004.rtf</RTFFile>");
   scene.BelongsToChID = 2;
-  for (QString* field :
-       {&scene.Title, &scene.Outcome, &scene.Goal, &scene.Conflict, &scene.DescText, &scene.Tags, &scene.Notes}) {
-    *field = tricky + QString::number(number++);
-  }
+  const QStringList sceneTexts = fill(scene);
   scene.Unused = scene.ReactionScene = scene.SubPlot = true;
   scene.Minute = 59;
   scene.Hour = 23;
@@ -95,7 +128,7 @@ TEST_F(ProjectFile, EveryFieldOfEveryKindComesBack) {
   clsScene back;
   readFrom(back, xmlOf(scene));
   EXPECT_EQ(xmlOf(back), xmlOf(scene));
-  EXPECT_EQ(back.Goal, scene.Goal);
+  EXPECT_EQ(valuesOf(back), sceneTexts);
   EXPECT_EQ(back.ViewPointID(), 9);
   EXPECT_EQ(back.ItemID(3), 9);
   EXPECT_EQ(back.Day, -4);
@@ -103,33 +136,73 @@ TEST_F(ProjectFile, EveryFieldOfEveryKindComesBack) {
 
   clsCharacter person;
   readFrom(person, "<ID>6</ID>");
-  person.setTitle(tricky);
-  for (QString* field : {&person.AlternateNames, &person.FullName, &person.ImageFile, &person.Tags, &person.Bio,
-                         &person.DescText, &person.Goals, &person.Notes}) {
-    *field = tricky + QString::number(number++);
-  }
+  person.setTitle(scene.Title);
+  const QStringList personTexts = fill(person);
   person.major = person.Unused = true;
   person.SortOrder = 12;
   clsCharacter samePerson;
   readFrom(samePerson, xmlOf(person));
   EXPECT_EQ(xmlOf(samePerson), xmlOf(person));
-  EXPECT_EQ(samePerson.Title(), tricky);
+  EXPECT_EQ(valuesOf(samePerson), personTexts);
+  EXPECT_EQ(samePerson.Title(), scene.Title);
   EXPECT_EQ(samePerson.SortOrder, 12);
 
   clsNote note;
   readFrom(note, "<ID>2</ID>");
-  note.Title = note.DescText = note.Tags = tricky;
+  const QStringList noteTexts = fill(note);
   clsNote sameNote;
   readFrom(sameNote, xmlOf(note));
   EXPECT_EQ(xmlOf(sameNote), xmlOf(note));
+  EXPECT_EQ(valuesOf(sameNote), noteTexts);
 
   clsChapter chapter;
   readFrom(chapter, "<ID>8</ID>");
-  chapter.Title = chapter.DescText = chapter.Tags = tricky;
+  const QStringList chapterTexts = fill(chapter);
   chapter.Unused = true;
   clsChapter sameChapter;
   readFrom(sameChapter, xmlOf(chapter));
   EXPECT_EQ(xmlOf(sameChapter), xmlOf(chapter));
+  EXPECT_EQ(valuesOf(sameChapter), chapterTexts);
+}
+
+TEST_F(ProjectFile, EveryFieldOfTheProjectComesBack) {
+  const QStringList texts = fill(*g_Project);
+  // Each number and day stands once, so that none can be taken for another.
+  int number = 1000;
+  const auto eachNumber = [](const auto& use) {
+    for (qint32* value : {&g_Project->WordTarget, &g_Project->EndMiddleChID, &g_Project->EndBeginningChID,
+                          &g_Project->WordCountStart, &g_Project->WordTargetStartDate, &g_Project->WordTargetEndDate}) {
+      use(*value);
+    }
+  };
+  eachNumber([&](qint32& value) { value = number++; });
+  for (int i = 1; i <= 7; ++i) {
+    g_Project->setLastFileIndex(i, number++);
+  }
+  for (int i = 1; i <= 5; ++i) {
+    g_Project->setDeadlineDate(i, number++);
+    g_Project->setDeadlineStartDate(i, number++);
+  }
+  for (int i = 1; i <= 4; ++i) {
+    g_Project->setFieldTitle(i, u"Rating %1"_s.arg(i));
+  }
+  const QByteArray xml = xmlOf(*g_Project);
+
+  newProject();
+  ASSERT_TRUE(g_Project->CreateFromXML(xml));
+  EXPECT_EQ(valuesOf(*g_Project), texts);
+  number = 1000;
+  eachNumber([&](qint32 value) { EXPECT_EQ(value, number++); });
+  for (int i = 1; i <= 7; ++i) {
+    EXPECT_EQ(g_Project->LastFileIndex(i), number++);
+  }
+  for (int i = 1; i <= 5; ++i) {
+    EXPECT_EQ(g_Project->DeadlineDate(i), number++);
+    EXPECT_EQ(g_Project->DeadlineStartDate(i), number++);
+  }
+  for (int i = 1; i <= 4; ++i) {
+    EXPECT_EQ(g_Project->FieldTitle(i), u"Rating %1"_s.arg(i));
+  }
 }
 
 TEST_F(ProjectFile, APlacesSortOrderIsWrittenAndNotReadBack) {

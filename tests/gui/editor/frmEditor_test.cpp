@@ -263,6 +263,22 @@ TEST_F(EditorTest, ATextWhoseFileCannotBeWrittenStaysDue) {
   EXPECT_TRUE(QFileInfo(file).isFile());
 }
 
+TEST_F(EditorTest, ASceneThatWasTakenOutOfTheBookIsNotSavedAsAnother) {
+  frmEditor* const editor = open();
+  type(*editor, u"!"_s);
+  // Somebody still holds it, so the window still has its listener.
+  const auto taken = scene();
+  g_Project->RemoveSceneByID(1);
+  const QMap<QString, QByteArray> before = filesBelow(folder.path());
+  toolkit.expectBox(u"Please copy its text to keep it."_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(filesBelow(folder.path()), before);
+  EXPECT_EQ(g_Project->SceneCount(), 4);
+  toolkit.expectBox(kQuestion, Answer::No);
+  editor->close();
+  EXPECT_FALSE(editor->isVisible());
+}
+
 TEST_F(EditorTest, AWindowWhoseSceneHasGoneStillCloses) {
   frmEditor* const editor = open();
   type(*editor, u"!"_s);

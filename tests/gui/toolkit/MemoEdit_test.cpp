@@ -24,7 +24,9 @@ TEST(MemoEdit, AnEditedTextHasLinesThatEndInCrLfAndKeepsItsNoBreakSpaces) {
   QTest::keyClicks(&memo, u"!"_s);
   QTest::keyClick(&memo, Qt::Key_Return);
   QTest::keyClicks(&memo, u"x"_s);
-  EXPECT_EQ(memo.Text(), u"10\u00a0miles\r\nsouth!\r\nx"_s);
+  QTest::keyClick(&memo, Qt::Key_Return, Qt::ShiftModifier);
+  QTest::keyClicks(&memo, u"y"_s);
+  EXPECT_EQ(memo.Text(), u"10\u00a0miles\r\nsouth!\r\nx\r\ny"_s);
 }
 
 }  // namespace
