@@ -24,6 +24,6 @@ class DescriptionTab : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  QLineEdit* txtTitle_;
-  MemoEdit* txtDesc_;
+  QLineEdit* txtTitle;
+  MemoEdit* txtDesc;
 };

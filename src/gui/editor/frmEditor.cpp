@@ -7,6 +7,7 @@
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/TextKeys.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -82,8 +83,7 @@ void frmEditor::createActions() {
 
 void frmEditor::buildLayout() {
   txtMain = new RichTextBox(this);
-  txtMain->setObjectName(u"txtMain"_s);
-  txtMain->setAccessibleName(u"Scene text"_s);
+  giveName(*txtMain, u"txtMain"_s, u"Scene text"_s);
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
   auto* upper = new QWidget(this);
@@ -111,16 +111,17 @@ void frmEditor::buildLayout() {
 QWidget* frmEditor::buildLowerPart() {
   auto* lower = new QWidget(this);
   TabStrip1 = new QTabWidget(lower);
-  TabStrip1->setObjectName(u"TabStrip1"_s);
-  TabStrip1->setAccessibleName(u"Planning data of the scene"_s);
+  giveName(*TabStrip1, u"TabStrip1"_s, u"Planning data of the scene"_s);
   description_ = new DescriptionTab(TabStrip1);
   description_->setObjectName(u"Frame(0)"_s);
   TabStrip1->addTab(description_, u"Description"_s);
   TabStrip1->setTabToolTip(0, u"Edit the scene title and description"_s);
 
   auto* buttons = new QVBoxLayout;
-  buttons->addWidget(makeButton("cmdSave", u"Save"_s));
-  buttons->addWidget(makeButton("cmdSaveAndExit", u"Save && Exit"_s));
+  cmdSave = makeButton(u"cmdSave"_s, u"Save"_s);
+  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && Exit"_s);
+  buttons->addWidget(cmdSave);
+  buttons->addWidget(cmdSaveAndExit);
   buttons->addStretch();
   auto* layout = new QHBoxLayout(lower);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -129,21 +130,15 @@ QWidget* frmEditor::buildLowerPart() {
   return lower;
 }
 
-QPushButton* frmEditor::makeButton(const char* name, const QString& caption) {
-  auto* button = new QPushButton(caption, this);
-  button->setObjectName(QString::fromLatin1(name));
-  return button;
-}
-
 void frmEditor::connectSignals() {
   connect(txtMain, &RichTextBox::Changed, this, &frmEditor::textChanged);
   connect(description_, &DescriptionTab::changed, this, &frmEditor::markDirty);
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
-  connect(findChild<QPushButton*>(u"cmdSave"_s), &QPushButton::clicked, this, [this] {
+  connect(cmdSave, &QPushButton::clicked, this, [this] {
     storeWindowSettings();
     SaveChanges(true);
   });
-  connect(findChild<QPushButton*>(u"cmdSaveAndExit"_s), &QPushButton::clicked, this, &frmEditor::saveAndExit);
+  connect(cmdSaveAndExit, &QPushButton::clicked, this, &frmEditor::saveAndExit);
   connect(&TimerWC, &QTimer::timeout, this, &frmEditor::ShowSceneWordCount);
   TimerLoadFonts.setSingleShot(true);
   TimerLoadFonts.setInterval(kLoadFontsMs);

@@ -51,7 +51,6 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void createActions();
   void buildLayout();
   QWidget* buildLowerPart();
-  QPushButton* makeButton(const char* name, const QString& caption);
   void connectSignals();
   void readSettings();
   void storeWindowSettings();
@@ -92,6 +91,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   FontBar* fontBar_ = nullptr;
   QTabWidget* TabStrip1 = nullptr;
   DescriptionTab* description_ = nullptr;
+  QPushButton* cmdSave = nullptr;
+  QPushButton* cmdSaveAndExit = nullptr;
   EditorStatusBar* StatusBar1 = nullptr;
 };
 

@@ -1,5 +1,7 @@
 #include "gui/toolkit/cSharedProgress.h"
 
+#include "gui/toolkit/Controls.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QProgressBar>
@@ -25,9 +27,7 @@ void cSharedProgress::build() {
   window_->setObjectName(u"cSharedProgress"_s);
   window_->setWindowTitle(u"Quillane"_s);
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
-  lblCaption_ = new QLabel(window_);
-  lblCaption_->setObjectName(u"lblCaption"_s);
-  lblCaption_->setTextFormat(Qt::PlainText);
+  lblCaption = makeLabel(u"lblCaption"_s, {}, window_);
   auto* bar = new QProgressBar(window_);
   bar->setRange(0, 0);
   bar->setTextVisible(false);
@@ -35,7 +35,7 @@ void cSharedProgress::build() {
   bar->setMinimumWidth(window_->fontMetrics().averageCharWidth() * kWidthInChars);
   auto* layout = new QVBoxLayout(window_);
   layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
-  layout->addWidget(lblCaption_);
+  layout->addWidget(lblCaption);
   layout->addWidget(bar);
 }
 
@@ -43,7 +43,7 @@ void cSharedProgress::Show() {
   if (!window_) {
     build();
   }
-  lblCaption_->setText(caption_);
+  lblCaption->setText(caption_);
   window_->show();
   window_->raise();
 }
@@ -57,6 +57,6 @@ void cSharedProgress::Hide() {
 void cSharedProgress::setCaption(const QString& caption) {
   caption_ = caption;
   if (window_ && window_->isVisible()) {
-    lblCaption_->setText(caption);
+    lblCaption->setText(caption);
   }
 }

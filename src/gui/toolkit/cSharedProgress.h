@@ -26,5 +26,5 @@ class cSharedProgress : public ProgressWindow {
   QString caption_;
   /// Made when first shown: most loads never show it. It goes with the window that it stands over.
   QPointer<QWidget> window_;
-  QLabel* lblCaption_ = nullptr;
+  QLabel* lblCaption = nullptr;
 };

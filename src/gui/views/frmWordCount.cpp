@@ -2,6 +2,7 @@
 
 #include "core/infra/Toolkit.h"
 #include "core/infra/clsHashTable.h"
+#include "gui/toolkit/Controls.h"
 
 #include <QAbstractTableModel>
 #include <QCollator>
@@ -142,8 +143,7 @@ frmWordCount::frmWordCount(QWidget* parent) : QDialog(parent), rows_(new Rows(th
 
 void frmWordCount::buildLayout() {
   ListView1 = new QTreeView(this);
-  ListView1->setObjectName(u"ListView1"_s);
-  ListView1->setAccessibleName(u"Words and how often they are used"_s);
+  giveName(*ListView1, u"ListView1"_s, u"Words and how often they are used"_s);
   ListView1->setModel(rows_);
   ListView1->setRootIsDecorated(false);
   ListView1->setItemsExpandable(false);
@@ -157,8 +157,7 @@ void frmWordCount::buildLayout() {
   header->setSectionsClickable(true);
   connect(header, &QHeaderView::sectionClicked, this, &frmWordCount::ListView1_ColumnClick);
 
-  lblInfo = new QLabel(this);
-  lblInfo->setObjectName(u"lblInfo"_s);
+  lblInfo = makeLabel(u"lblInfo"_s, {}, this);
   lblInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

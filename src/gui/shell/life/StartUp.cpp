@@ -152,8 +152,8 @@ void StartUp::showStatusBar() const {
 void StartUp::restoreLayout() const {
   MainPanes& panes = main_.panes();
   restoreWindow(u"Main"_s, main_);
-  restoreColumns(u"MainChap"_s, panes.FrameChapters().ListChapters());
-  restoreColumns(u"MainScn"_s, panes.FrameScenes().ListScenes());
+  restoreColumns(u"MainChap"_s, panes.FrameChapters().listChapters());
+  restoreColumns(u"MainScn"_s, panes.FrameScenes().listScenes());
   panes.showScenesTab();
   panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
                        fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit),
@@ -189,8 +189,8 @@ void StartUp::finish() {
   splashStatus(u"Startup Complete"_s);
   splash_.reset();
   main_.project().UpdateRecent();
-  main_.panes().FrameScenes().TabStrip1().setCurrentIndex(0);
-  main_.panes().FrameChapters().ListChapters().setFocus();
+  main_.panes().FrameScenes().tabStrip1().setCurrentIndex(0);
+  main_.panes().FrameChapters().listChapters().setFocus();
   main_.StartScanTimer();
   main_.startUpdateCheck();
 }

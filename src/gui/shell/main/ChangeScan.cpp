@@ -32,7 +32,7 @@ ChangeScan::ChangeScan(frmMain& main) : QObject(&main), main_(main) {
 
 void ChangeScan::TimerScanScenes_Timer() {
   Findings found;
-  const ListView& list = main_.panes().FrameScenes().ListScenes();
+  const ListView& list = main_.panes().FrameScenes().listScenes();
   for (int i = 0; i < list.topLevelItemCount(); ++i) {
     scanRow(*list.topLevelItem(i), found);
   }
@@ -65,11 +65,11 @@ void ChangeScan::updateSceneAndChapter(QTreeWidgetItem& row, qint32 id, Findings
   found.SelectedChanged = found.SelectedChanged || scenes.SelectedSceneID() == id;
   scenes.UpdateSceneRow(row, id);
   const qint32 chapterID = g_Project->SceneByID(id)->BelongsToChID;
-  if (QTreeWidgetItem* chapterRow = chapters.ListChapters().topLevelItem(chapters.ChapterRowIndex(chapterID))) {
+  if (QTreeWidgetItem* chapterRow = chapters.listChapters().topLevelItem(chapters.ChapterRowIndex(chapterID))) {
     chapters.UpdateChapterRow(*chapterRow, chapterID);
   }
   // A scene was added to the chapter, or split out of it.
-  const int rows = scenes.ListScenes().topLevelItemCount();
+  const int rows = scenes.listScenes().topLevelItemCount();
   found.NeedsRefill = found.NeedsRefill || g_Project->ChapterByID(scenes.shownChapterID())->SceneCount() != rows;
 }
 

@@ -98,7 +98,7 @@ void MainPanes::EditSelectedScene() {
 void MainPanes::EditRow(qint32 SceneID) {
   g_Project->SceneByID(SceneID)->Edit();
   // The row may have gone while the editor came up.
-  ListView& list = frameScenes_->ListScenes();
+  ListView& list = frameScenes_->listScenes();
   if (QTreeWidgetItem* row = list.topLevelItem(list.rowOfTag(SceneID))) {
     frameScenes_->UpdateSceneRow(*row, SceneID);
   }
@@ -133,7 +133,7 @@ void MainPanes::applySplits() {
   splitter_->setSizes({left, whole - splitter_->handleWidth() - left});
   frameScenes_->placeSplitter(sceneSplit_);
   if (fitTitles_) {
-    frameChapters_->ListChapters().fillRoom();
+    frameChapters_->listChapters().fillRoom();
     frameScenes_->fitSceneTitles();
   }
   chapterSplit_ = 0;
