@@ -11,7 +11,9 @@
 using namespace Qt::StringLiterals;
 
 DescriptionTab::DescriptionTab(QWidget* parent)
-    : QWidget(parent), txtTitle(makeLineEdit(u"txtTitle"_s, u"Scene title"_s, this)), txtDesc(new MemoEdit(this)) {
+    : EditorTab(u"Description"_s, u"Edit the scene title and description"_s, parent),
+      txtTitle(makeLineEdit(u"txtTitle"_s, u"Scene title"_s, this)),
+      txtDesc(new MemoEdit(this)) {
   txtTitle->installEventFilter(this);
   giveName(*txtDesc, u"txtDesc"_s, u"Scene description"_s);
   auto* layout = new QFormLayout(this);
@@ -41,5 +43,5 @@ bool DescriptionTab::eventFilter(QObject* watched, QEvent* event) {
       Q_EMIT changed();
     }
   }
-  return QWidget::eventFilter(watched, event);
+  return EditorTab::eventFilter(watched, event);
 }

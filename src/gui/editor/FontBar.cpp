@@ -5,6 +5,7 @@
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/RichTextBox.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -36,9 +37,9 @@ FontBar::FontBar(RichTextBox& text, QWidget* parent)
       text_(text),
       cmbFont(makeCombo("cmbFont", u"Font"_s)),
       cmbFontSize(makeCombo("cmbFontSize", u"Font size"_s)),
-      cmdBold(makeBarButton(u"cmdBold"_s, icon("bold"), u"Bold (Ctrl+B)"_s, this)),
-      cmdItalic(makeBarButton(u"cmdItalic"_s, icon("italic"), u"Italic (Ctrl+I)"_s, this)),
-      cmdUnderline(makeBarButton(u"cmdUnderline"_s, icon("underline"), u"Underline (Ctrl+U)"_s, this)) {
+      cmdBold(makeBarButton(u"cmdBold"_s, textIcon("bold"), u"Bold (Ctrl+B)"_s, this)),
+      cmdItalic(makeBarButton(u"cmdItalic"_s, textIcon("italic"), u"Italic (Ctrl+I)"_s, this)),
+      cmdUnderline(makeBarButton(u"cmdUnderline"_s, textIcon("underline"), u"Underline (Ctrl+U)"_s, this)) {
   cmbFont->setMinimumContentsLength(18);
   cmbFontSize->setMinimumContentsLength(4);
   auto* layout = new QHBoxLayout(this);
@@ -57,6 +58,8 @@ QComboBox* FontBar::makeCombo(const char* name, const QString& tip) {
   giveName(*combo, QString::fromLatin1(name), tip);
   combo->setToolTip(tip);
   combo->setEditable(true);
+  combo->lineEdit()->setAccessibleName(tip);
+  combo->view()->setAccessibleName(tip);
   combo->setInsertPolicy(QComboBox::NoInsert);
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   return combo;

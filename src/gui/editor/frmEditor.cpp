@@ -2,9 +2,10 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
-#include "gui/editor/DescriptionTab.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
+#include "gui/editor/EditorTab.h"
+#include "gui/editor/EditorTabs.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/TextKeys.h"
 #include "gui/toolkit/Controls.h"
@@ -17,7 +18,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -112,10 +112,7 @@ QWidget* frmEditor::buildLowerPart() {
   auto* lower = new QWidget(this);
   TabStrip1 = new QTabWidget(lower);
   giveName(*TabStrip1, u"TabStrip1"_s, u"Planning data of the scene"_s);
-  description_ = new DescriptionTab(TabStrip1);
-  description_->setObjectName(u"Frame(0)"_s);
-  TabStrip1->addTab(description_, u"Description"_s);
-  TabStrip1->setTabToolTip(0, u"Edit the scene title and description"_s);
+  tabs_ = addEditorTabs(*TabStrip1);
 
   auto* buttons = new QVBoxLayout;
   cmdSave = makeButton(u"cmdSave"_s, u"Save"_s);
@@ -132,7 +129,9 @@ QWidget* frmEditor::buildLowerPart() {
 
 void frmEditor::connectSignals() {
   connect(txtMain, &RichTextBox::Changed, this, &frmEditor::textChanged);
-  connect(description_, &DescriptionTab::changed, this, &frmEditor::markDirty);
+  for (const EditorTab* const tab : tabs_) {
+    connect(tab, &EditorTab::changed, this, &frmEditor::markDirty);
+  }
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
   connect(cmdSave, &QPushButton::clicked, this, [this] {
     storeWindowSettings();
@@ -187,10 +186,7 @@ void frmEditor::setCaption(const QString& title) {
 
 void frmEditor::Show() {
   if (!isMaximized()) {
-    const QPoint last(Twips::toPixels(LastEditorLeft), Twips::toPixels(LastEditorTop));
-    const QScreen* const there = QGuiApplication::screenAt(last);
-    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
-    move(editorPlace(LastEditorLeft, LastEditorTop, size(), room));
+    placeEditor(*this);
   }
   show();
   raise();

@@ -8,9 +8,10 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
-class DescriptionTab;
 class EditorStatusBar;
+class EditorTab;
 class FontBar;
 class QEventLoop;
 class QPushButton;
@@ -90,7 +91,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   RichTextBox* txtMain = nullptr;
   FontBar* fontBar_ = nullptr;
   QTabWidget* TabStrip1 = nullptr;
-  DescriptionTab* description_ = nullptr;
+  std::vector<EditorTab*> tabs_;
   QPushButton* cmdSave = nullptr;
   QPushButton* cmdSaveAndExit = nullptr;
   EditorStatusBar* StatusBar1 = nullptr;

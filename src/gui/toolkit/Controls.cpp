@@ -7,11 +7,18 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolButton>
 
 void giveName(QWidget& control, const QString& name, const QString& spokenName) {
   control.setObjectName(name);
   control.setAccessibleName(spokenName);
+}
+
+void giveName(QTabWidget& tabs, const QString& name, const QString& spokenName) {
+  giveName(static_cast<QWidget&>(tabs), name, spokenName);
+  tabs.tabBar()->setAccessibleName(spokenName);
 }
 
 QPushButton* makeButton(const QString& name, const QString& caption, QWidget* parent) {

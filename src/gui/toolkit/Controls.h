@@ -9,6 +9,7 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QTabWidget;
 class QToolButton;
 class QWidget;
 
@@ -17,6 +18,8 @@ class QWidget;
 
 /// Names a control. An empty spoken name leaves what the control says of itself.
 void giveName(QWidget& control, const QString& name, const QString& spokenName = {});
+/// The same for the tabs and for their bar, which is what takes the keyboard.
+void giveName(QTabWidget& tabs, const QString& name, const QString& spokenName);
 
 /// Spoken of by its caption.
 QPushButton* makeButton(const QString& name, const QString& caption, QWidget* parent = nullptr);
