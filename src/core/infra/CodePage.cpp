@@ -1,8 +1,9 @@
 #include "core/infra/CodePage.h"
 
+#include "core/infra/Hex.h"
+
 #include <algorithm>
 #include <iterator>
-#include <type_traits>
 
 namespace {
 
@@ -11,43 +12,10 @@ int byteInHighBlock(char16_t unit) {
   return found == std::end(CodePage::kHigh) ? -1 : static_cast<int>(0x80 + (found - CodePage::kHigh));
 }
 
-int hexDigit(int character) {
-  if (character >= '0' && character <= '9') {
-    return character - '0';
-  }
-  const int lower = character | 0x20;
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-/// The unit behind a "%u" mark at the position of the "%", or -1 when there is no whole mark.
-template <class View>
-int markedUnit(View text, qsizetype at) {
-  const auto character = [&](qsizetype i) -> int {
-    if constexpr (std::is_same_v<View, QStringView>) {
-      return text[i].unicode();
-    } else {
-      return static_cast<uchar>(text[i]);
-    }
-  };
-  if (at + 6 > text.size() || character(at) != '%' || character(at + 1) != 'u') {
-    return -1;
-  }
-  int unit = 0;
-  for (qsizetype i = at + 2; i < at + 6; ++i) {
-    const int digit = hexDigit(character(i));
-    if (digit < 0) {
-      return -1;
-    }
-    unit = unit * 16 + digit;
-  }
-  return unit;
-}
-
 void appendMark(QByteArray& out, char16_t unit) {
-  static const char* digits = "0123456789ABCDEF";
   out.append("%u");
   for (int shift = 12; shift >= 0; shift -= 4) {
-    out.append(digits[(unit >> shift) & 0xF]);
+    out.append(Hex::kUpper[(unit >> shift) & 0xF]);
   }
 }
 
@@ -91,7 +59,7 @@ QByteArray toMarkedBytes(QStringView text) {
   for (qsizetype i = 0; i < text.size(); ++i) {
     const char16_t unit = text[i].unicode();
     const int byte = toByte(unit);
-    if (byte < 0 || (unit == u'%' && markedUnit(text, i) >= 0)) {
+    if (byte < 0 || (unit == u'%' && Hex::markedUnit(text.utf16() + i, text.utf16() + text.size()) >= 0)) {
       appendMark(bytes, unit);
     } else {
       bytes.append(static_cast<char>(byte));
@@ -104,9 +72,9 @@ QString fromMarkedBytes(QByteArrayView bytes) {
   QString text;
   text.reserve(bytes.size());
   for (qsizetype i = 0; i < bytes.size(); ++i) {
-    const int unit = markedUnit(bytes, i);
+    const int unit = Hex::markedUnit(bytes.data() + i, bytes.data() + bytes.size());
     text.append(QChar(unit < 0 ? toChar(static_cast<uchar>(bytes[i])) : static_cast<char16_t>(unit)));
-    i += unit < 0 ? 0 : 5;
+    i += unit < 0 ? 0 : Hex::kMark - 1;
   }
   return text;
 }

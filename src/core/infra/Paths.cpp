@@ -79,7 +79,8 @@ QString installed(const QString& name) {
 }
 
 QString documentsFolder() {
-  return withSeparator(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return withSeparator(QFileInfo(documents).isDir() ? documents : QDir::homePath());
 }
 
 QString temporaryFolder() {

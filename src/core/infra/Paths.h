@@ -25,7 +25,7 @@ QString executableFolder();
 /// A folder or file that is installed with the program ("Dict", "Languages", "WebTemplate"): beside the
 /// program's data when it is there, else in the executable's folder or the installed share folder.
 QString installed(const QString& name);
-/// The user's documents folder, with a trailing separator.
+/// The user's documents folder, or the home folder where there is none, with a trailing separator.
 QString documentsFolder();
 /// The system's temporary folder, with a trailing separator.
 QString temporaryFolder();

@@ -39,12 +39,15 @@ void cSHAREDSettings::StoreWindowSettings(const QString& name, const SettingsWin
 
 void cSHAREDSettings::ReadWindowSettings(const QString& name, SettingsWindow& form) const {
   const Guard guard("ReadWindowSettings", kModule);
-  guard([&] { form.setWidth(sizeOf(sGetWD(name + u"WindowWidth"_s, form.width()), form.width())); });
-  guard([&] { form.setHeight(sizeOf(sGetWD(name + u"WindowHeight"_s, form.height()), form.height())); });
+  // The form may take less than is asked of it, on a screen that is smaller than the one it was stored on.
+  const double width = sizeOf(sGetWD(name + u"WindowWidth"_s, form.width()), form.width());
+  const double height = sizeOf(sGetWD(name + u"WindowHeight"_s, form.height()), form.height());
+  guard([&] { form.setWidth(width); });
+  guard([&] { form.setHeight(height); });
   guard([&] {
     const bool maxed = Numbers::ToInt(sGet(name + u"WindowMaxed"_s, false)) != 0;
-    const bool fillsScreen = form.width() > kNearlyWholeScreen * form.screenWidth() &&
-                             form.height() > kNearlyWholeScreen * form.screenHeight();
+    const bool fillsScreen =
+        width > kNearlyWholeScreen * form.screenWidth() && height > kNearlyWholeScreen * form.screenHeight();
     if (maxed || fillsScreen) {
       form.maximise();
     }

@@ -1,5 +1,6 @@
 #include "core/infra/cSHAREDSettings.h"
 
+#include "core/infra/Blanks.h"
 #include "core/infra/CodePage.h"
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
@@ -11,7 +12,6 @@
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
-#include "core/text/cSharedText.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -362,7 +362,7 @@ bool cSHAREDSettings::ValueInSet(const QString& setName, const QString& value) c
   const QString prefix = setName.toUpper() + u'_';
   const std::vector<int> members = membersOf(setName, LastIndexInSet(setName));
   return std::any_of(members.begin(), members.end(), [&](int number) {
-    return TextTools().StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
+    return Blanks::compare(find(prefix + QString::number(number))->KeyValue.toString(), value) == 0;
   });
 }
 
@@ -371,7 +371,7 @@ void cSHAREDSettings::DeleteFromSetByValue(const QString& setName, const QString
   const int last = LastIndexInSet(setName);
   const std::vector<int> members = membersOf(setName, last);
   const auto match = std::find_if(members.begin(), members.end(), [&](int number) {
-    return TextTools().StringsEqual(find(prefix + QString::number(number))->KeyValue.toString(), value);
+    return Blanks::compare(find(prefix + QString::number(number))->KeyValue.toString(), value) == 0;
   });
   if (match == members.end()) {
     return;

@@ -13,7 +13,7 @@ struct cSHAREDSetting {
   QVariant KeyValue;
 };
 
-/// A window whose size is kept. All sizes are twips.
+/// A window whose size is kept. All sizes are twips; the screen is what of it windows may cover.
 class SettingsWindow {
  public:
   enum class State { Normal = 0, Minimised = 1, Maximised = 2 };

@@ -3,6 +3,10 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -44,6 +48,34 @@ bool isNetworkPath(QStringView path) {
 /// The length of the "\\server\share" head.
 qsizetype shareLength(QStringView path) {
   return nextSeparator(path, nextSeparator(path, 2) + 1);
+}
+
+/// A file that may be run and is made for it. On a volume without such rights everything may be run, a text too.
+bool isExecutable(const QString& path) {
+  const QFileInfo info(path);
+  QFile file(path);
+  if (!info.isFile() || !info.isExecutable() || !file.open(QIODevice::ReadOnly)) {
+    return false;
+  }
+  const QByteArray head = file.read(4);
+  return head.startsWith("#!") || head ==
+                                      "\x7F"
+                                      "ELF";
+}
+
+/// The program to run for a path, or for a bare name that is one of the system's; empty for a document.
+QString programOf(const QString& path) {
+  if (QFileInfo::exists(path)) {
+    return isExecutable(path) ? QFileInfo(path).absoluteFilePath() : QString();
+  }
+  return lastSeparator(path) < 0 ? QStandardPaths::findExecutable(path) : QString();
+}
+
+/// A document is opened in its program, which takes neither a parameter nor the word to stay hidden.
+bool start(const QString& file, const QStringList& arguments, bool hidden) {
+  const QString path = Paths::native(file);
+  const QString program = programOf(path);
+  return program.isEmpty() ? toolkit().openDocument(path) : toolkit().runProgram(program, arguments, hidden);
 }
 
 }  // namespace
@@ -135,15 +167,15 @@ void cSharedFileSubs::CleanString(QString& Name) const {
 }
 
 bool cSharedFileSubs::RunFile(const QString& File) const {
-  return toolkit().openDocument(Paths::native(File));
+  return start(File, {}, false);
 }
 
 bool cSharedFileSubs::RunFileWithParam(const QString& File, const QString& Param) const {
-  return toolkit().runProgram(Paths::native(File), {Param}, false);
+  return start(File, {Param}, false);
 }
 
 bool cSharedFileSubs::RunFileHidden(const QString& File) const {
-  return toolkit().runProgram(Paths::native(File), {}, true);
+  return start(File, {}, true);
 }
 
 cSharedFileSubs& Files() {

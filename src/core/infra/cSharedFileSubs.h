@@ -153,9 +153,13 @@ class cSharedFileSubs {
   void FillFilesRecursedBeforeDate(const QString& Path, const QString& Extension, const QDateTime& Date,
                                    QStringList& List) const;
 
-  /// Opens a document, or starts a program.
+  // Run a program, by its file or by a name that the system knows, or open a document in its own program. False when
+  // nothing could be started.
+
   bool RunFile(const QString& File) const;
+  /// The parameter reaches a program as one, whatever blanks are in it.
   bool RunFileWithParam(const QString& File, const QString& Param) const;
+  /// What a program prints goes nowhere.
   bool RunFileHidden(const QString& File) const;
 };
 

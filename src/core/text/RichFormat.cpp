@@ -53,9 +53,8 @@ CharFormat normalised(CharFormat format) {
 }
 
 ParagraphFormat normalised(ParagraphFormat format) {
-  for (int* twips : {&format.leftIndent, &format.rightIndent, &format.firstIndent, &format.spaceBefore,
-                     &format.spaceAfter, &format.lineSpacing}) {
-    *twips = withinPage(*twips);
+  for (const auto length : kParagraphLengths) {
+    format.*length = withinPage(format.*length);
   }
   format.lineSpacingIsFactor = format.lineSpacingIsFactor && format.lineSpacing != 0;
   if (!format.tabStops.isEmpty()) {
@@ -64,18 +63,24 @@ ParagraphFormat normalised(ParagraphFormat format) {
   return format;
 }
 
+size_t qHash(const CharLook& look, size_t seed) noexcept {
+  uint bits = static_cast<uint>(look.script);
+  for (const auto isOn : kCharSwitches) {
+    bits = bits << 1 | static_cast<uint>(look.*isOn);
+  }
+  return qHashMulti(seed, look.halfPoints, bits);
+}
+
 size_t qHash(const CharFormat& format, size_t seed) noexcept {
-  const uint flags = uint(format.bold) | uint(format.italic) << 1 | uint(format.underline) << 2 |
-                     uint(format.strikeOut) << 3 | uint(format.smallCaps) << 4 | uint(format.allCaps) << 5 |
-                     uint(format.script) << 6;
-  return qHashMulti(seed, format.fontName, format.halfPoints, flags, format.colour.value_or(~0U),
+  return qHashMulti(seed, static_cast<const CharLook&>(format), format.fontName, format.colour.value_or(~0U),
                     format.background.value_or(~0U));
 }
 
 size_t qHash(const ParagraphFormat& format, size_t seed) noexcept {
-  seed =
-      qHashMulti(seed, int(format.alignment), format.leftIndent, format.rightIndent, format.firstIndent,
-                 format.spaceBefore, format.spaceAfter, format.lineSpacing, format.lineSpacingIsFactor, format.bullet);
+  seed = qHashMulti(seed, int(format.alignment), format.lineSpacingIsFactor, format.bullet);
+  for (const auto length : kParagraphLengths) {
+    seed = qHashMulti(seed, format.*length);
+  }
   for (const TabStop& stop : format.tabStops) {
     seed = qHashMulti(seed, stop.position, int(stop.kind));
   }

@@ -1,5 +1,7 @@
 #include "core/text/RtfLexer.h"
 
+#include "core/infra/Hex.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -61,14 +63,6 @@ bool isLetter(char byte) {
 }
 bool isDigit(char byte) {
   return static_cast<uchar>(byte - '0') < 10;
-}
-
-int hexDigit(char byte) {
-  if (isDigit(byte)) {
-    return byte - '0';
-  }
-  const char lower = static_cast<char>(byte | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
 }  // namespace
@@ -156,11 +150,13 @@ void RtfLexer::readNumber(RtfToken& token) {
 }
 
 bool RtfLexer::readHexByte(RtfToken& token) {
-  if (end_ - at_ < 2 || hexDigit(at_[0]) < 0 || hexDigit(at_[1]) < 0) {
+  const int high = end_ - at_ < 2 ? -1 : Hex::digit(at_[0]);
+  const int low = high < 0 ? -1 : Hex::digit(at_[1]);
+  if (low < 0) {
     return false;
   }
   token.kind = RtfToken::Kind::Byte;
-  token.number = hexDigit(at_[0]) * 16 + hexDigit(at_[1]);
+  token.number = high << 4 | low;
   at_ += 2;
   return true;
 }

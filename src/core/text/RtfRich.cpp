@@ -1,5 +1,6 @@
 #include "core/infra/CodePage.h"
 #include "core/text/Rtf.h"
+#include "core/text/RtfLook.h"
 #include "core/text/RtfReader.h"
 
 #include <QHash>
@@ -8,32 +9,8 @@
 
 namespace {
 
-/// Character formats as the words set them: fonts and colours by their numbers in the tables.
-struct CharState {
-  int font = -1;
-  int halfPoints = 0;
-  int colour = -1;
-  int background = -1;
-  bool bold = false;
-  bool italic = false;
-  bool underline = false;
-  bool strikeOut = false;
-  bool smallCaps = false;
-  bool allCaps = false;
-  CharFormat::Script script = CharFormat::Script::Normal;
-
-  friend bool operator==(const CharState&, const CharState&) = default;
-};
-
-size_t qHash(const CharState& state, size_t seed) {
-  const uint flags = uint(state.bold) | uint(state.italic) << 1 | uint(state.underline) << 2 |
-                     uint(state.strikeOut) << 3 | uint(state.smallCaps) << 4 | uint(state.allCaps) << 5 |
-                     uint(state.script) << 6;
-  return qHashMulti(seed, state.font, state.halfPoints, state.colour, state.background, flags);
-}
-
 struct Formats {
-  CharState characters;
+  RtfLook characters;
   ParagraphFormat paragraph;
   TabStop::Kind nextTab = TabStop::Kind::Left;
   int charNumber = -1;  ///< Of the format in the builder; -1: not looked up yet.
@@ -108,49 +85,45 @@ class RichSink final : public RtfSink {
   Formats now_;
   std::vector<Formats> outer_;
   bool hasBullet_ = false;  ///< By its label; stands in front of the words that reset the paragraph.
-  QHash<CharState, int> known_;
+  QHash<RtfLook, int> known_;
 };
 
 void RichSink::formatCharacters(RtfProperty property, std::optional<int> value) {
-  static constexpr bool CharState::*kFlags[] = {&CharState::bold,      &CharState::italic,    &CharState::underline,
-                                                &CharState::strikeOut, &CharState::smallCaps, &CharState::allCaps};
-  CharState& state = now_.characters;
+  RtfLook& look = now_.characters;
   const bool on = value.value_or(1) != 0;
   if (property <= RtfProperty::AllCaps) {
-    state.*kFlags[static_cast<size_t>(property)] = on;
+    look.*kCharSwitches[static_cast<size_t>(property)] = on;
     return;
   }
   switch (property) {
     case RtfProperty::NoUnderline:
-      state.underline = false;
+      look.underline = false;
       return;
     case RtfProperty::Subscript:
     case RtfProperty::Lowered:
-      state.script = scriptOf(on, CharFormat::Script::Subscript);
+      look.script = scriptOf(on, CharFormat::Script::Subscript);
       return;
     case RtfProperty::Superscript:
     case RtfProperty::Raised:
-      state.script = scriptOf(on, CharFormat::Script::Superscript);
+      look.script = scriptOf(on, CharFormat::Script::Superscript);
       return;
     case RtfProperty::NormalScript:
-      state.script = CharFormat::Script::Normal;
+      look.script = CharFormat::Script::Normal;
       return;
     case RtfProperty::FontSize:
-      state.halfPoints = std::max(value.value_or(0), 0);
+      look.halfPoints = std::max(value.value_or(0), 0);
       return;
     case RtfProperty::Colour:
-      state.colour = value.value_or(0);
+      look.colour = value.value_or(0);
       return;
     default:
-      state.background = value.value_or(0);
+      look.background = value.value_or(0);
       return;
   }
 }
 
 void RichSink::formatParagraph(RtfProperty property, int value) {
   using Format = ParagraphFormat;
-  static constexpr int Format::*kLengths[] = {&Format::leftIndent,  &Format::rightIndent, &Format::firstIndent,
-                                              &Format::spaceBefore, &Format::spaceAfter,  &Format::lineSpacing};
   Format& format = now_.paragraph;
   const auto after = [property](RtfProperty first) { return static_cast<int>(property) - static_cast<int>(first); };
   if (property == RtfProperty::ParagraphDefaults) {
@@ -159,7 +132,7 @@ void RichSink::formatParagraph(RtfProperty property, int value) {
   } else if (property <= RtfProperty::AlignJustify) {
     format.alignment = static_cast<Format::Alignment>(after(RtfProperty::AlignLeft));
   } else if (property <= RtfProperty::LineSpacing) {
-    format.*kLengths[after(RtfProperty::LeftIndent)] = value;
+    format.*kParagraphLengths[static_cast<size_t>(after(RtfProperty::LeftIndent))] = value;
   } else if (property == RtfProperty::LineSpacingFactor) {
     format.lineSpacingIsFactor = value != 0;
   } else if (property == RtfProperty::TabStop) {
@@ -203,20 +176,9 @@ int RichSink::paragraphNumber() {
 }
 
 CharFormat RichSink::charFormat() const {
-  const CharState& state = now_.characters;
-  CharFormat format;
-  format.fontName = tables_->fonts.value(state.font >= 0 ? state.font : tables_->defaultFont).name;
-  format.halfPoints = state.halfPoints;
-  format.bold = state.bold;
-  format.italic = state.italic;
-  format.underline = state.underline;
-  format.strikeOut = state.strikeOut;
-  format.smallCaps = state.smallCaps;
-  format.allCaps = state.allCaps;
-  format.script = state.script;
-  format.colour = colour(state.colour);
-  format.background = colour(state.background);
-  return format;
+  const RtfLook& look = now_.characters;
+  const int font = look.font >= 0 ? look.font : tables_->defaultFont;
+  return {look, tables_->fonts.value(font).name, colour(look.colour), colour(look.background)};
 }
 
 std::optional<quint32> RichSink::colour(int number) const {

@@ -13,6 +13,17 @@ namespace {
 
 constexpr qsizetype kLongestUnit = 12;  // \u-12345\'3f
 constexpr qsizetype kChunk = 2048;
+/// The words of kCharSwitches.
+struct SwitchWords {
+  const char* on;
+  const char* off;
+};
+constexpr std::array<SwitchWords, kCharSwitches.size()> kSwitchWords = {{{"\\b", "\\b0"},
+                                                                         {"\\i", "\\i0"},
+                                                                         {"\\ul", "\\ulnone"},
+                                                                         {"\\strike", "\\strike0"},
+                                                                         {"\\scaps", "\\scaps0"},
+                                                                         {"\\caps", "\\caps0"}}};
 constexpr QStringView kBulletFont = u"Symbol";
 
 /// True for ASCII that stands for itself in RTF.
@@ -104,20 +115,8 @@ void RtfWriter::collectBullets() {
 }
 
 RtfWriter::Style RtfWriter::styleOf(const CharFormat& format) {
-  Style style;
-  style.font = fontNumber(format.fontName);
-  style.isSymbol = isSymbolFont(format.fontName);
-  style.halfPoints = format.halfPoints;
-  style.colour = colourNumber(format.colour);
-  style.background = colourNumber(format.background);
-  style.bold = format.bold;
-  style.italic = format.italic;
-  style.underline = format.underline;
-  style.strikeOut = format.strikeOut;
-  style.smallCaps = format.smallCaps;
-  style.allCaps = format.allCaps;
-  style.script = format.script;
-  return style;
+  return {{format, fontNumber(format.fontName), colourNumber(format.colour), colourNumber(format.background)},
+          isSymbolFont(format.fontName)};
 }
 
 int RtfWriter::fontNumber(const QString& name) {
@@ -261,9 +260,7 @@ void RtfWriter::setFormat(const CharFormat& format) {
 void RtfWriter::change(const Style& from, const Style& to) {
   if (to.halfPoints == 0 && from.halfPoints != 0) {  // no word takes a size back but this
     word("\\plain");
-    Style plain;
-    plain.font = defaultFont_;
-    change(plain, to);
+    change(plainStyle(defaultFont_), to);
     return;
   }
   const auto number = [this](const char* name, int old, int now) {
@@ -273,30 +270,18 @@ void RtfWriter::change(const Style& from, const Style& to) {
   };
   number("\\cf", from.colour, to.colour);
   number("\\highlight", from.background, to.background);
-  toggle("\\b", from.bold, to.bold);
-  toggle("\\i", from.italic, to.italic);
-  if (from.underline != to.underline) {
-    word(to.underline ? "\\ul" : "\\ulnone");
+  for (size_t i = 0; i < kCharSwitches.size(); ++i) {
+    const bool isOn = to.*kCharSwitches[i];
+    if (isOn != from.*kCharSwitches[i]) {
+      word(isOn ? kSwitchWords[i].on : kSwitchWords[i].off);
+    }
   }
-  toggle("\\strike", from.strikeOut, to.strikeOut);
-  toggle("\\scaps", from.smallCaps, to.smallCaps);
-  toggle("\\caps", from.allCaps, to.allCaps);
   if (from.script != to.script) {
     static constexpr const char* kScripts[] = {"\\nosupersub", "\\sub", "\\super"};
     word(kScripts[static_cast<size_t>(to.script)]);
   }
   number("\\f", from.font, to.font);
   number("\\fs", from.halfPoints, to.halfPoints);
-}
-
-void RtfWriter::toggle(const char* name, bool from, bool to) {
-  if (from == to) {
-    return;
-  }
-  word(name);
-  if (!to) {
-    out_.put("0");
-  }
 }
 
 void RtfWriter::text(QStringView units, const CharFormat& format) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/text/RichText.h"
+#include "core/text/RtfLook.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -41,24 +42,15 @@ class RtfWriter {
 
  private:
   /// A character format in words and table numbers.
-  struct Style {
-    int font = 0;
-    int halfPoints = 0;
-    int colour = 0;
-    int background = 0;
+  struct Style : RtfLook {
     bool isSymbol = false;
-    bool bold = false;
-    bool italic = false;
-    bool underline = false;
-    bool strikeOut = false;
-    bool smallCaps = false;
-    bool allCaps = false;
-    CharFormat::Script script = CharFormat::Script::Normal;
   };
 
   void collectStyles();
   void collectBullets();
   Style styleOf(const CharFormat& format);
+  /// What holds where no word has set anything.
+  static Style plainStyle(int font) { return {{{}, font, 0, 0}}; }
   int fontNumber(const QString& name);
   int colourNumber(const std::optional<quint32>& colour);
   void writeHead();
@@ -71,7 +63,6 @@ class RtfWriter {
   void change(const Style& from, const Style& to);
   void word(const char* name);
   void word(const char* name, int number);
-  void toggle(const char* name, bool from, bool to);
   void units(QStringView units);
   void symbols(QStringView units);
 
@@ -88,6 +79,6 @@ class RtfWriter {
   qsizetype paragraph_ = 0;
   const ParagraphFormat* paragraphFormat_ = nullptr;  ///< In force; none at the start.
   const CharFormat* charFormat_ = nullptr;
-  Style style_;
+  Style style_ = plainStyle(0);
   bool needsBlank_ = false;  ///< A control word was last, and text would run into it.
 };

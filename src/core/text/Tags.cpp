@@ -1,6 +1,7 @@
 #include "core/text/Tags.h"
 
 #include "core/infra/CodePage.h"
+#include "core/infra/Hex.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -49,8 +50,6 @@ QByteArray removeAll(const QByteArray& text, QByteArrayView what) {
   return kept;
 }
 
-constexpr char kHex[] = "0123456789ABCDEF";
-
 /// How a character of Latin-1 is written: up to four bytes, of which `length` count; 0 leaves it to escape().
 struct Escaped {
   std::array<char, 4> bytes{};
@@ -65,7 +64,7 @@ constexpr std::array<Escaped, 256> escapes() {
     if (plain) {
       table[c] = {{static_cast<char>(c)}, 1};
     } else if (c < 0x80 || c >= 0xA0) {
-      table[c] = {{'%', kHex[c >> 4], kHex[c & 0xF]}, 3};
+      table[c] = {{'%', Hex::kUpper[c >> 4], Hex::kUpper[c & 0xF]}, 3};
     }
   }
   return table;
@@ -79,47 +78,23 @@ char* escape(char* out, char16_t unit) {
   *out++ = '%';
   if (byte < 0) {
     *out++ = 'u';
-    *out++ = kHex[unit >> 12];
-    *out++ = kHex[(unit >> 8) & 0xF];
+    *out++ = Hex::kUpper[unit >> 12];
+    *out++ = Hex::kUpper[(unit >> 8) & 0xF];
     unit &= 0xFF;
   }
   const int low = byte < 0 ? unit : byte;
-  *out++ = kHex[low >> 4];
-  *out++ = kHex[low & 0xF];
+  *out++ = Hex::kUpper[low >> 4];
+  *out++ = Hex::kUpper[low & 0xF];
   return out;
-}
-
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') {
-    return c - '0';
-  }
-  const char small = Tags::lowerCase(c);
-  return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
-}
-
-/// The UTF-16 unit of a "%uXXXX" mark at the front, or -1.
-int markedUnit(const char* at, const char* end) {
-  if (end - at < 6 || at[1] != 'u') {
-    return -1;
-  }
-  int unit = 0;
-  for (int i = 2; i < 6; ++i) {
-    const int digit = hexDigit(at[i]);
-    if (digit < 0) {
-      return -1;
-    }
-    unit = unit * 16 + digit;
-  }
-  return unit;
 }
 
 /// Two digits as a hexadecimal number is read from text: the first bad digit ends it.
 int escapedByte(const char* digits) {
-  const int high = hexDigit(digits[0]);
+  const int high = Hex::digit(digits[0]);
   if (high < 0) {
     return 0;
   }
-  const int low = hexDigit(digits[1]);
+  const int low = Hex::digit(digits[1]);
   return low < 0 ? high : high * 16 + low;
 }
 
@@ -155,33 +130,21 @@ char16_t* widen(const char* from, const char* to, char16_t* out) {
   return out + (to - from);
 }
 
-constexpr std::array<qint8, 256> hexDigits() {
-  std::array<qint8, 256> table{};
-  table.fill(-1);
-  for (int i = 0; i < 16; ++i) {
-    table[static_cast<uchar>(kHex[i])] = static_cast<qint8>(i);
-    table[static_cast<uchar>(Tags::lowerCase(kHex[i]))] = static_cast<qint8>(i);
-  }
-  return table;
-}
-
-constexpr std::array<qint8, 256> kHexDigits = hexDigits();
-
 /// One character of an escaped text; the bytes that it took.
 qsizetype decodeOne(const char* at, const char* end, char16_t& unit) {
   if (*at != '%' || end - at < 3) {
     unit = CodePage::toChar(static_cast<uchar>(*at));
     return 1;
   }
-  const qint8 high = kHexDigits[static_cast<uchar>(at[1])];
-  const qint8 low = kHexDigits[static_cast<uchar>(at[2])];
+  const qint8 high = Hex::kDigits[static_cast<uchar>(at[1])];
+  const qint8 low = Hex::kDigits[static_cast<uchar>(at[2])];
   if ((high | low) >= 0) {
     unit = CodePage::toChar(static_cast<uchar>(high << 4 | low));
     return 3;
   }
-  if (const int marked = markedUnit(at, end); marked >= 0) {
+  if (const int marked = Hex::markedUnit(at, end); marked >= 0) {
     unit = static_cast<char16_t>(marked);
-    return 6;
+    return Hex::kMark;
   }
   unit = CodePage::toChar(static_cast<uchar>(escapedByte(at + 1)));
   return 3;

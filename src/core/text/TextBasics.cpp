@@ -67,18 +67,6 @@ QString replaceAll(const QString& text, QStringView what, QStringView with, Qt::
   return replaced.append(QStringView(text).sliced(kept));
 }
 
-QStringView trimmedRight(QStringView text) {
-  while (!text.isEmpty() && text.back() == u' ') {
-    text.chop(1);
-  }
-  return text;
-}
-
-QStringView trimmed(QStringView text) {
-  text = trimmedRight(text);
-  return text.sliced(std::find_if(text.begin(), text.end(), [](QChar c) { return c != u' '; }) - text.begin());
-}
-
 void trimRight(QString& text) {
   text.truncate(trimmedRight(text).size());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/infra/Blanks.h"
 #include "core/infra/CodePage.h"
 
 #include <QString>
@@ -15,9 +16,8 @@ qsizetype find(QStringView text, QStringView what, qsizetype from = 0, Qt::CaseS
 /// Every occurrence replaced, in one pass; an empty `what` replaces nothing.
 QString replaceAll(const QString& text, QStringView what, QStringView with, Qt::CaseSensitivity cs);
 
-/// Blanks are U+0020 alone: tabs and line ends stay.
-QStringView trimmedRight(QStringView text);
-QStringView trimmed(QStringView text);
+using Blanks::trimmed;
+using Blanks::trimmedRight;
 /// The same where the text stands.
 void trimRight(QString& text);
 void trim(QString& text);

@@ -14,10 +14,6 @@ QString::iterator endOf(QString& text, qsizetype count) {
   return count > 0 && count < text.size() ? text.begin() + count : text.end();
 }
 
-int compared(QStringView a, QStringView b) {
-  return TextBasics::trimmed(a).compare(TextBasics::trimmed(b), Qt::CaseInsensitive);
-}
-
 bool isCrap(QChar character) {
   return character == u'\r' || character == u'\n' || character == u' ' || character == u'-';
 }
@@ -79,15 +75,15 @@ void cSharedText::StripDblQuotes(QString& text) const {
 }
 
 bool cSharedText::StringsEqual(QStringView a, QStringView b) const {
-  return compared(a, b) == 0;
+  return Blanks::compare(a, b) == 0;
 }
 
 bool cSharedText::StringLower(QStringView a, QStringView b) const {
-  return compared(a, b) < 0;
+  return Blanks::compare(a, b) < 0;
 }
 
 bool cSharedText::StringHigher(QStringView a, QStringView b) const {
-  return compared(a, b) > 0;
+  return Blanks::compare(a, b) > 0;
 }
 
 qsizetype cSharedText::SubstringLocation(QStringView text, QStringView find, qsizetype start) const {

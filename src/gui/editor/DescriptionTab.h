@@ -1,29 +1,24 @@
 #pragma once
 
-#include <QWidget>
+#include "gui/editor/EditorTab.h"
 
 class MemoEdit;
 class QLineEdit;
-class clsScene;
 
 /// The tab "Description": title and summary of the scene.
-class DescriptionTab : public QWidget {
+class DescriptionTab : public EditorTab {
   Q_OBJECT
 
  public:
   explicit DescriptionTab(QWidget* parent = nullptr);
 
-  void DataToForm(const clsScene& scene);
-  void FormToData(clsScene& scene) const;
-
- Q_SIGNALS:
-  /// The user did something that a save has to take up.
-  void changed();
+  void DataToForm(const clsScene& scene) override;
+  void FormToData(clsScene& scene) const override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  QLineEdit* txtTitle_;
-  MemoEdit* txtDesc_;
+  QLineEdit* txtTitle;
+  MemoEdit* txtDesc;
 };

@@ -1,5 +1,6 @@
 #include "gui/editor/EditorStatusBar.h"
 
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
 
 using namespace Qt::StringLiterals;
@@ -9,9 +10,8 @@ EditorStatusBar::EditorStatusBar(QWidget* parent) : QStatusBar(parent), panels_{
   for (int panel = 1; panel <= static_cast<int>(panels_.size()); ++panel) {
     // A chapter's title may be of any length and must not widen the window.
     const bool stretches = panel == chapterTitle;
-    QLabel* const label = stretches ? new ElidedLabel(this) : new QLabel(this);
-    label->setObjectName(u"StatusBar1(%1)"_s.arg(panel));
-    label->setTextFormat(Qt::PlainText);
+    QLabel* const label = stretches ? new ElidedLabel(this) : makeLabel({}, {}, this);
+    giveName(*label, u"StatusBar1(%1)"_s.arg(panel));
     label->setContentsMargins(6, 0, 6, 0);
     addWidget(label, stretches ? 1 : 0);
     panels_[static_cast<size_t>(panel - 1)] = label;

@@ -1,9 +1,11 @@
 #include "gui/editor/FontBar.h"
 
 #include "core/infra/Numbers.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/RichTextBox.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -33,17 +35,17 @@ class BarCombo : public QComboBox {
 FontBar::FontBar(RichTextBox& text, QWidget* parent)
     : QWidget(parent),
       text_(text),
-      cmbFont_(makeCombo("cmbFont", u"Font"_s)),
-      cmbFontSize_(makeCombo("cmbFontSize", u"Font size"_s)),
-      cmdBold_(makeButton("cmdBold", "bold", u"Bold (Ctrl+B)"_s)),
-      cmdItalic_(makeButton("cmdItalic", "italic", u"Italic (Ctrl+I)"_s)),
-      cmdUnderline_(makeButton("cmdUnderline", "underline", u"Underline (Ctrl+U)"_s)) {
-  cmbFont_->setMinimumContentsLength(18);
-  cmbFontSize_->setMinimumContentsLength(4);
+      cmbFont(makeCombo("cmbFont", u"Font"_s)),
+      cmbFontSize(makeCombo("cmbFontSize", u"Font size"_s)),
+      cmdBold(makeBarButton(u"cmdBold"_s, textIcon("bold"), u"Bold (Ctrl+B)"_s, this)),
+      cmdItalic(makeBarButton(u"cmdItalic"_s, textIcon("italic"), u"Italic (Ctrl+I)"_s, this)),
+      cmdUnderline(makeBarButton(u"cmdUnderline"_s, textIcon("underline"), u"Underline (Ctrl+U)"_s, this)) {
+  cmbFont->setMinimumContentsLength(18);
+  cmbFontSize->setMinimumContentsLength(4);
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   for (QWidget* const control :
-       std::initializer_list<QWidget*>{cmbFont_, cmbFontSize_, cmdBold_, cmdItalic_, cmdUnderline_}) {
+       std::initializer_list<QWidget*>{cmbFont, cmbFontSize, cmdBold, cmdItalic, cmdUnderline}) {
     layout->addWidget(control);
   }
   layout->addStretch();
@@ -53,23 +55,14 @@ FontBar::FontBar(RichTextBox& text, QWidget* parent)
 
 QComboBox* FontBar::makeCombo(const char* name, const QString& tip) {
   auto* combo = new BarCombo(this);
-  combo->setObjectName(QString::fromLatin1(name));
-  combo->setAccessibleName(tip);
+  giveName(*combo, QString::fromLatin1(name), tip);
   combo->setToolTip(tip);
   combo->setEditable(true);
+  combo->lineEdit()->setAccessibleName(tip);
+  combo->view()->setAccessibleName(tip);
   combo->setInsertPolicy(QComboBox::NoInsert);
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   return combo;
-}
-
-QToolButton* FontBar::makeButton(const char* name, const char* iconKey, const QString& tip) {
-  auto* button = new QToolButton(this);
-  button->setObjectName(QString::fromLatin1(name));
-  button->setIcon(icon(iconKey));
-  button->setAccessibleName(tip.section(u' ', 0, 0));
-  button->setToolTip(tip);
-  button->setAutoRaise(true);
-  return button;
 }
 
 void FontBar::connectCombos() {
@@ -83,50 +76,50 @@ void FontBar::connectCombos() {
       }
     });
   };
-  onFinished(cmbFont_, &FontBar::applyFont);
-  onFinished(cmbFontSize_, &FontBar::applyTypedSize);
-  connect(cmbFont_, &QComboBox::textActivated, this, &FontBar::applyFont);
-  connect(cmbFontSize_, &QComboBox::textActivated, this, [this](const QString& size) { applySize(size.toDouble()); });
+  onFinished(cmbFont, &FontBar::applyFont);
+  onFinished(cmbFontSize, &FontBar::applyTypedSize);
+  connect(cmbFont, &QComboBox::textActivated, this, &FontBar::applyFont);
+  connect(cmbFontSize, &QComboBox::textActivated, this, [this](const QString& size) { applySize(size.toDouble()); });
   // What is typed next belongs to the scene.
-  for (QComboBox* const box : {cmbFont_, cmbFontSize_}) {
+  for (QComboBox* const box : {cmbFont, cmbFontSize}) {
     connect(box, &QComboBox::textActivated, &text_, [this] { text_.setFocus(); });
   }
 }
 
 void FontBar::connectButtons() {
-  connect(cmdBold_, &QToolButton::clicked, this, [this] { text_.setSelBold(!text_.SelBold()); });
-  connect(cmdItalic_, &QToolButton::clicked, this, [this] { text_.setSelItalic(!text_.SelItalic()); });
-  connect(cmdUnderline_, &QToolButton::clicked, this, [this] { text_.setSelUnderline(!text_.SelUnderline()); });
-  for (QToolButton* const button : {cmdBold_, cmdItalic_, cmdUnderline_}) {
+  connect(cmdBold, &QToolButton::clicked, this, [this] { text_.setSelBold(!text_.SelBold()); });
+  connect(cmdItalic, &QToolButton::clicked, this, [this] { text_.setSelItalic(!text_.SelItalic()); });
+  connect(cmdUnderline, &QToolButton::clicked, this, [this] { text_.setSelUnderline(!text_.SelUnderline()); });
+  for (QToolButton* const button : {cmdBold, cmdItalic, cmdUnderline}) {
     connect(button, &QToolButton::clicked, &text_, [this] { text_.setFocus(); });
   }
 }
 
 void FontBar::showChoice(const QString& font, const QString& size) {
-  cmbFont_->setEditText(font);
-  cmbFontSize_->setEditText(size);
+  cmbFont->setEditText(font);
+  cmbFontSize->setEditText(size);
 }
 
 void FontBar::fillLists() {
-  const QString font = cmbFont_->currentText();
-  const QString size = cmbFontSize_->currentText();
-  cmbFont_->addItems(QFontDatabase::families());
+  const QString font = cmbFont->currentText();
+  const QString size = cmbFontSize->currentText();
+  cmbFont->addItems(QFontDatabase::families());
   for (const int points : {8, 9, 10, 11, 12, 13, 14, 16, 18, 20, 22, 24, 28, 36, 48, 72}) {
-    cmbFontSize_->addItem(QString::number(points));
+    cmbFontSize->addItem(QString::number(points));
   }
   showChoice(font, size);
 }
 
 void FontBar::applyFont() {
-  if (!cmbFont_->currentText().trimmed().isEmpty()) {
-    text_.setSelFontName(cmbFont_->currentText().trimmed());
+  if (!cmbFont->currentText().trimmed().isEmpty()) {
+    text_.setSelFontName(cmbFont->currentText().trimmed());
   }
 }
 
 void FontBar::applyTypedSize() {
-  const double points = Numbers::Val(cmbFontSize_->currentText());
+  const double points = Numbers::Val(cmbFontSize->currentText());
   if (points < kSmallestSize || points >= kTooLarge) {
-    cmbFontSize_->setEditText(QString::number(text_.SelFontSize()));
+    cmbFontSize->setEditText(QString::number(text_.SelFontSize()));
     return;
   }
   applySize(points);

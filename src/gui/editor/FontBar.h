@@ -21,7 +21,6 @@ class FontBar : public QWidget {
 
  private:
   QComboBox* makeCombo(const char* name, const QString& tip);
-  QToolButton* makeButton(const char* name, const char* iconKey, const QString& tip);
   void connectCombos();
   void connectButtons();
   void applyFont();
@@ -29,9 +28,9 @@ class FontBar : public QWidget {
   void applySize(double points);
 
   RichTextBox& text_;
-  QComboBox* cmbFont_;
-  QComboBox* cmbFontSize_;
-  QToolButton* cmdBold_;
-  QToolButton* cmdItalic_;
-  QToolButton* cmdUnderline_;
+  QComboBox* cmbFont;
+  QComboBox* cmbFontSize;
+  QToolButton* cmdBold;
+  QToolButton* cmdItalic;
+  QToolButton* cmdUnderline;
 };

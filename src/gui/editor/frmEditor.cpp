@@ -2,11 +2,13 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
-#include "gui/editor/DescriptionTab.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
+#include "gui/editor/EditorTab.h"
+#include "gui/editor/EditorTabs.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/TextKeys.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -16,7 +18,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -82,8 +83,7 @@ void frmEditor::createActions() {
 
 void frmEditor::buildLayout() {
   txtMain = new RichTextBox(this);
-  txtMain->setObjectName(u"txtMain"_s);
-  txtMain->setAccessibleName(u"Scene text"_s);
+  giveName(*txtMain, u"txtMain"_s, u"Scene text"_s);
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
   auto* upper = new QWidget(this);
@@ -111,16 +111,14 @@ void frmEditor::buildLayout() {
 QWidget* frmEditor::buildLowerPart() {
   auto* lower = new QWidget(this);
   TabStrip1 = new QTabWidget(lower);
-  TabStrip1->setObjectName(u"TabStrip1"_s);
-  TabStrip1->setAccessibleName(u"Planning data of the scene"_s);
-  description_ = new DescriptionTab(TabStrip1);
-  description_->setObjectName(u"Frame(0)"_s);
-  TabStrip1->addTab(description_, u"Description"_s);
-  TabStrip1->setTabToolTip(0, u"Edit the scene title and description"_s);
+  giveName(*TabStrip1, u"TabStrip1"_s, u"Planning data of the scene"_s);
+  tabs_ = addEditorTabs(*TabStrip1);
 
   auto* buttons = new QVBoxLayout;
-  buttons->addWidget(makeButton("cmdSave", u"Save"_s));
-  buttons->addWidget(makeButton("cmdSaveAndExit", u"Save && Exit"_s));
+  cmdSave = makeButton(u"cmdSave"_s, u"Save"_s);
+  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && Exit"_s);
+  buttons->addWidget(cmdSave);
+  buttons->addWidget(cmdSaveAndExit);
   buttons->addStretch();
   auto* layout = new QHBoxLayout(lower);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -129,21 +127,17 @@ QWidget* frmEditor::buildLowerPart() {
   return lower;
 }
 
-QPushButton* frmEditor::makeButton(const char* name, const QString& caption) {
-  auto* button = new QPushButton(caption, this);
-  button->setObjectName(QString::fromLatin1(name));
-  return button;
-}
-
 void frmEditor::connectSignals() {
   connect(txtMain, &RichTextBox::Changed, this, &frmEditor::textChanged);
-  connect(description_, &DescriptionTab::changed, this, &frmEditor::markDirty);
+  for (const EditorTab* const tab : tabs_) {
+    connect(tab, &EditorTab::changed, this, &frmEditor::markDirty);
+  }
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
-  connect(findChild<QPushButton*>(u"cmdSave"_s), &QPushButton::clicked, this, [this] {
+  connect(cmdSave, &QPushButton::clicked, this, [this] {
     storeWindowSettings();
     SaveChanges(true);
   });
-  connect(findChild<QPushButton*>(u"cmdSaveAndExit"_s), &QPushButton::clicked, this, &frmEditor::saveAndExit);
+  connect(cmdSaveAndExit, &QPushButton::clicked, this, &frmEditor::saveAndExit);
   connect(&TimerWC, &QTimer::timeout, this, &frmEditor::ShowSceneWordCount);
   TimerLoadFonts.setSingleShot(true);
   TimerLoadFonts.setInterval(kLoadFontsMs);
@@ -192,10 +186,7 @@ void frmEditor::setCaption(const QString& title) {
 
 void frmEditor::Show() {
   if (!isMaximized()) {
-    const QPoint last(Twips::toPixels(LastEditorLeft), Twips::toPixels(LastEditorTop));
-    const QScreen* const there = QGuiApplication::screenAt(last);
-    const QRect room = (there != nullptr ? there : screen())->availableGeometry();
-    move(editorPlace(LastEditorLeft, LastEditorTop, size(), room));
+    placeEditor(*this);
   }
   show();
   raise();

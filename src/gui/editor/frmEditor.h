@@ -8,9 +8,10 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
-class DescriptionTab;
 class EditorStatusBar;
+class EditorTab;
 class FontBar;
 class QEventLoop;
 class QPushButton;
@@ -51,7 +52,6 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void createActions();
   void buildLayout();
   QWidget* buildLowerPart();
-  QPushButton* makeButton(const char* name, const QString& caption);
   void connectSignals();
   void readSettings();
   void storeWindowSettings();
@@ -91,6 +91,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   RichTextBox* txtMain = nullptr;
   FontBar* fontBar_ = nullptr;
   QTabWidget* TabStrip1 = nullptr;
-  DescriptionTab* description_ = nullptr;
+  std::vector<EditorTab*> tabs_;
+  QPushButton* cmdSave = nullptr;
+  QPushButton* cmdSaveAndExit = nullptr;
   EditorStatusBar* StatusBar1 = nullptr;
 };

@@ -7,9 +7,9 @@
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
-#include "gui/editor/DescriptionTab.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
+#include "gui/editor/EditorTab.h"
 #include "gui/editor/EditorText.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -53,7 +53,9 @@ void frmEditor::ShowScene() {
 void frmEditor::DataToForm(qint32 id, bool loadText) {
   const auto shown = g_Project->SceneByID(id);
   StatusBar1->setPanel(EditorStatusBar::chapterTitle, g_Project->ChapterByID(shown->BelongsToChID)->Title);
-  description_->DataToForm(*shown);
+  for (EditorTab* const tab : tabs_) {
+    tab->DataToForm(*shown);
+  }
   if (loadText) {
     loadMainText(*shown);
   }
@@ -71,7 +73,9 @@ void frmEditor::loadMainText(const clsScene& from) {
 
 void frmEditor::FormToData(clsScene& into) {
   TimerWC.stop();
-  description_->FormToData(into);
+  for (const EditorTab* const tab : tabs_) {
+    tab->FormToData(into);
+  }
   RichText text = txtMain->richText();
   ResetFontColour(text, colours_.textColour());
   into.setTextRTF(writeRtf(text));
@@ -93,8 +97,8 @@ void frmEditor::ShowSceneWordCount() {
     for (const qint32 id : g_Project->ChapterByID(scene()->BelongsToChID)->SceneIDs()) {
       total += id == SceneID ? 0 : g_Project->SceneByID(id)->Wordcount();
     }
-    StatusBar1->setPanel(EditorStatusBar::sceneWords, u"Scene: %1 words"_s.arg(words));
-    StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %1 words"_s.arg(total));
+    StatusBar1->setPanel(EditorStatusBar::sceneWords, u"Scene: %L1 words"_s.arg(words));
+    StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %L1 words"_s.arg(total));
   }
   TimerWC.start(kWordCountMs);
 }

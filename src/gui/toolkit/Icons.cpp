@@ -1,7 +1,11 @@
 #include "gui/toolkit/Icons.h"
 
+#include "gui/toolkit/TintedIcon.h"
+
 #include <QFile>
+#include <QGuiApplication>
 #include <QHash>
+#include <QPalette>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +22,11 @@ QIcon load(const QString& key) {
   return QFile::exists(path) ? QIcon(path) : QIcon();
 }
 
+std::optional<QColor> tintOfText(QIcon::Mode mode) {
+  const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+  return QGuiApplication::palette().color(group, QPalette::ButtonText);
+}
+
 }  // namespace
 
 QIcon icon(const char* key) {
@@ -28,4 +37,8 @@ QIcon icon(const char* key) {
     found = known.insert(name, load(name));
   }
   return *found;
+}
+
+QIcon textIcon(const char* key) {
+  return tinted(icon(key), tintOfText);
 }

@@ -6,3 +6,6 @@
 /// "edit", "note", "notes", "goal", "viewpoint", "character", "location", "item", "bold", "italic", "underline"
 /// and "quillane", the program's own. Kept once made. Null for a key that isn't in the set.
 QIcon icon(const char* key);
+
+/// The same in the colour of the text of buttons: for signs that stand among text and have to read as well.
+QIcon textIcon(const char* key);

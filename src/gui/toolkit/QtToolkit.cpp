@@ -103,9 +103,9 @@ using FileDialog = OverActiveWindow<QFileDialog>;
 void prepare(const FileDialog& dialog, const FileQuestion& question) {
   dialog->setWindowTitle(question.title);
   dialog->setNameFilters(nameFilters(question.filter));
-  if (!question.folder.isEmpty()) {
-    dialog->setDirectory(question.folder);
-  }
+  // Without a folder that is there the dialog would begin where the program was started.
+  const bool known = !question.folder.isEmpty() && QFileInfo(question.folder).isDir();
+  dialog->setDirectory(known ? question.folder : Paths::documentsFolder());
   if (!question.defaultName.isEmpty()) {
     dialog->selectFile(question.defaultName);
   }

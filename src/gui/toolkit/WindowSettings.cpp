@@ -23,11 +23,11 @@ double WindowSettings::height() const {
 }
 
 double WindowSettings::screenWidth() const {
-  return Twips::fromPixels(window_.screen()->geometry().width());
+  return Twips::fromPixels(window_.screen()->availableGeometry().width());
 }
 
 double WindowSettings::screenHeight() const {
-  return Twips::fromPixels(window_.screen()->geometry().height());
+  return Twips::fromPixels(window_.screen()->availableGeometry().height());
 }
 
 void WindowSettings::setWidth(double twips) {

@@ -1,5 +1,6 @@
 #include "gui/toolkit/cSharedProgress.h"
 
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/InputShield.h"
 
 #include <QApplication>
@@ -45,9 +46,7 @@ void cSharedProgress::build() {
   window_->setObjectName(u"cSharedProgress"_s);
   window_->setWindowTitle(u"Quillane"_s);
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
-  lblCaption_ = new QLabel(window_);
-  lblCaption_->setObjectName(u"lblCaption"_s);
-  lblCaption_->setTextFormat(Qt::PlainText);
+  lblCaption = makeLabel(u"lblCaption"_s, {}, window_);
   auto* bar = new QProgressBar(window_);
   bar->setRange(0, 0);
   bar->setTextVisible(false);
@@ -55,7 +54,7 @@ void cSharedProgress::build() {
   bar->setMinimumWidth(window_->fontMetrics().averageCharWidth() * kWidthInChars);
   auto* layout = new QVBoxLayout(window_);
   layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
-  layout->addWidget(lblCaption_);
+  layout->addWidget(lblCaption);
   layout->addWidget(bar);
   if (stop_) {
     addStop(*layout);
@@ -77,7 +76,7 @@ void cSharedProgress::Show() {
   if (!window_) {
     build();
   }
-  lblCaption_->setText(caption_);
+  lblCaption->setText(caption_);
   window_->show();
   window_->raise();
 }
@@ -95,6 +94,6 @@ void cSharedProgress::Hide() {
 void cSharedProgress::setCaption(const QString& caption) {
   caption_ = caption;
   if (window_ && window_->isVisible()) {
-    lblCaption_->setText(caption);
+    lblCaption->setText(caption);
   }
 }

@@ -6,6 +6,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
+#include "gui/toolkit/Controls.h"
 
 #include <QApplication>
 #include <QDir>
@@ -30,30 +31,17 @@ namespace {
 constexpr int kTextWidthInLetters = 80;
 const QString kReportName = u"FullLog.txt"_s;
 
-QPlainTextEdit* makeText(const QString& name, const QString& accessibleName, int lines, QWidget* parent) {
-  auto* text = new QPlainTextEdit(parent);
-  text->setObjectName(name);
-  text->setAccessibleName(accessibleName);
-  text->setTabChangesFocus(true);
-  const QFontMetrics metrics = text->fontMetrics();
-  text->setMinimumHeight(metrics.lineSpacing() * lines + 2 * text->frameWidth() + metrics.lineSpacing() / 2);
-  // The pane is as high as its lines ask for, and grows with the window.
-  text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-  text->setMinimumWidth(metrics.averageCharWidth() * kTextWidthInLetters);
-  return text;
+/// The text is as high as its lines ask for, and grows with the window.
+void giveRoom(QPlainTextEdit& text, int lines) {
+  const QFontMetrics metrics = text.fontMetrics();
+  text.setMinimumHeight(metrics.lineSpacing() * lines + 2 * text.frameWidth() + metrics.lineSpacing() / 2);
+  text.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  text.setMinimumWidth(metrics.averageCharWidth() * kTextWidthInLetters);
 }
 
-QPlainTextEdit* makeReadOnlyText(const QString& name, const QString& accessibleName, int lines, QWidget* parent) {
-  QPlainTextEdit* text = makeText(name, accessibleName, lines, parent);
-  text->setReadOnly(true);
-  text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  return text;
-}
-
-QPushButton* makeButton(const QString& name, const QString& caption, QWidget* parent) {
-  auto* button = new QPushButton(caption, parent);
-  button->setObjectName(name);
-  button->setAccessibleName(caption);
+/// Enter presses the default button alone, wherever the keyboard is.
+QPushButton* makePlainButton(const QString& name, const QString& caption, QWidget* parent) {
+  QPushButton* button = makeButton(name, caption, parent);
   button->setAutoDefault(false);
   return button;
 }
@@ -89,8 +77,8 @@ fSHAREDErrorRpt::fSHAREDErrorRpt(ErrorReport report, QString helpTopic, QWidget*
   createControls();
   buildLayout();
   connectSignals();
-  cmdExit_->setDefault(true);
-  cmdExit_->setFocus();
+  cmdExit->setDefault(true);
+  cmdExit->setFocus();
 }
 
 void fSHAREDErrorRpt::run(const QString& text, const QString& helpTopic) {
@@ -105,32 +93,33 @@ void fSHAREDErrorRpt::run(const QString& text, const QString& helpTopic) {
 }
 
 void fSHAREDErrorRpt::createControls() {
-  lblError_ = new QLabel(u"An error has ocurred:"_s, this);
-  lblError_->setObjectName(u"lblError"_s);
-  txtError_ = makeReadOnlyText(u"txtError"_s, u"Error"_s, 3, this);
-  txtError_->setPlainText(report_.error);
-  lblError_->setBuddy(txtError_);
+  lblError = makeLabel(u"lblError"_s, u"An error has ocurred:"_s, this);
+  txtError = makeReadOnlyText(u"txtError"_s, u"Error"_s, this);
+  giveRoom(*txtError, 3);
+  txtError->setPlainText(report_.error);
+  lblError->setBuddy(txtError);
 
-  txtUserMessage_ = makeText(u"txtUserMessage"_s, u"Your own comments"_s, 4, this);
-  fraUserMessage_ = makeHiddenFrame(u"fraUserMessage"_s, u"Enter your own comments here"_s, txtUserMessage_, this);
-  txtLog_ = makeReadOnlyText(u"txtLog"_s, u"Log file"_s, 8, this);
-  txtLog_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  txtLog_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  txtLog_->setPlainText(report_.log);
-  fraLog_ = makeHiddenFrame(u"fraLog"_s, u"Log File"_s, txtLog_, this);
+  txtUserMessage = makeTextEdit(u"txtUserMessage"_s, u"Your own comments"_s, this);
+  giveRoom(*txtUserMessage, 4);
+  fraUserMessage = makeHiddenFrame(u"fraUserMessage"_s, u"Enter your own comments here"_s, txtUserMessage, this);
+  txtLog = makeReadOnlyText(u"txtLog"_s, u"Log file"_s, this);
+  giveRoom(*txtLog, 8);
+  txtLog->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  txtLog->setLineWrapMode(QPlainTextEdit::NoWrap);
+  txtLog->setPlainText(report_.log);
+  fraLog = makeHiddenFrame(u"fraLog"_s, u"Log File"_s, txtLog, this);
 
-  lblNotice_ = new QLabel(this);
-  lblNotice_->setObjectName(u"lblNotice"_s);
-  lblNotice_->setWordWrap(true);
-  lblNotice_->hide();
+  lblNotice = makeLabel(u"lblNotice"_s, {}, this);
+  lblNotice->setWordWrap(true);
+  lblNotice->hide();
 
-  cmdShowComments_ = makeButton(u"cmdShowComments"_s, u"Enter Comments"_s, this);
-  cmdViewLog_ = makeButton(u"cmdViewLog"_s, u"View Log File"_s, this);
-  cmdViewReport_ = makeButton(u"cmdViewReport"_s, u"View Error Report"_s, this);
-  cmdViewReport_->setToolTip(u"If 'Submit Error' doesn't work, click here"_s);
-  cmdEmail_ = makeButton(u"cmdEmail"_s, u"Submit Error Report"_s, this);
-  cmdHelp_ = makeButton(u"cmdHelp"_s, u"Help"_s, this);
-  cmdExit_ = makeButton(u"cmdExit"_s, u"Exit"_s, this);
+  cmdShowComments = makePlainButton(u"cmdShowComments"_s, u"Enter Comments"_s, this);
+  cmdViewLog = makePlainButton(u"cmdViewLog"_s, u"View Log File"_s, this);
+  cmdViewReport = makePlainButton(u"cmdViewReport"_s, u"View Error Report"_s, this);
+  cmdViewReport->setToolTip(u"If 'Submit Error' doesn't work, click here"_s);
+  cmdEmail = makePlainButton(u"cmdEmail"_s, u"Submit Error Report"_s, this);
+  cmdHelp = makePlainButton(u"cmdHelp"_s, u"Help"_s, this);
+  cmdExit = makePlainButton(u"cmdExit"_s, u"Exit"_s, this);
 }
 
 void fSHAREDErrorRpt::buildLayout() {
@@ -141,32 +130,32 @@ void fSHAREDErrorRpt::buildLayout() {
 
   auto* head = new QHBoxLayout;
   head->addWidget(picture);
-  head->addWidget(lblError_, 1);
+  head->addWidget(lblError, 1);
 
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  for (QPushButton* button : {cmdShowComments_, cmdViewLog_, cmdViewReport_, cmdEmail_, cmdHelp_, cmdExit_}) {
+  for (QPushButton* button : {cmdShowComments, cmdViewLog, cmdViewReport, cmdEmail, cmdHelp, cmdExit}) {
     buttons->addWidget(button);
   }
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(head);
-  layout->addWidget(txtError_, 1);
-  layout->addWidget(fraUserMessage_, 1);
-  layout->addWidget(fraLog_, 2);
-  layout->addWidget(lblNotice_);
+  layout->addWidget(txtError, 1);
+  layout->addWidget(fraUserMessage, 1);
+  layout->addWidget(fraLog, 2);
+  layout->addWidget(lblNotice);
   layout->addLayout(buttons);
 }
 
 void fSHAREDErrorRpt::connectSignals() {
-  connect(cmdShowComments_, &QPushButton::clicked, this,
-          [this] { reveal(fraUserMessage_, cmdShowComments_, txtUserMessage_); });
-  connect(cmdViewLog_, &QPushButton::clicked, this, [this] { reveal(fraLog_, cmdViewLog_, txtLog_); });
-  connect(txtUserMessage_, &QPlainTextEdit::textChanged, this, [this] { report_.commented = true; });
-  connect(cmdViewReport_, &QPushButton::clicked, this, &fSHAREDErrorRpt::viewReport);
-  connect(cmdEmail_, &QPushButton::clicked, this, &fSHAREDErrorRpt::submit);
-  connect(cmdHelp_, &QPushButton::clicked, this, [this] { HelpFile::open(helpTopic_); });
-  connect(cmdExit_, &QPushButton::clicked, this, &QDialog::accept);
+  connect(cmdShowComments, &QPushButton::clicked, this,
+          [this] { reveal(fraUserMessage, cmdShowComments, txtUserMessage); });
+  connect(cmdViewLog, &QPushButton::clicked, this, [this] { reveal(fraLog, cmdViewLog, txtLog); });
+  connect(txtUserMessage, &QPlainTextEdit::textChanged, this, [this] { report_.commented = true; });
+  connect(cmdViewReport, &QPushButton::clicked, this, &fSHAREDErrorRpt::viewReport);
+  connect(cmdEmail, &QPushButton::clicked, this, &fSHAREDErrorRpt::submit);
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { HelpFile::open(helpTopic_); });
+  connect(cmdExit, &QPushButton::clicked, this, &QDialog::accept);
 }
 
 void fSHAREDErrorRpt::reject() {
@@ -183,7 +172,7 @@ void fSHAREDErrorRpt::reveal(QGroupBox* frame, QPushButton* button, QPlainTextEd
 }
 
 const ErrorReport& fSHAREDErrorRpt::withComment() {
-  report_.comment = txtUserMessage_->toPlainText().replace(u'\n', u"\r\n"_s);
+  report_.comment = txtUserMessage->toPlainText().replace(u'\n', u"\r\n"_s);
   return report_;
 }
 
@@ -204,14 +193,14 @@ void fSHAREDErrorRpt::viewReport() {
   }
   if (!written || !Files().RunFile(path)) {
     Logging().AddDebug(u"The report could not be shown"_s, u"cmdViewReport_Click"_s, u"fSHAREDErrorRpt"_s);
-    lblNotice_->setText(written ? u"The report was written to %1."_s.arg(path) : u"The report could not be written."_s);
-    lblNotice_->show();
+    lblNotice->setText(written ? u"The report was written to %1."_s.arg(path) : u"The report could not be written."_s);
+    lblNotice->show();
   }
 }
 
 void fSHAREDErrorRpt::tellByHand() {
-  lblNotice_->setText(
-      u"No mail program could be started. Click '%1' to send the report by hand."_s.arg(cmdViewReport_->text()));
-  lblNotice_->show();
-  cmdViewReport_->setFocus();
+  lblNotice->setText(
+      u"No mail program could be started. Click '%1' to send the report by hand."_s.arg(cmdViewReport->text()));
+  lblNotice->show();
+  cmdViewReport->setFocus();
 }

@@ -2,6 +2,7 @@
 
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedGetDate.h"
+#include "gui/toolkit/Controls.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -24,30 +25,15 @@ using Outcome = DateEntry::Outcome;
 
 namespace {
 
-QLineEdit* makeField(const QString& name, const QString& accessibleName, Box box, QWidget* parent) {
-  auto* field = new QLineEdit(parent);
-  field->setObjectName(name);
-  field->setAccessibleName(accessibleName);
-  field->setToolTip(accessibleName);
+QLineEdit* makeField(const QString& name, const QString& spokenName, Box box, QWidget* parent) {
+  QLineEdit* field = makeLineEdit(name, spokenName, parent);
+  field->setToolTip(spokenName);
   field->setMaxLength(DateEntry::maxLength(box));
   field->setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), field));
   field->setAlignment(Qt::AlignCenter);
   const int digits = field->fontMetrics().horizontalAdvance(u'0') * (DateEntry::maxLength(box) + 2);
   field->setFixedWidth(digits + field->sizeHint().height() / 2);
   return field;
-}
-
-QLabel* makeLabel(const QString& name, const QString& text, QWidget* parent) {
-  auto* label = new QLabel(text, parent);
-  label->setObjectName(name);
-  return label;
-}
-
-QPushButton* makeButton(const QString& name, const QString& caption, QWidget* parent) {
-  auto* button = new QPushButton(caption, parent);
-  button->setObjectName(name);
-  button->setAccessibleName(caption);
-  return button;
 }
 
 /// The focus that another window or a menu takes comes back by itself.
@@ -107,32 +93,32 @@ void fSHAREDGetDate::createControls() {
   boxes_ = {makeField(u"txtField(0)"_s, monthFirst ? u"Month"_s : u"Day"_s, DateEntry::First, this),
             makeField(u"txtField(1)"_s, monthFirst ? u"Day"_s : u"Month"_s, DateEntry::Second, this),
             makeField(u"txtYear"_s, u"Year"_s, DateEntry::Year, this)};
-  lblSlash_ = {makeLabel(u"lblSlash(0)"_s, entry_.separator(), this),
-               makeLabel(u"lblSlash(1)"_s, entry_.separator(), this)};
-  lblFormatString_ = makeLabel(u"lblFormatString"_s, entry_.orderString(), this);
-  lblDate_ = makeLabel(u"lblDate"_s, {}, this);
-  lblDate_->hide();
-  cmdAccept_ = makeButton(u"cmdAccept"_s, u"OK"_s, this);
-  cmdAccept_->setDefault(true);
-  cmdAbort_ = makeButton(u"cmdAbort"_s, u"Cancel"_s, this);
+  lblSlash = {makeLabel(u"lblSlash(0)"_s, entry_.separator(), this),
+              makeLabel(u"lblSlash(1)"_s, entry_.separator(), this)};
+  lblFormatString = makeLabel(u"lblFormatString"_s, entry_.orderString(), this);
+  lblDate = makeLabel(u"lblDate"_s, {}, this);
+  lblDate->hide();
+  cmdAccept = makeButton(u"cmdAccept"_s, u"OK"_s, this);
+  cmdAccept->setDefault(true);
+  cmdAbort = makeButton(u"cmdAbort"_s, u"Cancel"_s, this);
 }
 
 void fSHAREDGetDate::buildLayout() {
   auto* fields = new QHBoxLayout;
   fields->addStretch();
   fields->addWidget(boxes_[DateEntry::First]);
-  fields->addWidget(lblSlash_[0]);
+  fields->addWidget(lblSlash[0]);
   fields->addWidget(boxes_[DateEntry::Second]);
-  fields->addWidget(lblSlash_[1]);
+  fields->addWidget(lblSlash[1]);
   fields->addWidget(boxes_[DateEntry::Year]);
   fields->addSpacing(fontMetrics().averageCharWidth() * 2);
-  fields->addWidget(lblFormatString_);
+  fields->addWidget(lblFormatString);
   fields->addStretch();
 
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  buttons->addWidget(cmdAccept_);
-  buttons->addWidget(cmdAbort_);
+  buttons->addWidget(cmdAccept);
+  buttons->addWidget(cmdAbort);
 
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(fields);
@@ -148,8 +134,8 @@ void fSHAREDGetDate::connectSignals() {
     connect(boxes_[box], &QLineEdit::textChanged, this,
             [this, box](const QString& text) { entry_.setText(box, text); });
   }
-  connect(cmdAccept_, &QPushButton::clicked, this, [this] { press(Key::Accept); });
-  connect(cmdAbort_, &QPushButton::clicked, this, [this] { press(Key::Cancel); });
+  connect(cmdAccept, &QPushButton::clicked, this, [this] { press(Key::Accept); });
+  connect(cmdAbort, &QPushButton::clicked, this, [this] { press(Key::Cancel); });
 }
 
 bool fSHAREDGetDate::eventFilter(QObject* watched, QEvent* event) {
@@ -239,7 +225,7 @@ void fSHAREDGetDate::showTexts() {
       boxes_[box]->setText(entry_.text(box));
     }
   }
-  lblDate_->setText(entry_.joined());
+  lblDate->setText(entry_.joined());
 }
 
 void fSHAREDGetDate::focusBox(Box box) {

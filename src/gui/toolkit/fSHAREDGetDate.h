@@ -44,9 +44,9 @@ class fSHAREDGetDate : public QDialog {
   DateEntry& entry_;
   bool closing_ = false;
   std::array<QLineEdit*, 3> boxes_{};
-  std::array<QLabel*, 2> lblSlash_{};
-  QLabel* lblFormatString_ = nullptr;
-  QLabel* lblDate_ = nullptr;
-  QPushButton* cmdAccept_ = nullptr;
-  QPushButton* cmdAbort_ = nullptr;
+  std::array<QLabel*, 2> lblSlash{};
+  QLabel* lblFormatString = nullptr;
+  QLabel* lblDate = nullptr;
+  QPushButton* cmdAccept = nullptr;
+  QPushButton* cmdAbort = nullptr;
 };

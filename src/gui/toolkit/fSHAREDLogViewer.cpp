@@ -4,6 +4,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
+#include "gui/toolkit/Controls.h"
 
 #include <QFontDatabase>
 #include <QPlainTextEdit>
@@ -21,19 +22,14 @@ constexpr int kHeightInLines = 32;
 fSHAREDLogViewer::fSHAREDLogViewer(QWidget* parent) : QDialog(parent) {
   setObjectName(u"fSHAREDLogViewer"_s);
   setWindowFlag(Qt::WindowMinMaxButtonsHint);
-  txtLog_ = new QPlainTextEdit(this);
-  txtLog_->setObjectName(u"txtLog"_s);
-  txtLog_->setAccessibleName(u"Log file"_s);
-  txtLog_->setReadOnly(true);
-  txtLog_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  txtLog_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  txtLog_->setTabChangesFocus(true);
-  txtLog_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  txtLog_->setFrameShape(QFrame::NoFrame);
+  txtLog = makeReadOnlyText(u"txtLog"_s, u"Log file"_s, this);
+  txtLog->setLineWrapMode(QPlainTextEdit::NoWrap);
+  txtLog->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  txtLog->setFrameShape(QFrame::NoFrame);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(txtLog_);
-  const QFontMetrics metrics = txtLog_->fontMetrics();
+  layout->addWidget(txtLog);
+  const QFontMetrics metrics = txtLog->fontMetrics();
   resize(metrics.averageCharWidth() * kWidthInLetters, metrics.lineSpacing() * kHeightInLines);
   load();
 }
@@ -52,6 +48,6 @@ void fSHAREDLogViewer::load() {
   QByteArray log;
   Files().LoadTextFile(path, log);
   setWindowTitle(path);
-  txtLog_->setPlainText(CodePage::fromMarkedBytes(log));
-  txtLog_->moveCursor(QTextCursor::End);
+  txtLog->setPlainText(CodePage::fromMarkedBytes(log));
+  txtLog->moveCursor(QTextCursor::End);
 }

@@ -17,5 +17,5 @@ class fSHAREDLogViewer : public QDialog {
  private:
   void load();
 
-  QPlainTextEdit* txtLog_ = nullptr;
+  QPlainTextEdit* txtLog = nullptr;
 };

@@ -2,12 +2,14 @@
 
 #include "core/infra/Toolkit.h"
 #include "core/infra/clsHashTable.h"
+#include "gui/toolkit/Controls.h"
 
 #include <QAbstractTableModel>
 #include <QCollator>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLocale>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -59,7 +61,7 @@ class frmWordCount::Rows : public QAbstractTableModel {
     const WordUsage& row = usage_[static_cast<size_t>(index.row())];
     switch (role) {
       case Qt::DisplayRole:
-        return index.column() == kWord ? QVariant(row.word) : QVariant(QString::number(row.count));
+        return index.column() == kWord ? QVariant(row.word) : QVariant(QLocale().toString(row.count));
       case Qt::TextAlignmentRole:
         return alignmentOf(index.column());
       default:
@@ -142,8 +144,7 @@ frmWordCount::frmWordCount(QWidget* parent) : QDialog(parent), rows_(new Rows(th
 
 void frmWordCount::buildLayout() {
   ListView1 = new QTreeView(this);
-  ListView1->setObjectName(u"ListView1"_s);
-  ListView1->setAccessibleName(u"Words and how often they are used"_s);
+  giveName(*ListView1, u"ListView1"_s, u"Words and how often they are used"_s);
   ListView1->setModel(rows_);
   ListView1->setRootIsDecorated(false);
   ListView1->setItemsExpandable(false);
@@ -157,8 +158,7 @@ void frmWordCount::buildLayout() {
   header->setSectionsClickable(true);
   connect(header, &QHeaderView::sectionClicked, this, &frmWordCount::ListView1_ColumnClick);
 
-  lblInfo = new QLabel(this);
-  lblInfo->setObjectName(u"lblInfo"_s);
+  lblInfo = makeLabel(u"lblInfo"_s, {}, this);
   lblInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -174,7 +174,7 @@ void frmWordCount::buildLayout() {
 void frmWordCount::FillForm(const clsHashTable& table, bool sortByCount) {
   toolkit().setPointer(Pointer::Busy);
   rows_->fill(table);
-  lblInfo->setText(u"Total words: %1 Unique: %2"_s.arg(rows_->total()).arg(rows_->rowCount()));
+  lblInfo->setText(u"Total words: %L1 Unique: %L2"_s.arg(rows_->total()).arg(rows_->rowCount()));
   ListView1->header()->setSortIndicatorShown(false);
   if (sortByCount) {
     ascending_ = false;

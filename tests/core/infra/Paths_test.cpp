@@ -50,3 +50,11 @@ TEST(Paths, InstalledFilesAreFoundBesideTheDataFirst) {
   EXPECT_EQ(Paths::installed(u"missing"_s), program + u"missing"_s);
   Paths::overrideFolders(former);
 }
+
+TEST(Paths, DocumentsAreAtHomeWhereTheyHaveNoFolder) {
+  const QString home = QDir::homePath() + Paths::separator();
+  EXPECT_EQ(Paths::documentsFolder(), home);
+  ASSERT_TRUE(QDir(home).mkdir(u"Documents"_s));
+  EXPECT_EQ(Paths::documentsFolder(), home + u"Documents"_s + Paths::separator());
+  QDir(home).rmdir(u"Documents"_s);
+}

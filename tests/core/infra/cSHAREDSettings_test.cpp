@@ -39,13 +39,15 @@ class FakeWindow : public SettingsWindow {
   State now = State::Normal;
   double wide = 6000;
   double high = 4000;
+  /// It becomes no wider than this.
+  double room = 1e9;
 
   State state() const override { return now; }
   double width() const override { return wide; }
   double height() const override { return high; }
   double screenWidth() const override { return 20000; }
   double screenHeight() const override { return 15000; }
-  void setWidth(double twips) override { wide = twips; }
+  void setWidth(double twips) override { wide = std::min(twips, room); }
   void setHeight(double twips) override { high = twips; }
   void maximise() override { now = State::Maximised; }
 };
@@ -344,6 +346,31 @@ TEST(cSHAREDSettings, ANearlyFullScreenSizeIsMaximised) {
   EXPECT_EQ(restoredState(19001, 14251), SettingsWindow::State::Maximised);
   EXPECT_EQ(restoredState(19001, 14250), SettingsWindow::State::Normal);
   EXPECT_EQ(restoredState(u"junk"_s, -99999), SettingsWindow::State::Normal);
+
+  // What was stored counts, not what the window could be made.
+  settings.sSet(u"fWindowWidth"_s, 30000);
+  settings.sSet(u"fWindowHeight"_s, 15000);
+  FakeWindow narrow;
+  narrow.room = 18000;
+  settings.ReadWindowSettings(u"f"_s, narrow);
+  EXPECT_EQ(narrow.wide, 18000);
+  EXPECT_EQ(narrow.now, SettingsWindow::State::Maximised);
+}
+
+TEST(cSHAREDSettings, AMaximisedWindowKeepsItsNormalSizeThroughAnyNumberOfStarts) {
+  cSHAREDSettings settings;
+  settings.sSet(u"fWindowWidth"_s, 30000);
+  settings.sSet(u"fWindowHeight"_s, 15000);
+  for (int start = 0; start < 4; ++start) {
+    FakeWindow window;
+    window.room = 18000;
+    settings.ReadWindowSettings(u"f"_s, window);
+    EXPECT_EQ(window.now, SettingsWindow::State::Maximised) << start;
+    settings.StoreWindowSettings(u"f"_s, window);
+    settings = loaded(saved(settings));
+  }
+  EXPECT_EQ(Numbers::ToInt(settings.sGet(u"fWindowWidth"_s)), 30000);
+  EXPECT_EQ(Numbers::ToInt(settings.sGet(u"fWindowHeight"_s)), 15000);
 }
 
 TEST(cSHAREDSettings, ColumnWidthsAreKeptByNumber) {

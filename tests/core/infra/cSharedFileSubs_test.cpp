@@ -433,3 +433,35 @@ TEST(cSharedFileSubs, LongListingsYieldToTheWindow) {
   EXPECT_GT(Files().DiskFree(folder.path(u"missing/x"_s)), 0);
   EXPECT_GE(Files().DiskSize(folder.path()), Files().DiskFree(folder.path()));
 }
+
+TEST(cSharedFileSubs, AProgramIsRunAndADocumentOpened) {
+  const ScratchFolder folder;
+  const auto file = [&](const QString& name, const QByteArray& content, bool mayRun) {
+    Files().WriteTextFile(folder.path(name), content);
+    if (mayRun) {
+      QFile(folder.path(name)).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    return folder.path(name);
+  };
+  const QString script = file(u"a tool"_s, "#!/bin/sh\n", true);
+  const QString text = file(u"notes.txt"_s, "Anna leaves", true);
+  const QString guarded = file(u"a script"_s, "#!/bin/sh\n", false);
+  const QString shell = QFileInfo(u"/bin/sh"_s).absoluteFilePath();
+  const QString missing = folder.path(u"missing"_s);
+  ScriptedToolkit person;
+  for (const QString& path : {script, text, guarded, shell, missing, u"no-such-program"_s}) {
+    Files().RunFile(path);
+  }
+  EXPECT_EQ(person.programsRun, QStringList({script, shell}));
+  EXPECT_EQ(person.openedDocuments, QStringList({text, guarded, missing, u"no-such-program"_s}));
+  person.programsRun.clear();
+  EXPECT_TRUE(Files().RunFile(u"sh"_s));
+  EXPECT_TRUE(person.programsRun.value(0).endsWith(u"/sh"_s));
+  EXPECT_TRUE(Files().RunFileWithParam(script, u"two words"_s));
+  EXPECT_EQ(person.programsRun.last(), script + u" two words"_s);
+  EXPECT_TRUE(Files().RunFileHidden(script));
+  person.openedDocuments.clear();
+  Files().RunFileHidden(text);
+  Files().RunFileWithParam(text, u"x"_s);
+  EXPECT_EQ(person.openedDocuments, QStringList({text, text}));
+}

@@ -10,7 +10,7 @@ namespace {
 
 using Alignment = ParagraphFormat::Alignment;
 
-const CharFormat kBold{.bold = true};
+const CharFormat kBold{{.bold = true}};
 const ParagraphFormat kCentred{.alignment = Alignment::Centre};
 
 /// "plain bold" CR LF "second", the second paragraph centred.

@@ -195,7 +195,7 @@ TEST(Rtf, KeepsFormats) {
   EXPECT_EQ(second.background, 0x030201U);
   EXPECT_EQ(text.charFormatAt(2).script, CharFormat::Script::Superscript);
   EXPECT_FALSE(text.charFormatAt(2).bold);
-  EXPECT_EQ(text.charFormatAt(5), (CharFormat{.fontName = u"宋体"_s}));
+  EXPECT_EQ(text.charFormatAt(5), (CharFormat{{}, u"宋体"_s}));
   EXPECT_EQ(text.paragraphFormatAt(0).firstIndent, -200);
   EXPECT_EQ(text.paragraphFormatAt(0).leftIndent, 400);
   EXPECT_EQ(text.paragraphFormatAt(0).tabStops, (QList<TabStop>{{500, TabStop::Kind::Right}}));

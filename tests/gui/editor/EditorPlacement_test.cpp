@@ -1,10 +1,15 @@
 #include "gui/editor/EditorPlacement.h"
 
-#include <gtest/gtest.h>
+#include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/EditorWindow.h"
+#include "gui/toolkit/Twips.h"
+
+#include <QGuiApplication>
+#include <QScreen>
 
 namespace {
 
-constexpr QRect kScreen(0, 0, 1000, 800);
+constexpr QRect kRoom(0, 0, 1000, 800);
 constexpr QSize kWindow(600, 400);
 
 struct PlaceCase {
@@ -18,22 +23,47 @@ TEST(EditorPlacement, AWindowStandsWhereTheLastOneStoodElseInTheMiddle) {
       {0, 0, {200, 200}},          // never saved
       {1500, 750, {100, 50}},      // as it was
       {1500, -30, {100, 200}},     // each direction for itself
-      {15000, 11985, {200, 799}},  // the screen's edge is off the screen
-      {14985, 12000, {999, 200}},
+      {15000, 11985, {200, 400}},  // the screen's edge is off the screen
+      {14985, 12000, {800, 200}},  // as far out as it can be taken hold of
   };
   for (const PlaceCase& one : cases) {
-    EXPECT_EQ(editorPlace(one.left, one.top, kWindow, kScreen), one.expected) << one.left << ' ' << one.top;
+    EXPECT_EQ(editorPlace(one.left, one.top, kWindow, kRoom), QRect(one.expected, kWindow)) << one.left;
   }
 }
 
-TEST(EditorPlacement, AWindowLargerThanTheScreenShowsItsCorner) {
-  EXPECT_EQ(editorPlace(0, 0, {1200, 900}, kScreen), QPoint(0, 0));
+TEST(EditorPlacement, AWindowIsInTheRoomThatTheScreenHas) {
+  // Panels at the top and on the left, a second screen, a small one.
+  for (const QRect& room : {QRect(60, 30, 940, 770), QRect(1000, 200, 1280, 900), QRect(-1280, 0, 640, 480)}) {
+    for (const QSize& window : {kWindow, QSize(1200, 300), QSize(3000, 3000)}) {
+      for (const double last : {0.0, 15.0, 450.0, 9000.0, 16500.0, 60000.0}) {
+        const QRect place = editorPlace(last, last, window, room);
+        EXPECT_EQ(place.size(), window.boundedTo(room.size()));
+        EXPECT_TRUE(place.top() >= room.top() && place.bottom() <= room.bottom()) << last;
+        EXPECT_TRUE(place.left() >= room.left() && place.left() + 200 <= room.right() + 1) << last;
+        EXPECT_TRUE(last > 0 || room.contains(place));
+      }
+    }
+  }
 }
 
 TEST(EditorPlacement, ASecondScreenHasAMiddleOfItsOwn) {
   const QRect second(1000, 0, 1000, 800);
-  EXPECT_EQ(editorPlace(16500, 0, kWindow, second), QPoint(1100, 200));
-  EXPECT_EQ(editorPlace(1500, 0, kWindow, second), QPoint(1200, 200));
+  EXPECT_EQ(editorPlace(16500, 0, kWindow, second).topLeft(), QPoint(1100, 200));
+  EXPECT_EQ(editorPlace(1500, 0, kWindow, second).topLeft(), QPoint(1200, 200));
+}
+
+TEST_F(EditorTest, StandsOnTheScreenWithItsFrameHoweverLargeItWas) {
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  Settings().sSet(QStringLiteral("EditorWindowHeight"), 1e9);
+  for (const double last : {0.0, Twips::fromPixels(room.bottom() - 50)}) {
+    LastEditorTop = last;
+    frmEditor* const editor = open();
+    const QRect frame = QRect(editor->pos(), editor->size().grownBy(expectedFrame(*editor)));
+    EXPECT_TRUE(room.contains(frame)) << frame.height();
+    EXPECT_LT(editor->height(), room.height()) << "there is a title bar above";
+    editor->close();
+    deleteUnloaded();
+  }
 }
 
 }  // namespace

@@ -84,6 +84,6 @@ QString EditorTest::textInFile(qint32 id) const {
   return rtfToPlainText(fileBytes(scene(id)->RTFFileWithPath()));
 }
 
-QString EditorTest::panel(frmEditor& editor, int number) const {
+QString EditorTest::panel(const frmEditor& editor, int number) const {
   return childOf<QLabel>(editor, u"StatusBar1(%1)"_s.arg(number)).text();
 }

@@ -31,7 +31,7 @@ class EditorTest : public ::testing::Test {
   /// The text of the scene's file as it stands on the disk.
   QString textInFile(qint32 id = 1) const;
   /// The text of a panel of the status bar.
-  QString panel(frmEditor& editor, int number) const;
+  QString panel(const frmEditor& editor, int number) const;
 
   template <class Control>
   Control& control(frmEditor& editor, const char* name) {

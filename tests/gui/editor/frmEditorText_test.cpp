@@ -45,8 +45,8 @@ RichText motleyText() {
       RichText::fromPlain(u"Plain, bold, odd.\r\n\r\nCentred\u00a0line\r\n\ttabbed \u2028 and \U0001F600 last"_s);
   text.formatCharacters(7, 4, [](CharFormat& format) { format.bold = true; });
   text.formatCharacters(13, 3, [](CharFormat& format) {
-    format = {u"Courier New"_s, 27, false, true, true, true, true, false, CharFormat::Script::Superscript, 0xFF,
-              0x00FFFF};
+    format = {
+        {27, false, true, true, true, true, false, CharFormat::Script::Superscript}, u"Courier New"_s, 0xFF, 0x00FFFF};
   });
   text.formatParagraphs(22, 3, [](ParagraphFormat& format) {
     format.alignment = ParagraphFormat::Alignment::Centre;

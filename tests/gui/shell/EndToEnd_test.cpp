@@ -13,6 +13,7 @@
 #include "support/WaitFor.h"
 
 #include <QAction>
+#include <QLocale>
 #include <QProcess>
 #include <QTest>
 
@@ -90,11 +91,11 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   const qint32 id = ListView::tagOf(item("ListScenes", sceneRow));
   const QStringList oldRow = row("ListScenes", sceneRow);
   ASSERT_EQ(oldRow.size(), 7);
-  const int words = oldRow[1].toInt();
+  const int words = QLocale().toInt(oldRow[1]);
   // The stored count may be another program's; the edited text is counted by us.
   const int counted = Html().CalcWordCount(g_Project->SceneByID(id)->ConvertedToBodyText());
-  const int letters = oldRow[6].toInt();
-  const int total = panel("Totalwords").section(u' ', -1).toInt();
+  const int letters = QLocale().toInt(oldRow[6]);
+  const int total = QLocale().toInt(panel("Totalwords").section(u' ', -1));
 
   doubleClick(list("ListScenes"), sceneRow);
   typeInEditor(id);
@@ -102,7 +103,7 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   const QString shown = QString::number(counted + 2);
   ASSERT_TRUE(soon([&] { return cell("ListScenes", sceneRow, 1) == shown; }))
       << cell("ListScenes", sceneRow, 1) << " of " << shown;
-  EXPECT_EQ(panel("Totalwords"), u"Total words: %1"_s.arg(total - words + counted + 2));
+  EXPECT_EQ(panel("Totalwords"), u"Total words: %L1"_s.arg(total - words + counted + 2));
   endProgram();
   EXPECT_EQ(ended, 1);
 
@@ -141,8 +142,9 @@ TEST_F(EndToEndTest, AnEditInANovelComesBack) {
   for (int i = 0; i < 61; ++i) {
     const auto chapter = chapterAt(i + 1);
     running += chapter->Wordcount(false);
-    EXPECT_EQ(row("ListChapters", i), QStringList({chapter->Title, QString::number(chapter->Wordcount(false)),
-                                                   QString::number(chapter->SceneCount()), QString::number(running)}));
+    const QLocale locale;
+    EXPECT_EQ(row("ListChapters", i), QStringList({chapter->Title, locale.toString(chapter->Wordcount(false)),
+                                                   locale.toString(chapter->SceneCount()), locale.toString(running)}));
   }
   EXPECT_GT(running, 100000);
   endProgram();

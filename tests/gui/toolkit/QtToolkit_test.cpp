@@ -132,6 +132,24 @@ TEST(FileDialog, OffersFolderPatternsAndNameAndAddsTheExtension) {
   EXPECT_EQ(toolkit.SaveFileDialog(question), folder.path(u"MyProject.qn3"_s));
 }
 
+TEST(FileDialog, BeginsAtHomeWithoutAFolderThatIsThere) {
+  QtToolkit toolkit;
+  for (const QString& folder : {QString(), u"/no/such/folder"_s}) {
+    for (const auto ask : {&QtToolkit::OpenFileDialog, &QtToolkit::SaveFileDialog}) {
+      const WhenModal look([](QWidget& window) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(window).directory().absolutePath(), QDir::homePath());
+        window.close();
+      });
+      (toolkit.*ask)({u"Open"_s, u"*.qn4"_s, {}, folder});
+    }
+    const WhenModal look([](QWidget& window) {
+      EXPECT_EQ(dynamic_cast<QFileDialog&>(window).directory().absolutePath(), QDir::homePath());
+      window.close();
+    });
+    toolkit.PickFolder(u"Where?"_s, folder);
+  }
+}
+
 TEST(FileDialog, GivesNothingOnCancel) {
   QtToolkit toolkit;
   const auto cancelled = [&](const std::function<QString()>& ask) {

@@ -79,8 +79,8 @@ void frmMain::storeLayout() {
     return;
   }
   storeWindow(u"Main"_s, *this);
-  storeColumns(u"MainChap"_s, panes_->FrameChapters().ListChapters());
-  storeColumns(u"MainScn"_s, panes_->FrameScenes().ListScenes());
+  storeColumns(u"MainChap"_s, panes_->FrameChapters().listChapters());
+  storeColumns(u"MainScn"_s, panes_->FrameScenes().listScenes());
   const double left = panes_->FrameScenes().splitterLeft();
   const double width = panes_->FrameScenes().frameWidth();
   if (!isMinimized() && left > 0 && width > 0) {

@@ -40,6 +40,7 @@ namespace {
 /// A full backup that is older than this many days is due.
 constexpr int kBackupDays = 7;
 
+constexpr int kDefaultFontSize = 10;
 constexpr double kDefaultChapterSplit = 0.33;
 
 bool truth(const QVariant& value) {
@@ -163,7 +164,9 @@ void StartUp::readSettings() const {
 void StartUp::readFonts() const {
   g_DblSpaced = truth(Settings().sGet(u"DblSpaced"_s, false));
   g_12Spaced = truth(Settings().sGet(u"12Spaced"_s, false));
-  g_FontSize = static_cast<qint16>(qBound(1, Numbers::ToInt(Settings().sGet(u"FontSize"_s, u"10"_s)), 1000));
+  const QVariant size = Settings().sGet(u"FontSize"_s);
+  const int points = Numbers::ToNumber(size) ? Numbers::ToInt(size) : kDefaultFontSize;
+  g_FontSize = static_cast<qint16>(qBound(1, points, 1000));
   g_FontName = Settings().sGet(u"FontName"_s, u"Times New Roman"_s).toString();
 }
 
@@ -181,8 +184,8 @@ void StartUp::showStatusBar() const {
 void StartUp::restoreLayout() const {
   MainPanes& panes = main_.panes();
   restoreWindow(u"Main"_s, main_);
-  restoreColumns(u"MainChap"_s, panes.FrameChapters().ListChapters());
-  restoreColumns(u"MainScn"_s, panes.FrameScenes().ListScenes());
+  restoreColumns(u"MainChap"_s, panes.FrameChapters().listChapters());
+  restoreColumns(u"MainScn"_s, panes.FrameScenes().listScenes());
   panes.showScenesTab();
   panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
                        fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit),
@@ -218,8 +221,8 @@ void StartUp::finish() {
   splashStatus(u"Startup Complete"_s);
   splash_.reset();
   main_.session().UpdateRecent();
-  main_.panes().FrameScenes().TabStrip1().setCurrentIndex(0);
-  main_.panes().FrameChapters().ListChapters().setFocus();
+  main_.panes().FrameScenes().tabStrip1().setCurrentIndex(0);
+  main_.panes().FrameChapters().listChapters().setFocus();
   main_.StartScanTimer();
   main_.startUpdateCheck();
 }

@@ -33,25 +33,25 @@ void ChangeScan::start() {
 void ChangeScan::sceneChanged(qint32 id) {
   const ScenePane& scenes = main_.panes().FrameScenes();
   const ChapterPane& chapters = main_.panes().FrameChapters();
-  if (QTreeWidgetItem* row = scenes.ListScenes().topLevelItem(scenes.ListScenes().rowOfTag(id))) {
+  if (QTreeWidgetItem* row = scenes.listScenes().topLevelItem(scenes.listScenes().rowOfTag(id))) {
     scenes.UpdateSceneRow(*row, id);
     found_.selectedChanged = found_.selectedChanged || scenes.SelectedSceneID() == id;
   }
   const qint32 chapterID = g_Project->SceneByID(id)->BelongsToChID;
-  if (QTreeWidgetItem* row = chapters.ListChapters().topLevelItem(chapters.ChapterRowIndex(chapterID))) {
+  if (QTreeWidgetItem* row = chapters.listChapters().topLevelItem(chapters.ChapterRowIndex(chapterID))) {
     chapters.UpdateChapterRow(*row, chapterID);
   }
   // A scene was added to the chapter that is shown, split out of it, or removed.
   const qint32 shown = scenes.shownChapterID();
-  const int rows = scenes.ListScenes().topLevelItemCount();
+  const int rows = scenes.listScenes().topLevelItemCount();
   found_.needsRefill = found_.needsRefill || (shown != 0 && g_Project->ChapterByID(shown)->SceneCount() != rows);
 }
 
 // A renamed character shows in the rows that it narrates.
 void ChangeScan::characterChanged(qint32 id) {
   const ScenePane& scenes = main_.panes().FrameScenes();
-  for (int i = 0; i < scenes.ListScenes().topLevelItemCount(); ++i) {
-    QTreeWidgetItem& row = *scenes.ListScenes().topLevelItem(i);
+  for (int i = 0; i < scenes.listScenes().topLevelItemCount(); ++i) {
+    QTreeWidgetItem& row = *scenes.listScenes().topLevelItem(i);
     const qint32 sceneID = ListView::tagOf(row);
     if (g_Project->SceneByID(sceneID)->ViewPointID() == id) {
       scenes.UpdateSceneRow(row, sceneID);

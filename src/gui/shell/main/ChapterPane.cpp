@@ -3,7 +3,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
-#include "gui/toolkit/ReadOnlyText.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
 #include "gui/views/RowIcon.h"
@@ -24,14 +24,6 @@ namespace {
 
 enum Column { kTitle, kWords, kScenes, kCount };
 
-QLineEdit* addField(QFormLayout& form, const QString& caption, const QString& name) {
-  auto* field = new QLineEdit;
-  field->setObjectName(name);
-  field->setAccessibleName(caption);
-  form.addRow(caption + u':', field);
-  return field;
-}
-
 /// The colour of a running total tells the section of the book. A section whose end isn't marked has none.
 quint32 sectionColour(qint32 position, qint32 endOfBeginning, qint32 endOfMiddle) {
   if (endOfMiddle > 0 && position > endOfMiddle) {
@@ -44,8 +36,8 @@ quint32 sectionColour(qint32 position, qint32 endOfBeginning, qint32 endOfMiddle
 
 ChapterPane::ChapterPane(QWidget* parent)
     : QWidget(parent),
-      listChapters_(new ListView({u"Title"_s, u"Wds"_s, u"Scns"_s, u"Count"_s})),
-      txtChapterDesc_(new QPlainTextEdit) {
+      ListChapters(new ListView({u"Title"_s, u"Wds"_s, u"Scns"_s, u"Count"_s})),
+      txtChapterDesc(makeReadOnlyText(u"txtChapterDesc"_s, u"Chapter description"_s)) {
   setObjectName(u"FrameChapters"_s);
   buildLayout();
   connectSignals();
@@ -53,27 +45,23 @@ ChapterPane::ChapterPane(QWidget* parent)
 
 void ChapterPane::buildLayout() {
   auto* titles = new QFormLayout;
-  txtTitle_ = addField(*titles, u"Title"_s, u"txtTitle"_s);
-  txtAuthor_ = addField(*titles, u"Author"_s, u"txtAuthor"_s);
+  txtTitle = addLineEdit(*titles, u"txtTitle"_s, u"Title"_s);
+  txtAuthor = addLineEdit(*titles, u"txtAuthor"_s, u"Author"_s);
 
-  listChapters_->setObjectName(u"ListChapters"_s);
-  listChapters_->setAccessibleName(u"Chapters"_s);
-  listChapters_->header()->setStretchLastSection(false);
-  for (const auto& [column, longest] : {std::pair{kWords, u"88888"}, {kScenes, u"88"}, {kCount, u"888888"}}) {
-    listChapters_->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-    listChapters_->setColumnWidth(column, listChapters_->widthFor(column, longest));
+  giveName(*ListChapters, u"ListChapters"_s, u"Chapters"_s);
+  ListChapters->header()->setStretchLastSection(false);
+  for (const auto& [column, longest] : {std::pair{kWords, u"88,888"}, {kScenes, u"88"}, {kCount, u"888,888"}}) {
+    ListChapters->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    ListChapters->setColumnWidth(column, ListChapters->widthFor(column, longest));
   }
-  listChapters_->setFillColumn(kTitle);
+  ListChapters->setFillColumn(kTitle);
 
-  txtChapterDesc_->setObjectName(u"txtChapterDesc"_s);
-  txtChapterDesc_->setAccessibleName(u"Chapter description"_s);
-  txtChapterDesc_->setToolTip(u"Chapter Description (Double click to edit)"_s);
-  makeReadOnly(*txtChapterDesc_);
+  txtChapterDesc->setToolTip(u"Chapter Description (Double click to edit)"_s);
 
   auto* lists = new QSplitter(Qt::Vertical);
   lists->setChildrenCollapsible(false);
-  lists->addWidget(listChapters_);
-  lists->addWidget(txtChapterDesc_);
+  lists->addWidget(ListChapters);
+  lists->addWidget(txtChapterDesc);
   lists->setStretchFactor(0, 4);
   lists->setStretchFactor(1, 1);
 
@@ -84,57 +72,54 @@ void ChapterPane::buildLayout() {
 }
 
 void ChapterPane::connectSignals() {
-  connect(txtTitle_, &QLineEdit::textChanged, this, [this](const QString& text) {
+  connect(ListChapters, &ListView::paletteChanged, this, &ChapterPane::recolourRows);
+  connect(txtTitle, &QLineEdit::textChanged, this, [this](const QString& text) {
     g_Project->Title = text;
     Q_EMIT titlesEdited();
   });
-  connect(txtAuthor_, &QLineEdit::textChanged, this, [this](const QString& text) {
+  connect(txtAuthor, &QLineEdit::textChanged, this, [this](const QString& text) {
     g_Project->AuthorName = text;
     Q_EMIT titlesEdited();
   });
   // A held arrow key runs down the list: the scenes follow when it goes up.
-  connect(listChapters_, &QTreeWidget::itemSelectionChanged, this, [this] {
-    if (!listChapters_->keyIsDown()) {
+  connect(ListChapters, &QTreeWidget::itemSelectionChanged, this, [this] {
+    if (!ListChapters->keyIsDown()) {
       Q_EMIT chapterSelected();
     }
   });
-  connect(listChapters_, &ListView::keyUp, this, &ChapterPane::chapterKeyUp);
-  connect(listChapters_, &ListView::rowOpened, this, &ChapterPane::chapterOpened);
-  txtChapterDesc_->viewport()->installEventFilter(this);
+  connect(ListChapters, &ListView::keyUp, this, &ChapterPane::chapterKeyUp);
+  connect(ListChapters, &ListView::rowOpened, this, &ChapterPane::chapterOpened);
+  txtChapterDesc->viewport()->installEventFilter(this);
 }
 
 bool ChapterPane::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == txtChapterDesc_->viewport() && event->type() == QEvent::MouseButtonDblClick) {
+  if (watched == txtChapterDesc->viewport() && event->type() == QEvent::MouseButtonDblClick) {
     Q_EMIT chapterOpened();
     return true;
   }
   return QWidget::eventFilter(watched, event);
 }
 
-void ChapterPane::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() != QEvent::PaletteChange) {
-    return;
-  }
-  for (int row = 0; row < listChapters_->topLevelItemCount(); ++row) {
-    QTreeWidgetItem& item = *listChapters_->topLevelItem(row);
+void ChapterPane::recolourRows() {
+  for (int row = 0; row < ListChapters->topLevelItemCount(); ++row) {
+    QTreeWidgetItem& item = *ListChapters->topLevelItem(row);
     UpdateChapterRow(item, ListView::tagOf(item));
   }
   RecalcProgressive();
 }
 
 void ChapterPane::showTitles() {
-  const QSignalBlocker quietTitle(txtTitle_);
-  const QSignalBlocker quietAuthor(txtAuthor_);
-  txtTitle_->setText(g_Project->Title);
-  txtAuthor_->setText(g_Project->AuthorName);
-  txtTitle_->setCursorPosition(0);
-  txtAuthor_->setCursorPosition(0);
+  const QSignalBlocker quietTitle(txtTitle);
+  const QSignalBlocker quietAuthor(txtAuthor);
+  txtTitle->setText(g_Project->Title);
+  txtAuthor->setText(g_Project->AuthorName);
+  txtTitle->setCursorPosition(0);
+  txtAuthor->setCursorPosition(0);
 }
 
 void ChapterPane::setTitlesEnabled(bool enabled) {
-  txtTitle_->setEnabled(enabled);
-  txtAuthor_->setEnabled(enabled);
+  txtTitle->setEnabled(enabled);
+  txtAuthor->setEnabled(enabled);
 }
 
 void ChapterPane::FillChapterList() {
@@ -147,13 +132,13 @@ void ChapterPane::FillChapterList() {
   // Written before they stand in the list, which would hear of each cell.
   writeProgress(rows);
   clear();
-  listChapters_->addTopLevelItems(rows);
+  ListChapters->addTopLevelItems(rows);
 }
 
 void ChapterPane::UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const {
   const auto chapter = g_Project->ChapterByID(ChapterID);
   const quint32 colour = chapter->Unused ? RowColours::kGrey : RowColours::kGreen;
-  const QBrush text(RowColours::readable(colour, listChapters_->palette()));
+  const QBrush text(RowColours::readable(colour, ListChapters->palette()));
   ListView::setTag(row, ChapterID);
   row.setIcon(kTitle, rowIcon(chapter->Unused ? "chapterunused" : "chapter"));
   row.setForeground(kTitle, text);
@@ -165,8 +150,8 @@ void ChapterPane::UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const
 
 void ChapterPane::RecalcProgressive() {
   QList<QTreeWidgetItem*> rows;
-  for (int i = 0; i < listChapters_->topLevelItemCount(); ++i) {
-    rows.append(listChapters_->topLevelItem(i));
+  for (int i = 0; i < ListChapters->topLevelItemCount(); ++i) {
+    rows.append(ListChapters->topLevelItem(i));
   }
   writeProgress(rows);
 }
@@ -182,30 +167,30 @@ void ChapterPane::writeProgress(const QList<QTreeWidgetItem*>& rows) {
     setCell(*row, kCount, progressiveTotal_);
     setCell(*row, kScenes, chapter->SceneCount());
     const quint32 colour = sectionColour(++position, endOfBeginning, endOfMiddle);
-    row->setForeground(kCount, RowColours::readable(colour, listChapters_->palette()));
+    row->setForeground(kCount, RowColours::readable(colour, ListChapters->palette()));
   }
 }
 
 // Only selects: who calls this fills the scene list too.
 void ChapterPane::SelectChapter(qint32 ChapterID) {
-  const QSignalBlocker quiet(listChapters_);
-  listChapters_->SelectTag(ChapterID);
+  const QSignalBlocker quiet(ListChapters);
+  ListChapters->SelectTag(ChapterID);
 }
 
 qint32 ChapterPane::SelectedChapterID() const {
-  return listChapters_->SelectedTag();
+  return ListChapters->SelectedTag();
 }
 
 int ChapterPane::ChapterRowIndex(qint32 ChapterID) const {
-  return listChapters_->rowOfTag(ChapterID);
+  return ListChapters->rowOfTag(ChapterID);
 }
 
 void ChapterPane::showDescription(const clsChapter& chapter) {
-  txtChapterDesc_->setPlainText(chapter.Title + u" description: \n"_s + chapter.DescText);
+  txtChapterDesc->setPlainText(chapter.Title + u" description: \n"_s + chapter.DescText);
 }
 
 void ChapterPane::clear() {
-  const QSignalBlocker quiet(listChapters_);
-  listChapters_->clear();
-  txtChapterDesc_->clear();
+  const QSignalBlocker quiet(ListChapters);
+  ListChapters->clear();
+  txtChapterDesc->clear();
 }

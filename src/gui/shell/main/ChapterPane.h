@@ -15,7 +15,7 @@ class ChapterPane : public QWidget {
  public:
   explicit ChapterPane(QWidget* parent = nullptr);
 
-  ListView& ListChapters() const { return *listChapters_; }
+  ListView& listChapters() const { return *ListChapters; }
 
   /// Shows the project's title and author without writing them back.
   void showTitles();
@@ -46,16 +46,16 @@ class ChapterPane : public QWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   void buildLayout();
   void connectSignals();
+  void recolourRows();
   void writeProgress(const QList<QTreeWidgetItem*>& rows);
 
-  QLineEdit* txtTitle_;
-  QLineEdit* txtAuthor_;
-  ListView* listChapters_;
-  QPlainTextEdit* txtChapterDesc_;
+  QLineEdit* txtTitle;
+  QLineEdit* txtAuthor;
+  ListView* ListChapters;
+  QPlainTextEdit* txtChapterDesc;
   qint32 progressiveTotal_ = 0;
 };

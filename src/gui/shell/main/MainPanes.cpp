@@ -7,6 +7,7 @@
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/NotesPane.h"
 #include "gui/shell/main/ScenePane.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/views/ListView.h"
 
 #include <QHBoxLayout>
@@ -27,7 +28,7 @@ MainPanes::MainPanes(QWidget* parent)
 }
 
 void MainPanes::buildLayout() {
-  tabStrip2_->setObjectName(u"TabStrip2"_s);
+  giveName(*tabStrip2_, u"TabStrip2"_s, u"Scenes or notes"_s);
   tabStrip2_->setDocumentMode(true);
   tabStrip2_->addTab(frameScenes_, u"Scenes"_s);
   tabStrip2_->addTab(frameNotes_, u"Notes"_s);
@@ -98,7 +99,7 @@ void MainPanes::EditSelectedScene() {
 void MainPanes::EditRow(qint32 SceneID) {
   g_Project->SceneByID(SceneID)->Edit();
   // The row may have gone while the editor came up.
-  ListView& list = frameScenes_->ListScenes();
+  ListView& list = frameScenes_->listScenes();
   if (QTreeWidgetItem* row = list.topLevelItem(list.rowOfTag(SceneID))) {
     frameScenes_->UpdateSceneRow(*row, SceneID);
   }
@@ -133,7 +134,7 @@ void MainPanes::applySplits() {
   splitter_->setSizes({left, whole - splitter_->handleWidth() - left});
   frameScenes_->placeSplitter(sceneSplit_);
   if (fitTitles_) {
-    frameChapters_->ListChapters().fillRoom();
+    frameChapters_->listChapters().fillRoom();
     frameScenes_->fitSceneTitles();
   }
   chapterSplit_ = 0;

@@ -3,7 +3,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
-#include "gui/toolkit/ReadOnlyText.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowIcon.h"
 
@@ -20,35 +20,29 @@ using namespace Qt::StringLiterals;
 
 NotesPane::NotesPane(QWidget* parent)
     : QWidget(parent),
-      listNotes_(new ListView({u"Note"_s})),
-      txtNoteTitle_(new QLineEdit),
-      txtNoteEditor_(new QPlainTextEdit) {
+      ListNotes(new ListView({u"Note"_s})),
+      txtNoteTitle(makeLineEdit(u"txtNoteTitle"_s, u"Note title"_s)),
+      txtNoteEditor(makeReadOnlyText(u"txtNoteEditor"_s, u"Note text"_s)) {
   setObjectName(u"FrameNotes"_s);
   buildLayout();
-  connect(listNotes_, &QTreeWidget::itemSelectionChanged, this, &NotesPane::showSelectedNote);
+  connect(ListNotes, &QTreeWidget::itemSelectionChanged, this, &NotesPane::showSelectedNote);
 }
 
 void NotesPane::buildLayout() {
-  listNotes_->setObjectName(u"ListNotes"_s);
-  listNotes_->setAccessibleName(u"Project notes"_s);
-  txtNoteTitle_->setObjectName(u"txtNoteTitle"_s);
-  txtNoteTitle_->setAccessibleName(u"Note title"_s);
-  txtNoteTitle_->setReadOnly(true);
-  txtNoteEditor_->setObjectName(u"txtNoteEditor"_s);
-  txtNoteEditor_->setAccessibleName(u"Note text"_s);
-  makeReadOnly(*txtNoteEditor_);
+  giveName(*ListNotes, u"ListNotes"_s, u"Project notes"_s);
+  txtNoteTitle->setReadOnly(true);
   // The colour of a button: this is for reading.
-  txtNoteEditor_->viewport()->setBackgroundRole(QPalette::Button);
+  txtNoteEditor->viewport()->setBackgroundRole(QPalette::Button);
 
   auto* note = new QWidget;
   auto* column = new QVBoxLayout(note);
   column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(txtNoteTitle_);
-  column->addWidget(txtNoteEditor_, 1);
+  column->addWidget(txtNoteTitle);
+  column->addWidget(txtNoteEditor, 1);
 
   auto* splitter = new QSplitter(Qt::Horizontal);
   splitter->setChildrenCollapsible(false);
-  splitter->addWidget(listNotes_);
+  splitter->addWidget(ListNotes);
   splitter->addWidget(note);
   splitter->setStretchFactor(0, 1);
   splitter->setStretchFactor(1, 2);
@@ -60,7 +54,7 @@ void NotesPane::buildLayout() {
 
 void NotesPane::FillNoteList() {
   {
-    const QSignalBlocker quiet(listNotes_);
+    const QSignalBlocker quiet(ListNotes);
     QList<QTreeWidgetItem*> rows;
     for (const auto& note : g_Project->Notes) {
       auto* row = new QTreeWidgetItem({note->Title});
@@ -68,22 +62,22 @@ void NotesPane::FillNoteList() {
       row->setIcon(0, rowIcon("note"));
       rows.append(row);
     }
-    listNotes_->clear();
-    listNotes_->addTopLevelItems(rows);
-    listNotes_->SelectRow(0);
+    ListNotes->clear();
+    ListNotes->addTopLevelItems(rows);
+    ListNotes->SelectRow(0);
   }
   showSelectedNote();
 }
 
 void NotesPane::showSelectedNote() {
-  const qint32 id = listNotes_->SelectedTag();
+  const qint32 id = ListNotes->SelectedTag();
   if (id == 0) {
-    txtNoteTitle_->clear();
-    txtNoteEditor_->clear();
+    txtNoteTitle->clear();
+    txtNoteEditor->clear();
     return;
   }
   const auto note = g_Project->NoteByID(id);
-  txtNoteTitle_->setText(note->Title);
-  txtNoteTitle_->setCursorPosition(0);
-  txtNoteEditor_->setPlainText(note->DescText);
+  txtNoteTitle->setText(note->Title);
+  txtNoteTitle->setCursorPosition(0);
+  txtNoteEditor->setPlainText(note->DescText);
 }

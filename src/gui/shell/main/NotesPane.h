@@ -20,7 +20,7 @@ class NotesPane : public QWidget {
   void buildLayout();
   void showSelectedNote();
 
-  ListView* listNotes_;
-  QLineEdit* txtNoteTitle_;
-  QPlainTextEdit* txtNoteEditor_;
+  ListView* ListNotes;
+  QLineEdit* txtNoteTitle;
+  QPlainTextEdit* txtNoteEditor;
 };

@@ -4,13 +4,12 @@
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorColours.h"
 #include "gui/editor/EditorText.h"
-#include "gui/toolkit/ReadOnlyText.h"
+#include "gui/toolkit/Controls.h"
 
 using namespace Qt::StringLiterals;
 
 SceneBody::SceneBody(QWidget* parent) : RichTextBox(parent) {
-  setObjectName(u"txtBody"_s);
-  setAccessibleName(u"Scene text"_s);
+  giveName(*this, u"txtBody"_s, u"Scene text"_s);
   makeReadOnly(*this);
 }
 

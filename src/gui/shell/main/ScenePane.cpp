@@ -7,6 +7,7 @@
 #include "core/model/clsScene.h"
 #include "gui/shell/main/PaneLayout.h"
 #include "gui/shell/main/SceneTabs.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
@@ -48,9 +49,9 @@ QString statusName(qint16 status) {
 
 ScenePane::ScenePane(QWidget* parent)
     : QWidget(parent),
-      listScenes_(
+      ListScenes(
           new ListView({u"Viewpoint"_s, u"Words"_s, u"Scene"_s, u"Status"_s, u"A/R"_s, u"Filename"_s, u"Letters"_s})),
-      tabStrip1_(new SceneTabs),
+      TabStrip1(new SceneTabs),
       splitter_(new QSplitter(Qt::Horizontal)) {
   setObjectName(u"FrameScenes"_s);
   buildLayout();
@@ -58,34 +59,33 @@ ScenePane::ScenePane(QWidget* parent)
 }
 
 void ScenePane::buildLayout() {
-  listScenes_->setObjectName(u"ListScenes"_s);
-  listScenes_->setAccessibleName(u"Scenes of the selected chapter"_s);
-  QHeaderView& header = *listScenes_->header();
+  giveName(*ListScenes, u"ListScenes"_s, u"Scenes of the selected chapter"_s);
+  QHeaderView& header = *ListScenes->header();
   header.setSectionsMovable(true);
   header.setFirstSectionMovable(true);
   header.setStretchLastSection(false);
-  listScenes_->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
-  listScenes_->headerItem()->setTextAlignment(kActionReaction, Qt::AlignCenter);
+  ListScenes->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
+  ListScenes->headerItem()->setTextAlignment(kActionReaction, Qt::AlignCenter);
   for (const auto& [column, longest] : {std::pair{kViewpoint, QStringView(u"Elizabeth")},
-                                        {kWords, u"8888"},
+                                        {kWords, u"8,888"},
                                         {kScene, kShortTitle},
                                         {kStatus, u"2nd Edit"},
                                         {kActionReaction, u"A"},
                                         {kFilename, u"RTF_00001.rtf"},
-                                        {kLetters, u"88888"}}) {
-    listScenes_->setColumnWidth(column, listScenes_->widthFor(column, longest));
+                                        {kLetters, u"88,888"}}) {
+    ListScenes->setColumnWidth(column, ListScenes->widthFor(column, longest));
   }
 
   splitter_->setObjectName(u"SceneSplitter"_s);
   splitter_->setChildrenCollapsible(false);
-  splitter_->addWidget(listScenes_);
-  splitter_->addWidget(tabStrip1_);
+  splitter_->addWidget(ListScenes);
+  splitter_->addWidget(TabStrip1);
   // The splitter's edge stays where it is when the window grows.
   splitter_->setStretchFactor(0, 0);
   splitter_->setStretchFactor(1, 1);
   splitter_->handle(1)->setObjectName(u"imgHorDivide"_s);
-  listScenes_->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterLeft));
-  tabStrip1_->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterRight) - splitter_->handleWidth());
+  ListScenes->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterLeft));
+  TabStrip1->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterRight) - splitter_->handleWidth());
 
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
@@ -93,18 +93,19 @@ void ScenePane::buildLayout() {
 }
 
 void ScenePane::connectSignals() {
-  connect(listScenes_, &QTreeWidget::itemSelectionChanged, this, [this] {
+  connect(ListScenes, &ListView::paletteChanged, this, &ScenePane::recolourRows);
+  connect(ListScenes, &QTreeWidget::itemSelectionChanged, this, [this] {
     const bool gathering = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
                            (QApplication::keyboardModifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != 0;
-    if (!Filling_ && !gathering && !listScenes_->keyIsDown()) {
+    if (!filling_ && !gathering && !ListScenes->keyIsDown()) {
       displayIfOther();
     }
   });
-  connect(listScenes_, &ListView::buttonUp, this, &ScenePane::displayIfOther);
-  connect(listScenes_, &ListView::keyUp, this, &ScenePane::displayIfOther);
-  connect(listScenes_, &ListView::rowOpened, this, &ScenePane::sceneOpened);
-  connect(listScenes_, &ListView::enterPressed, this, &ScenePane::sceneOpened);
-  connect(tabStrip1_, &SceneTabs::sceneOpened, this, &ScenePane::sceneOpened);
+  connect(ListScenes, &ListView::buttonUp, this, &ScenePane::displayIfOther);
+  connect(ListScenes, &ListView::keyUp, this, &ScenePane::displayIfOther);
+  connect(ListScenes, &ListView::rowOpened, this, &ScenePane::sceneOpened);
+  connect(ListScenes, &ListView::enterPressed, this, &ScenePane::sceneOpened);
+  connect(TabStrip1, &SceneTabs::sceneOpened, this, &ScenePane::sceneOpened);
 }
 
 void ScenePane::displayIfOther() {
@@ -118,8 +119,8 @@ void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
     return;
   }
   const auto chapter = g_Project->ChapterByID(ChapterID);
-  const QTreeWidgetItem* selected = listScenes_->SelectedItem();
-  const int kept = selected == nullptr ? 0 : listScenes_->indexFromItem(selected).row();
+  const QTreeWidgetItem* selected = ListScenes->SelectedItem();
+  const int kept = selected == nullptr ? 0 : ListScenes->indexFromItem(selected).row();
   const int wanted = SelectIndex < 1 ? kept : SelectIndex - 1;
   QList<QTreeWidgetItem*> rows;
   for (const qint32 id : chapter->SceneIDs()) {
@@ -128,10 +129,10 @@ void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
     rows.append(row);
   }
   {
-    const QScopedValueRollback filling(Filling_, true);
-    listScenes_->clear();
-    listScenes_->addTopLevelItems(rows);
-    listScenes_->SelectRow(wanted < rows.size() ? wanted : 0);
+    const QScopedValueRollback filling(filling_, true);
+    ListScenes->clear();
+    ListScenes->addTopLevelItems(rows);
+    ListScenes->SelectRow(wanted < rows.size() ? wanted : 0);
   }
   shownChapterID_ = ChapterID;
   rows.isEmpty() ? ClearSceneDisplay() : DisplaySelectedScene();
@@ -139,8 +140,8 @@ void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
 
 void ScenePane::clear() {
   {
-    const QScopedValueRollback filling(Filling_, true);
-    listScenes_->clear();
+    const QScopedValueRollback filling(filling_, true);
+    ListScenes->clear();
   }
   shownChapterID_ = 0;
   ClearSceneDisplay();
@@ -157,7 +158,7 @@ void ScenePane::UpdateSceneRow(QTreeWidgetItem& row, qint32 SceneID) const {
   setCell(row, kActionReaction, scene->ReactionScene ? u"R"_s : u"A"_s);
   setCell(row, kFilename, scene->RTFFilename());
   setCell(row, kLetters, scene->Lettercount());
-  const QVariant grey = QBrush(RowColours::readable(RowColours::kGrey, listScenes_->palette()));
+  const QVariant grey = QBrush(RowColours::readable(RowColours::kGrey, ListScenes->palette()));
   row.setData(kStatus, Qt::ForegroundRole, scene->Unused ? grey : QVariant());
 }
 
@@ -167,26 +168,26 @@ void ScenePane::DisplaySelectedScene() {
     return;
   }
   displayedSceneID_ = id;
-  tabStrip1_->display(*g_Project->SceneByID(id));
+  TabStrip1->display(*g_Project->SceneByID(id));
 }
 
 void ScenePane::ClearSceneDisplay() {
   if (displayedSceneID_ != 0) {
     displayedSceneID_ = 0;
-    tabStrip1_->clearDisplay();
+    TabStrip1->clearDisplay();
   }
 }
 
 void ScenePane::SelectScene(qint32 SceneID) {
   {
-    const QScopedValueRollback filling(Filling_, true);
-    listScenes_->SelectTag(SceneID);
+    const QScopedValueRollback filling(filling_, true);
+    ListScenes->SelectTag(SceneID);
   }
   displayIfOther();
 }
 
 qint32 ScenePane::SelectedSceneID() const {
-  return listScenes_->SelectedTag();
+  return ListScenes->SelectedTag();
 }
 
 double ScenePane::splitterLeft() const {
@@ -203,23 +204,19 @@ void ScenePane::placeSplitter(double fraction) {
 }
 
 void ScenePane::fitSceneTitles() {
-  const auto widthOf = [this](QStringView title) { return listScenes_->widthFor(kScene, title); };
-  const int others = listScenes_->header()->length() - listScenes_->columnWidth(kScene);
-  int shown = listScenes_->roomForColumns() - others;
+  const auto widthOf = [this](QStringView title) { return ListScenes->widthFor(kScene, title); };
+  const int others = ListScenes->header()->length() - ListScenes->columnWidth(kScene);
+  int shown = ListScenes->roomForColumns() - others;
   if (shown < widthOf(kShortTitle)) {
-    const int behind = listScenes_->columnWidth(kFilename) + listScenes_->columnWidth(kLetters);
-    shown = listScenes_->maximumViewportSize().width() - (others - behind);
+    const int behind = ListScenes->columnWidth(kFilename) + ListScenes->columnWidth(kLetters);
+    shown = ListScenes->maximumViewportSize().width() - (others - behind);
   }
-  listScenes_->setColumnWidth(kScene, qBound(widthOf(kStartOfTitle), shown, widthOf(kLongTitle)));
+  ListScenes->setColumnWidth(kScene, qBound(widthOf(kStartOfTitle), shown, widthOf(kLongTitle)));
 }
 
-void ScenePane::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() != QEvent::PaletteChange) {
-    return;
-  }
-  for (int i = 0; i < listScenes_->topLevelItemCount(); ++i) {
-    QTreeWidgetItem& row = *listScenes_->topLevelItem(i);
+void ScenePane::recolourRows() {
+  for (int i = 0; i < ListScenes->topLevelItemCount(); ++i) {
+    QTreeWidgetItem& row = *ListScenes->topLevelItem(i);
     UpdateSceneRow(row, ListView::tagOf(row));
   }
 }

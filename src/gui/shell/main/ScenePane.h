@@ -14,8 +14,8 @@ class ScenePane : public QWidget {
  public:
   explicit ScenePane(QWidget* parent = nullptr);
 
-  ListView& ListScenes() const { return *listScenes_; }
-  SceneTabs& TabStrip1() const { return *tabStrip1_; }
+  ListView& listScenes() const { return *ListScenes; }
+  SceneTabs& tabStrip1() const { return *TabStrip1; }
 
   /// The chapter whose scenes the list shows; 0 when it shows none.
   qint32 shownChapterID() const { return shownChapterID_; }
@@ -42,19 +42,17 @@ class ScenePane : public QWidget {
  Q_SIGNALS:
   void sceneOpened();
 
- protected:
-  void changeEvent(QEvent* event) override;
-
  private:
   void buildLayout();
   void connectSignals();
+  void recolourRows();
   void displayIfOther();
 
-  ListView* listScenes_;
-  SceneTabs* tabStrip1_;
+  ListView* ListScenes;
+  SceneTabs* TabStrip1;
   QSplitter* splitter_;
   qint32 shownChapterID_ = 0;
   qint32 displayedSceneID_ = 0;
   /// The list is being filled: selections in it are no choice of the user's.
-  bool Filling_ = false;
+  bool filling_ = false;
 };

@@ -4,8 +4,8 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/main/SceneBody.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/Icons.h"
-#include "gui/toolkit/ReadOnlyText.h"
 #include "gui/views/ListView.h"
 #include "gui/views/modFillList.h"
 
@@ -29,24 +29,9 @@ constexpr std::array kGoalNames{"txtGoal", "txtConflict", "txtOutcome"};
 constexpr std::array kActionLabels{"Goal", "Conflict", "Outcome"};
 constexpr std::array kReactionLabels{"Reaction", "Dilemma", "Decision"};
 
-QPlainTextEdit* readOnlyText(const QString& name, const QString& spokenName) {
-  auto* field = new QPlainTextEdit;
-  field->setObjectName(name);
-  field->setAccessibleName(spokenName);
-  makeReadOnly(*field);
-  return field;
-}
-
-QLabel* labelOf(const QString& caption, QWidget* buddy) {
-  auto* label = new QLabel(caption);
-  label->setBuddy(buddy);
-  return label;
-}
-
 ListView* plainList(const QString& name, const QString& spokenName, const QStringList& columns) {
   auto* list = new ListView(columns);
-  list->setObjectName(name);
-  list->setAccessibleName(spokenName);
+  giveName(*list, name, spokenName);
   list->setHeaderHidden(columns.size() == 1);
   return list;
 }
@@ -54,7 +39,7 @@ ListView* plainList(const QString& name, const QString& spokenName, const QStrin
 }  // namespace
 
 SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
-  setObjectName(u"TabStrip1"_s);
+  giveName(*this, u"TabStrip1"_s, u"What the selected scene holds"_s);
   setUsesScrollButtons(true);
   tabBar()->setExpanding(false);
   // The arrow keys walk through all tabs: the buttons that scroll them are for the mouse.
@@ -84,19 +69,19 @@ QVBoxLayout* SceneTabs::columnOf(int tab) const {
 
 void SceneTabs::paintEvent(QPaintEvent* event) {
   QTabWidget::paintEvent(event);
-  if (txtBody_ == nullptr) {
+  if (txtBody == nullptr) {
     QTimer::singleShot(0, this, &SceneTabs::buildHiddenTabs);
   }
 }
 
 void SceneTabs::buildHiddenTabs() {
-  if (txtBody_ != nullptr) {
+  if (txtBody != nullptr) {
     return;
   }
   buildContent();
-  ListChar_ = buildLists(kCharacters, u"ListChar"_s, {u"Name"_s, u"Full name"_s});
-  ListLoc_ = buildLists(kLocations, u"ListLoc"_s, {u"Name"_s});
-  ListItems_ = buildLists(kItems, u"ListItems"_s, {u"Name"_s});
+  ListChar = buildLists(kCharacters, u"ListChar"_s, {u"Name"_s, u"Full name"_s});
+  ListLoc = buildLists(kLocations, u"ListLoc"_s, {u"Name"_s});
+  ListItems = buildLists(kItems, u"ListItems"_s, {u"Name"_s});
   buildGoals();
   buildNotes();
   if (sceneID_ != 0) {
@@ -106,22 +91,20 @@ void SceneTabs::buildHiddenTabs() {
 
 void SceneTabs::buildDescription() {
   QVBoxLayout* column = columnOf(kDescription);
-  txtSceneTitle_ = new QLineEdit;
-  txtSceneTitle_->setObjectName(u"txtSceneTitle"_s);
-  txtSceneTitle_->setAccessibleName(u"Scene title"_s);
-  txtSceneTitle_->setReadOnly(true);
-  txtDesc_ = readOnlyText(u"txtDesc"_s, u"Scene description"_s);
-  txtDesc_->viewport()->installEventFilter(this);
-  column->addWidget(labelOf(u"Title:"_s, txtSceneTitle_));
-  column->addWidget(txtSceneTitle_);
-  column->addWidget(labelOf(u"Description:"_s, txtDesc_));
-  column->addWidget(txtDesc_);
+  txtSceneTitle = makeLineEdit(u"txtSceneTitle"_s, u"Scene title"_s);
+  txtSceneTitle->setReadOnly(true);
+  txtDesc = makeReadOnlyText(u"txtDesc"_s, u"Scene description"_s);
+  txtDesc->viewport()->installEventFilter(this);
+  column->addWidget(makeLabelOf(u"Title:"_s, *txtSceneTitle));
+  column->addWidget(txtSceneTitle);
+  column->addWidget(makeLabelOf(u"Description:"_s, *txtDesc));
+  column->addWidget(txtDesc);
 }
 
 void SceneTabs::buildContent() {
-  txtBody_ = new SceneBody;
-  txtBody_->viewport()->installEventFilter(this);
-  columnOf(kContent)->addWidget(txtBody_);
+  txtBody = new SceneBody;
+  txtBody->viewport()->installEventFilter(this);
+  columnOf(kContent)->addWidget(txtBody);
 }
 
 SceneTabs::ListPair SceneTabs::buildLists(int tab, const QString& array, const QStringList& allColumns) {
@@ -129,9 +112,9 @@ SceneTabs::ListPair SceneTabs::buildLists(int tab, const QString& array, const Q
   const ListPair lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
                        plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
   QVBoxLayout* column = columnOf(tab);
-  column->addWidget(labelOf(u"In this scene:"_s, lists.inScene));
+  column->addWidget(makeLabelOf(u"In this scene:"_s, *lists.inScene));
   column->addWidget(lists.inScene, 1);
-  column->addWidget(labelOf(u"All:"_s, lists.all));
+  column->addWidget(makeLabelOf(u"All:"_s, *lists.all));
   column->addWidget(lists.all, 1);
   return lists;
 }
@@ -139,16 +122,16 @@ SceneTabs::ListPair SceneTabs::buildLists(int tab, const QString& array, const Q
 void SceneTabs::buildGoals() {
   QVBoxLayout* column = columnOf(kGoals);
   for (size_t i = 0; i < goals_.size(); ++i) {
-    goals_[i] = readOnlyText(QString::fromLatin1(kGoalNames[i]), QString::fromLatin1(kActionLabels[i]));
-    goalLabels_[i] = labelOf(QString::fromLatin1(kActionLabels[i]), goals_[i]);
+    goals_[i] = makeReadOnlyText(QString::fromLatin1(kGoalNames[i]), QString::fromLatin1(kActionLabels[i]));
+    goalLabels_[i] = makeLabelOf(QString::fromLatin1(kActionLabels[i]), *goals_[i]);
     column->addWidget(goalLabels_[i]);
     column->addWidget(goals_[i], 1);
   }
 }
 
 void SceneTabs::buildNotes() {
-  txtNotes_ = readOnlyText(u"txtNotes"_s, u"Scene notes"_s);
-  columnOf(kNotes)->addWidget(txtNotes_);
+  txtNotes = makeReadOnlyText(u"txtNotes"_s, u"Scene notes"_s);
+  columnOf(kNotes)->addWidget(txtNotes);
 }
 
 bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
@@ -166,26 +149,26 @@ void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
 
 void SceneTabs::display(clsScene& scene) {
   sceneID_ = scene.ID();
-  txtSceneTitle_->setText(scene.Title);
-  txtSceneTitle_->setCursorPosition(0);
-  txtDesc_->setPlainText(scene.DescText);
+  txtSceneTitle->setText(scene.Title);
+  txtSceneTitle->setCursorPosition(0);
+  txtDesc->setPlainText(scene.DescText);
   showTabIcon(kNotes, "note", scene.HasNote());
   showTabIcon(kGoals, "goal", !(scene.Goal.isEmpty() && scene.Conflict.isEmpty() && scene.Outcome.isEmpty()));
-  if (txtBody_ != nullptr) {
+  if (txtBody != nullptr) {
     displayHiddenTabs(scene);
   }
 }
 
 void SceneTabs::displayHiddenTabs(clsScene& scene) {
-  txtBody_->showText(scene);
-  txtNotes_->setPlainText(scene.Notes);
-  modFillList::FillCharInScene(*ListChar_.inScene, sceneID_, false, false);
-  modFillList::FillAllCharList(*ListChar_.all, true, false);
-  modFillList::FillAllItems(*ListItems_.all);
-  modFillList::FillAllLocations(*ListLoc_.all);
+  txtBody->showText(scene);
+  txtNotes->setPlainText(scene.Notes);
+  modFillList::FillCharInScene(*ListChar.inScene, sceneID_, false, false);
+  modFillList::FillAllCharList(*ListChar.all, true, false);
+  modFillList::FillAllItems(*ListItems.all);
+  modFillList::FillAllLocations(*ListLoc.all);
   displayGoals(scene);
-  modFillList::FillItemsInScene(*ListItems_.inScene, sceneID_);
-  modFillList::FillLocationsInScene(*ListLoc_.inScene, sceneID_);
+  modFillList::FillItemsInScene(*ListItems.inScene, sceneID_);
+  modFillList::FillLocationsInScene(*ListLoc.inScene, sceneID_);
 }
 
 void SceneTabs::displayGoals(const clsScene& scene) {
@@ -202,18 +185,18 @@ void SceneTabs::displayGoals(const clsScene& scene) {
 
 void SceneTabs::clearDisplay() {
   sceneID_ = 0;
-  txtSceneTitle_->clear();
-  txtDesc_->clear();
+  txtSceneTitle->clear();
+  txtDesc->clear();
   showTabIcon(kNotes, "note", false);
   showTabIcon(kGoals, "goal", false);
-  if (txtBody_ == nullptr) {
+  if (txtBody == nullptr) {
     return;
   }
-  txtBody_->clearText();
-  for (QPlainTextEdit* field : {txtNotes_, goals_[0], goals_[1], goals_[2]}) {
+  txtBody->clearText();
+  for (QPlainTextEdit* field : {txtNotes, goals_[0], goals_[1], goals_[2]}) {
     field->clear();
   }
-  for (const ListPair& lists : {ListChar_, ListLoc_, ListItems_}) {
+  for (const ListPair& lists : {ListChar, ListLoc, ListItems}) {
     lists.inScene->clear();
     lists.all->clear();
   }

@@ -52,15 +52,15 @@ class SceneTabs : public QTabWidget {
   void displayGoals(const clsScene& scene);
   void showTabIcon(int tab, const char* key, bool shown);
 
-  QLineEdit* txtSceneTitle_ = nullptr;
-  QPlainTextEdit* txtDesc_ = nullptr;
-  SceneBody* txtBody_ = nullptr;
-  ListPair ListChar_{};
-  ListPair ListLoc_{};
-  ListPair ListItems_{};
+  QLineEdit* txtSceneTitle = nullptr;
+  QPlainTextEdit* txtDesc = nullptr;
+  SceneBody* txtBody = nullptr;
+  ListPair ListChar{};
+  ListPair ListLoc{};
+  ListPair ListItems{};
   std::array<QLabel*, 3> goalLabels_{};
   std::array<QPlainTextEdit*, 3> goals_{};
-  QPlainTextEdit* txtNotes_ = nullptr;
+  QPlainTextEdit* txtNotes = nullptr;
   /// What is displayed; 0 for nothing.
   qint32 sceneID_ = 0;
 };

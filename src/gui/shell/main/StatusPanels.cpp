@@ -3,6 +3,7 @@
 #include "gui/toolkit/ElidedLabel.h"
 
 #include <QLabel>
+#include <QLocale>
 #include <QStatusBar>
 
 using namespace Qt::StringLiterals;
@@ -44,7 +45,7 @@ void StatusPanels::showFirstPanel() {
 }
 
 void StatusPanels::setTotal(qint32 words) {
-  total_->setText(u"Total words: "_s + QString::number(words));
+  total_->setText(u"Total words: "_s + QLocale().toString(words));
 }
 
 void StatusPanels::setVersion(const QString& version) {

@@ -104,13 +104,13 @@ void frmMain::connectSignals() {
   connect(panes_, &MainPanes::sceneEdited, this, &frmMain::followEditing);
   connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, [this] {
     UpdateMenusForEditing();
-    const bool hasRows = panes_->FrameChapters().ListChapters().topLevelItemCount() > 0;
+    const bool hasRows = panes_->FrameChapters().listChapters().topLevelItemCount() > 0;
     if (!hasRows || !Editing()) {
       menus_->apply(chapterEntries(hasRows));
     }
   });
   connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this,
-          [this] { menus_->apply(sceneEntries(panes_->FrameScenes().ListScenes().topLevelItemCount() > 0)); });
+          [this] { menus_->apply(sceneEntries(panes_->FrameScenes().listScenes().topLevelItemCount() > 0)); });
 }
 
 bool frmMain::Editing() const {
@@ -148,7 +148,7 @@ void frmMain::EnableMenus() {
 }
 
 void frmMain::setProjectFieldsEnabled(bool enabled) {
-  panes_->FrameScenes().TabStrip1().setEnabled(enabled);
+  panes_->FrameScenes().tabStrip1().setEnabled(enabled);
   panes_->FrameChapters().setTitlesEnabled(enabled);
 }
 
@@ -217,7 +217,7 @@ void frmMain::EditSelectedChapter() {
 }
 
 int frmMain::CurrentTab() const {
-  return panes_->FrameScenes().TabStrip1().currentIndex();
+  return panes_->FrameScenes().tabStrip1().currentIndex();
 }
 
 // A one-shot that waits until no scene is open. There is nothing to check with yet.

@@ -16,5 +16,5 @@ class frmSplash : public QFrame {
  private:
   void buildLayout();
 
-  QLabel* lblStatus_;
+  QLabel* lblStatus;
 };

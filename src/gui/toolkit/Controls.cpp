@@ -1,0 +1,75 @@
+#include "gui/toolkit/Controls.h"
+
+#include "gui/toolkit/Mnemonics.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolButton>
+
+void giveName(QWidget& control, const QString& name, const QString& spokenName) {
+  control.setObjectName(name);
+  control.setAccessibleName(spokenName);
+}
+
+void giveName(QTabWidget& tabs, const QString& name, const QString& spokenName) {
+  giveName(static_cast<QWidget&>(tabs), name, spokenName);
+  tabs.tabBar()->setAccessibleName(spokenName);
+}
+
+QPushButton* makeButton(const QString& name, const QString& caption, QWidget* parent) {
+  auto* button = new QPushButton(caption, parent);
+  giveName(*button, name, withoutMnemonic(caption));
+  return button;
+}
+
+QToolButton* makeBarButton(const QString& name, const QIcon& picture, const QString& tip, QWidget* parent) {
+  auto* button = new QToolButton(parent);
+  giveName(*button, name, tip.section(u'(', 0, 0).trimmed());
+  button->setIcon(picture);
+  button->setToolTip(tip);
+  button->setAutoRaise(true);
+  return button;
+}
+
+QLabel* makeLabel(const QString& name, const QString& text, QWidget* parent) {
+  auto* label = new QLabel(text, parent);
+  giveName(*label, name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QLabel* makeLabelOf(const QString& caption, QWidget& buddy) {
+  auto* label = new QLabel(caption);
+  label->setBuddy(&buddy);
+  return label;
+}
+
+QLineEdit* makeLineEdit(const QString& name, const QString& spokenName, QWidget* parent) {
+  auto* edit = new QLineEdit(parent);
+  giveName(*edit, name, spokenName);
+  return edit;
+}
+
+QLineEdit* addLineEdit(QFormLayout& form, const QString& name, const QString& caption) {
+  QLineEdit* edit = makeLineEdit(name, caption);
+  form.addRow(caption + u':', edit);
+  return edit;
+}
+
+QPlainTextEdit* makeTextEdit(const QString& name, const QString& spokenName, QWidget* parent) {
+  auto* text = new QPlainTextEdit(parent);
+  giveName(*text, name, spokenName);
+  text->setTabChangesFocus(true);
+  return text;
+}
+
+QPlainTextEdit* makeReadOnlyText(const QString& name, const QString& spokenName, QWidget* parent) {
+  QPlainTextEdit* text = makeTextEdit(name, spokenName, parent);
+  makeReadOnly(*text);
+  return text;
+}

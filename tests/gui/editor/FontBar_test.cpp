@@ -1,0 +1,45 @@
+#include "gui/editor/FontBar.h"
+
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/views/RowColours.h"
+
+#include <QApplication>
+#include <QToolButton>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Between what a button shows behind its picture and the strongest of the picture's pixels.
+double contrastOf(QToolButton& button) {
+  const QImage shown = button.grab().toImage();
+  const QColor behind = shown.pixelColor(2, 2);
+  double best = 1;
+  for (int y = 2; y < shown.height() - 2; ++y) {
+    for (int x = 2; x < shown.width() - 2; ++x) {
+      best = std::max(best, RowColours::contrast(shown.pixelColor(x, y), behind));
+    }
+  }
+  return best;
+}
+
+TEST(FontBar, ItsButtonsAreReadOnLightAndDarkDesktops) {
+  const QPalette desktop = QApplication::palette();
+  RichTextBox text;
+  FontBar bar(text, nullptr);
+  bar.show();
+  for (const QColor& background : {QColor(0xef, 0xef, 0xef), QColor(0x2b, 0x2b, 0x2b), QColor(Qt::white)}) {
+    QApplication::setPalette(QPalette(background));
+    QCoreApplication::processEvents();
+    for (const char* const name : {"cmdBold", "cmdItalic", "cmdUnderline"}) {
+      auto& button = *bar.findChild<QToolButton*>(QString::fromLatin1(name));
+      EXPECT_GE(contrastOf(button), 4.5) << name << " on " << background.name();
+    }
+  }
+  QApplication::setPalette(desktop);
+}
+
+}  // namespace
