@@ -189,7 +189,7 @@ TEST_F(ProjectFile, EveryFieldOfTheProjectComesBack) {
   const QByteArray xml = xmlOf(*g_Project);
 
   newProject();
-  ASSERT_TRUE(g_Project->CreateFromXML(xml));
+  ASSERT_TRUE(readFrom(*g_Project, xml));
   EXPECT_EQ(valuesOf(*g_Project), texts);
   number = 1000;
   eachNumber([&](qint32 value) { EXPECT_EQ(value, number++); });

@@ -100,7 +100,7 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   doubleClick(list("ListScenes"), sceneRow);
   typeInEditor(id);
 
-  const QString shown = QString::number(counted + 2);
+  const QString shown = QLocale().toString(counted + 2);
   ASSERT_TRUE(soon([&] { return cell("ListScenes", sceneRow, 1) == shown; }))
       << cell("ListScenes", sceneRow, 1) << " of " << shown;
   EXPECT_EQ(panel("Totalwords"), u"Total words: %L1"_s.arg(total - words + counted + 2));
