@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -202,6 +203,13 @@ void ListView::resizeEvent(QResizeEvent* event) {
   }
 }
 
+void ListView::changeEvent(QEvent* event) {
+  QTreeWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) {
+    Q_EMIT paletteChanged();
+  }
+}
+
 // The frame stands there anyway: only its colour tells of the keyboard, nothing moves.
 bool ListView::event(QEvent* event) {
   const bool result = QTreeWidget::event(event);
@@ -282,5 +290,5 @@ void setCell(QTreeWidgetItem& row, int column, const QString& text) {
 }
 
 void setCell(QTreeWidgetItem& row, int column, qint32 number) {
-  setCell(row, column, QString::number(number));
+  setCell(row, column, QLocale().toString(number));
 }

@@ -47,10 +47,13 @@ class ListView : public QTreeWidget {
   void keyUp(int key);
   /// The left or another mouse button went up.
   void buttonUp();
+  /// Another palette is in force, this list's own too: what holds it hears of the change before or after the list.
+  void paletteChanged();
 
  protected:
   bool event(QEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
@@ -70,4 +73,5 @@ class ListView : public QTreeWidget {
 
 /// Writes a cell only when it differs: a row that is shown repaints otherwise.
 void setCell(QTreeWidgetItem& row, int column, const QString& text);
+/// With the separators of the writer's language.
 void setCell(QTreeWidgetItem& row, int column, qint32 number);

@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLocale>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -60,7 +61,7 @@ class frmWordCount::Rows : public QAbstractTableModel {
     const WordUsage& row = usage_[static_cast<size_t>(index.row())];
     switch (role) {
       case Qt::DisplayRole:
-        return index.column() == kWord ? QVariant(row.word) : QVariant(QString::number(row.count));
+        return index.column() == kWord ? QVariant(row.word) : QVariant(QLocale().toString(row.count));
       case Qt::TextAlignmentRole:
         return alignmentOf(index.column());
       default:
@@ -173,7 +174,7 @@ void frmWordCount::buildLayout() {
 void frmWordCount::FillForm(const clsHashTable& table, bool sortByCount) {
   toolkit().setPointer(Pointer::Busy);
   rows_->fill(table);
-  lblInfo->setText(u"Total words: %1 Unique: %2"_s.arg(rows_->total()).arg(rows_->rowCount()));
+  lblInfo->setText(u"Total words: %L1 Unique: %L2"_s.arg(rows_->total()).arg(rows_->rowCount()));
   ListView1->header()->setSortIndicatorShown(false);
   if (sortByCount) {
     ascending_ = false;

@@ -12,6 +12,7 @@
 #include "support/SampleProject.h"
 
 #include <QAction>
+#include <QLocale>
 #include <QProcess>
 #include <QTest>
 
@@ -89,19 +90,19 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   click(list("ListChapters"), chapterRow);
   const qint32 id = ListView::tagOf(*list("ListScenes").topLevelItem(sceneRow));
   const QStringList oldRow = row("ListScenes", sceneRow);
-  const int words = oldRow[1].toInt();
+  const int words = QLocale().toInt(oldRow[1]);
   // The stored count may be another program's; the edited text is counted by us.
   const int counted = Html().CalcWordCount(g_Project->SceneByID(id)->ConvertedToBodyText());
-  const int letters = oldRow[6].toInt();
-  const int total = panel("Totalwords").section(u' ', -1).toInt();
+  const int letters = QLocale().toInt(oldRow[6]);
+  const int total = QLocale().toInt(panel("Totalwords").section(u' ', -1));
 
   doubleClick(list("ListScenes"), sceneRow);
   typeInEditor(id);
 
-  const QString shown = QString::number(counted + 2);
+  const QString shown = QLocale().toString(counted + 2);
   ASSERT_TRUE(soon([&] { return row("ListScenes", sceneRow).at(1) == shown; }))
       << row("ListScenes", sceneRow).at(1) << " of " << shown;
-  EXPECT_EQ(panel("Totalwords"), u"Total words: %1"_s.arg(total - words + counted + 2));
+  EXPECT_EQ(panel("Totalwords"), u"Total words: %L1"_s.arg(total - words + counted + 2));
   endProgram();
   EXPECT_EQ(ended, 1);
 
@@ -140,8 +141,9 @@ TEST_F(EndToEndTest, AnEditInANovelComesBack) {
   for (int i = 0; i < 61; ++i) {
     const auto chapter = g_Project->ChapterByIndex(i + 1);
     running += chapter->Wordcount(false);
-    EXPECT_EQ(row("ListChapters", i), QStringList({chapter->Title, QString::number(chapter->Wordcount(false)),
-                                                   QString::number(chapter->SceneCount()), QString::number(running)}));
+    const QLocale locale;
+    EXPECT_EQ(row("ListChapters", i), QStringList({chapter->Title, locale.toString(chapter->Wordcount(false)),
+                                                   locale.toString(chapter->SceneCount()), locale.toString(running)}));
   }
   EXPECT_GT(running, 100000);
   endProgram();

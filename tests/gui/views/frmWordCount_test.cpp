@@ -4,7 +4,9 @@
 
 #include "core/infra/clsHashTable.h"
 #include "core/text/modWordcount.h"
+#include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorWindow.h"
+#include "support/SampleProject.h"
 
 #include <QAbstractItemModel>
 #include <QHeaderView>
@@ -61,6 +63,19 @@ TEST_F(EditorTest, WordsStandInTheOrderOfTheTableOrByCountAndATitleSortsThem) {
   EXPECT_TRUE(header.sortIndicatorSection() == 0 && header.sortIndicatorOrder() == Qt::AscendingOrder);
   clickTitle(form, 0);
   EXPECT_TRUE(shownIn(form).startsWith(u"Zebra 2, "_s) && shownIn(form).endsWith(u"Apple 2"_s));
+}
+
+TEST_F(EditorTest, NumbersHaveTheSeparatorsOfTheWritersLanguage) {
+  clsHashTable table;
+  BreakAndHash(table, u"tide "_s.repeated(1234));
+  frmWordCount form;
+  form.FillForm(table, true);
+  EXPECT_EQ(shownIn(form), u"Tide 1,234"_s);
+  EXPECT_EQ(sumsOf(form), u"Total words: 1,234 Unique: 1"_s);
+  scene()->setTextRTF(simpleRtf(QByteArray("tide ").repeated(1234)));
+  const frmEditor* const editor = open();
+  EXPECT_EQ(panel(*editor, EditorStatusBar::sceneWords), u"Scene: 1,234 words"_s);
+  EXPECT_EQ(panel(*editor, EditorStatusBar::chapterWords), u"Chapter: 1,236 words"_s);
 }
 
 TEST_F(EditorTest, ShowsTheWordUsageOfTheTextAsItStandsInTheWindow) {

@@ -35,6 +35,7 @@ namespace {
 /// A full backup that is older than this many days is due.
 constexpr int kBackupDays = 7;
 
+constexpr int kDefaultFontSize = 10;
 constexpr double kDefaultChapterSplit = 0.33;
 
 bool truth(const QVariant& value) {
@@ -136,7 +137,9 @@ void StartUp::readSettings() const {
 void StartUp::readFonts() const {
   g_DblSpaced = truth(Settings().sGet(u"DblSpaced"_s, false));
   g_12Spaced = truth(Settings().sGet(u"12Spaced"_s, false));
-  g_FontSize = static_cast<qint16>(qBound(1, Numbers::ToInt(Settings().sGet(u"FontSize"_s, u"10"_s)), 1000));
+  const QVariant size = Settings().sGet(u"FontSize"_s);
+  const int points = Numbers::ToNumber(size) ? Numbers::ToInt(size) : kDefaultFontSize;
+  g_FontSize = static_cast<qint16>(qBound(1, points, 1000));
   g_FontName = Settings().sGet(u"FontName"_s, u"Times New Roman"_s).toString();
 }
 

@@ -50,7 +50,7 @@ void ChapterPane::buildLayout() {
 
   giveName(*ListChapters, u"ListChapters"_s, u"Chapters"_s);
   ListChapters->header()->setStretchLastSection(false);
-  for (const auto& [column, longest] : {std::pair{kWords, u"88888"}, {kScenes, u"88"}, {kCount, u"888888"}}) {
+  for (const auto& [column, longest] : {std::pair{kWords, u"88,888"}, {kScenes, u"88"}, {kCount, u"888,888"}}) {
     ListChapters->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     ListChapters->setColumnWidth(column, ListChapters->widthFor(column, longest));
   }
@@ -72,6 +72,7 @@ void ChapterPane::buildLayout() {
 }
 
 void ChapterPane::connectSignals() {
+  connect(ListChapters, &ListView::paletteChanged, this, &ChapterPane::recolourRows);
   connect(txtTitle, &QLineEdit::textChanged, this, [this](const QString& text) {
     g_Project->Title = text;
     Q_EMIT titlesEdited();
@@ -99,11 +100,7 @@ bool ChapterPane::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-void ChapterPane::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() != QEvent::PaletteChange) {
-    return;
-  }
+void ChapterPane::recolourRows() {
   for (int row = 0; row < ListChapters->topLevelItemCount(); ++row) {
     QTreeWidgetItem& item = *ListChapters->topLevelItem(row);
     UpdateChapterRow(item, ListView::tagOf(item));

@@ -46,11 +46,11 @@ class ChapterPane : public QWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   void buildLayout();
   void connectSignals();
+  void recolourRows();
   void writeProgress(const QList<QTreeWidgetItem*>& rows);
 
   QLineEdit* txtTitle;

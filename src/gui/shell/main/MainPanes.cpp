@@ -7,6 +7,7 @@
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/NotesPane.h"
 #include "gui/shell/main/ScenePane.h"
+#include "gui/toolkit/Controls.h"
 #include "gui/views/ListView.h"
 
 #include <QHBoxLayout>
@@ -27,7 +28,7 @@ MainPanes::MainPanes(QWidget* parent)
 }
 
 void MainPanes::buildLayout() {
-  tabStrip2_->setObjectName(u"TabStrip2"_s);
+  giveName(*tabStrip2_, u"TabStrip2"_s, u"Scenes or notes"_s);
   tabStrip2_->setDocumentMode(true);
   tabStrip2_->addTab(frameScenes_, u"Scenes"_s);
   tabStrip2_->addTab(frameNotes_, u"Notes"_s);

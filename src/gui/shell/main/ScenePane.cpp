@@ -67,12 +67,12 @@ void ScenePane::buildLayout() {
   ListScenes->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
   ListScenes->headerItem()->setTextAlignment(kActionReaction, Qt::AlignCenter);
   for (const auto& [column, longest] : {std::pair{kViewpoint, QStringView(u"Elizabeth")},
-                                        {kWords, u"8888"},
+                                        {kWords, u"8,888"},
                                         {kScene, kShortTitle},
                                         {kStatus, u"2nd Edit"},
                                         {kActionReaction, u"A"},
                                         {kFilename, u"RTF_00001.rtf"},
-                                        {kLetters, u"88888"}}) {
+                                        {kLetters, u"88,888"}}) {
     ListScenes->setColumnWidth(column, ListScenes->widthFor(column, longest));
   }
 
@@ -93,6 +93,7 @@ void ScenePane::buildLayout() {
 }
 
 void ScenePane::connectSignals() {
+  connect(ListScenes, &ListView::paletteChanged, this, &ScenePane::recolourRows);
   connect(ListScenes, &QTreeWidget::itemSelectionChanged, this, [this] {
     const bool gathering = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
                            (QApplication::keyboardModifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != 0;
@@ -213,11 +214,7 @@ void ScenePane::fitSceneTitles() {
   ListScenes->setColumnWidth(kScene, qBound(widthOf(kStartOfTitle), shown, widthOf(kLongTitle)));
 }
 
-void ScenePane::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() != QEvent::PaletteChange) {
-    return;
-  }
+void ScenePane::recolourRows() {
   for (int i = 0; i < ListScenes->topLevelItemCount(); ++i) {
     QTreeWidgetItem& row = *ListScenes->topLevelItem(i);
     UpdateSceneRow(row, ListView::tagOf(row));

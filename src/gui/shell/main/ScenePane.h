@@ -42,12 +42,10 @@ class ScenePane : public QWidget {
  Q_SIGNALS:
   void sceneOpened();
 
- protected:
-  void changeEvent(QEvent* event) override;
-
  private:
   void buildLayout();
   void connectSignals();
+  void recolourRows();
   void displayIfOther();
 
   ListView* ListScenes;

@@ -39,7 +39,7 @@ ListView* plainList(const QString& name, const QString& spokenName, const QStrin
 }  // namespace
 
 SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
-  setObjectName(u"TabStrip1"_s);
+  giveName(*this, u"TabStrip1"_s, u"What the selected scene holds"_s);
   setUsesScrollButtons(true);
   tabBar()->setExpanding(false);
   // The arrow keys walk through all tabs: the buttons that scroll them are for the mouse.

@@ -3,6 +3,7 @@
 #include "gui/toolkit/ElidedLabel.h"
 
 #include <QLabel>
+#include <QLocale>
 #include <QStatusBar>
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,7 @@ void StatusPanels::setMessage(const QString& text) {
 }
 
 void StatusPanels::setTotal(qint32 words) {
-  total_->setText(u"Total words: "_s + QString::number(words));
+  total_->setText(u"Total words: "_s + QLocale().toString(words));
 }
 
 void StatusPanels::setVersion(const QString& version) {

@@ -52,6 +52,15 @@ TEST_F(StartUpTest, TakesOverWhatTheSettingsSay) {
   EXPECT_EQ(list("ListChapters").columnWidth(0), 200);
 }
 
+TEST_F(StartUpTest, AFontSizeThatIsNoNumberIsTheDefault) {
+  for (const auto& [stored, expected] :
+       {std::pair{u"FontSize,"_s, 10}, {u"FontSize,large"_s, 10}, {u"FontSize, 0 "_s, 1}, {u"FontSize,1e9"_s, 1000}}) {
+    writeSettings({stored});
+    start();
+    EXPECT_EQ(g_FontSize, expected) << stored;
+  }
+}
+
 TEST_F(StartUpTest, AMissingLibraryLeavesAnInertWindow) {
   const QString last = smallProject();
   for (const QString& library : {u"qnHtml2.dll"_s, u"qnHtml.dll"_s, u"Hash.dll"_s}) {

@@ -7,6 +7,8 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/views/ListView.h"
+#include "gui/views/RowColours.h"
+#include "support/SampleProject.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -16,6 +18,25 @@
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The palette of the application as long as this lives.
+class PaletteOfTest {
+ public:
+  explicit PaletteOfTest(const QPalette& palette) : former_(QApplication::palette()) {
+    QApplication::setPalette(palette);
+    QCoreApplication::processEvents();
+  }
+  ~PaletteOfTest() { QApplication::setPalette(former_); }
+  PaletteOfTest(const PaletteOfTest&) = delete;
+  PaletteOfTest& operator=(const PaletteOfTest&) = delete;
+
+ private:
+  QPalette former_;
+};
+
+}  // namespace
 
 class MainListsTest : public ShellTest {
  protected:
@@ -149,4 +170,61 @@ TEST_F(MainListsTest, EnterOpensASceneButNoChapter) {
   list("ListScenes").setFocus();
   QTest::keyClick(&list("ListScenes"), Qt::Key_Enter);
   EXPECT_TRUE(window().Editing());
+}
+
+TEST_F(MainListsTest, NumbersHaveTheSeparatorsOfTheWritersLanguage) {
+  startWith(smallProject());
+  g_Project->SceneByID(1)->setTextRTF(simpleRtf(QByteArray("tide ").repeated(12345)));
+  window().RefreshAll();
+  EXPECT_EQ(row("ListScenes", 0).value(kWords), u"12,345"_s);
+  EXPECT_EQ(row("ListScenes", 0).value(kLetters), u"61,725"_s);
+  EXPECT_EQ(row("ListChapters", 0).mid(1), QStringList({u"12,347"_s, u"2"_s, u"12,347"_s}));
+  EXPECT_EQ(panel("Totalwords"), u"Total words: 12,351"_s);
+}
+
+TEST_F(MainListsTest, RowsTakeTheColoursOfANewPalette) {
+  startWith(smallProject());
+  click(list("ListChapters"), 1);
+  const auto colours = [this] {
+    const QBrush unused = list("ListScenes").topLevelItem(1)->foreground(kStatus);
+    const QBrush chapter = list("ListChapters").topLevelItem(0)->foreground(0);
+    const QBrush total = list("ListChapters").topLevelItem(0)->foreground(3);
+    return QStringList{unused.color().name(), chapter.color().name(), total.color().name()};
+  };
+  const auto readable = [](const QPalette& palette) {
+    const QString green = RowColours::readable(RowColours::kGreen, palette).name();
+    return QStringList{RowColours::readable(RowColours::kGrey, palette).name(), green, green};
+  };
+  EXPECT_EQ(colours(), readable(window().palette()));
+  QPalette dark(QColor(40, 40, 40));
+  dark.setColor(QPalette::Base, QColor(25, 25, 25));
+  const PaletteOfTest changed(dark);
+  EXPECT_NE(readable(dark), readable(QPalette(Qt::white)));
+  EXPECT_EQ(colours(), readable(dark));
+}
+
+TEST_F(MainListsTest, TheIconOfASelectedRowTakesTheColourOfItsText) {
+  QPalette gaudy = QApplication::palette();
+  gaudy.setColor(QPalette::HighlightedText, QColor(255, 0, 255));
+  const PaletteOfTest changed(gaudy);
+  startWith(smallProject());
+  ListView& scenes = list("ListScenes");
+  const auto iconHas = [&](int row) {
+    const QRect cell = scenes.visualRect(scenes.model()->index(row, 0));
+    const int size = scenes.style()->pixelMetric(QStyle::PM_ListViewIconSize, nullptr, &scenes);
+    const QImage picture = scenes.viewport()->grab({cell.topLeft(), QSize(size, cell.height())}).toImage();
+    for (int at = 0; at < picture.width() * picture.height(); ++at) {
+      // The edges of the lines blend with what is behind them.
+      const QColor pixel = picture.pixelColor(at % picture.width(), at / picture.width());
+      if (pixel.red() > 180 && pixel.blue() > 180 && pixel.green() < 90) {
+        return true;
+      }
+    }
+    return false;
+  };
+  scenes.setFocus();
+  EXPECT_TRUE(iconHas(0));
+  EXPECT_FALSE(iconHas(1));
+  list("ListChapters").setFocus();
+  EXPECT_FALSE(iconHas(0)) << "a selection that the keyboard doesn't move is without colour";
 }
