@@ -59,8 +59,9 @@ class Display {
     }
     const xcb_window_t* const children = xcb_query_tree_children(tree.reply);
     const int count = xcb_query_tree_children_length(tree.reply);
-    return std::any_of(children, children + count,
-                       [&](xcb_window_t window) { return titleOf(window).find(title) != std::string::npos && isPainted(window); });
+    return std::any_of(children, children + count, [&](xcb_window_t window) {
+      return titleOf(window).find(title) != std::string::npos && isPainted(window);
+    });
   }
 
  private:

@@ -54,10 +54,12 @@ TEST(EditorPlacement, ASecondScreenHasAMiddleOfItsOwn) {
 
 TEST_F(EditorTest, StandsOnTheScreenWithItsFrameHoweverLargeItWas) {
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  Settings().sSet(QStringLiteral("EditorWindowWidth"), 4500);  // too narrow to be maximised
   Settings().sSet(QStringLiteral("EditorWindowHeight"), 1e9);
   for (const double last : {0.0, Twips::fromPixels(room.bottom() - 50)}) {
     LastEditorTop = last;
     frmEditor* const editor = open();
+    EXPECT_FALSE(editor->isMaximized());
     const QRect frame = QRect(editor->pos(), editor->size().grownBy(expectedFrame(*editor)));
     EXPECT_TRUE(room.contains(frame)) << frame.height();
     EXPECT_LT(editor->height(), room.height()) << "there is a title bar above";
