@@ -76,6 +76,9 @@ bool InputShield::holdsBack(QObject* watched, QEvent* event) {
   if (reachable != nullptr && isEscape(*event)) {
     const std::unique_ptr<QEvent> copy(event->clone());
     QCoreApplication::sendEvent(reachable, copy.get());
+    // Left alone it would go on to the parents of who was to have it.
+    event->accept();
+    return true;
   }
   event->ignore();
   return true;

@@ -70,6 +70,7 @@ TEST_F(InputShieldTest, TheStopButtonIsClickedThroughIt) {
   progress->Show();
   ASSERT_NE(stopButton(), nullptr);
   QTest::mouseClick(stopButton(), Qt::LeftButton);
+  EXPECT_EQ(stops_, 1);
   QTest::mouseClick(stopButton(), Qt::LeftButton);
   QTest::keyClick(stopButton()->window(), Qt::Key_Escape);
   EXPECT_EQ(stops_, 1) << "it is told once";
