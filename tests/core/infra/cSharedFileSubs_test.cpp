@@ -62,6 +62,7 @@ TEST(cSharedFileSubs, PathStringsArePartedAtBothSlashes) {
       {&cSharedFileSubs::FileOnly, u"b.c"_s, u"b.c"_s},
       {&cSharedFileSubs::FileOnly, u"a/"_s, u""_s},
       {&cSharedFileSubs::FileWithoutExt, u"C:\\a.b\\c"_s, u"C:\\a"_s},
+      {&cSharedFileSubs::FileWithoutExt, u"/a.b/My.Novel.qn4"_s, u"/a.b/My.Novel"_s},
       {&cSharedFileSubs::FileWithoutExt, u"abc"_s, u"abc"_s},
       {&cSharedFileSubs::FileWithoutExt, u".x"_s, u""_s},
       {&cSharedFileSubs::Fileroot, u"/a/b.txt"_s, u"/a/b"_s},

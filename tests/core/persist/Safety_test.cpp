@@ -70,13 +70,25 @@ TEST_F(Safety, ASaveThatHadToAskForAnotherPlaceWritesEveryTextThere) {
   EXPECT_TRUE(fileBytes(scratch_.path(u"single/Small.qnc4"_s)).contains("<SCENERTF>"));
 }
 
+TEST_F(Safety, ATextThatHasChangedAndIsAsLongAsBeforeIsWritten) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QByteArray edited = simpleRtf("one two thref");
+  ASSERT_EQ(edited.size(), sceneAt(1)->TextRTF().size());
+  sceneAt(1)->setTextRTF(edited);
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_EQ(fileBytes(sceneAt(1)->RTFFileWithPath()), edited);
+}
+
 TEST_F(Safety, AFullDiskIsToldAndNoSaveCountsAsDone) {
   if (!FailingDisk::available()) {
     GTEST_SKIP() << "a full disk can't be simulated here";
   }
   ASSERT_TRUE(g_Project->Load(path_, false));
   g_Project->DescText = QString(200000, u'x');
-  for (const qint64 room : {100, 70000, 150000}) {
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  // The last one fails as late as the file is closed.
+  const auto whole = static_cast<qint64>(fileBytes(path_).size());
+  for (const qint64 room : {qint64{100}, qint64{70000}, qint64{150000}, whole - 1}) {
     FailingDisk disk(room);
     screen_.expectBox(u"Unable to save project."_s);
     screen_.expectFile({});
