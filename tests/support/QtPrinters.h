@@ -19,6 +19,16 @@ inline std::ostream& operator<<(std::ostream& out, const QByteArray& bytes) {
   return out << '"' << bytes.toPercentEncoding(" ,;:/=()[]{}<>!?&#+*'\"\\").constData() << '"';
 }
 
+// A text is a container too, which a comparison would show letter by letter.
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+  *out << text;
+}
+
+inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
+  *out << bytes;
+}
+
 /// Any other value that Qt itself can show: dates, lists, variants, rectangles, colours.
 template <class Value>
 concept ShownByQt = std::is_class_v<Value> && !std::same_as<Value, QString> && !std::same_as<Value, QByteArray> &&

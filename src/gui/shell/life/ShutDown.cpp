@@ -84,7 +84,7 @@ void frmMain::storeLayout() {
   const double left = panes_->FrameScenes().splitterLeft();
   const double width = panes_->FrameScenes().frameWidth();
   if (!isMinimized() && left > 0 && width > 0) {
-    Settings().sSet(u"SplitPercent"_s, left / width);
+    Settings().sSet(u"SplitPercent"_s, panes_->sceneSplit());
     Settings().sSet(u"ChapterSplit"_s, panes_->chapterSplit());
   }
 }

@@ -188,8 +188,10 @@ void StartUp::restoreLayout() const {
   restoreColumns(u"MainScn"_s, panes.FrameScenes().listScenes());
   panes.showScenesTab();
   panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
-                       fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit),
-                       !Settings().IsSettingPresent(u"MainChap1_W"_s));
+                       fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
+  if (!Settings().IsSettingPresent(u"MainChap1_W"_s)) {
+    panes.fitTitlesWhenShown();
+  }
 }
 
 void StartUp::openProject() const {

@@ -8,11 +8,13 @@
 #include "gui/shell/main/NotesPane.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/views/ListView.h"
 
 #include <QHBoxLayout>
-#include <QSplitter>
 #include <QTabWidget>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +24,7 @@ MainPanes::MainPanes(QWidget* parent)
       frameScenes_(new ScenePane),
       frameNotes_(new NotesPane),
       tabStrip2_(new QTabWidget),
-      splitter_(new QSplitter(Qt::Horizontal)) {
+      splitter_(new ProportionalSplitter(Qt::Horizontal)) {
   buildLayout();
   connectSignals();
 }
@@ -35,8 +37,6 @@ void MainPanes::buildLayout() {
   splitter_->setChildrenCollapsible(false);
   splitter_->addWidget(frameChapters_);
   splitter_->addWidget(tabStrip2_);
-  splitter_->setStretchFactor(0, 0);
-  splitter_->setStretchFactor(1, 1);
   auto* row = new QHBoxLayout(this);
   row->addWidget(splitter_);
 }
@@ -107,35 +107,23 @@ void MainPanes::EditRow(qint32 SceneID) {
 }
 
 double MainPanes::chapterSplit() const {
-  const int whole = splitter_->width();
-  return whole > 0 ? static_cast<double>(splitter_->handle(1)->x()) / whole : 0;
+  return splitter_->fraction();
 }
 
-void MainPanes::placeSplitters(double chapterSplit, double sceneSplit, bool fitTitles) {
-  chapterSplit_ = chapterSplit;
-  sceneSplit_ = sceneSplit;
-  fitTitles_ = fitTitles;
-  if (isVisible()) {
-    applySplits();
-  }
+double MainPanes::sceneSplit() const {
+  return frameScenes_->splitter().fraction();
+}
+
+void MainPanes::placeSplitters(double chapterSplit, double sceneSplit) {
+  splitter_->setFraction(chapterSplit);
+  frameScenes_->splitter().setFraction(sceneSplit);
 }
 
 // Widths that come before the window is on the screen are not yet those of its layout.
 void MainPanes::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (chapterSplit_ > 0) {
-    applySplits();
-  }
-}
-
-void MainPanes::applySplits() {
-  const int whole = splitter_->width();
-  const int left = qRound(whole * chapterSplit_);
-  splitter_->setSizes({left, whole - splitter_->handleWidth() - left});
-  frameScenes_->placeSplitter(sceneSplit_);
-  if (fitTitles_) {
+  if (std::exchange(fitTitles_, false)) {
     frameChapters_->listChapters().fillRoom();
     frameScenes_->fitSceneTitles();
   }
-  chapterSplit_ = 0;
 }

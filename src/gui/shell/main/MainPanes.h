@@ -4,7 +4,7 @@
 
 class ChapterPane;
 class NotesPane;
-class QSplitter;
+class ProportionalSplitter;
 class QTabWidget;
 class ScenePane;
 
@@ -33,11 +33,12 @@ class MainPanes : public QWidget {
   void EditSelectedScene();
   void EditRow(qint32 SceneID);
 
-  /// The left edge of the panes on the right, as a part of the whole width; 0 before they are laid out.
+  /// Where the two splitters stand: parts of the whole width and of the scene pane's.
   double chapterSplit() const;
-  /// Where the two splitters go as soon as the panes are on the screen: parts of the whole and of the scene pane.
-  /// With `fitTitles` the titles of chapters and scenes take the room that the other columns leave.
-  void placeSplitters(double chapterSplit, double sceneSplit, bool fitTitles);
+  double sceneSplit() const;
+  void placeSplitters(double chapterSplit, double sceneSplit);
+  /// When the panes come up, titles of chapters and scenes take the room that the other columns leave.
+  void fitTitlesWhenShown() { fitTitles_ = true; }
 
  Q_SIGNALS:
   void chapterOpened();
@@ -52,14 +53,11 @@ class MainPanes : public QWidget {
   void buildLayout();
   void connectSignals();
   void showSelectedChapter(int SelectIndex);
-  void applySplits();
 
   ChapterPane* frameChapters_;
   ScenePane* frameScenes_;
   NotesPane* frameNotes_;
   QTabWidget* tabStrip2_;
-  QSplitter* splitter_;
-  double chapterSplit_ = 0;
-  double sceneSplit_ = 0;
+  ProportionalSplitter* splitter_;
   bool fitTitles_ = false;
 };

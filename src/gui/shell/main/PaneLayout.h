@@ -18,11 +18,4 @@ constexpr int pixelsAtLeast(double twips) {
   return Twips::fromPixels(whole) < twips ? whole + 1 : whole;
 }
 
-/// The nearest left edge that the splitter may have; in a frame too narrow for both sides the right one wins.
-constexpr double clampSplitter(double left, double frameWidth) {
-  const double raised = left < kSplitterLeft ? kSplitterLeft : left;
-  const double limit = frameWidth - kSplitterRight;
-  return raised > limit ? limit : raised;
-}
-
 }  // namespace PaneLayout

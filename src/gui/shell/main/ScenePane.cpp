@@ -8,6 +8,7 @@
 #include "gui/shell/main/PaneLayout.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
@@ -17,7 +18,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScopedValueRollback>
-#include <QSplitter>
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +52,7 @@ ScenePane::ScenePane(QWidget* parent)
       ListScenes(
           new ListView({u"Viewpoint"_s, u"Words"_s, u"Scene"_s, u"Status"_s, u"A/R"_s, u"Filename"_s, u"Letters"_s})),
       TabStrip1(new SceneTabs),
-      splitter_(new QSplitter(Qt::Horizontal)) {
+      splitter_(new ProportionalSplitter(Qt::Horizontal)) {
   setObjectName(u"FrameScenes"_s);
   buildLayout();
   connectSignals();
@@ -80,9 +80,6 @@ void ScenePane::buildLayout() {
   splitter_->setChildrenCollapsible(false);
   splitter_->addWidget(ListScenes);
   splitter_->addWidget(TabStrip1);
-  // The splitter's edge stays where it is when the window grows.
-  splitter_->setStretchFactor(0, 0);
-  splitter_->setStretchFactor(1, 1);
   splitter_->handle(1)->setObjectName(u"imgHorDivide"_s);
   ListScenes->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterLeft));
   TabStrip1->setMinimumWidth(PaneLayout::pixelsAtLeast(PaneLayout::kSplitterRight) - splitter_->handleWidth());
@@ -196,11 +193,6 @@ double ScenePane::splitterLeft() const {
 
 double ScenePane::frameWidth() const {
   return Twips::fromPixels(width());
-}
-
-void ScenePane::placeSplitter(double fraction) {
-  const int left = Twips::toPixels(PaneLayout::clampSplitter(frameWidth() * fraction, frameWidth()));
-  splitter_->setSizes({left, width() - splitter_->handleWidth() - left});
 }
 
 void ScenePane::fitSceneTitles() {

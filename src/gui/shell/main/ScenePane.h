@@ -3,7 +3,7 @@
 #include <QWidget>
 
 class ListView;
-class QSplitter;
+class ProportionalSplitter;
 class QTreeWidgetItem;
 class SceneTabs;
 
@@ -33,8 +33,7 @@ class ScenePane : public QWidget {
   /// The splitter's left edge and the pane's width, in twips; 0 before the pane is laid out.
   double splitterLeft() const;
   double frameWidth() const;
-  /// Moves the splitter to this part of the pane's width, clamped. For a pane that is laid out.
-  void placeSplitter(double fraction);
+  ProportionalSplitter& splitter() const { return *splitter_; }
   /// Gives the scenes' titles the room that the other columns leave. Where it is scarce, file names and letters go
   /// behind the edge of the list.
   void fitSceneTitles();
@@ -50,7 +49,7 @@ class ScenePane : public QWidget {
 
   ListView* ListScenes;
   SceneTabs* TabStrip1;
-  QSplitter* splitter_;
+  ProportionalSplitter* splitter_;
   qint32 shownChapterID_ = 0;
   qint32 displayedSceneID_ = 0;
   /// The list is being filled: selections in it are no choice of the user's.

@@ -19,7 +19,17 @@
 
 using namespace Qt::StringLiterals;
 
-using ShutDownTest = ShellTest;
+class ShutDownTest : public ShellTest {
+ protected:
+  /// Drags the bar between scenes and tabs with the mouse to a part of their width.
+  void dragSplitterTo(double part) {
+    auto& bar = control<QWidget>("imgHorDivide");
+    const int place = qRound(control<QSplitter>("SceneSplitter").width() * part);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, {0, 5});
+    QTest::mouseMove(&bar, {place - bar.x(), 5});
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, {0, 5});
+  }
+};
 
 TEST_F(ShutDownTest, IsRefusedWhileASceneIsOpen) {
   startWith(smallProject());
@@ -80,9 +90,7 @@ TEST_F(ShutDownTest, KeepsTheLayoutForTheNextStart) {
   const QString path = smallProject();
   startWith(path);
   window().resize(760, 600);
-  auto& splitter = control<QSplitter>("SceneSplitter");
-  const int width = splitter.width();
-  splitter.setSizes({width / 3, width - width / 3});
+  dragSplitterTo(1.0 / 3);
   list("ListScenes").setColumnWidth(2, 321);
   g_FontSize = 12;
   endProgram();
@@ -95,6 +103,29 @@ TEST_F(ShutDownTest, KeepsTheLayoutForTheNextStart) {
   EXPECT_EQ(g_FontSize, 12);
   const ScenePane& pane = window().panes().FrameScenes();
   EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), stored, 0.01);
+}
+
+// The parts are those of the size in which they are applied, which a window that comes up maximised gets last.
+TEST_F(ShutDownTest, AMaximisedWindowKeepsItsProportionsThroughAnyNumberOfStarts) {
+  const QString path = smallProject();
+  startWith(path);
+  window().resize(780, 600);
+  dragSplitterTo(0.457);
+  endProgram();
+  const double scenes = Settings().sGet(u"SplitPercent"_s).toDouble();
+  const double chapters = Settings().sGet(u"ChapterSplit"_s).toDouble();
+  start(path).showMaximized();
+  endProgram();
+  for (int i = 0; i < 3; ++i) {
+    start(path);
+    ASSERT_TRUE(window().isMaximized());
+    const ScenePane& pane = window().panes().FrameScenes();
+    EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), scenes, 0.002);
+    EXPECT_EQ(window().normalGeometry().size(), QSize(780, 600));
+    endProgram();
+    EXPECT_NEAR(Settings().sGet(u"SplitPercent"_s).toDouble(), scenes, 1e-12);
+    EXPECT_NEAR(Settings().sGet(u"ChapterSplit"_s).toDouble(), chapters, 1e-12);
+  }
 }
 
 TEST_F(ShutDownTest, AMinimisedWindowLeavesTheSplitterAsItWasStored) {

@@ -6,6 +6,7 @@
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
+#include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
 #include "support/SampleProject.h"
@@ -57,7 +58,7 @@ class MainListsTest : public ShellTest {
   void startWide() {
     startWith(smallProject());
     window().resize(1200, 700);
-    window().panes().FrameScenes().placeSplitter(0.5);
+    window().panes().FrameScenes().splitter().setFraction(0.5);
   }
 
   static int rightEdge(const ListView& view, int column) {

@@ -214,18 +214,6 @@ TEST_F(MainPanesTest, AllCharactersAreMajorsThenMinorsByTheirOrder) {
   EXPECT_EQ(modFillList::orderedCharacters(true).size(), 4U);
 }
 
-TEST(PaneLayout, TheSplitterLeavesRoomOnBothSides) {
-  struct Case {
-    double left;
-    double width;
-    double result;
-  };
-  for (const Case& known : {Case{0, 9000, 2500}, Case{2499, 9000, 2500}, Case{2501, 9000, 2501}, Case{6200, 9000, 6200},
-                            Case{6201, 9000, 6200}, Case{100, 4000, 1200}}) {
-    EXPECT_EQ(PaneLayout::clampSplitter(known.left, known.width), known.result) << known.left << ' ' << known.width;
-  }
-}
-
 TEST_F(MainPanesTest, TheSplitterStopsAtItsLimits) {
   auto& bar = control<QWidget>("imgHorDivide");
   const ScenePane& pane = window().panes().FrameScenes();
