@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/RichTextBox.h"
 
@@ -16,6 +17,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr auto kModule = "frmEditor";
 
 /// A typed size is taken from the lower limit on and below the upper one.
 constexpr double kSmallestSize = 5;
@@ -69,17 +72,18 @@ void FontBar::connectCombos() {
   // A choice from the list applies at once; typed text when it is finished, since "1" on the way to "12" is no size.
   const auto onFinished = [this](const QComboBox* combo, void (FontBar::*apply)()) {
     QLineEdit* const edit = combo->lineEdit();
-    connect(edit, &QLineEdit::editingFinished, this, [=, this] {
-      if (edit->isModified()) {
-        edit->setModified(false);
-        (this->*apply)();
-      }
-    });
+    connect(edit, &QLineEdit::editingFinished, this, guarded("cmbFont_Change", kModule, [=, this] {
+              if (edit->isModified()) {
+                edit->setModified(false);
+                (this->*apply)();
+              }
+            }));
   };
   onFinished(cmbFont, &FontBar::applyFont);
   onFinished(cmbFontSize, &FontBar::applyTypedSize);
-  connect(cmbFont, &QComboBox::textActivated, this, &FontBar::applyFont);
-  connect(cmbFontSize, &QComboBox::textActivated, this, [this](const QString& size) { applySize(size.toDouble()); });
+  connect(cmbFont, &QComboBox::textActivated, this, guarded("cmbFont_Click", kModule, this, &FontBar::applyFont));
+  connect(cmbFontSize, &QComboBox::textActivated, this,
+          guarded("cmbFontSize_Click", kModule, [this](const QString& size) { applySize(size.toDouble()); }));
   // What is typed next belongs to the scene.
   for (QComboBox* const box : {cmbFont, cmbFontSize}) {
     connect(box, &QComboBox::textActivated, &text_, [this] { text_.setFocus(); });
@@ -87,9 +91,12 @@ void FontBar::connectCombos() {
 }
 
 void FontBar::connectButtons() {
-  connect(cmdBold, &QToolButton::clicked, this, [this] { text_.setSelBold(!text_.SelBold()); });
-  connect(cmdItalic, &QToolButton::clicked, this, [this] { text_.setSelItalic(!text_.SelItalic()); });
-  connect(cmdUnderline, &QToolButton::clicked, this, [this] { text_.setSelUnderline(!text_.SelUnderline()); });
+  connect(cmdBold, &QToolButton::clicked, this,
+          guarded("cmdBold_Click", kModule, [this] { text_.setSelBold(!text_.SelBold()); }));
+  connect(cmdItalic, &QToolButton::clicked, this,
+          guarded("cmdItalic_Click", kModule, [this] { text_.setSelItalic(!text_.SelItalic()); }));
+  connect(cmdUnderline, &QToolButton::clicked, this,
+          guarded("cmdUnderline_Click", kModule, [this] { text_.setSelUnderline(!text_.SelUnderline()); }));
   for (QToolButton* const button : {cmdBold, cmdItalic, cmdUnderline}) {
     connect(button, &QToolButton::clicked, &text_, [this] { text_.setFocus(); });
   }

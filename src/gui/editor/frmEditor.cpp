@@ -9,11 +9,13 @@
 #include "gui/editor/FontBar.h"
 #include "gui/editor/TextKeys.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/toolkit/WindowSettings.h"
+#include "gui/toolkit/WindowTitle.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -31,6 +33,8 @@ using namespace Qt::StringLiterals;
 // frmEditorBinding.cpp.
 
 namespace {
+
+constexpr auto kModule = "frmEditor";
 
 /// Twips.
 constexpr double MinWidth = 10032;
@@ -62,7 +66,8 @@ void frmEditor::createActions() {
   const auto add = [this](QMenu* menu, const char* name, const QString& caption, auto run) {
     QAction* const action = menu->addAction(caption);
     action->setObjectName(QString::fromLatin1(name));
-    connect(action, &QAction::triggered, this, run);
+    connect(action, &QAction::triggered, this,
+            [handler = QByteArray(name) + "_Click", run] { Guard(handler.constData(), kModule)(run); });
     return action;
   };
   QMenu* const file = addMenu("mnuFile", u"File"_s);
@@ -128,20 +133,23 @@ QWidget* frmEditor::buildLowerPart() {
 }
 
 void frmEditor::connectSignals() {
-  connect(txtMain, &RichTextBox::Changed, this, &frmEditor::textChanged);
+  connect(txtMain, &RichTextBox::Changed, this, guarded("txtMain_Change", kModule, this, &frmEditor::textChanged));
   for (const EditorTab* const tab : tabs_) {
     connect(tab, &EditorTab::changed, this, &frmEditor::markDirty);
   }
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
   connect(cmdSave, &QPushButton::clicked, this, [this] {
-    storeWindowSettings();
-    SaveChanges(true);
+    const Guard guard("cmdSave_Click", kModule);
+    guard([this] { storeWindowSettings(); });
+    guard([this] { SaveChanges(true); });
   });
-  connect(cmdSaveAndExit, &QPushButton::clicked, this, &frmEditor::saveAndExit);
-  connect(&TimerWC, &QTimer::timeout, this, &frmEditor::ShowSceneWordCount);
+  connect(cmdSaveAndExit, &QPushButton::clicked, this,
+          guarded("cmdSaveAndExit_Click", kModule, this, &frmEditor::saveAndExit));
+  connect(&TimerWC, &QTimer::timeout, this, guarded("TimerWC_Timer", kModule, this, &frmEditor::ShowSceneWordCount));
   TimerLoadFonts.setSingleShot(true);
   TimerLoadFonts.setInterval(kLoadFontsMs);
-  connect(&TimerLoadFonts, &QTimer::timeout, fontBar_, &FontBar::fillLists);
+  connect(&TimerLoadFonts, &QTimer::timeout, this,
+          guarded("TimerLoadFonts_Timer", kModule, fontBar_, &FontBar::fillLists));
 }
 
 void frmEditor::readSettings() {
@@ -180,8 +188,7 @@ void frmEditor::DisableOrEnable(bool enabled) {
 }
 
 void frmEditor::setCaption(const QString& title) {
-  // A lone "[*]" would stand for the mark of a modified document.
-  setWindowTitle(QString(title).replace(u"[*]"_s, u"[*][*]"_s));
+  setWindowTitle(literalTitle(title));
 }
 
 void frmEditor::Show() {
@@ -224,7 +231,7 @@ void frmEditor::Unload() {
 
 void frmEditor::closeEvent(QCloseEvent* event) {
   if (!leaving_) {
-    closeForm();
+    Guard("Form_QueryUnload", kModule)([this] { closeForm(); });
   }
   event->setAccepted(leaving_);
 }

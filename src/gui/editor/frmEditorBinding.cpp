@@ -1,3 +1,4 @@
+#include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
@@ -165,8 +166,11 @@ void frmEditor::ExitForm() {
 
 void frmEditor::saveAndExit() {
   DisableOrEnable(false);
-  storeWindowSettings();
-  if (SaveChanges(false)) {
+  const Guard guard("cmdSaveAndExit_Click", "frmEditor");
+  guard([this] { storeWindowSettings(); });
+  bool saved = false;
+  guard([&] { saved = SaveChanges(false); });
+  if (saved) {
     ExitForm();
   } else {
     DisableOrEnable(true);

@@ -1,6 +1,7 @@
 #include "gui/toolkit/cSharedProgress.h"
 
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/InputShield.h"
 
 #include <QApplication>
@@ -65,10 +66,11 @@ void cSharedProgress::addStop(QVBoxLayout& layout) {
   auto* stop = new QPushButton(u"Stop"_s, window_);
   stop->setObjectName(u"cmdStop"_s);
   layout.addWidget(stop, 0, Qt::AlignRight);
-  QObject::connect(stop, &QPushButton::clicked, window_, [stop, asked = stop_] {
-    stop->setEnabled(false);
-    asked();
-  });
+  QObject::connect(stop, &QPushButton::clicked, window_,
+                   guarded("cmdStop_Click", "cSharedProgress", [stop, asked = stop_] {
+                     stop->setEnabled(false);
+                     asked();
+                   }));
   InputShield::letThrough(*window_);
 }
 

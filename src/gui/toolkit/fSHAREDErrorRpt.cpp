@@ -7,6 +7,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 
 #include <QApplication>
 #include <QDir>
@@ -27,6 +28,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr auto kModule = "fSHAREDErrorRpt";
 
 constexpr int kTextWidthInLetters = 80;
 const QString kReportName = u"FullLog.txt"_s;
@@ -119,6 +122,7 @@ void fSHAREDErrorRpt::createControls() {
   cmdViewReport->setToolTip(u"If 'Submit Error' doesn't work, click here"_s);
   cmdEmail = makePlainButton(u"cmdEmail"_s, u"Submit Error Report"_s, this);
   cmdHelp = makePlainButton(u"cmdHelp"_s, u"Help"_s, this);
+  cmdHelp->setVisible(HelpFile::isInstalled());
   cmdExit = makePlainButton(u"cmdExit"_s, u"Exit"_s, this);
 }
 
@@ -148,13 +152,17 @@ void fSHAREDErrorRpt::buildLayout() {
 }
 
 void fSHAREDErrorRpt::connectSignals() {
-  connect(cmdShowComments, &QPushButton::clicked, this,
-          [this] { reveal(fraUserMessage, cmdShowComments, txtUserMessage); });
-  connect(cmdViewLog, &QPushButton::clicked, this, [this] { reveal(fraLog, cmdViewLog, txtLog); });
+  connect(cmdShowComments, &QPushButton::clicked, this, guarded("cmdShowComments_Click", kModule, [this] {
+            reveal(fraUserMessage, cmdShowComments, txtUserMessage);
+          }));
+  connect(cmdViewLog, &QPushButton::clicked, this,
+          guarded("cmdViewLog_Click", kModule, [this] { reveal(fraLog, cmdViewLog, txtLog); }));
   connect(txtUserMessage, &QPlainTextEdit::textChanged, this, [this] { report_.commented = true; });
-  connect(cmdViewReport, &QPushButton::clicked, this, &fSHAREDErrorRpt::viewReport);
-  connect(cmdEmail, &QPushButton::clicked, this, &fSHAREDErrorRpt::submit);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { HelpFile::open(helpTopic_); });
+  connect(cmdViewReport, &QPushButton::clicked, this,
+          guarded("cmdViewReport_Click", kModule, this, &fSHAREDErrorRpt::viewReport));
+  connect(cmdEmail, &QPushButton::clicked, this, guarded("cmdEmail_Click", kModule, this, &fSHAREDErrorRpt::submit));
+  connect(cmdHelp, &QPushButton::clicked, this,
+          guarded("cmdHelp_Click", kModule, [this] { HelpFile::open(helpTopic_); }));
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::accept);
 }
 

@@ -3,6 +3,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedGetDate.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -24,6 +25,8 @@ using Key = DateEntry::Key;
 using Outcome = DateEntry::Outcome;
 
 namespace {
+
+constexpr auto kModule = "fSHAREDGetDate";
 
 QLineEdit* makeField(const QString& name, const QString& spokenName, Box box, QWidget* parent) {
   QLineEdit* field = makeLineEdit(name, spokenName, parent);
@@ -132,10 +135,10 @@ void fSHAREDGetDate::connectSignals() {
   for (const Box box : {DateEntry::First, DateEntry::Second, DateEntry::Year}) {
     boxes_[box]->installEventFilter(this);
     connect(boxes_[box], &QLineEdit::textChanged, this,
-            [this, box](const QString& text) { entry_.setText(box, text); });
+            guarded("txtBox_Change", kModule, [this, box](const QString& text) { entry_.setText(box, text); }));
   }
-  connect(cmdAccept, &QPushButton::clicked, this, [this] { press(Key::Accept); });
-  connect(cmdAbort, &QPushButton::clicked, this, [this] { press(Key::Cancel); });
+  connect(cmdAccept, &QPushButton::clicked, this, guarded("cmdAccept_Click", kModule, [this] { press(Key::Accept); }));
+  connect(cmdAbort, &QPushButton::clicked, this, guarded("cmdAbort_Click", kModule, [this] { press(Key::Cancel); }));
 }
 
 bool fSHAREDGetDate::eventFilter(QObject* watched, QEvent* event) {

@@ -3,6 +3,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/clsHashTable.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 
 #include <QAbstractTableModel>
 #include <QCollator>
@@ -156,7 +157,8 @@ void frmWordCount::buildLayout() {
   header->setSectionResizeMode(kWord, QHeaderView::Stretch);
   header->setSectionResizeMode(kCount, QHeaderView::Interactive);
   header->setSectionsClickable(true);
-  connect(header, &QHeaderView::sectionClicked, this, &frmWordCount::ListView1_ColumnClick);
+  connect(header, &QHeaderView::sectionClicked, this,
+          guarded("ListView1_ColumnClick", "frmWordCount", this, &frmWordCount::ListView1_ColumnClick));
 
   lblInfo = makeLabel(u"lblInfo"_s, {}, this);
   lblInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -134,6 +134,17 @@ TEST_F(fSHAREDErrorRptTest, WhatCannotBeOpenedIsToldInTheWindow) {
   Files().EraseFile(Paths::temporaryFolder() + u"FullLog.txt"_s);
 }
 
+TEST_F(fSHAREDErrorRptTest, OffersTheHelpOnlyWhereThereIsOne) {
+  EXPECT_FALSE(button(u"cmdHelp"_s)->isVisible());
+  const QString manual = Paths::programFolder() + u"Help/index.html"_s;
+  ASSERT_TRUE(QDir().mkpath(QFileInfo(manual).path()));
+  ASSERT_TRUE(Files().SaveTextFile(manual, QByteArrayView("<p>Help</p>")));
+  fSHAREDErrorRpt withManual(ErrorReport::about(u"Broken"_s), {});
+  withManual.show();
+  EXPECT_TRUE(childOf<QPushButton>(withManual, u"cmdHelp"_s).isVisible());
+  Files().EraseFile(manual);
+}
+
 TEST_F(fSHAREDErrorRptTest, OnlyTheWindowsOwnControlIsACancel) {
   click(u"cmdExit"_s);
   EXPECT_FALSE(window->isVisible());

@@ -23,7 +23,7 @@ void frmMain::EndProgram() {
   }
   Closing = true;
   StopScanTimer();
-  Timer3_.stop();
+  Timer3.stop();
   const Guard guard("EndProgram", "frmMain");
   guard([&] { storeSettings(); });
   toolkit().DoEvents();
@@ -79,10 +79,10 @@ void frmMain::storeLayout() {
     return;
   }
   storeWindow(u"Main"_s, *this);
-  storeColumns(u"MainChap"_s, panes_->FrameChapters().listChapters());
-  storeColumns(u"MainScn"_s, panes_->FrameScenes().listScenes());
-  const double left = panes_->FrameScenes().splitterLeft();
-  const double width = panes_->FrameScenes().frameWidth();
+  storeColumns(u"MainChap"_s, panes_->chapters().listChapters());
+  storeColumns(u"MainScn"_s, panes_->scenes().listScenes());
+  const double left = panes_->scenes().splitterLeft();
+  const double width = panes_->scenes().frameWidth();
   if (!isMinimized() && left > 0 && width > 0) {
     Settings().sSet(u"SplitPercent"_s, panes_->sceneSplit());
     Settings().sSet(u"ChapterSplit"_s, panes_->chapterSplit());

@@ -184,8 +184,8 @@ void StartUp::showStatusBar() const {
 void StartUp::restoreLayout() const {
   MainPanes& panes = main_.panes();
   restoreWindow(u"Main"_s, main_);
-  restoreColumns(u"MainChap"_s, panes.FrameChapters().listChapters());
-  restoreColumns(u"MainScn"_s, panes.FrameScenes().listScenes());
+  restoreColumns(u"MainChap"_s, panes.chapters().listChapters());
+  restoreColumns(u"MainScn"_s, panes.scenes().listScenes());
   panes.showScenesTab();
   panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
                        fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
@@ -223,8 +223,8 @@ void StartUp::finish() {
   splashStatus(u"Startup Complete"_s);
   splash_.reset();
   main_.session().UpdateRecent();
-  main_.panes().FrameScenes().tabStrip1().setCurrentIndex(0);
-  main_.panes().FrameChapters().listChapters().setFocus();
+  main_.panes().scenes().tabStrip1().setCurrentIndex(0);
+  main_.panes().chapters().listChapters().setFocus();
   main_.StartScanTimer();
   main_.startUpdateCheck();
 }

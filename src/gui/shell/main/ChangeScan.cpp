@@ -31,8 +31,8 @@ void ChangeScan::start() {
 }
 
 void ChangeScan::sceneChanged(qint32 id) {
-  const ScenePane& scenes = main_.panes().FrameScenes();
-  const ChapterPane& chapters = main_.panes().FrameChapters();
+  const ScenePane& scenes = main_.panes().scenes();
+  const ChapterPane& chapters = main_.panes().chapters();
   if (QTreeWidgetItem* row = scenes.listScenes().topLevelItem(scenes.listScenes().rowOfTag(id))) {
     scenes.UpdateSceneRow(*row, id);
     found_.selectedChanged = found_.selectedChanged || scenes.SelectedSceneID() == id;
@@ -49,7 +49,7 @@ void ChangeScan::sceneChanged(qint32 id) {
 
 // A renamed character shows in the rows that it narrates.
 void ChangeScan::characterChanged(qint32 id) {
-  const ScenePane& scenes = main_.panes().FrameScenes();
+  const ScenePane& scenes = main_.panes().scenes();
   for (int i = 0; i < scenes.listScenes().topLevelItemCount(); ++i) {
     QTreeWidgetItem& row = *scenes.listScenes().topLevelItem(i);
     const qint32 sceneID = ListView::tagOf(row);
@@ -65,9 +65,9 @@ void ChangeScan::showFindings() {
   if (found.needsRefill) {
     panes.FillSceneList(0);
   } else if (found.selectedChanged) {
-    panes.FrameScenes().DisplaySelectedScene();
+    panes.scenes().DisplaySelectedScene();
   }
-  panes.FrameChapters().RecalcProgressive();
+  panes.chapters().RecalcProgressive();
   main_.showTotal();
   main_.UpdateMenusForEditing();
 }

@@ -4,6 +4,7 @@
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
 #include "gui/views/RowIcon.h"
@@ -21,6 +22,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr auto kModule = "frmMain";
 
 enum Column { kTitle, kWords, kScenes, kCount };
 
@@ -72,15 +75,16 @@ void ChapterPane::buildLayout() {
 }
 
 void ChapterPane::connectSignals() {
-  connect(ListChapters, &ListView::paletteChanged, this, &ChapterPane::recolourRows);
-  connect(txtTitle, &QLineEdit::textChanged, this, [this](const QString& text) {
-    g_Project->Title = text;
-    Q_EMIT titlesEdited();
-  });
-  connect(txtAuthor, &QLineEdit::textChanged, this, [this](const QString& text) {
-    g_Project->AuthorName = text;
-    Q_EMIT titlesEdited();
-  });
+  connect(ListChapters, &ListView::paletteChanged, this,
+          guarded("ListChapters_PaletteChange", kModule, this, &ChapterPane::recolourRows));
+  connect(txtTitle, &QLineEdit::textChanged, this, guarded("txtTitle_Change", kModule, [this](const QString& text) {
+            g_Project->Title = text;
+            Q_EMIT titlesEdited();
+          }));
+  connect(txtAuthor, &QLineEdit::textChanged, this, guarded("txtAuthor_Change", kModule, [this](const QString& text) {
+            g_Project->AuthorName = text;
+            Q_EMIT titlesEdited();
+          }));
   // A held arrow key runs down the list: the scenes follow when it goes up.
   connect(ListChapters, &QTreeWidget::itemSelectionChanged, this, [this] {
     if (!ListChapters->keyIsDown()) {

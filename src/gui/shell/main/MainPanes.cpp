@@ -8,6 +8,7 @@
 #include "gui/shell/main/NotesPane.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/views/ListView.h"
 
@@ -18,79 +19,88 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr auto kModule = "frmMain";
+
+}  // namespace
+
 MainPanes::MainPanes(QWidget* parent)
     : QWidget(parent),
-      frameChapters_(new ChapterPane),
-      frameScenes_(new ScenePane),
-      frameNotes_(new NotesPane),
-      tabStrip2_(new QTabWidget),
+      FrameChapters(new ChapterPane),
+      FrameScenes(new ScenePane),
+      FrameNotes(new NotesPane),
+      TabStrip2(new QTabWidget),
       splitter_(new ProportionalSplitter(Qt::Horizontal)) {
   buildLayout();
   connectSignals();
 }
 
 void MainPanes::buildLayout() {
-  giveName(*tabStrip2_, u"TabStrip2"_s, u"Scenes or notes"_s);
-  tabStrip2_->setDocumentMode(true);
-  tabStrip2_->addTab(frameScenes_, u"Scenes"_s);
-  tabStrip2_->addTab(frameNotes_, u"Notes"_s);
+  giveName(*TabStrip2, u"TabStrip2"_s, u"Scenes or notes"_s);
+  TabStrip2->setDocumentMode(true);
+  TabStrip2->addTab(FrameScenes, u"Scenes"_s);
+  TabStrip2->addTab(FrameNotes, u"Notes"_s);
   splitter_->setChildrenCollapsible(false);
-  splitter_->addWidget(frameChapters_);
-  splitter_->addWidget(tabStrip2_);
+  splitter_->addWidget(FrameChapters);
+  splitter_->addWidget(TabStrip2);
   auto* row = new QHBoxLayout(this);
   row->addWidget(splitter_);
 }
 
 void MainPanes::connectSignals() {
-  connect(frameChapters_, &ChapterPane::chapterSelected, this, [this] { showSelectedChapter(1); });
-  connect(frameChapters_, &ChapterPane::chapterKeyUp, this, [this] { showSelectedChapter(0); });
-  connect(frameChapters_, &ChapterPane::chapterOpened, this, &MainPanes::chapterOpened);
-  connect(frameChapters_, &ChapterPane::titlesEdited, this, &MainPanes::titlesEdited);
-  connect(frameScenes_, &ScenePane::sceneOpened, this, &MainPanes::EditSelectedScene);
+  connect(FrameChapters, &ChapterPane::chapterSelected, this,
+          guarded("ListChapters_ItemClick", kModule, [this] { showSelectedChapter(1); }));
+  connect(FrameChapters, &ChapterPane::chapterKeyUp, this,
+          guarded("ListChapters_KeyUp", kModule, [this] { showSelectedChapter(0); }));
+  connect(FrameChapters, &ChapterPane::chapterOpened, this, &MainPanes::chapterOpened);
+  connect(FrameChapters, &ChapterPane::titlesEdited, this, &MainPanes::titlesEdited);
+  connect(FrameScenes, &ScenePane::sceneOpened, this,
+          guarded("ListScenes_DblClick", kModule, this, &MainPanes::EditSelectedScene));
 }
 
 // A chapter whose scenes are shown already keeps its scene selection.
 void MainPanes::showSelectedChapter(int SelectIndex) {
-  if (frameChapters_->SelectedChapterID() != frameScenes_->shownChapterID()) {
+  if (FrameChapters->SelectedChapterID() != FrameScenes->shownChapterID()) {
     FillSceneList(SelectIndex);
   }
 }
 
 void MainPanes::refill() {
-  const qint32 chapter = frameChapters_->SelectedChapterID();
-  const qint32 scene = frameScenes_->SelectedSceneID();
-  frameChapters_->showTitles();
+  const qint32 chapter = FrameChapters->SelectedChapterID();
+  const qint32 scene = FrameScenes->SelectedSceneID();
+  FrameChapters->showTitles();
   FillChapterList();
-  frameChapters_->SelectChapter(chapter);
-  FillSceneList(g_Project->ChapterByID(frameChapters_->SelectedChapterID())->SceneIndex(scene));
-  frameNotes_->FillNoteList();
+  FrameChapters->SelectChapter(chapter);
+  FillSceneList(g_Project->ChapterByID(FrameChapters->SelectedChapterID())->SceneIndex(scene));
+  FrameNotes->FillNoteList();
 }
 
 void MainPanes::FillChapterList() {
-  frameScenes_->clear();
-  frameChapters_->FillChapterList();
+  FrameScenes->clear();
+  FrameChapters->FillChapterList();
 }
 
 void MainPanes::FillSceneList(int SelectIndex) {
-  const qint32 id = frameChapters_->SelectedChapterID();
+  const qint32 id = FrameChapters->SelectedChapterID();
   if (id == 0) {
     return;
   }
-  frameChapters_->showDescription(*g_Project->ChapterByID(id));
-  frameScenes_->FillSceneList(id, SelectIndex);
+  FrameChapters->showDescription(*g_Project->ChapterByID(id));
+  FrameScenes->FillSceneList(id, SelectIndex);
 }
 
 void MainPanes::ClearLists() {
-  frameChapters_->clear();
-  frameScenes_->clear();
+  FrameChapters->clear();
+  FrameScenes->clear();
 }
 
 void MainPanes::showScenesTab() {
-  tabStrip2_->setCurrentWidget(frameScenes_);
+  TabStrip2->setCurrentWidget(FrameScenes);
 }
 
 void MainPanes::EditSelectedScene() {
-  const qint32 id = frameScenes_->SelectedSceneID();
+  const qint32 id = FrameScenes->SelectedSceneID();
   if (id != 0) {
     EditRow(id);
   }
@@ -99,9 +109,9 @@ void MainPanes::EditSelectedScene() {
 void MainPanes::EditRow(qint32 SceneID) {
   g_Project->SceneByID(SceneID)->Edit();
   // The row may have gone while the editor came up.
-  ListView& list = frameScenes_->listScenes();
+  ListView& list = FrameScenes->listScenes();
   if (QTreeWidgetItem* row = list.topLevelItem(list.rowOfTag(SceneID))) {
-    frameScenes_->UpdateSceneRow(*row, SceneID);
+    FrameScenes->UpdateSceneRow(*row, SceneID);
   }
   Q_EMIT sceneEdited();
 }
@@ -111,19 +121,19 @@ double MainPanes::chapterSplit() const {
 }
 
 double MainPanes::sceneSplit() const {
-  return frameScenes_->splitter().fraction();
+  return FrameScenes->splitter().fraction();
 }
 
 void MainPanes::placeSplitters(double chapterSplit, double sceneSplit) {
   splitter_->setFraction(chapterSplit);
-  frameScenes_->splitter().setFraction(sceneSplit);
+  FrameScenes->splitter().setFraction(sceneSplit);
 }
 
 // Widths that come before the window is on the screen are not yet those of its layout.
 void MainPanes::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (std::exchange(fitTitles_, false)) {
-    frameChapters_->listChapters().fillRoom();
-    frameScenes_->fitSceneTitles();
+    FrameChapters->listChapters().fillRoom();
+    FrameScenes->fitSceneTitles();
   }
 }

@@ -16,9 +16,9 @@ class MainPanes : public QWidget {
  public:
   explicit MainPanes(QWidget* parent = nullptr);
 
-  ChapterPane& FrameChapters() const { return *frameChapters_; }
-  ScenePane& FrameScenes() const { return *frameScenes_; }
-  NotesPane& FrameNotes() const { return *frameNotes_; }
+  ChapterPane& chapters() const { return *FrameChapters; }
+  ScenePane& scenes() const { return *FrameScenes; }
+  NotesPane& notes() const { return *FrameNotes; }
 
   /// Titles, lists and notes anew from the project; the selection is kept by ID.
   void refill();
@@ -54,10 +54,10 @@ class MainPanes : public QWidget {
   void connectSignals();
   void showSelectedChapter(int SelectIndex);
 
-  ChapterPane* frameChapters_;
-  ScenePane* frameScenes_;
-  NotesPane* frameNotes_;
-  QTabWidget* tabStrip2_;
+  ChapterPane* FrameChapters;
+  ScenePane* FrameScenes;
+  NotesPane* FrameNotes;
+  QTabWidget* TabStrip2;
   ProportionalSplitter* splitter_;
   bool fitTitles_ = false;
 };

@@ -4,6 +4,7 @@
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowIcon.h"
 
@@ -25,7 +26,8 @@ NotesPane::NotesPane(QWidget* parent)
       txtNoteEditor(makeReadOnlyText(u"txtNoteEditor"_s, u"Note text"_s)) {
   setObjectName(u"FrameNotes"_s);
   buildLayout();
-  connect(ListNotes, &QTreeWidget::itemSelectionChanged, this, &NotesPane::showSelectedNote);
+  connect(ListNotes, &QTreeWidget::itemSelectionChanged, this,
+          guarded("ListNotes_ItemClick", "frmMain", this, &NotesPane::showSelectedNote));
 }
 
 void NotesPane::buildLayout() {

@@ -8,6 +8,7 @@
 #include "gui/shell/main/PaneLayout.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/views/ListView.h"
@@ -22,6 +23,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr auto kModule = "frmMain";
 
 enum Column { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
 
@@ -90,16 +93,18 @@ void ScenePane::buildLayout() {
 }
 
 void ScenePane::connectSignals() {
-  connect(ListScenes, &ListView::paletteChanged, this, &ScenePane::recolourRows);
-  connect(ListScenes, &QTreeWidget::itemSelectionChanged, this, [this] {
-    const bool gathering = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
-                           (QApplication::keyboardModifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != 0;
-    if (!filling_ && !gathering && !ListScenes->keyIsDown()) {
-      displayIfOther();
-    }
-  });
-  connect(ListScenes, &ListView::buttonUp, this, &ScenePane::displayIfOther);
-  connect(ListScenes, &ListView::keyUp, this, &ScenePane::displayIfOther);
+  connect(ListScenes, &ListView::paletteChanged, this,
+          guarded("ListScenes_PaletteChange", kModule, this, &ScenePane::recolourRows));
+  connect(ListScenes, &QTreeWidget::itemSelectionChanged, this, guarded("ListScenes_ItemClick", kModule, [this] {
+            const bool gathering = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
+                                   (QApplication::keyboardModifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != 0;
+            if (!filling_ && !gathering && !ListScenes->keyIsDown()) {
+              displayIfOther();
+            }
+          }));
+  connect(ListScenes, &ListView::buttonUp, this,
+          guarded("ListScenes_MouseUp", kModule, this, &ScenePane::displayIfOther));
+  connect(ListScenes, &ListView::keyUp, this, guarded("ListScenes_KeyUp", kModule, [this] { displayIfOther(); }));
   connect(ListScenes, &ListView::rowOpened, this, &ScenePane::sceneOpened);
   connect(ListScenes, &ListView::enterPressed, this, &ScenePane::sceneOpened);
   connect(TabStrip1, &SceneTabs::sceneOpened, this, &ScenePane::sceneOpened);

@@ -5,6 +5,7 @@
 #include "core/model/clsScene.h"
 #include "gui/shell/main/SceneBody.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/views/ListView.h"
 #include "gui/views/modFillList.h"
@@ -22,6 +23,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr auto kModule = "frmMain";
 
 enum Tab { kDescription, kContent, kCharacters, kLocations, kItems, kGoals, kNotes };
 
@@ -51,7 +54,7 @@ SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
     addFrame(caption);
   }
   buildDescription();
-  connect(this, &QTabWidget::currentChanged, this, &SceneTabs::buildHiddenTabs);
+  connect(this, &QTabWidget::currentChanged, this, guarded("TabStrip1_Click", kModule, [this] { buildHiddenTabs(); }));
 }
 
 void SceneTabs::addFrame(const QString& caption) {
@@ -70,7 +73,7 @@ QVBoxLayout* SceneTabs::columnOf(int tab) const {
 void SceneTabs::paintEvent(QPaintEvent* event) {
   QTabWidget::paintEvent(event);
   if (txtBody == nullptr) {
-    QTimer::singleShot(0, this, &SceneTabs::buildHiddenTabs);
+    QTimer::singleShot(0, this, guarded("TabStrip1_Paint", kModule, this, &SceneTabs::buildHiddenTabs));
   }
 }
 

@@ -16,6 +16,7 @@
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/StatusPanels.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/WindowTitle.h"
 #include "gui/views/ListView.h"
@@ -31,6 +32,12 @@
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kModule = "frmMain";
+
+}  // namespace
 
 /// What the window itself is for, with or without a project.
 class frmMain::OwnCommands : public CommandGroup {
@@ -75,9 +82,9 @@ void frmMain::createParts() {
   statusBar()->setObjectName(u"StatusBar1"_s);
   status_ = std::make_unique<StatusPanels>(*statusBar());
   scan_ = std::make_unique<ChangeScan>(*this);
-  Timer3_.setObjectName(u"Timer3"_s);
-  Timer3_.setParent(this);
-  Timer3_.setInterval(5s);
+  Timer3.setObjectName(u"Timer3"_s);
+  Timer3.setParent(this);
+  Timer3.setInterval(5s);
 }
 
 // The captions of the Search menu name these keys themselves, so the entries have none of their own.
@@ -87,30 +94,34 @@ void frmMain::createShortcuts() {
                         std::pair{QKeySequence(Qt::CTRL | Qt::Key_F), "mnuFind"}};
   for (const auto& [key, entry] : keys) {
     QAction* const action = menus_->action(QString::fromLatin1(entry));
-    connect(new QShortcut(key, this), &QShortcut::activated, this,
-            [this, action] { action->isEnabled() ? action->trigger() : sayWhyNot(*action); });
+    connect(new QShortcut(key, this), &QShortcut::activated, this, guarded("Form_KeyDown", kModule, [this, action] {
+              action->isEnabled() ? action->trigger() : sayWhyNot(*action);
+            }));
   }
 }
 
 void frmMain::connectSignals() {
-  connect(&Timer3_, &QTimer::timeout, this, &frmMain::Timer3_Timer);
-  connect(panes_, &MainPanes::titlesEdited, this, [this] {
-    ProjectChanged = true;
-    showTitle();
-  });
+  connect(&Timer3, &QTimer::timeout, this, guarded("Timer3_Timer", kModule, this, &frmMain::Timer3_Timer));
+  connect(panes_, &MainPanes::titlesEdited, this, guarded("txtTitle_Change", kModule, [this] {
+            ProjectChanged = true;
+            showTitle();
+          }));
   connect(menus_, &MainMenuBar::chosen, this, [this] { showMessage({}); });
   connect(menus_, &MainMenuBar::hinted, this, [this](const QString& note) { status_->setHint(note); });
-  connect(panes_, &MainPanes::chapterOpened, this, &frmMain::EditSelectedChapter);
-  connect(panes_, &MainPanes::sceneEdited, this, &frmMain::followEditing);
-  connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, [this] {
-    UpdateMenusForEditing();
-    const bool hasRows = panes_->FrameChapters().listChapters().topLevelItemCount() > 0;
-    if (!hasRows || !Editing()) {
-      menus_->apply(chapterEntries(hasRows));
-    }
-  });
-  connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this,
-          [this] { menus_->apply(sceneEntries(panes_->FrameScenes().listScenes().topLevelItemCount() > 0)); });
+  connect(panes_, &MainPanes::chapterOpened, this,
+          guarded("ListChapters_DblClick", kModule, this, &frmMain::EditSelectedChapter));
+  connect(panes_, &MainPanes::sceneEdited, this,
+          guarded("ListScenes_DblClick", kModule, this, &frmMain::followEditing));
+  connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, guarded("mnuChapters_Click", kModule, [this] {
+            UpdateMenusForEditing();
+            const bool hasRows = panes_->chapters().listChapters().topLevelItemCount() > 0;
+            if (!hasRows || !Editing()) {
+              menus_->apply(chapterEntries(hasRows));
+            }
+          }));
+  connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this, guarded("mnuScene_Click", kModule, [this] {
+            menus_->apply(sceneEntries(panes_->scenes().listScenes().topLevelItemCount() > 0));
+          }));
 }
 
 bool frmMain::Editing() const {
@@ -118,11 +129,8 @@ bool frmMain::Editing() const {
 }
 
 void frmMain::ActivateOpenEditors() {
-  for (qint32 i = 1; i <= g_SceneChanges.HighWater(); ++i) {
-    const HashRecord record = g_SceneChanges.Record(i);
-    if (record.Locked) {
-      g_Project->SceneByID(record.ID)->Edit();
-    }
+  for (const qint32 id : g_SceneChanges.lockedIDs()) {
+    g_Project->SceneByID(id)->Edit();
   }
 }
 
@@ -148,8 +156,8 @@ void frmMain::EnableMenus() {
 }
 
 void frmMain::setProjectFieldsEnabled(bool enabled) {
-  panes_->FrameScenes().tabStrip1().setEnabled(enabled);
-  panes_->FrameChapters().setTitlesEnabled(enabled);
+  panes_->scenes().tabStrip1().setEnabled(enabled);
+  panes_->chapters().setTitlesEnabled(enabled);
 }
 
 void frmMain::UpdateMenusForEditing() {
@@ -181,7 +189,7 @@ void frmMain::RefreshAll() {
 }
 
 void frmMain::showTotal() {
-  status_->setTotal(panes_->FrameChapters().ProgressiveTotal());
+  status_->setTotal(panes_->chapters().ProgressiveTotal());
 }
 
 void frmMain::showMessage(const QString& text) {
@@ -217,7 +225,7 @@ void frmMain::EditSelectedChapter() {
 }
 
 int frmMain::CurrentTab() const {
-  return panes_->FrameScenes().tabStrip1().currentIndex();
+  return panes_->scenes().tabStrip1().currentIndex();
 }
 
 // A one-shot that waits until no scene is open. There is nothing to check with yet.
@@ -225,7 +233,7 @@ void frmMain::Timer3_Timer() {
   if (Closing || Editing()) {
     return;
   }
-  Timer3_.stop();
+  Timer3.stop();
 }
 
 void frmMain::Updater_InstallFile() {
@@ -252,7 +260,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     return;
   }
   event->ignore();
-  Guard("Form_QueryUnload", "frmMain")([&] { mnuConfirmExit_Click(); });
+  Guard("Form_QueryUnload", kModule)([&] { mnuConfirmExit_Click(); });
 }
 
 // What reaches the form was wanted by no control. The arrows shall not wander into the menu or the desktop; a key of

@@ -58,8 +58,8 @@ class frmMain : public QMainWindow {
   /// At the end and at the start of the program. A work that only must not be disturbed takes a ScanPause.
   void StopScanTimer();
   void StartScanTimer();
-  void stopUpdateCheck() { Timer3_.stop(); }
-  void startUpdateCheck() { Timer3_.start(); }
+  void stopUpdateCheck() { Timer3.stop(); }
+  void startUpdateCheck() { Timer3.start(); }
   void Updater_InstallFile();
 
   /// The full redraw.
@@ -104,7 +104,7 @@ class frmMain : public QMainWindow {
   void setProjectFieldsEnabled(bool enabled);
 
   QString commandLine_;
-  QTimer Timer3_;
+  QTimer Timer3;
   MainPanes* panes_ = nullptr;
   MainMenuBar* menus_ = nullptr;
   std::unique_ptr<StatusPanels> status_;

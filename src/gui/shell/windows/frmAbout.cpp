@@ -4,6 +4,7 @@
 #include "core/infra/Maker.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSubs.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
 
 #include <QDialogButtonBox>
@@ -53,7 +54,9 @@ void frmAbout::buildLayout() {
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   QPushButton* page = buttons->addButton(u"Visit "_s + maker, QDialogButtonBox::ActionRole);
   page->setObjectName(u"cmdWebPage"_s);
-  connect(page, &QPushButton::clicked, this, [] { toolkit().openDocument(QString::fromLatin1(Maker::kWebAddress)); });
+  connect(page, &QPushButton::clicked, this, guarded("cmdWebPage_Click", "frmAbout", [] {
+            toolkit().openDocument(QString::fromLatin1(Maker::kWebAddress));
+          }));
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
   auto* column = new QVBoxLayout(this);

@@ -336,7 +336,7 @@ TEST_F(ProjectCommandsTest, TheSceneMenuOffersWhatThereIsToWorkOn) {
   auto& scene = control<QMenu>("mnuScene");
   Q_EMIT scene.aboutToShow();
   EXPECT_TRUE(isEnabled("mnuEditScene"));
-  window().panes().FrameScenes().clear();
+  window().panes().scenes().clear();
   Q_EMIT scene.aboutToShow();
   EXPECT_FALSE(isEnabled("mnuEditScene"));
 }

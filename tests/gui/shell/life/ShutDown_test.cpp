@@ -101,7 +101,7 @@ TEST_F(ShutDownTest, KeepsTheLayoutForTheNextStart) {
   EXPECT_EQ(window().size(), QSize(760, 600));
   EXPECT_EQ(list("ListScenes").columnWidth(2), 321);
   EXPECT_EQ(g_FontSize, 12);
-  const ScenePane& pane = window().panes().FrameScenes();
+  const ScenePane& pane = window().panes().scenes();
   EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), stored, 0.01);
 }
 
@@ -119,7 +119,7 @@ TEST_F(ShutDownTest, AMaximisedWindowKeepsItsProportionsThroughAnyNumberOfStarts
   for (int i = 0; i < 3; ++i) {
     start(path);
     ASSERT_TRUE(window().isMaximized());
-    const ScenePane& pane = window().panes().FrameScenes();
+    const ScenePane& pane = window().panes().scenes();
     EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), scenes, 0.002);
     EXPECT_EQ(window().normalGeometry().size(), QSize(780, 600));
     endProgram();

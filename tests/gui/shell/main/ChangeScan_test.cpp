@@ -59,7 +59,7 @@ TEST_F(ChangeScanTest, ASceneThatWasAddedToTheChapterComesIn) {
   g_Project->SceneByID(1)->Save();
   ASSERT_TRUE(soon([&] { return list("ListScenes").topLevelItemCount() == 3; }));
   EXPECT_EQ(panel("Totalwords"), u"Total words: 13"_s);
-  EXPECT_EQ(window().panes().FrameScenes().SelectedSceneID(), 1);
+  EXPECT_EQ(window().panes().scenes().SelectedSceneID(), 1);
 }
 
 TEST_F(ChangeScanTest, ARenamedCharacterShowsInTheRowsThatItNarrates) {

@@ -58,7 +58,7 @@ class MainListsTest : public ShellTest {
   void startWide() {
     startWith(smallProject());
     window().resize(1200, 700);
-    window().panes().FrameScenes().splitter().setFraction(0.5);
+    window().panes().scenes().splitter().setFraction(0.5);
   }
 
   static int rightEdge(const ListView& view, int column) {
@@ -91,7 +91,7 @@ TEST_F(MainListsTest, OnlyACellThatIsNotSeenWholeHasAToolTip) {
 
 TEST_F(MainListsTest, FirstWidthsShowWhatIsUsefulAndGiveTheTitlesTheRest) {
   startWide();
-  window().panes().FrameScenes().fitSceneTitles();
+  window().panes().scenes().fitSceneTitles();
   const ListView& scenes = list("ListScenes");
   const ListView& chapters = list("ListChapters");
   EXPECT_LE(rightEdge(scenes, kActionReaction), scenes.viewport()->width());

@@ -49,7 +49,7 @@ class MainPanesTest : public ShellTest {
     QTest::keyClick(&list(listName), key);
   }
   QString memo(const char* name) { return control<QPlainTextEdit>(name).toPlainText(); }
-  qint32 selectedScene() { return window().panes().FrameScenes().SelectedSceneID(); }
+  qint32 selectedScene() { return window().panes().scenes().SelectedSceneID(); }
 };
 
 TEST_F(MainPanesTest, ChapterRowsCountWhatIsUsed) {
@@ -172,8 +172,8 @@ TEST_F(MainPanesTest, ARefreshKeepsTheSelectionByID) {
   g_Project->RemoveChapterByID(1);
   g_Project->AddChapter(first);
   window().RefreshAll();
-  EXPECT_EQ(window().panes().FrameChapters().SelectedChapterID(), 2);
-  EXPECT_EQ(window().panes().FrameChapters().ChapterRowIndex(2), 0);
+  EXPECT_EQ(window().panes().chapters().SelectedChapterID(), 2);
+  EXPECT_EQ(window().panes().chapters().ChapterRowIndex(2), 0);
   EXPECT_EQ(selectedScene(), 4);
 }
 
@@ -216,7 +216,7 @@ TEST_F(MainPanesTest, AllCharactersAreMajorsThenMinorsByTheirOrder) {
 
 TEST_F(MainPanesTest, TheSplitterStopsAtItsLimits) {
   auto& bar = control<QWidget>("imgHorDivide");
-  const ScenePane& pane = window().panes().FrameScenes();
+  const ScenePane& pane = window().panes().scenes();
   const auto drag = [&](int to) {
     QTest::mousePress(&bar, Qt::LeftButton);
     QTest::mouseMove(&bar, {to, bar.height() / 2});
