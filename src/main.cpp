@@ -16,6 +16,16 @@ QString commandLine() {
   return QCoreApplication::arguments().mid(1).join(u' ');
 }
 
+/// Drawn in the sizes that title bars and switchers show: the desktop is handed every size that an icon has, and
+/// larger ones would take longer to draw than the rest of a start's boxes.
+QIcon windowIcon() {
+  QIcon result;
+  for (const int size : {16, 32, 48}) {
+    result.addPixmap(icon("quillane").pixmap(QSize(size, size), 1));
+  }
+  return result;
+}
+
 int run() {
   InstanceCheck instance;
   if (!Form_Initialize(instance)) {
@@ -50,7 +60,7 @@ int main(int argc, char** argv) {
   QtToolkit screen;
   installToolkit(&screen);
   registerWindows();
-  QGuiApplication::setWindowIcon(icon("quillane"));
+  QGuiApplication::setWindowIcon(windowIcon());
   const int result = run();
   installToolkit(nullptr);
   return result;
