@@ -95,6 +95,8 @@ void SceneFile::name(QSet<QString>& taken) const {
   if (scene_.rtfFilename_.isEmpty()) {
     scene_.rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s, taken);
     taken.insert(scene_.rtfFilename_);
+    // A book one of whose scenes has no file can't be opened.
+    scene_.rtfChanged_ = true;
   }
 }
 

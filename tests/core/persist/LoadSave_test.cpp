@@ -185,6 +185,16 @@ TEST_F(LoadSave, OnlyChangedScenesAreWrittenUnlessProgressIsShown) {
   EXPECT_NE(fileBytes(untouched), "changed behind the program's back");
 }
 
+TEST_F(LoadSave, ASceneThatNobodyHasWrittenInGetsItsFileToo) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  g_Project->ChapterByID(1)->Addscene(std::make_shared<clsScene>());
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  newProject();
+  ASSERT_TRUE(g_Project->Load(path_, false)) << "a scene without its file";
+  EXPECT_EQ(g_Project->SceneCount(), 6);
+  EXPECT_EQ(sceneAt(6)->TextRTF(), QByteArray());
+}
+
 TEST_F(LoadSave, ANewProjectAsksForItsFileAndRefusesAFolderThatHoldsOne) {
   makeSmallProject();
   screen_.expectFile(scratch_.path(u"Other.qn4"_s));

@@ -76,6 +76,9 @@ frmMain& ShellTest::start(const QString& commandLine) {
   window_.reset();
   window_ = std::make_unique<frmMain>(commandLine);
   window_->endProcess = [this] { ++ended; };
+  if (prepare) {
+    prepare(*window_);
+  }
   window_->Form_Load();
   if (!window_->Closing) {
     window_->show();

@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -60,6 +61,8 @@ class ShellTest : public ::testing::Test {
 
   ScriptedToolkit toolkit;
   ScratchFolder folder;
+  /// What is done to each new window before its start-up.
+  std::function<void(frmMain&)> prepare;
   /// How often the process was asked to end.
   int ended = 0;
 

@@ -13,6 +13,7 @@
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/life/InstanceCheck.h"
 #include "gui/shell/life/RegisterWindows.h"
+#include "gui/shell/main/MenuBindings.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 
@@ -27,6 +28,23 @@
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Stands for commands that the start points to.
+class BuiltLater : public CommandGroup {
+ public:
+  void bind(MenuBindings& menu) override {
+    menu.bind("mnuBackupProject", [] {});
+    menu.bind("mnuProjectGen", [] {});
+  }
+};
+
+void addLaterCommands(frmMain& main) {
+  main.addCommands(std::make_unique<BuiltLater>());
+}
+
+}  // namespace
 
 using StartUpTest = ShellTest;
 
@@ -154,6 +172,27 @@ TEST_F(StartUpTest, ALastProjectThatHasGoneOpensNothingAndSaysNothing) {
   writeSettings({u"LastProjectFile,"_s + folder.path(u"gone.qn4"_s)});
   start();
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
+}
+
+TEST_F(StartUpTest, GreetsTheFirstRunOnceTheWizardIsThere) {
+  prepare = addLaterCommands;
+  toolkit.expectBox(u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard'"_s);
+  start();
+  writeSettings({u"Keep,me"_s});
+  start();
+}
+
+TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeekWhereOneCanBeMade) {
+  prepare = addLaterCommands;
+  Clock::set(QDateTime(QDate(2026, 3, 15), QTime(12, 0)));
+  const qint32 today = Clock::dayNumber(QDate(2026, 3, 15));
+  const QString reminder = u"  Use Tools - Backups and make a full backup!  "_s;
+  for (const auto& [lastBackup, expected] :
+       {std::pair{today - 7, QString()}, {today - 8, reminder}, {0, reminder}, {today, QString()}}) {
+    writeSettings({u"LastFullBackup, "_s + QString::number(lastBackup) + u' '});
+    start();
+    EXPECT_EQ(panel("backup"), expected) << today - lastBackup << " days ago";
+  }
 }
 
 TEST_F(StartUpTest, ASecondCopyStartsOnlyWhenTheUserInsists) {
