@@ -15,8 +15,11 @@ inline std::ostream& operator<<(std::ostream& out, const QString& text) {
   return out << '"' << text.toUtf8().constData() << '"';
 }
 
+/// Of a whole file its beginning.
 inline std::ostream& operator<<(std::ostream& out, const QByteArray& bytes) {
-  return out << '"' << bytes.toPercentEncoding(" ,;:/=()[]{}<>!?&#+*'\"\\").constData() << '"';
+  constexpr qsizetype kShown = 600;
+  out << '"' << bytes.left(kShown).toPercentEncoding(" ,;:/=()[]{}<>!?&#+*'\"\\").constData() << '"';
+  return bytes.size() > kShown ? out << " and " << bytes.size() - kShown << " bytes more" : out;
 }
 
 // A text is a container too, which a comparison would show letter by letter.

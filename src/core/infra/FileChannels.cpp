@@ -52,8 +52,15 @@ int FileChannels::Open(const QString& path, Mode mode) {
   while (open_.count(number) > 0) {
     ++number;
   }
-  NativeFile file(path, nativeMode(mode));
-  open_.emplace(number, Channel{std::move(file), mode, identity(path), {}, {}});
+  Channel opened;
+  opened.mode = mode;
+  opened.path = identity(path);
+  if (mode == Mode::Replace) {
+    opened.replacement = std::make_unique<ReplacementFile>(path);
+  } else {
+    opened.file = std::make_unique<NativeFile>(path, nativeMode(mode));
+  }
+  open_.emplace(number, std::move(opened));
   return number;
 }
 
@@ -86,7 +93,7 @@ void FileChannels::write(Channel& to, QByteArrayView bytes) {
     throw *to.failure;
   }
   try {
-    to.file.write(bytes);
+    to.replacement ? to.replacement->write(bytes) : to.file->write(bytes);
   } catch (const RuntimeError& error) {
     to.failure = error;
     throw;
@@ -122,7 +129,7 @@ void FileChannels::PrintLine(int number, QStringView text) {
 QByteArray FileChannels::ReadAll(int number) {
   Channel& from = reader(number);
   QByteArray rest = std::exchange(from.buffer, {});
-  for (QByteArray more = from.file.read(kBufferSize); !more.isEmpty(); more = from.file.read(kBufferSize)) {
+  for (QByteArray more = from.file->read(kBufferSize); !more.isEmpty(); more = from.file->read(kBufferSize)) {
     rest.append(more);
   }
   return rest;
@@ -141,7 +148,7 @@ QByteArray FileChannels::LineInput(int number) {
     if (end + 1 < from.buffer.size()) {
       break;
     }
-    const QByteArray more = from.file.read(kBufferSize);
+    const QByteArray more = from.file->read(kBufferSize);
     if (more.isEmpty()) {
       break;
     }
@@ -156,9 +163,19 @@ QByteArray FileChannels::LineInput(int number) {
 bool FileChannels::EndOfFile(int number) {
   Channel& from = reader(number);
   if (from.buffer.isEmpty()) {
-    from.buffer = from.file.read(kBufferSize);
+    from.buffer = from.file->read(kBufferSize);
   }
   return from.buffer.isEmpty();
+}
+
+void FileChannels::Abandon(int number) {
+  const Channel closing = std::move(channel(number));
+  open_.erase(number);
+}
+
+QString FileChannels::failureOf(int number) {
+  const std::optional<RuntimeError>& failure = channel(number).failure;
+  return failure ? failure->description() : QString();
 }
 
 void FileChannels::Close(int number) {
@@ -175,10 +192,14 @@ void FileChannels::close(int number, bool toDisk) {
   if (closing.mode != Mode::Input) {
     write(closing, closing.buffer);
   }
-  if (toDisk) {
-    closing.file.flushToDisk();
+  if (closing.replacement) {
+    closing.replacement->commit(toDisk ? ReplacementFile::Durability::OnDisk : ReplacementFile::Durability::Cached);
+    return;
   }
-  closing.file.close();
+  if (toDisk) {
+    closing.file->flushToDisk();
+  }
+  closing.file->close();
 }
 
 FileChannels& Channels() {

@@ -8,6 +8,7 @@
 #include <QStringView>
 
 #include <map>
+#include <memory>
 #include <optional>
 
 /// The open files by number: the lowest free number from 1 is given to the next one. Output is buffered.
@@ -16,14 +17,15 @@
 /// one opened the other way, 55 for a file that is open already, and the system's refusals as NativeFile tells them.
 class FileChannels {
  public:
-  enum class Mode { Input, Output, Append };
+  enum class Mode { Input, Output, Append, Replace };
 
   FileChannels() = default;
   ~FileChannels();
   FileChannels(const FileChannels&) = delete;
   FileChannels& operator=(const FileChannels&) = delete;
 
-  /// Output truncates the file in place, Append makes a missing one.
+  /// Output truncates the file in place, Append makes a missing one. Replace writes beside the file, which stands there
+  /// whole until the new one is closed: then that takes its place.
   int Open(const QString& path, Mode mode);
   void Print(int number, QByteArrayView bytes);
   /// Text goes through the code page.
@@ -40,13 +42,19 @@ class FileChannels {
   void Close(int number);
   /// As Close, once all that was printed has reached the disk.
   void CloseToDisk(int number);
+  /// Throws away what was printed to a file that was to be replaced; of others it closes what there is.
+  void Abandon(int number);
+  /// Why nothing more can be printed to this file; empty when it can.
+  QString failureOf(int number);
 
   bool isOpen(const QString& path) const;
 
  private:
   struct Channel {
-    NativeFile file;
-    Mode mode;
+    /// One of the two.
+    std::unique_ptr<NativeFile> file;
+    std::unique_ptr<ReplacementFile> replacement;
+    Mode mode = Mode::Input;
     QString path;
     /// What waits to be written, or what was read ahead.
     QByteArray buffer;

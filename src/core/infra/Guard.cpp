@@ -7,22 +7,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// "<description> (<number>)", whatever kind of exception it was.
-QString describe(const std::exception_ptr& failure) {
-  const auto text = [](const RuntimeError& error) {
-    return error.description() + u" ("_s + QString::number(error.number()) + u')';
-  };
+/// Whatever kind of exception it was.
+RuntimeError errorOf(const std::exception_ptr& failure) {
   try {
     std::rethrow_exception(failure);
   } catch (const std::exception& error) {
-    return text(RuntimeError::of(error));
+    return RuntimeError::of(error);
   } catch (...) {
-    return text(RuntimeError(RuntimeError::Internal));
+    return RuntimeError(RuntimeError::Internal);
   }
 }
 
 }  // namespace
 
+QString Guard::descriptionOf(const std::exception_ptr& failure) {
+  return errorOf(failure).description();
+}
+
 void Guard::report(const std::exception_ptr& failure) const {
-  Logging().AddDebug(describe(failure), QString::fromLatin1(routine_), QString::fromLatin1(module_));
+  const RuntimeError error = errorOf(failure);
+  Logging().AddDebug(error.description() + u" ("_s + QString::number(error.number()) + u')',
+                     QString::fromLatin1(routine_), QString::fromLatin1(module_));
 }

@@ -26,8 +26,20 @@ class Guard {
       return false;
     }
   }
+  /// The same. Empty when it went well, else why it failed, as it may be told to the user.
+  template <class Statement>
+  QString causeOf(Statement&& statement) const {
+    try {
+      std::forward<Statement>(statement)();
+      return {};
+    } catch (...) {
+      report(std::current_exception());
+      return descriptionOf(std::current_exception());
+    }
+  }
 
  private:
+  static QString descriptionOf(const std::exception_ptr& failure);
   void report(const std::exception_ptr& failure) const;
 
   const char* routine_;

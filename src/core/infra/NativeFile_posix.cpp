@@ -195,6 +195,8 @@ struct ReplacementFile::Handle : Descriptor {
   Handle& operator=(const Handle&) = delete;
 
   void openBeside();
+  void write(QByteArrayView bytes);
+  void checkContent() const;
   void takePermissions(const struct stat& old) const;
   void discard() {
     if (!temporary.isEmpty()) {
@@ -207,6 +209,9 @@ struct ReplacementFile::Handle : Descriptor {
   QByteArray target;
   /// Empty when a device is written to directly.
   QByteArray temporary;
+  /// What was written, and its last bytes.
+  qint64 length = 0;
+  QByteArray end;
 };
 
 /// The name doesn't grow with the target's, so that a name of the greatest length can be replaced too.
@@ -216,12 +221,32 @@ void ReplacementFile::Handle::openBeside() {
   const QByteArray start = folderOf(target) + ".quillane-" + QByteArray::number(::getpid()) + '-';
   do {
     temporary = start + QByteArray::number(++count) + ".tmp";
-    fd = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+    fd = ::open(temporary.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
   } while (fd < 0 && errno == EEXIST);
   if (fd < 0) {
     const int code = errno;
     temporary.clear();
     failMaking(code, path);
+  }
+}
+
+void ReplacementFile::Handle::write(QByteArrayView bytes) {
+  constexpr qsizetype kEnd = 64;
+  writeAll(fd, bytes, path);
+  length += bytes.size();
+  end.append(bytes.last(std::min(bytes.size(), kEnd)));
+  end = end.last(std::min(end.size(), kEnd));
+}
+
+/// A disk or a network that swallows bytes without a word must not cost the old file too.
+void ReplacementFile::Handle::checkContent() const {
+  struct stat now {};
+  QByteArray there(end.size(), '\0');
+  const auto from = static_cast<off_t>(length - end.size());
+  const bool whole = ::fstat(fd, &now) == 0 && now.st_size == length &&
+                     ::pread(fd, there.data(), static_cast<size_t>(there.size()), from) == there.size() && there == end;
+  if (!whole) {
+    throw RuntimeError::fromErrno(EIO, path);
   }
 }
 
@@ -258,12 +283,15 @@ ReplacementFile::ReplacementFile(const QString& path) : handle_(std::make_unique
 ReplacementFile::~ReplacementFile() = default;
 
 void ReplacementFile::write(QByteArrayView bytes) {
-  writeAll(handle_->fd, bytes, handle_->path);
+  handle_->write(bytes);
 }
 
 void ReplacementFile::commit(Durability durability) {
   if (durability == Durability::OnDisk) {
     flushToDisk(handle_->fd, handle_->path);
+  }
+  if (!handle_->temporary.isEmpty()) {
+    handle_->checkContent();
   }
   handle_->close(handle_->path);
   if (handle_->temporary.isEmpty()) {

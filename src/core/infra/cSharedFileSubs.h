@@ -108,6 +108,9 @@ class cSharedFileSubs {
 
   /// Truncates in place. -1 when it can't be opened, a read-only file that stays so included.
   int CreateOutputFile(const QString& Path) const;
+  /// Writes beside the file, which stays whole until the channel is closed. -1 when that can't begin; `cause` says why
+  /// then.
+  int CreateReplacementFile(const QString& Path, QString& cause) const;
   int OpenOutputFile(const QString& Path) const { return CreateOutputFile(Path); }
   int OpenAppendFile(const QString& Path) const;
   /// For input; -1 when missing.

@@ -86,6 +86,18 @@ int cSharedFileSubs::CreateOutputFile(const QString& Path) const {
   return openChannel("CreateOutputFile", Path, FileChannels::Mode::Output);
 }
 
+int cSharedFileSubs::CreateReplacementFile(const QString& Path, QString& cause) const {
+  if (!readyForWriting(Path, u"CreateReplacementFile"_s)) {
+    cause = RuntimeError(RuntimeError::PathAccess).description();
+    return -1;
+  }
+  int number = -1;
+  cause = Guard("CreateReplacementFile", kModule).causeOf([&] {
+    number = Channels().Open(Paths::native(Path), FileChannels::Mode::Replace);
+  });
+  return number;
+}
+
 int cSharedFileSubs::OpenAppendFile(const QString& Path) const {
   if (!readyForWriting(Path, u"OpenAppendFile"_s)) {
     return -1;

@@ -20,6 +20,7 @@ using namespace modConstXML;
 
 namespace {
 
+const QString kUnableToReplace = u"Unable to write the project file. Please choose another location."_s;
 const QString kUnableToSave = u"Unable to save project. Please use Save As and choose a different location."_s;
 
 FileQuestion projectFileQuestion(const QString& folder) {
@@ -128,6 +129,14 @@ bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
   return isDone(failure);
 }
 
+// What the system says may be all that a writer needs to mend it.
+ProjectSaver::Failure ProjectSaver::because(Failure failure, const QString& cause) {
+  if (!cause.isEmpty()) {
+    failure.text += u"\n\n"_s + cause;
+  }
+  return failure;
+}
+
 void ProjectSaver::tell(const Failure& failure) {
   if (failure.told == Failure::Told::ByBox) {
     toolkit().MsgBox(failure.text);
@@ -148,29 +157,28 @@ ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) const {
       return boxed(u"Unable to create project folder. Please choose another location."_s);
     }
   }
-  Files().EraseFile(project_.FileWithPath);
-  if (Files().FileExists(project_.FileWithPath)) {
-    return boxed(u"Unable to write the project file. Please choose another location."_s);
-  }
   return {};
 }
 
 ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form, bool asked) {
-  const int file = Files().CreateOutputFile(project_.FileWithPath);
+  QString cause;
+  const int file = Files().CreateReplacementFile(project_.FileWithPath, cause);
   if (file <= 0) {
     Logging().LogEvent(u"Unable to write project file"_s);
-    return boxed(kUnableToSave);
+    return because(boxed(Files().FileExists(project_.FileWithPath) ? kUnableToReplace : kUnableToSave), cause);
   }
   Logging().LogEvent(u"Saving project"_s);
   LongWork work(project_, u"Saving Project"_s, showProgress);
   // Another place has none of the scenes' files yet.
   const Failure failure = writeSteps(work, file, form, showProgress || asked);
-  const bool isOnDisk = Guard("Save", "clsProject")([&] { Channels().CloseToDisk(file); });
   if (!isDone(failure)) {
-    return failure;
+    cause = Channels().failureOf(file);
+    Channels().Abandon(file);
+    return because(failure, cause);
   }
-  if (!isOnDisk) {
-    return boxed(kUnableToSave);
+  cause = Guard("Save", "clsProject").causeOf([&] { Channels().CloseToDisk(file); });
+  if (!cause.isEmpty()) {
+    return because(boxed(kUnableToSave), cause);
   }
   remember(form);
   return {};

@@ -40,6 +40,8 @@ class ProjectSaver {
   void remember(Form form) const;
   QString forcedExtension(const QString& extension) const;
   static Failure boxed(const QString& text) { return {Failure::Told::ByBox, text}; }
+  /// With the cause behind what is told.
+  static Failure because(Failure failure, const QString& cause);
   static bool isDone(const Failure& failure) { return failure.told == Failure::Told::NotAtAll; }
   static void tell(const Failure& failure);
 

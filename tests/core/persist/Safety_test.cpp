@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -89,17 +90,53 @@ TEST_F(Safety, AFullDiskIsToldAndNoSaveCountsAsDone) {
   // The last one fails as late as the file is closed.
   const auto whole = static_cast<qint64>(fileBytes(path_).size());
   for (const qint64 room : {qint64{100}, qint64{70000}, qint64{150000}, whole - 1}) {
+    const QByteArray before = fileBytes(path_);
     FailingDisk disk(room);
-    screen_.expectBox(u"Unable to save project."_s);
+    screen_.expectBox(u"Unable to save project. Please use Save As and choose a different location.\n\nDisk full"_s);
     screen_.expectFile({});
     screen_.expectBox(u"No project file specified. Save cancelled."_s);
     EXPECT_FALSE(g_Project->SaveQN4(false));
     disk.clear();
+    EXPECT_EQ(fileBytes(path_), before) << "the old book is gone";
+    EXPECT_EQ(filesBelow(QFileInfo(path_).path()).size(), 6) << "something was left beside it";
     EXPECT_EQ(g_Project->SceneCount(), 5);
     g_Project->FileWithPath = path_;
     ASSERT_TRUE(g_Project->SaveQN4(false));
     EXPECT_EQ(fileBytes(path_).count("<PROJECT>"), 1);
   }
+}
+
+TEST_F(Safety, TheOldBookStandsThereUntilTheNewOneIsWhole) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QByteArray before = fileBytes(path_);
+  g_Project->Title = u"Anew"_s;
+  int sawOld = 0;
+  std::function<void()> look = [&] {
+    const QByteArray now = fileBytes(path_);
+    sawOld += now == before ? 1 : 0;
+    EXPECT_TRUE(now == before || (now.contains("<Title>Anew</Title>") && now.endsWith("</QUILLANE4>\r\n")));
+    screen_.onYield = look;
+  };
+  screen_.onYield = look;
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  screen_.onYield = nullptr;
+  EXPECT_GT(sawOld, 2);
+  EXPECT_TRUE(fileBytes(path_).contains("<Title>Anew</Title>"));
+}
+
+TEST_F(Safety, ALinkedProjectFileIsFollowedAndKeepsItsRights) {
+  const QString target = scratch_.path(u"real/Real.qn4"_s);
+  ASSERT_TRUE(QDir().mkpath(scratch_.path(u"real"_s)));
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  ASSERT_TRUE(QFile::rename(path_, target));
+  ASSERT_TRUE(QFile::link(target, path_));
+  const QFile::Permissions rights = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+  ASSERT_TRUE(QFile::setPermissions(target, rights));
+  g_Project->Title = u"Anew"_s;
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(QFileInfo(path_).isSymLink());
+  EXPECT_TRUE(fileBytes(target).contains("<Title>Anew</Title>"));
+  EXPECT_EQ(QFile::permissions(target) & (rights | QFile::ReadOther | QFile::WriteGroup), rights);
 }
 
 TEST_F(Safety, ASceneFileStaysWholeWhenItsDiskIsFull) {
