@@ -70,6 +70,9 @@ std::optional<ScriptedToolkit::Expected> ScriptedToolkit::take(Kind kind, const 
 }
 
 Answer ScriptedToolkit::MsgBox(const QString& text, Buttons buttons) {
+  if (onBox) {
+    onBox(text);
+  }
   boxes.append(text);
   const auto expected = take(Kind::Box, text);
   if (!expected) {

@@ -43,6 +43,8 @@ class ScriptedToolkit : public Toolkit {
   std::function<std::unique_ptr<InputHold>()> makeHold = [] { return nullptr; };
   /// Presses the Stop of the progress window that offered one last; nothing where none did.
   std::function<void()> pressStop = [] {};
+  /// Looks at each box before it is answered.
+  std::function<void(const QString& text)> onBox;
   /// What happens the next time that the program yields; once.
   std::function<void()> onYield;
 

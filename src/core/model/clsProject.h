@@ -148,7 +148,7 @@ class clsProject {
   /// True on success; a failed load leaves an empty project. The user has been told by then.
   bool Load(const QString& file, bool showProgress);
   /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the
-  /// user gave up: FileWithPath is empty then and the project is whole in memory.
+  /// user gave up: the project is whole in memory then, counts as unsaved, and the next save tries its own file again.
   bool SaveQN4(bool showProgress);
   /// The same as one file with the scenes' RTF inside.
   bool SaveQNC4(bool showProgress);

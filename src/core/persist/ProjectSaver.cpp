@@ -71,13 +71,16 @@ bool ProjectSaver::saveAs() {
     return false;
   }
   const BusyMark busy(project_);
+  const QString own = project_.FileWithPath;
   const QString answer = toolkit().SaveFileDialog(projectFileQuestion(Paths::documentsFolder()));
   if (answer.isEmpty()) {
     return false;
   }
   project_.FileWithPath = answer;
   project_.FileWithPath = forcedExtension(u".qn4"_s);
-  save(true, Form::Folder);
+  if (!save(true, Form::Folder)) {
+    giveUp(own);
+  }
   return true;
 }
 
@@ -94,10 +97,12 @@ QString ProjectSaver::forcedExtension(const QString& extension) const {
 bool ProjectSaver::save(bool showProgress, Form form) {
   const BusyMark busy(project_);
   project_.QN3FileMode = false;
+  const QString own = project_.FileWithPath;
   QString folder = Paths::documentsFolder();
   for (;;) {
     const bool asked = project_.FileWithPath.isEmpty();
     if (asked && !askForFile(folder)) {
+      giveUp(own);
       return false;
     }
     if (asked && form == Form::SingleFile) {
@@ -109,6 +114,12 @@ bool ProjectSaver::save(bool showProgress, Form form) {
     folder = project_.Path();
     project_.FileWithPath.clear();
   }
+}
+
+// The next save tries the same place again: what was in the way may have gone by then.
+void ProjectSaver::giveUp(const QString& own) const {
+  project_.FileWithPath = own;
+  project_.editedSinceSave_ = !own.isEmpty();
 }
 
 bool ProjectSaver::askForFile(const QString& folder) {

@@ -31,7 +31,7 @@ void frmMain::EndProgram() {
   // asks once more.
   if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
     guard([&] { SaveProject(true); });
-    guard([&] { insistOnScenes(); });
+    guard([&] { insistOnSaving(); });
   }
   guard([&] { g_Project = std::make_unique<clsProject>(); });
   if (settingsLoaded_) {
@@ -45,17 +45,29 @@ void frmMain::EndProgram() {
   endProcess();
 }
 
-/// A scene whose file could not be written is in memory alone: the program doesn't end over it without a word.
-void frmMain::insistOnScenes() {
-  for (;;) {
-    const qint32 unsaved = g_Project->UnsavedTexts();
-    if (unsaved == 0 || g_Project->FileWithPath.isEmpty()) {
-      return;
-    }
-    const QString text =
-        u"The text of %1 scene(s) could not be written to %2. Please make room or free the files and "
-        "then click Retry, else click Cancel to end the program without it."_s;
-    if (toolkit().MsgBox(text.arg(unsaved).arg(g_Project->Path() + u"RTF"_s), Buttons::RetryCancel) != Answer::Retry) {
+namespace {
+
+/// What of the book stands in memory alone, and what to do about it; empty when nothing does.
+QString whatWouldBeLost() {
+  const QString advice =
+      u" Please make room or free the files and then click Retry, else click Cancel to end the "
+      "program without it."_s;
+  if (const qint32 unsaved = g_Project->UnsavedTexts(); unsaved > 0 && !g_Project->FileWithPath.isEmpty()) {
+    return u"The text of %1 scene(s) could not be written to %2."_s.arg(unsaved).arg(g_Project->Path() + u"RTF"_s) +
+           advice;
+  }
+  return g_Project->HoldsUnsaved() ? u"The book could not be saved. What was changed since it was last saved is lost "
+                                     "when the program ends."_s +
+                                         advice
+                                   : QString();
+}
+
+}  // namespace
+
+/// The program doesn't end over what is in memory alone without a word.
+void frmMain::insistOnSaving() {
+  for (QString lost = whatWouldBeLost(); !lost.isEmpty(); lost = whatWouldBeLost()) {
+    if (toolkit().MsgBox(lost, Buttons::RetryCancel) != Answer::Retry) {
       return;
     }
     SaveProject(false);

@@ -97,7 +97,7 @@ class frmMain : public QMainWindow {
   void sayWhyNot(const QAction& action);
   void connectSignals();
   void Timer3_Timer();
-  void insistOnScenes();
+  void insistOnSaving();
   void storeSettings();
   void storeLayout();
   void unloadForms();

@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QSplitter>
 #include <QTest>
 
@@ -78,6 +79,32 @@ TEST_F(ShutDownTest, TellsOfScenesWhoseFilesCannotBeWritten) {
   toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::Cancel);
   window().close();
   EXPECT_EQ(ended, 1);
+}
+
+TEST_F(ShutDownTest, ABookThatCouldNotBeSavedIsTriedAgainAndNotDroppedWithoutAWord) {
+  const QString path = smallProject();
+  startWith(path);
+  ASSERT_TRUE(QFile::remove(path) && QDir().mkpath(path));
+  control<QLineEdit>("txtTitle").setText(u"Anew"_s);
+  for (int tries = 0; tries < 2; ++tries) {
+    toolkit.expectBox(u"Unable to save project."_s);
+    toolkit.expectFile({});
+    toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+    if (tries == 0) {
+      trigger("mnuSaveProj");
+      EXPECT_EQ(g_Project->FileWithPath, path) << "the next save tries the same place";
+      EXPECT_TRUE(window().isWindowModified());
+    }
+  }
+  toolkit.expectBox(u"The book could not be saved."_s, Answer::Retry);
+  toolkit.onBox = [&](const QString& text) {
+    if (text.startsWith(u"The book could not be saved."_s)) {
+      EXPECT_TRUE(QDir().rmdir(path));
+    }
+  };
+  window().close();
+  EXPECT_EQ(ended, 1);
+  EXPECT_TRUE(fileBytes(path).contains("<Title>Anew</Title>"));
 }
 
 TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {
