@@ -259,6 +259,8 @@ bool ProjectSaver::writeTexts(Form form, bool force) const {
 void ProjectSaver::remember(Form form) const {
   Settings().sSet(u"LastProjectFile"_s, project_.FileWithPath);
   Settings().sSet(u"LastProjectLoaded"_s, project_.FileWithPath);
-  Logging().LogEvent(u"Project saved"_s);
+  if (form == Form::SingleFile || project_.UnsavedTexts() == 0) {
+    Logging().LogEvent(u"Project saved"_s);
+  }
   project_.editedSinceSave_ = project_.editedSinceSave_ && form == Form::SingleFile;
 }
