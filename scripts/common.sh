@@ -50,12 +50,9 @@ with_progress() {
   say "$what"
   [ -t 2 ] || { quietly "$@"; return; }
   log=$(mktemp)
-  { "$@" 2>&1 || echo "exit $?"; } | tee "$log" | awk '/^ *[[0-9]/ { printf "\r\033[K%s", substr($0, 1, 76); fflush() }' >&2
+  "$@" > >(tee "$log" | awk '/^ *[[0-9]/ { printf "\r\033[K%s", substr($0, 1, 76); fflush() }' >&2) 2>&1 || status=$?
   printf '\r\033[K' >&2
-  if tail -n 1 "$log" | grep -q '^exit '; then
-    status=1
-    sed '$d' "$log" >&2
-  fi
+  [ $status -eq 0 ] || cat "$log" >&2
   rm -f "$log"
   return $status
 }

@@ -70,9 +70,7 @@ std::optional<ScriptedToolkit::Expected> ScriptedToolkit::take(Kind kind, const 
 }
 
 Answer ScriptedToolkit::MsgBox(const QString& text, Buttons buttons) {
-  if (onBox) {
-    onBox(text);
-  }
+  lastButtons = buttons;
   boxes.append(text);
   const auto expected = take(Kind::Box, text);
   if (!expected) {

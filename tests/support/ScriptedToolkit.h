@@ -25,6 +25,8 @@ class ScriptedToolkit : public Toolkit {
   void expectErrorReport(const QString& text);
 
   QStringList boxes;
+  /// The buttons of the box that came last.
+  Buttons lastButtons = Buttons::Ok;
   QList<FileQuestion> fileQuestions;
   QStringList errorReports;
   /// Every caption that a progress window showed, and how many windows were made and shown.
@@ -43,8 +45,6 @@ class ScriptedToolkit : public Toolkit {
   std::function<std::unique_ptr<InputHold>()> makeHold = [] { return nullptr; };
   /// Presses the Stop of the progress window that offered one last; nothing where none did.
   std::function<void()> pressStop = [] {};
-  /// Looks at each box before it is answered.
-  std::function<void(const QString& text)> onBox;
   /// What happens the next time that the program yields; once.
   std::function<void()> onYield;
 

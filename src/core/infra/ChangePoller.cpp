@@ -11,7 +11,7 @@ ChangePoller::ChangePoller(const char* routine, const char* module, ChangeArea a
     : QObject(parent), routine_(routine), module_(module), area_(area) {
   timer_.setObjectName(QString::fromLatin1(routine).section(u'_', 0, 0));
   timer_.setParent(this);
-  connect(&timer_, &QTimer::timeout, this, [this] { poll(); });
+  connect(&timer_, &QTimer::timeout, this, [this] { Guard(routine_, module_)([this] { poll(); }); });
 }
 
 void ChangePoller::follow(clsHashTable& table, Handler handler) {

@@ -14,8 +14,13 @@ constexpr qsizetype kBufferSize = 65536;
 
 /// One spelling for each file, so that it is known again however it is named.
 QString identity(const QString& path) {
-  const QString canonical = QFileInfo(path).canonicalFilePath();
-  return canonical.isEmpty() ? QFileInfo(path).absoluteFilePath() : canonical;
+  const QFileInfo file(path);
+  const QString canonical = file.canonicalFilePath();
+  if (!canonical.isEmpty()) {
+    return canonical;
+  }
+  const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+  return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
 }
 
 NativeFile::Mode nativeMode(FileChannels::Mode mode) {
@@ -29,7 +34,8 @@ NativeFile::Mode nativeMode(FileChannels::Mode mode) {
 FileChannels::~FileChannels() {
   while (!open_.empty()) {
     try {
-      Close(open_.begin()->first);
+      // What was to replace a file and wasn't closed is not whole.
+      open_.begin()->second.replacement ? Abandon(open_.begin()->first) : Close(open_.begin()->first);
     } catch (const RuntimeError&) {
       // At the end of the process there is nobody left to tell.
     }
@@ -54,12 +60,13 @@ int FileChannels::Open(const QString& path, Mode mode) {
   }
   Channel opened;
   opened.mode = mode;
-  opened.path = identity(path);
   if (mode == Mode::Replace) {
     opened.replacement = std::make_unique<ReplacementFile>(path);
   } else {
     opened.file = std::make_unique<NativeFile>(path, nativeMode(mode));
   }
+  // A new file has the name by which it is known again once it is there.
+  opened.path = identity(path);
   open_.emplace(number, std::move(opened));
   return number;
 }

@@ -48,8 +48,8 @@ class ReplacementFile {
   static bool isTemporary(QStringView name) { return name.startsWith(u".quillane-") && name.endsWith(u".tmp"); }
 
   void write(QByteArrayView bytes);
-  /// Looks at the new content first: as long as what was written, with the same end, else it throws 57 and the old
-  /// file stays. OnDisk waits until content and name have reached the disk.
+  /// Where the system lets us, it looks at the new content first: as long as what was written, with the same end, else
+  /// it throws 57 and the old file stays. OnDisk waits until content and name have reached the disk.
   void commit(Durability durability);
 
  private:

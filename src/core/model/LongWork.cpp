@@ -6,14 +6,6 @@
 
 BusyMark::BusyMark(clsProject& project) : busy_(project.busy_, true) {}
 
-LongWork::BusyPointer::BusyPointer() {
-  toolkit().setPointer(Pointer::Busy);
-}
-
-LongWork::BusyPointer::~BusyPointer() {
-  Guard("NormalMouse", "LongWork")([] { Subs().NormalMouse(); });
-}
-
 LongWork::LongWork(clsProject& project, const QString& caption, bool showProgress, Stop stop)
     : busy_(project),
       current_(project.work_, this),
@@ -27,6 +19,11 @@ LongWork::LongWork(clsProject& project, const QString& caption, bool showProgres
     progress_->Show();
   }
   toolkit().DoEvents();
+}
+
+LongWork::~LongWork() {
+  progress_.reset();
+  Guard("NormalMouse", "LongWork")([] { Subs().NormalMouse(); });
 }
 
 void LongWork::setCaption(const QString& caption) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/infra/BusyPointer.h"
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 
@@ -31,7 +32,8 @@ class LongWork {
   /// Shows the first caption and yields once. Where a stop is offered and the progress window is shown, that has a
   /// Stop button and takes Escape.
   LongWork(clsProject& project, const QString& caption, bool showProgress, Stop stop = Stop::Refused);
-  ~LongWork() = default;
+  /// Yields once, while input is still held: what was typed into the work is gone with it.
+  ~LongWork();
   LongWork(const LongWork&) = delete;
   LongWork& operator=(const LongWork&) = delete;
 
@@ -43,15 +45,6 @@ class LongWork {
   bool stopWanted() const { return stopWanted_; }
 
  private:
-  /// Yields once at its end, while input is still held: what was typed into the work is gone with it.
-  class BusyPointer {
-   public:
-    BusyPointer();
-    ~BusyPointer();
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-  };
-
   BusyMark busy_;
   QScopedValueRollback<LongWork*> current_;
   std::unique_ptr<InputHold> hold_;

@@ -74,17 +74,18 @@ bool ProjectLoader::load(const QString& file, bool showProgress) {
 bool ProjectLoader::loadQN4(const QString& file, bool showProgress) {
   project_.Clear();
   project_.QN3FileMode = false;
-  project_.FileWithPath = file;
   bool isRead = false;
   bool isWhole = true;
-  {
+  // Whatever a yield leads to: an empty project must not bear the name of a book.
+  Guard("LoadQN4", "clsProject")([&] {
     LongWork work(project_, u"Loading Project"_s, showProgress);
+    project_.FileWithPath = file;
     isRead = readFile(work);
     if (isRead) {
-      work.setCaption(u"Loading Complete"_s);
       isWhole = IntegrityCheck(project_);
+      work.setCaption(u"Loading Complete"_s);
     }
-  }
+  });
   if (!isRead) {
     tellFailure();
     project_.Clear();

@@ -14,6 +14,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace modConstXML;
@@ -22,6 +23,26 @@ namespace {
 
 const QString kUnableToReplace = u"Unable to write the project file. Please choose another location."_s;
 const QString kUnableToSave = u"Unable to save project. Please use Save As and choose a different location."_s;
+
+/// The new project file while it is written: whatever ends the save early throws it away.
+class NewFile {
+ public:
+  explicit NewFile(int number) : number_(number) {}
+  ~NewFile() {
+    if (number_ > 0) {
+      Guard("Save", "clsProject")([this] { Channels().Abandon(number_); });
+    }
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  int number() const { return number_; }
+  /// Puts it in the old one's place; throws what the system says when that fails.
+  void commit() { Channels().CloseToDisk(std::exchange(number_, 0)); }
+
+ private:
+  int number_;
+};
 
 FileQuestion projectFileQuestion(const QString& folder) {
   return {u"Specify your Project file."_s, u"*.qn4"_s, u"MyProject.qn4"_s, folder};
@@ -79,7 +100,7 @@ bool ProjectSaver::saveAs() {
   project_.FileWithPath = answer;
   project_.FileWithPath = forcedExtension(u".qn4"_s);
   if (!save(true, Form::Folder)) {
-    giveUp(own);
+    giveUp(own, Form::Folder);
   }
   return true;
 }
@@ -102,7 +123,7 @@ bool ProjectSaver::save(bool showProgress, Form form) {
   for (;;) {
     const bool asked = project_.FileWithPath.isEmpty();
     if (asked && !askForFile(folder)) {
-      giveUp(own);
+      giveUp(own, form);
       return false;
     }
     if (asked && form == Form::SingleFile) {
@@ -117,9 +138,9 @@ bool ProjectSaver::save(bool showProgress, Form form) {
 }
 
 // The next save tries the same place again: what was in the way may have gone by then.
-void ProjectSaver::giveUp(const QString& own) const {
+void ProjectSaver::giveUp(const QString& own, Form form) const {
   project_.FileWithPath = own;
-  project_.editedSinceSave_ = !own.isEmpty();
+  project_.editedSinceSave_ = project_.editedSinceSave_ || (form == Form::Folder && !own.isEmpty());
 }
 
 bool ProjectSaver::askForFile(const QString& folder) {
@@ -173,21 +194,24 @@ ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) const {
 
 ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form, bool asked) {
   QString cause;
-  const int file = Files().CreateReplacementFile(project_.FileWithPath, cause);
-  if (file <= 0) {
+  NewFile file(Files().CreateReplacementFile(project_.FileWithPath, cause));
+  if (file.number() <= 0) {
     Logging().LogEvent(u"Unable to write project file"_s);
     return because(boxed(Files().FileExists(project_.FileWithPath) ? kUnableToReplace : kUnableToSave), cause);
   }
   Logging().LogEvent(u"Saving project"_s);
-  LongWork work(project_, u"Saving Project"_s, showProgress);
-  // Another place has none of the scenes' files yet.
-  const Failure failure = writeSteps(work, file, form, showProgress || asked);
+  Failure failure;
+  cause = Guard("Save", "clsProject").causeOf([&] {
+    LongWork work(project_, u"Saving Project"_s, showProgress);
+    // Another place has none of the scenes' files yet.
+    failure = writeSteps(work, file.number(), form, showProgress || asked);
+    if (isDone(failure)) {
+      file.commit();
+    }
+  });
   if (!isDone(failure)) {
-    cause = Channels().failureOf(file);
-    Channels().Abandon(file);
-    return because(failure, cause);
+    return because(failure, Channels().failureOf(file.number()));
   }
-  cause = Guard("Save", "clsProject").causeOf([&] { Channels().CloseToDisk(file); });
   if (!cause.isEmpty()) {
     return because(boxed(kUnableToSave), cause);
   }

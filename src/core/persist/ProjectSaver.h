@@ -30,8 +30,8 @@ class ProjectSaver {
 
   bool mayBegin() const;
   bool save(bool showProgress, Form form);
-  /// The project keeps its own file's name and counts as unsaved.
-  void giveUp(const QString& own) const;
+  /// The project keeps its own file's name, and counts as unsaved unless only a copy of it was to be made.
+  void giveUp(const QString& own, Form form) const;
   bool askForFile(const QString& folder);
   bool attempt(bool showProgress, Form form, bool asked);
   Failure prepareTarget(Form form, bool asked) const;

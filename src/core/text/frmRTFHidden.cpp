@@ -87,7 +87,7 @@ void frmRTFHidden::InsertText(const QString& text) {
 void frmRTFHidden::ReplaceAll(const QString& find, const QString& replace, bool caseSensitive) {
   RichText content = Text();
   const qsizetype count = content.replaceAll(find, replace, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
-  ReplaceCount_ = static_cast<qint32>(qMin<qsizetype>(count, std::numeric_limits<qint32>::max()));
+  replaceCount_ = static_cast<qint32>(qMin<qsizetype>(count, std::numeric_limits<qint32>::max()));
   if (count > 0) {
     edit() = std::move(content);
   }

@@ -27,7 +27,7 @@ class frmRTFHidden {
   QByteArray GetRTF() const;
   QString GetPlain() const;
   /// Replacements that the last ReplaceAll made.
-  qint32 ReplaceCount() const { return ReplaceCount_; }
+  qint32 ReplaceCount() const { return replaceCount_; }
 
   /// The content as a rich text, in place of the selection operations of a control.
   const RichText& Text() const;
@@ -40,7 +40,7 @@ class frmRTFHidden {
   mutable std::optional<RichText> text_;  ///< Read from rtf_ on first need.
   bool edited_ = false;
   std::optional<ParagraphFormat::Alignment> alignmentBehind_;  ///< For paragraphs behind centred text.
-  qint32 ReplaceCount_ = 0;
+  qint32 replaceCount_ = 0;
 };
 
 /// The plain text of an RTF text, by the shared worker, which is made on first use. Paragraphs and lines end

@@ -14,6 +14,8 @@
 #include <QToolButton>
 #include <QWheelEvent>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -70,17 +72,17 @@ QComboBox* FontBar::makeCombo(const char* name, const QString& tip) {
 
 void FontBar::connectCombos() {
   // A choice from the list applies at once; typed text when it is finished, since "1" on the way to "12" is no size.
-  const auto onFinished = [this](const QComboBox* combo, void (FontBar::*apply)()) {
+  const auto onFinished = [this](const char* handler, const QComboBox* combo, void (FontBar::*apply)()) {
     QLineEdit* const edit = combo->lineEdit();
-    connect(edit, &QLineEdit::editingFinished, this, guarded("cmbFont_Change", kModule, [=, this] {
+    connect(edit, &QLineEdit::editingFinished, this, guarded(handler, kModule, [=, this] {
               if (edit->isModified()) {
                 edit->setModified(false);
                 (this->*apply)();
               }
             }));
   };
-  onFinished(cmbFont, &FontBar::applyFont);
-  onFinished(cmbFontSize, &FontBar::applyTypedSize);
+  onFinished("cmbFont_Change", cmbFont, &FontBar::applyFont);
+  onFinished("cmbFontSize_Change", cmbFontSize, &FontBar::applyTypedSize);
   connect(cmbFont, &QComboBox::textActivated, this, guarded("cmbFont_Click", kModule, this, &FontBar::applyFont));
   connect(cmbFontSize, &QComboBox::textActivated, this,
           guarded("cmbFontSize_Click", kModule, [this](const QString& size) { applySize(size.toDouble()); }));
@@ -102,9 +104,12 @@ void FontBar::connectButtons() {
   }
 }
 
+// An entry of the list that is current while another text is shown would be chosen when the box is left.
 void FontBar::showChoice(const QString& font, const QString& size) {
-  cmbFont->setEditText(font);
-  cmbFontSize->setEditText(size);
+  for (const auto& [box, text] : {std::pair{cmbFont, font}, {cmbFontSize, size}}) {
+    box->setCurrentIndex(box->findText(text));
+    box->setEditText(text);
+  }
 }
 
 void FontBar::fillLists() {
@@ -126,7 +131,7 @@ void FontBar::applyFont() {
 void FontBar::applyTypedSize() {
   const double points = Numbers::Val(cmbFontSize->currentText());
   if (points < kSmallestSize || points >= kTooLarge) {
-    cmbFontSize->setEditText(QString::number(text_.SelFontSize()));
+    showChoice(cmbFont->currentText(), QString::number(text_.SelFontSize()));
     return;
   }
   applySize(points);

@@ -1,5 +1,6 @@
 #include "gui/editor/TextKeys.h"
 
+#include "core/infra/Guard.h"
 #include "gui/toolkit/RichTextBox.h"
 
 #include <QKeyEvent>
@@ -31,7 +32,7 @@ bool TextKeys::eventFilter(QObject* watched, QEvent* event) {
   // Accepting the override keeps a menu's shortcut from taking the key first.
   event->accept();
   if (event->type() == QEvent::KeyPress) {
-    run(static_cast<QKeyEvent*>(event)->key());
+    Guard("txtMain_KeyDown", "frmEditor")([&] { run(static_cast<QKeyEvent*>(event)->key()); });
   }
   return true;
 }

@@ -73,7 +73,7 @@ void frmEditor::createActions() {
   QMenu* const file = addMenu("mnuFile", u"File"_s);
   add(file, "mnuSave", u"Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
   add(file, "mnuSaveAndExit", u"Save && Exit"_s, [this] {
-    if (SaveChanges(false)) {
+    if (saveWhole()) {
       ExitForm();
     }
   });

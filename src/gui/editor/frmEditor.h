@@ -68,6 +68,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void ShowSceneWordCount();
   /// False, and the user has been told, when there is no scene to save to any more.
   bool SaveChanges(bool spellCheck);
+  /// The same, and told, when the text could not be written to its file.
+  bool saveWhole();
   /// False when the window is to stay open.
   bool AskIfSave();
   void ExitForm();

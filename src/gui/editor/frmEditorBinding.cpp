@@ -1,3 +1,4 @@
+#include "core/infra/BusyPointer.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/clsHashTable.h"
@@ -105,7 +106,7 @@ void frmEditor::ShowSceneWordCount() {
 }
 
 void frmEditor::mnuTop20_Click() {
-  toolkit().setPointer(Pointer::Busy);
+  const BusyPointer pointer;
   clsHashTable table;
   BreakAndHash(table, txtMain->Text());
   frmWordCount::showOver(*this, table, true);
@@ -136,13 +137,25 @@ bool frmEditor::SaveChanges(bool) {
   return true;
 }
 
+// A window that goes takes the text along: it stays as long as that stands nowhere else.
+bool frmEditor::saveWhole() {
+  if (!SaveChanges(false)) {
+    return false;
+  }
+  if (Dirty) {
+    toolkit().MsgBox(u"The text of this scene could not be written to "_s + scene()->RTFFileWithPath() +
+                     u". The window stays open. Please make room or free the file and save again."_s);
+  }
+  return !Dirty;
+}
+
 bool frmEditor::AskIfSave() {
   if (!Dirty) {
     return true;
   }
   switch (toolkit().MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNoOrBack)) {
     case Answer::Yes:
-      return SaveChanges(false);
+      return saveWhole();
     case Answer::No:
       savedChanges_ = false;
       return true;
@@ -169,7 +182,7 @@ void frmEditor::saveAndExit() {
   const Guard guard("cmdSaveAndExit_Click", "frmEditor");
   guard([this] { storeWindowSettings(); });
   bool saved = false;
-  guard([&] { saved = SaveChanges(false); });
+  guard([&] { saved = saveWhole(); });
   if (saved) {
     ExitForm();
   } else {

@@ -60,6 +60,12 @@ void ColumnSettings::setWidth(int column, double twips) {
 
 void storeWindow(const QString& name, QWidget& window) {
   Settings().StoreWindowSettings(name, WindowSettings(window));
+  // The size that a maximised window goes back to may be younger than the one that was stored.
+  const QSize normal = window.normalGeometry().size();
+  if (window.isMaximized() && normal.isValid()) {
+    Settings().sSet(name + QStringLiteral("WindowWidth"), Twips::fromPixels(normal.width()));
+    Settings().sSet(name + QStringLiteral("WindowHeight"), Twips::fromPixels(normal.height()));
+  }
 }
 
 void restoreWindow(const QString& name, QWidget& window) {

@@ -47,7 +47,7 @@ void cSharedProgress::build() {
   window_->setObjectName(u"cSharedProgress"_s);
   window_->setWindowTitle(u"Quillane"_s);
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
-  lblCaption = makeLabel(u"lblCaption"_s, {}, window_);
+  lblCaption_ = makeLabel(u"lblCaption"_s, {}, window_);
   auto* bar = new QProgressBar(window_);
   bar->setRange(0, 0);
   bar->setTextVisible(false);
@@ -55,7 +55,7 @@ void cSharedProgress::build() {
   bar->setMinimumWidth(window_->fontMetrics().averageCharWidth() * kWidthInChars);
   auto* layout = new QVBoxLayout(window_);
   layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
-  layout->addWidget(lblCaption);
+  layout->addWidget(lblCaption_);
   layout->addWidget(bar);
   if (stop_) {
     addStop(*layout);
@@ -63,8 +63,7 @@ void cSharedProgress::build() {
 }
 
 void cSharedProgress::addStop(QVBoxLayout& layout) {
-  auto* stop = new QPushButton(u"Stop"_s, window_);
-  stop->setObjectName(u"cmdStop"_s);
+  QPushButton* const stop = makeButton(u"cmdStop"_s, u"Stop"_s, window_);
   layout.addWidget(stop, 0, Qt::AlignRight);
   QObject::connect(stop, &QPushButton::clicked, window_,
                    guarded("cmdStop_Click", "cSharedProgress", [stop, asked = stop_] {
@@ -78,7 +77,7 @@ void cSharedProgress::Show() {
   if (!window_) {
     build();
   }
-  lblCaption->setText(caption_);
+  lblCaption_->setText(caption_);
   window_->show();
   window_->raise();
 }
@@ -96,6 +95,6 @@ void cSharedProgress::Hide() {
 void cSharedProgress::setCaption(const QString& caption) {
   caption_ = caption;
   if (window_ && window_->isVisible()) {
-    lblCaption->setText(caption);
+    lblCaption_->setText(caption);
   }
 }

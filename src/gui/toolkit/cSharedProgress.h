@@ -31,5 +31,5 @@ class cSharedProgress : public ProgressWindow {
   std::function<void()> stop_;
   /// Made when first shown: most loads never show it. It goes with the window that it stands over.
   QPointer<QWidget> window_;
-  QLabel* lblCaption = nullptr;
+  QLabel* lblCaption_ = nullptr;
 };

@@ -96,25 +96,25 @@ void fSHAREDErrorRpt::run(const QString& text, const QString& helpTopic) {
 }
 
 void fSHAREDErrorRpt::createControls() {
-  lblError = makeLabel(u"lblError"_s, u"An error has ocurred:"_s, this);
+  lblError_ = makeLabel(u"lblError"_s, u"An error has ocurred:"_s, this);
   txtError = makeReadOnlyText(u"txtError"_s, u"Error"_s, this);
   giveRoom(*txtError, 3);
   txtError->setPlainText(report_.error);
-  lblError->setBuddy(txtError);
+  lblError_->setBuddy(txtError);
 
   txtUserMessage = makeTextEdit(u"txtUserMessage"_s, u"Your own comments"_s, this);
   giveRoom(*txtUserMessage, 4);
-  fraUserMessage = makeHiddenFrame(u"fraUserMessage"_s, u"Enter your own comments here"_s, txtUserMessage, this);
+  fraUserMessage_ = makeHiddenFrame(u"fraUserMessage"_s, u"Enter your own comments here"_s, txtUserMessage, this);
   txtLog = makeReadOnlyText(u"txtLog"_s, u"Log file"_s, this);
   giveRoom(*txtLog, 8);
   txtLog->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   txtLog->setLineWrapMode(QPlainTextEdit::NoWrap);
   txtLog->setPlainText(report_.log);
-  fraLog = makeHiddenFrame(u"fraLog"_s, u"Log File"_s, txtLog, this);
+  fraLog_ = makeHiddenFrame(u"fraLog"_s, u"Log File"_s, txtLog, this);
 
-  lblNotice = makeLabel(u"lblNotice"_s, {}, this);
-  lblNotice->setWordWrap(true);
-  lblNotice->hide();
+  lblNotice_ = makeLabel(u"lblNotice"_s, {}, this);
+  lblNotice_->setWordWrap(true);
+  lblNotice_->hide();
 
   cmdShowComments = makePlainButton(u"cmdShowComments"_s, u"Enter Comments"_s, this);
   cmdViewLog = makePlainButton(u"cmdViewLog"_s, u"View Log File"_s, this);
@@ -134,7 +134,7 @@ void fSHAREDErrorRpt::buildLayout() {
 
   auto* head = new QHBoxLayout;
   head->addWidget(picture);
-  head->addWidget(lblError, 1);
+  head->addWidget(lblError_, 1);
 
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
@@ -145,19 +145,20 @@ void fSHAREDErrorRpt::buildLayout() {
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(head);
   layout->addWidget(txtError, 1);
-  layout->addWidget(fraUserMessage, 1);
-  layout->addWidget(fraLog, 2);
-  layout->addWidget(lblNotice);
+  layout->addWidget(fraUserMessage_, 1);
+  layout->addWidget(fraLog_, 2);
+  layout->addWidget(lblNotice_);
   layout->addLayout(buttons);
 }
 
 void fSHAREDErrorRpt::connectSignals() {
   connect(cmdShowComments, &QPushButton::clicked, this, guarded("cmdShowComments_Click", kModule, [this] {
-            reveal(fraUserMessage, cmdShowComments, txtUserMessage);
+            reveal(fraUserMessage_, cmdShowComments, txtUserMessage);
           }));
   connect(cmdViewLog, &QPushButton::clicked, this,
-          guarded("cmdViewLog_Click", kModule, [this] { reveal(fraLog, cmdViewLog, txtLog); }));
-  connect(txtUserMessage, &QPlainTextEdit::textChanged, this, [this] { report_.commented = true; });
+          guarded("cmdViewLog_Click", kModule, [this] { reveal(fraLog_, cmdViewLog, txtLog); }));
+  connect(txtUserMessage, &QPlainTextEdit::textChanged, this,
+          guarded("txtUserMessage_Change", kModule, [this] { report_.commented = true; }));
   connect(cmdViewReport, &QPushButton::clicked, this,
           guarded("cmdViewReport_Click", kModule, this, &fSHAREDErrorRpt::viewReport));
   connect(cmdEmail, &QPushButton::clicked, this, guarded("cmdEmail_Click", kModule, this, &fSHAREDErrorRpt::submit));
@@ -201,14 +202,14 @@ void fSHAREDErrorRpt::viewReport() {
   }
   if (!written || !Files().RunFile(path)) {
     Logging().AddDebug(u"The report could not be shown"_s, u"cmdViewReport_Click"_s, u"fSHAREDErrorRpt"_s);
-    lblNotice->setText(written ? u"The report was written to %1."_s.arg(path) : u"The report could not be written."_s);
-    lblNotice->show();
+    lblNotice_->setText(written ? u"The report was written to %1."_s.arg(path) : u"The report could not be written."_s);
+    lblNotice_->show();
   }
 }
 
 void fSHAREDErrorRpt::tellByHand() {
-  lblNotice->setText(
+  lblNotice_->setText(
       u"No mail program could be started. Click '%1' to send the report by hand."_s.arg(cmdViewReport->text()));
-  lblNotice->show();
+  lblNotice_->show();
   cmdViewReport->setFocus();
 }

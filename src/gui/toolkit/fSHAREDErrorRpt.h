@@ -40,13 +40,13 @@ class fSHAREDErrorRpt : public QDialog {
   QString helpTopic_;
   bool cancelled_ = false;
 
-  QLabel* lblError = nullptr;
+  QLabel* lblError_ = nullptr;
   QPlainTextEdit* txtError = nullptr;
-  QGroupBox* fraUserMessage = nullptr;
+  QGroupBox* fraUserMessage_ = nullptr;
   QPlainTextEdit* txtUserMessage = nullptr;
-  QGroupBox* fraLog = nullptr;
+  QGroupBox* fraLog_ = nullptr;
   QPlainTextEdit* txtLog = nullptr;
-  QLabel* lblNotice = nullptr;
+  QLabel* lblNotice_ = nullptr;
   QPushButton* cmdShowComments = nullptr;
   QPushButton* cmdViewLog = nullptr;
   QPushButton* cmdViewReport = nullptr;

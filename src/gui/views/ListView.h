@@ -20,7 +20,6 @@ class ListView : public QTreeWidget {
   qint32 SelectedTag() const;
   /// The tags of all selected rows in list order.
   QList<qint32> SelectedTags() const;
-  int SelectedCount() const { return static_cast<int>(selectedItems().size()); }
   /// Index of the row with this tag; -1 when there is none.
   int rowOfTag(qint32 id) const;
   /// Selects this row alone and makes it the current one; nothing for an index outside.

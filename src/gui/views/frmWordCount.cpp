@@ -1,6 +1,6 @@
 #include "gui/views/frmWordCount.h"
 
-#include "core/infra/Toolkit.h"
+#include "core/infra/BusyPointer.h"
 #include "core/infra/clsHashTable.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -174,7 +174,7 @@ void frmWordCount::buildLayout() {
 }
 
 void frmWordCount::FillForm(const clsHashTable& table, bool sortByCount) {
-  toolkit().setPointer(Pointer::Busy);
+  const BusyPointer pointer;
   rows_->fill(table);
   lblInfo->setText(u"Total words: %L1 Unique: %L2"_s.arg(rows_->total()).arg(rows_->rowCount()));
   ListView1->header()->setSortIndicatorShown(false);
@@ -182,7 +182,6 @@ void frmWordCount::FillForm(const clsHashTable& table, bool sortByCount) {
     ascending_ = false;
     sortBy(kCount);
   }
-  toolkit().setPointer(Pointer::Normal);
 }
 
 void frmWordCount::ListView1_ColumnClick(int column) {

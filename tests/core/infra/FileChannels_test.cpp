@@ -73,6 +73,44 @@ TEST(FileChannels, MistakesHaveTheirNumbers) {
   EXPECT_EQ(channels.Open(path, Mode::Input), number + 1) << "reading beside a writer is allowed";
 }
 
+TEST(FileChannels, AReplacementTakesTheFilesPlaceWhenItIsClosedAndOnlyThen) {
+  const ScratchFolder folder;
+  const QString path = folder.path(u"file"_s);
+  const auto content = [&] { return readWholeFile(path).value_or("gone"); };
+  FileChannels channels;
+  const auto write = [&](const QByteArray& text) {
+    const int number = channels.Open(path, Mode::Replace);
+    channels.Print(number, text);
+    return number;
+  };
+  channels.Close(write("old"));
+  const int abandoned = write("half");
+  EXPECT_EQ(errorOf([&] { channels.Open(path, Mode::Output); }), RuntimeError::FileAlreadyOpen);
+  EXPECT_EQ(content(), "old");
+  channels.Abandon(abandoned);
+  EXPECT_EQ(content(), "old");
+  {
+    FileChannels endsEarly;
+    endsEarly.Print(endsEarly.Open(path, Mode::Replace), "half");
+  }
+  EXPECT_EQ(content(), "old") << "what was not closed is not whole";
+  channels.CloseToDisk(write("new"));
+  EXPECT_EQ(content(), "new");
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"file"_s});
+}
+
+TEST(FileChannels, ANewFileIsKnownAgainThroughALinkedFolder) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(QDir(folder.path()).mkdir(u"real"_s));
+  ASSERT_TRUE(QFile::link(folder.path(u"real"_s), folder.path(u"link"_s)));
+  FileChannels channels;
+  for (const Mode mode : {Mode::Replace, Mode::Output}) {
+    const int number = channels.Open(folder.path(u"link/new"_s), mode);
+    EXPECT_EQ(errorOf([&] { channels.Open(folder.path(u"real/new"_s), Mode::Append); }), RuntimeError::FileAlreadyOpen);
+    channels.Abandon(number);
+  }
+}
+
 TEST(FileChannels, AFullDiskIsToldAtTheLatestOnClosing) {
   if (!FailingDisk::available()) {
     GTEST_SKIP();

@@ -1,5 +1,7 @@
 // What could lose a writer's words: full disks, other folders, files that lie, and yields at the wrong moment.
 
+#include "core/infra/RuntimeError.h"
+#include "core/infra/SilentToolkit.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -13,13 +15,32 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Nobody at the screen, and one yield that fails.
+class FailingYield : public SilentToolkit {
+ public:
+  void DoEvents() override {
+    if (++yields_ == at) {
+      throw RuntimeError(RuntimeError::Internal);
+    }
+  }
+  /// Whether the yield that was to fail last time was reached; counts anew.
+  bool failsAgain() { return std::exchange(yields_, 0) >= at - 1; }
+
+  int at = 0;
+
+ private:
+  int yields_ = 0;
+};
 
 class Safety : public ::testing::Test {
  protected:
@@ -122,6 +143,33 @@ TEST_F(Safety, TheOldBookStandsThereUntilTheNewOneIsWhole) {
   screen_.onYield = nullptr;
   EXPECT_GT(sawOld, 2);
   EXPECT_TRUE(fileBytes(path_).contains("<Title>Anew</Title>"));
+}
+
+// What a yield leads to may fail: no book is lost over it, whichever yield it is.
+TEST_F(Safety, AFailureInAYieldCostsNoBook) {
+  const QByteArray before = fileBytes(path_);
+  FailingYield nobody;
+  installToolkit(&nobody);
+  for (nobody.at = 1; nobody.failsAgain(); ++nobody.at) {
+    newProject();
+    const bool loaded = g_Project->Load(path_, true);
+    EXPECT_EQ(g_Project->SceneCount(), loaded ? 5 : 0) << nobody.at;
+    EXPECT_EQ(g_Project->FileWithPath, loaded ? path_ : QString()) << nobody.at << ": an empty book with a name";
+  }
+  EXPECT_GT(nobody.at, 10);
+  EXPECT_EQ(fileBytes(path_), before);
+  for (nobody.at = 1; nobody.failsAgain(); ++nobody.at) {
+    g_Project->Title = u"Title "_s + QString::number(nobody.at);
+    const QByteArray old = fileBytes(path_);
+    const bool saved = g_Project->SaveQN4(true);
+    const QByteArray now = fileBytes(path_);
+    EXPECT_TRUE(now == old || (now != old && now.endsWith("</QUILLANE4>\r\n"))) << nobody.at;
+    EXPECT_EQ(saved, now != old) << nobody.at;
+    const QScopedValueRollback calm(nobody.at, 0);
+    EXPECT_TRUE(g_Project->SaveQN4(false)) << "the next save is refused";
+  }
+  EXPECT_GT(nobody.at, 4);
+  installToolkit(&screen_);
 }
 
 TEST_F(Safety, ALinkedProjectFileIsFollowedAndKeepsItsRights) {

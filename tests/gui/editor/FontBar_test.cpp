@@ -2,8 +2,12 @@
 
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/views/RowColours.h"
+#include "support/Required.h"
+#include "support/WaitFor.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QTest>
 #include <QToolButton>
 
 #include <algorithm>
@@ -35,11 +39,33 @@ TEST(FontBar, ItsButtonsAreReadOnLightAndDarkDesktops) {
     QApplication::setPalette(QPalette(background));
     QCoreApplication::processEvents();
     for (const char* const name : {"cmdBold", "cmdItalic", "cmdUnderline"}) {
-      auto& button = *bar.findChild<QToolButton*>(QString::fromLatin1(name));
+      auto& button = childOf<QToolButton>(bar, QString::fromLatin1(name));
       EXPECT_GE(contrastOf(button), 4.5) << name << " on " << background.name();
     }
   }
   QApplication::setPalette(desktop);
+}
+
+TEST(FontBar, WalkingThroughItsBoxesFormatsNothing) {
+  QWidget window;
+  auto* const text = new RichTextBox(&window);
+  text->setRichText(RichText::fromPlain(u"some words"_s));
+  auto* const bar = new FontBar(*text, &window);
+  bar->showChoice(u"Arial"_s, u"10"_s);
+  bar->fillLists();
+  window.show();
+  ASSERT_TRUE(waitUntilActive(window));
+  const RichText before = text->richText();
+  for (const char* const name : {"cmbFontSize", "cmbFont"}) {
+    auto& box = childOf<QComboBox>(*bar, QString::fromLatin1(name));
+    const QString shown = box.currentText();
+    text->select(0, 4);
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Tab);
+    EXPECT_FALSE(text->hasFocus()) << name << " sent the keyboard into the text";
+    EXPECT_EQ(box.currentText(), shown);
+  }
+  EXPECT_EQ(text->richText(), before);
 }
 
 }  // namespace

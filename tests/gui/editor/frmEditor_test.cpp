@@ -263,6 +263,28 @@ TEST_F(EditorTest, ATextWhoseFileCannotBeWrittenStaysDue) {
   EXPECT_TRUE(QFileInfo(file).isFile());
 }
 
+TEST_F(EditorTest, TheWindowStaysAsLongAsItsTextStandsNowhereElse) {
+  frmEditor* const editor = open();
+  type(*editor, u" unsaved"_s);
+  const QString file = scene()->RTFFileWithPath();
+  ASSERT_TRUE(QFile::remove(file) && QDir().mkpath(file));
+  const auto told = [&] { toolkit.expectBox(u"The text of this scene could not be written to "_s + file); };
+  told();
+  trigger(*editor, "mnuSaveAndExit");
+  EXPECT_TRUE(editor->isVisible());
+  told();
+  click(*editor, "cmdSaveAndExit");
+  EXPECT_TRUE(editor->isVisible());
+  toolkit.expectBox(u"File has been changed.  Save it?"_s, Answer::Yes);
+  told();
+  editor->close();
+  EXPECT_TRUE(editor->isVisible());
+  ASSERT_TRUE(QDir().rmdir(file));
+  click(*editor, "cmdSaveAndExit");
+  EXPECT_TRUE(textInFile().endsWith(u" unsaved"_s));
+  EXPECT_FALSE(scene()->EditingScene());
+}
+
 TEST_F(EditorTest, ASceneThatWasTakenOutOfTheBookIsNotSavedAsAnother) {
   frmEditor* const editor = open();
   type(*editor, u"!"_s);

@@ -6,6 +6,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 #include "gui/shell/commands/modCreateProject.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ProjectSession.h"
@@ -23,6 +24,18 @@ bool conversionWanted(const QString& path) {
          toolkit().MsgBox(
              u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s,
              Buttons::YesNo) == Answer::Yes;
+}
+
+/// A few of the scenes whose texts stand in memory alone, so that the box stays readable.
+QStringList titlesOfUnsavedTexts() {
+  constexpr qsizetype kNamed = 10;
+  QStringList titles;
+  for (const auto& scene : g_Project->Scenes) {
+    if (scene->RTFChanged() && titles.size() <= kNamed) {
+      titles.append(titles.size() < kNamed ? scene->Title : u"..."_s);
+    }
+  }
+  return titles;
 }
 
 }  // namespace
@@ -78,11 +91,19 @@ void ProjectCommands::mnuSaveProj_Click() {
     return;
   }
   main_.SaveProject(true);
+  const QStringList unsaved = titlesOfUnsavedTexts();
+  if (!unsaved.isEmpty()) {
+    toolkit().MsgBox(u"The text of these scenes could not be written to "_s + g_Project->Path() + u"RTF:\n"_s +
+                     unsaved.join(u'\n'));
+  }
 }
 
 void ProjectCommands::mnuSaveAs_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
   main_.ProjectChanged = false;
-  if (g_Project->SaveAs()) {
+  if (g_Project->SaveAs() && !g_Project->HoldsUnsaved()) {
     main_.session().AddToRecent(g_Project->FileWithPath);
   }
 }

@@ -8,11 +8,19 @@
 #include "core/model/clsScene.h"
 #include "core/text/modWordcount.h"
 #include "gui/shell/main/frmMain.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/frmWordCount.h"
 
 #include <vector>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As many are counted before a window about it could be read.
+constexpr qint32 kScenesInAMoment = 300;
+
+}  // namespace
 
 void StatisticsCommands::bind(MenuBindings& menu) {
   menu.bind("mnuWordUsageCount", [this] { mnuWordUsageCount_Click(); });
@@ -25,15 +33,21 @@ void StatisticsCommands::mnuWordUsageCount_Click() {
   clsHashTable table;
   {
     // The scenes that are walked stay, whatever is done while the window repaints.
-    const LongWork work(*g_Project, u"Counting words"_s, false);
+    const bool takesLong = g_Project->SceneCount() > kScenesInAMoment;
+    const LongWork work(*g_Project, u"Counting words"_s, takesLong, LongWork::Stop::Offered);
     const std::vector<std::shared_ptr<clsScene>> scenes(g_Project->Scenes.begin(), g_Project->Scenes.end());
     for (const auto& scene : scenes) {
       main_.showMessage(scene->RTFFilename());
       Subs().RegularDoEvents();
       BreakAndHash(table, scene->ConvertedToBodyText());
+      if (work.stopWanted()) {
+        main_.showMessage(QString());
+        return;
+      }
     }
   }
   main_.showMessage(u"Filling word list"_s);
   const frmWordCount* const form = frmWordCount::showOver(main_, table);
-  QObject::connect(form, &QDialog::finished, &main_, [&main = main_] { main.showMessage(QString()); });
+  QObject::connect(form, &QDialog::finished, &main_,
+                   guarded("mnuWordUsageCount_Click", "frmMain", [&main = main_] { main.showMessage(QString()); }));
 }

@@ -15,6 +15,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// What of the book stands in memory alone; empty when nothing does.
+QString whatWouldBeLost() {
+  const QString& path = g_Project->FileWithPath;
+  if (const qint32 unsaved = g_Project->UnsavedTexts(); unsaved > 0 && !path.isEmpty()) {
+    return u"The text of %1 scene(s) could not be written to %2."_s.arg(unsaved).arg(g_Project->Path() + u"RTF"_s);
+  }
+  return g_Project->HoldsUnsaved()
+             ? u"The book could not be saved. What was changed since it was last saved would be lost."_s
+             : QString();
+}
+
+}  // namespace
+
 // The end of the program. Each step stands for itself: none may keep the next from running.
 
 void frmMain::EndProgram() {
@@ -31,7 +46,13 @@ void frmMain::EndProgram() {
   // asks once more.
   if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
     guard([&] { SaveProject(true); });
-    guard([&] { insistOnSaving(); });
+    bool mayLeave = true;
+    guard([&] { mayLeave = mayLeaveBook(); });
+    if (!mayLeave) {
+      Closing = false;
+      StartScanTimer();
+      return;
+    }
   }
   guard([&] { g_Project = std::make_unique<clsProject>(); });
   if (settingsLoaded_) {
@@ -45,33 +66,14 @@ void frmMain::EndProgram() {
   endProcess();
 }
 
-namespace {
-
-/// What of the book stands in memory alone, and what to do about it; empty when nothing does.
-QString whatWouldBeLost() {
-  const QString advice =
-      u" Please make room or free the files and then click Retry, else click Cancel to end the "
-      "program without it."_s;
-  if (const qint32 unsaved = g_Project->UnsavedTexts(); unsaved > 0 && !g_Project->FileWithPath.isEmpty()) {
-    return u"The text of %1 scene(s) could not be written to %2."_s.arg(unsaved).arg(g_Project->Path() + u"RTF"_s) +
-           advice;
-  }
-  return g_Project->HoldsUnsaved() ? u"The book could not be saved. What was changed since it was last saved is lost "
-                                     "when the program ends."_s +
-                                         advice
-                                   : QString();
-}
-
-}  // namespace
-
-/// The program doesn't end over what is in memory alone without a word.
-void frmMain::insistOnSaving() {
-  for (QString lost = whatWouldBeLost(); !lost.isEmpty(); lost = whatWouldBeLost()) {
-    if (toolkit().MsgBox(lost, Buttons::RetryCancel) != Answer::Retry) {
-      return;
-    }
-    SaveProject(false);
-  }
+/// Whether the program may end: not over what is in memory alone, unless the user says so.
+bool frmMain::mayLeaveBook() {
+  const QString lost = whatWouldBeLost();
+  return lost.isEmpty() ||
+         toolkit().MsgBox(lost +
+                              u" Do you want to leave the program all the same? If not, please make room or free the "
+                              "files and leave again."_s,
+                          Buttons::NoUnlessYes) == Answer::Yes;
 }
 
 // A start that failed before the settings were read has nothing to store: it would wipe out what they hold.

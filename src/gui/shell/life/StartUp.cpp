@@ -54,9 +54,15 @@ double fractionSetting(const QString& key, double byDefault) {
 }
 
 /// The file that a command line means: as it stands when there is such a file, for quotes and the other slash are
-/// letters of a name on some systems; else without its quotes and with both slashes parting it.
+/// letters of a name on some systems; else without its quotes, and with both slashes parting it.
 QString pathOf(const QString& commandLine) {
-  return QFileInfo::exists(commandLine) ? commandLine : Paths::native(QString(commandLine).remove(u'"'));
+  const QString unquoted = QString(commandLine).remove(u'"');
+  for (const QString& path : {commandLine, unquoted}) {
+    if (QFileInfo::exists(path)) {
+      return path;
+    }
+  }
+  return QString(unquoted).replace(u'\\', Paths::separator());
 }
 
 }  // namespace
@@ -194,7 +200,7 @@ void StartUp::restoreLayout() const {
   }
 }
 
-void StartUp::openProject() const {
+void StartUp::openProject() {
   const QString last = Settings().sGet(u"LastProjectFile"_s).toString();
   if (!main_.commandLine_.isEmpty()) {
     // Also a path that leads nowhere puts the last project aside.
@@ -204,13 +210,15 @@ void StartUp::openProject() const {
   }
 }
 
-void StartUp::openFromCommandLine(const QString& path) const {
+void StartUp::openFromCommandLine(const QString& path) {
   Logging().LogEvent(u"Loading from "_s + path);
-  if (Files().FileExists(path)) {
-    splashStatus(u"Loading "_s + Files().FileOnly(path));
-    // The path is kept for the next start, which may stand in another folder.
-    main_.LoadProject(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()), false);
+  if (!Files().FileExists(path)) {
+    notFound_ = path;
+    return;
   }
+  splashStatus(u"Loading "_s + Files().FileOnly(path));
+  // The path is kept for the next start, which may stand in another folder.
+  main_.LoadProject(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()), false);
 }
 
 void StartUp::openLast(const QString& path) const {
@@ -225,6 +233,9 @@ void StartUp::finish() {
   main_.session().UpdateRecent();
   main_.panes().scenes().tabStrip1().setCurrentIndex(0);
   main_.panes().chapters().listChapters().setFocus();
+  if (!notFound_.isEmpty()) {
+    main_.showMessage(notFound_ + u" wasn't found."_s);
+  }
   main_.StartScanTimer();
   main_.startUpdateCheck();
 }

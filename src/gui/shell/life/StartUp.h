@@ -28,11 +28,13 @@ class StartUp {
   void readFonts() const;
   void showStatusBar() const;
   void restoreLayout() const;
-  void openProject() const;
-  void openFromCommandLine(const QString& path) const;
+  void openProject();
+  void openFromCommandLine(const QString& path);
   void openLast(const QString& path) const;
   void finish();
 
   frmMain& main_;
+  /// A file that was named and isn't there.
+  QString notFound_;
   std::unique_ptr<frmSplash> splash_;
 };

@@ -155,8 +155,9 @@ bool MainMenuBar::eventFilter(QObject* watched, QEvent* event) {
 }
 
 QAction* MainMenuBar::actionOf(const QKeySequence& key) const {
-  const auto found = std::find_if(stated_.begin(), stated_.end(),
-                                  [&](const StatedAction& entry) { return entry.action->shortcut() == key; });
+  const auto found = std::find_if(stated_.begin(), stated_.end(), [&](const StatedAction& entry) {
+    return entry.action->isVisible() && entry.action->shortcut() == key;
+  });
   return found == stated_.end() || key.isEmpty() ? nullptr : found->action;
 }
 

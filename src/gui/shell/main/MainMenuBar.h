@@ -30,7 +30,7 @@ class MainMenuBar : public QObject {
   void addCommands(CommandGroup& group);
   /// Whether something is bound to the entry, or to the array, of this name.
   bool isBuilt(const QString& name) const { return bindings_.isBound(menuBaseName(name)); }
-  /// The entry that a key of the menu belongs to; null when there is none.
+  /// The entry that is offered and that a key of the menu belongs to; null when there is none.
   QAction* actionOf(const QKeySequence& key) const;
 
   /// The entry, or the action that opens the menu, of this name; null for an unknown one.

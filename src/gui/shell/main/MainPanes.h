@@ -18,7 +18,6 @@ class MainPanes : public QWidget {
 
   ChapterPane& chapters() const { return *FrameChapters; }
   ScenePane& scenes() const { return *FrameScenes; }
-  NotesPane& notes() const { return *FrameNotes; }
 
   /// Titles, lists and notes anew from the project; the selection is kept by ID.
   void refill();

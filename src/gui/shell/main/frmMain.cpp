@@ -106,8 +106,9 @@ void frmMain::connectSignals() {
             ProjectChanged = true;
             showTitle();
           }));
-  connect(menus_, &MainMenuBar::chosen, this, [this] { showMessage({}); });
-  connect(menus_, &MainMenuBar::hinted, this, [this](const QString& note) { status_->setHint(note); });
+  connect(menus_, &MainMenuBar::chosen, this, guarded("mnu_Click", kModule, [this] { showRest(); }));
+  connect(menus_, &MainMenuBar::hinted, this,
+          guarded("mnu_MouseMove", kModule, [this](const QString& note) { status_->setHint(note); }));
   connect(panes_, &MainPanes::chapterOpened, this,
           guarded("ListChapters_DblClick", kModule, this, &frmMain::EditSelectedChapter));
   connect(panes_, &MainPanes::sceneEdited, this,
@@ -146,13 +147,19 @@ bool frmMain::refusedWhileEditing() {
 void frmMain::DisableMenus() {
   menus_->apply(menusWithoutProject());
   setProjectFieldsEnabled(false);
-  showMessage(u"No project is open. The Project menu opens or creates one."_s);
+  restingMessage_ = u"No project is open. The Project menu opens or creates one."_s;
+  showRest();
 }
 
 void frmMain::EnableMenus() {
   menus_->apply(menusWithProject());
   setProjectFieldsEnabled(true);
-  showMessage({});
+  restingMessage_.clear();
+  showRest();
+}
+
+void frmMain::showRest() {
+  showMessage(restingMessage_);
 }
 
 void frmMain::setProjectFieldsEnabled(bool enabled) {
@@ -161,6 +168,10 @@ void frmMain::setProjectFieldsEnabled(bool enabled) {
 }
 
 void frmMain::UpdateMenusForEditing() {
+  if (editingShown_ != Editing()) {
+    // What was said of open scenes, or of none, is true no more.
+    showRest();
+  }
   editingShown_ = Editing();
   menus_->apply(menusForEditing(editingShown_));
 }
@@ -201,7 +212,7 @@ void frmMain::showTitle() {
   const QString program = u"Quillane 4 by Brackenlight Software"_s;
   const QString book = session_.nameOfBook();
   setWindowTitle(book.isEmpty() ? program : literalTitle(book) + u"[*] \u2013 "_s + program);
-  setWindowModified(!book.isEmpty() && session_.isChanged());
+  setWindowModified(!book.isEmpty() && (ProjectChanged || g_Project->HoldsUnsaved()));
 }
 
 /// A key of the menu that goes nowhere says why.
@@ -211,7 +222,7 @@ void frmMain::sayWhyNot(const QAction& action) {
     showMessage(command + action.statusTip());
   } else if (Editing()) {
     showMessage(command + u"please close all editor windows first"_s);
-  } else {
+  } else if (g_Project->FileWithPath.isEmpty() && g_Project->IsEmpty()) {
     showMessage(command + u"no project is open"_s);
   }
 }
@@ -221,7 +232,8 @@ void frmMain::EditSelectedScene() {
 }
 
 void frmMain::EditSelectedChapter() {
-  sayWhyNot(*menus_->action(u"mnuEditChapter"_s));
+  QAction& entry = *menus_->action(u"mnuEditChapter"_s);
+  entry.isEnabled() ? entry.trigger() : sayWhyNot(entry);
 }
 
 int frmMain::CurrentTab() const {
@@ -270,7 +282,8 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
     event->accept();
     return;
   }
-  const QAction* const action = menus_->actionOf(QKeySequence(event->keyCombination()));
+  QAction* action = nullptr;
+  Guard("Form_KeyDown", kModule)([&] { action = menus_->actionOf(QKeySequence(event->keyCombination())); });
   if (action != nullptr && !Closing) {
     event->accept();
     sayWhyNot(*action);

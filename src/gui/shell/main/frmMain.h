@@ -40,7 +40,8 @@ class frmMain : public QMainWindow {
 
   void LoadProject(const QString& Path, bool ShowProgress) { session_.LoadProject(Path, ShowProgress); }
   void SaveProject(bool ShowProgress) { session_.SaveProject(ShowProgress); }
-  /// Stores the settings, saves the project, always and without a question, and ends the process.
+  /// Stores the settings, saves the project, always and without a question, and ends the process; unless the project
+  /// could not be saved and the user stays.
   void EndProgram();
   void ShowFatalAndExit(const QString& Message);
 
@@ -67,6 +68,8 @@ class frmMain : public QMainWindow {
   void showTotal();
   /// In panel 1 of the status bar.
   void showMessage(const QString& text);
+  /// What stands there when there is nothing to say of what was done last.
+  void showRest();
   /// The book's name and whether it holds what no file holds yet, in the title bar.
   void showTitle();
   void EditSelectedScene();
@@ -97,7 +100,7 @@ class frmMain : public QMainWindow {
   void sayWhyNot(const QAction& action);
   void connectSignals();
   void Timer3_Timer();
-  void insistOnSaving();
+  bool mayLeaveBook();
   void storeSettings();
   void storeLayout();
   void unloadForms();
@@ -113,6 +116,7 @@ class frmMain : public QMainWindow {
   std::vector<std::unique_ptr<CommandGroup>> commands_;
   /// What the menus were last told of open editors.
   bool editingShown_ = false;
+  QString restingMessage_;
   /// The settings were read: before that there is nothing worth writing back.
   bool settingsLoaded_ = false;
 };

@@ -76,7 +76,17 @@ TEST_F(ShutDownTest, TellsOfScenesWhoseFilesCannotBeWritten) {
   scene->setTextRTF(simpleRtf("not lost"));
   ASSERT_TRUE(QFile::remove(file));
   ASSERT_TRUE(QDir().mkpath(file));
-  toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::Cancel);
+  toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::No);
+  window().close();
+  EXPECT_EQ(ended, 0) << "the user stays with the text";
+  EXPECT_TRUE(window().isVisible());
+  EXPECT_EQ(scene->TextRTF(), simpleRtf("not lost"));
+  EXPECT_EQ(toolkit.lastButtons, Buttons::NoUnlessYes) << "Enter and Escape must not drop it";
+  EXPECT_TRUE(window().isWindowModified());
+  toolkit.expectBox(u"The text of these scenes could not be written to"_s);
+  trigger("mnuSaveProj");
+  EXPECT_TRUE(toolkit.boxes.constLast().endsWith(scene->Title));
+  toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::Yes);
   window().close();
   EXPECT_EQ(ended, 1);
 }
@@ -96,12 +106,10 @@ TEST_F(ShutDownTest, ABookThatCouldNotBeSavedIsTriedAgainAndNotDroppedWithoutAWo
       EXPECT_TRUE(window().isWindowModified());
     }
   }
-  toolkit.expectBox(u"The book could not be saved."_s, Answer::Retry);
-  toolkit.onBox = [&](const QString& text) {
-    if (text.startsWith(u"The book could not be saved."_s)) {
-      EXPECT_TRUE(QDir().rmdir(path));
-    }
-  };
+  toolkit.expectBox(u"The book could not be saved."_s, Answer::No);
+  window().close();
+  EXPECT_EQ(ended, 0);
+  ASSERT_TRUE(QDir().rmdir(path));
   window().close();
   EXPECT_EQ(ended, 1);
   EXPECT_TRUE(fileBytes(path).contains("<Title>Anew</Title>"));

@@ -161,11 +161,19 @@ TEST_F(StartUpTest, AFileIsFoundByItsNameWithQuotesAndBackslashes) {
   EXPECT_TRUE(filesBelow(QFileInfo(project).path()).value(u"RTF/RTF_00001.rtf"_s).contains("kept beside its book"));
 }
 
+TEST_F(StartUpTest, TheOtherSlashPartsAPathThatIsNotThereAsItStands) {
+  const QString project = smallProject(u"Old road"_s);
+  writeSettings({u"Keep,me"_s});
+  start(u'"' + QString(project).replace(u"/Old road/"_s, u"\\Old road\\"_s) + u'"');
+  EXPECT_EQ(g_Project->FileWithPath, project);
+}
+
 TEST_F(StartUpTest, ACommandLineThatLeadsNowhereOpensNothing) {
   writeSettings({u"LastProjectFile,"_s + smallProject()});
   start(folder.path(u"gone.qn4"_s));
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
   EXPECT_FALSE(isEnabled("mnuSaveProj"));
+  EXPECT_EQ(panel("numberfiles"), folder.path(u"gone.qn4"_s) + u" wasn't found."_s);
 }
 
 TEST_F(StartUpTest, ALastProjectThatHasGoneOpensNothingAndSaysNothing) {
@@ -203,6 +211,7 @@ TEST_F(StartUpTest, ASecondCopyStartsOnlyWhenTheUserInsists) {
     InstanceCheck refused;
     toolkit.expectBox(question, Answer::No);
     EXPECT_FALSE(Form_Initialize(refused));
+    EXPECT_EQ(toolkit.lastButtons, Buttons::NoUnlessYes) << "Enter must not start a second copy";
   }
   auto second = std::make_unique<InstanceCheck>();
   toolkit.expectBox(question, Answer::Yes);

@@ -9,6 +9,8 @@
 #include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
+#include "support/Required.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -68,14 +70,16 @@ TEST_F(MainMenuBarTest, AKeyThatGoesNowhereSaysWhy) {
   rows.setFocus();
   QTest::keyClick(&rows, Qt::Key_F, Qt::ControlModifier);
   EXPECT_EQ(panel("numberfiles"), u"Find: not in this version yet"_s);
+  window().showMessage({});
+  QTest::keyClick(&rows, Qt::Key_F1);
+  EXPECT_EQ(panel("numberfiles"), QString()) << "no manual is installed, and its entry isn't offered";
   window().EditSelectedScene();
   ASSERT_NE(editor(), nullptr);
-  window().activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+  ASSERT_TRUE(waitUntilActive(window()));
   QTest::keyClick(&rows, Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(panel("numberfiles"), u"Save: please close all editor windows first"_s);
-  editor()->findChild<QAction*>(u"mnuExit"_s)->trigger();
-  ASSERT_TRUE(soon([this] { return !window().Editing(); }));
+  childOf<QAction>(openEditor(), u"mnuExit"_s).trigger();
+  EXPECT_TRUE(soon([this] { return panel("numberfiles").isEmpty(); })) << "the reason has gone";
   trigger("mnuCloseProject");
   window().setFocus();
   QTest::keyClick(&window(), Qt::Key_S, Qt::ControlModifier);
@@ -94,6 +98,15 @@ TEST_F(MainMenuBarTest, AFailingCommandIsLoggedUnderItsOwnName) {
   EXPECT_TRUE(logged.contains(u"mnuStoryboard_Click"_s)) << logged;
 }
 
+TEST_F(MainMenuBarTest, ABookThatWasJustOpenedHasNoChanges) {
+  const QString other = smallProject(u"Other"_s);
+  startWith(smallProject());
+  window().ProjectChanged = true;
+  window().LoadProject(other, false);
+  EXPECT_FALSE(window().ProjectChanged);
+  EXPECT_FALSE(window().isWindowModified());
+}
+
 TEST_F(MainMenuBarTest, TheTitleBarNamesTheBookAndWhetherItIsSaved) {
   startWith(smallProject());
   const QString program = u"Quillane 4 by Brackenlight Software"_s;
@@ -106,7 +119,7 @@ TEST_F(MainMenuBarTest, TheTitleBarNamesTheBookAndWhetherItIsSaved) {
   EXPECT_FALSE(window().isWindowModified());
   window().EditSelectedScene();
   ASSERT_NE(editor(), nullptr);
-  editor()->findChild<QAction*>(u"mnuSaveAndExit"_s)->trigger();
+  childOf<QAction>(openEditor(), u"mnuSaveAndExit"_s).trigger();
   EXPECT_TRUE(soon([this] { return window().isWindowModified(); })) << "what an editor saved stands in no project file";
   trigger("mnuCloseProject");
   EXPECT_EQ(window().windowTitle(), program);
