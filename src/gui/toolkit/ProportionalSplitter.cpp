@@ -2,7 +2,7 @@
 
 ProportionalSplitter::ProportionalSplitter(Qt::Orientation orientation, QWidget* parent)
     : QSplitter(orientation, parent) {
-  connect(this, &QSplitter::splitterMoved, this, [this](int position, int) {
+  connect(this, &QSplitter::splitterMoved, this, [this](int position) {
     if (length() > 0) {
       fraction_ = static_cast<double>(position) / length();
     }

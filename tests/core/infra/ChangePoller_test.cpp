@@ -65,14 +65,18 @@ TEST_F(ChangePollerTest, AFailingHandlerCostsItsOwnIDOnly) {
 
 TEST_F(ChangePollerTest, KeepsStillDuringAPauseAndLosesNothing) {
   poller_.follow(scenes_, noting({}));
+  int polls = 0;
+  poller_.setAfterPoll([&](bool) { ++polls; });
   scenes_.MarkUpdated(1);
   {
     const ScanPause outer;
     { const ScanPause inner; }
     poller_.poll();
     EXPECT_EQ(seen_, QStringList());
+    EXPECT_EQ(polls, 0);
   }
   poller_.poll();
+  EXPECT_EQ(polls, 1);
   EXPECT_EQ(seen_, QStringList{u"1"_s});
 }
 

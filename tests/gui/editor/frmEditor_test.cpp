@@ -19,6 +19,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -41,6 +42,14 @@ TEST_F(EditorTest, ShowsTheSceneAndLocksIt) {
   EXPECT_EQ(panel(*editor, 2), u"Chapter: 5 words"_s);
   EXPECT_EQ(panel(*editor, 3), u"Scene: 3 words"_s);
   EXPECT_EQ(panel(*editor, 5), u"Arrival"_s);
+}
+
+TEST_F(EditorTest, EachTabIsSpokenOfByItsCaption) {
+  const auto& tabs = control<QTabWidget>(*open(), "TabStrip1");
+  ASSERT_GT(tabs.count(), 0);
+  for (int i = 0; i < tabs.count(); ++i) {
+    EXPECT_EQ(tabs.widget(i)->accessibleName(), tabs.tabText(i).remove(u'&'));
+  }
 }
 
 TEST_F(EditorTest, TypedTextReachesSceneAndFileOnCtrlS) {

@@ -14,6 +14,7 @@
 #include "gui/toolkit/fSHAREDLogViewer.h"
 #include "gui/views/frmWordCount.h"
 #include "support/ModalHelper.h"
+#include "support/Required.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -62,7 +63,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   // A window that is new in the program joins the others here.
   g_Project->SceneByID(1)->Edit();
   ASSERT_NE(editor(), nullptr);
-  ASSERT_TRUE(soon([this] { return editor()->findChild<QComboBox*>(u"cmbFont"_s)->count() > 0; }));
+  ASSERT_TRUE(soon([this] { return childOf<QComboBox>(openEditor(), u"cmbFont"_s).count() > 0; }));
   const clsHashTable noWords;
   frmWordCount words;
   words.FillForm(noWords);

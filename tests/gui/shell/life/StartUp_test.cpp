@@ -15,6 +15,7 @@
 #include "gui/shell/life/RegisterWindows.h"
 #include "gui/shell/main/MenuBindings.h"
 #include "support/ModalHelper.h"
+#include "support/Required.h"
 #include "support/SampleProject.h"
 
 #include <QAction>
@@ -274,7 +275,7 @@ TEST(RegisterWindows, TheDatePickerAndTheEditorAreThere) {
   ScriptedToolkit toolkit;
   EXPECT_NE(sceneEditorFactory(), nullptr);
   sceneEditorFactory() = nullptr;
-  const WhenModal accept([](QWidget& picker) { picker.findChild<QPushButton*>(u"cmdAccept"_s)->click(); });
+  const WhenModal accept([](QWidget& picker) { childOf<QPushButton>(picker, u"cmdAccept"_s).click(); });
   const qint32 day = Clock::dayNumber(QDate(2026, 3, 15));
   EXPECT_EQ(cSharedGetDate().GetDate(u"When?"_s, day), day);
   cSharedGetDate::installWindow({});

@@ -68,6 +68,23 @@ TEST_F(ChangeScanTest, ARenamedCharacterShowsInTheRowsThatItNarrates) {
   EXPECT_FALSE(g_CharChanges.HasChanged(2, 1));
 }
 
+TEST_F(ChangeScanTest, EveryRowThatARenamedCharacterNarratesIsWrittenAnew) {
+  for (const qint32 id : {1, 2}) {
+    g_Project->SceneByID(id)->SetViewpointByID(3);
+  }
+  ASSERT_TRUE(soon([&] { return cell("ListScenes", 1, 0) == g_Project->CharByID(3)->Title(); }));
+  g_Project->CharByID(3)->setTitle(u"The Captain"_s);
+  EXPECT_TRUE(soon([&] { return cell("ListScenes", 0, 0) == u"The Captain"_s; }));
+  EXPECT_EQ(cell("ListScenes", 1, 0), u"The Captain"_s);
+}
+
+TEST_F(ChangeScanTest, ASceneOfAnotherChapterIsCountedToo) {
+  g_Project->SceneByID(3)->setTextRTF(simpleRtf("one two three four five six seven"));
+  g_Project->SceneByID(3)->Save();
+  EXPECT_TRUE(soon([&] { return panel("Totalwords") == u"Total words: 12"_s; }));
+  EXPECT_EQ(cell("ListChapters", 1, 1), u"7"_s);
+}
+
 TEST_F(ChangeScanTest, AnOpenEditorClosesTheProjectMenuUntilItIsClosed) {
   QTest::keyClick(&list("ListScenes"), Qt::Key_Return);
   ASSERT_NE(editor(), nullptr);

@@ -187,9 +187,9 @@ TEST_F(MainListsTest, RowsTakeTheColoursOfANewPalette) {
   startWith(smallProject());
   click(list("ListChapters"), 1);
   const auto colours = [this] {
-    const QBrush unused = list("ListScenes").topLevelItem(1)->foreground(kStatus);
-    const QBrush chapter = list("ListChapters").topLevelItem(0)->foreground(0);
-    const QBrush total = list("ListChapters").topLevelItem(0)->foreground(3);
+    const QBrush unused = item("ListScenes", 1).foreground(kStatus);
+    const QBrush chapter = item("ListChapters", 0).foreground(0);
+    const QBrush total = item("ListChapters", 0).foreground(3);
     return QStringList{unused.color().name(), chapter.color().name(), total.color().name()};
   };
   const auto readable = [](const QPalette& palette) {
