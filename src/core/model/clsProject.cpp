@@ -257,6 +257,7 @@ bool clsProject::HoldsUnsaved() const {
 void clsProject::Clear() {
   FileWithPath.clear();
   editedSinceSave_ = false;
+  incompleteFile_.clear();
   Chapters.Clear();
   Chars.Clear();
   Locations.Clear();

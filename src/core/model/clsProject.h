@@ -162,6 +162,7 @@ class clsProject {
  private:
   friend class BusyMark;
   friend class LongWork;
+  friend class ProjectLoader;
   friend class ProjectSaver;
   friend class clsScene;
 
@@ -174,6 +175,8 @@ class clsProject {
   std::array<qint32, 5> deadlineStartDate_{};
   std::array<QString, 4> fieldTitle_;
   bool editedSinceSave_ = false;
+  /// The file that was opened and had been cut off: it isn't written over unasked. Empty for a whole one.
+  QString incompleteFile_;
   /// A load or save is under way; what it yields to must not begin another.
   bool busy_ = false;
   /// The long work that shows its progress, while there is one.

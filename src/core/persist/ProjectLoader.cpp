@@ -9,6 +9,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/IntegrityCheck.h"
+#include "core/persist/WholeFile.h"
 #include "core/persist/modConstXML.h"
 #include "core/text/TagView.h"
 
@@ -92,12 +93,16 @@ bool ProjectLoader::loadQN4(const QString& file, bool showProgress) {
   } else if (!isWhole) {
     toolkit().MsgBox(u"Indexing error in project file"_s);
   }
+  if (isRead && !project_.incompleteFile_.isEmpty()) {
+    tellIncomplete();
+  }
   return isRead;
 }
 
 bool ProjectLoader::readFile(LongWork& work) {
   QByteArray text;
   Files().LoadTextFile(project_.FileWithPath, text);
+  project_.incompleteFile_ = isWholeProjectFile(text) ? QString() : project_.FileWithPath;
   bool result = false;
   Guard("LoadQN4", "clsProject")([&] { result = readBlocks(work, text); });
   return result;
@@ -143,6 +148,17 @@ bool ProjectLoader::readBlocks(LongWork& work, QByteArrayView text) {
 
 void ProjectLoader::tellFailure() const {
   ShowError().ShowErr(loadFailure(), {});
+}
+
+void ProjectLoader::tellIncomplete() const {
+  QStringList texts;
+  Files().FillFiles(project_.Path() + u"RTF"_s, u"rtf"_s, texts);
+  toolkit().MsgBox(
+      u"The project file is incomplete: it may have been cut off. %1 chapters and %2 scenes were found in it; %3 files "
+      "with the texts of scenes stand beside it.\nThe book is shown as it is. Its file is not written over before you "
+      "have been asked."_s.arg(project_.ChapterCount())
+          .arg(project_.SceneCount())
+          .arg(texts.size()));
 }
 
 void ProjectLoader::tellUnreadTexts() const {

@@ -19,6 +19,7 @@ class ProjectLoader {
   bool readFile(LongWork& work);
   bool readBlocks(LongWork& work, QByteArrayView text);
   void tellFailure() const;
+  void tellIncomplete() const;
   void tellUnreadTexts() const;
 
   clsProject& project_;

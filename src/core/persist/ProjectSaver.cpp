@@ -126,6 +126,10 @@ bool ProjectSaver::save(bool showProgress, Form form) {
       giveUp(own, form);
       return false;
     }
+    if (!asked && !mayReplaceIncomplete()) {
+      project_.FileWithPath.clear();
+      continue;
+    }
     if (asked && form == Form::SingleFile) {
       project_.FileWithPath = forcedExtension(u".qnc4"_s);
     }
@@ -135,6 +139,15 @@ bool ProjectSaver::save(bool showProgress, Form form) {
     folder = project_.Path();
     project_.FileWithPath.clear();
   }
+}
+
+// What was cut off may still be wanted, if only to be mended by hand.
+bool ProjectSaver::mayReplaceIncomplete() const {
+  return project_.incompleteFile_.isEmpty() || project_.incompleteFile_ != project_.FileWithPath ||
+         toolkit().MsgBox(
+             u"The project file was incomplete when it was opened. Do you want to save over it? If not, you "
+             "can choose another place for the book as it is now."_s,
+             Buttons::NoUnlessYes) == Answer::Yes;
 }
 
 // The next save tries the same place again: what was in the way may have gone by then.
@@ -283,6 +296,7 @@ bool ProjectSaver::writeTexts(Form form, bool force) const {
 void ProjectSaver::remember(Form form) const {
   Settings().sSet(u"LastProjectFile"_s, project_.FileWithPath);
   Settings().sSet(u"LastProjectLoaded"_s, project_.FileWithPath);
+  project_.incompleteFile_.clear();
   if (form == Form::SingleFile || project_.UnsavedTexts() == 0) {
     Logging().LogEvent(u"Project saved"_s);
   }

@@ -32,6 +32,8 @@ class ProjectSaver {
   bool save(bool showProgress, Form form);
   /// The project keeps its own file's name, and counts as unsaved unless only a copy of it was to be made.
   void giveUp(const QString& own, Form form) const;
+  /// True unless the file that was opened was cut off and the user keeps it.
+  bool mayReplaceIncomplete() const;
   bool askForFile(const QString& folder);
   bool attempt(bool showProgress, Form form, bool asked);
   Failure prepareTarget(Form form, bool asked) const;

@@ -1,5 +1,6 @@
 // Any bytes at all, given as a project file: no crash, no hang, and what was read can be written and read again.
 
+#include "core/infra/SilentToolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -10,6 +11,63 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Keeps what is told and gives one answer to every question.
+class Listener : public SilentToolkit {
+ public:
+  Answer MsgBox(const QString& text, Buttons) override {
+    told.append(text);
+    return answer;
+  }
+  void ShowErrorReport(const QString& text, const QString&) override { told.append(text); }
+
+  QStringList told;
+  Answer answer = Answer::No;
+};
+
+}  // namespace
+
+// A file that ends too early, or in zeros where the disk never got it, still reads as a smaller book: nobody is left to
+// find that out at the end of the day.
+TEST(DamagedProjects, AFileThatIsCutOffIsNeverOpenedWithoutAWordNorWrittenOverUnasked) {
+  const ScratchFolder scratch;
+  const QString path = saveSmallProject(scratch.path());
+  const QByteArray whole = fileBytes(path);
+  newProject();
+  constexpr int kPlaces = 300;
+  int opened = 0;
+  for (int place = 0; place < kPlaces; ++place) {
+    for (const bool zeros : {false, true}) {
+      const qsizetype at = whole.size() * place / kPlaces;
+      const QByteArray cut = whole.first(at) + (zeros ? QByteArray(whole.size() - at, '\0') : QByteArray());
+      writeFile(path, cut);
+      Listener listener;
+      installToolkit(&listener);
+      const bool loaded = g_Project->Load(path, false);
+      EXPECT_FALSE(listener.told.isEmpty()) << "cut at " << at << " without a word";
+      opened += loaded ? 1 : 0;
+      // Leaving saves always.
+      EXPECT_TRUE(!loaded || !g_Project->SaveQN4(true)) << at;
+      EXPECT_TRUE(fileBytes(path) == cut) << at << ": written over";
+    }
+  }
+  EXPECT_GT(opened, kPlaces / 4) << "most of it can be shown";
+  Listener listener;
+  listener.answer = Answer::Yes;
+  installToolkit(&listener);
+  writeFile(path, whole.first(whole.size() - 20));
+  ASSERT_TRUE(g_Project->Load(path, false));
+  EXPECT_TRUE(listener.told.constLast().contains(u"3 chapters and 5 scenes were found in it; 5 files"_s));
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_TRUE(fileBytes(path) == whole) << "the user said yes";
+  listener.told.clear();
+  EXPECT_TRUE(g_Project->Load(path, false) && g_Project->SaveQN4(true));
+  EXPECT_EQ(listener.told, QStringList());
+  installToolkit(nullptr);
+  newProject();
+}
 
 TEST(DamagedProjects, LoadOrFailButNeverCrashAndKeepWhatTheyGave) {
   const ScratchFolder scratch;
