@@ -24,17 +24,17 @@ void ChangePoller::poll() {
   }
   const QScopedValueRollback polling(polling_, true);
   bool anyChange = false;
-  for (size_t i = 0; i < followed_.size(); ++i) {
-    anyChange = pollTable(followed_[i]) || anyChange;
+  for (const Followed& followed : followed_) {
+    anyChange = pollTable(followed) || anyChange;
   }
   if (afterPoll_) {
     Guard(routine_, module_)([&] { afterPoll_(anyChange); });
   }
 }
 
-// By value: a handler may add a table. The flag goes first, so that what the handler itself changes is seen next time;
+// The flag goes first, so that what the handler itself changes is seen next time;
 // and a pause that it begins leaves the others their flags.
-bool ChangePoller::pollTable(Followed followed) {
+bool ChangePoller::pollTable(const Followed& followed) const {
   const Guard guard(routine_, module_);
   bool anyChange = false;
   for (const qint32 id : followed.table->changedIDs(area_)) {

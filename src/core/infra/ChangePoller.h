@@ -21,7 +21,7 @@ class ChangePoller : public QObject {
   /// its underscore.
   ChangePoller(const char* routine, const char* module, ChangeArea area, QObject* parent = nullptr);
 
-  /// One more table to follow, behind the others. It must outlive the poller.
+  /// One more table to follow, behind the others; before the first poll. It must outlive the poller.
   void follow(clsHashTable& table, Handler handler);
   /// What happens behind each poll, once, however much had changed, and when nothing had.
   void setAfterPoll(std::function<void(bool anyChange)> afterPoll) { afterPoll_ = std::move(afterPoll); }
@@ -39,7 +39,7 @@ class ChangePoller : public QObject {
     Handler handler;
   };
 
-  bool pollTable(Followed followed);
+  bool pollTable(const Followed& followed) const;
 
   const char* routine_;
   const char* module_;

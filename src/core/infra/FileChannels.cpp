@@ -15,7 +15,7 @@ constexpr qsizetype kBufferSize = 65536;
 /// One spelling for each file, so that it is known again however it is named.
 QString identity(const QString& path) {
   const QFileInfo file(path);
-  const QString canonical = file.canonicalFilePath();
+  QString canonical = file.canonicalFilePath();
   if (!canonical.isEmpty()) {
     return canonical;
   }
