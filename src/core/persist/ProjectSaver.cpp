@@ -98,7 +98,7 @@ bool ProjectSaver::saveAs() {
     return false;
   }
   project_.FileWithPath = answer;
-  project_.FileWithPath = forcedExtension(u".qn4"_s);
+  project_.FileWithPath = extensionGiven(u".qn4"_s);
   if (!save(true, Form::Folder)) {
     giveUp(own, Form::Folder);
   }
@@ -112,6 +112,13 @@ QString ProjectSaver::forcedExtension(const QString& extension) const {
     return project_.FileWithPath;
   }
   return project_.Path() + Files().FileWithoutExt(name) + extension;
+}
+
+// In a name that was typed a dot may be a part of it: "Vol. 2".
+QString ProjectSaver::extensionGiven(const QString& extension) const {
+  const QString own = Files().ExtOnlyWithDot(Files().FileOnly(project_.FileWithPath)).toLower();
+  const bool isOurs = own == u".qn4"_s || own == u".qnc4"_s || own == u".qn3"_s;
+  return isOurs ? forcedExtension(extension) : project_.FileWithPath + extension;
 }
 
 // Every failure turns into the question for another file; only giving that up ends the save.
@@ -130,8 +137,8 @@ bool ProjectSaver::save(bool showProgress, Form form) {
       project_.FileWithPath.clear();
       continue;
     }
-    if (asked && form == Form::SingleFile) {
-      project_.FileWithPath = forcedExtension(u".qnc4"_s);
+    if (asked) {
+      project_.FileWithPath = extensionGiven(form == Form::SingleFile ? u".qnc4"_s : u".qn4"_s);
     }
     if (attempt(showProgress, form, asked)) {
       return true;

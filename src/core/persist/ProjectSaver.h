@@ -43,6 +43,8 @@ class ProjectSaver {
   bool writeTexts(Form form, bool force) const;
   void remember(Form form) const;
   QString forcedExtension(const QString& extension) const;
+  /// The same for a name that the user gave.
+  QString extensionGiven(const QString& extension) const;
   static Failure boxed(const QString& text) { return {Failure::Told::ByBox, text}; }
   /// With the cause behind what is told.
   static Failure because(Failure failure, const QString& cause);

@@ -210,6 +210,24 @@ TEST_F(LoadSave, ANewProjectAsksForItsFileAndRefusesAFolderThatHoldsOne) {
   EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), scratch_.path(u"sub/deeper/Other.qn4"_s));
 }
 
+TEST_F(LoadSave, ANameWithADotGetsItsExtension) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  screen_.expectFile(scratch_.path(u"two/Vol. 2"_s));
+  ASSERT_TRUE(g_Project->SaveAs());
+  EXPECT_EQ(g_Project->FileWithPath, scratch_.path(u"two/Vol. 2.qn4"_s));
+  EXPECT_TRUE(QFile::exists(g_Project->FileWithPath));
+  g_Project->FileWithPath.clear();
+  screen_.expectFile(scratch_.path(u"three/Dr. No"_s));
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(g_Project->FileWithPath, scratch_.path(u"three/Dr. No.qn4"_s));
+  for (const auto& [given, taken] :
+       {std::pair{u"four/a.qn4"_s, u"four/a.qn4"_s}, {u"five/b.QNC4"_s, u"five/b.qn4"_s}}) {
+    screen_.expectFile(scratch_.path(given));
+    ASSERT_TRUE(g_Project->SaveAs());
+    EXPECT_EQ(g_Project->FileWithPath, scratch_.path(taken));
+  }
+}
+
 TEST_F(LoadSave, GivingUpTheQuestionKeepsTheProjectInMemory) {
   makeSmallProject();
   screen_.expectFile({});
