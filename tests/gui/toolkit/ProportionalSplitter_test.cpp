@@ -44,6 +44,8 @@ TEST(ProportionalSplitter, TakesOverWhereTheUserPutsIt) {
   addSides(splitter);
   splitter.resize(1000, 100);
   splitter.show();
+  splitter.setFraction(0.8);
+  EXPECT_NEAR(firstOf(splitter), 800, 1);
   splitter.setFraction(0.5);
   QSplitterHandle& bar = *splitter.handle(1);
   QTest::mousePress(&bar, Qt::LeftButton, {}, {0, 5});
