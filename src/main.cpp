@@ -1,9 +1,11 @@
 #include "Version.h"
 #include "core/infra/Maker.h"
+#include "gui/shell/life/EndSignals.h"
 #include "gui/shell/life/GuardedApplication.h"
 #include "gui/shell/life/InstanceCheck.h"
 #include "gui/shell/life/RegisterWindows.h"
 #include "gui/shell/main/frmMain.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/QtToolkit.h"
 
@@ -37,6 +39,10 @@ int run() {
     return 0;
   }
   main.show();
+  const EndSignals signals([&main] { main.EndAtOnce(); });
+  // The end of the desktop's session: it asks before it ends us.
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, &main,
+                   guarded("commitDataRequest", "frmMain", &main, &frmMain::SaveAtOnce));
   return QCoreApplication::exec();
 }
 

@@ -23,6 +23,8 @@ class SceneEditor {
   virtual bool IsVisible() const = 0;
   virtual void HideWindow() = 0;
   virtual void Unload() = 0;
+  /// Saves what the window holds, if there is anything to save, without a question or a word.
+  virtual void SaveQuietly() = 0;
   /// Whether anything was saved.
   virtual bool SavedChanges() const = 0;
 

@@ -212,6 +212,10 @@ void clsProject::UnMarkAllCharInEditorWindows() {
   eachOpenEditor(&clsScene::UnmarkCharacters);
 }
 
+void clsProject::SaveEditorWindows() {
+  eachOpenEditor(&clsScene::SaveEditor);
+}
+
 void clsProject::UpdateCombosInEditorWindows() {
   eachOpenEditor(&clsScene::UpdateEditorCombos);
 }

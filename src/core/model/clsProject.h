@@ -125,6 +125,8 @@ class clsProject {
   void MarkAllCharInEditorWindows();
   void UnMarkAllCharInEditorWindows();
   void UpdateCombosInEditorWindows();
+  /// What open editors hold goes into their scenes and files, without a question.
+  void SaveEditorWindows();
 
   /// Days from the level's start, or from today when that has passed, to its deadline; both days count.
   qint32 DaysLeft(int level, double today) const;

@@ -123,6 +123,8 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// The editor for a new scene; modal.
   void Add();
   void MarkCharacters();
+  /// What an open editor holds goes into the scene and its file, without a question.
+  void SaveEditor();
   void UnmarkCharacters();
   void UpdateEditorCombos();
   void fEditor_Finished();

@@ -92,6 +92,12 @@ void clsScene::setCurrentSearchString(const QString& text) {
   }
 }
 
+void clsScene::SaveEditor() {
+  if (SceneEditor* const editor = fEditor()) {
+    editor->SaveQuietly();
+  }
+}
+
 void clsScene::MarkCharacters() {
   if (SceneEditor* const editor = fEditor()) {
     editor->MarkCharacters();

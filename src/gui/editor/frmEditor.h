@@ -38,6 +38,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   bool IsVisible() const override { return isVisible(); }
   void HideWindow() override { hide(); }
   void Unload() override;
+  void SaveQuietly() override;
   bool SavedChanges() const override { return savedChanges_; }
 
   void setCurrentSearchString(const QString& text) override;

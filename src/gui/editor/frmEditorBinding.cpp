@@ -137,6 +137,12 @@ bool frmEditor::SaveChanges(bool) {
   return true;
 }
 
+void frmEditor::SaveQuietly() {
+  if (Dirty && Finished && scene()->InScenes()) {
+    SaveChanges(false);
+  }
+}
+
 // A window that goes takes the text along: it stays as long as that stands nowhere else.
 bool frmEditor::saveWhole() {
   if (!SaveChanges(false)) {

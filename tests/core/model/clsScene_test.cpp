@@ -43,6 +43,7 @@ class RecordingEditor : public SceneEditor {
     }
     note(u"Show"_s, true);
   }
+  void SaveQuietly() override { calls_ += u"Save"_s; }
   void Activate() override { calls_ += u"Activate"_s; }
   void ShowModal() override {
     calls_ += u"ShowModal"_s;

@@ -1,4 +1,5 @@
 #include "core/infra/Guard.h"
+#include "core/infra/SilentToolkit.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLogging.h"
@@ -63,6 +64,40 @@ void frmMain::EndProgram() {
   if (!InstallerPath.isEmpty()) {
     guard([&] { toolkit().runProgram(InstallerPath, {}, false); });
   }
+  endProcess();
+}
+
+// Nobody may be there to answer, and the system waits for a moment only.
+void frmMain::SaveAtOnce() {
+  Toolkit& screen = toolkit();
+  SilentToolkit nobody;
+  installToolkit(&nobody);
+  const Guard guard("SaveAtOnce", "frmMain");
+  guard([] { g_Project->SaveEditorWindows(); });
+  guard([] {
+    if (!g_Project->FileWithPath.isEmpty()) {
+      g_Project->SaveQN4(false);
+    }
+  });
+  installToolkit(&screen);
+}
+
+void frmMain::EndAtOnce() {
+  if (std::exchange(Closing, true)) {
+    return;
+  }
+  StopScanTimer();
+  Timer3.stop();
+  Logging().LogEvent(u"Ended by the system"_s);
+  const Guard guard("EndAtOnce", "frmMain");
+  guard([&] { SaveAtOnce(); });
+  guard([&] { storeSettings(); });
+  guard([&] {
+    if (settingsLoaded_) {
+      Settings().SaveSettings(g_SettingsFile);
+    }
+  });
+  Logging().WriteActionsToLog();
   endProcess();
 }
 

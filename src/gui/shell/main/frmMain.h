@@ -43,6 +43,10 @@ class frmMain : public QMainWindow {
   /// Stores the settings, saves the project, always and without a question, and ends the process; unless the project
   /// could not be saved and the user stays.
   void EndProgram();
+  /// What open editors hold and the book, without a question or a word.
+  void SaveAtOnce();
+  /// The system ends the program: the same, and the process ends.
+  void EndAtOnce();
   void ShowFatalAndExit(const QString& Message);
 
   /// A scene is open in an editor.

@@ -7,8 +7,10 @@
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
+#include "gui/shell/life/EndSignals.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
+#include "gui/toolkit/RichTextBox.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
@@ -17,6 +19,8 @@
 #include <QLineEdit>
 #include <QSplitter>
 #include <QTest>
+
+#include <csignal>
 
 using namespace Qt::StringLiterals;
 
@@ -113,6 +117,22 @@ TEST_F(ShutDownTest, ABookThatCouldNotBeSavedIsTriedAgainAndNotDroppedWithoutAWo
   window().close();
   EXPECT_EQ(ended, 1);
   EXPECT_TRUE(fileBytes(path).contains("<Title>Anew</Title>"));
+}
+
+TEST_F(ShutDownTest, EndedByTheSystemItSavesWhatIsTypedWithoutAQuestion) {
+  const QString path = smallProject();
+  startWith(path);
+  control<QLineEdit>("txtTitle").setText(u"Saved in time"_s);
+  window().EditSelectedScene();
+  auto& text = childOf<RichTextBox>(openEditor(), u"txtMain"_s);
+  text.moveCursor(QTextCursor::End);
+  QTest::keyClicks(&text, u" typed last"_s);
+  const EndSignals signals([this] { window().EndAtOnce(); });
+  ASSERT_EQ(std::raise(SIGTERM), 0);
+  ASSERT_TRUE(soon([this] { return ended == 1; }));
+  EXPECT_TRUE(fileBytes(path).contains("<Title>Saved%20in%20time</Title>"));
+  EXPECT_TRUE(filesBelow(QFileInfo(path).path()).value(u"RTF/RTF_00001.rtf"_s).contains("typed last"));
+  EXPECT_TRUE(logText().contains(u"Ended by the system"_s));
 }
 
 TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {
