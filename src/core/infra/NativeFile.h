@@ -57,5 +57,6 @@ class ReplacementFile {
   std::unique_ptr<Handle> handle_;
 };
 
-/// The whole content of a file; nothing when there is no such file or a folder stands there.
+/// The whole content of a file; nothing when there is no such file or something else stands there: a folder, a pipe, a
+/// device. Throws 6 for a file beyond 1 GB.
 std::optional<QByteArray> readWholeFile(const QString& path);

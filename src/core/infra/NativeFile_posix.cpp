@@ -20,6 +20,7 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kPermissionBits = 07777;
+constexpr off_t kLargestRead = off_t{1} << 30;
 
 /// The path as the system takes it; a name that would be cut at a NUL is no name.
 QByteArray encoded(const QString& path) {
@@ -310,7 +311,8 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
   if (path.isEmpty()) {
     return {};
   }
-  const Descriptor file(::open(encoded(path).constData(), O_RDONLY | O_CLOEXEC));
+  // A pipe that nobody writes to would keep us waiting.
+  const Descriptor file(::open(encoded(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (file.fd < 0) {
     if (errno == ENOENT || errno == ENOTDIR) {
       return {};
@@ -321,8 +323,11 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
   if (::fstat(file.fd, &about) != 0) {
     throw RuntimeError::fromErrno(errno, path);
   }
-  if (S_ISDIR(about.st_mode)) {
+  if (!S_ISREG(about.st_mode)) {
     return {};
+  }
+  if (about.st_size > kLargestRead) {
+    throw RuntimeError(RuntimeError::Overflow, path + u" is larger than any file of ours"_s);
   }
   // One byte more than the size tells the end in the same call; a file that grows meanwhile is read on.
   constexpr qsizetype kStep = 65536;

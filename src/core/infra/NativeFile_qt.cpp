@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kLargestRead = qint64{1} << 30;
+
 /// A failed write doesn't say why: the place is looked at.
 int numberOfFailedWrite(const QFileInfo& info) {
   constexpr qint64 kLittle = 65536;
@@ -128,8 +130,11 @@ void ReplacementFile::commit(Durability) {
 
 std::optional<QByteArray> readWholeFile(const QString& path) {
   const QFileInfo info(path);
-  if (!info.exists() || info.isDir()) {
+  if (!info.exists() || !info.isFile()) {
     return {};
+  }
+  if (info.size() > kLargestRead) {
+    throw RuntimeError(RuntimeError::Overflow, path + u" is larger than any file of ours"_s);
   }
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {

@@ -8,8 +8,13 @@
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 #include <random>
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -115,3 +120,21 @@ TEST(HostileInput, AnyTextIsANumberOrRefused) {
     }
   }
 }
+
+#ifdef Q_OS_UNIX
+// A stranger's project may hold anything in the place of a file.
+TEST(HostileInput, WhatIsNoPlainFileOrTooLargeIsNotRead) {
+  const ScratchFolder folder;
+  const QString pipe = folder.path(u"pipe"_s);
+  const QString huge = folder.path(u"huge"_s);
+  ASSERT_EQ(::mkfifo(qPrintable(pipe), 0600), 0);
+  QFile file(huge);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize((qint64{1} << 30) + 1));
+  file.close();
+  for (const QString& path : {pipe, huge, u"/dev/zero"_s, folder.path()}) {
+    QByteArray bytes("before");
+    EXPECT_FALSE(Files().LoadTextFile(path, bytes)) << path;
+    EXPECT_EQ(bytes, QByteArray()) << path;
+  }
+}
+#endif
