@@ -112,6 +112,10 @@ void SceneFile::nameAll(const clsScenes& scenes) {
 }
 
 void SceneFile::save(bool force, bool mirror) const {
+  // A book without a file has no folder: its texts stay due, and never go to where the program happens to stand.
+  if (g_Project->FileWithPath.isEmpty()) {
+    return;
+  }
   const bool unread = scene_.textUnread_;
   // A file that is there may hold the text that wasn't read. Where there is none an empty one has to do: a project
   // one of whose scenes has no file can't be opened.

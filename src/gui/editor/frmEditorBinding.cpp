@@ -130,10 +130,12 @@ bool frmEditor::SaveChanges(bool) {
   if (Changed) {
     Changed();
   }
-  // What is in no file yet stays due.
-  Dirty = saved->RTFChanged();
-  StatusBar1->setPanel(EditorStatusBar::autosave,
-                       Dirty ? u"The scene's file could not be written"_s : u"Last Autosave: None"_s);
+  // What could not be written stays due. The texts of a book without a file are kept by the book until it has one.
+  const bool hasFile = !g_Project->FileWithPath.isEmpty();
+  Dirty = hasFile && saved->RTFChanged();
+  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty     ? u"The scene's file could not be written"_s
+                                                  : hasFile ? u"Last Autosave: None"_s
+                                                            : u"Kept in memory: the book has no file yet"_s);
   return true;
 }
 

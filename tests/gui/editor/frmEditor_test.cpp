@@ -294,6 +294,22 @@ TEST_F(EditorTest, TheWindowStaysAsLongAsItsTextStandsNowhereElse) {
   EXPECT_FALSE(scene()->EditingScene());
 }
 
+TEST_F(EditorTest, TheTextsOfABookWithoutAFileAreKeptByTheBook) {
+  const QString place = QDir::currentPath();
+  ASSERT_TRUE(QDir(folder.path()).mkpath(u"here/RTF"_s) && QDir::setCurrent(folder.path(u"here"_s)));
+  g_Project->FileWithPath.clear();
+  frmEditor* const editor = open();
+  type(*editor, u" kept"_s);
+  click(*editor, "cmdSave");
+  EXPECT_EQ(panel(*editor, 1), u"Kept in memory: the book has no file yet"_s);
+  click(*editor, "cmdSaveAndExit");
+  EXPECT_TRUE(QDir::setCurrent(place));
+  EXPECT_FALSE(scene()->EditingScene());
+  EXPECT_TRUE(scene()->ConvertedToBodyText().endsWith(u" kept"_s));
+  EXPECT_TRUE(scene()->RTFChanged()) << "it is due at the first save";
+  EXPECT_EQ(filesBelow(folder.path(u"here"_s)).size(), 0) << "written where the program happened to stand";
+}
+
 TEST_F(EditorTest, ASceneThatWasTakenOutOfTheBookIsNotSavedAsAnother) {
   frmEditor* const editor = open();
   type(*editor, u"!"_s);
