@@ -91,6 +91,9 @@ void ProjectCommands::mnuSaveProj_Click() {
     return;
   }
   main_.SaveProject(true);
+  if (g_Project->FileWithPath.isEmpty()) {
+    return;  // no file was named, and that has been said
+  }
   const QStringList unsaved = titlesOfUnsavedTexts();
   if (!unsaved.isEmpty()) {
     toolkit().MsgBox(u"The text of these scenes could not be written to "_s + g_Project->Path() + u"RTF:\n"_s +

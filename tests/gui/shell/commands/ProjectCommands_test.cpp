@@ -274,6 +274,17 @@ TEST_F(ProjectCommandsTest, ABookThatCouldNotBeSavedIsReplacedOnlyWhenTheUserSay
   EXPECT_EQ(fileBytes(text), simpleRtf("not lost"));
 }
 
+TEST_F(ProjectCommandsTest, ASaveGivenUpForWantOfAFileBlamesNoFolder) {
+  startWith(smallProject());
+  g_Project->FileWithPath.clear();
+  g_Project->SceneByID(1)->setTextRTF(simpleRtf("kept in memory"));
+  toolkit.expectFile({});
+  toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+  trigger("mnuSaveProj");
+  EXPECT_EQ(g_Project->SceneByID(1)->TextRTF(), simpleRtf("kept in memory"));
+  EXPECT_TRUE(g_Project->HoldsUnsaved());
+}
+
 TEST_F(ProjectCommandsTest, AnEmptyProjectIsMadeWhereTheUserSays) {
   startWith(smallProject());
   const QString path = folder.path(u"New/Fresh.qn4"_s);
