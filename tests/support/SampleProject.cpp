@@ -1,5 +1,6 @@
 #include "support/SampleProject.h"
 
+#include "core/infra/FolderLock.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -123,7 +124,9 @@ QMap<QString, QByteArray> filesBelow(const QString& folder) {
   QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
   while (walk.hasNext()) {
     const QString path = walk.next();
-    files.insert(path.mid(folder.size() + 1), fileBytes(path));
+    if (walk.fileName() != FolderLock::fileName()) {
+      files.insert(path.mid(folder.size() + 1), fileBytes(path));
+    }
   }
   return files;
 }

@@ -1,9 +1,8 @@
 #include "core/infra/FileChannels.h"
 
 #include "core/infra/CodePage.h"
+#include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
-
-#include <QFileInfo>
 
 #include <algorithm>
 #include <utility>
@@ -11,17 +10,6 @@
 namespace {
 
 constexpr qsizetype kBufferSize = 65536;
-
-/// One spelling for each file, so that it is known again however it is named.
-QString identity(const QString& path) {
-  const QFileInfo file(path);
-  QString canonical = file.canonicalFilePath();
-  if (!canonical.isEmpty()) {
-    return canonical;
-  }
-  const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
-  return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
-}
 
 NativeFile::Mode nativeMode(FileChannels::Mode mode) {
   return mode == FileChannels::Mode::Input    ? NativeFile::Mode::Read
@@ -46,7 +34,7 @@ bool FileChannels::isOpen(const QString& path) const {
   if (open_.empty()) {
     return false;
   }
-  const QString wanted = identity(path);
+  const QString wanted = Paths::identity(path);
   return std::any_of(open_.begin(), open_.end(), [&](const auto& entry) { return entry.second.path == wanted; });
 }
 
@@ -66,7 +54,7 @@ int FileChannels::Open(const QString& path, Mode mode) {
     opened.file = std::make_unique<NativeFile>(path, nativeMode(mode));
   }
   // A new file has the name by which it is known again once it is there.
-  opened.path = identity(path);
+  opened.path = Paths::identity(path);
   open_.emplace(number, std::move(opened));
   return number;
 }

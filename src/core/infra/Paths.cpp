@@ -51,6 +51,16 @@ bool isOwnForm(QStringView path) {
   return separator() == u'/' && path.startsWith(u'/') && !path.startsWith(u"//");
 }
 
+QString identity(const QString& path) {
+  const QFileInfo file(QDir::cleanPath(QDir::fromNativeSeparators(path)));
+  QString canonical = file.canonicalFilePath();
+  if (!canonical.isEmpty()) {
+    return canonical;
+  }
+  const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+  return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
+}
+
 QString native(const QString& path) {
   if (isOwnForm(path)) {
     return path;

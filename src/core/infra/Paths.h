@@ -16,6 +16,9 @@ bool isOwnForm(QStringView path);
 /// The path with both slashes turned to the platform's separator, unless it is in the platform's own form.
 QString native(const QString& path);
 
+/// One spelling for each file or folder, there or not, so that it is known again however it is named.
+QString identity(const QString& path);
+
 /// The folder of the program's own data, with a trailing separator: the folder of the executable when it can
 /// be written to, unless the program is installed there with a share folder; else the user's data folder.
 /// Decided once.

@@ -2,6 +2,8 @@
 
 #include "core/model/EntityCollection.h"
 
+#include <QString>
+
 #include <functional>
 
 class clsChapter;
@@ -88,10 +90,12 @@ class clsScenes : public EntityCollection<SceneTraits> {
   void RemoveSceneByID(qint32 id);
   void Clear();
   bool WriteXML(int file, bool singleFile) const;
-  /// Unless `singleFile`, each scene's RTF file is read too; one that is missing ends it with false.
-  bool CreateFromXML(const TagView& block, bool singleFile);
-  /// Writes the file of each scene whose text is due; all of them when forced.
-  bool SaveScenesText(bool force) const;
+  /// Unless `singleFile`, each scene's RTF file is read too; one that is missing ends it with false, and its path goes
+  /// where it is wanted.
+  bool CreateFromXML(const TagView& block, bool singleFile, QString* missing = nullptr);
+  /// Writes the file of each scene whose text is due; forced, those too that have gone from the disk. Yields now and
+  /// then. What other programs left under these names stays, unless `overOthers`.
+  bool SaveScenesText(bool force, bool overOthers = false) const;
 };
 
 class clsChapters : public EntityCollection<ChapterTraits> {

@@ -18,6 +18,7 @@ void EntityCollection<Traits>::Clear() {
   const std::vector<Pointer> leaving = std::move(entities_);
   entities_.clear();
   byID_.clear();
+  renumbered_.clear();
   maximum_ = 0;
   maximumStale_ = false;
   if constexpr (Traits::kClearsEach) {
@@ -51,6 +52,19 @@ qint32 EntityCollection<Traits>::maximumID() const {
     maximumStale_ = false;
   }
   return maximum_;
+}
+
+template <class Traits>
+void EntityCollection<Traits>::addRead(const std::vector<Pointer>& entities, qint32 highest) {
+  maximum_ = std::max(maximum_, highest);
+  for (const Pointer& entity : entities) {
+    const qint32 id = idOf(entity);
+    if (byID_.count(id) != 0) {
+      entity->GenerateID();
+      renumbered_.push_back({id, entity});
+    }
+    add(entity);
+  }
 }
 
 template <class Traits>

@@ -30,8 +30,16 @@ class EntityCollection {
   /// Prints the block to an open file. When that isn't one it says so in the log, prints nothing and is true all the
   /// same; a failure while printing makes it false and goes on.
   bool WriteXML(int file) const;
-  /// Replaces the content by that of a block; the first error ends it with false.
+  /// Replaces the content by that of a block; the first error ends it with false. An entity whose ID is taken gets
+  /// another one.
   bool CreateFromXML(const TagView& block);
+
+  /// An entity that was read and whose ID another one had.
+  struct Renumbered {
+    qint32 former;
+    Pointer entity;
+  };
+  const std::vector<Renumbered>& renumbered() const { return renumbered_; }
 
   /// The ID that a new entity takes: the one behind the highest, or the lowest free one when there is none behind.
   qint32 nextID() const;
@@ -39,6 +47,8 @@ class EntityCollection {
  protected:
   ~EntityCollection() = default;
 
+  /// Adds what was read, in its order. `highest` is the highest ID among it, so that no new one meets a later one.
+  void addRead(const std::vector<Pointer>& entities, qint32 highest);
   Pointer byID(qint32 id) const;
   /// Below 1 the failure is logged and there is no object either.
   Pointer byIndex(qint32 index) const;
@@ -59,6 +69,7 @@ class EntityCollection {
   void forget(const Pointer& entity);
 
   std::vector<Pointer> entities_;
+  std::vector<Renumbered> renumbered_;
   std::unordered_map<qint32, Pointer> byID_;
   mutable qint32 maximum_ = 0;
   mutable bool maximumStale_ = false;

@@ -1,7 +1,10 @@
 #include "core/model/clsProject.h"
 
+#include "core/infra/Clock.h"
 #include "core/infra/CodePage.h"
+#include "core/infra/FolderLock.h"
 #include "core/infra/Numbers.h"
+#include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
@@ -93,6 +96,20 @@ void clsProject::setFieldTitle(int index, const QString& name) {
 
 QString clsProject::Path() const {
   return Files().PathOnly(FileWithPath);
+}
+
+QString clsProject::RTFFolder() const {
+  return Path() + rtfFolderName_ + Paths::separator();
+}
+
+QString clsProject::MakeAutoBackupFolder() const {
+  const QString folder = Path() + u"Autobackups"_s;
+  Files().MkMissingDir(folder);
+  return folder;
+}
+
+QString clsProject::TodaysBackupFolder() const {
+  return Path() + u"Autobackups"_s + Paths::separator() + Clock::today().toString(Qt::ISODate) + Paths::separator();
 }
 
 qint32 clsProject::Wordcount(bool includeUnused) const {
@@ -262,6 +279,14 @@ void clsProject::Clear() {
   FileWithPath.clear();
   editedSinceSave_ = false;
   incompleteFile_.clear();
+  storedIn_.clear();
+  stored_ = {};
+  freshlyRead_ = false;
+  rtfFolderName_ = u"RTF"_s;
+  lock_.reset();
+  readOnly_ = false;
+  reloadWanted_ = false;
+  rescueFolder_.clear();
   Chapters.Clear();
   Chars.Clear();
   Locations.Clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/infra/FileStamp.h"
 #include "core/model/Collections.h"
 
 #include <QByteArray>
@@ -9,6 +10,7 @@
 #include <memory>
 
 class BusyMark;
+class FolderLock;
 class LongWork;
 class TagView;
 
@@ -70,6 +72,11 @@ class clsProject {
 
   /// The project's folder, ending in a separator; "./" when the file name has none.
   QString Path() const;
+  /// The folder of the scenes' texts in it, ending in a separator, in the letters that it has on the disk.
+  QString RTFFolder() const;
+  QString MakeAutoBackupFolder() const;
+  /// The folder of the day's backups, ending in a separator.
+  QString TodaysBackupFolder() const;
   /// Words of all chapters.
   qint32 Wordcount(bool includeUnused) const;
   qint32 ChapterCount() const { return Chapters.Count(); }
@@ -147,6 +154,10 @@ class clsProject {
   /// Something of it stands in memory alone: it has no file, an edited scene isn't in the project file yet, or the
   /// file of a scene could not be written.
   bool HoldsUnsaved() const;
+  /// Opened to be looked at: nothing is saved to its own place.
+  bool ReadOnly() const { return readOnly_; }
+  /// The user wants the project file as another program has left it, in the place of what is in memory.
+  bool ReloadWanted() const { return reloadWanted_; }
   /// True on success; a failed load leaves an empty project. The user has been told by then.
   bool Load(const QString& file, bool showProgress);
   /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the
@@ -163,9 +174,12 @@ class clsProject {
 
  private:
   friend class BusyMark;
+  friend class DiskConflicts;
   friend class LongWork;
+  friend class OlderCopy;
   friend class ProjectLoader;
   friend class ProjectSaver;
+  friend class RescueFolder;
   friend class clsScene;
 
   void cScenes_LoadingNum(qint32 number);
@@ -179,6 +193,18 @@ class clsProject {
   bool editedSinceSave_ = false;
   /// The file that was opened and had been cut off: it isn't written over unasked. Empty for a whole one.
   QString incompleteFile_;
+  /// The file that the book was read from or last written to, and what that looked like then.
+  QString storedIn_;
+  FileStamp stored_;
+  /// The book came from a file and hasn't been saved since.
+  bool freshlyRead_ = false;
+  /// The name of the folder of the scenes' texts.
+  QString rtfFolderName_ = QStringLiteral("RTF");
+  std::unique_ptr<FolderLock> lock_;
+  bool readOnly_ = false;
+  bool reloadWanted_ = false;
+  /// The folder for the texts of a book without a file; named when it is first needed.
+  QString rescueFolder_;
   /// A load or save is under way; what it yields to must not begin another.
   bool busy_ = false;
   /// The long work that shows its progress, while there is one.

@@ -1,7 +1,6 @@
 #include "core/model/clsScene.h"
 
 #include "core/infra/Guard.h"
-#include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
@@ -64,7 +63,7 @@ double clsScene::StartDate() const {
 }
 
 QString clsScene::RTFFileWithPath() const {
-  return g_Project->Path() + u"RTF"_s + Paths::separator() + rtfFilename_;
+  return g_Project->RTFFolder() + rtfFilename_;
 }
 
 void clsScene::setTextRTF(const QByteArray& rtf) {
@@ -195,6 +194,7 @@ void clsScene::Clear() {
   textRTF_.clear();
   rtfFilename_.clear();
   rtfChanged_ = false;
+  stored_ = {};
   textUnread_ = false;
   undecodedRTF_.clear();
   plainText_.clear();

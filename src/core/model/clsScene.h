@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/infra/FileStamp.h"
 #include "core/model/IDList.h"
 
 #include <QByteArray>
@@ -147,6 +148,9 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   void CreateFromXML(const TagView& element);
 
  private:
+  friend class DiskConflicts;
+  friend class ProjectRepair;
+  friend class ProjectSaver;
   friend class SceneFile;
   friend class clsScenes;
 
@@ -165,13 +169,17 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
   bool rtfChanged_ = false;
+  /// What the file looked like when it was last read or written.
+  FileStamp stored_;
+  /// The stamp of the text that the plain mirror holds; 0 for none.
+  quint64 mirroredStamp_ = 0;
   /// The stored text was not read, or could not be: nothing is written over what may be left of it until there is a
   /// new one.
   bool textUnread_ = false;
   /// The text of a single file that could not be decoded; it goes back into the next one as it was.
   QByteArray undecodedRTF_;
   /// Grow by one with each change of the text; equal when the plain text is up to date.
-  quint64 textStamp_ = 0;
+  quint64 textStamp_ = 1;
   quint64 plainStamp_ = 0;
   qint32 wordcount_ = 0;
   qint32 lettercount_ = 0;

@@ -2,14 +2,21 @@
 #include "core/infra/Guard.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Collections.h"
+#include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
 #include "core/model/clsLocation.h"
 #include "core/model/clsNote.h"
+#include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/SceneFile.h"
+#include "core/persist/SceneFolder.h"
 #include "core/persist/modConstXML.h"
 #include "core/text/TagView.h"
+
+#include <algorithm>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace modConstXML;
@@ -102,16 +109,31 @@ bool writeBlock(int file, const EntityCollection<Traits>& collection, AppendElem
   return result;
 }
 
+/// What was read of a block, and the highest of the IDs that stand in it.
+template <class Traits>
+struct BlockRead {
+  std::vector<typename EntityCollection<Traits>::Pointer> entities;
+  qint32 highestID = 0;
+};
+
 /// A new entity for each piece of the block that holds the element's opening tag, read from that piece without its
-/// closing tag and then handed to `take`; a false ends it. False, and logged, at the first error.
-template <class Traits, class Take>
-bool readBlock(const TagView& xml, Take take) {
+/// closing tag; `complete` does what is left to do with it, and a false ends the reading. False, and logged, at the
+/// first error.
+template <class Traits, class Complete>
+bool readBlock(const TagView& xml, BlockRead<Traits>& read, Complete complete) {
   constexpr BlockForm form = formOf<Traits>();
   return Guard("CreateFromXML", Traits::kModule)([&] {
     for (const TagView& piece : xml.block(form.block).split(form.element.close)) {
-      if (piece.contains(form.element) && !take(piece)) {
+      if (!piece.contains(form.element)) {
+        continue;
+      }
+      const auto entity = std::make_shared<typename Traits::Entity>();
+      entity->CreateFromXML(piece);
+      if (!complete(*entity)) {
         return;
       }
+      read.highestID = std::max(read.highestID, piece.integer32(kID));
+      read.entities.push_back(entity);
     }
   });
 }
@@ -126,12 +148,10 @@ bool EntityCollection<Traits>::WriteXML(int file) const {
 template <class Traits>
 bool EntityCollection<Traits>::CreateFromXML(const TagView& block) {
   Clear();
-  return readBlock<Traits>(block, [this](const TagView& piece) {
-    const auto entity = std::make_shared<Entity>();
-    entity->CreateFromXML(piece);
-    add(entity);
-    return true;
-  });
+  BlockRead<Traits> read;
+  const bool result = readBlock(block, read, [](Entity&) { return true; });
+  addRead(read.entities, read.highestID);
+  return result;
 }
 
 template bool EntityCollection<ChapterTraits>::WriteXML(int) const;
@@ -156,22 +176,31 @@ bool clsScenes::WriteXML(int file, bool singleFile) const {
   });
 }
 
-bool clsScenes::CreateFromXML(const TagView& block, bool singleFile) {
+bool clsScenes::CreateFromXML(const TagView& block, bool singleFile, QString* missing) {
   Clear();
+  SceneFolder folder(*g_Project);
+  BlockRead<SceneTraits> read;
   bool result = true;
   qint32 number = 0;
-  const bool isRead = readBlock<SceneTraits>(block, [&](const TagView& piece) {
+  const bool isRead = readBlock(block, read, [&](clsScene& scene) {
     ++number;
     if (LoadingNum) {
       LoadingNum(number);
     }
-    const auto scene = std::make_shared<clsScene>();
-    scene->CreateFromXML(piece);
-    result = singleFile || scene->LoadRTF();
-    if (result) {
-      Addscene(scene);
+    // A backup may hold the text that has no file.
+    const SceneFile file(scene);
+    if (singleFile) {
+      file.knowFile();
+    }
+    result = singleFile || file.load(folder) || !scene.TextUnread();
+    if (!result && missing != nullptr) {
+      *missing = scene.RTFFileWithPath();
     }
     return result;
   });
+  addRead(read.entities, read.highestID);
+  for (const Pointer& scene : *this) {
+    scene->inScenes_ = true;
+  }
   return isRead && result;
 }

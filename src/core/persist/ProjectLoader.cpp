@@ -1,20 +1,31 @@
 #include "core/persist/ProjectLoader.h"
 
+#include "core/infra/FirstOf.h"
+#include "core/infra/FolderLock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Maker.h"
+#include "core/infra/NativeFile.h"
+#include "core/infra/Paths.h"
 #include "core/infra/cSHAREDShowError.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/Backups.h"
 #include "core/persist/IntegrityCheck.h"
+#include "core/persist/ProjectRepair.h"
+#include "core/persist/ProjectSummary.h"
+#include "core/persist/SceneFolder.h"
 #include "core/persist/WholeFile.h"
 #include "core/persist/modConstXML.h"
 #include "core/text/TagView.h"
 
 #include <array>
 #include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace modConstXML;
@@ -27,12 +38,18 @@ QString singleFileNotice() {
          "'Tools' then 'Backups' then 'Save project content to single file'"_s;
 }
 
-/// Names a few of the scenes, so that the box stays readable.
 QString unreadNotice(const QStringList& titles) {
-  constexpr qsizetype kNamed = 10;
-  const QString more = titles.size() > kNamed ? u"\n..."_s : QString();
-  return u"The text of these scenes could not be read, and they are empty now:\n"_s +
-         titles.first(std::min(titles.size(), kNamed)).join(u'\n') + more;
+  return u"The text of these scenes could not be read, and they are empty now:\n"_s + firstOf(titles).join(u'\n');
+}
+
+QString takenNotice(const FolderLock::Holder& other) {
+  QString who = other.user.isEmpty() ? QString() : u" by "_s + other.user;
+  who += other.host.isEmpty() ? QString() : u" on "_s + other.host;
+  who += other.since.isEmpty() ? QString() : u" since "_s + other.since;
+  who += other.process.isEmpty() ? QString() : u" (process "_s + other.process + u')';
+  return u"This book is open already"_s + who +
+         u".\n\nOpened read-only it can be looked at, and nothing is saved. Opened by two at once, whoever saves last "
+         "may replace what the other has written."_s;
 }
 
 QString loadFailure() {
@@ -72,37 +89,81 @@ bool ProjectLoader::load(const QString& file, bool showProgress) {
   return result;
 }
 
+// Also the other one may have been left by a machine that crashed: then it is opened anyway.
+bool ProjectLoader::mayOpenFolder(const QString& file) {
+  if (!Files().FileExists(file)) {
+    return true;  // nothing is there to be open
+  }
+  const QString folder = Files().PathOnly(file);
+  auto lock = std::make_unique<FolderLock>(folder);
+  if (const auto& other = lock->other()) {
+    const int choice =
+        toolkit().Choose({takenNotice(*other), {u"Open read-only"_s, u"Open anyway"_s}, 0, ChoiceQuestion::kNone});
+    if (choice == ChoiceQuestion::kNone) {
+      Logging().LogEvent(u"Not opened, being open elsewhere: "_s + file);
+      return false;
+    }
+    project_.readOnly_ = choice == 0;
+    lock.reset();
+    if (choice == 1) {
+      lock = std::make_unique<FolderLock>(folder, FolderLock::Claim::InAnyCase);
+    }
+  }
+  project_.lock_ = std::move(lock);
+  return true;
+}
+
 bool ProjectLoader::loadQN4(const QString& file, bool showProgress) {
   project_.Clear();
+  if (!mayOpenFolder(file)) {
+    return false;
+  }
+  FileStamp stamp;
+  std::optional<QByteArray> text;
+  Guard("LoadQN4", "clsProject")([&] { text = readWholeFile(Paths::native(file), Links::Followed, &stamp); });
+  const bool isComplete = text && isWholeProjectFile(*text);
+  bool isRead = readBook(file, text.value_or(QByteArray()), showProgress);
+  if (text && !isComplete) {
+    isRead = settleIncomplete(file, isRead, showProgress);
+  }
+  if (!isRead) {
+    project_.Clear();
+    return false;
+  }
+  project_.incompleteFile_ = isComplete ? QString() : file;
+  project_.storedIn_ = file;
+  project_.stored_ = stamp;
+  project_.freshlyRead_ = true;
+  tellFindings();
+  return true;
+}
+
+bool ProjectLoader::readBook(const QString& file, QByteArrayView text, bool showProgress) {
   project_.QN3FileMode = false;
+  missingText_.clear();
   bool isRead = false;
   bool isWhole = true;
   // Whatever a yield leads to: an empty project must not bear the name of a book.
   Guard("LoadQN4", "clsProject")([&] {
     LongWork work(project_, u"Loading Project"_s, showProgress);
     project_.FileWithPath = file;
-    isRead = readFile(work);
+    project_.rtfFolderName_ = SceneFolder::nameOnDisk(project_.Path(), u"RTF"_s);
+    isRead = readText(work, text);
     if (isRead) {
+      findings_ = ProjectRepair(project_).run();
       isWhole = IntegrityCheck(project_);
       work.setCaption(u"Loading Complete"_s);
     }
   });
   if (!isRead) {
     tellFailure();
-    project_.Clear();
   } else if (!isWhole) {
     toolkit().MsgBox(u"Indexing error in project file"_s);
-  }
-  if (isRead && !project_.incompleteFile_.isEmpty()) {
-    tellIncomplete();
   }
   return isRead;
 }
 
-bool ProjectLoader::readFile(LongWork& work) {
-  QByteArray text;
-  Files().LoadTextFile(project_.FileWithPath, text);
-  project_.incompleteFile_ = isWholeProjectFile(text) ? QString() : project_.FileWithPath;
+bool ProjectLoader::readText(LongWork& work, QByteArrayView text) {
   bool result = false;
   Guard("LoadQN4", "clsProject")([&] { result = readBlocks(work, text); });
   return result;
@@ -122,7 +183,7 @@ bool ProjectLoader::readBlocks(LongWork& work, QByteArrayView text) {
       Step{u"Loading Chapters"_s, kChapters, u"extract chapter data from "_s,
            [&](const TagView& xml) { return into.Chapters.CreateFromXML(xml); }},
       Step{u"Loading Scenes"_s, kScenes, u"extract scene data / load scenes from "_s,
-           [&](const TagView& xml) { return into.Scenes.CreateFromXML(xml, singleFile); }},
+           [&](const TagView& xml) { return into.Scenes.CreateFromXML(xml, singleFile, &missingText_); }},
       Step{u"Loading Locations"_s, kLocations, u"extract location data from "_s,
            [&](const TagView& xml) { return into.Locations.CreateFromXML(xml); }},
       Step{u"Loading Characters"_s, kCharacters, u"extract character data from "_s,
@@ -147,18 +208,62 @@ bool ProjectLoader::readBlocks(LongWork& work, QByteArrayView text) {
 }
 
 void ProjectLoader::tellFailure() const {
-  ShowError().ShowErr(loadFailure(), {});
+  const QString cause =
+      missingText_.isEmpty() ? QString() : u"\n\nThe text of a scene is missing or can't be read: "_s + missingText_;
+  ShowError().ShowErr(loadFailure() + cause, {});
 }
 
-void ProjectLoader::tellIncomplete() const {
+qsizetype ProjectLoader::filesBesideIt(const QString& file) const {
+  const QString folder = Files().PathOnly(file);
   QStringList texts;
-  Files().FillFiles(project_.Path() + u"RTF"_s, u"rtf"_s, texts);
-  toolkit().MsgBox(
-      u"The project file is incomplete: it may have been cut off. %1 chapters and %2 scenes were found in it; %3 files "
-      "with the texts of scenes stand beside it.\nThe book is shown as it is. Its file is not written over before you "
-      "have been asked."_s.arg(project_.ChapterCount())
-          .arg(project_.SceneCount())
-          .arg(texts.size()));
+  Files().FillFiles(folder + SceneFolder::nameOnDisk(folder, u"RTF"_s), u"rtf"_s, texts);
+  return texts.size();
+}
+
+QString ProjectLoader::whatWasFound(bool isRead) const {
+  return isRead
+             ? u"%1 chapters and %2 scenes were found in it"_s.arg(project_.ChapterCount()).arg(project_.SceneCount())
+             : u"No book could be read from it"_s;
+}
+
+bool ProjectLoader::settleIncomplete(const QString& file, bool isRead, bool showProgress) {
+  const qsizetype texts = filesBesideIt(file);
+  const std::optional<Backup> backup = newestBackup(file);
+  if (!isRead && texts == 0 && !backup) {
+    return false;  // some other file
+  }
+  ChoiceQuestion question;
+  question.text = u"The project file is incomplete: it may have been cut off. "_s + whatWasFound(isRead) +
+                  u"; %1 files with the texts of scenes stand beside it.\n\nThe file is not written over before you "
+                  "have been asked."_s.arg(texts);
+  if (backup) {
+    question.choices.append(u"Open the newest backup"_s);
+    question.text +=
+        u" The newest backup is "_s + ProjectSummary::of(backup->text).described(backup->path, backup->date) + u'.';
+  } else {
+    question.text += u" No backup was found."_s;
+  }
+  if (isRead) {
+    question.unattended = static_cast<int>(question.choices.size());
+    question.choices.append(u"Open the file as it is"_s);
+  }
+  if (question.choices.isEmpty()) {
+    toolkit().MsgBox(question.text);
+    return false;
+  }
+  const int choice = toolkit().Choose(question);
+  if (backup && choice == 0) {
+    Logging().LogEvent(u"Loading from the backup "_s + backup->path);
+    return readBook(file, backup->text, showProgress);
+  }
+  return isRead && choice != ChoiceQuestion::kNone;
+}
+
+void ProjectLoader::tellFindings() const {
+  if (!findings_.isEmpty()) {
+    toolkit().MsgBox(u"This was found when the book was opened, and put right where that was possible:\n\n"_s +
+                     findings_.join(u"\n\n"_s));
+  }
 }
 
 void ProjectLoader::tellUnreadTexts() const {

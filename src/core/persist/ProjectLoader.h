@@ -2,6 +2,7 @@
 
 #include <QByteArrayView>
 #include <QString>
+#include <QStringList>
 
 class LongWork;
 class clsProject;
@@ -15,12 +16,22 @@ class ProjectLoader {
   bool load(const QString& file, bool showProgress);
 
  private:
+  bool mayOpenFolder(const QString& file);
   bool loadQN4(const QString& file, bool showProgress);
-  bool readFile(LongWork& work);
+  /// Reads the book from the text of a project file and tells what went wrong.
+  bool readBook(const QString& file, QByteArrayView text, bool showProgress);
+  bool readText(LongWork& work, QByteArrayView text);
   bool readBlocks(LongWork& work, QByteArrayView text);
+  /// What becomes of a file that was cut off: true when a book is to be shown.
+  bool settleIncomplete(const QString& file, bool isRead, bool showProgress);
+  QString whatWasFound(bool isRead) const;
+  qsizetype filesBesideIt(const QString& file) const;
   void tellFailure() const;
-  void tellIncomplete() const;
+  void tellFindings() const;
   void tellUnreadTexts() const;
 
   clsProject& project_;
+  /// The scene file that ended the load.
+  QString missingText_;
+  QStringList findings_;
 };

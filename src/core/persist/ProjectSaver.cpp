@@ -1,6 +1,7 @@
 #include "core/persist/ProjectSaver.h"
 
 #include "core/infra/FileChannels.h"
+#include "core/infra/FolderLock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
@@ -9,12 +10,20 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/persist/DiskConflicts.h"
+#include "core/persist/OlderCopy.h"
 #include "core/persist/SceneFile.h"
 #include "core/persist/modConstXML.h"
 
+#include <QScopedValueRollback>
+
 #include <array>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace modConstXML;
@@ -38,7 +47,7 @@ class NewFile {
 
   int number() const { return number_; }
   /// Puts it in the old one's place; throws what the system says when that fails.
-  void commit() { Channels().CloseToDisk(std::exchange(number_, 0)); }
+  FileStamp commit() { return Channels().CloseToDisk(std::exchange(number_, 0)); }
 
  private:
   int number_;
@@ -62,6 +71,37 @@ bool clsProject::SaveAs() {
   return ProjectSaver(*this).saveAs();
 }
 
+/// Another folder has none of the scenes' files: all are due there. When the save fails they are what they were.
+class ProjectSaver::NewPlace {
+ public:
+  explicit NewPlace(const clsProject& project) {
+    for (const auto& scene : project.Scenes) {
+      former_.push_back({scene, scene->stored_, scene->textStamp_, scene->rtfChanged_});
+      scene->stored_ = {};
+      scene->rtfChanged_ = true;
+    }
+  }
+  ~NewPlace() {
+    for (const Former& former : former_) {
+      former.scene->stored_ = former.stored;
+      former.scene->rtfChanged_ = former.changed || former.scene->textStamp_ != former.text;
+    }
+  }
+  NewPlace(const NewPlace&) = delete;
+  NewPlace& operator=(const NewPlace&) = delete;
+
+  void keep() { former_.clear(); }
+
+ private:
+  struct Former {
+    std::shared_ptr<clsScene> scene;
+    FileStamp stored;
+    quint64 text;
+    bool changed;
+  };
+  std::vector<Former> former_;
+};
+
 bool ProjectSaver::mayBegin() const {
   if (project_.IsBusy()) {
     Logging().AddDebug(u"Not saved while a load or save is under way"_s, u"Save"_s, u"clsProject"_s);
@@ -73,18 +113,22 @@ bool ProjectSaver::saveQN4(bool showProgress) {
   if (!mayBegin()) {
     return false;
   }
+  if (project_.readOnly_) {
+    Logging().LogEvent(u"Not saved: the book was opened read-only"_s);
+    return false;
+  }
   if (!project_.FileWithPath.isEmpty()) {
     project_.FileWithPath = forcedExtension(u".qn4"_s);
   }
-  return save(showProgress, Form::Folder);
+  return save(showProgress, Form::Folder, project_.FileWithPath);
 }
 
 bool ProjectSaver::saveQNC4(bool showProgress) {
-  if (!mayBegin()) {
+  if (!mayBegin() || project_.readOnly_) {
     return false;
   }
   project_.FileWithPath = forcedExtension(u".qnc4"_s);
-  return save(showProgress, Form::SingleFile);
+  return save(showProgress, Form::SingleFile, project_.FileWithPath);
 }
 
 bool ProjectSaver::saveAs() {
@@ -99,10 +143,25 @@ bool ProjectSaver::saveAs() {
   }
   project_.FileWithPath = answer;
   project_.FileWithPath = extensionGiven(u".qn4"_s);
-  if (!save(true, Form::Folder)) {
-    giveUp(own, Form::Folder);
-  }
+  save(true, Form::Folder, own);
   return true;
+}
+
+bool ProjectSaver::saveElsewhere() {
+  if (!mayBegin()) {
+    return false;
+  }
+  const QString own = std::exchange(project_.FileWithPath, {});
+  return save(true, Form::Folder, own);
+}
+
+bool ProjectSaver::saveCopy(const QString& file) {
+  if (!mayBegin()) {
+    return false;
+  }
+  const BusyMark busy(project_);
+  const QScopedValueRollback name(project_.FileWithPath, file);
+  return isDone(write(false, Form::SingleFile));
 }
 
 QString ProjectSaver::forcedExtension(const QString& extension) const {
@@ -122,10 +181,9 @@ QString ProjectSaver::extensionGiven(const QString& extension) const {
 }
 
 // Every failure turns into the question for another file; only giving that up ends the save.
-bool ProjectSaver::save(bool showProgress, Form form) {
+bool ProjectSaver::save(bool showProgress, Form form, QString own) {
   const BusyMark busy(project_);
   project_.QN3FileMode = false;
-  const QString own = project_.FileWithPath;
   QString folder = Paths::documentsFolder();
   for (;;) {
     const bool asked = project_.FileWithPath.isEmpty();
@@ -133,14 +191,15 @@ bool ProjectSaver::save(bool showProgress, Form form) {
       giveUp(own, form);
       return false;
     }
-    if (!asked && !mayReplaceIncomplete()) {
-      project_.FileWithPath.clear();
-      continue;
-    }
     if (asked) {
       project_.FileWithPath = extensionGiven(form == Form::SingleFile ? u".qnc4"_s : u".qn4"_s);
     }
-    if (attempt(showProgress, form, asked)) {
+    const Way way = asked ? Way::GoOn : wayTo(form);
+    if (way == Way::GiveUp) {
+      giveUp(own, form);
+      return false;
+    }
+    if (way == Way::GoOn && attempt(showProgress, form, asked)) {
       return true;
     }
     folder = project_.Path();
@@ -148,13 +207,86 @@ bool ProjectSaver::save(bool showProgress, Form form) {
   }
 }
 
+bool ProjectSaver::isOwnFolder() const {
+  return !project_.storedIn_.isEmpty() &&
+         Paths::identity(project_.Path()) == Paths::identity(Files().PathOnly(project_.storedIn_));
+}
+
+ProjectSaver::Way ProjectSaver::wayTo(Form form) {
+  if (form == Form::Folder && project_.readOnly_ && isOwnFolder()) {
+    toolkit().MsgBox(u"The book in this folder was opened read-only. Please choose a different folder."_s);
+    return Way::AskForAnother;
+  }
+  for (const auto way : {&ProjectSaver::wayPastLostFolder, &ProjectSaver::wayPastIncompleteFile}) {
+    if (const Way found = (this->*way)(); found != Way::GoOn) {
+      return found;
+    }
+  }
+  if (form == Form::SingleFile) {
+    return Way::GoOn;
+  }
+  const Way way = wayPastNewerBook();
+  return way == Way::GoOn && !overOthers_ ? wayPastOthersChanges() : way;
+}
+
+// A stick that was pulled out: what is made in its place would be a book of a few scenes.
+ProjectSaver::Way ProjectSaver::wayPastLostFolder() const {
+  while (isOwnFolder() && !Files().FolderExists(project_.Path())) {
+    const int choice =
+        toolkit().Choose({u"The book's folder isn't there any more:\n"_s + project_.Path() +
+                              u"\n\nIf it is on a stick or in a network, please bring it back and try again."_s,
+                          {u"Try again"_s, u"Save somewhere else"_s}});
+    if (choice != 0) {
+      return choice == 1 ? Way::AskForAnother : Way::GiveUp;
+    }
+  }
+  return Way::GoOn;
+}
+
 // What was cut off may still be wanted, if only to be mended by hand.
-bool ProjectSaver::mayReplaceIncomplete() const {
-  return project_.incompleteFile_.isEmpty() || project_.incompleteFile_ != project_.FileWithPath ||
-         toolkit().MsgBox(
-             u"The project file was incomplete when it was opened. Do you want to save over it? If not, you "
-             "can choose another place for the book as it is now."_s,
-             Buttons::NoUnlessYes) == Answer::Yes;
+ProjectSaver::Way ProjectSaver::wayPastIncompleteFile() const {
+  const bool mayReplace =
+      project_.incompleteFile_.isEmpty() || project_.incompleteFile_ != project_.FileWithPath ||
+      toolkit().MsgBox(
+          u"The project file was incomplete when it was opened. Do you want to save over it? If not, you "
+          "can choose another place for the book as it is now."_s,
+          Buttons::NoUnlessYes) == Answer::Yes;
+  return mayReplace ? Way::GoOn : Way::AskForAnother;
+}
+
+ProjectSaver::Way ProjectSaver::wayPastNewerBook() {
+  switch (OlderCopy(project_).settle()) {
+    case OlderCopy::Answer::NothingToAsk:
+      return Way::GoOn;
+    case OlderCopy::Answer::Replace:
+      // What stood in the book's own folder is known: a change since then is asked about.
+      overOthers_ = !isOwnFolder();
+      return Way::GoOn;
+    case OlderCopy::Answer::NewName:
+      sharesFolder_ = true;
+      return Way::AskForAnother;
+    default:
+      return Way::GiveUp;
+  }
+}
+
+ProjectSaver::Way ProjectSaver::wayPastOthersChanges() {
+  DiskConflicts conflicts(project_);
+  conflicts.lookAtProjectFile();
+  for (const auto& scene : project_.Scenes) {
+    conflicts.lookAt(*scene);
+  }
+  switch (conflicts.settle(DiskConflicts::Askers::Project)) {
+    case DiskConflicts::Outcome::GoOn:
+      return Way::GoOn;
+    case DiskConflicts::Outcome::Reload:
+      // Texts of ours that stand against nothing are kept in their files.
+      project_.Scenes.SaveScenesText(false);
+      project_.reloadWanted_ = true;
+      return Way::GiveUp;
+    default:
+      return Way::GiveUp;
+  }
 }
 
 // The next save tries the same place again: what was in the way may have gone by then.
@@ -173,9 +305,24 @@ bool ProjectSaver::askForFile(const QString& folder) {
 }
 
 bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
+  std::optional<NewPlace> newPlace;
+  if (form == Form::Folder && !isOwnFolder()) {
+    newPlace.emplace(project_);
+  }
+  // What an editor saves while we write isn't in the file yet.
+  const bool edited = project_.editedSinceSave_;
+  project_.editedSinceSave_ = edited && form == Form::SingleFile;
   Failure failure = prepareTarget(form, asked);
   if (isDone(failure)) {
-    failure = write(showProgress, form, asked);
+    failure = write(showProgress, form);
+  }
+  if (isDone(failure)) {
+    if (newPlace) {
+      newPlace->keep();
+    }
+    remember(form);
+  } else {
+    project_.editedSinceSave_ = project_.editedSinceSave_ || edited;
   }
   tell(failure);
   return isDone(failure);
@@ -197,14 +344,18 @@ void ProjectSaver::tell(const Failure& failure) {
   }
 }
 
-ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) const {
+ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) {
   const QString folder = project_.Path();
-  if (form == Form::Folder && asked && Files().FolderExists(folder + u"RTF"_s)) {
+  const QString texts = project_.RTFFolder();
+  const bool isOurs = (isOwnFolder() && !project_.readOnly_ && !sharesFolder_) || made_.contains(texts);
+  if (form == Form::Folder && asked && !isOurs && Files().FolderExists(texts)) {
     return boxed(u"There's already a project in that location. Please choose a different folder."_s);
   }
   Files().MkMissingDir(folder);
   if (form == Form::Folder) {
-    Files().MkMissingDir(folder + u"RTF"_s);
+    if (Files().MkMissingDir(texts)) {
+      made_.append(texts);
+    }
     if (!Files().FolderExists(folder)) {
       return boxed(u"Unable to create project folder. Please choose another location."_s);
     }
@@ -212,7 +363,7 @@ ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) const {
   return {};
 }
 
-ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form, bool asked) {
+ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
   QString cause;
   NewFile file(Files().CreateReplacementFile(project_.FileWithPath, cause));
   if (file.number() <= 0) {
@@ -223,20 +374,15 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form, bool ask
   Failure failure;
   cause = Guard("Save", "clsProject").causeOf([&] {
     LongWork work(project_, u"Saving Project"_s, showProgress);
-    // Another place has none of the scenes' files yet.
-    failure = writeSteps(work, file.number(), form, showProgress || asked);
+    failure = writeSteps(work, file.number(), form, showProgress);
     if (isDone(failure)) {
-      file.commit();
+      written_ = file.commit();
     }
   });
   if (!isDone(failure)) {
     return because(failure, Channels().failureOf(file.number()));
   }
-  if (!cause.isEmpty()) {
-    return because(boxed(kUnableToSave), cause);
-  }
-  remember(form);
-  return {};
+  return cause.isEmpty() ? Failure() : because(boxed(kUnableToSave), cause);
 }
 
 struct ProjectSaver::Step {
@@ -297,15 +443,28 @@ bool ProjectSaver::writeTexts(Form form, bool force) const {
     return true;
   }
   Logging().LogEvent(u"Saving scene RTF files to "_s + project_.Path() + u"RTF"_s);
-  return project_.Scenes.SaveScenesText(force);
+  return project_.Scenes.SaveScenesText(force, overOthers_);
 }
 
-void ProjectSaver::remember(Form form) const {
+void ProjectSaver::remember(Form form) {
   Settings().sSet(u"LastProjectFile"_s, project_.FileWithPath);
   Settings().sSet(u"LastProjectLoaded"_s, project_.FileWithPath);
   project_.incompleteFile_.clear();
   if (form == Form::SingleFile || project_.UnsavedTexts() == 0) {
     Logging().LogEvent(u"Project saved"_s);
   }
-  project_.editedSinceSave_ = project_.editedSinceSave_ && form == Form::SingleFile;
+  if (project_.FileWithPath == project_.storedIn_) {
+    project_.stored_ = written_;
+  }
+  if (form == Form::SingleFile) {
+    return;
+  }
+  if (!isOwnFolder()) {
+    project_.lock_.reset();
+    project_.lock_ = std::make_unique<FolderLock>(project_.Path());
+    project_.readOnly_ = false;
+  }
+  project_.storedIn_ = project_.FileWithPath;
+  project_.stored_ = written_;
+  project_.freshlyRead_ = false;
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/infra/FileStamp.h"
+
 #include <QString>
+#include <QStringList>
 
 class LongWork;
 class clsProject;
@@ -17,9 +20,15 @@ class ProjectSaver {
   bool saveQNC4(bool showProgress);
   /// False when no place was given.
   bool saveAs();
+  /// Asks for another place, and again for as long as one fails.
+  bool saveElsewhere();
+  /// The book as one file, without a question or a word; the book itself counts as unsaved as before.
+  bool saveCopy(const QString& file);
 
  private:
   enum class Form { Folder, SingleFile };
+  /// What is to be done about the place that a book is about to be saved to.
+  enum class Way { GoOn, AskForAnother, GiveUp };
   /// What is told when a step fails: nothing, by a box, or by the error reporter.
   struct Failure {
     enum class Told { NotAtAll, ByBox, ByReport };
@@ -27,21 +36,28 @@ class ProjectSaver {
     QString text;
   };
   struct Step;
+  class NewPlace;
 
   bool mayBegin() const;
-  bool save(bool showProgress, Form form);
+  /// `own` is the name that stays when it is given up.
+  bool save(bool showProgress, Form form, QString own);
   /// The project keeps its own file's name, and counts as unsaved unless only a copy of it was to be made.
   void giveUp(const QString& own, Form form) const;
-  /// True unless the file that was opened was cut off and the user keeps it.
-  bool mayReplaceIncomplete() const;
+  /// The questions that stand before a save to a place that wasn't just asked for.
+  Way wayTo(Form form);
+  Way wayPastLostFolder() const;
+  Way wayPastIncompleteFile() const;
+  Way wayPastNewerBook();
+  Way wayPastOthersChanges();
+  bool isOwnFolder() const;
   bool askForFile(const QString& folder);
   bool attempt(bool showProgress, Form form, bool asked);
-  Failure prepareTarget(Form form, bool asked) const;
-  Failure write(bool showProgress, Form form, bool asked);
+  Failure prepareTarget(Form form, bool asked);
+  Failure write(bool showProgress, Form form);
   Failure writeSteps(LongWork& work, int file, Form form, bool forceTexts);
   bool writeHead(int file) const;
   bool writeTexts(Form form, bool force) const;
-  void remember(Form form) const;
+  void remember(Form form);
   QString forcedExtension(const QString& extension) const;
   /// The same for a name that the user gave.
   QString extensionGiven(const QString& extension) const;
@@ -52,4 +68,11 @@ class ProjectSaver {
   static void tell(const Failure& failure);
 
   clsProject& project_;
+  /// The folders that this save has made.
+  QStringList made_;
+  /// The user gave up what stands in the folder.
+  bool overOthers_ = false;
+  /// The texts in the book's own folder are another one's too.
+  bool sharesFolder_ = false;
+  FileStamp written_;
 };

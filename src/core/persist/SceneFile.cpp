@@ -1,14 +1,23 @@
 #include "core/persist/SceneFile.h"
 
+#include "core/infra/CodePage.h"
 #include "core/infra/Guard.h"
+#include "core/infra/NativeFile.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/DiskConflicts.h"
+#include "core/persist/OlderCopy.h"
+#include "core/persist/RescueFolder.h"
+#include "core/persist/SceneFolder.h"
+
+#include <QFileInfo>
 
 #include <algorithm>
 #include <limits>
@@ -21,22 +30,16 @@ namespace {
 /// The slot of LastFileIndex that numbers the RTF files.
 constexpr int kRTFFileIndex = 4;
 
-/// The next free file name. The folder is relative, so the test for a file of that name looks in the working
-/// directory and normally finds none: the stored counter is what keeps names unique. Where that has fallen behind,
-/// a name that a scene has is passed over, so that no scene is written over another.
-QString GenerateFilename(const QString& folder, const QString& prefix, int fileIndex, const QString& extension,
-                         const QSet<QString>& taken) {
-  const QString base = Files().AddSlashIfMissing(folder);
-  QString ending = extension.isEmpty() ? u".txt"_s : extension;
-  if (!ending.contains(u'.')) {
-    ending.prepend(u'.');
-  }
+/// The next free file name: behind the stored counter, and passing over the names of scenes and whatever stands in the
+/// folder already, so that nothing is written over. Letters count in either case.
+QString GenerateFilename(const QString& prefix, int fileIndex, const QString& extension, const QSet<QString>& taken) {
+  const QString folder = g_Project->RTFFolder();
   qint32 number = std::max(0, g_Project->LastFileIndex(fileIndex));
   QString name;
   do {
     number = number == std::numeric_limits<qint32>::max() ? 1 : number + 1;
-    name = prefix + QString::number(number).rightJustified(5, u'0') + ending;
-  } while (Files().FileExists(base + name) || taken.contains(name));
+    name = prefix + QString::number(number).rightJustified(5, u'0') + extension;
+  } while (taken.contains(name.toUpper()) || QFileInfo::exists(folder + name));
   g_Project->setLastFileIndex(fileIndex, number);
   return name;
 }
@@ -45,46 +48,71 @@ QSet<QString> namesOf(const clsScenes& scenes) {
   QSet<QString> names;
   names.reserve(scenes.Count());
   for (const auto& scene : scenes) {
-    names.insert(scene->RTFFilename());
+    names.insert(scene->RTFFilename().toUpper());
   }
   return names;
-}
-
-/// A file that holds these bytes is left alone: reading it costs a hundredth of writing it to disk anew, and a save
-/// of the whole book asks for every one.
-bool holdsAlready(const QString& path, const QByteArray& bytes) {
-  QByteArray stored;
-  return Files().FileSize(path) == bytes.size() && Files().LoadTextFile(path, stored) && stored == bytes;
 }
 
 void logUnsaved(const QString& path) {
   Logging().LogEvent(u"Could not save "_s + path);
 }
 
+/// One flush for all the names that are new in the folder.
+void flushRTFFolder() {
+  Guard("SaveScenesText", "clsScenes")([] { flushFolderToDisk(g_Project->RTFFolder()); });
+}
+
 }  // namespace
 
+// What a window saves by itself: there is somebody to ask.
 void clsScene::SaveRTF(bool force) {
-  SceneFile(*this).save(force, SceneFile::mirrorWanted());
+  const SceneFile file(*this);
+  if (g_Project->FileWithPath.isEmpty()) {
+    RescueFolder(*g_Project).keep(*this);
+    return;
+  }
+  if (g_Project->ReadOnly() || !OlderCopy(*g_Project).mayWriteTexts()) {
+    return;
+  }
+  DiskConflicts conflicts(*g_Project);
+  conflicts.lookAt(*this);
+  if (conflicts.settle(DiskConflicts::Askers::Editor) == DiskConflicts::Outcome::GiveUp) {
+    return;
+  }
+  if (file.save(force, SceneFile::mirrorFolder())) {
+    flushRTFFolder();
+  }
 }
 
 bool clsScene::LoadRTF() {
-  return SceneFile(*this).load();
+  SceneFolder folder(*g_Project);
+  return SceneFile(*this).load(folder);
 }
 
-bool clsScenes::SaveScenesText(bool force) const {
+bool clsScenes::SaveScenesText(bool force, bool overOthers) const {
   bool result = true;
-  const bool mirror = SceneFile::mirrorWanted();
+  bool written = false;
+  const QString mirror = SceneFile::mirrorFolder();
+  const auto others = overOthers ? SceneFile::Others::Replaced : SceneFile::Others::Kept;
   const Guard guard("SaveScenesText", "clsScenes");
-  // By position: a write may yield, and what it yields to may add a scene.
+  // By position: what is yielded to may add a scene.
   for (qint32 i = 1; i <= Count(); ++i) {
     const Pointer scene = SceneByIndex(i);
-    result = guard([&] { SceneFile(*scene).save(force, mirror); }) && result;
+    result = guard([&] { written = SceneFile(*scene).save(force, mirror, others) || written; }) && result;
+    guard([] { Subs().RegularDoEvents(); });
+  }
+  if (written) {
+    flushRTFFolder();
   }
   return result;
 }
 
-bool SceneFile::mirrorWanted() {
-  return Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s));
+QString SceneFile::mirrorFolder() {
+  if (!Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s))) {
+    return {};
+  }
+  const QString project = g_Project->Path();
+  return project + SceneFolder::nameOnDisk(project, u"Data"_s) + Paths::separator();
 }
 
 QString SceneFile::path() const {
@@ -93,8 +121,8 @@ QString SceneFile::path() const {
 
 void SceneFile::name(QSet<QString>& taken) const {
   if (scene_.rtfFilename_.isEmpty()) {
-    scene_.rtfFilename_ = GenerateFilename(u"RTF"_s, u"RTF_"_s, kRTFFileIndex, u".rtf"_s, taken);
-    taken.insert(scene_.rtfFilename_);
+    scene_.rtfFilename_ = GenerateFilename(u"RTF_"_s, kRTFFileIndex, u".rtf"_s, taken);
+    taken.insert(scene_.rtfFilename_.toUpper());
     // A book one of whose scenes has no file can't be opened.
     scene_.rtfChanged_ = true;
   }
@@ -111,73 +139,152 @@ void SceneFile::nameAll(const clsScenes& scenes) {
   }
 }
 
-void SceneFile::save(bool force, bool mirror) const {
+bool SceneFile::isDue() const {
+  return scene_.rtfFilename_.isEmpty() || scene_.rtfChanged_ || scene_.textUnread_;
+}
+
+bool SceneFile::save(bool force, const QString& mirrorFolder, Others others) const {
   // A book without a file has no folder: its texts stay due, and never go to where the program happens to stand.
   if (g_Project->FileWithPath.isEmpty()) {
-    return;
+    return false;
   }
   const bool unread = scene_.textUnread_;
   // A file that is there may hold the text that wasn't read. Where there is none an empty one has to do: a project
   // one of whose scenes has no file can't be opened.
   if (unread && Files().FileExists(path())) {
-    return;
+    return false;
   }
-  if (scene_.rtfFilename_.isEmpty() || force || scene_.rtfChanged_ || unread) {
-    writeText();
+  bool written = false;
+  if (isDue()) {
+    written = writeText(others);
+  } else if (force) {
+    written = restoreIfGone();
   }
   if (unread) {
-    keepUndecodedText();
-  } else if (mirror) {
-    writePlainMirror();
+    written = keepUndecodedText() || written;
+  } else if (!mirrorFolder.isEmpty()) {
+    writePlainMirror(mirrorFolder);
+  }
+  return written;
+}
+
+void SceneFile::knowFile() const {
+  if (!scene_.rtfFilename_.isEmpty() && !SceneFolder::leadsOut(*g_Project, path())) {
+    Guard("knowFile", "SceneFile")([&] { readWholeFile(path(), Links::Followed, &scene_.stored_); });
   }
 }
 
-void SceneFile::writeText() const {
+std::optional<SceneFile::Changed> SceneFile::changedByOthers() const {
+  const FileStamp now = FileStamp::lookAt(path());
+  if (scene_.rtfFilename_.isEmpty() || !now.isKnown() || scene_.stored_.looksLike(now) ||
+      SceneFolder::leadsOut(*g_Project, path())) {
+    return {};
+  }
+  Changed changed;
+  std::optional<QByteArray> text;
+  Guard("changedByOthers", "SceneFile")([&] { text = readWholeFile(path(), Links::Followed, &changed.stamp); });
+  if (!text) {
+    return {};
+  }
+  const bool asLeft = scene_.stored_.isKnown() && scene_.stored_.size == changed.stamp.size &&
+                      scene_.stored_.hash == changed.stamp.hash;
+  if (asLeft || *text == scene_.textRTF_) {
+    scene_.stored_ = changed.stamp;
+    return {};
+  }
+  changed.text = *std::move(text);
+  return changed;
+}
+
+bool SceneFile::mayWrite(Others others) const {
+  if (SceneFolder::leadsOut(*g_Project, path())) {
+    Logging().LogEvent(path() + u" leads out of the project's folder, and isn't written"_s);
+    return false;
+  }
+  if (others == Others::Kept && changedByOthers()) {
+    Logging().LogEvent(path() + u" was changed by another program, and isn't written over"_s);
+    return false;
+  }
+  return true;
+}
+
+bool SceneFile::writeText(Others others) const {
   if (scene_.rtfFilename_.isEmpty()) {
     QSet<QString> taken = namesOf(g_Project->Scenes);
     name(taken);
   }
   const QByteArray& text = scene_.textRTF_;
-  scene_.rtfChanged_ = !(holdsAlready(path(), text) || Files().SaveTextFile(path(), QByteArrayView(text)));
+  bool written = false;
+  if (mayWrite(others)) {
+    // A file that holds these bytes is left alone: reading it costs a hundredth of writing it to disk anew.
+    const bool holdsAlready = FileStamp::lookAt(path()).looksLike(scene_.stored_) && scene_.stored_.hasContent(text);
+    written = !holdsAlready && Guard("SaveRTF", "clsScene")([&] {
+      scene_.stored_ = Files().ReplaceFile(path(), text, ReplacementFile::Durability::ContentOnDisk);
+    });
+    scene_.rtfChanged_ = !written && !holdsAlready;
+  } else {
+    scene_.rtfChanged_ = true;
+  }
   if (scene_.rtfChanged_) {
     logUnsaved(path());
   }
+  return written;
+}
+
+// What stands on the disk stays as it is: it is what was left there, or another program's. What another program took
+// away is needed, for the book can't be opened without it.
+bool SceneFile::restoreIfGone() const {
+  return !FileStamp::lookAt(path()).isKnown() && writeText(Others::Kept);
 }
 
 // Somebody may know how to mend it.
-void SceneFile::keepUndecodedText() const {
+bool SceneFile::keepUndecodedText() const {
   const QString kept = path() + u".undecoded"_s;
   if (scene_.undecodedRTF_.isEmpty()) {
-    return;
+    return false;
   }
   if (!Files().SaveTextFile(kept, QByteArrayView(scene_.undecodedRTF_))) {
     logUnsaved(kept);
-    return;
+    return false;
   }
   Logging().LogEvent(u"The text that could not be decoded is kept in "_s + kept);
+  return true;
 }
 
-void SceneFile::writePlainMirror() const {
-  const QString folder = g_Project->Path() + u"Data"_s + Paths::separator();
+// The mirror is for other programs: it is written where it differs, and in a form that holds every letter.
+void SceneFile::writePlainMirror(const QString& folder) const {
   QString name = Files().FileWithoutExt(scene_.rtfFilename_) + u".txt"_s;
   name.replace(u"RTF_"_s, u"Plain_"_s);
-  Files().MkMissingDir(folder);
-  if (!Files().WriteTextFile(folder + name, scene_.ConvertedToBodyText())) {
-    logUnsaved(folder + name);
+  if (scene_.mirroredStamp_ == scene_.textStamp_ && QFileInfo::exists(folder + name)) {
+    return;
   }
+  const QString& text = scene_.ConvertedToBodyText();
+  const QByteArray bytes = CodePage::canEncode(text) ? CodePage::toBytes(text) : "\xEF\xBB\xBF" + text.toUtf8();
+  Files().MkMissingDir(folder);
+  QByteArray there;
+  const bool holdsAlready =
+      Files().FileSize(folder + name) == bytes.size() && Files().LoadTextFile(folder + name, there) && there == bytes;
+  const bool leadsOut = SceneFolder::leadsOut(*g_Project, folder + name);
+  if (leadsOut || (!holdsAlready && !Files().WriteTextFile(folder + name, QByteArrayView(bytes)))) {
+    logUnsaved(folder + name);
+    return;
+  }
+  scene_.mirroredStamp_ = scene_.textStamp_;
 }
 
-bool SceneFile::load() const {
+bool SceneFile::load(SceneFolder& folder) const {
   if (scene_.rtfFilename_.isEmpty()) {
     Logging().LogEvent(u"No RTF filename in scene "_s + scene_.Title);
     return false;
   }
-  QByteArray stored;
-  if (!Files().LoadTextFile(path(), stored)) {
+  std::optional<SceneFolder::File> found = folder.read(scene_.rtfFilename_);
+  if (!found) {
     Logging().LogEvent(u"Could not find or load "_s + path());
     return false;
   }
-  scene_.textRTF_ = std::move(stored);
+  scene_.rtfFilename_ = found->name;
+  scene_.stored_ = found->stamp;
+  scene_.textRTF_ = std::move(found->text);
   scene_.textUnread_ = false;
   ++scene_.textStamp_;
   return true;

@@ -149,15 +149,23 @@ TEST_F(Collections, ARenamedCharacterIsMarkedUnlessItBecomesThePlaceholder) {
 TEST_F(Collections, TextsAreWrittenWhenDueOrForcedAndAFailureKeepsTheOthersGoing) {
   const ScratchFolder scratch;
   g_Project->FileWithPath = scratch.path(u"a.qn4"_s);
-  QDir(scratch.path()).mkpath(u"RTF/RTF_00002.rtf"_s);  // A folder where the second scene's file should be.
+  QDir(scratch.path()).mkpath(u"RTF"_s);
+  g_Project->SceneByID(2)->SaveRTF(false);
+  QFile::remove(scratch.path(u"RTF/RTF_00001.rtf"_s));
+  QDir(scratch.path()).mkpath(u"RTF/RTF_00001.rtf"_s);  // A folder where the scene's file should be.
+  g_Project->SceneByID(2)->setTextRTF("new");
   EXPECT_TRUE(g_Project->Scenes.SaveScenesText(false));
   const auto due = [](qint32 id) { return g_Project->SceneByID(id)->RTFChanged(); };
   EXPECT_TRUE(due(2));
   EXPECT_FALSE(due(1) || due(3) || due(4) || due(5));
   EXPECT_EQ(filesBelow(scratch.path()).size(), 4);
-  writeFile(scratch.path(u"RTF/RTF_00001.rtf"_s), "gone");
-  g_Project->Scenes.SaveScenesText(false);
-  EXPECT_EQ(fileBytes(scratch.path(u"RTF/RTF_00001.rtf"_s)), "gone");
+  const QString first = g_Project->SceneByID(1)->RTFFileWithPath();
+  writeFile(first, "another program's");
   g_Project->Scenes.SaveScenesText(true);
-  EXPECT_EQ(fileBytes(scratch.path(u"RTF/RTF_00001.rtf"_s)), g_Project->SceneByID(1)->TextRTF());
+  EXPECT_EQ(fileBytes(first), "another program's");
+  QFile::remove(first);
+  g_Project->Scenes.SaveScenesText(false);
+  EXPECT_FALSE(QFile::exists(first));
+  g_Project->Scenes.SaveScenesText(true);
+  EXPECT_EQ(fileBytes(first), g_Project->SceneByID(1)->TextRTF());
 }

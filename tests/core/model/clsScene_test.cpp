@@ -181,16 +181,15 @@ TEST_F(Scene, CachedCountsSurviveALoadAndAreCountedAnewWhenForced) {
   EXPECT_EQ(scene.Wordcount(), 3);
 }
 
-TEST_F(Scene, FileNamesAreCountedAndAFileInTheWorkingDirectoryIsPassedOver) {
+TEST_F(Scene, FileNamesAreCountedAndWhatStandsInTheFolderIsPassedOver) {
   const ScratchFolder scratch;
   const QString before = QDir::currentPath();
   const auto goBack = qScopeGuard([&] { QDir::setCurrent(before); });
   ASSERT_TRUE(QDir::setCurrent(scratch.path()));
-  QDir(scratch.path()).mkdir(u"RTF"_s);
-  writeFile(u"RTF/RTF_100001.rtf"_s, "taken");
   writeFile(u"RTF_100000.rtf"_s, "bare");
   g_Project->FileWithPath = scratch.path(u"book/a.qn4"_s);
   QDir().mkpath(scratch.path(u"book/RTF"_s));
+  writeFile(u"book/RTF/RTF_100001.rtf"_s, "taken");
   g_Project->setLastFileIndex(4, 99'999);
   g_Project->Scenes.SaveScenesText(false);
   EXPECT_EQ(g_Project->SceneByID(1)->RTFFilename(), u"RTF_100000.rtf"_s);

@@ -8,6 +8,8 @@
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +22,10 @@ class Listener : public SilentToolkit {
   Answer MsgBox(const QString& text, Buttons) override {
     told.append(text);
     return answer;
+  }
+  int Choose(const ChoiceQuestion& question) override {
+    told.append(question.text);
+    return question.unattended;
   }
   void ShowErrorReport(const QString& text, const QString&) override { told.append(text); }
 
@@ -100,11 +106,12 @@ TEST(DamagedProjects, LoadOrFailButNeverCrashAndKeepWhatTheyGave) {
       EXPECT_EQ(g_Project->SceneCount(), 0);
       continue;
     }
-    // Saving waits for the disk, so one in five has to do.
-    if (++loaded % 5 != 0) {
+    // Saving waits for the disk, so one in twenty has to do.
+    if (++loaded % 20 != 0) {
       continue;
     }
     const QString again = scratch.path(u"again/Small.qn4"_s);
+    QDir(scratch.path(u"again"_s)).removeRecursively();
     g_Project->FileWithPath = again;
     ASSERT_TRUE(g_Project->SaveQN4(true));
     const QByteArray written = fileBytes(again);

@@ -250,6 +250,7 @@ TEST_F(Safety, ANewSceneNeverTakesTheFileOfAnother) {
 TEST_F(Safety, NumbersAtTheEndOfTheirRangeStillGiveFreshOnes) {
   edit("<LastFileIndex4>5<", "<LastFileIndex4>2147483647<");
   edit("<ID>5</ID>\r\n\t\t<Title>Cut", "<ID>2147483647</ID>\r\n\t\t<Title>Cut");
+  screen_.expectBox(u"Cut scenes (1)"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));
   const auto scene = std::make_shared<clsScene>();
   chapterAt(1)->Addscene(scene);
@@ -280,6 +281,7 @@ TEST_F(Safety, ATextThatCouldNotBeReadIsNotOverwrittenWithNothing) {
   screen_.expectBox(u"You've loaded an all-in-one"_s);
   screen_.expectBox(u"could not be read"_s);
   ASSERT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false));
+  screen_.expectChoice(u"You opened Small.qnc4"_s, u"Replace"_s);
   ASSERT_TRUE(g_Project->SaveQN4(true));
   const QString file = scratch_.path(u"book/RTF/RTF_00002.rtf"_s);
   EXPECT_EQ(fileBytes(file), simpleRtf("four five"));

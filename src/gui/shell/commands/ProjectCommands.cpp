@@ -1,5 +1,6 @@
 #include "gui/shell/commands/ProjectCommands.h"
 
+#include "core/infra/FirstOf.h"
 #include "core/infra/Paths.h"
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
@@ -26,16 +27,15 @@ bool conversionWanted(const QString& path) {
              Buttons::YesNo) == Answer::Yes;
 }
 
-/// A few of the scenes whose texts stand in memory alone, so that the box stays readable.
+/// A few of the scenes whose texts stand in memory alone.
 QStringList titlesOfUnsavedTexts() {
-  constexpr qsizetype kNamed = 10;
   QStringList titles;
   for (const auto& scene : g_Project->Scenes) {
-    if (scene->RTFChanged() && titles.size() <= kNamed) {
-      titles.append(titles.size() < kNamed ? scene->Title : u"..."_s);
+    if (scene->RTFChanged()) {
+      titles.append(scene->Title);
     }
   }
-  return titles;
+  return firstOf(titles);
 }
 
 }  // namespace

@@ -240,6 +240,7 @@ TEST_F(ProjectCommandsTest, WhatAnEditorSavedIsInTheProjectFileWhenAnotherBookCo
   toolkit.expectFile(single);
   toolkit.expectBox(u"You've loaded an all-in-one"_s);
   trigger("mnuLoadProj");
+  toolkit.expectChoice(u"You opened Small.qnc4"_s, u"Replace"_s);
   editScene(u"From a single file"_s);
   trigger("mnuCloseProject");
   EXPECT_TRUE(fileBytes(path).contains("From%20a%20single%20file"));

@@ -1,0 +1,72 @@
+#include "core/persist/Backups.h"
+
+#include "core/infra/Guard.h"
+#include "core/infra/NativeFile.h"
+#include "core/infra/ZipReader.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/persist/WholeFile.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QFileInfoList>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// "Book.zip", "Book_complete.zip", those with the name of a weekday, and the copies that bear the book's name.
+bool isOfBook(const QString& file, const QString& root) {
+  if (!file.startsWith(root, Qt::CaseInsensitive)) {
+    return false;
+  }
+  constexpr qsizetype kLongestEnding = 40;
+  const QString ending = file.sliced(root.size()).toLower();
+  return ending == u".qnc4"_s || ending == u".bak"_s || ending == u".qn4.bak"_s ||
+         (ending.startsWith(u" (conflict "_s) && ending.endsWith(u".qn4"_s)) ||
+         (ending.endsWith(u".zip"_s) && ending.size() <= kLongestEnding);
+}
+
+QFileInfoList candidates(const QString& projectFile) {
+  const QString folder = Files().PathOnly(projectFile);
+  const QString root = Files().FileWithoutExt(Files().FileOnly(projectFile));
+  QFileInfoList found;
+  const auto take = [&](const QFileInfo& file) {
+    if (isOfBook(file.fileName(), root)) {
+      found.append(file);
+    }
+  };
+  for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files | QDir::NoSymLinks)) {
+    take(file);
+  }
+  QDirIterator backups(folder + u"Autobackups"_s, {u"*.zip"_s}, QDir::Files | QDir::NoSymLinks,
+                       QDirIterator::Subdirectories);
+  while (backups.hasNext()) {
+    take(backups.nextFileInfo());
+  }
+  std::sort(found.begin(), found.end(),
+            [](const QFileInfo& a, const QFileInfo& b) { return a.lastModified() > b.lastModified(); });
+  return found;
+}
+
+std::optional<QByteArray> contentOf(const QFileInfo& file, const QString& projectFile) {
+  if (file.suffix().compare(u"zip"_s, Qt::CaseInsensitive) == 0) {
+    return readFromZip(file.filePath(), Files().FileOnly(projectFile));
+  }
+  std::optional<QByteArray> content;
+  Guard("newestBackup", "Backups")([&] { content = readWholeFile(file.filePath(), Links::Refused); });
+  return content;
+}
+
+}  // namespace
+
+std::optional<Backup> newestBackup(const QString& projectFile) {
+  for (const QFileInfo& file : candidates(projectFile)) {
+    if (auto text = contentOf(file, projectFile); text && isWholeProjectFile(*text)) {
+      return Backup{QDir::toNativeSeparators(file.filePath()), file.lastModified(), *std::move(text)};
+    }
+  }
+  return {};
+}

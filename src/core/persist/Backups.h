@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+#include <optional>
+
+/// A whole older copy of a project file.
+struct Backup {
+  QString path;
+  QDateTime date;
+  /// The project file in it.
+  QByteArray text;
+};
+
+/// The newest that is whole: of the archives in the backup folder, the single file and other copies beside the project
+/// file.
+std::optional<Backup> newestBackup(const QString& projectFile);

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "core/persist/SceneFile.h"
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class clsProject;
+class clsScene;
+
+/// The files of a project that another program has changed since we last read or wrote them, and the question what is
+/// to become of them before ours are written.
+class DiskConflicts {
+ public:
+  explicit DiskConflicts(clsProject& project) : project_(project) {}
+
+  void lookAtProjectFile();
+  /// A scene whose text isn't due has nothing to write over.
+  void lookAt(clsScene& scene);
+  bool isEmpty() const { return conflicts_.isEmpty(); }
+
+  enum class Askers { Project, Editor };
+  enum class Outcome {
+    /// Ours may be written over what is there now.
+    GoOn,
+    GiveUp,
+    /// The project file is to be read anew. Ours that doesn't stand against another's may be written before.
+    Reload
+  };
+  /// Asks, where there is anything to ask, and does what was answered with the files of the others: kept beside ours
+  /// under another name, forgotten, or taken in the place of ours. Nobody being there, both are kept.
+  Outcome settle(Askers askers);
+
+ private:
+  struct Conflict {
+    QString path;
+    SceneFile::Changed changed;
+    /// Null for the project file.
+    std::shared_ptr<clsScene> scene;
+  };
+
+  QString question() const;
+  bool mayTakeTheirs(Askers askers) const;
+  bool keepBeside(const Conflict& conflict) const;
+  void accept(const Conflict& conflict);
+  void takeTheirs(const Conflict& conflict) const;
+
+  clsProject& project_;
+  QList<Conflict> conflicts_;
+};

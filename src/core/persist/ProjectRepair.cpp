@@ -1,0 +1,159 @@
+#include "core/persist/ProjectRepair.h"
+
+#include "core/infra/FirstOf.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsNote.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <class Collection>
+QStringList titlesOfRenumbered(const Collection& collection) {
+  QStringList titles;
+  for (const auto& renumbered : collection.renumbered()) {
+    if constexpr (requires { renumbered.entity->Title; }) {
+      titles.append(renumbered.entity->Title);
+    } else {
+      titles.append(renumbered.entity->Title());
+    }
+  }
+  return titles;
+}
+
+/// Ours, and what services that keep folders the same on several machines put beside a file that two have changed.
+bool isConflictCopy(const QString& name) {
+  static const QRegularExpression pattern(
+      u"\\(conflict \\d|conflicted copy|\\.sync-conflict-|\\bcase conflict\\b|_conflict-\\d|-conflict-\\d"_s,
+      QRegularExpression::CaseInsensitiveOption);
+  return name.contains(pattern);
+}
+
+}  // namespace
+
+QStringList ProjectRepair::run() {
+  tellNewIDs();
+  placeRenumberedScenes();
+  followRenumberedChapters();
+  dropMissingScenes();
+  partSharedFiles();
+  findEmptiedFiles();
+  findConflictCopies();
+  return findings_;
+}
+
+void ProjectRepair::tell(const QString& what, const QStringList& names) {
+  if (names.isEmpty()) {
+    return;
+  }
+  Logging().LogEvent(what + u": "_s + names.join(u", "_s));
+  findings_.append(what + u":\n"_s + firstOf(names).join(u'\n'));
+}
+
+void ProjectRepair::tellNewIDs() {
+  tell(u"Had the number of another one and got a new one"_s,
+       titlesOfRenumbered(project_.Scenes) + titlesOfRenumbered(project_.Chapters) +
+           titlesOfRenumbered(project_.Chars) + titlesOfRenumbered(project_.Locations) +
+           titlesOfRenumbered(project_.Items) + titlesOfRenumbered(project_.Notes));
+}
+
+// Its chapter lists the number that was two scenes': the other one keeps it where that is in the same chapter.
+void ProjectRepair::placeRenumberedScenes() {
+  for (const auto& [former, scene] : project_.Scenes.renumbered()) {
+    const auto chapter = project_.ChapterByID(scene->BelongsToChID);
+    const qint32 place = chapter->SceneIndex(former);
+    if (place == 0) {
+      continue;  // it was in no chapter before either
+    }
+    chapter->InsertScene(scene, place + 1);
+    if (project_.SceneByID(former)->BelongsToChID != chapter->ID()) {
+      chapter->RemoveSceneByID(former);
+    }
+  }
+}
+
+void ProjectRepair::followRenumberedChapters() {
+  for (const auto& [former, chapter] : project_.Chapters.renumbered()) {
+    const auto other = project_.ChapterByID(former);
+    for (const qint32 id : chapter->SceneIDs()) {
+      if (!other->SceneIDs().contains(id)) {
+        project_.SceneByID(id)->BelongsToChID = chapter->ID();
+      }
+    }
+  }
+}
+
+void ProjectRepair::dropMissingScenes() {
+  std::unordered_set<qint32> known;
+  for (const auto& scene : project_.Scenes) {
+    known.insert(scene->ID());
+  }
+  QStringList chapters;
+  for (const auto& chapter : project_.Chapters) {
+    std::vector<qint32> missing;
+    std::copy_if(chapter->SceneIDs().begin(), chapter->SceneIDs().end(), std::back_inserter(missing),
+                 [&](qint32 id) { return known.count(id) == 0; });
+    for (const qint32 id : missing) {
+      chapter->RemoveSceneByID(id);
+    }
+    if (!missing.empty()) {
+      chapters.append(u"%1 (%2)"_s.arg(chapter->Title).arg(missing.size()));
+    }
+  }
+  tell(u"Chapters that listed scenes which aren't in the book"_s, chapters);
+}
+
+// One of the two would be written over the other.
+void ProjectRepair::partSharedFiles() {
+  QSet<QString> taken;
+  QStringList titles;
+  for (const auto& scene : project_.Scenes) {
+    const QString name = scene->RTFFilename().toUpper();
+    if (name.isEmpty() || !taken.contains(name)) {
+      taken.insert(name);
+      continue;
+    }
+    scene->rtfFilename_.clear();
+    scene->stored_ = {};
+    scene->rtfChanged_ = true;
+    titles.append(scene->Title);
+  }
+  tell(u"Had the file of another scene and get their own when the book is saved"_s, titles);
+}
+
+void ProjectRepair::findEmptiedFiles() {
+  QStringList titles;
+  for (const auto& scene : project_.Scenes) {
+    if (scene->TextRTF().isEmpty() && !scene->TextUnread() && !scene->wordsStale_) {
+      titles.append(u"%1 (%2, %L3 words)"_s.arg(scene->Title, scene->RTFFilename()).arg(scene->wordcount_));
+    }
+  }
+  tell(u"Scenes whose file is empty, though there were words in it"_s, titles);
+}
+
+void ProjectRepair::findConflictCopies() {
+  QStringList copies;
+  for (const QString& folder : {project_.Path(), project_.RTFFolder()}) {
+    for (const QString& name : QDir(folder).entryList(QDir::Files, QDir::Name)) {
+      if (isConflictCopy(name)) {
+        copies.append(name);
+      }
+    }
+  }
+  tell(u"Copies that stand in the book's folder because two programs changed the same file"_s, copies);
+}

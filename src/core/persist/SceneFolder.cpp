@@ -1,0 +1,94 @@
+#include "core/persist/SceneFolder.h"
+
+#include "core/infra/Guard.h"
+#include "core/infra/NativeFile.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/clsProject.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isBelow(const QString& canonical, const QString& folder) {
+  return canonical == folder || canonical.startsWith(folder.endsWith(u'/') ? folder : folder + u'/');
+}
+
+void logLeadsOut(const QString& path) {
+  Logging().LogEvent(path +
+                     u" is or stands behind a link that leads out of the project's folder, and isn't followed"_s);
+}
+
+}  // namespace
+
+SceneFolder::SceneFolder(const clsProject& project)
+    : project_(project), path_(project.RTFFolder()), leadsOut_(leadsOut(project, path_ + u'.')) {}
+
+QString SceneFolder::nameOnDisk(const QString& projectFolder, const QString& name) {
+  const QDir folder(projectFolder);
+  if (folder.exists(name)) {
+    return name;
+  }
+  const QStringList folders = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
+  const auto other = std::find_if(folders.begin(), folders.end(),
+                                  [&](const QString& there) { return there.compare(name, Qt::CaseInsensitive) == 0; });
+  return other == folders.end() ? name : *other;
+}
+
+bool SceneFolder::leadsOut(const clsProject& project, const QString& file) {
+  const QString own = QFileInfo(project.Path()).canonicalFilePath();
+  const QFileInfo about(file);
+  const QString folder = QFileInfo(about.path()).canonicalFilePath();
+  // What isn't there leads nowhere; a broken link may lead anywhere.
+  if (!folder.isEmpty() && !isBelow(folder, own)) {
+    return true;
+  }
+  return about.isSymLink() && !isBelow(about.canonicalFilePath(), own);
+}
+
+std::optional<SceneFolder::File> SceneFolder::readAs(const QString& name) const {
+  const QString path = path_ + name;
+  std::optional<File> file;
+  Guard("LoadRTF", "clsScene")([&] {
+    FileStamp stamp;
+    std::optional<QByteArray> text = readWholeFile(path, Links::Refused, &stamp);
+    if (!text && QFileInfo(path).isSymLink()) {
+      if (leadsOut(project_, path)) {
+        logLeadsOut(path);
+        return;
+      }
+      text = readWholeFile(path, Links::Followed, &stamp);
+    }
+    if (text) {
+      file = File{name, *std::move(text), stamp};
+    }
+  });
+  return file;
+}
+
+QString SceneFolder::otherSpelling(const QString& name) {
+  if (!names_) {
+    names_.emplace();
+    for (const QString& there : QDir(path_).entryList(QDir::Files | QDir::Hidden)) {
+      names_->insert(there.toLower(), there);
+    }
+  }
+  return names_->value(name.toLower());
+}
+
+std::optional<SceneFolder::File> SceneFolder::read(const QString& name) {
+  if (leadsOut_) {
+    logLeadsOut(path_);
+    return {};
+  }
+  if (auto file = readAs(name)) {
+    return file;
+  }
+  const QString other = otherSpelling(name);
+  return other.isEmpty() || other == name ? std::nullopt : readAs(other);
+}

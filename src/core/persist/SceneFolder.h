@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/infra/FileStamp.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <optional>
+
+class clsProject;
+
+/// The folder of a project's scene files as it stands on the disk, for reading many of them. Names are found in
+/// whatever letters they are written; nothing outside the project's own folder is.
+class SceneFolder {
+ public:
+  explicit SceneFolder(const clsProject& project);
+
+  struct File {
+    /// In the letters that it has on the disk.
+    QString name;
+    QByteArray text;
+    FileStamp stamp;
+  };
+  /// Nothing, and logged where that tells more, for a file that is missing, can't be read or leads out.
+  std::optional<File> read(const QString& name);
+
+  /// What the folder of this name is called in a project's folder: as it is asked for, unless it stands there in other
+  /// letters only.
+  static QString nameOnDisk(const QString& projectFolder, const QString& name);
+  /// True for a file that is a link to somewhere outside the project's folder, or in a folder that is one.
+  static bool leadsOut(const clsProject& project, const QString& file);
+
+ private:
+  std::optional<File> readAs(const QString& name) const;
+  QString otherSpelling(const QString& name);
+
+  const clsProject& project_;
+  QString path_;
+  bool leadsOut_;
+  /// The names on the disk by their lower case; listed when one isn't found as it is written.
+  std::optional<QHash<QString, QString>> names_;
+};
