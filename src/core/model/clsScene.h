@@ -137,6 +137,9 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   void SaveRTF(bool force);
   /// Reads the RTF file; false, and logged, when it can't be read. Counts stay as they are.
   bool LoadRTF();
+  /// Takes a file of the project's RTF folder as this scene's own and reads it. False, and nothing is taken, when it
+  /// can't be read or has a name that the project file would not give back.
+  bool TakeRTFFile(const QString& name);
   /// Erases a file of the bare name in the working directory; the project's own file stays. Always true.
   bool EraseScene();
   /// Releases the lock and the flags, lets an open editor window go, empties lists and text; ID, Title and the planning

@@ -3,7 +3,7 @@
 #include <QIcon>
 
 /// An icon of the program's own set, drawn sharp at any size: "chapter", "chapterunused", "scene", "sceneunused",
-/// "edit", "note", "notes", "goal", "viewpoint", "character", "location", "item", "bold", "italic", "underline"
+/// "file", "edit", "note", "notes", "goal", "viewpoint", "character", "location", "item", "bold", "italic", "underline"
 /// and "quillane", the program's own. Kept once made. Null for a key that isn't in the set.
 QIcon icon(const char* key);
 

@@ -8,6 +8,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmAbout.h"
+#include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
 #include "gui/toolkit/fSHAREDGetDate.h"
@@ -72,6 +73,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   fSHAREDErrorRpt report(ErrorReport::about(u"Error 61 - Disk full"_s), {});
   fSHAREDLogViewer log;
   frmAbout about(&window());
+  const frmLostAndFound lost(&window());
   EXPECT_EQ(nameless(), QStringList());
 }
 

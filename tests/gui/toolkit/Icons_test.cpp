@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* kKeys[] = {"chapter", "chapterunused", "scene",     "sceneunused", "edit",     "note",
                                  "notes",   "goal",          "viewpoint", "character",   "location", "item",
-                                 "bold",    "italic",        "underline", "quillane"};
+                                 "bold",    "italic",        "underline", "quillane",    "file"};
 
 /// Part of the picture that is painted, from 0 to 1.
 double coverage(const char* key, int size) {

@@ -2,16 +2,23 @@
 
 #include "core/infra/HelpFile.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/InterfaceFont.h"
 #include "gui/shell/main/MainMenuBar.h"
+#include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmAbout.h"
+#include "gui/shell/windows/frmLostAndFound.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/fSHAREDLogViewer.h"
 
 using namespace Qt::StringLiterals;
 
 void ToolCommands::bind(MenuBindings& menu) {
   menu.bind("mnuViewLog", [this] { mnuViewLog_Click(); });
+  menu.bind("mnuLostAndFound", [this] { mnuLostAndFound_Click(); });
   menu.bind("mnuFont", [this](const MenuChoice& chosen) { mnuFont_Click(chosen.tag.toString()); });
   menu.bind("mnuLanguage", [this](const MenuChoice& chosen) { mnuLanguage_Click(chosen.tag.toString()); });
   menu.bind("mnuAbout", [this] { mnuAbout_Click(); });
@@ -20,6 +27,18 @@ void ToolCommands::bind(MenuBindings& menu) {
 
 void ToolCommands::mnuViewLog_Click() {
   fSHAREDLogViewer::open(&main_);
+}
+
+void ToolCommands::mnuLostAndFound_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  const frmLostAndFound* const form = frmLostAndFound::showOver(main_, main_.panes().chapters().SelectedChapterID());
+  QObject::connect(form, &frmLostAndFound::bookChanged, &main_,
+                   guarded("mnuLostAndFound_Click", "frmMain", [&main = main_] {
+                     main.ProjectChanged = true;
+                     main.RefreshAll();
+                   }));
 }
 
 void ToolCommands::mnuFont_Click(const QString& family) {

@@ -6,7 +6,8 @@
 
 class frmMain;
 
-/// The commands of the Tools, Language and Help menus that belong to the program rather than to the story.
+/// The commands of the Tools, Language and Help menus that open a window of their own or set what the program looks
+/// like.
 class ToolCommands : public CommandGroup {
  public:
   explicit ToolCommands(frmMain& main) : main_(main) {}
@@ -15,6 +16,7 @@ class ToolCommands : public CommandGroup {
 
  private:
   void mnuViewLog_Click();
+  void mnuLostAndFound_Click();
   /// Takes the font for the window and keeps it in the settings.
   void mnuFont_Click(const QString& family);
   void mnuLanguage_Click(const QString& language);

@@ -193,6 +193,7 @@ constexpr std::array kTools{
     choice("mnuFont(4)", u"Trebuchet MS", "mnuFontmnu", u"Trebuchet MS"),
     choice("mnuFont(5)", u"Verdana", "mnuFontmnu", u"Verdana"),
     entry("mnuWordUsageCount", u"Show Word Usage Count", "mnuWindow"),
+    entry("mnuLostAndFound", u"Lost and Found", "mnuWindow"),
 };
 
 constexpr std::array kLanguageAndHelp{

@@ -9,6 +9,7 @@
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
+#include <QDialog>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -50,8 +51,8 @@ class WhileBusyTest : public ShellTest {
 TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
   const QString path = smallProject();
   startWith(path);
-  for (const char* command :
-       {"mnuLoadProj", "mnuRecent(1)", "mnuSaveProj", "mnuCloseProject", "mnuNewProj", "mnuWordUsageCount"}) {
+  for (const char* command : {"mnuLoadProj", "mnuRecent(1)", "mnuSaveProj", "mnuCloseProject", "mnuNewProj",
+                              "mnuWordUsageCount", "mnuLostAndFound"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;
@@ -71,6 +72,7 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
     EXPECT_EQ(g_Project->FileWithPath, path);
     EXPECT_EQ(list("ListChapters").topLevelItemCount(), 3);
     EXPECT_EQ(window().findChild<frmWordCount*>(), nullptr);
+    EXPECT_EQ(window().findChild<QDialog*>(u"frmLostAndFound"_s), nullptr);
   }
 }
 

@@ -20,9 +20,10 @@ using Names = std::initializer_list<const char*>;
 
 constexpr Names kAlways{"mnuFile",   "mnuConfirmExit", "mnuProject",     "mnuLoadProj", "mnuOpenRecent", "mnuNewProj",
                         "mnuWindow", "mnuChooseLang",  "mnuLanguage(0)", "mnuHelp",     "mnuAbout"};
-constexpr Names kWithAProject{"mnuSaveProj",   "mnuCloseProject",     "mnuScene",     "mnuEditScene",
-                              "mnuBackupMenu", "mnuSaveToSingleFile", "mnuDebugMenu", "mnuViewLog",
-                              "mnuFontmnu",    "mnuFont(0)",          "mnuFont(5)",   "mnuWordUsageCount"};
+constexpr Names kWithAProject{"mnuSaveProj",    "mnuCloseProject",     "mnuScene",     "mnuEditScene",
+                              "mnuBackupMenu",  "mnuSaveToSingleFile", "mnuDebugMenu", "mnuViewLog",
+                              "mnuFontmnu",     "mnuFont(0)",          "mnuFont(5)",   "mnuWordUsageCount",
+                              "mnuLostAndFound"};
 
 }  // namespace
 
