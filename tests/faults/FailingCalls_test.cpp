@@ -1,0 +1,67 @@
+// Saves in which one call fails: nothing is lost and nothing goes wrong without a word.
+//
+// All points are tried with QUILLANE_ALL_FAULTS set, else a sample with a fixed seed.
+
+#include "faults/FaultTest.h"
+#include "support/Figures.h"
+
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FailingCalls : public FaultTest {
+ protected:
+  struct Counts {
+    int points = 0;
+    /// The first save was done all the same; or its failure was told; or its texts are known to be due.
+    int done = 0;
+    int told = 0;
+    int due = 0;
+    int wholeAtLast = 0;
+  };
+
+  void failAt(Means means, int failure, int point, Counts& counts) {
+    const QString when = u"call %1 fails: %2"_s.arg(point).arg(QString::fromLocal8Bit(std::strerror(failure)));
+    const FaultyRun run = save(means, {QString::number(failure), point}, u"change"_s);
+    EXPECT_FALSE(run.killed) << when;
+    EXPECT_EQ(run.status, 0) << when << "; " << run.said;
+    EXPECT_FALSE(run.said.startsWith(u"not saved"_s)) << when << ": without a word";
+    ++counts.points;
+    counts.told += run.said.startsWith(u"told"_s) ? 1 : 0;
+    counts.due += run.said.startsWith(u"saved"_s) && !run.said.startsWith(u"saved, 0"_s) ? 1 : 0;
+    counts.done += run.said.startsWith(u"saved, 0"_s) ? 1 : 0;
+    if (QFileInfo::exists(snapshotFolder())) {
+      EXPECT_TRUE(openedIn(snapshotFolder(), when + u", then"_s) != Age::New) << when << ": saved, and not said";
+    }
+    const Age age = openedIn(bookFolder(), when);
+    EXPECT_EQ(age, Age::New) << when << ": the next save did not write everything; " << run.said;
+    counts.wholeAtLast += age == Age::New ? 1 : 0;
+  }
+};
+
+}  // namespace
+
+TEST_F(FailingCalls, AreToldAndTheNextSaveWritesEverything) {
+  constexpr int kSample = 24;
+  const QString anyFailure = QString::number(EIO);
+  const Means means = whyNotTraced(anyFailure, home()).isEmpty() ? Means::Traced : Means::Preloaded;
+  const int calls = saveWhole(means, anyFailure, u"change"_s);
+  ASSERT_GT(calls, 60) << "the calls are not seen";
+  for (const int failure : {ENOSPC, EIO, EACCES, EROFS}) {
+    Counts counts;
+    for (const int point : faultPoints(calls, kSample)) {
+      failAt(means, failure, point, counts);
+    }
+    EXPECT_GT(counts.told + counts.due, 0);
+    QStringList cells{QString::fromLocal8Bit(std::strerror(failure))};
+    for (const int count : {counts.points, counts.done, counts.told, counts.due, counts.wholeAtLast}) {
+      cells += QString::number(count);
+    }
+    noteFigures(u"fail"_s, cells);
+  }
+}

@@ -1,0 +1,66 @@
+#include "faults/FaultTest.h"
+
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "support/ListeningToolkit.h"
+#include "support/SampleProject.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+void FaultTest::SetUp() {
+  constexpr int kChapters = 12;
+  constexpr int kScenesEach = 3;
+  ASSERT_TRUE(scratch_.isValid() && QDir().mkpath(home()));
+  makeLargerProject(kChapters, kScenesEach);
+  before_ = contentOfProject();
+  const QString folder = scratch_.filePath(u"original"_s);
+  g_Project->FileWithPath = folder + u"/Small.qn4"_s;
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  newProject();
+  book_ = filesBelow(folder);
+  ASSERT_EQ(before_.texts.size(), 41);
+}
+
+void FaultTest::layOut() const {
+  QDir(snapshotFolder()).removeRecursively();
+  QDir(bookFolder()).removeRecursively();
+  QDir().mkpath(bookFolder() + u"/RTF"_s);
+  for (auto file = book_.cbegin(); file != book_.cend(); ++file) {
+    writeFile(bookFolder() + u'/' + file.key(), *file);
+  }
+}
+
+FaultyRun FaultTest::save(Means means, const Fault& fault, const QString& what) {
+  layOut();
+  QStringList arguments{what, bookFolder() + u"/Small.qn4"_s};
+  if (fault.how != u"kill"_s) {
+    arguments += snapshotFolder();
+  }
+  return saveWithFault(means, fault, bookFolder(), home(), arguments);
+}
+
+int FaultTest::saveWhole(Means means, const QString& how, const QString& what) {
+  const FaultyRun run = save(means, {how}, what);
+  EXPECT_EQ(run.status, 0) << run.said;
+  EXPECT_TRUE(g_Project->Load(bookFolder() + u"/Small.qn4"_s, false));
+  after_ = contentOfProject();
+  newProject();
+  EXPECT_NE(after_, before_);
+  return run.calls;
+}
+
+Age FaultTest::openedIn(const QString& folder, const QString& when) {
+  ListeningToolkit screen;
+  installToolkit(&screen);
+  QString wrong = u"it does not open"_s;
+  const bool opened = g_Project->Load(folder + u"/Small.qn4"_s, false);
+  const Age age = opened ? ageOf(contentOfProject(), before_, after_, wrong) : Age::Lost;
+  EXPECT_EQ(screen.told, QStringList()) << when;
+  EXPECT_NE(age, Age::Lost) << when << ": " << wrong;
+  newProject();
+  installToolkit(nullptr);
+  return age;
+}
