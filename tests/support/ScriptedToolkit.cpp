@@ -46,6 +46,10 @@ void ScriptedToolkit::expectBox(const QString& text, Answer answer) {
   script_.push_back({Kind::Box, text, answer, {}});
 }
 
+void ScriptedToolkit::expectChoice(const QString& text, const QString& choice) {
+  script_.push_back({Kind::Choice, text, Answer::Ok, {}, choice});
+}
+
 void ScriptedToolkit::expectFile(const QString& answer) {
   script_.push_back({Kind::File, answer, Answer::Ok, {}});
 }
@@ -78,6 +82,18 @@ Answer ScriptedToolkit::MsgBox(const QString& text, Buttons buttons) {
   }
   EXPECT_TRUE(text.contains(expected->text)) << text << " lacks " << expected->text;
   return expected->answer;
+}
+
+int ScriptedToolkit::Choose(const ChoiceQuestion& question) {
+  choices.append(question);
+  const auto expected = take(Kind::Choice, question.text);
+  if (!expected) {
+    return ChoiceQuestion::kNone;
+  }
+  EXPECT_TRUE(question.text.contains(expected->text)) << question.text << " lacks " << expected->text;
+  const auto index = static_cast<int>(question.choices.indexOf(expected->choice));
+  EXPECT_TRUE(index >= 0 || expected->choice.isEmpty()) << question.text << " doesn't offer " << expected->choice;
+  return index;
 }
 
 QString ScriptedToolkit::InputBox(const QString& prompt, const QString&, const QString&) {

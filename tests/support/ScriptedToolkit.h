@@ -18,6 +18,9 @@ class ScriptedToolkit : public Toolkit {
 
   /// The next box must hold this text (as a part of its own) and is answered so.
   void expectBox(const QString& text, Answer answer = Answer::Ok);
+  /// The next question with named answers must hold this text and is answered with the choice of this name; empty is
+  /// none of them.
+  void expectChoice(const QString& text, const QString& choice);
   /// The next file, folder or input question is answered with this text; empty is cancel.
   void expectFile(const QString& answer);
   void expectColour(std::optional<quint32> answer);
@@ -25,6 +28,7 @@ class ScriptedToolkit : public Toolkit {
   void expectErrorReport(const QString& text);
 
   QStringList boxes;
+  QList<ChoiceQuestion> choices;
   /// The buttons of the box that came last.
   Buttons lastButtons = Buttons::Ok;
   QList<FileQuestion> fileQuestions;
@@ -49,6 +53,7 @@ class ScriptedToolkit : public Toolkit {
   std::function<void()> onYield;
 
   Answer MsgBox(const QString& text, Buttons buttons) override;
+  int Choose(const ChoiceQuestion& question) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& text) override;
   QString OpenFileDialog(const FileQuestion& question) override;
   QString SaveFileDialog(const FileQuestion& question) override;
@@ -65,12 +70,13 @@ class ScriptedToolkit : public Toolkit {
   std::unique_ptr<InputHold> holdInput() override;
 
  private:
-  enum class Kind { Box, File, Colour, Report };
+  enum class Kind { Box, Choice, File, Colour, Report };
   struct Expected {
     Kind kind;
     QString text;
     Answer answer = Answer::Ok;
     std::optional<quint32> colour;
+    QString choice = {};
   };
 
   std::optional<Expected> take(Kind kind, const QString& asked);

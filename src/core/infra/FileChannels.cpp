@@ -189,24 +189,25 @@ void FileChannels::Close(int number) {
   close(number, false);
 }
 
-void FileChannels::CloseToDisk(int number) {
-  close(number, true);
+FileStamp FileChannels::CloseToDisk(int number) {
+  return close(number, true);
 }
 
-void FileChannels::close(int number, bool toDisk) {
+FileStamp FileChannels::close(int number, bool toDisk) {
   Channel closing = std::move(channel(number));
   open_.erase(number);
   if (closing.mode != Mode::Input) {
     write(closing, closing.buffer);
   }
   if (closing.replacement) {
-    closing.replacement->commit(toDisk ? ReplacementFile::Durability::OnDisk : ReplacementFile::Durability::Cached);
-    return;
+    return closing.replacement->commit(toDisk ? ReplacementFile::Durability::OnDisk
+                                              : ReplacementFile::Durability::Cached);
   }
   if (toDisk) {
     closing.file->flushToDisk();
   }
   closing.file->close();
+  return {};
 }
 
 FileChannels& Channels() {

@@ -40,8 +40,8 @@ class FileChannels {
   bool EndOfFile(int number);
   /// The number is free afterwards, also when the last bytes could not be written and this throws.
   void Close(int number);
-  /// As Close, once all that was printed has reached the disk.
-  void CloseToDisk(int number);
+  /// As Close, once all that was printed has reached the disk. What a replaced file is known by now.
+  FileStamp CloseToDisk(int number);
   /// Throws away what was printed to a file that was to be replaced; of others it closes what there is.
   void Abandon(int number);
   /// Why nothing more can be printed to this file; empty when it can.
@@ -61,7 +61,7 @@ class FileChannels {
     std::optional<RuntimeError> failure;
   };
 
-  void close(int number, bool toDisk);
+  FileStamp close(int number, bool toDisk);
   Channel& channel(int number);
   Channel& reader(int number);
   Channel& writer(int number);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/infra/FileStamp.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
@@ -36,7 +38,8 @@ class NativeFile {
 /// the old file stands there whole. Without a commit the new content is thrown away.
 class ReplacementFile {
  public:
-  enum class Durability { Cached, OnDisk };
+  /// ContentOnDisk leaves it to flushFolderToDisk() to bring the names of several files to the disk at once.
+  enum class Durability { Cached, ContentOnDisk, OnDisk };
 
   /// The file's permissions are kept; a link is followed; a file that can't be written to is refused with 75.
   explicit ReplacementFile(const QString& path);
@@ -49,14 +52,21 @@ class ReplacementFile {
 
   void write(QByteArrayView bytes);
   /// Where the system lets us, it looks at the new content first: as long as what was written, with the same end, else
-  /// it throws 57 and the old file stays. OnDisk waits until content and name have reached the disk.
-  void commit(Durability durability);
+  /// it throws 57 and the old file stays. OnDisk waits until content and name have reached the disk. What the new file
+  /// is known by.
+  FileStamp commit(Durability durability);
 
  private:
   struct Handle;
   std::unique_ptr<Handle> handle_;
 };
 
+/// Waits until the names of the files in a folder have reached the disk, as far as the system can tell.
+void flushFolderToDisk(const QString& folder);
+
+/// Refused: a link isn't followed, and stands for no file.
+enum class Links { Followed, Refused };
+
 /// The whole content of a file; nothing when there is no such file or something else stands there: a folder, a pipe, a
-/// device. Throws 6 for a file beyond 1 GB.
-std::optional<QByteArray> readWholeFile(const QString& path);
+/// device. Throws 6 for a file beyond 1 GB. The stamp of what was read goes where one is wanted.
+std::optional<QByteArray> readWholeFile(const QString& path, Links links = Links::Followed, FileStamp* stamp = nullptr);

@@ -138,6 +138,11 @@ void removeStale(const QByteArray& folder) {
   }
 }
 
+qint64 modifiedOf(const struct stat& about) {
+  constexpr qint64 kNanoseconds = 1000000000;
+  return about.st_mtim.tv_sec * kNanoseconds + about.st_mtim.tv_nsec;
+}
+
 QString withLinksFollowed(const QString& path) {
   const QFileInfo info(path);
   if (!info.isSymLink()) {
@@ -197,7 +202,7 @@ struct ReplacementFile::Handle : Descriptor {
 
   void openBeside();
   void write(QByteArrayView bytes);
-  void checkContent() const;
+  FileStamp checkContent() const;
   void takePermissions(const struct stat& old) const;
   void discard() {
     if (!temporary.isEmpty()) {
@@ -213,6 +218,7 @@ struct ReplacementFile::Handle : Descriptor {
   /// What was written, and its last bytes.
   qint64 length = 0;
   QByteArray end;
+  ContentHash hash;
 };
 
 /// The name doesn't grow with the target's, so that a name of the greatest length can be replaced too.
@@ -235,12 +241,13 @@ void ReplacementFile::Handle::write(QByteArrayView bytes) {
   constexpr qsizetype kEnd = 64;
   writeAll(fd, bytes, path);
   length += bytes.size();
+  hash.add(bytes);
   end.append(bytes.last(std::min(bytes.size(), kEnd)));
   end = end.last(std::min(end.size(), kEnd));
 }
 
 /// A disk or a network that swallows bytes without a word must not cost the old file too.
-void ReplacementFile::Handle::checkContent() const {
+FileStamp ReplacementFile::Handle::checkContent() const {
   struct stat now {};
   QByteArray there(end.size(), '\0');
   const auto from = static_cast<off_t>(length - end.size());
@@ -249,6 +256,7 @@ void ReplacementFile::Handle::checkContent() const {
   if (!whole) {
     throw RuntimeError::fromErrno(EIO, path);
   }
+  return {length, modifiedOf(now), hash.value()};
 }
 
 /// Who may read the text stays as it was; where the owner can't be kept, the group's and others' rights stand.
@@ -287,16 +295,15 @@ void ReplacementFile::write(QByteArrayView bytes) {
   handle_->write(bytes);
 }
 
-void ReplacementFile::commit(Durability durability) {
-  if (durability == Durability::OnDisk) {
+FileStamp ReplacementFile::commit(Durability durability) {
+  if (durability != Durability::Cached) {
     flushToDisk(handle_->fd, handle_->path);
   }
-  if (!handle_->temporary.isEmpty()) {
-    handle_->checkContent();
-  }
+  const bool isBeside = !handle_->temporary.isEmpty();
+  const FileStamp stamp = isBeside ? handle_->checkContent() : FileStamp();
   handle_->close(handle_->path);
-  if (handle_->temporary.isEmpty()) {
-    return;
+  if (!isBeside) {
+    return stamp;
   }
   if (::rename(handle_->temporary.constData(), handle_->target.constData()) != 0) {
     failWriting(errno, handle_->path);
@@ -305,16 +312,31 @@ void ReplacementFile::commit(Durability durability) {
   if (durability == Durability::OnDisk) {
     flushFolder(folderOf(handle_->target));
   }
+  return stamp;
 }
 
-std::optional<QByteArray> readWholeFile(const QString& path) {
+void flushFolderToDisk(const QString& folder) {
+  flushFolder(encoded(folder));
+}
+
+FileStamp FileStamp::lookAt(const QString& path) {
+  struct stat about {};
+  if (path.isEmpty() || ::stat(encoded(path).constData(), &about) != 0 || !S_ISREG(about.st_mode)) {
+    return {};
+  }
+  return {about.st_size, modifiedOf(about), 0};
+}
+
+std::optional<QByteArray> readWholeFile(const QString& path, Links links, FileStamp* stamp) {
   if (path.isEmpty()) {
     return {};
   }
   // A pipe that nobody writes to would keep us waiting.
-  const Descriptor file(::open(encoded(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  const int linkFlag = links == Links::Refused ? O_NOFOLLOW : 0;
+  const Descriptor file(::open(encoded(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | linkFlag));
   if (file.fd < 0) {
-    if (errno == ENOENT || errno == ENOTDIR) {
+    const bool isRefusedLink = errno == ELOOP && links == Links::Refused;
+    if (errno == ENOENT || errno == ENOTDIR || isRefusedLink) {
       return {};
     }
     throw RuntimeError::fromErrno(errno, path);
@@ -344,5 +366,8 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
     }
   }
   bytes.truncate(filled);
+  if (stamp != nullptr) {
+    *stamp = {filled, modifiedOf(about), ContentHash::of(bytes)};
+  }
   return bytes;
 }

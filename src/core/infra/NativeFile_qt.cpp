@@ -106,6 +106,7 @@ void NativeFile::close() {
 
 struct ReplacementFile::Handle {
   QSaveFile file;
+  ContentHash hash;
 };
 
 ReplacementFile::ReplacementFile(const QString& path) : handle_(std::make_unique<Handle>()) {
@@ -119,23 +120,39 @@ ReplacementFile::~ReplacementFile() = default;
 
 void ReplacementFile::write(QByteArrayView bytes) {
   writeAll(handle_->file, bytes);
+  handle_->hash.add(bytes);
 }
 
 /// The save file flushes to the disk in every case.
-void ReplacementFile::commit(Durability) {
+FileStamp ReplacementFile::commit(Durability) {
   if (!handle_->file.commit()) {
     fail(handle_->file, true);
   }
+  FileStamp stamp = FileStamp::lookAt(handle_->file.fileName());
+  stamp.hash = handle_->hash.value();
+  return stamp;
 }
 
-std::optional<QByteArray> readWholeFile(const QString& path) {
+void flushFolderToDisk(const QString&) {}
+
+FileStamp FileStamp::lookAt(const QString& path) {
   const QFileInfo info(path);
-  if (!info.exists() || !info.isFile()) {
+  if (!info.isFile()) {
+    return {};
+  }
+  constexpr qint64 kNanoseconds = 1000000;
+  return {info.size(), info.lastModified().toMSecsSinceEpoch() * kNanoseconds, 0};
+}
+
+std::optional<QByteArray> readWholeFile(const QString& path, Links links, FileStamp* stamp) {
+  const QFileInfo info(path);
+  if (!info.exists() || !info.isFile() || (links == Links::Refused && info.isSymLink())) {
     return {};
   }
   if (info.size() > kLargestRead) {
     throw RuntimeError(RuntimeError::Overflow, path + u" is larger than any file of ours"_s);
   }
+  const FileStamp before = FileStamp::lookAt(path);
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
     fail(file, false);
@@ -143,6 +160,9 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
   QByteArray bytes = file.readAll();
   if (file.error() != QFileDevice::NoError) {
     fail(file, false);
+  }
+  if (stamp != nullptr) {
+    *stamp = {bytes.size(), before.modified, ContentHash::of(bytes)};
   }
   return bytes;
 }

@@ -25,6 +25,7 @@ class SilentToolkit : public Toolkit {
         return Answer::No;
     }
   }
+  int Choose(const ChoiceQuestion& question) override { return question.unattended; }
   QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
   QString OpenFileDialog(const FileQuestion&) override { return {}; }
   QString SaveFileDialog(const FileQuestion&) override { return {}; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -38,12 +39,27 @@ struct FileQuestion {
   QString folder;
 };
 
+/// A question whose answers are named. An index stands for a choice.
+struct ChoiceQuestion {
+  /// Escape, or the box closed.
+  static constexpr int kNone = -1;
+
+  QString text;
+  QStringList choices;
+  /// What Enter takes.
+  int byDefault = 0;
+  /// What is taken when nobody is there to answer.
+  int unattended = kNone;
+};
+
 class Toolkit {
  public:
   virtual ~Toolkit() = default;
 
   /// Modal. Closing the box without a choice is Ok, No or Cancel.
   virtual Answer MsgBox(const QString& text, Buttons buttons = Buttons::Ok) = 0;
+  /// Modal. The index of the choice, or kNone.
+  virtual int Choose(const ChoiceQuestion& question) = 0;
   /// Modal; the default text is offered. Empty on cancel.
   virtual QString InputBox(const QString& prompt, const QString& title, const QString& text) = 0;
   /// Full path in the platform's form, or empty on cancel.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/infra/NativeFile.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QDateTime>
@@ -102,7 +104,8 @@ class cSharedFileSubs {
   /// The new content is written beside the file, flushed to disk and put in its place in one step; a read-only
   /// file is made writable first. When anything fails the old file is still there, whole, and RuntimeError tells
   /// why: 52 no name, 61 disk full, 75 no access (read-only, or a folder stands there), 76 no such folder.
-  void ReplaceFile(const QString& Path, QByteArrayView Bytes) const;
+  FileStamp ReplaceFile(const QString& Path, QByteArrayView Bytes,
+                        ReplacementFile::Durability durability = ReplacementFile::Durability::OnDisk) const;
 
   // Files by number, for Channels().
 

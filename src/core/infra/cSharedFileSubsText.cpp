@@ -46,14 +46,15 @@ bool cSharedFileSubs::LoadTextFile(const QString& Path, QString& Text) const {
   return found;
 }
 
-void cSharedFileSubs::ReplaceFile(const QString& Path, QByteArrayView Bytes) const {
+FileStamp cSharedFileSubs::ReplaceFile(const QString& Path, QByteArrayView Bytes,
+                                       ReplacementFile::Durability durability) const {
   const QString path = Paths::native(Path);
   if (!readyForWriting(path, u"ReplaceFile"_s)) {
     throw RuntimeError(RuntimeError::PathAccess);
   }
   ReplacementFile file(path);
   file.write(Bytes);
-  file.commit(ReplacementFile::Durability::OnDisk);
+  return file.commit(durability);
 }
 
 bool cSharedFileSubs::WriteTextFile(const QString& Path, QByteArrayView Text) const {

@@ -93,6 +93,7 @@ class OverActiveWindow {
   Dialog* operator->() const { return dialog_.data(); }
   /// Waits for it. False when it was cancelled or went with its window.
   bool accepted() const { return dialog_->exec() == QDialog::Accepted && dialog_; }
+  bool isThere() const { return !dialog_.isNull(); }
 
  private:
   QPointer<Dialog> dialog_;
@@ -109,6 +110,15 @@ void prepare(const FileDialog& dialog, const FileQuestion& question) {
   if (!question.defaultName.isEmpty()) {
     dialog->selectFile(question.defaultName);
   }
+}
+
+void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture, const QString& text) {
+  box->setIcon(picture);
+  box->setWindowTitle(u"Quillane"_s);
+  // Titles and paths stand in these texts as they are, "<" and "&" too.
+  box->setTextFormat(Qt::PlainText);
+  box->setText(text);
+  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
 QString chosen(const FileDialog& dialog) {
@@ -147,12 +157,7 @@ Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
   const PointerPause pause(*this);
   const BoxKind kind = kindOf(buttons);
   const OverActiveWindow<QMessageBox> box;
-  box->setIcon(kind.picture);
-  box->setWindowTitle(u"Quillane"_s);
-  // Titles and paths stand in these texts as they are, "<" and "&" too.
-  box->setTextFormat(Qt::PlainText);
-  box->setText(text);
-  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  prepare(box, kind.picture, text);
   box->setStandardButtons(kind.buttons);
   box->setDefaultButton(kind.onEnter);
   box->setEscapeButton(kind.onEscape);
@@ -162,6 +167,27 @@ Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
   box->button(kind.onEnter)->setFocus();
   const int button = box->exec();
   return answerOf(button == 0 ? kind.onEscape : button);
+}
+
+int QtToolkit::Choose(const ChoiceQuestion& question) {
+  const PointerPause pause(*this);
+  const OverActiveWindow<QMessageBox> box;
+  prepare(box, QMessageBox::Question, question.text);
+  QList<QAbstractButton*> buttons;
+  for (const QString& choice : question.choices) {
+    // In this role buttons stand in the order in which they are added.
+    buttons.append(box->addButton(choice, QMessageBox::ActionRole));
+  }
+  box->setEscapeButton(box->addButton(QMessageBox::Cancel));
+  box->button(QMessageBox::Cancel)->hide();
+  auto* const first = qobject_cast<QPushButton*>(buttons.value(question.byDefault));
+  box->setDefaultButton(first);
+  if (first != nullptr) {
+    first->setFocus();
+  }
+  box->exec();
+  // The box may have gone with its window.
+  return box.isThere() ? static_cast<int>(buttons.indexOf(box->clickedButton())) : ChoiceQuestion::kNone;
 }
 
 QString QtToolkit::InputBox(const QString& prompt, const QString& title, const QString& text) {

@@ -6,6 +6,7 @@
 class QtToolkit : public Toolkit {
  public:
   Answer MsgBox(const QString& text, Buttons buttons = Buttons::Ok) override;
+  int Choose(const ChoiceQuestion& question) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& text) override;
   QString OpenFileDialog(const FileQuestion& question) override;
   QString SaveFileDialog(const FileQuestion& question) override;

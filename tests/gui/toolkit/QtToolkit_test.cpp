@@ -65,6 +65,27 @@ TEST(MsgBox, ClickedButtonsAnswer) {
   }
 }
 
+TEST(Choose, EnterTakesTheDefaultAndEscapeNone) {
+  QtToolkit toolkit;
+  const ChoiceQuestion question{u"Which <i>one</i>?"_s, {u"Keep both"_s, u"Mine"_s, u"Theirs"_s}, 1, 0};
+  const auto answer = [&](auto act) {
+    const WhenModal modal(act);
+    return toolkit.Choose(question);
+  };
+  EXPECT_EQ(answer([](QWidget& window) { QTest::keyClick(window.focusWidget(), Qt::Key_Return); }), 1);
+  EXPECT_EQ(answer([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }), ChoiceQuestion::kNone);
+  EXPECT_EQ(answer([](QWidget& window) { window.close(); }), ChoiceQuestion::kNone);
+  EXPECT_EQ(answer([](QWidget& window) {
+              EXPECT_EQ(asBox(window).textFormat(), Qt::PlainText);
+              for (auto* const button : window.findChildren<QPushButton*>()) {
+                if (button->text().contains(u"Theirs"_s)) {
+                  QTest::mouseClick(button, Qt::LeftButton);
+                }
+              }
+            }),
+            2);
+}
+
 TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {
   QtToolkit toolkit;
   const QString text = u"The scene <b>'Salt & \"Sand\"'</b> is locked.\r\nTwo lines."_s;
