@@ -5,8 +5,9 @@
 #include "support/ListeningToolkit.h"
 #include "support/SampleProject.h"
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +15,9 @@ void FaultTest::SetUp() {
   constexpr int kChapters = 12;
   constexpr int kScenesEach = 3;
   ASSERT_TRUE(scratch_.isValid() && QDir().mkpath(home()));
+  for (const QString& library : {u"qnHtml.dll"_s, u"qnHtml2.dll"_s, u"Hash.dll"_s}) {
+    QFile::link(QCoreApplication::applicationDirPath() + u'/' + library, home() + u'/' + library);
+  }
   makeLargerProject(kChapters, kScenesEach);
   before_ = contentOfProject();
   const QString folder = scratch_.filePath(u"original"_s);
@@ -43,8 +47,11 @@ FaultyRun FaultTest::save(Means means, const Fault& fault, const QString& what) 
 }
 
 int FaultTest::saveWhole(Means means, const QString& how, const QString& what) {
+  // Settings and log are there from the first run on, and that makes a difference in the number of calls.
+  save(means, {how}, what);
   const FaultyRun run = save(means, {how}, what);
   EXPECT_EQ(run.status, 0) << run.said;
+  EXPECT_EQ(run.said, u"saved, 0 texts due\n"_s) << "nothing is told when nothing fails";
   EXPECT_TRUE(g_Project->Load(bookFolder() + u"/Small.qn4"_s, false));
   after_ = contentOfProject();
   newProject();
@@ -59,7 +66,7 @@ Age FaultTest::openedIn(const QString& folder, const QString& when) {
   const bool opened = g_Project->Load(folder + u"/Small.qn4"_s, false);
   const Age age = opened ? ageOf(contentOfProject(), before_, after_, wrong) : Age::Lost;
   EXPECT_EQ(screen.told, QStringList()) << when;
-  EXPECT_NE(age, Age::Lost) << when << ": " << wrong;
+  EXPECT_TRUE(age != Age::Lost) << when << ": " << wrong;
   newProject();
   installToolkit(nullptr);
   return age;

@@ -10,6 +10,10 @@ class ListeningToolkit : public SilentToolkit {
     told.append(text);
     return answer ? *answer : SilentToolkit::MsgBox(text, buttons);
   }
+  int Choose(const ChoiceQuestion& question) override {
+    told.append(question.text);
+    return SilentToolkit::Choose(question);
+  }
   void ShowErrorReport(const QString& text, const QString&) override { told.append(text); }
   QString SaveFileDialog(const FileQuestion&) override { return place; }
 
