@@ -19,6 +19,7 @@ namespace {
 
 constexpr qint64 kPage = 4096;
 constexpr qint64 kDisk = 1024 * kPage;
+constexpr qint64 kLongText = 60 * kPage;
 
 class FullDisk : public ::testing::Test {
  protected:
@@ -38,14 +39,14 @@ class FullDisk : public ::testing::Test {
     installToolkit(nullptr);
   }
 
-  /// The changes of a writer, one of whose texts is so long.
-  void loadAndChange(qint64 longText) {
+  /// The changes of a writer; the text of the scene at this position is so long.
+  void loadAndChange(qint64 longText, qint32 position) {
     QDir(book()).removeRecursively();
     copy(scratch_.path(u"original"_s), book());
     ASSERT_TRUE(g_Project->Load(book() + u"/Small.qn4"_s, false));
     changeBook();
     if (longText > 0) {
-      g_Project->SceneByID(1)->setTextRTF(simpleRtf(QByteArray(longText, 'x')));
+      g_Project->SceneByIndex(position)->setTextRTF(simpleRtf(QByteArray(longText, 'x')));
     }
     after_ = contentOfProject();
   }
@@ -70,12 +71,12 @@ class FullDisk : public ::testing::Test {
   }
 
   /// One page of room more each time, until everything fits.
-  void saveWithEveryRoom(qint64 longText, const QString& title) {
+  void saveWithEveryRoom(qint64 longText, qint32 position, const QString& title) {
     int sizes = 0;
     int told = 0;
     qint64 room = 0;
     for (;; room += kPage) {
-      ASSERT_NO_FATAL_FAILURE(loadAndChange(longText));
+      ASSERT_NO_FATAL_FAILURE(loadAndChange(longText, position));
       if (!failsWithRoom(room)) {
         break;
       }
@@ -116,10 +117,14 @@ class FullDisk : public ::testing::Test {
 }  // namespace
 
 TEST_F(FullDisk, IsToldAndTheNextSaveWritesEverything) {
-  saveWithEveryRoom(0, u"Short texts and a longer plan"_s);
+  saveWithEveryRoom(0, 1, u"Short texts and a longer plan"_s);
 }
 
 TEST_F(FullDisk, KeepsALongTextDue) {
-  constexpr qint64 kLongText = 60 * kPage;
-  saveWithEveryRoom(kLongText, u"A text longer than the plan"_s);
+  saveWithEveryRoom(kLongText, 1, u"A text longer than the plan"_s);
+}
+
+// A plan that names a file that isn't there would keep the whole book from opening.
+TEST_F(FullDisk, KeepsTheOldPlanWhileANewSceneHasNoFile) {
+  saveWithEveryRoom(kLongText, 42, u"The text of a new scene, longer than the plan"_s);
 }
