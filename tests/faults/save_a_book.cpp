@@ -1,60 +1,115 @@
-// Loads a book, changes it as a writer does, and saves it: the process that the tests of faulty saves let die.
+// Saves as a writer does: the process that the tests of faulty saves let die.
 //
-//   save_a_book PROJECT [again]     "again" saves a second time behind a first save that failed
+//   save_a_book HOME change PROJECT [SNAPSHOT]   loads a book, changes it and saves it; where that fails, keeps a copy
+//                                                of the book's folder at SNAPSHOT and saves once more
+//   save_a_book HOME first PROJECT               saves a new book, which has to ask for its place
+//   save_a_book HOME scene PROJECT               loads a book and saves the new text of its first scene alone
 //
-// It prints what a user would be told, and "saved" or "not saved" for each save. The exit status is 0 when the last
-// save was done.
+// HOME is the folder for settings and log. It prints what a user is told, and how each save went. The exit status is 0
+// when the last save was done.
 #include "core/infra/Paths.h"
-#include "core/infra/SilentToolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 #include "faults/ChangedBook.h"
+#include "support/ListeningToolkit.h"
+#include "support/SampleProject.h"
 
 #include <QCoreApplication>
-#include <QTemporaryDir>
+#include <QFileInfo>
 
+#include <csignal>
 #include <cstdio>
+#include <filesystem>
+#include <utility>
 
 namespace {
 
-/// Prints what is told and cancels what is asked.
-class PrintingToolkit : public SilentToolkit {
- public:
-  Answer MsgBox(const QString& text, Buttons buttons) override {
-    say(text);
-    return SilentToolkit::MsgBox(text, buttons);
-  }
-  void ShowErrorReport(const QString& text, const QString&) override { say(text); }
+ListeningToolkit& screen() {
+  static ListeningToolkit listening;
+  return listening;
+}
 
- private:
-  static void say(const QString& text) { std::printf("told: %s\n", qUtf8Printable(text.simplified())); }
-};
+void printTold() {
+  for (const QString& text : std::exchange(screen().told, {})) {
+    std::printf("told: %s\n", qUtf8Printable(text.simplified()));
+  }
+}
+
+bool report(bool done) {
+  const qint32 texts = g_Project->UnsavedTexts();
+  printTold();
+  std::printf("%s, %d texts due\n", done ? "saved" : "not saved", texts);
+  return done && texts == 0;
+}
+
+bool countedSave() {
+  bool done = false;
+  {
+    const CountedCalls counted;
+    done = g_Project->SaveQN4(true);
+  }
+  return report(done);
+}
+
+bool saveChanges(const QString& snapshot) {
+  changeBook();
+  if (countedSave()) {
+    return true;
+  }
+  if (snapshot.isEmpty()) {
+    return false;
+  }
+  std::filesystem::copy(QFileInfo(g_Project->FileWithPath).path().toStdString(), snapshot.toStdString(),
+                        std::filesystem::copy_options::recursive);
+  return report(g_Project->SaveQN4(true));
+}
+
+bool saveScene() {
+  const auto scene = g_Project->SceneByID(1);
+  scene->setTextRTF(newText(1));
+  {
+    const CountedCalls counted;
+    scene->Save();
+  }
+  return report(true);
+}
+
+bool saveFirst(const QString& place) {
+  makeSmallProject();
+  screen().place = place;
+  return countedSave();
+}
+
+bool saveAsTold(const QString& what, const QString& file, const QString& snapshot) {
+  if (what == QStringLiteral("first")) {
+    return saveFirst(file);
+  }
+  if (!g_Project->Load(file, false)) {
+    printTold();
+    return false;
+  }
+  return what == QStringLiteral("scene") ? saveScene() : saveChanges(snapshot);
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGUSR1, SIG_IGN);
   const QCoreApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
-  const QTemporaryDir program;
-  Paths::overrideFolders(program.path());
-  PrintingToolkit screen;
-  installToolkit(&screen);
-  if (arguments.size() < 2 || !g_Project->Load(arguments[1], false)) {
-    std::puts("not loaded");
+  if (arguments.size() < 4) {
+    std::puts("save_a_book HOME change|first|scene PROJECT [SNAPSHOT]");
     return 2;
   }
-  changeBook();
-  const auto save = [] {
-    const bool done = g_Project->SaveQN4(true);
-    const qint32 texts = g_Project->UnsavedTexts();
-    std::printf("%s, %d texts due\n", done ? "saved" : "not saved", texts);
-    return done && texts == 0;
-  };
-  bool done = save();
-  if (!done && arguments.contains(QStringLiteral("again"))) {
-    done = save();
+  Paths::overrideFolders(arguments[1]);
+  installToolkit(&screen());
+  const bool done = saveAsTold(arguments[2], arguments[3], arguments.value(4));
+  {
+    // What closing a book does to its folder is a part of it.
+    const CountedCalls counted;
+    g_Project = std::make_unique<clsProject>();
   }
-  g_Project = std::make_unique<clsProject>();
   installToolkit(nullptr);
   return done ? 0 : 1;
 }

@@ -95,6 +95,21 @@ void makeSmallProject() {
   sceneAt(4)->Unused = true;
 }
 
+void makeLargerProject(int chapters, int scenesEach) {
+  constexpr int kNotes = 60;
+  makeSmallProject();
+  for (int i = 1; i <= chapters; ++i) {
+    const auto chapter = std::make_shared<clsChapter>();
+    chapter->Title = u"Chapter %1"_s.arg(i);
+    g_Project->AddChapter(chapter);
+    for (int j = 1; j <= scenesEach; ++j) {
+      const auto scene = makeScene(u"Scene %1.%2"_s.arg(i).arg(j), QByteArray("The tide was out. ").repeated(i + j));
+      scene->Notes = u"What she can't know yet. "_s.repeated(kNotes);
+      chapter->Addscene(scene);
+    }
+  }
+}
+
 QString saveSmallProject(const QString& folder) {
   makeSmallProject();
   g_Project->FileWithPath = folder + u"/Small.qn4"_s;

@@ -16,6 +16,10 @@ void newProject();
 /// characters, two locations, an item and a note; most planning fields are set. Nothing is saved yet.
 void makeSmallProject();
 
+/// The small project with more chapters of more scenes each, so many that the project file is written in pieces; the
+/// scenes' IDs go on from 6.
+void makeLargerProject(int chapters, int scenesEach);
+
 /// The small project, saved in this folder as Small.qn4. Its path.
 QString saveSmallProject(const QString& folder);
 

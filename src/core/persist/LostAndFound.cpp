@@ -1,12 +1,12 @@
 #include "core/persist/LostAndFound.h"
 
 #include "core/infra/CodePage.h"
-#include "core/infra/Paths.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/SceneFolder.h"
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 
@@ -22,9 +22,11 @@ namespace {
 constexpr qsizetype kFirstWords = 60;
 constexpr qsizetype kTitle = 40;
 
-/// Empty for a project that has no file: that has no folder either.
+/// Empty for a project that has no file: that has no folder either. One that is a link to elsewhere isn't looked into.
 QString rtfFolder() {
-  return g_Project->FileWithPath.isEmpty() ? QString() : g_Project->Path() + u"RTF"_s + Paths::separator();
+  const bool hasNone =
+      g_Project->FileWithPath.isEmpty() || SceneFolder::leadsOut(*g_Project, g_Project->RTFFolder() + u'.');
+  return hasNone ? QString() : g_Project->RTFFolder();
 }
 
 /// Names that some system takes for the same file are the same here.

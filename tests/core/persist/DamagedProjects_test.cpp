@@ -1,9 +1,10 @@
 // Any bytes at all, given as a project file: no crash, no hang, and what was read can be written and read again.
 
-#include "core/infra/SilentToolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "support/Figures.h"
+#include "support/ListeningToolkit.h"
 #include "support/Mutations.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
@@ -14,53 +15,52 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Keeps what is told and gives one answer to every question.
-class Listener : public SilentToolkit {
- public:
-  Answer MsgBox(const QString& text, Buttons) override {
-    told.append(text);
-    return answer;
-  }
-  int Choose(const ChoiceQuestion& question) override {
-    told.append(question.text);
-    return question.unattended;
-  }
-  void ShowErrorReport(const QString& text, const QString&) override { told.append(text); }
-
-  QStringList told;
-  Answer answer = Answer::No;
-};
-
-}  // namespace
-
 // A file that ends too early, or in zeros where the disk never got it, still reads as a smaller book: nobody is left to
 // find that out at the end of the day.
 TEST(DamagedProjects, AFileThatIsCutOffIsNeverOpenedWithoutAWordNorWrittenOverUnasked) {
   const ScratchFolder scratch;
-  const QString path = saveSmallProject(scratch.path());
-  const QByteArray whole = fileBytes(path);
+  const QString path = scratch.path(u"Larger.qn4"_s);
+  makeLargerProject(15, 4);
+  g_Project->FileWithPath = path;
+  ASSERT_TRUE(g_Project->SaveQN4(false));
   newProject();
+  const QByteArray whole = fileBytes(path);
+  const QMap<QString, QByteArray> before = filesBelow(scratch.path());
   constexpr int kPlaces = 300;
-  int opened = 0;
-  for (int place = 0; place < kPlaces; ++place) {
-    for (const bool zeros : {false, true}) {
+  for (const bool zeros : {false, true}) {
+    int told = 0;
+    int opened = 0;
+    for (int place = 0; place < kPlaces; ++place) {
       const qsizetype at = whole.size() * place / kPlaces;
       const QByteArray cut = whole.first(at) + (zeros ? QByteArray(whole.size() - at, '\0') : QByteArray());
       writeFile(path, cut);
-      Listener listener;
+      ListeningToolkit listener;
       installToolkit(&listener);
       const bool loaded = g_Project->Load(path, false);
       EXPECT_FALSE(listener.told.isEmpty()) << "cut at " << at << " without a word";
+      told += listener.told.isEmpty() ? 0 : 1;
       opened += loaded ? 1 : 0;
       // Leaving saves always.
-      EXPECT_TRUE(!loaded || !g_Project->SaveQN4(true)) << at;
+      if (loaded) {
+        g_Project->SaveQN4(true);
+      }
       EXPECT_TRUE(fileBytes(path) == cut) << at << ": written over";
+      newProject();
+      installToolkit(nullptr);
     }
+    noteFigures(u"cut"_s, {zeros ? u"Zeros from there to the end"_s : u"Cut off there"_s, QString::number(kPlaces),
+                           QString::number(told), QString::number(opened), QString::number(kPlaces - told)});
   }
-  EXPECT_GT(opened, kPlaces / 4) << "most of it can be shown";
-  Listener listener;
+  writeFile(path, whole);
+  EXPECT_TRUE(filesBelow(scratch.path()) == before) << "a text was touched, or something was left";
+}
+
+TEST(DamagedProjects, AFileThatWasCutOffIsWrittenOverWhenTheWriterWantsThat) {
+  const ScratchFolder scratch;
+  const QString path = saveSmallProject(scratch.path());
+  const QByteArray whole = fileBytes(path);
+  newProject();
+  ListeningToolkit listener;
   listener.answer = Answer::Yes;
   installToolkit(&listener);
   writeFile(path, whole.first(whole.size() - 20));
