@@ -44,7 +44,9 @@ fSHAREDLogViewer* fSHAREDLogViewer::open(QWidget* parent) {
 /// What is still queued is written first, so that the newest events are seen; they stand at the end.
 void fSHAREDLogViewer::load() {
   Logging().WriteActionsToLog();
-  const QString path = Paths::programFolder() + u"log.txt"_s;
+  // That of a further copy of the program has a name of its own.
+  const QString current = Logging().CurrentLogFilename();
+  const QString path = current.isEmpty() ? Paths::programFolder() + u"log.txt"_s : current;
   QByteArray log;
   Files().LoadTextFile(path, log);
   setWindowTitle(path);
