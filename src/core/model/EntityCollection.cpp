@@ -18,6 +18,7 @@ void EntityCollection<Traits>::Clear() {
   const std::vector<Pointer> leaving = std::move(entities_);
   entities_.clear();
   byID_.clear();
+  lowestFree_ = 1;
   maximum_ = 0;
   maximumStale_ = false;
   if constexpr (Traits::kClearsEach) {
@@ -33,11 +34,11 @@ qint32 EntityCollection<Traits>::nextID() const {
   if (highest < std::numeric_limits<qint32>::max()) {
     return highest + 1;
   }
-  qint32 free = 1;
-  while (byID_.count(free) != 0) {
-    ++free;
+  // From where the last search ended: for each of many entities from 1 on it would take ever longer.
+  while (byID_.count(lowestFree_) != 0) {
+    ++lowestFree_;
   }
-  return free;
+  return lowestFree_;
 }
 
 /// The highest ID in the collection, 0 when it is empty.
@@ -113,6 +114,7 @@ bool EntityCollection<Traits>::removeID(qint32 id) {
     }
     entities_.erase(std::find(entities_.begin(), entities_.end(), found->second));
     byID_.erase(found);
+    lowestFree_ = 1;
     maximumStale_ = true;
   });
 }
@@ -150,6 +152,7 @@ void EntityCollection<Traits>::forget(const Pointer& entity) {
   if (found != byID_.end()) {
     byID_.erase(found);
   }
+  lowestFree_ = 1;
   maximumStale_ = true;
 }
 
