@@ -5,6 +5,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/WindowTitle.h"
 
 #include <QFontDatabase>
 #include <QPlainTextEdit>
@@ -49,7 +50,7 @@ void fSHAREDLogViewer::load() {
   const QString path = current.isEmpty() ? Paths::programFolder() + u"log.txt"_s : current;
   QByteArray log;
   Files().LoadTextFile(path, log);
-  setWindowTitle(path);
+  setWindowTitle(literalTitle(path));
   txtLog->setPlainText(CodePage::fromMarkedBytes(log));
   txtLog->moveCursor(QTextCursor::End);
 }

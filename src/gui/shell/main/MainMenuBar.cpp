@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "gui/toolkit/Mnemonics.h"
+#include "gui/toolkit/PlainToolTip.h"
 
 #include <QAction>
 #include <QHelpEvent>
@@ -18,9 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A caption as it is shown: an ampersand in it marks no key.
+/// A caption as it is shown: an ampersand in it marks no key, and a tab parts nothing from it.
 QString shown(const QString& caption) {
-  return QString(caption).replace(u'&', u"&&"_s);
+  return QString(caption).replace(u'&', u"&&"_s).replace(u'\t', u' ');
 }
 
 QString elementName(const QString& array, qsizetype index) {
@@ -143,7 +144,7 @@ bool MainMenuBar::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::ToolTip: {
       const auto* const help = static_cast<QHelpEvent*>(event);
-      QToolTip::showText(help->globalPos(), noteAt(help->pos()), static_cast<QMenu*>(watched));
+      QToolTip::showText(help->globalPos(), plainToolTip(noteAt(help->pos())), static_cast<QMenu*>(watched));
       return true;
     }
     case QEvent::MouseMove:
