@@ -34,6 +34,7 @@ int run() {
     return 0;
   }
   frmMain main(commandLine());
+  main.AnotherCopyRuns = !instance.isAlone();
   main.Form_Load();
   if (main.Closing) {
     return 0;

@@ -19,6 +19,26 @@ void appendMark(QByteArray& out, char16_t unit) {
   }
 }
 
+bool isLineEnd(char16_t unit) {
+  return unit == u'\r' || unit == u'\n';
+}
+
+QByteArray marked(QStringView text, bool withLineEnds) {
+  QByteArray bytes;
+  bytes.reserve(text.size());
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const char16_t unit = text[i].unicode();
+    const int byte = CodePage::toByte(unit);
+    if (byte < 0 || (withLineEnds && isLineEnd(unit)) ||
+        (unit == u'%' && Hex::markedUnit(text.utf16() + i, text.utf16() + text.size()) >= 0)) {
+      appendMark(bytes, unit);
+    } else {
+      bytes.append(static_cast<char>(byte));
+    }
+  }
+  return bytes;
+}
+
 }  // namespace
 
 namespace CodePage {
@@ -54,18 +74,11 @@ bool canEncode(QStringView text) {
 }
 
 QByteArray toMarkedBytes(QStringView text) {
-  QByteArray bytes;
-  bytes.reserve(text.size());
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const char16_t unit = text[i].unicode();
-    const int byte = toByte(unit);
-    if (byte < 0 || (unit == u'%' && Hex::markedUnit(text.utf16() + i, text.utf16() + text.size()) >= 0)) {
-      appendMark(bytes, unit);
-    } else {
-      bytes.append(static_cast<char>(byte));
-    }
-  }
-  return bytes;
+  return marked(text, false);
+}
+
+QByteArray toMarkedLine(QStringView text) {
+  return marked(text, true);
 }
 
 QString fromMarkedBytes(QByteArrayView bytes) {

@@ -31,7 +31,9 @@ bool canEncode(QStringView text);
 /// Lossless: what the code page lacks is written %uXXXX, one for each UTF-16 unit, and a "%u" of the text
 /// itself that would read as such a mark has its "%" written %u0025. All other text is as toBytes gives it.
 QByteArray toMarkedBytes(QStringView text);
-/// The reverse of toMarkedBytes; "%u" without four hexadecimal digits behind it stays.
+/// The same as one line of a file: CR and LF are marked too.
+QByteArray toMarkedLine(QStringView text);
+/// The reverse of both; "%u" without four hexadecimal digits behind it stays.
 QString fromMarkedBytes(QByteArrayView bytes);
 
 }  // namespace CodePage

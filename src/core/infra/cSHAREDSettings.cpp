@@ -81,7 +81,7 @@ QByteArray printForm(const QVariant& value) {
                                   : QByteArray::number(value.toDouble(), 'g', kDoubleDigits).toUpper();
     return (digits.startsWith('-') ? "" : " ") + digits + ' ';
   }
-  return CodePage::toMarkedBytes(value.toString());
+  return CodePage::toMarkedLine(value.toString());
 }
 
 /// Our own lines end with CR LF; a file without any such end was written by an editor of another platform.
@@ -228,7 +228,7 @@ QByteArray cSHAREDSettings::fileContent() const {
   QByteArray content;
   for (const Entry& entry : entries_) {
     content +=
-        CodePage::toMarkedBytes(entry.setting.KeyName.toUpper()) + ',' + printForm(entry.setting.KeyValue) + "\r\n";
+        CodePage::toMarkedLine(entry.setting.KeyName.toUpper()) + ',' + printForm(entry.setting.KeyValue) + "\r\n";
   }
   return content;
 }

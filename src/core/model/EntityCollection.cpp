@@ -19,6 +19,7 @@ void EntityCollection<Traits>::Clear() {
   entities_.clear();
   byID_.clear();
   renumbered_.clear();
+  lowestFree_ = 1;
   maximum_ = 0;
   maximumStale_ = false;
   if constexpr (Traits::kClearsEach) {
@@ -34,11 +35,11 @@ qint32 EntityCollection<Traits>::nextID() const {
   if (highest < std::numeric_limits<qint32>::max()) {
     return highest + 1;
   }
-  qint32 free = 1;
-  while (byID_.count(free) != 0) {
-    ++free;
+  // From where the last search ended: for each of many entities from 1 on it would take ever longer.
+  while (byID_.count(lowestFree_) != 0) {
+    ++lowestFree_;
   }
-  return free;
+  return lowestFree_;
 }
 
 /// The highest ID in the collection, 0 when it is empty.
@@ -127,6 +128,7 @@ bool EntityCollection<Traits>::removeID(qint32 id) {
     }
     entities_.erase(std::find(entities_.begin(), entities_.end(), found->second));
     byID_.erase(found);
+    lowestFree_ = 1;
     maximumStale_ = true;
   });
 }
@@ -164,6 +166,7 @@ void EntityCollection<Traits>::forget(const Pointer& entity) {
   if (found != byID_.end()) {
     byID_.erase(found);
   }
+  lowestFree_ = 1;
   maximumStale_ = true;
 }
 

@@ -71,6 +71,8 @@ class EntityCollection {
   std::vector<Pointer> entities_;
   std::vector<Renumbered> renumbered_;
   std::unordered_map<qint32, Pointer> byID_;
+  /// Every ID below it is taken.
+  mutable qint32 lowestFree_ = 1;
   mutable qint32 maximum_ = 0;
   mutable bool maximumStale_ = false;
 };

@@ -1,7 +1,6 @@
 #include "core/model/clsProject.h"
 
 #include "core/infra/Clock.h"
-#include "core/infra/CodePage.h"
 #include "core/infra/FolderLock.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
@@ -81,17 +80,6 @@ void clsProject::setDeadlineStartDate(int level, qint32 dayNumber) {
 
 const QString& clsProject::FieldTitle(int index) const {
   return element(fieldTitle_, index);
-}
-
-void clsProject::setFieldTitle(int index, const QString& name) {
-  QString& title = element(fieldTitle_, index);
-  if (!CodePage::canEncode(name) || name.contains(u'<')) {
-    throw RuntimeError(RuntimeError::InvalidCall,
-                       u"The name '"_s + name +
-                           u"' has characters that a project file can't hold in the name of a rating. Please use "
-                           "letters of the western European alphabets, and no \"<\"."_s);
-  }
-  title = name;
 }
 
 QString clsProject::Path() const {

@@ -3,6 +3,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/IDList.h"
+#include "core/persist/OwnTags.h"
 #include "core/text/TagView.h"
 
 /// Reading of single fields that can fail: each failure is logged and loses that field only.
@@ -12,11 +13,16 @@ inline void strictInteger(const Guard& guard, const TagView& element, const Tag&
   guard([&] { value = element.strictInteger(tag); });
 }
 
-/// A field that stands in the file as it is. Written back, a value with a tag in it would hide the fields behind it:
-/// a missing closing tag loses what it swallowed here, and that is logged.
+/// A field that stands in the file as it is. Written back, a value with one of the file's tags in it would hide the
+/// fields behind it: it is cut there, and at any "<" where a missing closing tag swallowed the rest. That is logged.
 inline QString rawValue(const TagView& element, const Tag& tag, const char* module) {
   QString value = element.raw(tag);
-  const qsizetype inner = value.indexOf(u'<');
+  if (!value.contains(u'<')) {
+    return value;
+  }
+  const QByteArrayView span = element.block(tag).text();
+  const bool closed = Tags::startsWith(span.last(qMin(tag.close.size(), span.size())), tag.close);
+  const qsizetype inner = closed ? OwnTags::firstIn(value) : value.indexOf(u'<');
   if (inner < 0) {
     return value;
   }

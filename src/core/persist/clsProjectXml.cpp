@@ -1,17 +1,33 @@
+#include "core/infra/CodePage.h"
 #include "core/infra/Guard.h"
+#include "core/infra/RuntimeError.h"
 #include "core/model/clsProject.h"
 #include "core/persist/ElementWriter.h"
+#include "core/persist/OwnTags.h"
 #include "core/persist/ReadFields.h"
 #include "core/persist/modConstXML.h"
 #include "core/text/TagView.h"
 
 using namespace modConstXML;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qint32 kFileVersion = 2;
 
 }  // namespace
+
+// The name stands in the file as it is: what would not come back is refused.
+void clsProject::setFieldTitle(int index, const QString& name) {
+  static_cast<void>(FieldTitle(index));  // a bad index fails there
+  if (!CodePage::canEncode(name) || OwnTags::firstIn(name) >= 0) {
+    throw RuntimeError(RuntimeError::InvalidCall,
+                       u"The name '"_s + name +
+                           u"' has characters that a project file can't hold in the name of a rating. Please use "
+                           "letters of the western European alphabets, and no tag of the file such as \"<Title>\"."_s);
+  }
+  fieldTitle_[static_cast<size_t>(index) - 1] = name;
+}
 
 void clsProject::DataAsXML(QByteArray& out) const {
   ElementWriter element(out, kProject);

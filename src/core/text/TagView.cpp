@@ -2,11 +2,13 @@
 
 #include "core/infra/CodePage.h"
 #include "core/infra/Numbers.h"
+#include "core/infra/RuntimeError.h"
 
 #include <QtEndian>
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace {
 
@@ -38,22 +40,45 @@ quint32 keyOf(const char* name, qsizetype available) {
 
 }  // namespace
 
+// A "<" that another one follows begins no tag. What is left may still be every second byte.
 TagIndex::TagIndex(QByteArrayView text) : text_(text) {
+  if (text.size() > qsizetype{std::numeric_limits<quint32>::max()}) {
+    throw RuntimeError(RuntimeError::OutOfMemory);
+  }
   const char* const begin = text.data();
   const char* const end = begin + text.size();
   // A line of a project file holds two tags in about thirty characters.
-  const auto expected = static_cast<size_t>(text.size() / 15 + 16);
+  const auto expected = static_cast<size_t>(text.size() / 15 + kTogether);
   positions_.reserve(expected);
-  keys_.reserve(expected);
+  keys_.reserve(expected + kTogether);
   for (const char* at = begin; at < end; ++at) {
     at = static_cast<const char*>(std::memchr(at, '<', static_cast<size_t>(end - at)));
     if (at == nullptr) {
       break;
     }
-    positions_.push_back(at - begin);
+    if (end - at < 2 || at[1] == '<') {
+      continue;
+    }
+    if (positions_.size() == positions_.capacity()) {
+      makeRoom(at, end);
+    }
+    positions_.push_back(static_cast<quint32>(at - begin));
     keys_.push_back(keyOf(at + 1, end - at - 1));
   }
   keys_.resize(keys_.size() + kTogether);
+}
+
+void TagIndex::makeRoom(const char* from, const char* end) {
+  size_t more = 0;
+  for (const char* at = from; at + 1 < end; ++at) {
+    more += static_cast<size_t>(at[0] == '<' && at[1] != '<');
+  }
+  positions_.reserve(positions_.size() + more);
+  keys_.reserve(keys_.size() + more + kTogether);
+}
+
+qsizetype TagIndex::memory() const {
+  return static_cast<qsizetype>(positions_.capacity() * sizeof(positions_[0]) + keys_.capacity() * sizeof(keys_[0]));
 }
 
 TagView::TagView(const TagIndex& index)

@@ -8,17 +8,23 @@
 
 #include <vector>
 
-/// Where each "<" of a text stands, found in one pass, so that many tags can be looked for in any part of it without
-/// reading it again. The text must outlive the index.
+/// Where each "<" of a text stands that a name may follow, found in one pass, so that many tags can be looked for in
+/// any part of it without reading it again. The text must outlive the index. Throws RuntimeError 7 for one beyond 4 GB.
 class TagIndex {
  public:
   explicit TagIndex(QByteArrayView text);
 
+  /// The bytes that it takes: four for each of the text at the most, and some hundred.
+  qsizetype memory() const;
+
  private:
   friend class TagView;
 
+  /// Room for what a whole text may still hold, and no more.
+  void makeRoom(const char* from, const char* end);
+
   QByteArrayView text_;
-  std::vector<qsizetype> positions_;
+  std::vector<quint32> positions_;
   /// A number made of each tag's name, the case of its letters gone: equal for equal names. Some zeros stand behind
   /// the last one, so that a search may look at several at once.
   std::vector<quint32> keys_;
@@ -58,7 +64,9 @@ class TagView {
   /// The entry of the first occurrence at or behind an entry; -1 for none.
   qsizetype first(QByteArrayView tag, qsizetype entry) const;
   bool isAt(QByteArrayView tag, qsizetype entry) const;
-  qsizetype positionOf(qsizetype entry) const { return index_->positions_[static_cast<size_t>(entry)]; }
+  qsizetype positionOf(qsizetype entry) const {
+    return static_cast<qsizetype>(index_->positions_[static_cast<size_t>(entry)]);
+  }
   /// The value as a view where no inner tag has to be taken out, else through `scratch`.
   QByteArrayView value(const Tag& tag, QByteArray& scratch) const;
 

@@ -18,8 +18,8 @@ DescriptionTab::DescriptionTab(QWidget* parent)
   giveName(*txtDesc, u"txtDesc"_s, u"Scene description"_s);
   auto* layout = new QFormLayout(this);
   layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  layout->addRow(u"Title:"_s, txtTitle);
-  layout->addRow(u"Description:"_s, txtDesc);
+  layout->addRow(makeLabelOf(u"Title:"_s, *txtTitle), txtTitle);
+  layout->addRow(makeLabelOf(u"Description:"_s, *txtDesc), txtDesc);
   connect(txtTitle, &QLineEdit::textEdited, this, &DescriptionTab::changed);
   connect(txtDesc, &MemoEdit::textChanged, this, &DescriptionTab::changed);
 }

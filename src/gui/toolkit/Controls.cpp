@@ -45,6 +45,7 @@ QLabel* makeLabel(const QString& name, const QString& text, QWidget* parent) {
 
 QLabel* makeLabelOf(const QString& caption, QWidget& buddy) {
   auto* label = new QLabel(caption);
+  label->setTextFormat(Qt::PlainText);
   label->setBuddy(&buddy);
   return label;
 }
@@ -57,7 +58,7 @@ QLineEdit* makeLineEdit(const QString& name, const QString& spokenName, QWidget*
 
 QLineEdit* addLineEdit(QFormLayout& form, const QString& name, const QString& caption) {
   QLineEdit* edit = makeLineEdit(name, caption);
-  form.addRow(caption + u':', edit);
+  form.addRow(makeLabelOf(caption + u':', *edit), edit);
   return edit;
 }
 

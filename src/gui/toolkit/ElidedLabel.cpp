@@ -1,5 +1,7 @@
 #include "gui/toolkit/ElidedLabel.h"
 
+#include "gui/toolkit/PlainToolTip.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -20,7 +22,7 @@ QString ElidedLabel::shownText() const {
 
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && shownText() != text()) {
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(text()), this);
     return true;
   }
   return QLabel::event(event);

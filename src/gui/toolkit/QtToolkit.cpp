@@ -3,6 +3,7 @@
 #include "core/infra/Paths.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/InputShield.h"
+#include "gui/toolkit/WindowTitle.h"
 #include "gui/toolkit/cSharedProgress.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
 
@@ -13,6 +14,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QProcess>
@@ -102,7 +104,7 @@ class OverActiveWindow {
 using FileDialog = OverActiveWindow<QFileDialog>;
 
 void prepare(const FileDialog& dialog, const FileQuestion& question) {
-  dialog->setWindowTitle(question.title);
+  dialog->setWindowTitle(literalTitle(question.title));
   dialog->setNameFilters(nameFilters(question.filter));
   // Without a folder that is there the dialog would begin where the program was started.
   const bool known = !question.folder.isEmpty() && QFileInfo(question.folder).isDir();
@@ -193,8 +195,11 @@ int QtToolkit::Choose(const ChoiceQuestion& question) {
 QString QtToolkit::InputBox(const QString& prompt, const QString& title, const QString& text) {
   const PointerPause pause(*this);
   const OverActiveWindow<QInputDialog> dialog;
-  dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : title);
+  dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : literalTitle(title));
   dialog->setLabelText(prompt);
+  for (QLabel* const label : dialog->findChildren<QLabel*>()) {
+    label->setTextFormat(Qt::PlainText);
+  }
   dialog->setTextValue(text);
   return dialog.accepted() ? dialog->textValue() : QString();
 }
@@ -230,7 +235,7 @@ QString QtToolkit::PickFolder(const QString& title, const QString& folder) {
 std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initial) {
   const PointerPause pause(*this);
   const OverActiveWindow<QColorDialog> dialog;
-  dialog->setWindowTitle(title);
+  dialog->setWindowTitle(literalTitle(title));
   dialog->setCurrentColor(Colours::toQt(initial, QApplication::palette()));
   return dialog.accepted() ? std::optional(Colours::fromQt(dialog->selectedColor())) : std::nullopt;
 }

@@ -4,6 +4,7 @@
 #include "core/infra/cSharedGetDate.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/WindowTitle.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -74,7 +75,7 @@ std::optional<Key> fieldKeyOf(const QKeyEvent& event) {
 fSHAREDGetDate::fSHAREDGetDate(DateEntry& entry, const QString& caption, QWidget* parent)
     : QDialog(parent), entry_(entry) {
   setObjectName(u"fSHAREDGetDate"_s);
-  setWindowTitle(caption);
+  setWindowTitle(literalTitle(caption));
   createControls();
   buildLayout();
   connectSignals();

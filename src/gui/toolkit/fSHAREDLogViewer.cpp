@@ -5,6 +5,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/WindowTitle.h"
 
 #include <QFontDatabase>
 #include <QPlainTextEdit>
@@ -44,10 +45,12 @@ fSHAREDLogViewer* fSHAREDLogViewer::open(QWidget* parent) {
 /// What is still queued is written first, so that the newest events are seen; they stand at the end.
 void fSHAREDLogViewer::load() {
   Logging().WriteActionsToLog();
-  const QString path = Paths::programFolder() + u"log.txt"_s;
+  // That of a further copy of the program has a name of its own.
+  const QString current = Logging().CurrentLogFilename();
+  const QString path = current.isEmpty() ? Paths::programFolder() + u"log.txt"_s : current;
   QByteArray log;
   Files().LoadTextFile(path, log);
-  setWindowTitle(path);
+  setWindowTitle(literalTitle(path));
   txtLog->setPlainText(CodePage::fromMarkedBytes(log));
   txtLog->moveCursor(QTextCursor::End);
 }

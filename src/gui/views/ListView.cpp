@@ -1,5 +1,7 @@
 #include "gui/views/ListView.h"
 
+#include "gui/toolkit/PlainToolTip.h"
+
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -7,7 +9,6 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
-#include <QTextDocument>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -44,9 +45,7 @@ class ColumnDelegate : public QStyledItemDelegate {
     if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid() || isSeenWhole(option, index)) {
       return QStyledItemDelegate::helpEvent(event, view, option, index);
     }
-    // A title may look like markup, and a long one is better read in lines.
-    const QString text = Qt::convertFromPlainText(index.data().toString(), Qt::WhiteSpaceNormal);
-    QToolTip::showText(event->globalPos(), text, list_->viewport(), option.rect);
+    QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), list_->viewport(), option.rect);
     return true;
   }
 

@@ -6,6 +6,7 @@
 #include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "gui/toolkit/PlainToolTip.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowIcon.h"
 
@@ -95,7 +96,7 @@ void FillCharInScene(ListView& list, qint32 SceneID, bool ShowFullName, bool Onl
     }
     QTreeWidgetItem* item = characterRow(*character, id == viewpoint ? "viewpoint" : "character", ShowFullName);
     ListView::setTag(*item, id);
-    item->setToolTip(0, character->FullName);
+    item->setToolTip(0, plainToolTip(character->FullName));
     rows.append(item);
   }
   show(list, rows);

@@ -37,5 +37,8 @@ TEST(CodePage, AnyTextComesBackFromMarkedBytes) {
       text.append(alphabet[pick(random)]);
     }
     ASSERT_EQ(CodePage::fromMarkedBytes(CodePage::toMarkedBytes(text)), text);
+    const QByteArray line = CodePage::toMarkedLine(text);
+    ASSERT_EQ(CodePage::fromMarkedBytes(line), text);
+    ASSERT_FALSE(line.contains('\r') || line.contains('\n')) << line.constData();
   }
 }

@@ -114,6 +114,22 @@ TEST(cSHAREDSettings, WhatIsSavedComesBackInOrder) {
   }
 }
 
+TEST(cSHAREDSettings, ALineEndInAValueOrAKeyBreaksNoLine) {
+  cSHAREDSettings settings;
+  settings.sSet(u"search"_s, u"one\r\nOTHER,two\rthree\n"_s);
+  settings.sSet(u"od\r\nd"_s, u"%u000D is no line end"_s);
+  settings.sSet(u"other"_s, u"kept"_s);
+  const QByteArray file = saved(settings);
+  EXPECT_EQ(file,
+            "SEARCH,one%u000D%u000AOTHER,two%u000Dthree%u000A\r\nOD%u000D%u000AD,%u0025u000D is no line end\r\n"
+            "OTHER,kept\r\n");
+  cSHAREDSettings again = loaded(file);
+  for (const QString& key : {u"search"_s, u"od\r\nd"_s, u"other"_s}) {
+    EXPECT_EQ(again.sGet(key), settings.sGet(key));
+  }
+  EXPECT_EQ(saved(again), file);
+}
+
 TEST(cSHAREDSettings, KeysAreTheSameWithoutCaseAndCommas) {
   cSHAREDSettings settings;
   settings.sSet(u"A,Bc"_s, 1);

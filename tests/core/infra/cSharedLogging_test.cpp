@@ -156,6 +156,48 @@ TEST_F(cSharedLoggingTest, AnEventIsOneLine) {
   EXPECT_EQ(lines(), QStringList(u"1 14:03:22, first second third end"_s));
 }
 
+TEST_F(cSharedLoggingTest, ALineThatComesAgainIsCounted) {
+  {
+    cSharedLogging log;
+    log.OverrideLogFilename(path);
+    for (int i = 0; i < 100; ++i) {
+      Clock::set(start.addSecs(i));
+      log.AddAction(u"storm"_s);
+    }
+    EXPECT_EQ(lines().size(), 1) << "not one line for each flush";
+    log.LogError(RuntimeError(RuntimeError::DiskFull), u"Save"_s, u"clsProject"_s);
+    log.AddAction(u"storm"_s);
+    log.WriteActionsToLog();
+    EXPECT_EQ(lines().constLast(), u"1 14:05:01, last line repeated 16 times"_s);
+    log.LogEvent(u"last"_s);
+    log.LogEvent(u"last"_s);
+  }
+  EXPECT_EQ(lines(), QStringList({u"1 14:03:22, storm"_s, u"1 14:04:45, last line repeated 83 times"_s,
+                                  u"1 14:05:01, Error 61 (Disk full) in Save of clsProject"_s, u"1 14:04:46, storm"_s,
+                                  u"1 14:05:01, last line repeated 16 times"_s, u"1 14:05:01, last"_s,
+                                  u"1 14:05:01, last line repeated 1 time"_s}));
+}
+
+TEST_F(cSharedLoggingTest, AFullLogSaysSoAndTakesOnlyTheEnd) {
+  cSharedLogging log;
+  log.OverrideLogFilename(path);
+  const QString part(1024 * 1024, u'x');
+  for (int i = 0; i < 12; ++i) {
+    log.LogEvent(part + QString::number(i));
+  }
+  log.AddDebug(u"later"_s);
+  log.LogEnd();
+  QStringList written = lines();
+  EXPECT_LE(Files().FileSize(path), 10 * 1024 * 1024 + 200);
+  ASSERT_EQ(written.size(), 11);
+  EXPECT_TRUE(written[8].endsWith(u"x8"_s)) << "what came first stays";
+  EXPECT_EQ(written[9], u"1 14:03:22, The log has reached 10 MB. Nothing more of this run is written"_s);
+  EXPECT_EQ(written[10], u"1 14:03:22, Program ended"_s);
+  log.LogEvent(u"Starting Application"_s, true);
+  log.LogEvent(u"fits again"_s);
+  EXPECT_EQ(lines().constLast(), u"1 14:03:22, fits again"_s);
+}
+
 TEST_F(cSharedLoggingTest, LinesWaitUntilTheyHaveReachedTheFile) {
   if (!FailingDisk::available()) {
     GTEST_SKIP();

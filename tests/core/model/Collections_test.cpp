@@ -19,6 +19,7 @@
 #include <QDir>
 
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -56,6 +57,22 @@ TEST_F(Collections, AssigningByIndexReplacesAndAboveTheCountAdds) {
   chars.setCharByIndex(1, person(u"Twin"_s, 10));
   EXPECT_EQ(required(chars.CharByIndex(1), u"first character"_s).Title(), u"Anna"_s);
   EXPECT_TRUE(logged(u"(457) in CharByIndex of module clsCharacters"_s));
+}
+
+TEST_F(Collections, BehindTheHighestIDThatThereIsTheLowestFreeOneIsTaken) {
+  clsCharacters& chars = g_Project->Chars;
+  const auto nextTaken = [&chars] {
+    chars.setCharByIndex(chars.Count() + 1, person(u"New"_s));
+    return required(chars.CharByIndex(chars.Count()), u"last character"_s).ID();
+  };
+  chars.setCharByIndex(4, person(u"Last"_s, std::numeric_limits<qint32>::max()));
+  EXPECT_EQ(nextTaken(), 4);
+  EXPECT_EQ(nextTaken(), 5);
+  chars.RemoveCharByID(2);
+  EXPECT_EQ(nextTaken(), 2);
+  EXPECT_EQ(nextTaken(), 6);
+  chars.RemoveCharByIndex(1);
+  EXPECT_EQ(nextTaken(), 1);
 }
 
 TEST_F(Collections, RemovingWhatIsNotThereIsLoggedAndChangesNothing) {

@@ -12,6 +12,10 @@
 #include "core/model/clsScene.h"
 #include "support/Elements.h"
 #include "support/SampleProject.h"
+#include "support/TestHome.h"
+
+#include <QRegularExpression>
+#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -290,7 +294,7 @@ TEST_F(ProjectFile, DatesAreStoredAsDaysAndAnUnsetOneStaysUnset) {
 // A rating's name stands in the file as it is, so what would not come back is refused with a text for the writer.
 TEST_F(ProjectFile, ARatingNameThatTheFileCannotHoldIsRefusedWithAMessage) {
   g_Project->setFieldTitle(1, u"Größe & 100%"_s);
-  for (const QString& name : {u"Темп"_s, u"a</FieldTitle1>b"_s}) {
+  for (const QString& name : {u"Темп"_s, u"a</FieldTitle1>b"_s, u"<x<scenes>"_s}) {
     try {
       g_Project->setFieldTitle(1, name);
       ADD_FAILURE() << name;
@@ -301,6 +305,45 @@ TEST_F(ProjectFile, ARatingNameThatTheFileCannotHoldIsRefusedWithAMessage) {
   const QByteArray xml = xmlOf(*g_Project);
   ASSERT_TRUE(readFrom(*g_Project, xml));
   EXPECT_EQ(g_Project->FieldTitle(1), u"Größe & 100%"_s);
+}
+
+TEST_F(ProjectFile, ARatingNameKeepsWhatIsNoTagOfTheFile) {
+  const QStringList names{u"love < hate"_s, u"<b>Tempo</b> <<"_s, u"</FieldTitle1"_s, u"<Title <x"_s};
+  for (int i = 0; i < names.size(); ++i) {
+    g_Project->setFieldTitle(i + 1, names.at(i));
+  }
+  g_Project->setDeadlineDate(1, 46000);
+  const QByteArray xml = xmlOf(*g_Project);
+  ASSERT_TRUE(readFrom(*g_Project, xml));
+  for (int i = 0; i < names.size(); ++i) {
+    EXPECT_EQ(g_Project->FieldTitle(i + 1), names.at(i));
+  }
+  EXPECT_EQ(xmlOf(*g_Project), xml);
+}
+
+// Every tag that a whole book is written with; the list of them must not fall behind.
+TEST_F(ProjectFile, ARatingNameMustNotHoldATagOfTheFile) {
+  const ScratchFolder scratch;
+  const QByteArray book = fileBytes(saveSmallProject(scratch.path())) + xmlOf(*g_Project);
+  QSet<QByteArray> tags;
+  static const QRegularExpression anyTag(u"</?\\w+>"_s);
+  for (auto tag = anyTag.globalMatch(QString::fromLatin1(book)); tag.hasNext();) {
+    const QString text = tag.next().captured();
+    EXPECT_THROW(g_Project->setFieldTitle(1, u"a < b "_s + text.toUpper()), RuntimeError) << text;
+    tags.insert(text.toLatin1());
+  }
+  EXPECT_GT(tags.size(), 100);
+}
+
+TEST_F(ProjectFile, ARawValueIsCutWhereItsClosingTagIsMissingOrAnotherFieldBegins) {
+  const QByteArray xml = xmlOf(*g_Project);
+  const std::pair<QByteArray, QString> cases[] = {{"<FieldTitle1>a < b", u"a"_s},
+                                                  {"<FieldTitle1>a < b</FieldTitle1>", u"a < b"_s},
+                                                  {"<FieldTitle1>a<Bio>b</FieldTitle1>", u"a"_s}};
+  for (const auto& [field, expected] : cases) {
+    ASSERT_TRUE(readFrom(*g_Project, QByteArray(xml).replace("<FieldTitle1></FieldTitle1>", field))) << field;
+    EXPECT_EQ(g_Project->FieldTitle(1), expected) << field;
+  }
 }
 
 TEST_F(ProjectFile, AWriterWithoutAnOpenFileSaysSoAndIsTrue) {

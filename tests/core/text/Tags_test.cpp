@@ -81,6 +81,15 @@ TEST(Tags, FastAndLiteralExtractionAgreeOnDamagedFiles) {
   }
 }
 
+TEST(Tags, AnIndexStaysInProportionToItsText) {
+  for (const char* const part : {"<", "<a", "<a>", "<<a", "a", "<SCENE>\r\n", "</"}) {
+    const QByteArray text = QByteArray(part).repeated(100000);
+    EXPECT_LE(TagIndex(text).memory(), 4 * text.size() + 1024) << part;
+    const QByteArray late = QByteArray(text.size(), 'x') + text;
+    EXPECT_LE(TagIndex(late).memory(), 4 * late.size() + 1024) << part;
+  }
+}
+
 TEST(Tags, EscapedTextReadsAsTheDialectOfOldReadsIt) {
   std::mt19937 random(7);
   const QByteArray alphabet = "%%%%%0123456789abcdefABCDEFGg zZ+-&.\r\n\xE9\x80";

@@ -3,6 +3,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
@@ -54,7 +55,10 @@ void ShellTest::TearDown() {
 
 QString ShellTest::smallProject(const QString& name) {
   QDir().mkpath(folder.path(name));
+  // No run of the program saved it: that would have left a log.
+  Logging().NOLOGGING = true;
   const QString path = saveSmallProject(folder.path(name));
+  Logging().NOLOGGING = false;
   newProject();
   Settings().DeleteAllSettings();
   return path;

@@ -28,11 +28,16 @@ QString InstanceCheck::lockPath() {
   return Paths::temporaryFolder() + u"quillane4-"_s + user + u".lock"_s;
 }
 
+bool InstanceCheck::acquire() {
+  alone_ = take();
+  return alone_;
+}
+
 #ifdef Q_OS_UNIX
 
 // The system's own lock goes with the process however that ends, and nothing has to reach the disk for it. The file
 // stays: taking it away would open a gap in which two copies hold two files of the same name.
-bool InstanceCheck::acquire() {
+bool InstanceCheck::take() {
   file_ = std::make_unique<QFile>(lockPath());
   if (!file_->open(QIODevice::ReadWrite)) {
     return true;
@@ -45,7 +50,7 @@ bool InstanceCheck::acquire() {
 #else
 
 // Such a lock has no shares: each copy holds one of a row of files.
-bool InstanceCheck::acquire() {
+bool InstanceCheck::take() {
   constexpr int kCopies = 16;
   bool alone = true;
   for (int copy = 1; copy <= kCopies; ++copy) {

@@ -16,10 +16,15 @@ class InstanceCheck {
 
   /// Takes a share. False when another copy holds one too. A place where no lock can be made counts as free.
   bool acquire();
+  /// What acquire said.
+  bool isAlone() const { return alone_; }
   /// The lock file's full path, one for each user.
   static QString lockPath();
 
  private:
+  bool take();
+
+  bool alone_ = true;
   /// One of the two, as the platform has it.
   std::unique_ptr<QFile> file_;
   std::unique_ptr<QLockFile> lock_;

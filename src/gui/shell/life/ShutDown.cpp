@@ -60,10 +60,10 @@ void frmMain::EndProgram() {
     guard([&] { Settings().SaveSettings(g_SettingsFile); });
   }
   unloadForms();
-  Logging().WriteActionsToLog();
   if (!InstallerPath.isEmpty()) {
     guard([&] { toolkit().runProgram(InstallerPath, {}, false); });
   }
+  Logging().LogEnd();
   endProcess();
 }
 
@@ -97,7 +97,7 @@ void frmMain::EndAtOnce() {
       Settings().SaveSettings(g_SettingsFile);
     }
   });
-  Logging().WriteActionsToLog();
+  Logging().LogEnd();
   endProcess();
 }
 

@@ -128,9 +128,22 @@ void StartUp::setGlobals() const {
 void StartUp::showSplash() {
   splash_ = std::make_unique<frmSplash>();
   splash_->show();
-  Logging().LogEvent(u"Starting Application"_s, true);
+  beginLog();
   splashStatus(u"Starting Application"_s);
   splashStatus(u"Setting Up"_s);
+}
+
+// A copy that runs already goes on writing its log: a further one has a file of its own, and can't tell how the last
+// run ended.
+void StartUp::beginLog() {
+  if (main_.AnotherCopyRuns) {
+    Logging().OverrideLogFilename(Paths::programFolder() + u"log_copy.txt"_s);
+  }
+  endedBadly_ = !Logging().KeepLastLog() && !main_.AnotherCopyRuns;
+  Logging().LogEvent(u"Starting Application"_s, true);
+  if (endedBadly_) {
+    Logging().LogEvent(u"The last run did not end properly"_s);
+  }
 }
 
 void StartUp::splashStatus(const QString& text) const {
@@ -233,9 +246,20 @@ void StartUp::finish() {
   main_.session().UpdateRecent();
   main_.panes().scenes().tabStrip1().setCurrentIndex(0);
   main_.panes().chapters().listChapters().setFocus();
-  if (!notFound_.isEmpty()) {
-    main_.showMessage(notFound_ + u" wasn't found."_s);
-  }
+  tellOfStart();
   main_.StartScanTimer();
   main_.startUpdateCheck();
+}
+
+void StartUp::tellOfStart() const {
+  QStringList told;
+  if (!notFound_.isEmpty()) {
+    told += notFound_ + u" wasn't found."_s;
+  }
+  if (endedBadly_) {
+    told += u"The program did not end properly last time. What it did then is in log_last.txt."_s;
+  }
+  if (!told.isEmpty()) {
+    main_.showMessage(told.join(u' '));
+  }
 }

@@ -21,6 +21,7 @@ class StartUp {
   bool helperLibrariesExist() const;
   void setGlobals() const;
   void showSplash();
+  void beginLog();
   void splashStatus(const QString& text) const;
   void fillStatusMenu() const;
   void greetFirstRun() const;
@@ -32,9 +33,12 @@ class StartUp {
   void openFromCommandLine(const QString& path);
   void openLast(const QString& path) const;
   void finish();
+  void tellOfStart() const;
 
   frmMain& main_;
   /// A file that was named and isn't there.
   QString notFound_;
+  /// The last run left its log without an end.
+  bool endedBadly_ = false;
   std::unique_ptr<frmSplash> splash_;
 };

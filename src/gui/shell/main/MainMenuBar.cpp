@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "gui/toolkit/Mnemonics.h"
+#include "gui/toolkit/PlainToolTip.h"
 
 #include <QAction>
 #include <QHelpEvent>
@@ -18,9 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A caption as it is shown: an ampersand in it marks no key.
+/// A caption as it is shown: an ampersand in it marks no key, and a tab parts nothing from it.
 QString shown(const QString& caption) {
-  return QString(caption).replace(u'&', u"&&"_s);
+  return QString(caption).replace(u'&', u"&&"_s).replace(u'\t', u' ');
 }
 
 QString elementName(const QString& array, qsizetype index) {
@@ -61,7 +62,7 @@ void MainMenuBar::addLine(const MenuEntry& entry, QMenuBar& bar) {
   }
   QAction* action = menuNames().contains(name)
                         ? addMenu(entry, bar)->menuAction()
-                        : addEntry(entry, name, QString::fromUtf16(entry.caption), QString::fromUtf16(entry.tag));
+                        : addEntry(entry, name, {QString::fromUtf16(entry.caption), QString::fromUtf16(entry.tag)});
   action->setVisible(isOffered(entry, developmentBuild_));
 }
 
@@ -81,15 +82,14 @@ QMenu* MainMenuBar::addMenu(const MenuEntry& entry, QMenuBar& bar) {
   return menu;
 }
 
-QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, const QString& caption,
-                               const QVariant& tag) {
+QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, const MenuElement& element) {
   QMenu* menu = menus_.value(QString::fromLatin1(entry.parent));
-  auto* action = new QAction(shown(caption), menu);
+  auto* action = new QAction(shown(element.caption), menu);
   action->setCheckable((entry.flags & kCheckable) != 0);
   if (*entry.shortcut != '\0') {
     action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut), QKeySequence::PortableText));
   }
-  action->setData(tag);
+  action->setData(element.tag);
   connect(action, &QAction::triggered, this, [this, action] { choose(*action); });
   const QString array = menuBaseName(name);
   QAction* before = nullptr;
@@ -103,31 +103,36 @@ QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, cons
     elements.append(action);
   }
   menu->insertAction(before, action);
-  remember(name, action, false);
-  showWhetherBuilt(*action);
+  showWhyNot(remember(name, action, false, element.whyNot));
   return action;
 }
 
-void MainMenuBar::remember(const QString& name, QAction* action, bool isMenu) {
+auto MainMenuBar::remember(const QString& name, QAction* action, bool isMenu, const QString& whyNot)
+    -> const StatedAction& {
   action->setObjectName(name);
   actions_.insert(name, action);
-  stated_.append({menuBaseName(name), action, isMenu});
+  stated_.append({menuBaseName(name), action, isMenu, whyNot});
+  return stated_.constLast();
 }
 
 void MainMenuBar::addCommands(CommandGroup& group) {
   group.bind(bindings_);
   for (const StatedAction& entry : stated_) {
     if (!entry.isMenu) {
-      showWhetherBuilt(*entry.action);
+      showWhyNot(entry);
     }
   }
 }
 
-void MainMenuBar::showWhetherBuilt(QAction& action) const {
-  const QString note = isBuilt(action.objectName()) ? QString() : u"not in this version yet"_s;
-  action.setEnabled(action.isEnabled() && note.isEmpty());
-  action.setToolTip(note);
-  action.setStatusTip(note);
+bool MainMenuBar::canBeChosen(const StatedAction& entry) const {
+  return entry.isMenu || (bindings_.isBound(entry.baseName) && entry.whyNot.isEmpty());
+}
+
+void MainMenuBar::showWhyNot(const StatedAction& entry) const {
+  const QString note = bindings_.isBound(entry.baseName) ? entry.whyNot : u"not in this version yet"_s;
+  entry.action->setEnabled(entry.action->isEnabled() && canBeChosen(entry));
+  entry.action->setToolTip(note);
+  entry.action->setStatusTip(note);
 }
 
 // A menu says nothing of its disabled entries by itself, and would say every caption twice.
@@ -139,7 +144,7 @@ bool MainMenuBar::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::ToolTip: {
       const auto* const help = static_cast<QHelpEvent*>(event);
-      QToolTip::showText(help->globalPos(), noteAt(help->pos()), static_cast<QMenu*>(watched));
+      QToolTip::showText(help->globalPos(), plainToolTip(noteAt(help->pos())), static_cast<QMenu*>(watched));
       return true;
     }
     case QEvent::MouseMove:
@@ -177,7 +182,7 @@ void MainMenuBar::apply(const MenuState& state) {
   for (const StatedAction& entry : stated_) {
     const auto told = state.constFind(entry.baseName);
     if (told != state.constEnd()) {
-      entry.action->setEnabled(*told && (entry.isMenu || bindings_.isBound(entry.baseName)));
+      entry.action->setEnabled(*told && canBeChosen(entry));
     }
   }
 }
@@ -202,7 +207,7 @@ void MainMenuBar::loadElements(const QString& array, const QList<MenuElement>& e
   }
   unloadElements(array);
   for (const MenuElement& element : elements) {
-    addEntry(*entry, elementName(array, arrays_.value(array).size()), element.caption, element.tag);
+    addEntry(*entry, elementName(array, arrays_.value(array).size()), element);
   }
 }
 

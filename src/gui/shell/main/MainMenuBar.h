@@ -15,6 +15,8 @@ class QMenuBar;
 struct MenuElement {
   QString caption;
   QVariant tag;
+  /// Why it can't be chosen; empty when it can.
+  QString whyNot = {};
 };
 
 /// The menu tree as the window shows it. Actions and menus bear the names of the table. An entry whose command isn't
@@ -58,17 +60,19 @@ class MainMenuBar : public QObject {
  private:
   void addLine(const MenuEntry& entry, QMenuBar& bar);
   QMenu* addMenu(const MenuEntry& entry, QMenuBar& bar);
-  QAction* addEntry(const MenuEntry& entry, const QString& name, const QString& caption, const QVariant& tag);
-  void remember(const QString& name, QAction* action, bool isMenu);
-  void choose(const QAction& action);
-  void showWhetherBuilt(QAction& action) const;
-  void unloadElements(const QString& array);
-
   struct StatedAction {
     QString baseName;
     QAction* action;
     bool isMenu;
+    QString whyNot;
   };
+
+  QAction* addEntry(const MenuEntry& entry, const QString& name, const MenuElement& element);
+  const StatedAction& remember(const QString& name, QAction* action, bool isMenu, const QString& whyNot = {});
+  void choose(const QAction& action);
+  bool canBeChosen(const StatedAction& entry) const;
+  void showWhyNot(const StatedAction& entry) const;
+  void unloadElements(const QString& array);
 
   bool developmentBuild_;
   MenuBindings bindings_;

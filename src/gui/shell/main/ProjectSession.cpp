@@ -9,6 +9,8 @@
 #include "gui/shell/main/RecentProjects.h"
 #include "gui/shell/main/frmMain.h"
 
+#include <QElapsedTimer>
+
 using namespace Qt::StringLiterals;
 
 void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
@@ -74,13 +76,26 @@ void ProjectSession::AddToRecent(const QString& Path) {
 }
 
 void ProjectSession::UpdateRecent() {
+  QElapsedTimer looking;
+  looking.start();
   QList<MenuElement> elements;
-  for (const QString& path : RecentProjects::existing()) {
-    elements.append({RecentProjects::captionOf(path), path});
+  recentAway_ = false;
+  for (const auto& [path, away] : RecentProjects::known()) {
+    elements.append({RecentProjects::captionOf(path), path, away ? u"The folder isn't there now"_s : QString()});
+    recentAway_ = recentAway_ || away;
   }
+  recentTime_ = looking.elapsed();
   main_.menus().loadElements(u"mnuRecent"_s, elements);
   // Element 0 only says that there is nothing yet.
   main_.menus().setVisible(u"mnuRecent(0)"_s, elements.isEmpty());
+}
+
+// A drive may have come back. Where the folders take long to answer the menu doesn't wait for them.
+void ProjectSession::lookForRecent() {
+  constexpr qint64 kLong = 100;
+  if (recentAway_ && recentTime_ < kLong) {
+    UpdateRecent();
+  }
 }
 
 bool ProjectSession::CloseProject() {

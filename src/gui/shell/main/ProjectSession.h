@@ -24,7 +24,10 @@ class ProjectSession {
   bool CloseProject();
   /// Puts the file in front of the recent ones and keeps that at once.
   void AddToRecent(const QString& Path);
+  /// What is away is shown and can't be chosen.
   void UpdateRecent();
+  /// The list is about to be shown: the same where something was away.
+  void lookForRecent();
   /// The menus that go with the project that is there now.
   void setMenusByProject();
 
@@ -33,4 +36,7 @@ class ProjectSession {
   void showEmptyProject();
 
   frmMain& main_;
+  bool recentAway_ = false;
+  /// How long the last look for the recent projects took, in milliseconds.
+  qint64 recentTime_ = 0;
 };

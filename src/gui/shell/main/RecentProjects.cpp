@@ -50,20 +50,22 @@ void AddToRecent(const QString& path) {
   Settings().SaveSettings(g_SettingsFile);
 }
 
-QStringList existing() {
-  QStringList paths;
+// The folder first: one that doesn't answer, which may take its time, is asked once.
+QList<Entry> known() {
+  QList<Entry> entries;
   for (int i = 0; i < kCount; ++i) {
     const QString path = stored(i);
     if (path.isEmpty()) {
       continue;
     }
-    if (Files().FileExists(path)) {
-      paths.append(path);
+    const bool away = !Files().FolderExists(Files().PathOnly(path));
+    if (away || Files().FileExists(path)) {
+      entries.append({path, away});
     } else {
       Settings().DeleteSettingByName(key(i));
     }
   }
-  return paths;
+  return entries;
 }
 
 QString captionOf(const QString& path) {

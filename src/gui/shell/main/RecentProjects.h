@@ -15,8 +15,14 @@ QStringList withNewest(QStringList paths, const QString& path);
 bool isNewest(const QString& path);
 /// Puts the path in front and saves the settings file at once, so that the list outlives a crash.
 void AddToRecent(const QString& path);
-/// The paths whose files are there; one that has gone leaves the settings.
-QStringList existing();
+struct Entry {
+  QString path;
+  /// Its folder isn't there now: on a drive that isn't plugged in, on a computer that sleeps.
+  bool away;
+};
+
+/// A path leaves the settings when its folder is there and the file isn't.
+QList<Entry> known();
 /// "name \folder": the file's name without extension and the last folder of its path.
 QString captionOf(const QString& path);
 

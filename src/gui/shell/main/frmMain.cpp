@@ -120,6 +120,8 @@ void frmMain::connectSignals() {
               menus_->apply(chapterEntries(hasRows));
             }
           }));
+  connect(menus_->menu(u"mnuOpenRecent"_s), &QMenu::aboutToShow, this,
+          guarded("mnuOpenRecent_Click", kModule, [this] { session_.lookForRecent(); }));
   connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this, guarded("mnuScene_Click", kModule, [this] {
             menus_->apply(sceneEntries(panes_->scenes().listScenes().topLevelItemCount() > 0));
           }));

@@ -33,6 +33,8 @@ class frmMain : public QMainWindow {
   bool ProjectChanged = false;
   /// The program is on its way out: timers do nothing.
   bool Closing = false;
+  /// Another copy of the program ran when this one began.
+  bool AnotherCopyRuns = false;
   /// A downloaded installer to start at the end; empty otherwise.
   QString InstallerPath;
   /// Ends the process, at the very end of EndProgram.

@@ -87,6 +87,28 @@ TEST_F(ProjectCommandsTest, AProjectThatHasGoneLeavesTheRecentList) {
   EXPECT_EQ(control<QAction>("mnuRecent(2)").data().toString(), paths[2]);
 }
 
+TEST_F(ProjectCommandsTest, AProjectWhoseFolderIsAwayWaitsGreyForItsReturn) {
+  const QStringList paths = projectFiles(2);
+  const QString drive = folder.path(u"f1"_s);
+  ASSERT_TRUE(QDir().rename(drive, drive + u".away"_s));
+  writeSettings({u"Recent0,"_s + paths[0], u"Recent1,"_s + paths[1]});
+  start();
+  window().DisableMenus();
+  EXPECT_EQ(recentShown(), QStringList({u"p0 \\f0"_s, u"p1 \\f1"_s}));
+  EXPECT_TRUE(isEnabled("mnuRecent(1)"));
+  EXPECT_FALSE(isEnabled("mnuRecent(2)"));
+  EXPECT_EQ(control<QAction>("mnuRecent(2)").statusTip(), u"The folder isn't there now"_s);
+  endProgram();
+  EXPECT_TRUE(settingsText().contains(u"RECENT1,"_s + paths[1]));
+  start();
+  ASSERT_TRUE(QDir().rename(drive + u".away"_s, drive));
+  auto& menu = control<QMenu>("mnuOpenRecent");
+  menu.popup(window().mapToGlobal(QPoint(50, 50)));
+  menu.close();
+  EXPECT_TRUE(isEnabled("mnuRecent(2)"));
+  EXPECT_EQ(control<QAction>("mnuRecent(2)").statusTip(), QString());
+}
+
 TEST_F(ProjectCommandsTest, OpeningSavesAChangedProjectFirstWithoutAQuestion) {
   const QString other = smallProject(u"Other"_s);
   const QString first = smallProject(u"First"_s);

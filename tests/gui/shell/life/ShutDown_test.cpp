@@ -133,6 +133,7 @@ TEST_F(ShutDownTest, EndedByTheSystemItSavesWhatIsTypedWithoutAQuestion) {
   EXPECT_TRUE(fileBytes(path).contains("<Title>Saved%20in%20time</Title>"));
   EXPECT_TRUE(filesBelow(QFileInfo(path).path()).value(u"RTF/RTF_00001.rtf"_s).contains("typed last"));
   EXPECT_TRUE(logText().contains(u"Ended by the system"_s));
+  EXPECT_TRUE(logText().endsWith(u", Program ended\r\n"_s));
 }
 
 TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {

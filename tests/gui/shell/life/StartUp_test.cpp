@@ -5,6 +5,7 @@
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedGetDate.h"
+#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
@@ -167,6 +168,39 @@ TEST_F(StartUpTest, TheOtherSlashPartsAPathThatIsNotThereAsItStands) {
   writeSettings({u"Keep,me"_s});
   start(u'"' + QString(project).replace(u"/Old road/"_s, u"\\Old road\\"_s) + u'"');
   EXPECT_EQ(g_Project->FileWithPath, project);
+}
+
+TEST_F(StartUpTest, TellsWhenTheLastRunDidNotComeToItsEnd) {
+  const QString told = u"The program did not end properly last time. What it did then is in log_last.txt."_s;
+  const QString log = Paths::programFolder() + u"log.txt"_s;
+  const QString lastLog = Paths::programFolder() + u"log_last.txt"_s;
+  const QString project = smallProject();
+  startWith(project);
+  EXPECT_NE(panel("numberfiles"), told) << "there was no run before";
+  endProgram();
+  startWith(project);
+  EXPECT_NE(panel("numberfiles"), told) << "that one ended";
+  EXPECT_TRUE(fileBytes(lastLog).endsWith(", Program ended\r\n"));
+  EXPECT_FALSE(logText().contains(u"Program ended"_s));
+  const QByteArray cutShort = fileBytes(log) + "1 14:03:22, Saving Program ended\r\n";
+  writeFile(log, cutShort);
+  start(folder.path(u"gone.qn4"_s));
+  EXPECT_EQ(panel("numberfiles"), folder.path(u"gone.qn4"_s) + u" wasn't found. "_s + told);
+  EXPECT_EQ(fileBytes(lastLog), cutShort);
+  EXPECT_TRUE(logText().contains(u", The last run did not end properly\r\n"_s));
+}
+
+TEST_F(StartUpTest, ASecondCopyLeavesTheLogOfTheFirstAlone) {
+  const QString log = Paths::programFolder() + u"log.txt"_s;
+  const QString own = Paths::programFolder() + u"log_copy.txt"_s;
+  writeFile(log, "1 14:03:22, still running\r\n");
+  prepare = [](frmMain& main) { main.AnotherCopyRuns = true; };
+  startWith(smallProject());
+  EXPECT_FALSE(panel("numberfiles").contains(u"did not end"_s));
+  EXPECT_EQ(fileBytes(log), "1 14:03:22, still running\r\n");
+  EXPECT_TRUE(fileBytes(own).contains(", Starting Application\r\n"));
+  Logging().OverrideLogFilename(log);
+  EXPECT_TRUE(QFile::remove(own));
 }
 
 TEST_F(StartUpTest, ACommandLineThatLeadsNowhereOpensNothing) {
