@@ -94,8 +94,9 @@ class clsScenes : public EntityCollection<SceneTraits> {
   /// where it is wanted.
   bool CreateFromXML(const TagView& block, bool singleFile, QString* missing = nullptr);
   /// Writes the file of each scene whose text is due; forced, those too that have gone from the disk. Yields now and
-  /// then. What other programs left under these names stays, unless `overOthers`.
-  bool SaveScenesText(bool force, bool overOthers = false) const;
+  /// then. What other programs left under these names stays, unless `overOthers`. A text that can't be written stays
+  /// due; false, and `cause` says why, when its scene has no file at all then.
+  bool SaveScenesText(bool force, bool overOthers = false, QString* cause = nullptr) const;
 };
 
 class clsChapters : public EntityCollection<ChapterTraits> {

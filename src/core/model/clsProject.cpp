@@ -273,6 +273,7 @@ void clsProject::Clear() {
   rtfFolderName_ = u"RTF"_s;
   lock_.reset();
   readOnly_ = false;
+  made_.clear();
   reloadWanted_ = false;
   rescueFolder_.clear();
   Chapters.Clear();

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <memory>
@@ -202,6 +203,8 @@ class clsProject {
   QString rtfFolderName_ = QStringLiteral("RTF");
   std::unique_ptr<FolderLock> lock_;
   bool readOnly_ = false;
+  /// The folders for texts that saves of this book have made: no other book is in them.
+  QStringList made_;
   bool reloadWanted_ = false;
   /// The folder for the texts of a book without a file; named when it is first needed.
   QString rescueFolder_;

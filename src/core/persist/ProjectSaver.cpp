@@ -347,14 +347,14 @@ void ProjectSaver::tell(const Failure& failure) {
 ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) {
   const QString folder = project_.Path();
   const QString texts = project_.RTFFolder();
-  const bool isOurs = (isOwnFolder() && !project_.readOnly_ && !sharesFolder_) || made_.contains(texts);
+  const bool isOurs = (isOwnFolder() && !project_.readOnly_ && !sharesFolder_) || project_.made_.contains(texts);
   if (form == Form::Folder && asked && !isOurs && Files().FolderExists(texts)) {
     return boxed(u"There's already a project in that location. Please choose a different folder."_s);
   }
   Files().MkMissingDir(folder);
   if (form == Form::Folder) {
     if (Files().MkMissingDir(texts)) {
-      made_.append(texts);
+      project_.made_.append(texts);
     }
     if (!Files().FolderExists(folder)) {
       return boxed(u"Unable to create project folder. Please choose another location."_s);
@@ -372,6 +372,7 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
   }
   Logging().LogEvent(u"Saving project"_s);
   Failure failure;
+  textFailure_.clear();
   cause = Guard("Save", "clsProject").causeOf([&] {
     LongWork work(project_, u"Saving Project"_s, showProgress);
     failure = writeSteps(work, file.number(), form, showProgress);
@@ -380,7 +381,7 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
     }
   });
   if (!isDone(failure)) {
-    return because(failure, Channels().failureOf(file.number()));
+    return because(failure, textFailure_.isEmpty() ? Channels().failureOf(file.number()) : textFailure_);
   }
   return cause.isEmpty() ? Failure() : because(boxed(kUnableToSave), cause);
 }
@@ -437,13 +438,13 @@ bool ProjectSaver::writeHead(int file) const {
   });
 }
 
-bool ProjectSaver::writeTexts(Form form, bool force) const {
+bool ProjectSaver::writeTexts(Form form, bool force) {
   if (form == Form::SingleFile) {
     Logging().LogEvent(u"Saving scene RTF in project file"_s);
     return true;
   }
   Logging().LogEvent(u"Saving scene RTF files to "_s + project_.Path() + u"RTF"_s);
-  return project_.Scenes.SaveScenesText(force, overOthers_);
+  return project_.Scenes.SaveScenesText(force, overOthers_, &textFailure_);
 }
 
 void ProjectSaver::remember(Form form) {

@@ -3,7 +3,6 @@
 #include "core/infra/FileStamp.h"
 
 #include <QString>
-#include <QStringList>
 
 class LongWork;
 class clsProject;
@@ -56,7 +55,7 @@ class ProjectSaver {
   Failure write(bool showProgress, Form form);
   Failure writeSteps(LongWork& work, int file, Form form, bool forceTexts);
   bool writeHead(int file) const;
-  bool writeTexts(Form form, bool force) const;
+  bool writeTexts(Form form, bool force);
   void remember(Form form);
   QString forcedExtension(const QString& extension) const;
   /// The same for a name that the user gave.
@@ -68,11 +67,11 @@ class ProjectSaver {
   static void tell(const Failure& failure);
 
   clsProject& project_;
-  /// The folders that this save has made.
-  QStringList made_;
   /// The user gave up what stands in the folder.
   bool overOthers_ = false;
   /// The texts in the book's own folder are another one's too.
   bool sharesFolder_ = false;
   FileStamp written_;
+  /// Why the text of a scene that has no file yet could not be written.
+  QString textFailure_;
 };

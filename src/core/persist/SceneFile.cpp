@@ -66,7 +66,7 @@ void flushRTFFolder() {
 
 // What a window saves by itself: there is somebody to ask.
 void clsScene::SaveRTF(bool force) {
-  const SceneFile file(*this);
+  SceneFile file(*this);
   if (g_Project->FileWithPath.isEmpty()) {
     RescueFolder(*g_Project).keep(*this);
     return;
@@ -89,7 +89,7 @@ bool clsScene::LoadRTF() {
   return SceneFile(*this).load(folder);
 }
 
-bool clsScenes::SaveScenesText(bool force, bool overOthers) const {
+bool clsScenes::SaveScenesText(bool force, bool overOthers, QString* cause) const {
   bool result = true;
   bool written = false;
   const QString mirror = SceneFile::mirrorFolder();
@@ -98,7 +98,15 @@ bool clsScenes::SaveScenesText(bool force, bool overOthers) const {
   // By position: what is yielded to may add a scene.
   for (qint32 i = 1; i <= Count(); ++i) {
     const Pointer scene = SceneByIndex(i);
-    result = guard([&] { written = SceneFile(*scene).save(force, mirror, others) || written; }) && result;
+    SceneFile file(*scene);
+    result = guard([&] { written = file.save(force, mirror, others) || written; }) && result;
+    // The book can't be opened without it, so its file must not name it before it is there.
+    if (!file.failure().isEmpty() && !Files().FileExists(scene->RTFFileWithPath())) {
+      result = false;
+      if (cause != nullptr) {
+        *cause = file.failure();
+      }
+    }
     guard([] { Subs().RegularDoEvents(); });
   }
   if (written) {
@@ -143,7 +151,7 @@ bool SceneFile::isDue() const {
   return scene_.rtfFilename_.isEmpty() || scene_.rtfChanged_ || scene_.textUnread_;
 }
 
-bool SceneFile::save(bool force, const QString& mirrorFolder, Others others) const {
+bool SceneFile::save(bool force, const QString& mirrorFolder, Others others) {
   // A book without a file has no folder: its texts stay due, and never go to where the program happens to stand.
   if (g_Project->FileWithPath.isEmpty()) {
     return false;
@@ -196,19 +204,19 @@ std::optional<SceneFile::Changed> SceneFile::changedByOthers() const {
   return changed;
 }
 
-bool SceneFile::mayWrite(Others others) const {
+bool SceneFile::mayWrite(Others others) {
   if (SceneFolder::leadsOut(*g_Project, path())) {
-    Logging().LogEvent(path() + u" leads out of the project's folder, and isn't written"_s);
+    failure_ = path() + u" leads out of the project's folder, and isn't written"_s;
     return false;
   }
   if (others == Others::Kept && changedByOthers()) {
-    Logging().LogEvent(path() + u" was changed by another program, and isn't written over"_s);
+    failure_ = path() + u" was changed by another program, and isn't written over"_s;
     return false;
   }
   return true;
 }
 
-bool SceneFile::writeText(Others others) const {
+bool SceneFile::writeText(Others others) {
   if (scene_.rtfFilename_.isEmpty()) {
     QSet<QString> taken = namesOf(g_Project->Scenes);
     name(taken);
@@ -218,22 +226,23 @@ bool SceneFile::writeText(Others others) const {
   if (mayWrite(others)) {
     // A file that holds these bytes is left alone: reading it costs a hundredth of writing it to disk anew.
     const bool holdsAlready = FileStamp::lookAt(path()).looksLike(scene_.stored_) && scene_.stored_.hasContent(text);
-    written = !holdsAlready && Guard("SaveRTF", "clsScene")([&] {
-      scene_.stored_ = Files().ReplaceFile(path(), text, ReplacementFile::Durability::ContentOnDisk);
-    });
-    scene_.rtfChanged_ = !written && !holdsAlready;
-  } else {
-    scene_.rtfChanged_ = true;
+    if (!holdsAlready) {
+      failure_ = Guard("SaveRTF", "clsScene").causeOf([&] {
+        scene_.stored_ = Files().ReplaceFile(path(), text, ReplacementFile::Durability::ContentOnDisk);
+      });
+      written = failure_.isEmpty();
+    }
   }
+  scene_.rtfChanged_ = !failure_.isEmpty();
   if (scene_.rtfChanged_) {
-    logUnsaved(path());
+    logUnsaved(path() + u" ("_s + failure_ + u')');
   }
   return written;
 }
 
 // What stands on the disk stays as it is: it is what was left there, or another program's. What another program took
 // away is needed, for the book can't be opened without it.
-bool SceneFile::restoreIfGone() const {
+bool SceneFile::restoreIfGone() {
   return !FileStamp::lookAt(path()).isKnown() && writeText(Others::Kept);
 }
 

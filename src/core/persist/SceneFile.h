@@ -26,7 +26,9 @@ class SceneFile {
   /// Writes the text when it is due; forced, also where it isn't on the disk any more, and the plain mirror into its
   /// folder where there is to be one. What could not be written stays due, and that is logged. True when a file was
   /// written, whose name may still have to reach the disk.
-  bool save(bool force, const QString& mirrorFolder, Others others = Others::Kept) const;
+  bool save(bool force, const QString& mirrorFolder, Others others = Others::Kept);
+  /// Why the text could not be written; empty when it could.
+  const QString& failure() const { return failure_; }
   /// Reads the text; false, and logged, when it can't be read. Counts stay as they are.
   bool load(SceneFolder& folder) const;
   /// Takes what stands on the disk under the scene's name for known, whatever the scene holds.
@@ -47,11 +49,12 @@ class SceneFile {
  private:
   QString path() const;
   bool isDue() const;
-  bool mayWrite(Others others) const;
-  bool writeText(Others others) const;
-  bool restoreIfGone() const;
+  bool mayWrite(Others others);
+  bool writeText(Others others);
+  bool restoreIfGone();
   bool keepUndecodedText() const;
   void writePlainMirror(const QString& folder) const;
 
   clsScene& scene_;
+  QString failure_;
 };

@@ -171,7 +171,7 @@ TEST_F(Collections, TextsAreWrittenWhenDueOrForcedAndAFailureKeepsTheOthersGoing
   QFile::remove(scratch.path(u"RTF/RTF_00001.rtf"_s));
   QDir(scratch.path()).mkpath(u"RTF/RTF_00001.rtf"_s);  // A folder where the scene's file should be.
   g_Project->SceneByID(2)->setTextRTF("new");
-  EXPECT_TRUE(g_Project->Scenes.SaveScenesText(false));
+  EXPECT_FALSE(g_Project->Scenes.SaveScenesText(false)) << "its book could not be opened";
   const auto due = [](qint32 id) { return g_Project->SceneByID(id)->RTFChanged(); };
   EXPECT_TRUE(due(2));
   EXPECT_FALSE(due(1) || due(3) || due(4) || due(5));

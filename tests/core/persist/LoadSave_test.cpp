@@ -9,6 +9,7 @@
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "support/FailingDisk.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
@@ -337,15 +338,18 @@ TEST_F(LoadSave, ThePlainMirrorIsWrittenOnlyWhenSwitchedOn) {
 TEST_F(LoadSave, AFailedWriteOfASceneKeepsItDueForTheNextSave) {
   ASSERT_TRUE(g_Project->Load(path_, false));
   const QString target = scratch_.path(u"RTF/RTF_00002.rtf"_s);
-  ASSERT_TRUE(QFile::remove(target));
-  ASSERT_TRUE(QDir().mkpath(target));
+  const QByteArray old = fileBytes(target);
+  const QByteArray text = simpleRtf(QByteArray("not lost ").repeated(20000));
   const auto scene = sceneAt(2);
-  scene->setTextRTF(simpleRtf("not lost"));
-  EXPECT_TRUE(g_Project->SaveQN4(false));
+  scene->setTextRTF(text);
+  {
+    const FailingDisk disk(100000);
+    EXPECT_TRUE(g_Project->SaveQN4(false));
+  }
   EXPECT_TRUE(scene->RTFChanged());
-  EXPECT_TRUE(logText().contains(u"Could not save "_s + target));
-  ASSERT_TRUE(QDir().rmdir(target));
+  EXPECT_TRUE(logText().contains(u"Could not save "_s + target + u" (Disk full"_s));
+  EXPECT_EQ(fileBytes(target), old);
   EXPECT_TRUE(g_Project->SaveQN4(false));
-  EXPECT_EQ(fileBytes(target), simpleRtf("not lost"));
+  EXPECT_EQ(fileBytes(target), text);
   EXPECT_FALSE(scene->RTFChanged());
 }
