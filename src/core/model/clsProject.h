@@ -157,6 +157,8 @@ class clsProject {
   bool HoldsUnsaved() const;
   /// Opened to be looked at: nothing is saved to its own place.
   bool ReadOnly() const { return readOnly_; }
+  /// What is saved of it has where to go: it has a file, which isn't read-only.
+  bool HasPlace() const { return !FileWithPath.isEmpty() && !readOnly_; }
   /// The user wants the project file as another program has left it, in the place of what is in memory.
   bool ReloadWanted() const { return reloadWanted_; }
   /// True on success; a failed load leaves an empty project. The user has been told by then.

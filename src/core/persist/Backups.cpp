@@ -4,6 +4,10 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/ZipReader.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 #include "core/persist/WholeFile.h"
 
 #include <QDir>
@@ -69,4 +73,16 @@ std::optional<Backup> newestBackup(const QString& projectFile) {
     }
   }
   return {};
+}
+
+bool backUpScene(clsScene& scene, const QByteArray& rtf) {
+  if (g_Project->FileWithPath.isEmpty() || g_Project->ReadOnly()) {
+    return false;
+  }
+  const QString folder = g_Project->TodaysBackupFolder();
+  Files().MkMissingDir(folder);
+  const qint32 place = g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID());
+  return Files().SaveTextFile(
+      folder + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s + QString::number(place) + u".rtf"_s,
+      QByteArrayView(rtf));
 }

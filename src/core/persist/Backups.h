@@ -6,6 +6,8 @@
 
 #include <optional>
 
+class clsScene;
+
 /// A whole older copy of a project file.
 struct Backup {
   QString path;
@@ -17,3 +19,7 @@ struct Backup {
 /// The newest that is whole: of the archives in the backup folder, the single file and other copies beside the project
 /// file.
 std::optional<Backup> newestBackup(const QString& projectFile);
+
+/// Writes a scene's text, as it stands in an editor, to the day's folder of backups: one file for each scene and place
+/// in its chapter. False, and logged, when that failed.
+bool backUpScene(clsScene& scene, const QByteArray& rtf);

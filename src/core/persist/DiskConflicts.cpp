@@ -10,8 +10,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
-
-#include <QFileInfo>
+#include "core/persist/ConflictCopy.h"
 
 #include <algorithm>
 
@@ -20,18 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 enum Choice { kBoth, kMine, kTheirs };
-
-/// "name (conflict YYYY-MM-DD)" beside the file; with a number where that is taken.
-QString conflictName(const QString& path) {
-  const QString stem = Files().PathOnly(path) + Files().FileWithoutExt(Files().FileOnly(path)) + u" (conflict "_s +
-                       Clock::today().toString(Qt::ISODate);
-  const QString ending = u')' + Files().ExtOnlyWithDot(Files().FileOnly(path));
-  QString name = stem + ending;
-  for (int number = 2; QFileInfo::exists(name); ++number) {
-    name = stem + u' ' + QString::number(number) + ending;
-  }
-  return name;
-}
 
 }  // namespace
 
@@ -52,11 +39,36 @@ void DiskConflicts::lookAtProjectFile() {
 }
 
 void DiskConflicts::lookAt(clsScene& scene) {
-  if (!scene.RTFChanged()) {
-    return;
+  if (scene.RTFChanged()) {
+    lookAtDisk(scene);
   }
+}
+
+void DiskConflicts::lookAtDisk(clsScene& scene) {
   if (auto changed = SceneFile(scene).changedByOthers()) {
     conflicts_.append({scene.RTFFileWithPath(), *std::move(changed), scene.shared_from_this()});
+  }
+}
+
+bool DiskConflicts::hasProjectFile() const {
+  return std::any_of(conflicts_.begin(), conflicts_.end(), [](const Conflict& conflict) { return !conflict.scene; });
+}
+
+QList<std::shared_ptr<clsScene>> DiskConflicts::scenes() const {
+  QList<std::shared_ptr<clsScene>> found;
+  for (const Conflict& conflict : conflicts_) {
+    if (conflict.scene) {
+      found.append(conflict.scene);
+    }
+  }
+  return found;
+}
+
+void DiskConflicts::takeTexts() const {
+  for (const Conflict& conflict : conflicts_) {
+    if (conflict.scene) {
+      takeTheirs(conflict);
+    }
   }
 }
 
@@ -79,7 +91,7 @@ bool DiskConflicts::mayTakeTheirs(Askers askers) const {
 }
 
 bool DiskConflicts::keepBeside(const Conflict& conflict) const {
-  const QString name = conflictName(conflict.path);
+  const QString name = ConflictCopy::nameFor(conflict.path);
   const QString cause =
       Guard("keepBeside", "DiskConflicts").causeOf([&] { Files().ReplaceFile(name, conflict.changed.text); });
   if (!cause.isEmpty()) {
@@ -114,8 +126,6 @@ DiskConflicts::Outcome DiskConflicts::settle(Askers askers) {
     asked.text += u" To take the other, please close all editor windows first."_s;
   }
   const int choice = toolkit().Choose(asked);
-  const bool isProjectFile =
-      std::any_of(conflicts_.begin(), conflicts_.end(), [](const Conflict& conflict) { return !conflict.scene; });
   switch (choice) {
     case kBoth:
       for (const Conflict& conflict : conflicts_) {
@@ -131,12 +141,8 @@ DiskConflicts::Outcome DiskConflicts::settle(Askers askers) {
       }
       return Outcome::GoOn;
     case kTheirs:
-      for (const Conflict& conflict : conflicts_) {
-        if (conflict.scene) {
-          takeTheirs(conflict);
-        }
-      }
-      return isProjectFile ? Outcome::Reload : Outcome::GoOn;
+      takeTexts();
+      return hasProjectFile() ? Outcome::Reload : Outcome::GoOn;
     default:
       return Outcome::GiveUp;
   }

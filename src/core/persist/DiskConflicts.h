@@ -20,7 +20,14 @@ class DiskConflicts {
   void lookAtProjectFile();
   /// A scene whose text isn't due has nothing to write over.
   void lookAt(clsScene& scene);
+  /// Due or not.
+  void lookAtDisk(clsScene& scene);
   bool isEmpty() const { return conflicts_.isEmpty(); }
+  bool hasProjectFile() const;
+  /// The scenes whose texts were found changed.
+  QList<std::shared_ptr<clsScene>> scenes() const;
+  /// Puts the texts that were found in the place of ours.
+  void takeTexts() const;
 
   enum class Askers { Project, Editor };
   enum class Outcome {

@@ -6,6 +6,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/ConflictCopy.h"
 #include "core/persist/ProjectSaver.h"
 #include "core/persist/ProjectSummary.h"
 
@@ -22,7 +23,7 @@ QStringList OlderCopy::othersInFolder() const {
   QStringList others;
   for (const QFileInfo& file : QDir(project_.Path()).entryInfoList({u"*.qn4"_s}, QDir::Files, QDir::Time)) {
     const bool isItself = Paths::identity(file.filePath()) == Paths::identity(project_.FileWithPath);
-    if (!isItself && !file.fileName().contains(u"(conflict "_s)) {
+    if (!isItself && !ConflictCopy::isOne(file.fileName())) {
       others.append(QDir::toNativeSeparators(file.filePath()));
     }
   }

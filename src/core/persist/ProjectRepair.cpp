@@ -9,9 +9,9 @@
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/ConflictCopy.h"
 
 #include <QDir>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -34,14 +34,6 @@ QStringList titlesOfRenumbered(const Collection& collection) {
     }
   }
   return titles;
-}
-
-/// Ours, and what services that keep folders the same on several machines put beside a file that two have changed.
-bool isConflictCopy(const QString& name) {
-  static const QRegularExpression pattern(
-      u"\\(conflict \\d|conflicted copy|\\.sync-conflict-|\\bcase conflict\\b|_conflict-\\d|-conflict-\\d"_s,
-      QRegularExpression::CaseInsensitiveOption);
-  return name.contains(pattern);
 }
 
 }  // namespace
@@ -150,7 +142,7 @@ void ProjectRepair::findConflictCopies() {
   QStringList copies;
   for (const QString& folder : {project_.Path(), project_.RTFFolder()}) {
     for (const QString& name : QDir(folder).entryList(QDir::Files, QDir::Name)) {
-      if (isConflictCopy(name)) {
+      if (ConflictCopy::isOne(name)) {
         copies.append(name);
       }
     }

@@ -67,11 +67,11 @@ void flushRTFFolder() {
 // What a window saves by itself: there is somebody to ask.
 void clsScene::SaveRTF(bool force) {
   SceneFile file(*this);
-  if (g_Project->FileWithPath.isEmpty()) {
+  if (!g_Project->HasPlace()) {
     RescueFolder(*g_Project).keep(*this);
     return;
   }
-  if (g_Project->ReadOnly() || !OlderCopy(*g_Project).mayWriteTexts()) {
+  if (!OlderCopy(*g_Project).mayWriteTexts()) {
     return;
   }
   DiskConflicts conflicts(*g_Project);

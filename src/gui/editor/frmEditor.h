@@ -71,6 +71,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   bool SaveChanges(bool spellCheck);
   /// The same, and told, when the text could not be written to its file.
   bool saveWhole();
+  /// For the status bar.
+  QString whereSaved() const;
   /// False when the window is to stay open.
   bool AskIfSave();
   void ExitForm();

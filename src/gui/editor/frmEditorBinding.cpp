@@ -6,6 +6,8 @@
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/Backups.h"
+#include "core/persist/RescueFolder.h"
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
@@ -121,7 +123,12 @@ bool frmEditor::SaveChanges(bool) {
     return false;
   }
   FormToData(*saved);
+  const QByteArray given = saved->TextRTF();
   saved->Save(false, true);
+  if (saved->TextRTF() != given) {
+    // Another program had changed the file, and the user took that.
+    loadMainText(*saved);
+  }
   LastEditorLeft = Twips::fromPixels(x());
   LastEditorTop = Twips::fromPixels(y());
   setCaption(saved->Title);
@@ -130,19 +137,30 @@ bool frmEditor::SaveChanges(bool) {
   if (Changed) {
     Changed();
   }
-  // What could not be written stays due. The texts of a book without a file are kept by the book until it has one.
-  const bool hasFile = !g_Project->FileWithPath.isEmpty();
-  Dirty = hasFile && saved->RTFChanged();
-  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty     ? u"The scene's file could not be written"_s
-                                                  : hasFile ? u"Last Autosave: None"_s
-                                                            : u"Kept in memory: the book has no file yet"_s);
+  // What could not be written stays due. The texts of a book that has no place are kept by the book until it has one.
+  Dirty = g_Project->HasPlace() && saved->RTFChanged();
+  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"The scene's file could not be written"_s : whereSaved());
   return true;
 }
 
-void frmEditor::SaveQuietly() {
-  if (Dirty && Finished && scene()->InScenes()) {
-    SaveChanges(false);
+QString frmEditor::whereSaved() const {
+  if (g_Project->HasPlace()) {
+    return u"Last Autosave: None"_s;
   }
+  return (g_Project->ReadOnly() ? u"Kept in memory, the book being read-only, and in "_s
+                                : u"Kept in memory, the book having no file yet, and in "_s) +
+         RescueFolder(*g_Project).path();
+}
+
+// Should the scene's own file not take it, there is one more.
+void frmEditor::SaveQuietly() {
+  const auto saved = scene();
+  if (!Dirty || !Finished || !saved->InScenes()) {
+    return;
+  }
+  FormToData(*saved);
+  Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved, saved->TextRTF()); });
+  SaveChanges(false);
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.
@@ -165,7 +183,7 @@ bool frmEditor::AskIfSave() {
     case Answer::Yes:
       return saveWhole();
     case Answer::No:
-      savedChanges_ = false;
+      // What was saved before stays saved: a new scene is kept as it was then.
       return true;
     default:
       return false;

@@ -90,6 +90,14 @@ void ProjectCommands::mnuSaveProj_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
+  if (g_Project->ReadOnly()) {
+    if (toolkit().MsgBox(u"The book was opened read-only, so nothing is saved to its place. Do you want to save it "
+                         "under a new name?"_s,
+                         Buttons::YesNo) == Answer::Yes) {
+      main_.session().saveUnderNewName();
+    }
+    return;
+  }
   main_.SaveProject(true);
   if (g_Project->FileWithPath.isEmpty()) {
     return;  // no file was named, and that has been said
@@ -105,10 +113,7 @@ void ProjectCommands::mnuSaveAs_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
-  main_.ProjectChanged = false;
-  if (g_Project->SaveAs() && !g_Project->HoldsUnsaved()) {
-    main_.session().AddToRecent(g_Project->FileWithPath);
-  }
+  main_.session().saveUnderNewName();
 }
 
 void ProjectCommands::mnuCloseProject_Click() {
@@ -138,7 +143,11 @@ void ProjectCommands::mnuAppendProject_Click() {
 }
 
 void ProjectCommands::mnuSaveToSingleFile_Click() {
-  if (g_Project->FileWithPath.isEmpty()) {
+  if (g_Project->FileWithPath.isEmpty() || g_Project->IsBusy()) {
+    return;
+  }
+  if (g_Project->ReadOnly()) {
+    toolkit().MsgBox(u"The book was opened read-only, so nothing is saved to its place."_s);
     return;
   }
   QString saved;

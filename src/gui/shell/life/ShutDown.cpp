@@ -5,6 +5,7 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "core/persist/RescueFolder.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
@@ -20,6 +21,9 @@ namespace {
 
 /// What of the book stands in memory alone; empty when nothing does.
 QString whatWouldBeLost() {
+  if (g_Project->ReloadWanted()) {
+    return {};  // what another program has left is what shall stay
+  }
   const QString& path = g_Project->FileWithPath;
   if (const qint32 unsaved = g_Project->UnsavedTexts(); unsaved > 0 && !path.isEmpty()) {
     return u"The text of %1 scene(s) could not be written to %2."_s.arg(unsaved).arg(g_Project->Path() + u"RTF"_s);
@@ -48,7 +52,7 @@ void frmMain::EndProgram() {
   if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
     guard([&] { SaveProject(true); });
     bool mayLeave = true;
-    guard([&] { mayLeave = mayLeaveBook(); });
+    guard([&] { mayLeave = g_Project->ReadOnly() ? session_.mayLeaveReadOnly() : mayLeaveBook(); });
     if (!mayLeave) {
       Closing = false;
       StartScanTimer();
@@ -77,6 +81,11 @@ void frmMain::SaveAtOnce() {
   guard([] {
     if (!g_Project->FileWithPath.isEmpty()) {
       g_Project->SaveQN4(false);
+    }
+  });
+  guard([] {
+    if (g_Project->HoldsUnsaved()) {
+      Settings().sSet(u"RescuedBook"_s, RescueFolder(*g_Project).keepBook());
     }
   });
   installToolkit(&screen);

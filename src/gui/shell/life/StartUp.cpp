@@ -252,6 +252,13 @@ void StartUp::finish() {
 }
 
 void StartUp::tellOfStart() const {
+  if (const QString rescued = Settings().sGet(u"RescuedBook"_s).toString(); !rescued.isEmpty()) {
+    Settings().DeleteSettingByName(u"RescuedBook"_s);
+    toolkit().MsgBox(
+        u"When the system ended the program last time, the book could not be saved whole in its own place. All of it "
+        "is kept in\n"_s +
+        rescued + u"\nThe Project menu opens it."_s);
+  }
   QStringList told;
   if (!notFound_.isEmpty()) {
     told += notFound_ + u" wasn't found."_s;

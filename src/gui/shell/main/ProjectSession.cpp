@@ -43,11 +43,42 @@ void ProjectSession::showEmptyProject() {
 }
 
 void ProjectSession::SaveProject(bool ShowProgress) {
+  if (g_Project->ReadOnly()) {
+    return;
+  }
   main_.ProjectChanged = false;
   if (g_Project->SaveQN4(ShowProgress)) {
     AddToRecent(g_Project->FileWithPath);
   }
   main_.showTitle();
+}
+
+bool ProjectSession::saveUnderNewName() {
+  if (g_Project->SaveAs() && !g_Project->HoldsUnsaved()) {
+    main_.ProjectChanged = false;
+    AddToRecent(g_Project->FileWithPath);
+  }
+  main_.showTitle();
+  return !g_Project->HoldsUnsaved();
+}
+
+// A changed title is in no text and counts as little as it does elsewhere: it is a change all the same.
+bool ProjectSession::mayLeaveReadOnly() {
+  while (main_.ProjectChanged || g_Project->HoldsUnsaved()) {
+    switch (toolkit().Choose({u"The book was opened read-only, so what you have changed in it isn't saved."_s,
+                              {u"Save under a new name"_s, u"Leave it unsaved"_s}})) {
+      case 0:
+        if (saveUnderNewName()) {
+          return true;
+        }
+        break;
+      case 1:
+        return true;
+      default:
+        return false;
+    }
+  }
+  return true;
 }
 
 QString ProjectSession::nameOfBook() const {
@@ -61,10 +92,13 @@ bool ProjectSession::isChanged() const {
 }
 
 bool ProjectSession::mayReplaceProject() {
+  if (g_Project->ReadOnly()) {
+    return mayLeaveReadOnly();
+  }
   if (main_.ProjectChanged || g_Project->HoldsUnsaved()) {
     SaveProject(false);
   }
-  return !g_Project->HoldsUnsaved() ||
+  return !g_Project->HoldsUnsaved() || g_Project->ReloadWanted() ||
          toolkit().MsgBox(
              u"The project could not be saved whole. What isn't saved is lost if you go on. Do you want to go on?"_s,
              Buttons::YesNo) == Answer::Yes;

@@ -17,6 +17,10 @@ class ProjectSession {
   QString nameOfBook() const;
   /// There are changes that the project file doesn't hold.
   bool isChanged() const;
+  /// Asks for the place. False when something stands in memory alone still.
+  bool saveUnderNewName();
+  /// What was changed in a book that was opened read-only is asked about. False when the user stays.
+  bool mayLeaveReadOnly();
   /// Saves what is to be saved; what can't be is asked about. False when the project has to stay.
   bool mayReplaceProject();
   /// True when it was done, and also when open editors stood in the way of saving. False when the project could not

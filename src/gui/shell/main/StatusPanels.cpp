@@ -1,9 +1,11 @@
 #include "gui/shell/main/StatusPanels.h"
 
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
 
 #include <QLabel>
 #include <QLocale>
+#include <QPushButton>
 #include <QStatusBar>
 
 using namespace Qt::StringLiterals;
@@ -24,10 +26,19 @@ Panel* addPanel(QStatusBar& bar, const QString& key, int stretch) {
 
 StatusPanels::StatusPanels(QStatusBar& bar)
     : message_(addPanel<ElidedLabel>(bar, u"numberfiles"_s, 1)),
+      loadIt_(makeButton(u"cmdLoadIt"_s, u"Load it"_s, &bar)),
       total_(addPanel<QLabel>(bar, u"Totalwords"_s, 0)),
       version_(addPanel<QLabel>(bar, u"Version"_s, 0)),
       backup_(addPanel<QLabel>(bar, u"backup"_s, 0)) {
   backup_->hide();
+  bar.insertWidget(1, loadIt_);
+  loadIt_->hide();
+  QObject::connect(loadIt_, &QPushButton::clicked, loadIt_, [this] {
+    // It may go with what it does.
+    if (const auto load = load_) {
+      load();
+    }
+  });
 }
 
 void StatusPanels::setMessage(const QString& text) {
@@ -40,8 +51,19 @@ void StatusPanels::setHint(const QString& text) {
   showFirstPanel();
 }
 
+void StatusPanels::setOffer(const QString& text, const std::function<void()>& load) {
+  load_ = load;
+  if (text == offer_) {
+    return;
+  }
+  offer_ = text;
+  loadIt_->setVisible(!text.isEmpty());
+  showFirstPanel();
+}
+
 void StatusPanels::showFirstPanel() {
-  message_->setText(hint_.isEmpty() ? said_ : hint_);
+  const QString& resting = offer_.isEmpty() ? said_ : offer_;
+  message_->setText(hint_.isEmpty() ? resting : hint_);
 }
 
 void StatusPanels::setTotal(qint32 words) {

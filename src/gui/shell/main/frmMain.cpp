@@ -10,6 +10,7 @@
 #include "core/model/clsScene.h"
 #include "gui/shell/main/ChangeScan.h"
 #include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/DiskWatch.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/PaneLayout.h"
@@ -82,6 +83,7 @@ void frmMain::createParts() {
   statusBar()->setObjectName(u"StatusBar1"_s);
   status_ = std::make_unique<StatusPanels>(*statusBar());
   scan_ = std::make_unique<ChangeScan>(*this);
+  disk_ = std::make_unique<DiskWatch>(*this);
   Timer3.setObjectName(u"Timer3"_s);
   Timer3.setParent(this);
   Timer3.setInterval(5s);
@@ -187,10 +189,12 @@ void frmMain::followEditing() {
 
 void frmMain::StopScanTimer() {
   scan_->stop();
+  disk_->stop();
 }
 
 void frmMain::StartScanTimer() {
   scan_->start();
+  disk_->start();
 }
 
 void frmMain::RefreshAll() {
@@ -213,7 +217,8 @@ void frmMain::showMessage(const QString& text) {
 void frmMain::showTitle() {
   const QString program = u"Quillane 4 by Brackenlight Software"_s;
   const QString book = session_.nameOfBook();
-  setWindowTitle(book.isEmpty() ? program : literalTitle(book) + u"[*] \u2013 "_s + program);
+  const QString state = g_Project->ReadOnly() ? u" (read-only)"_s : QString();
+  setWindowTitle(book.isEmpty() ? program : literalTitle(book) + state + u"[*] \u2013 "_s + program);
   setWindowModified(!book.isEmpty() && (ProjectChanged || g_Project->HoldsUnsaved()));
 }
 

@@ -11,6 +11,7 @@
 
 class ChangeScan;
 class CommandGroup;
+class DiskWatch;
 class MainMenuBar;
 class MainPanes;
 class StatusPanels;
@@ -118,6 +119,7 @@ class frmMain : public QMainWindow {
   MainMenuBar* menus_ = nullptr;
   std::unique_ptr<StatusPanels> status_;
   std::unique_ptr<ChangeScan> scan_;
+  std::unique_ptr<DiskWatch> disk_;
   ProjectSession session_;
   std::vector<std::unique_ptr<CommandGroup>> commands_;
   /// What the menus were last told of open editors.

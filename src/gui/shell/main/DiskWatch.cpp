@@ -1,0 +1,112 @@
+#include "gui/shell/main/DiskWatch.h"
+
+#include "core/infra/ScanPause.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/persist/DiskConflicts.h"
+#include "gui/shell/main/StatusPanels.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/toolkit/GuardedSlot.h"
+
+#include <algorithm>
+#include <chrono>
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kScenesAtATime = 64;
+
+QString whatChanged(const DiskConflicts& found) {
+  const auto scenes = found.scenes();
+  const QString what = found.hasProjectFile() ? u"this book's file"_s
+                       : scenes.size() == 1   ? u"the text of '"_s + scenes.first()->Title + u'\''
+                                              : u"the texts of %1 scenes"_s.arg(scenes.size());
+  return u"Another program has changed "_s + what + u'.';
+}
+
+}  // namespace
+
+DiskWatch::DiskWatch(frmMain& main) : main_(main) {
+  timer_.setObjectName(u"TimerDisk"_s);
+  timer_.setParent(&main);
+  timer_.setInterval(3s);
+  QObject::connect(&timer_, &QTimer::timeout, &main, guarded("TimerDisk_Timer", "frmMain", [this] { look(); }));
+}
+
+void DiskWatch::look() {
+  if (main_.Closing || ScanPause::isActive() || g_Project->IsBusy()) {
+    return;
+  }
+  if (g_Project->ReloadWanted() && !main_.Editing()) {
+    main_.LoadProject(QString(g_Project->FileWithPath), false);
+  }
+  DiskConflicts found(*g_Project);
+  if (!g_Project->FileWithPath.isEmpty()) {
+    found.lookAtProjectFile();
+    lookAtSome(found);
+  }
+  tell(found);
+}
+
+void DiskWatch::lookAtSome(DiskConflicts& found) {
+  std::set<qint32> wanted = std::move(changed_);
+  const qint32 count = g_Project->SceneCount();
+  for (qint32 i = 0; i < std::min(count, kScenesAtATime); ++i) {
+    next_ = next_ >= count ? 1 : next_ + 1;
+    wanted.insert(g_Project->SceneByIndex(next_)->ID());
+  }
+  for (const qint32 id : wanted) {
+    const auto scene = g_Project->SceneByID(id);
+    if (scene->InScenes()) {
+      found.lookAtDisk(*scene);
+    }
+  }
+  changed_.clear();
+  for (const auto& scene : found.scenes()) {
+    changed_.insert(scene->ID());
+  }
+}
+
+void DiskWatch::tell(const DiskConflicts& found) {
+  if (found.isEmpty()) {
+    main_.status().setOffer({}, {});
+    return;
+  }
+  main_.status().setOffer(whatChanged(found), guarded("cmdLoadIt_Click", "frmMain", [this] { load(); }));
+}
+
+// What stands in memory alone is saved first: the save asks which of the two is to stay.
+void DiskWatch::load() {
+  if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
+    return;
+  }
+  DiskConflicts found(*g_Project);
+  found.lookAtProjectFile();
+  if (!found.hasProjectFile()) {
+    loadTexts();
+  } else if (main_.session().isChanged() || g_Project->HoldsUnsaved()) {
+    main_.SaveProject(false);
+  } else {
+    main_.LoadProject(QString(g_Project->FileWithPath), false);
+  }
+  look();
+}
+
+void DiskWatch::loadTexts() {
+  const bool anyDue =
+      std::any_of(changed_.begin(), changed_.end(), [](qint32 id) { return g_Project->SceneByID(id)->RTFChanged(); });
+  if (anyDue) {
+    main_.SaveProject(false);
+  }
+  DiskConflicts found(*g_Project);
+  for (const qint32 id : changed_) {
+    const auto scene = g_Project->SceneByID(id);
+    if (scene->InScenes() && !scene->RTFChanged()) {
+      found.lookAtDisk(*scene);
+    }
+  }
+  found.takeTexts();
+}

@@ -1,0 +1,238 @@
+// Other programs, other copies of ours and other copies of the book: whose words are on the disk afterwards.
+
+#include "core/infra/Clock.h"
+#include "core/infra/FolderLock.h"
+#include "core/infra/SilentToolkit.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "support/SampleProject.h"
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray kTheirs = "{\\rtf1 theirs}";
+const QString kChanged = u"Another program has changed"_s;
+
+class OtherPrograms : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    path_ = saveSmallProject(folder());
+    newProject();
+    Clock::set(QDateTime(QDate(2026, 11, 21), QTime(12, 0)));
+  }
+  void TearDown() override {
+    newProject();
+    Clock::set({});
+  }
+
+  QString folder() const { return scratch_.path(u"book"_s); }
+  QString file(const QString& name) const { return scratch_.path(u"book/"_s + name); }
+  QByteArray sceneFile(int number) const { return fileBytes(file(u"RTF/RTF_0000%1.rtf"_s.arg(number))); }
+  void leaveTheirs(int number) const { writeFile(file(u"RTF/RTF_0000%1.rtf"_s.arg(number)), kTheirs); }
+
+  ScriptedToolkit screen_;
+  ScratchFolder scratch_;
+  QString path_;
+};
+
+}  // namespace
+
+TEST_F(OtherPrograms, ATextThatBothHaveChangedIsKeptAsTheWriterSays) {
+  const struct {
+    QString choice;
+    QByteArray stays;
+    QByteArray beside;
+    bool saved;
+  } cases[] = {{u"Both"_s, simpleRtf("mine"), kTheirs, true},
+               {u"Mine"_s, simpleRtf("mine"), {}, true},
+               {u"Theirs"_s, kTheirs, {}, true},
+               {QString(), kTheirs, {}, false}};
+  for (const auto& [choice, stays, beside, saved] : cases) {
+    ASSERT_TRUE(g_Project->Load(path_, false));
+    sceneAt(2)->setTextRTF(simpleRtf("mine"));
+    leaveTheirs(2);
+    screen_.expectChoice(kChanged, choice);
+    EXPECT_EQ(g_Project->SaveQN4(true), saved) << choice;
+    EXPECT_EQ(sceneFile(2), stays) << choice;
+    EXPECT_EQ(sceneAt(2)->TextRTF(), saved ? stays : simpleRtf("mine")) << choice;
+    EXPECT_EQ(fileBytes(file(u"RTF/RTF_00002 (conflict 2026-11-21).rtf"_s)), beside) << choice;
+    EXPECT_EQ(g_Project->HoldsUnsaved(), !saved) << choice;
+    QFile::remove(file(u"RTF/RTF_00002 (conflict 2026-11-21).rtf"_s));
+    newProject();
+    writeFile(file(u"RTF/RTF_00002.rtf"_s), simpleRtf("four five"));
+  }
+}
+
+TEST_F(OtherPrograms, AnEditorsOwnSaveAsksToo) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  leaveTheirs(1);
+  sceneAt(1)->setTextRTF(simpleRtf("mine"));
+  screen_.expectChoice(u"the text of 'Arrival 1'"_s, QString());
+  sceneAt(1)->Save(false, true);
+  EXPECT_TRUE(sceneAt(1)->RTFChanged());
+  EXPECT_EQ(sceneFile(1), kTheirs);
+  // Nobody being there, both are kept.
+  SilentToolkit nobody;
+  installToolkit(&nobody);
+  sceneAt(1)->Save(false, true);
+  installToolkit(&screen_);
+  EXPECT_EQ(sceneFile(1), simpleRtf("mine"));
+  EXPECT_EQ(fileBytes(file(u"RTF/RTF_00001 (conflict 2026-11-21).rtf"_s)), kTheirs);
+}
+
+// Touched, copied back and synchronised files are no changes; nor is what holds the same as ours.
+TEST_F(OtherPrograms, WhatOnlyLooksChangedIsNotAskedAbout) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  for (const QString& name : {u"Small.qn4"_s, u"RTF/RTF_00001.rtf"_s, u"RTF/RTF_00002.rtf"_s}) {
+    const QByteArray bytes = fileBytes(file(name));
+    ASSERT_TRUE(QFile::remove(file(name)));
+    writeFile(file(name), bytes);
+  }
+  sceneAt(1)->setTextRTF(simpleRtf("mine"));
+  sceneAt(3)->setTextRTF(kTheirs);
+  leaveTheirs(3);
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_EQ(sceneFile(1), simpleRtf("mine"));
+  EXPECT_EQ(g_Project->UnsavedTexts(), 0);
+}
+
+TEST_F(OtherPrograms, AChangedProjectFileIsNotWrittenOverUnasked) {
+  const QByteArray before = fileBytes(path_);
+  const QByteArray theirs = fileBytes(path_).replace("<Title>Arrival<", "<Title>Theirs<");
+  const auto change = [&] {
+    newProject();
+    writeFile(path_, before);
+    ASSERT_TRUE(g_Project->Load(path_, false));
+    g_Project->Title = u"Mine"_s;
+    sceneAt(2)->setTextRTF(simpleRtf("mine"));
+    writeFile(path_, theirs);
+  };
+  change();
+  screen_.expectChoice(u"Small.qn4, changed"_s, u"Theirs"_s);
+  EXPECT_FALSE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(g_Project->ReloadWanted());
+  EXPECT_EQ(fileBytes(path_), theirs);
+  EXPECT_EQ(sceneFile(2), simpleRtf("mine")) << "a text that stands against nothing";
+  change();
+  screen_.expectChoice(kChanged, u"Both"_s);
+  EXPECT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(fileBytes(path_).contains("<Title>Mine<"));
+  EXPECT_EQ(fileBytes(file(u"Small (conflict 2026-11-21).qn4"_s)), theirs);
+  EXPECT_TRUE(g_Project->SaveQN4(false)) << "asked once";
+  screen_.expectBox(u"changed the same file:\nSmall (conflict 2026-11-21).qn4"_s);
+  EXPECT_TRUE(g_Project->Load(path_, false));
+}
+
+TEST_F(OtherPrograms, AnOlderCopyAsksBeforeItReplacesTheBook) {
+  const QByteArray book = fileBytes(path_).replace("<WordCount>3<", "<WordCount>3000<");
+  QFile::copy(path_, file(u"Small.bak"_s));
+  writeFile(path_, book);
+  const auto open = [&](const QString& name) {
+    ASSERT_TRUE(g_Project->Load(file(name), false));
+    sceneAt(1)->setTextRTF(simpleRtf("older"));
+  };
+  open(u"Small.bak"_s);
+  screen_.expectChoice(u"3,009 words"_s, QString());
+  EXPECT_FALSE(g_Project->SaveQN4(true));
+  screen_.expectChoice(u"You opened Small.bak"_s, u"Save under a new name"_s);
+  screen_.expectFile(path_);
+  screen_.expectBox(u"There's already a project in that location."_s);
+  screen_.expectFile(scratch_.path(u"older/Older.qn4"_s));
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_EQ(screen_.choices.constLast().byDefault, 0);
+  EXPECT_EQ(fileBytes(path_), book);
+  EXPECT_EQ(sceneFile(1), simpleRtf("one two three"));
+  EXPECT_EQ(fileBytes(scratch_.path(u"older/RTF/RTF_00001.rtf"_s)), simpleRtf("older"));
+  EXPECT_TRUE(g_Project->SaveQN4(true)) << "asked once";
+
+  // A copy of its own name has the same texts.
+  QFile::copy(file(u"Small.bak"_s), file(u"Copy.qn4"_s));
+  open(u"Copy.qn4"_s);
+  screen_.expectChoice(u"You opened Copy.qn4"_s, QString());
+  sceneAt(1)->Save(false, true);
+  EXPECT_EQ(sceneFile(1), simpleRtf("one two three"));
+  EXPECT_TRUE(sceneAt(1)->RTFChanged());
+  screen_.expectChoice(u"Small.qn4 ("_s, u"Replace"_s);
+  sceneAt(1)->Save(false, true);
+  EXPECT_EQ(sceneFile(1), simpleRtf("older"));
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+}
+
+TEST_F(OtherPrograms, ABookThatIsOpenElsewhereIsOpenedReadOnlyAnywayOrNot) {
+  const auto before = filesBelow(folder());
+  auto elsewhere = std::make_unique<FolderLock>(folder());
+  screen_.expectChoice(u"This book is open already"_s, QString());
+  EXPECT_FALSE(g_Project->Load(path_, false));
+  EXPECT_EQ(g_Project->SceneCount(), 0);
+
+  screen_.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_TRUE(g_Project->ReadOnly());
+  g_Project->Title = u"Not to be saved"_s;
+  sceneAt(1)->setTextRTF(simpleRtf("mine"));
+  sceneAt(1)->Save(false, true);
+  EXPECT_FALSE(g_Project->SaveQN4(true) || g_Project->SaveQNC4(true));
+  EXPECT_EQ(filesBelow(folder()), before);
+  EXPECT_TRUE(g_Project->HoldsUnsaved());
+  screen_.expectFile(path_);
+  screen_.expectBox(u"opened read-only. Please choose a different folder."_s);
+  screen_.expectFile(scratch_.path(u"own/Own.qn4"_s));
+  EXPECT_TRUE(g_Project->SaveAs());
+  EXPECT_FALSE(g_Project->ReadOnly() || g_Project->HoldsUnsaved());
+  EXPECT_EQ(fileBytes(scratch_.path(u"own/RTF/RTF_00001.rtf"_s)), simpleRtf("mine"));
+  EXPECT_EQ(filesBelow(folder()), before);
+
+  screen_.expectChoice(u"This book is open already"_s, u"Open anyway"_s);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_TRUE(!g_Project->ReadOnly() && g_Project->SaveQN4(true));
+  elsewhere.reset();
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_TRUE(FolderLock(folder()).other()) << "now it is ours";
+  newProject();
+  EXPECT_FALSE(QFile::exists(file(FolderLock::fileName())));
+}
+
+TEST_F(OtherPrograms, AFolderThatHasGoneIsAskedAboutAndNotMadeAnew) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QString away = scratch_.path(u"away"_s);
+  ASSERT_TRUE(QDir().rename(folder(), away));
+  screen_.expectChoice(u"isn't there any more"_s, QString());
+  EXPECT_FALSE(g_Project->SaveQN4(true));
+  EXPECT_FALSE(QFile::exists(folder()));
+  EXPECT_EQ(g_Project->FileWithPath, path_);
+  screen_.expectChoice(u"isn't there any more"_s, u"Save somewhere else"_s);
+  screen_.expectFile(scratch_.path(u"other/Other.qn4"_s));
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_EQ(filesBelow(scratch_.path(u"other"_s)).size(), 6);
+}
+
+// What was saved by an editor while a save yielded is not in the file that this save wrote.
+TEST_F(OtherPrograms, WhatAnEditorSavesDuringASaveCountsAsUnsaved) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  sceneAt(5)->fEditor_Changed();
+  int yields = 0;
+  std::function<void()> during = [&] {
+    if (++yields == 4) {
+      sceneAt(1)->fEditor_Changed();
+    }
+    screen_.onYield = during;
+  };
+  screen_.onYield = during;
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  screen_.onYield = nullptr;
+  EXPECT_GE(yields, 4);
+  EXPECT_TRUE(g_Project->EditedSinceSave());
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_FALSE(g_Project->EditedSinceSave());
+}
