@@ -168,7 +168,8 @@ bool clsProject::CreateNewScene(qint32 chapterID, qint32 position) {
   const auto chapter = ChapterByID(chapterID);
   position != 0 ? chapter->InsertScene(scene, position) : chapter->Addscene(scene);
   scene->Add();
-  if (scene->SavedByEditor) {
+  // A "No" at the end drops only what was typed since the last save.
+  if (scene->SavedByEditor || scene->RTFChanged() || !scene->RTFFilename().isEmpty()) {
     return true;
   }
   chapter->RemoveSceneByID(scene->ID());

@@ -183,7 +183,7 @@ bool frmEditor::AskIfSave() {
     case Answer::Yes:
       return saveWhole();
     case Answer::No:
-      // What was saved before stays saved: a new scene is kept as it was then.
+      savedChanges_ = false;
       return true;
     default:
       return false;

@@ -247,6 +247,33 @@ TEST_F(EditorTest, ANewSceneIsWrittenInAModalWindow) {
   EXPECT_EQ(g_Project->ChapterByID(1)->SceneCount(), 3);
 }
 
+TEST_F(EditorTest, ANewSceneThatWasSavedOnceIsKeptAsItWasThen) {
+  toolkit.expectBox(kQuestion, Answer::No);
+  {
+    const WhenModal write([&](QWidget& window) {
+      auto& editor = dynamic_cast<frmEditor&>(window);
+      type(editor, u"saved"_s);
+      QTest::keyClick(&editor, Qt::Key_S, Qt::ControlModifier);
+      type(editor, u" and not saved"_s);
+      editor.close();
+    });
+    EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
+  }
+  EXPECT_EQ(textInFile(g_Project->ChapterByID(1)->SceneID(3)), u"saved"_s);
+}
+
+TEST_F(EditorTest, AnotherProgramsTextIsShownWhereTheWriterTakesIt) {
+  frmEditor* const editor = open();
+  type(*editor, u" mine"_s);
+  writeFile(scene()->RTFFileWithPath(), simpleRtf("theirs"));
+  toolkit.expectChoice(u"the text of 'Arrival 1'"_s, u"Theirs"_s);
+  QTest::keyClick(editor, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(control<RichTextBox>(*editor, "txtMain").Text().trimmed(), u"theirs"_s);
+  EXPECT_EQ(textInFile(), u"theirs"_s);
+  editor->close();
+  EXPECT_FALSE(scene()->EditingScene()) << "there is nothing to ask about";
+}
+
 TEST_F(EditorTest, ClosingTheQuestionWithoutAChoiceKeepsTheWindow) {
   frmEditor* const editor = open();
   type(*editor, u"!"_s);
@@ -301,7 +328,7 @@ TEST_F(EditorTest, TheTextsOfABookWithoutAFileAreKeptByTheBook) {
   frmEditor* const editor = open();
   type(*editor, u" kept"_s);
   click(*editor, "cmdSave");
-  EXPECT_EQ(panel(*editor, 1), u"Kept in memory: the book has no file yet"_s);
+  EXPECT_TRUE(panel(*editor, 1).startsWith(u"Kept in memory, the book having no file yet, and in "_s));
   click(*editor, "cmdSaveAndExit");
   EXPECT_TRUE(QDir::setCurrent(place));
   EXPECT_FALSE(scene()->EditingScene());

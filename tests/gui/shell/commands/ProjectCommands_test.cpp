@@ -10,6 +10,7 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/RecentProjects.h"
 #include "gui/shell/main/ScenePane.h"
+#include "support/FailingDisk.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
@@ -281,20 +282,21 @@ TEST_F(ProjectCommandsTest, ABookThatCouldNotBeSavedIsReplacedOnlyWhenTheUserSay
   EXPECT_EQ(g_Project->SceneCount(), 5);
   g_Project->FileWithPath = path;
   // The file of a scene can't be written.
-  const QString text = g_Project->SceneByID(1)->RTFFileWithPath();
-  ASSERT_TRUE(QFile::remove(text) && QDir().mkpath(text));
-  g_Project->SceneByID(1)->setTextRTF(simpleRtf("not lost"));
+  const QString file = g_Project->SceneByID(1)->RTFFileWithPath();
+  const QByteArray text = simpleRtf(QByteArray("not lost ").repeated(20000));
+  g_Project->SceneByID(1)->setTextRTF(text);
+  FailingDisk disk(100000);
   window().SaveProject(false);
   ASSERT_FALSE(window().ProjectChanged);
   for (const char* command : {"mnuLoadProj", "mnuNewProj", "mnuRecent(1)"}) {
     toolkit.expectBox(question, Answer::No);
     trigger(command);
-    EXPECT_EQ(g_Project->SceneByID(1)->TextRTF(), simpleRtf("not lost")) << command;
+    EXPECT_EQ(g_Project->SceneByID(1)->TextRTF(), text) << command;
   }
-  ASSERT_TRUE(QDir().rmdir(text));
+  disk.clear();
   trigger("mnuCloseProject");
   EXPECT_EQ(g_Project->SceneCount(), 0);
-  EXPECT_EQ(fileBytes(text), simpleRtf("not lost"));
+  EXPECT_EQ(fileBytes(file), text);
 }
 
 TEST_F(ProjectCommandsTest, ASaveGivenUpForWantOfAFileBlamesNoFolder) {

@@ -1,5 +1,7 @@
 // The way out: what refuses it, and what it stores.
 
+#include "core/infra/Clock.h"
+#include "core/infra/FolderLock.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
@@ -11,6 +13,7 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "support/FailingDisk.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
@@ -76,15 +79,14 @@ TEST_F(ShutDownTest, AsksOnceMoreForAFileWhenASaveWasGivenUp) {
 TEST_F(ShutDownTest, TellsOfScenesWhoseFilesCannotBeWritten) {
   startWith(smallProject());
   const auto scene = sceneAt(1);
-  const QString file = scene->RTFFileWithPath();
-  scene->setTextRTF(simpleRtf("not lost"));
-  ASSERT_TRUE(QFile::remove(file));
-  ASSERT_TRUE(QDir().mkpath(file));
+  const QByteArray text = simpleRtf(QByteArray("not lost ").repeated(20000));
+  scene->setTextRTF(text);
+  const FailingDisk disk(100000);
   toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::No);
   window().close();
   EXPECT_EQ(ended, 0) << "the user stays with the text";
   EXPECT_TRUE(window().isVisible());
-  EXPECT_EQ(scene->TextRTF(), simpleRtf("not lost"));
+  EXPECT_EQ(scene->TextRTF(), text);
   EXPECT_EQ(toolkit.lastButtons, Buttons::NoUnlessYes) << "Enter and Escape must not drop it";
   EXPECT_TRUE(window().isWindowModified());
   toolkit.expectBox(u"The text of these scenes could not be written to"_s);
@@ -131,9 +133,49 @@ TEST_F(ShutDownTest, EndedByTheSystemItSavesWhatIsTypedWithoutAQuestion) {
   ASSERT_EQ(std::raise(SIGTERM), 0);
   ASSERT_TRUE(soon([this] { return ended == 1; }));
   EXPECT_TRUE(fileBytes(path).contains("<Title>Saved%20in%20time</Title>"));
-  EXPECT_TRUE(filesBelow(QFileInfo(path).path()).value(u"RTF/RTF_00001.rtf"_s).contains("typed last"));
+  const auto files = filesBelow(QFileInfo(path).path());
+  EXPECT_TRUE(files.value(u"RTF/RTF_00001.rtf"_s).contains("typed last"));
+  const QString backup = u"Autobackups/"_s + Clock::today().toString(Qt::ISODate) + u"/RTF_00001_Scene_1.rtf"_s;
+  EXPECT_TRUE(files.value(backup).contains("typed last"));
   EXPECT_TRUE(logText().contains(u"Ended by the system"_s));
   EXPECT_TRUE(logText().endsWith(u", Program ended\r\n"_s));
+}
+
+TEST_F(ShutDownTest, EndedByTheSystemItKeepsABookThatHasNoPlaceAndSaysSoAtTheNextStart) {
+  const QString path = smallProject();
+  startWith(path);
+  sceneAt(1)->setTextRTF(simpleRtf("in memory alone"));
+  ASSERT_TRUE(QDir().rename(QFileInfo(path).path(), folder.path(u"away"_s)));
+  window().EndAtOnce();
+  const QString rescued = elementOf(Settings().sGet(u"RescuedBook"_s).toString().split(u'\n'), 0);
+  EXPECT_TRUE(fileBytes(rescued).contains(simpleRtf("in memory alone").toBase64()));
+  ASSERT_FALSE(QFile::exists(path)) << "made anew";
+  toolkit.expectBox(rescued);
+  start();
+  EXPECT_EQ(Settings().sGet(u"RescuedBook"_s).toString(), QString());
+}
+
+TEST_F(ShutDownTest, WhatWasChangedInAReadOnlyBookIsAskedAbout) {
+  const QString path = smallProject();
+  const FolderLock elsewhere(QFileInfo(path).path());
+  const QByteArray before = fileBytes(path);
+  toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  startWith(path);
+  EXPECT_TRUE(window().windowTitle().contains(u"(read-only)"_s));
+  toolkit.expectBox(u"opened read-only, so nothing is saved"_s, Answer::No);
+  trigger("mnuSaveProj");
+  control<QLineEdit>("txtTitle").setText(u"Mine"_s);
+  QTest::keyClick(&control<QLineEdit>("txtTitle"), Qt::Key_Return);
+  toolkit.expectChoice(u"isn't saved"_s, QString());
+  window().EndProgram();
+  EXPECT_EQ(ended, 0);
+  const QString own = folder.path(u"own/Own.qn4"_s);
+  toolkit.expectChoice(u"isn't saved"_s, u"Save under a new name"_s);
+  toolkit.expectFile(own);
+  window().EndProgram();
+  EXPECT_EQ(ended, 1);
+  EXPECT_EQ(fileBytes(path), before);
+  EXPECT_TRUE(fileBytes(own).contains("<Title>Mine</Title>"));
 }
 
 TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {
