@@ -5,12 +5,14 @@
 #include "gui/toolkit/InputShield.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -80,6 +82,25 @@ void cSharedProgress::Show() {
   lblCaption_->setText(caption_);
   window_->show();
   window_->raise();
+  if (window_->parentWidget() != nullptr) {
+    paintAtOnce();
+  }
+}
+
+// The window system puts a window up some time after it was told to, and the work may not yield for a while. Before the
+// main window is there the splash says what goes on.
+void cSharedProgress::paintAtOnce() {
+  constexpr qint64 kMostMs = 100;
+  constexpr int kStepMs = 10;
+  QElapsedTimer waiting;
+  waiting.start();
+  const auto isUp = [this] { return !window_ || (window_->windowHandle() && window_->windowHandle()->isExposed()); };
+  while (!isUp() && waiting.elapsed() < kMostMs) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, kStepMs);
+  }
+  if (window_) {
+    window_->repaint();
+  }
 }
 
 void cSharedProgress::offerStop(std::function<void()> stop) {

@@ -25,6 +25,7 @@ class cSharedProgress : public ProgressWindow {
 
  private:
   void build();
+  void paintAtOnce();
   void addStop(QVBoxLayout& layout);
 
   QString caption_;

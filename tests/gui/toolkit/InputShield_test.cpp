@@ -4,6 +4,7 @@
 
 #include "gui/toolkit/QtToolkit.h"
 #include "support/ModalHelper.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QApplication>
@@ -59,7 +60,11 @@ TEST_F(InputShieldTest, NothingThatIsTypedOrClickedArrivesUntilItHasGone) {
 
 TEST_F(InputShieldTest, AQuestionAmidIsAnswered) {
   const auto hold = toolkit_.holdInput();
-  const WhenModal yes([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Y, Qt::AltModifier); });
+  const WhenModal yes([](QWidget& box) {
+    // The mnemonics of a window that isn't active lead nowhere.
+    EXPECT_TRUE(waitUntilActive(box));
+    QTest::keyClick(&box, Qt::Key_Y, Qt::AltModifier);
+  });
   EXPECT_EQ(toolkit_.MsgBox(u"Overwrite?"_s, Buttons::YesNo), Answer::Yes);
 }
 
