@@ -3,6 +3,7 @@
 // Loads take the projects where they stand; saves write them back, unchanged.
 #include "Paired.h"
 #include "core/infra/FileChannels.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
@@ -67,7 +68,11 @@ void writeFile(const QString& path, const QByteArray& bytes, bool toDisk) {
   Files().EraseFile(path);
   const int file = Files().CreateOutputFile(path);
   Channels().Print(file, bytes);
-  toDisk ? Channels().CloseToDisk(file) : Channels().Close(file);
+  if (toDisk) {
+    Channels().CloseToDisk(file);
+  } else {
+    Channels().Close(file);
+  }
 }
 
 /// The limit waits for the disk as the save does.
@@ -78,6 +83,21 @@ void save(benchmark::State& state, const QString& project) {
   Files().LoadTextFile(project, bytes);
   comparePaired(
       state, [] {}, [&] { writeFile(project, bytes, true); }, [] {}, [&] { g_Project->SaveQN4(false); });
+}
+
+/// With the plain-text mirrors beside one without; nothing has changed.
+void saveMirrored(benchmark::State& state, const QString& project) {
+  freshProject();
+  g_Project->Load(project, false);
+  const auto save = [](bool mirrored) {
+    Settings().sSet(u"CreateTextToo"_s, mirrored);
+    g_Project->SaveQN4(false);
+  };
+  save(true);
+  comparePaired(
+      state, [] {}, [&] { save(false); }, [] {}, [&] { save(true); });
+  Settings().sSet(u"CreateTextToo"_s, false);
+  QDir(Files().PathOnly(project) + u"Data"_s).removeRecursively();
 }
 
 /// What is written, without the disk: the text of the whole project beside a copy of its bytes.
@@ -123,6 +143,7 @@ int main(int argc, char** argv) {
     const QString project = QDir(QString::fromLocal8Bit(argv[i])).absolutePath();
     add("Load", load, project);
     add("Save", save, project);
+    add("SaveMirrored", saveMirrored, project);
     add("SaveTextOnly", composeText, project);
   }
   benchmark::RunSpecifiedBenchmarks();

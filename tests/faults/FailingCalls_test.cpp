@@ -91,6 +91,7 @@ TEST_F(FailingCalls, AreToldAndTheNextSaveWritesEverything) {
     }
     EXPECT_GT(counts.told + counts.due, 0);
     QStringList cells{QString::fromLatin1(failure.name)};
+    EXPECT_EQ(counts.lost, 0) << failure.name;
     for (const int count : {counts.points, counts.done, counts.told, counts.due, counts.lost, counts.wholeAtLast}) {
       cells += QString::number(count);
     }

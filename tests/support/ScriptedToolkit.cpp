@@ -17,6 +17,13 @@ class RecordingProgress : public ProgressWindow {
   ScriptedToolkit& owner_;
 };
 
+/// Once.
+void happen(std::function<void()>& what) {
+  if (const auto happens = std::exchange(what, nullptr)) {
+    happens();
+  }
+}
+
 class CountedHold : public InputHold {
  public:
   CountedHold(int& holds, std::unique_ptr<InputHold> real) : holds_(holds), real_(std::move(real)) { ++holds_; }
@@ -81,12 +88,16 @@ Answer ScriptedToolkit::MsgBox(const QString& text, Buttons buttons) {
     return buttons == Buttons::Ok ? Answer::Ok : buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
   }
   EXPECT_TRUE(text.contains(expected->text)) << text << " lacks " << expected->text;
+  if (script_.empty()) {
+    happen(onBox);
+  }
   return expected->answer;
 }
 
 int ScriptedToolkit::Choose(const ChoiceQuestion& question) {
   choices.append(question);
   const auto expected = take(Kind::Choice, question.text);
+  happen(onChoice);
   if (!expected) {
     return ChoiceQuestion::kNone;
   }
@@ -130,9 +141,7 @@ void ScriptedToolkit::ShowErrorReport(const QString& text, const QString&) {
 
 void ScriptedToolkit::DoEvents() {
   ++yields;
-  if (const auto happens = std::exchange(onYield, nullptr)) {
-    happens();
-  }
+  happen(onYield);
 }
 
 bool ScriptedToolkit::openDocument(const QString& pathOrAddress) {

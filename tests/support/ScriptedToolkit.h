@@ -49,6 +49,9 @@ class ScriptedToolkit : public Toolkit {
   std::function<std::unique_ptr<InputHold>()> makeHold = [] { return nullptr; };
   /// Presses the Stop of the progress window that offered one last; nothing where none did.
   std::function<void()> pressStop = [] {};
+  /// What happens while the next question with named answers is up, and while the last expected box is; once.
+  std::function<void()> onChoice;
+  std::function<void()> onBox;
   /// What happens the next time that the program yields; once.
   std::function<void()> onYield;
 

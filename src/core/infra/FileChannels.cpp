@@ -168,6 +168,12 @@ void FileChannels::Abandon(int number) {
   open_.erase(number);
 }
 
+quint64 FileChannels::hashOf(int number) {
+  Channel& to = writer(number);
+  write(to, std::exchange(to.buffer, {}));
+  return to.replacement ? to.replacement->hash() : 0;
+}
+
 QString FileChannels::failureOf(int number) {
   const std::optional<RuntimeError>& failure = channel(number).failure;
   return failure ? failure->description() : QString();

@@ -44,6 +44,8 @@ class FileChannels {
   FileStamp CloseToDisk(int number);
   /// Throws away what was printed to a file that was to be replaced; of others it closes what there is.
   void Abandon(int number);
+  /// Of all that was printed so far to a file that is to be replaced.
+  quint64 hashOf(int number);
   /// Why nothing more can be printed to this file; empty when it can.
   QString failureOf(int number);
 

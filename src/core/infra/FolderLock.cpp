@@ -29,7 +29,7 @@ QString thisHost() {
 }
 
 QString thisUser() {
-  const QString named = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+  const QString named = qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME", qEnvironmentVariable("USERNAME")));
   return named.isEmpty() ? QDir(QDir::homePath()).dirName() : named;
 }
 
@@ -45,7 +45,8 @@ std::optional<FolderLock::Holder> holderOf(const QByteArray& content) {
   if (lines.first().isEmpty()) {
     return {};
   }
-  return FolderLock::Holder{lines.value(0), lines.value(1), lines.value(2), lines.value(3)};
+  return FolderLock::Holder{lines.value(0), lines.value(1), lines.value(2), lines.value(3),
+                            lines.value(0) == thisHost()};
 }
 
 }  // namespace
@@ -71,9 +72,17 @@ struct FolderLock::Handle {
     }
   }
 
-  /// False where no file can be made.
+  /// False where no file can be made. Another user's can be read and locked all the same.
   bool open() {
-    fd = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
+    constexpr mode_t kEverybody = 0666;
+    constexpr int kFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    fd = ::open(name.constData(), O_RDWR | O_CREAT | kFlags, kEverybody);
+    if (fd >= 0) {
+      // Whoever shares the folder may take over what a crash has left.
+      [[maybe_unused]] const int refused = ::fchmod(fd, kEverybody);
+    } else if (errno == EACCES || errno == EPERM) {
+      fd = ::open(name.constData(), O_RDONLY | kFlags);
+    }
     return fd >= 0;
   }
 
@@ -108,13 +117,16 @@ FolderLock::FolderLock(const QString& folder, Claim claim)
   do {
     file.close();
     if (!file.open()) {
+      if (QFile::exists(QFile::decodeName(file.name))) {
+        other_ = Holder();  // somebody's who lets nobody look
+      }
       return;
     }
     isAlive = ::flock(file.fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   } while (!isAlive && !file.isInPlace());
   const std::optional<Holder> written = holderOf(file.content());
   if (isAlive) {
-    other_ = written.value_or(Holder{thisHost(), {}, {}, {}});
+    other_ = written.value_or(Holder{thisHost(), {}, {}, {}, true});
     return;
   }
   if (claim == Claim::IfFree && written && written->host != thisHost()) {
@@ -150,6 +162,7 @@ FolderLock::FolderLock(const QString& folder, Claim claim)
   const QFileInfo file(lock.fileName());
   holder.process = QString::number(process);
   holder.user = file.owner();
+  holder.isHere = holder.host == thisHost();
   holder.since = file.lastModified().toString(u"yyyy-MM-dd HH:mm"_s);
   other_ = holder;
 }

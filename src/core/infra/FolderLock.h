@@ -16,6 +16,8 @@ class FolderLock {
     QString process;
     /// As it is shown, in local time.
     QString since;
+    /// On this machine.
+    bool isHere = false;
   };
   enum class Claim { IfFree, InAnyCase };
 

@@ -51,6 +51,8 @@ class ReplacementFile {
   static bool isTemporary(QStringView name) { return name.startsWith(u".quillane-") && name.endsWith(u".tmp"); }
 
   void write(QByteArrayView bytes);
+  /// Of what was written so far.
+  quint64 hash() const;
   /// Where the system lets us, it looks at the new content first: as long as what was written, with the same end, else
   /// it throws 57 and the old file stays. OnDisk waits until content and name have reached the disk. What the new file
   /// is known by.
@@ -68,5 +70,6 @@ void flushFolderToDisk(const QString& folder);
 enum class Links { Followed, Refused };
 
 /// The whole content of a file; nothing when there is no such file or something else stands there: a folder, a pipe, a
-/// device. Throws 6 for a file beyond 1 GB. The stamp of what was read goes where one is wanted.
+/// device. Throws 6 for a file beyond 1 GB. The stamp of what was read goes where one is wanted, without the
+/// hash of its content.
 std::optional<QByteArray> readWholeFile(const QString& path, Links links = Links::Followed, FileStamp* stamp = nullptr);

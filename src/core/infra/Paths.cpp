@@ -61,6 +61,10 @@ QString identity(const QString& path) {
   return folder.isEmpty() ? file.absoluteFilePath() : folder + u'/' + file.fileName();
 }
 
+bool areSame(const QString& path, const QString& other) {
+  return path == other || identity(path) == identity(other);
+}
+
 QString native(const QString& path) {
   if (isOwnForm(path)) {
     return path;

@@ -18,6 +18,8 @@ QString native(const QString& path);
 
 /// One spelling for each file or folder, there or not, so that it is known again however it is named.
 QString identity(const QString& path);
+/// Whether two paths lead to the same file or folder, there or not.
+bool areSame(const QString& path, const QString& other);
 
 /// The folder of the program's own data, with a trailing separator: the folder of the executable when it can
 /// be written to, unless the program is installed there with a share folder; else the user's data folder.

@@ -45,6 +45,7 @@ struct ChoiceQuestion {
   static constexpr int kNone = -1;
 
   QString text;
+  /// Cancel stands behind them.
   QStringList choices;
   /// What Enter takes.
   int byDefault = 0;

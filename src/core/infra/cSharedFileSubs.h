@@ -64,6 +64,10 @@ class cSharedFileSubs {
 
   // Tests and properties.
 
+  /// What the subfolder of this name is called on the disk: as it is asked for, unless it stands there in other letters
+  /// only.
+  QString NameOnDisk(const QString& Folder, const QString& Name) const;
+
   bool FileExists(const QString& Path) const;
   bool FolderExists(const QString& Path) const;
   /// True when the owner has no right to write; false for a missing file.

@@ -230,6 +230,17 @@ QString cSharedFileSubs::VolumeLabel(const QString& Path) const {
   return volumeOf(Path).name();
 }
 
+QString cSharedFileSubs::NameOnDisk(const QString& Folder, const QString& Name) const {
+  const QDir folder(Folder);
+  if (folder.exists(Name)) {
+    return Name;
+  }
+  const QStringList folders = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
+  const auto other = std::find_if(folders.begin(), folders.end(),
+                                  [&](const QString& there) { return there.compare(Name, Qt::CaseInsensitive) == 0; });
+  return other == folders.end() ? Name : *other;
+}
+
 bool cSharedFileSubs::MkMissingDirNoRecurse(const QString& Path) const {
   if (Path.trimmed().isEmpty() || FolderExists(Path)) {
     return false;

@@ -87,7 +87,16 @@ QString clsProject::Path() const {
 }
 
 QString clsProject::RTFFolder() const {
-  return Path() + rtfFolderName_ + Paths::separator();
+  const QString folder = Path();
+  if (folder != rtfFolderOf_) {
+    rtfFolderOf_ = folder;
+    rtfFolderName_ = Files().NameOnDisk(folder, u"RTF"_s);
+  }
+  return folder + rtfFolderName_ + Paths::separator();
+}
+
+bool clsProject::IsInOwnFolder() const {
+  return !storedIn_.isEmpty() && Paths::areSame(Path(), Files().PathOnly(storedIn_));
 }
 
 QString clsProject::MakeAutoBackupFolder() const {
@@ -271,7 +280,7 @@ void clsProject::Clear() {
   storedIn_.clear();
   stored_ = {};
   freshlyRead_ = false;
-  rtfFolderName_ = u"RTF"_s;
+  rtfFolderOf_.clear();
   lock_.reset();
   readOnly_ = false;
   made_.clear();

@@ -75,6 +75,8 @@ class clsProject {
   QString Path() const;
   /// The folder of the scenes' texts in it, ending in a separator, in the letters that it has on the disk.
   QString RTFFolder() const;
+  /// FileWithPath is in the folder that the book was read from or last saved to.
+  bool IsInOwnFolder() const;
   QString MakeAutoBackupFolder() const;
   /// The folder of the day's backups, ending in a separator.
   QString TodaysBackupFolder() const;
@@ -159,6 +161,8 @@ class clsProject {
   bool ReadOnly() const { return readOnly_; }
   /// What is saved of it has where to go: it has a file, which isn't read-only.
   bool HasPlace() const { return !FileWithPath.isEmpty() && !readOnly_; }
+  /// The project file that was opened had been cut off, and hasn't been written since.
+  bool OpenedIncomplete() const { return !incompleteFile_.isEmpty(); }
   /// The user wants the project file as another program has left it, in the place of what is in memory.
   bool ReloadWanted() const { return reloadWanted_; }
   /// True on success; a failed load leaves an empty project. The user has been told by then.
@@ -199,10 +203,11 @@ class clsProject {
   /// The file that the book was read from or last written to, and what that looked like then.
   QString storedIn_;
   FileStamp stored_;
-  /// The book came from a file and hasn't been saved since.
+  /// The book stands where it was read from, and what a save there may replace of another one wasn't asked about yet.
   bool freshlyRead_ = false;
-  /// The name of the folder of the scenes' texts.
-  QString rtfFolderName_ = QStringLiteral("RTF");
+  /// The project's folder that was looked into last for the folder of the texts, and what that is called there.
+  mutable QString rtfFolderOf_;
+  mutable QString rtfFolderName_;
   std::unique_ptr<FolderLock> lock_;
   bool readOnly_ = false;
   /// The folders for texts that saves of this book have made: no other book is in them.

@@ -70,6 +70,10 @@ void clsScene::setTextRTF(const QByteArray& rtf) {
   if (rtf == textRTF_ && !rtf.isEmpty()) {
     return;
   }
+  if (!rtfChanged_) {
+    // The file holds what goes now: this is how it is known again.
+    stored_.noteContent(textRTF_);
+  }
   textRTF_ = rtf;
   textUnread_ = false;
   undecodedRTF_.clear();

@@ -74,6 +74,8 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// A change, or an assignment of empty text, makes the counts stale and the file due for writing.
   void setTextRTF(const QByteArray& rtf);
   bool RTFChanged() const { return rtfChanged_; }
+  /// Why the last save by itself could not write the text; empty when it could, or when the user cancelled it.
+  const QString& SaveFailure() const { return saveFailure_; }
   /// The stored text was not there or could not be read: the scene is empty instead.
   bool TextUnread() const { return textUnread_; }
   bool WordsStale() const { return wordsStale_; }
@@ -172,7 +174,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
   bool rtfChanged_ = false;
-  /// What the file looked like when it was last read or written.
+  /// What the file looked like when it was last read or written. Its content is the text itself until that changes.
   FileStamp stored_;
   /// The stamp of the text that the plain mirror holds; 0 for none.
   quint64 mirroredStamp_ = 0;
@@ -188,6 +190,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   qint32 lettercount_ = 0;
   QString plainText_;
   QString rtfFilename_;
+  QString saveFailure_;
   QByteArray textRTF_;
   IDList characters_;
   IDList locations_;

@@ -77,6 +77,8 @@ void clsScene::fEditor_Finished() {
 
 void clsScene::fEditor_Changed() {
   g_Project->editedSinceSave_ = true;
+  // What is new stands against what another program has written: that is asked about again.
+  g_Project->reloadWanted_ = false;
   g_SceneChanges.MarkUpdated(ID());
 }
 

@@ -76,7 +76,8 @@ std::optional<Backup> newestBackup(const QString& projectFile) {
 }
 
 bool backUpScene(clsScene& scene, const QByteArray& rtf) {
-  if (g_Project->FileWithPath.isEmpty() || g_Project->ReadOnly()) {
+  // A folder that has gone isn't made anew.
+  if (!g_Project->HasPlace() || !Files().FolderExists(g_Project->Path())) {
     return false;
   }
   const QString folder = g_Project->TodaysBackupFolder();

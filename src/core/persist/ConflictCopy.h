@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// Copies that stand beside a file because two programs have changed it.
 namespace ConflictCopy {
@@ -9,5 +10,7 @@ namespace ConflictCopy {
 QString nameFor(const QString& path);
 /// Ours, and those of services that keep folders the same on several machines.
 bool isOne(const QString& fileName);
+/// The names of those in a folder, sorted.
+QStringList in(const QString& folder);
 
 }  // namespace ConflictCopy

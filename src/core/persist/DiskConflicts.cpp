@@ -10,7 +10,9 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/Backups.h"
 #include "core/persist/ConflictCopy.h"
+#include "core/persist/WholeFile.h"
 
 #include <algorithm>
 
@@ -18,7 +20,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Choice { kBoth, kMine, kTheirs };
+const QString kBoth = u"Keep both"_s;
+const QString kMine = u"Keep mine"_s;
+const QString kTheirs = u"Take theirs"_s;
 
 }  // namespace
 
@@ -30,8 +34,16 @@ void DiskConflicts::lookAtProjectFile() {
   SceneFile::Changed changed;
   std::optional<QByteArray> text;
   Guard("lookAtProjectFile", "DiskConflicts")([&] { text = readWholeFile(path, Links::Followed, &changed.stamp); });
-  const bool asLeft = changed.stamp.size == project_.stored_.size && changed.stamp.hash == project_.stored_.hash;
-  if (!text || asLeft) {
+  if (!text) {
+    const FileStamp now = FileStamp::lookAt(path);
+    if (now.isKnown()) {
+      conflicts_.append({path, {{}, now, false}, nullptr});
+    }
+    return;
+  }
+  changed.stamp.noteContent(*text);
+  if (project_.stored_.hasContent(*text)) {
+    project_.stored_ = changed.stamp;
     return;
   }
   changed.text = *std::move(text);
@@ -76,12 +88,41 @@ QString DiskConflicts::question() const {
   QStringList lines;
   for (const Conflict& conflict : conflicts_) {
     const QString date = Files().FileDate(conflict.path).toString(u"yyyy-MM-dd HH:mm"_s);
-    const QString title = conflict.scene ? u", the text of '"_s + conflict.scene->Title + u'\'' : QString();
-    lines.append(Files().FileOnly(conflict.path) + title + u", changed "_s + date);
+    const QString what =
+        conflict.scene ? u"The text of '"_s + conflict.scene->Title + u'\'' : u"The plan of the book"_s;
+    lines.append(u"%1 (%2, %3)"_s.arg(what, Files().FileOnly(conflict.path), date));
   }
   return u"Another program has changed what you are about to save:\n\n"_s + firstOf(lines).join(u'\n') +
-         u"\n\nWhich do you want to keep? With 'Both' yours is saved, and the other stays beside it with \"(conflict "_s +
-         Clock::today().toString(Qt::ISODate) + u")\" in its name."_s;
+         u"\n\nKeep both: yours is saved, and the other stays beside it with \"(conflict "_s +
+         Clock::today().toString(Qt::ISODate) +
+         u")\" in its name.\nKeep mine: the other is replaced.\nTake theirs: what you have written since your last "
+         u"save "
+         "is dropped."_s;
+}
+
+bool DiskConflicts::isWhole(const Conflict& conflict) {
+  const SceneFile::Changed& changed = conflict.changed;
+  if (!conflict.scene) {
+    return changed.readable && isWholeProjectFile(changed.text);
+  }
+  // Texts of other programs may be no RTF at all.
+  const QByteArray text = changed.text.trimmed();
+  const bool isCutOff = text.startsWith("{\\rtf") && !text.endsWith('}') && !text.endsWith('\0');
+  return changed.readable && !isCutOff && (!text.isEmpty() || conflict.scene->TextRTF().isEmpty());
+}
+
+bool DiskConflicts::areWhole() const {
+  return std::all_of(conflicts_.begin(), conflicts_.end(), isWhole);
+}
+
+bool DiskConflicts::keepAllBeside() {
+  for (const Conflict& conflict : conflicts_) {
+    if (!keepBeside(conflict)) {
+      return false;
+    }
+    accept(conflict);
+  }
+  return true;
 }
 
 // A window that goes on showing the old text would put it back with its next save. What the asking editor shows, it
@@ -92,6 +133,11 @@ bool DiskConflicts::mayTakeTheirs(Askers askers) const {
 
 bool DiskConflicts::keepBeside(const Conflict& conflict) const {
   const QString name = ConflictCopy::nameFor(conflict.path);
+  if (!conflict.changed.readable) {
+    toolkit().MsgBox(u"The other version of "_s + conflict.path +
+                     u" can't be read, so it can't be kept. Nothing was written over it."_s);
+    return false;
+  }
   const QString cause =
       Guard("keepBeside", "DiskConflicts").causeOf([&] { Files().ReplaceFile(name, conflict.changed.text); });
   if (!cause.isEmpty()) {
@@ -109,41 +155,50 @@ void DiskConflicts::accept(const Conflict& conflict) {
 
 void DiskConflicts::takeTheirs(const Conflict& conflict) const {
   clsScene& scene = *conflict.scene;
+  if (scene.RTFChanged()) {
+    // Whoever thinks better of it finds it with the day's backups.
+    backUpScene(scene, scene.TextRTF());
+  }
   scene.setTextRTF(conflict.changed.text);
   scene.stored_ = conflict.changed.stamp;
   scene.rtfChanged_ = false;
   g_SceneChanges.MarkUpdated(scene.ID());
 }
 
+ChoiceQuestion DiskConflicts::questionFor(Askers askers) const {
+  ChoiceQuestion asked{question(), {kBoth, kMine}, 0, 0};
+  const bool areReadable = std::all_of(conflicts_.begin(), conflicts_.end(),
+                                       [](const Conflict& conflict) { return conflict.changed.readable; });
+  if (!areReadable) {
+    asked = {asked.text + u" The other can't be read, so it can't be kept."_s, {kMine}, ChoiceQuestion::kNone};
+  } else if (!areWhole()) {
+    asked.text += u" The other is cut off or empty."_s;
+  } else if (mayTakeTheirs(askers)) {
+    asked.choices.append(kTheirs);
+  } else {
+    asked.text += u" To take the other, please close all editor windows first."_s;
+  }
+  return asked;
+}
+
 DiskConflicts::Outcome DiskConflicts::settle(Askers askers) {
   if (isEmpty()) {
     return Outcome::GoOn;
   }
-  ChoiceQuestion asked{question(), {u"Both"_s, u"Mine"_s}, kBoth, kBoth};
-  if (mayTakeTheirs(askers)) {
-    asked.choices.append(u"Theirs"_s);
-  } else {
-    asked.text += u" To take the other, please close all editor windows first."_s;
+  const ChoiceQuestion asked = questionFor(askers);
+  const QString choice = asked.choices.value(toolkit().Choose(asked));
+  if (choice == kBoth) {
+    return keepAllBeside() ? Outcome::GoOn : Outcome::GiveUp;
   }
-  const int choice = toolkit().Choose(asked);
-  switch (choice) {
-    case kBoth:
-      for (const Conflict& conflict : conflicts_) {
-        if (!keepBeside(conflict)) {
-          return Outcome::GiveUp;
-        }
-        accept(conflict);
-      }
-      return Outcome::GoOn;
-    case kMine:
-      for (const Conflict& conflict : conflicts_) {
-        accept(conflict);
-      }
-      return Outcome::GoOn;
-    case kTheirs:
-      takeTexts();
-      return hasProjectFile() ? Outcome::Reload : Outcome::GoOn;
-    default:
-      return Outcome::GiveUp;
+  if (choice == kMine) {
+    for (const Conflict& conflict : conflicts_) {
+      accept(conflict);
+    }
+    return Outcome::GoOn;
   }
+  if (choice == kTheirs) {
+    takeTexts();
+    return hasProjectFile() ? Outcome::Reload : Outcome::GoOn;
+  }
+  return Outcome::GiveUp;
 }

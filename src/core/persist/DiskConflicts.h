@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/infra/Toolkit.h"
 #include "core/persist/SceneFile.h"
 
 #include <QList>
@@ -22,12 +23,17 @@ class DiskConflicts {
   void lookAt(clsScene& scene);
   /// Due or not.
   void lookAtDisk(clsScene& scene);
+  void clear() { conflicts_.clear(); }
   bool isEmpty() const { return conflicts_.isEmpty(); }
   bool hasProjectFile() const;
   /// The scenes whose texts were found changed.
   QList<std::shared_ptr<clsScene>> scenes() const;
   /// Puts the texts that were found in the place of ours.
   void takeTexts() const;
+  /// Every file that was found is whole: none that another program may be writing just now, and none emptied.
+  bool areWhole() const;
+  /// Keeps what was found beside ours, which may be written then. False, and told, when that failed.
+  bool keepAllBeside();
 
   enum class Askers { Project, Editor };
   enum class Outcome {
@@ -49,7 +55,9 @@ class DiskConflicts {
     std::shared_ptr<clsScene> scene;
   };
 
+  static bool isWhole(const Conflict& conflict);
   QString question() const;
+  ChoiceQuestion questionFor(Askers askers) const;
   bool mayTakeTheirs(Askers askers) const;
   bool keepBeside(const Conflict& conflict) const;
   void accept(const Conflict& conflict);

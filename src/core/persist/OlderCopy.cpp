@@ -15,14 +15,10 @@
 
 using namespace Qt::StringLiterals;
 
-bool OlderCopy::isOwnFolder() const {
-  return Paths::identity(project_.Path()) == Paths::identity(Files().PathOnly(project_.storedIn_));
-}
-
 QStringList OlderCopy::othersInFolder() const {
   QStringList others;
   for (const QFileInfo& file : QDir(project_.Path()).entryInfoList({u"*.qn4"_s}, QDir::Files, QDir::Time)) {
-    const bool isItself = Paths::identity(file.filePath()) == Paths::identity(project_.FileWithPath);
+    const bool isItself = Paths::areSame(file.filePath(), project_.FileWithPath);
     if (!isItself && !ConflictCopy::isOne(file.fileName())) {
       others.append(QDir::toNativeSeparators(file.filePath()));
     }
@@ -32,10 +28,10 @@ QStringList OlderCopy::othersInFolder() const {
 
 QStringList OlderCopy::threatened() const {
   const QString& target = project_.FileWithPath;
-  if (Paths::identity(target) != Paths::identity(project_.storedIn_) && Files().FileExists(target)) {
+  if (!Paths::areSame(target, project_.storedIn_) && Files().FileExists(target)) {
     return {target};
   }
-  if (!isOwnFolder()) {
+  if (!project_.IsInOwnFolder()) {
     QStringList others = othersInFolder();
     QStringList texts;
     Files().FillFiles(project_.RTFFolder(), u"rtf"_s, texts);
@@ -59,12 +55,12 @@ QString OlderCopy::question(const QStringList& others) const {
   }
   const QString opened =
       ProjectSummary::of(project_).described(project_.storedIn_, Files().FileDate(project_.storedIn_));
-  return u"You opened "_s + opened + u".\n\nTo save it here would replace, with the texts of its scenes:\n"_s +
+  return u"You opened "_s + opened + u".\n\nSaved here it would replace, with the texts of its scenes:\n"_s +
          firstOf(described, 3).join(u'\n') + u"\n\nHow do you want to save it?"_s;
 }
 
 OlderCopy::Answer OlderCopy::settle() {
-  const bool isOpen = !project_.storedIn_.isEmpty() && (project_.freshlyRead_ || !isOwnFolder());
+  const bool isOpen = !project_.storedIn_.isEmpty() && (project_.freshlyRead_ || !project_.IsInOwnFolder());
   const QStringList others = isOpen ? threatened() : QStringList();
   if (others.isEmpty()) {
     return Answer::NothingToAsk;

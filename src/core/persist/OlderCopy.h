@@ -22,7 +22,6 @@ class OlderCopy {
   /// Project files that a save would replace, or whose texts it would change; none for a book by itself.
   QStringList threatened() const;
   QStringList othersInFolder() const;
-  bool isOwnFolder() const;
   QString question(const QStringList& others) const;
 
   clsProject& project_;

@@ -16,7 +16,7 @@
 #include "core/persist/IntegrityCheck.h"
 #include "core/persist/ProjectRepair.h"
 #include "core/persist/ProjectSummary.h"
-#include "core/persist/SceneFolder.h"
+#include "core/persist/RescueFolder.h"
 #include "core/persist/WholeFile.h"
 #include "core/persist/modConstXML.h"
 #include "core/text/TagView.h"
@@ -43,11 +43,12 @@ QString unreadNotice(const QStringList& titles) {
 }
 
 QString takenNotice(const FolderLock::Holder& other) {
-  QString who = other.user.isEmpty() ? QString() : u" by "_s + other.user;
-  who += other.host.isEmpty() ? QString() : u" on "_s + other.host;
-  who += other.since.isEmpty() ? QString() : u" since "_s + other.since;
-  who += other.process.isEmpty() ? QString() : u" (process "_s + other.process + u')';
-  return u"This book is open already"_s + who +
+  const QString where = other.isHere           ? u"in another window of this computer"_s
+                        : other.host.isEmpty() ? u"elsewhere"_s
+                                               : u"on "_s + other.host;
+  const QString who = other.user.isEmpty() ? QString() : u" by "_s + other.user;
+  const QString since = other.since.isEmpty() ? QString() : u", since "_s + other.since;
+  return u"This book is open already "_s + where + who + since +
          u".\n\nOpened read-only it can be looked at, and nothing is saved. Opened by two at once, whoever saves last "
          "may replace what the other has written."_s;
 }
@@ -121,6 +122,9 @@ bool ProjectLoader::loadQN4(const QString& file, bool showProgress) {
   FileStamp stamp;
   std::optional<QByteArray> text;
   Guard("LoadQN4", "clsProject")([&] { text = readWholeFile(Paths::native(file), Links::Followed, &stamp); });
+  if (text) {
+    stamp.noteContent(*text);
+  }
   const bool isComplete = text && isWholeProjectFile(*text);
   bool isRead = readBook(file, text.value_or(QByteArray()), showProgress);
   if (text && !isComplete) {
@@ -134,6 +138,12 @@ bool ProjectLoader::loadQN4(const QString& file, bool showProgress) {
   project_.storedIn_ = file;
   project_.stored_ = stamp;
   project_.freshlyRead_ = true;
+  if (RescueFolder::isBelow(file)) {
+    // What was rescued has no place of its own yet: the first save asks for one.
+    project_.FileWithPath.clear();
+    project_.storedIn_.clear();
+    project_.lock_.reset();
+  }
   tellFindings();
   return true;
 }
@@ -147,7 +157,6 @@ bool ProjectLoader::readBook(const QString& file, QByteArrayView text, bool show
   Guard("LoadQN4", "clsProject")([&] {
     LongWork work(project_, u"Loading Project"_s, showProgress);
     project_.FileWithPath = file;
-    project_.rtfFolderName_ = SceneFolder::nameOnDisk(project_.Path(), u"RTF"_s);
     isRead = readText(work, text);
     if (isRead) {
       findings_ = ProjectRepair(project_).run();
@@ -216,14 +225,18 @@ void ProjectLoader::tellFailure() const {
 qsizetype ProjectLoader::filesBesideIt(const QString& file) const {
   const QString folder = Files().PathOnly(file);
   QStringList texts;
-  Files().FillFiles(folder + SceneFolder::nameOnDisk(folder, u"RTF"_s), u"rtf"_s, texts);
+  Files().FillFiles(folder + Files().NameOnDisk(folder, u"RTF"_s), u"rtf"_s, texts);
   return texts.size();
 }
 
 QString ProjectLoader::whatWasFound(bool isRead) const {
-  return isRead
-             ? u"%1 chapters and %2 scenes were found in it"_s.arg(project_.ChapterCount()).arg(project_.SceneCount())
-             : u"No book could be read from it"_s;
+  if (!isRead) {
+    return u"No book could be read from it"_s;
+  }
+  const QString found =
+      u"%1 chapters and %2 scenes were found in it"_s.arg(project_.ChapterCount()).arg(project_.SceneCount());
+  const bool inNoChapter = project_.ChapterCount() == 0 && project_.SceneCount() > 0;
+  return inNoChapter ? found + u" (Tools - Lost and Found shows scenes that are in no chapter)"_s : found;
 }
 
 bool ProjectLoader::settleIncomplete(const QString& file, bool isRead, bool showProgress) {
@@ -261,8 +274,7 @@ bool ProjectLoader::settleIncomplete(const QString& file, bool isRead, bool show
 
 void ProjectLoader::tellFindings() const {
   if (!findings_.isEmpty()) {
-    toolkit().MsgBox(u"This was found when the book was opened, and put right where that was possible:\n\n"_s +
-                     findings_.join(u"\n\n"_s));
+    toolkit().MsgBox(u"This was found when the book was opened:\n\n"_s + findings_.join(u"\n\n"_s));
   }
 }
 

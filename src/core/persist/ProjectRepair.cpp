@@ -1,6 +1,7 @@
 #include "core/persist/ProjectRepair.h"
 
 #include "core/infra/FirstOf.h"
+#include "core/infra/Guard.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -11,12 +12,10 @@
 #include "core/model/clsScene.h"
 #include "core/persist/ConflictCopy.h"
 
-#include <QDir>
 #include <QSet>
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_set>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -43,8 +42,8 @@ QStringList ProjectRepair::run() {
   placeRenumberedScenes();
   followRenumberedChapters();
   dropMissingScenes();
-  partSharedFiles();
   findEmptiedFiles();
+  partSharedFiles();
   findConflictCopies();
   return findings_;
 }
@@ -54,11 +53,12 @@ void ProjectRepair::tell(const QString& what, const QStringList& names) {
     return;
   }
   Logging().LogEvent(what + u": "_s + names.join(u", "_s));
-  findings_.append(what + u":\n"_s + firstOf(names).join(u'\n'));
+  constexpr qsizetype kNamed = 5;
+  findings_.append(what + u": "_s + firstOf(names, kNamed).join(u"; "_s));
 }
 
 void ProjectRepair::tellNewIDs() {
-  tell(u"Had the number of another one and got a new one"_s,
+  tell(u"Had the number of another scene, chapter or character, and got one of their own"_s,
        titlesOfRenumbered(project_.Scenes) + titlesOfRenumbered(project_.Chapters) +
            titlesOfRenumbered(project_.Chars) + titlesOfRenumbered(project_.Locations) +
            titlesOfRenumbered(project_.Items) + titlesOfRenumbered(project_.Notes));
@@ -91,23 +91,19 @@ void ProjectRepair::followRenumberedChapters() {
 }
 
 void ProjectRepair::dropMissingScenes() {
-  std::unordered_set<qint32> known;
-  for (const auto& scene : project_.Scenes) {
-    known.insert(scene->ID());
-  }
   QStringList chapters;
   for (const auto& chapter : project_.Chapters) {
     std::vector<qint32> missing;
     std::copy_if(chapter->SceneIDs().begin(), chapter->SceneIDs().end(), std::back_inserter(missing),
-                 [&](qint32 id) { return known.count(id) == 0; });
+                 [&](qint32 id) { return !project_.SceneByID(id)->InScenes(); });
     for (const qint32 id : missing) {
       chapter->RemoveSceneByID(id);
     }
     if (!missing.empty()) {
-      chapters.append(u"%1 (%2)"_s.arg(chapter->Title).arg(missing.size()));
+      chapters.append(u"%1 (%2 scenes)"_s.arg(chapter->Title).arg(missing.size()));
     }
   }
-  tell(u"Chapters that listed scenes which aren't in the book"_s, chapters);
+  tell(u"Chapters that listed scenes which aren't in the book, and don't any more"_s, chapters);
 }
 
 // One of the two would be written over the other.
@@ -125,7 +121,7 @@ void ProjectRepair::partSharedFiles() {
     scene->rtfChanged_ = true;
     titles.append(scene->Title);
   }
-  tell(u"Had the file of another scene and get their own when the book is saved"_s, titles);
+  tell(u"Shared a file with another scene, and get their own when the book is saved"_s, titles);
 }
 
 void ProjectRepair::findEmptiedFiles() {
@@ -135,17 +131,14 @@ void ProjectRepair::findEmptiedFiles() {
       titles.append(u"%1 (%2, %L3 words)"_s.arg(scene->Title, scene->RTFFilename()).arg(scene->wordcount_));
     }
   }
-  tell(u"Scenes whose file is empty, though there were words in it"_s, titles);
+  tell(u"Scenes whose file is empty now, though there were words in it"_s, titles);
 }
 
 void ProjectRepair::findConflictCopies() {
   QStringList copies;
   for (const QString& folder : {project_.Path(), project_.RTFFolder()}) {
-    for (const QString& name : QDir(folder).entryList(QDir::Files, QDir::Name)) {
-      if (ConflictCopy::isOne(name)) {
-        copies.append(name);
-      }
-    }
+    Guard("findConflictCopies", "ProjectRepair")([&] { copies += ConflictCopy::in(folder); });
   }
-  tell(u"Copies that stand in the book's folder because two programs changed the same file"_s, copies);
+  tell(u"Copies from a time when two programs changed the same file (Tools - Lost and Found shows those of scenes)"_s,
+       copies);
 }

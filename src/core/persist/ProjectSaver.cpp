@@ -76,7 +76,8 @@ class ProjectSaver::NewPlace {
  public:
   explicit NewPlace(const clsProject& project) {
     for (const auto& scene : project.Scenes) {
-      former_.push_back({scene, scene->stored_, scene->textStamp_, scene->rtfChanged_});
+      const bool isDue = scene->rtfChanged_ || scene->rtfFilename_.isEmpty();
+      former_.push_back({scene, scene->stored_, scene->textStamp_, isDue});
       scene->stored_ = {};
       scene->rtfChanged_ = true;
     }
@@ -101,6 +102,9 @@ class ProjectSaver::NewPlace {
   };
   std::vector<Former> former_;
 };
+
+ProjectSaver::ProjectSaver(clsProject& project) : project_(project) {}
+ProjectSaver::~ProjectSaver() = default;
 
 bool ProjectSaver::mayBegin() const {
   if (project_.IsBusy()) {
@@ -143,6 +147,10 @@ bool ProjectSaver::saveAs() {
   }
   project_.FileWithPath = answer;
   project_.FileWithPath = extensionGiven(u".qn4"_s);
+  if (!mayTakeName(answer)) {
+    project_.FileWithPath = own;
+    return false;
+  }
   save(true, Form::Folder, own);
   return true;
 }
@@ -151,14 +159,13 @@ bool ProjectSaver::saveElsewhere() {
   if (!mayBegin()) {
     return false;
   }
+  sharesFolder_ = true;
   const QString own = std::exchange(project_.FileWithPath, {});
   return save(true, Form::Folder, own);
 }
 
+// Also in the middle of another save: nothing of the book is changed by it.
 bool ProjectSaver::saveCopy(const QString& file) {
-  if (!mayBegin()) {
-    return false;
-  }
   const BusyMark busy(project_);
   const QScopedValueRollback name(project_.FileWithPath, file);
   return isDone(write(false, Form::SingleFile));
@@ -170,7 +177,8 @@ QString ProjectSaver::forcedExtension(const QString& extension) const {
   if (name.endsWith(extension, Qt::CaseInsensitive)) {
     return project_.FileWithPath;
   }
-  return project_.Path() + Files().FileWithoutExt(name) + extension;
+  const QString stem = Files().FileWithoutExt(name);
+  return project_.Path() + (stem.endsWith(extension, Qt::CaseInsensitive) ? stem : stem + extension);
 }
 
 // In a name that was typed a dot may be a part of it: "Vol. 2".
@@ -187,12 +195,9 @@ bool ProjectSaver::save(bool showProgress, Form form, QString own) {
   QString folder = Paths::documentsFolder();
   for (;;) {
     const bool asked = project_.FileWithPath.isEmpty();
-    if (asked && !askForFile(folder)) {
+    if (asked && !askForFile(folder, form)) {
       giveUp(own, form);
       return false;
-    }
-    if (asked) {
-      project_.FileWithPath = extensionGiven(form == Form::SingleFile ? u".qnc4"_s : u".qn4"_s);
     }
     const Way way = asked ? Way::GoOn : wayTo(form);
     if (way == Way::GiveUp) {
@@ -202,18 +207,15 @@ bool ProjectSaver::save(bool showProgress, Form form, QString own) {
     if (way == Way::GoOn && attempt(showProgress, form, asked)) {
       return true;
     }
-    folder = project_.Path();
+    // In the book's own folder there is one already.
+    folder =
+        way == Way::AskForAnother ? Files().PathOnly(Files().RemoveSlashFromEnd(project_.Path())) : project_.Path();
     project_.FileWithPath.clear();
   }
 }
 
-bool ProjectSaver::isOwnFolder() const {
-  return !project_.storedIn_.isEmpty() &&
-         Paths::identity(project_.Path()) == Paths::identity(Files().PathOnly(project_.storedIn_));
-}
-
 ProjectSaver::Way ProjectSaver::wayTo(Form form) {
-  if (form == Form::Folder && project_.readOnly_ && isOwnFolder()) {
+  if (form == Form::Folder && project_.readOnly_ && project_.IsInOwnFolder()) {
     toolkit().MsgBox(u"The book in this folder was opened read-only. Please choose a different folder."_s);
     return Way::AskForAnother;
   }
@@ -223,15 +225,20 @@ ProjectSaver::Way ProjectSaver::wayTo(Form form) {
     }
   }
   if (form == Form::SingleFile) {
-    return Way::GoOn;
+    return wayPastOthersChanges(form);
   }
   const Way way = wayPastNewerBook();
-  return way == Way::GoOn && !overOthers_ ? wayPastOthersChanges() : way;
+  return way == Way::GoOn && !overOthers_ ? wayPastOthersChanges(form) : way;
 }
 
 // A stick that was pulled out: what is made in its place would be a book of a few scenes.
 ProjectSaver::Way ProjectSaver::wayPastLostFolder() const {
-  while (isOwnFolder() && !Files().FolderExists(project_.Path())) {
+  const auto isLost = [this] {
+    // Where a stick was mounted its empty folder may be left.
+    return !Files().FolderExists(project_.Path()) ||
+           (!Files().FileExists(project_.storedIn_) && !Files().FolderExists(project_.RTFFolder()));
+  };
+  while (project_.IsInOwnFolder() && isLost()) {
     const int choice =
         toolkit().Choose({u"The book's folder isn't there any more:\n"_s + project_.Path() +
                               u"\n\nIf it is on a stick or in a network, please bring it back and try again."_s,
@@ -260,7 +267,7 @@ ProjectSaver::Way ProjectSaver::wayPastNewerBook() {
       return Way::GoOn;
     case OlderCopy::Answer::Replace:
       // What stood in the book's own folder is known: a change since then is asked about.
-      overOthers_ = !isOwnFolder();
+      overOthers_ = !project_.IsInOwnFolder();
       return Way::GoOn;
     case OlderCopy::Answer::NewName:
       sharesFolder_ = true;
@@ -270,23 +277,44 @@ ProjectSaver::Way ProjectSaver::wayPastNewerBook() {
   }
 }
 
-ProjectSaver::Way ProjectSaver::wayPastOthersChanges() {
+ProjectSaver::Way ProjectSaver::wayPastOthersChanges(Form form) {
   DiskConflicts conflicts(project_);
   conflicts.lookAtProjectFile();
-  for (const auto& scene : project_.Scenes) {
-    conflicts.lookAt(*scene);
+  if (!conflicts.isEmpty() && isUnchanged(form)) {
+    leavesFile_ = true;
+    conflicts.clear();
+  }
+  if (form == Form::Folder) {
+    for (const auto& scene : project_.Scenes) {
+      conflicts.lookAt(*scene);
+    }
   }
   switch (conflicts.settle(DiskConflicts::Askers::Project)) {
     case DiskConflicts::Outcome::GoOn:
       return Way::GoOn;
     case DiskConflicts::Outcome::Reload:
       // Texts of ours that stand against nothing are kept in their files.
-      project_.Scenes.SaveScenesText(false);
+      if (form == Form::Folder) {
+        project_.Scenes.SaveScenesText(false);
+      }
       project_.reloadWanted_ = true;
       return Way::GiveUp;
     default:
       return Way::GiveUp;
   }
+}
+
+bool ProjectSaver::isUnchanged(Form form) {
+  quint64 hash = 0;
+  const bool written = Guard("Save", "clsProject")([&] {
+    QString cause;
+    const NewFile file(Files().CreateReplacementFile(project_.FileWithPath, cause));
+    LongWork work(project_, u"Saving Project"_s, false);
+    if (file.number() > 0 && isDone(writeSteps(work, file.number(), form, Texts::Skipped))) {
+      hash = Channels().hashOf(file.number());
+    }
+  });
+  return written && hash == project_.stored_.hash;
 }
 
 // The next save tries the same place again: what was in the way may have gone by then.
@@ -295,18 +323,31 @@ void ProjectSaver::giveUp(const QString& own, Form form) const {
   project_.editedSinceSave_ = project_.editedSinceSave_ || (form == Form::Folder && !own.isEmpty());
 }
 
-bool ProjectSaver::askForFile(const QString& folder) {
-  project_.FileWithPath = toolkit().SaveFileDialog(projectFileQuestion(folder));
-  if (project_.FileWithPath.isEmpty()) {
-    toolkit().MsgBox(u"No project file specified. Save cancelled."_s);
-    return false;
+bool ProjectSaver::askForFile(const QString& folder, Form form) {
+  for (;;) {
+    const QString typed = toolkit().SaveFileDialog(projectFileQuestion(folder));
+    project_.FileWithPath = typed;
+    if (typed.isEmpty()) {
+      toolkit().MsgBox(u"No project file specified. Save cancelled."_s);
+      return false;
+    }
+    project_.FileWithPath = extensionGiven(form == Form::SingleFile ? u".qnc4"_s : u".qn4"_s);
+    if (mayTakeName(typed)) {
+      return true;
+    }
   }
-  return true;
+}
+
+// The dialog has asked about the name that was typed, not about what we have made of it.
+bool ProjectSaver::mayTakeName(const QString& typed) const {
+  const QString& path = project_.FileWithPath;
+  return path == typed || !Files().FileExists(path) || Paths::areSame(path, project_.storedIn_) ||
+         toolkit().MsgBox(path + u" already exists. Do you want to replace it?"_s, Buttons::NoUnlessYes) == Answer::Yes;
 }
 
 bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
   std::optional<NewPlace> newPlace;
-  if (form == Form::Folder && !isOwnFolder()) {
+  if (form == Form::Folder && (!project_.IsInOwnFolder() || !Files().FolderExists(project_.RTFFolder()))) {
     newPlace.emplace(project_);
   }
   // What an editor saves while we write isn't in the file yet.
@@ -347,11 +388,18 @@ void ProjectSaver::tell(const Failure& failure) {
 ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) {
   const QString folder = project_.Path();
   const QString texts = project_.RTFFolder();
-  const bool isOurs = (isOwnFolder() && !project_.readOnly_ && !sharesFolder_) || project_.made_.contains(texts);
+  const bool isOurs =
+      (project_.IsInOwnFolder() && !project_.readOnly_ && !sharesFolder_) || project_.made_.contains(texts);
   if (form == Form::Folder && asked && !isOurs && Files().FolderExists(texts)) {
     return boxed(u"There's already a project in that location. Please choose a different folder."_s);
   }
   Files().MkMissingDir(folder);
+  if (form == Form::Folder && !project_.IsInOwnFolder() && Files().FolderExists(folder)) {
+    lock_ = std::make_unique<FolderLock>(folder);
+    if (lock_->other()) {
+      return boxed(u"The book in that folder is open elsewhere. Please choose a different folder."_s);
+    }
+  }
   if (form == Form::Folder) {
     if (Files().MkMissingDir(texts)) {
       project_.made_.append(texts);
@@ -373,9 +421,16 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
   Logging().LogEvent(u"Saving project"_s);
   Failure failure;
   textFailure_.clear();
+  if (leavesFile_) {
+    return form == Form::Folder && !writeTexts(form, showProgress) ? because(boxed(kUnableToSave), textFailure_)
+                                                                   : Failure();
+  }
   cause = Guard("Save", "clsProject").causeOf([&] {
     LongWork work(project_, u"Saving Project"_s, showProgress);
-    failure = writeSteps(work, file.number(), form, showProgress);
+    failure = writeSteps(work, file.number(), form, showProgress ? Texts::All : Texts::Due);
+    if (isDone(failure) && !keepLateChange()) {
+      failure = boxed(kUnableToReplace);
+    }
     if (isDone(failure)) {
       written_ = file.commit();
     }
@@ -386,6 +441,13 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
   return cause.isEmpty() ? Failure() : because(boxed(kUnableToSave), cause);
 }
 
+// Somebody may have written it while we did.
+bool ProjectSaver::keepLateChange() const {
+  DiskConflicts late(project_);
+  late.lookAtProjectFile();
+  return late.keepAllBeside();
+}
+
 struct ProjectSaver::Step {
   QString caption;
   std::function<bool()> write;
@@ -393,7 +455,7 @@ struct ProjectSaver::Step {
   Failure::Told told = Failure::Told::ByReport;
 };
 
-ProjectSaver::Failure ProjectSaver::writeSteps(LongWork& work, int file, Form form, bool forceTexts) {
+ProjectSaver::Failure ProjectSaver::writeSteps(LongWork& work, int file, Form form, Texts texts) {
   clsProject& from = project_;
   const Guard guard("Save", "clsProject");
   if (form == Form::Folder) {
@@ -407,7 +469,8 @@ ProjectSaver::Failure ProjectSaver::writeSteps(LongWork& work, int file, Form fo
       Step{{}, [&] { return from.Items.WriteXML(file); }, u"Unable to write item details (cProject.Save)"_s},
       Step{{}, [&] { return from.Chars.WriteXML(file); }, u"Unable to write character details (cProject.Save)"_s},
       Step{{}, [&] { return from.Notes.WriteXML(file); }, u"Unable to write notes (cProject.Save)"_s},
-      Step{u"Saving Scenes and Chapters"_s, [&] { return writeTexts(form, forceTexts); },
+      Step{u"Saving Scenes and Chapters"_s,
+           [&] { return texts == Texts::Skipped || writeTexts(form, texts == Texts::All); },
            u"Unable to scene contents (cProject.Save)"_s},
       Step{{},
            [&] { return from.Scenes.WriteXML(file, form == Form::SingleFile); },
@@ -450,9 +513,14 @@ bool ProjectSaver::writeTexts(Form form, bool force) {
 void ProjectSaver::remember(Form form) {
   Settings().sSet(u"LastProjectFile"_s, project_.FileWithPath);
   Settings().sSet(u"LastProjectLoaded"_s, project_.FileWithPath);
-  project_.incompleteFile_.clear();
+  if (form == Form::Folder || project_.incompleteFile_ == project_.FileWithPath) {
+    project_.incompleteFile_.clear();
+  }
   if (form == Form::SingleFile || project_.UnsavedTexts() == 0) {
     Logging().LogEvent(u"Project saved"_s);
+  }
+  if (leavesFile_) {
+    return;  // what it holds isn't known yet
   }
   if (project_.FileWithPath == project_.storedIn_) {
     project_.stored_ = written_;
@@ -460,12 +528,15 @@ void ProjectSaver::remember(Form form) {
   if (form == Form::SingleFile) {
     return;
   }
-  if (!isOwnFolder()) {
-    project_.lock_.reset();
-    project_.lock_ = std::make_unique<FolderLock>(project_.Path());
+  if (!project_.IsInOwnFolder()) {
+    project_.lock_ = std::move(lock_);
     project_.readOnly_ = false;
+  }
+  project_.reloadWanted_ = false;
+  if (!Paths::areSame(project_.storedIn_, project_.FileWithPath)) {
+    // What stands there now is this book.
+    project_.freshlyRead_ = false;
   }
   project_.storedIn_ = project_.FileWithPath;
   project_.stored_ = written_;
-  project_.freshlyRead_ = false;
 }

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <memory>
+
+class FolderLock;
 class LongWork;
 class clsProject;
 
@@ -11,7 +14,8 @@ class clsProject;
 /// project is busy.
 class ProjectSaver {
  public:
-  explicit ProjectSaver(clsProject& project) : project_(project) {}
+  explicit ProjectSaver(clsProject& project);
+  ~ProjectSaver();
 
   /// Writes the scenes that are due to their files; with progress every one.
   bool saveQN4(bool showProgress);
@@ -19,7 +23,7 @@ class ProjectSaver {
   bool saveQNC4(bool showProgress);
   /// False when no place was given.
   bool saveAs();
-  /// Asks for another place, and again for as long as one fails.
+  /// Asks for a place in another folder than the book's own, and again for as long as one fails.
   bool saveElsewhere();
   /// The book as one file, without a question or a word; the book itself counts as unsaved as before.
   bool saveCopy(const QString& file);
@@ -47,13 +51,20 @@ class ProjectSaver {
   Way wayPastLostFolder() const;
   Way wayPastIncompleteFile() const;
   Way wayPastNewerBook();
-  Way wayPastOthersChanges();
-  bool isOwnFolder() const;
-  bool askForFile(const QString& folder);
+  Way wayPastOthersChanges(Form form);
+  /// What would be written is what was left on the disk when it was last read or written.
+  bool isUnchanged(Form form);
+  bool askForFile(const QString& folder, Form form);
+  /// False when the name that came of what was typed is another file's, and that shall stay.
+  bool mayTakeName(const QString& typed) const;
   bool attempt(bool showProgress, Form form, bool asked);
   Failure prepareTarget(Form form, bool asked);
   Failure write(bool showProgress, Form form);
-  Failure writeSteps(LongWork& work, int file, Form form, bool forceTexts);
+  /// What another program has written to the project file since the save began is kept beside it. False when it can't
+  /// be.
+  bool keepLateChange() const;
+  enum class Texts { Skipped, Due, All };
+  Failure writeSteps(LongWork& work, int file, Form form, Texts texts);
   bool writeHead(int file) const;
   bool writeTexts(Form form, bool force);
   void remember(Form form);
@@ -67,10 +78,14 @@ class ProjectSaver {
   static void tell(const Failure& failure);
 
   clsProject& project_;
+  /// The project file stays as another program has left it: nothing in it is ours to write.
+  bool leavesFile_ = false;
   /// The user gave up what stands in the folder.
   bool overOthers_ = false;
   /// The texts in the book's own folder are another one's too.
   bool sharesFolder_ = false;
+  /// Of the folder that is saved to, where it isn't the book's own yet.
+  std::unique_ptr<FolderLock> lock_;
   FileStamp written_;
   /// Why the text of a scene that has no file yet could not be written.
   QString textFailure_;

@@ -22,6 +22,10 @@ QString asFileName(const QString& title, const QString& otherwise) {
 
 }  // namespace
 
+bool RescueFolder::isBelow(const QString& file) {
+  return Paths::identity(file).startsWith(Paths::identity(Paths::programFolder() + u"Rescue"_s) + Paths::separator());
+}
+
 QString RescueFolder::nameOfBook() const {
   return asFileName(project_.Title, u"Book without a name"_s);
 }
@@ -34,10 +38,18 @@ QString RescueFolder::path() const {
   return project_.rescueFolder_;
 }
 
+QString RescueFolder::fileOf(clsScene& scene) const {
+  return path() + asFileName(scene.Title, u"Scene"_s) + u" ("_s + QString::number(scene.ID()) + u").rtf"_s;
+}
+
+bool RescueFolder::holds(clsScene& scene) const {
+  QByteArray text;
+  return Files().LoadTextFile(fileOf(scene), text) && text == scene.TextRTF();
+}
+
 bool RescueFolder::keep(clsScene& scene) const {
   Files().MkMissingDir(path());
-  const QString file =
-      path() + asFileName(scene.Title, u"Scene"_s) + u" ("_s + QString::number(scene.ID()) + u").rtf"_s;
+  const QString file = fileOf(scene);
   const bool kept = Files().SaveTextFile(file, QByteArrayView(scene.TextRTF()));
   Logging().LogEvent((kept ? u"The book has no file yet; the text is kept in "_s : u"Could not save "_s) + file);
   return kept;

@@ -15,11 +15,17 @@ class RescueFolder {
   QString path() const;
   /// Writes the scene's text as an RTF file. False, and logged, when that failed.
   bool keep(clsScene& scene) const;
+  /// The text stands in the file that keep writes, as it is now.
+  bool holds(clsScene& scene) const;
   /// Writes the whole book as one file; its full path, or empty, and logged, when that failed.
   QString keepBook() const;
 
+  /// The file is one that was rescued.
+  static bool isBelow(const QString& file);
+
  private:
   QString nameOfBook() const;
+  QString fileOf(clsScene& scene) const;
 
   clsProject& project_;
 };

@@ -17,6 +17,7 @@
 #include "core/persist/RescueFolder.h"
 #include "core/persist/SceneFolder.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -30,22 +31,27 @@ namespace {
 /// The slot of LastFileIndex that numbers the RTF files.
 constexpr int kRTFFileIndex = 4;
 
-/// The next free file name: behind the stored counter, and passing over the names of scenes and whatever stands in the
-/// folder already, so that nothing is written over. Letters count in either case.
+/// Asking for the time at each would cost more than looking whether it is due.
+constexpr qint32 kScenesBetweenYields = 16;
+
+/// The next free file name behind the stored counter.
 QString GenerateFilename(const QString& prefix, int fileIndex, const QString& extension, const QSet<QString>& taken) {
-  const QString folder = g_Project->RTFFolder();
   qint32 number = std::max(0, g_Project->LastFileIndex(fileIndex));
   QString name;
   do {
     number = number == std::numeric_limits<qint32>::max() ? 1 : number + 1;
     name = prefix + QString::number(number).rightJustified(5, u'0') + extension;
-  } while (taken.contains(name.toUpper()) || QFileInfo::exists(folder + name));
+  } while (taken.contains(name.toUpper()));
   g_Project->setLastFileIndex(fileIndex, number);
   return name;
 }
 
-QSet<QString> namesOf(const clsScenes& scenes) {
+/// In capitals: names that differ in their letters' case alone are one on many systems.
+QSet<QString> takenNames(const clsScenes& scenes) {
   QSet<QString> names;
+  for (const QString& there : QDir(g_Project->RTFFolder()).entryList(QDir::AllEntries | QDir::Hidden)) {
+    names.insert(there.toUpper());
+  }
   names.reserve(scenes.Count());
   for (const auto& scene : scenes) {
     names.insert(scene->RTFFilename().toUpper());
@@ -67,6 +73,7 @@ void flushRTFFolder() {
 // What a window saves by itself: there is somebody to ask.
 void clsScene::SaveRTF(bool force) {
   SceneFile file(*this);
+  saveFailure_.clear();
   if (!g_Project->HasPlace()) {
     RescueFolder(*g_Project).keep(*this);
     return;
@@ -79,9 +86,13 @@ void clsScene::SaveRTF(bool force) {
   if (conflicts.settle(DiskConflicts::Askers::Editor) == DiskConflicts::Outcome::GiveUp) {
     return;
   }
+  // A book from a single file may have none yet; one whose own folder has gone gets none.
+  Files().MkMissingDirNoRecurse(g_Project->RTFFolder());
   if (file.save(force, SceneFile::mirrorFolder())) {
     flushRTFFolder();
   }
+  saveFailure_ =
+      Files().FolderExists(g_Project->Path()) ? file.failure() : u"The book's folder isn't there any more."_s;
 }
 
 bool clsScene::LoadRTF() {
@@ -107,7 +118,9 @@ bool clsScenes::SaveScenesText(bool force, bool overOthers, QString* cause) cons
         *cause = file.failure();
       }
     }
-    guard([] { Subs().RegularDoEvents(); });
+    if (i % kScenesBetweenYields == 0) {
+      guard([] { Subs().RegularDoEvents(); });
+    }
   }
   if (written) {
     flushRTFFolder();
@@ -120,7 +133,7 @@ QString SceneFile::mirrorFolder() {
     return {};
   }
   const QString project = g_Project->Path();
-  return project + SceneFolder::nameOnDisk(project, u"Data"_s) + Paths::separator();
+  return project + Files().NameOnDisk(project, u"Data"_s) + Paths::separator();
 }
 
 QString SceneFile::path() const {
@@ -141,7 +154,7 @@ void SceneFile::nameAll(const clsScenes& scenes) {
   if (std::none_of(scenes.begin(), scenes.end(), [](const auto& scene) { return scene->RTFFilename().isEmpty(); })) {
     return;
   }
-  QSet<QString> taken = namesOf(scenes);
+  QSet<QString> taken = takenNames(scenes);
   for (const auto& scene : scenes) {
     SceneFile(*scene).name(taken);
   }
@@ -178,7 +191,11 @@ bool SceneFile::save(bool force, const QString& mirrorFolder, Others others) {
 
 void SceneFile::knowFile() const {
   if (!scene_.rtfFilename_.isEmpty() && !SceneFolder::leadsOut(*g_Project, path())) {
-    Guard("knowFile", "SceneFile")([&] { readWholeFile(path(), Links::Followed, &scene_.stored_); });
+    Guard("knowFile", "SceneFile")([&] {
+      if (const auto text = readWholeFile(path(), Links::Followed, &scene_.stored_)) {
+        scene_.stored_.noteContent(*text);
+      }
+    });
   }
 }
 
@@ -192,11 +209,10 @@ std::optional<SceneFile::Changed> SceneFile::changedByOthers() const {
   std::optional<QByteArray> text;
   Guard("changedByOthers", "SceneFile")([&] { text = readWholeFile(path(), Links::Followed, &changed.stamp); });
   if (!text) {
-    return {};
+    return Changed{{}, now, false};
   }
-  const bool asLeft = scene_.stored_.isKnown() && scene_.stored_.size == changed.stamp.size &&
-                      scene_.stored_.hash == changed.stamp.hash;
-  if (asLeft || *text == scene_.textRTF_) {
+  changed.stamp.noteContent(*text);
+  if (scene_.stored_.hasContent(*text) || *text == scene_.textRTF_) {
     scene_.stored_ = changed.stamp;
     return {};
   }
@@ -218,7 +234,7 @@ bool SceneFile::mayWrite(Others others) {
 
 bool SceneFile::writeText(Others others) {
   if (scene_.rtfFilename_.isEmpty()) {
-    QSet<QString> taken = namesOf(g_Project->Scenes);
+    QSet<QString> taken = takenNames(g_Project->Scenes);
     name(taken);
   }
   const QByteArray& text = scene_.textRTF_;
@@ -269,7 +285,7 @@ void SceneFile::writePlainMirror(const QString& folder) const {
   }
   const QString& text = scene_.ConvertedToBodyText();
   const QByteArray bytes = CodePage::canEncode(text) ? CodePage::toBytes(text) : "\xEF\xBB\xBF" + text.toUtf8();
-  Files().MkMissingDir(folder);
+  Files().MkMissingDirNoRecurse(folder);
   QByteArray there;
   const bool holdsAlready =
       Files().FileSize(folder + name) == bytes.size() && Files().LoadTextFile(folder + name, there) && there == bytes;

@@ -38,6 +38,8 @@ class SceneFile {
   struct Changed {
     QByteArray text;
     FileStamp stamp;
+    /// False for what is there and can't be read.
+    bool readable = true;
   };
   std::optional<Changed> changedByOthers() const;
 

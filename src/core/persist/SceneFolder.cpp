@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -28,17 +27,6 @@ void logLeadsOut(const QString& path) {
 
 SceneFolder::SceneFolder(const clsProject& project)
     : project_(project), path_(project.RTFFolder()), leadsOut_(leadsOut(project, path_ + u'.')) {}
-
-QString SceneFolder::nameOnDisk(const QString& projectFolder, const QString& name) {
-  const QDir folder(projectFolder);
-  if (folder.exists(name)) {
-    return name;
-  }
-  const QStringList folders = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
-  const auto other = std::find_if(folders.begin(), folders.end(),
-                                  [&](const QString& there) { return there.compare(name, Qt::CaseInsensitive) == 0; });
-  return other == folders.end() ? name : *other;
-}
 
 bool SceneFolder::leadsOut(const clsProject& project, const QString& file) {
   const QString own = QFileInfo(project.Path()).canonicalFilePath();

@@ -25,9 +25,6 @@ class SceneFolder {
   /// Nothing, and logged where that tells more, for a file that is missing, can't be read or leads out.
   std::optional<File> read(const QString& name);
 
-  /// What the folder of this name is called in a project's folder: as it is asked for, unless it stands there in other
-  /// letters only.
-  static QString nameOnDisk(const QString& projectFolder, const QString& name);
   /// True for a file that is a link to somewhere outside the project's folder, or in a folder that is one.
   static bool leadsOut(const clsProject& project, const QString& file);
 

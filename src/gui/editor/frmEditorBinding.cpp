@@ -139,7 +139,7 @@ bool frmEditor::SaveChanges(bool) {
   }
   // What could not be written stays due. The texts of a book that has no place are kept by the book until it has one.
   Dirty = g_Project->HasPlace() && saved->RTFChanged();
-  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"The scene's file could not be written"_s : whereSaved());
+  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"Not saved yet"_s : whereSaved());
   return true;
 }
 
@@ -147,9 +147,9 @@ QString frmEditor::whereSaved() const {
   if (g_Project->HasPlace()) {
     return u"Last Autosave: None"_s;
   }
-  return (g_Project->ReadOnly() ? u"Kept in memory, the book being read-only, and in "_s
-                                : u"Kept in memory, the book having no file yet, and in "_s) +
-         RescueFolder(*g_Project).path();
+  const QString why = g_Project->ReadOnly() ? u"Read-only"_s : u"No file yet"_s;
+  const RescueFolder rescue(*g_Project);
+  return why + (rescue.holds(*scene()) ? u": kept in the rescue folder"_s : u": kept in memory"_s);
 }
 
 // Should the scene's own file not take it, there is one more.
@@ -168,9 +168,10 @@ bool frmEditor::saveWhole() {
   if (!SaveChanges(false)) {
     return false;
   }
-  if (Dirty) {
+  if (Dirty && !scene()->SaveFailure().isEmpty()) {
     toolkit().MsgBox(u"The text of this scene could not be written to "_s + scene()->RTFFileWithPath() +
-                     u". The window stays open. Please make room or free the file and save again."_s);
+                     u". The window stays open. Please make room or free the file and save again.\n\n"_s +
+                     scene()->SaveFailure());
   }
   return !Dirty;
 }

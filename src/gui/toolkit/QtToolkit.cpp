@@ -123,6 +123,19 @@ void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture
   box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
+/// Marks the first letter of a word that isn't taken yet.
+QString withMnemonic(const QString& caption, QString& taken) {
+  QString text = QString(caption).replace(u'&', u"&&"_s);
+  for (qsizetype i = 0; i < caption.size(); ++i) {
+    const bool beginsWord = i == 0 || caption[i - 1] == u' ';
+    if (beginsWord && caption[i].isLetter() && !taken.contains(caption[i].toLower()) && text == caption) {
+      taken.append(caption[i].toLower());
+      return text.insert(i, u'&');
+    }
+  }
+  return text;
+}
+
 QString chosen(const FileDialog& dialog) {
   return dialog.accepted() ? Paths::native(dialog->selectedFiles().value(0)) : QString();
 }
@@ -176,12 +189,13 @@ int QtToolkit::Choose(const ChoiceQuestion& question) {
   const OverActiveWindow<QMessageBox> box;
   prepare(box, QMessageBox::Question, question.text);
   QList<QAbstractButton*> buttons;
+  // Cancel has the Escape key.
+  QString taken;
   for (const QString& choice : question.choices) {
     // In this role buttons stand in the order in which they are added.
-    buttons.append(box->addButton(choice, QMessageBox::ActionRole));
+    buttons.append(box->addButton(withMnemonic(choice, taken), QMessageBox::ActionRole));
   }
   box->setEscapeButton(box->addButton(QMessageBox::Cancel));
-  box->button(QMessageBox::Cancel)->hide();
   auto* const first = qobject_cast<QPushButton*>(buttons.value(question.byDefault));
   box->setDefaultButton(first);
   if (first != nullptr) {

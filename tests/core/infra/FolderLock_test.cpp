@@ -2,6 +2,7 @@
 
 #include "core/infra/FileStamp.h"
 #include "core/infra/NativeFile.h"
+#include "support/FailingDisk.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
@@ -58,6 +59,19 @@ TEST(FolderLock, TheDeadOfThisMachineCountForNothingAndOtherMachinesAreBelieved)
   EXPECT_EQ(refused.other()->since, u"2026-11-20 18:05"_s);
 }
 
+TEST(FolderLock, AnotherUsersIsSeen) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
+  const FolderLock theirs(folder.path());
+  ASSERT_TRUE(QFile::setPermissions(folder.path(FolderLock::fileName()),
+                                    QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+  const OrdinaryUser user;
+  if (!user.limited()) {
+    GTEST_SKIP() << "no other user to be had";
+  }
+  EXPECT_TRUE(FolderLock(folder.path()).other());
+}
+
 TEST(FolderLock, AFolderOfAnotherMachineCanBeClaimed) {
   const ScratchFolder folder;
   writeFile(folder.path(FolderLock::fileName()), linesOf(u"elsewhere"_s));
@@ -97,6 +111,7 @@ TEST(FileStamp, WhatWasReadOrWrittenIsKnownAgain) {
   EXPECT_EQ(readWholeFile(path, Links::Refused, &read), "one two");
   EXPECT_TRUE(read.looksLike(written));
   EXPECT_TRUE(FileStamp::lookAt(path).looksLike(written));
+  read.noteContent("one two");
   EXPECT_EQ(read.hash, written.hash);
   EXPECT_TRUE(written.hasContent("one two"));
   EXPECT_FALSE(written.hasContent("one twO"));

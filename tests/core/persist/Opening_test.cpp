@@ -9,6 +9,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/RescueFolder.h"
+#include "support/ListeningToolkit.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
@@ -107,7 +108,7 @@ TEST_F(Opening, TwoScenesOfOneNumberAreBothKeptAndTold) {
   edit("\t\t\t<ScID>2</ScID>\r\n", "");
   edit("<ID>3</ID>\r\n\t\t<Title>Departure%201", "<ID>1</ID>\r\n\t\t<Title>Departure%201");
   edit("<ScID>3</ScID>", "<ScID>1</ScID>");
-  screen_.expectBox(u"got a new one:\nArrival 2\nDeparture 1"_s);
+  screen_.expectBox(u"and got one of their own: Arrival 2; Departure 1"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));
   EXPECT_EQ(g_Project->SceneCount(), 5);
   EXPECT_EQ(titlesOf(1), QStringList({u"Arrival 1"_s, u"Arrival 2"_s}));
@@ -121,7 +122,7 @@ TEST_F(Opening, TwoChaptersOfOneNumberAndOneWithoutKeepTheirScenes) {
   edit("<ID>2</ID>\r\n\t\t<Title>Departure<", "<ID>1</ID>\r\n\t\t<Title>Departure<");
   edit("\t\t<ID>1</ID>\r\n\t\t<Title>Arrival<", "\t\t<Title>Arrival<");
   edit("<ID>3</ID>\r\n\t\t<Title>Cut%20scenes<", "<ID>1</ID>\r\n\t\t<Title>Cut%20scenes<");
-  screen_.expectBox(u"got a new one:\nCut scenes"_s);
+  screen_.expectBox(u"and got one of their own: Cut scenes"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));
   EXPECT_EQ(titlesOf(1), QStringList({u"Arrival 1"_s, u"Arrival 2"_s}));
   EXPECT_EQ(titlesOf(2), QStringList({u"Departure 1"_s, u"Departure 2"_s}));
@@ -137,7 +138,7 @@ TEST_F(Opening, WhatContradictsItselfIsPutRightAndToldInOneBox) {
   writeFile(file(u"Small (Anna's conflicted copy 2026-11-20).qn4"_s), "x");
   screen_.expectBox(u"found when the book was opened"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));
-  for (const QString& told : {u"Departure (2)"_s, u"Arrival 2"_s, u"Cut scenes 1 (RTF_00005.rtf, 2 words)"_s,
+  for (const QString& told : {u"Departure (2 scenes)"_s, u"Arrival 2"_s, u"Cut scenes 1 (RTF_00005.rtf, 2 words)"_s,
                               u"RTF_00003.sync-conflict"_s, u"Anna's conflicted copy"_s}) {
     EXPECT_TRUE(screen_.boxes.constLast().contains(told)) << told;
   }
@@ -228,4 +229,37 @@ TEST_F(Opening, TextsWithoutAPlaceAreKeptInTheRescueFolder) {
   ASSERT_TRUE(g_Project->Load(whole, false));
   EXPECT_EQ(g_Project->SceneCount(), 5);
   EXPECT_EQ(sceneAt(2)->TextRTF(), simpleRtf("four five"));
+}
+
+TEST_F(Opening, APieceThatIsMissingInTheMiddleIsSeen) {
+  const QByteArray whole = fileBytes(path_);
+  int tried = 0;
+  int silent = 0;
+  for (qsizetype at = whole.indexOf("<LOCATIONS>"); at + 400 < whole.size(); at += 97) {
+    writeFile(path_, QByteArray(whole).remove(at, 400));
+    ListeningToolkit listener;
+    installToolkit(&listener);
+    const bool complete = g_Project->Load(path_, false) && g_Project->SceneCount() == 5 &&
+                          g_Project->ChapterCount() == 3 && g_Project->CharCount() == 3;
+    ++tried;
+    silent += !complete && listener.told.isEmpty() ? 1 : 0;
+    installToolkit(&screen_);
+  }
+  // Nothing tells of whole elements that are gone.
+  EXPECT_LT(silent * 10, tried);
+}
+
+TEST_F(Opening, TheAllInOneCopyDoesNotStandForTheFileThatWasCutOff) {
+  const QByteArray cut = fileBytes(path_).chopped(20);
+  writeFile(path_, cut);
+  screen_.expectChoice(u"3 chapters and 5 scenes were found"_s, u"Open the file as it is"_s);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  g_Project->FileWithPath = file(u"Copy.qnc4"_s);
+  ASSERT_TRUE(g_Project->SaveQNC4(false));
+  g_Project->FileWithPath = path_;
+  screen_.expectBox(u"Do you want to save over it?"_s, Answer::No);
+  screen_.expectFile({});
+  screen_.expectBox(u"Save cancelled."_s);
+  EXPECT_FALSE(g_Project->SaveQN4(false));
+  EXPECT_EQ(fileBytes(path_), cut);
 }

@@ -3,10 +3,12 @@
 #include "core/infra/Clock.h"
 #include "core/infra/FolderLock.h"
 #include "core/infra/SilentToolkit.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/Backups.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
@@ -54,9 +56,9 @@ TEST_F(OtherPrograms, ATextThatBothHaveChangedIsKeptAsTheWriterSays) {
     QByteArray stays;
     QByteArray beside;
     bool saved;
-  } cases[] = {{u"Both"_s, simpleRtf("mine"), kTheirs, true},
-               {u"Mine"_s, simpleRtf("mine"), {}, true},
-               {u"Theirs"_s, kTheirs, {}, true},
+  } cases[] = {{u"Keep both"_s, simpleRtf("mine"), kTheirs, true},
+               {u"Keep mine"_s, simpleRtf("mine"), {}, true},
+               {u"Take theirs"_s, kTheirs, {}, true},
                {QString(), kTheirs, {}, false}};
   for (const auto& [choice, stays, beside, saved] : cases) {
     ASSERT_TRUE(g_Project->Load(path_, false));
@@ -78,7 +80,7 @@ TEST_F(OtherPrograms, AnEditorsOwnSaveAsksToo) {
   ASSERT_TRUE(g_Project->Load(path_, false));
   leaveTheirs(1);
   sceneAt(1)->setTextRTF(simpleRtf("mine"));
-  screen_.expectChoice(u"the text of 'Arrival 1'"_s, QString());
+  screen_.expectChoice(u"The text of 'Arrival 1'"_s, QString());
   sceneAt(1)->Save(false, true);
   EXPECT_TRUE(sceneAt(1)->RTFChanged());
   EXPECT_EQ(sceneFile(1), kTheirs);
@@ -119,18 +121,18 @@ TEST_F(OtherPrograms, AChangedProjectFileIsNotWrittenOverUnasked) {
     writeFile(path_, theirs);
   };
   change();
-  screen_.expectChoice(u"Small.qn4, changed"_s, u"Theirs"_s);
+  screen_.expectChoice(u"The plan of the book (Small.qn4, "_s, u"Take theirs"_s);
   EXPECT_FALSE(g_Project->SaveQN4(false));
   EXPECT_TRUE(g_Project->ReloadWanted());
   EXPECT_EQ(fileBytes(path_), theirs);
   EXPECT_EQ(sceneFile(2), simpleRtf("mine")) << "a text that stands against nothing";
   change();
-  screen_.expectChoice(kChanged, u"Both"_s);
+  screen_.expectChoice(kChanged, u"Keep both"_s);
   EXPECT_TRUE(g_Project->SaveQN4(false));
   EXPECT_TRUE(fileBytes(path_).contains("<Title>Mine<"));
   EXPECT_EQ(fileBytes(file(u"Small (conflict 2026-11-21).qn4"_s)), theirs);
   EXPECT_TRUE(g_Project->SaveQN4(false)) << "asked once";
-  screen_.expectBox(u"changed the same file:\nSmall (conflict 2026-11-21).qn4"_s);
+  screen_.expectBox(u"shows those of scenes): Small (conflict 2026-11-21).qn4"_s);
   EXPECT_TRUE(g_Project->Load(path_, false));
 }
 
@@ -235,4 +237,110 @@ TEST_F(OtherPrograms, WhatAnEditorSavesDuringASaveCountsAsUnsaved) {
   EXPECT_TRUE(g_Project->EditedSinceSave());
   EXPECT_TRUE(g_Project->SaveQN4(true));
   EXPECT_FALSE(g_Project->EditedSinceSave());
+}
+
+// A harmless save in between settles nothing.
+TEST_F(OtherPrograms, AnOlderCopyAsksAlsoAfterASaveThatReplacedNothing) {
+  QFile::copy(path_, file(u"Copy.qn4"_s));
+  ASSERT_TRUE(g_Project->Load(file(u"Copy.qn4"_s), false));
+  g_Project->Title = u"A copy"_s;
+  ASSERT_TRUE(g_Project->SaveQN4(true));
+  sceneAt(1)->setTextRTF(simpleRtf("older"));
+  screen_.expectChoice(u"You opened Copy.qn4"_s, u"Save under a new name"_s);
+  screen_.expectFile(file(u"Another.qn4"_s));
+  screen_.expectBox(u"There's already a project in that location."_s);
+  screen_.expectFile({});
+  screen_.expectBox(u"Save cancelled."_s);
+  sceneAt(1)->Save(false, true);
+  EXPECT_EQ(sceneFile(1), simpleRtf("one two three"));
+}
+
+TEST_F(OtherPrograms, WhoHasChangedNothingLeavesTheOtherPlanAlone) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QByteArray theirs = fileBytes(path_).replace("<Title>Arrival<", "<Title>Theirs<");
+  writeFile(path_, theirs);
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_EQ(fileBytes(path_), theirs);
+  g_Project->Title = u"Mine"_s;
+  screen_.expectChoice(u"The plan of the book"_s, QString());
+  EXPECT_FALSE(g_Project->SaveQN4(true));
+}
+
+TEST_F(OtherPrograms, TheirsIsTakenOnlyWhole) {
+  const auto offered = [&] { return screen_.choices.constLast().choices; };
+  for (const QByteArray& left : {QByteArray(), kTheirs.chopped(1)}) {
+    ASSERT_TRUE(g_Project->Load(path_, false));
+    sceneAt(1)->setTextRTF(simpleRtf("mine"));
+    writeFile(file(u"RTF/RTF_00001.rtf"_s), left);
+    screen_.expectChoice(u"cut off or empty"_s, QString());
+    EXPECT_FALSE(g_Project->SaveQN4(true));
+    EXPECT_EQ(offered(), QStringList({u"Keep both"_s, u"Keep mine"_s})) << left;
+    newProject();
+    writeFile(file(u"RTF/RTF_00001.rtf"_s), simpleRtf("one two three"));
+  }
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  g_Project->Title = u"Mine"_s;
+  writeFile(path_, fileBytes(path_).chopped(30));
+  screen_.expectChoice(u"cut off or empty"_s, QString());
+  EXPECT_FALSE(g_Project->SaveQN4(true));
+  EXPECT_FALSE(offered().contains(u"Take theirs"_s));
+}
+
+TEST_F(OtherPrograms, APlanThatIsWrittenDuringTheSaveIsKeptBeside) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QByteArray theirs = fileBytes(path_).replace("<Title>Arrival<", "<Title>Theirs<");
+  g_Project->Title = u"Mine"_s;
+  screen_.onYield = [&] { writeFile(path_, theirs); };
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  EXPECT_TRUE(fileBytes(path_).contains("<Title>Mine<"));
+  EXPECT_EQ(fileBytes(file(u"Small (conflict 2026-11-21).qn4"_s)), theirs);
+}
+
+TEST_F(OtherPrograms, ATextFolderThatHasGoneIsWrittenWhole) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  ASSERT_TRUE(QDir(file(u"RTF"_s)).removeRecursively());
+  sceneAt(1)->setTextRTF(simpleRtf("mine"));
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(filesBelow(folder()).size(), 6);
+  // The empty folder of a stick that was pulled out.
+  ASSERT_TRUE(QDir(folder()).removeRecursively() && QDir().mkpath(folder()));
+  screen_.expectChoice(u"isn't there any more"_s, QString());
+  EXPECT_FALSE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(filesBelow(folder()).isEmpty());
+  // Nor do mirrors and backups make one.
+  ASSERT_TRUE(QDir(folder()).removeRecursively());
+  Settings().sSet(u"CreateTextToo"_s, true);
+  sceneAt(1)->setTextRTF(simpleRtf("mine again"));
+  sceneAt(1)->Save(false, true);
+  Settings().sSet(u"CreateTextToo"_s, false);
+  EXPECT_FALSE(backUpScene(*sceneAt(1), "x"));
+  EXPECT_FALSE(QFile::exists(folder()));
+  EXPECT_TRUE(sceneAt(1)->SaveFailure().contains(u"isn't there any more"_s));
+}
+
+TEST_F(OtherPrograms, ANameThatIsMadeOfWhatWasTypedIsAskedAbout) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  writeFile(scratch_.path(u"Vol. 2.qn4"_s), "another book");
+  screen_.expectFile(scratch_.path(u"Vol. 2"_s));
+  screen_.expectBox(u"Vol. 2.qn4 already exists. Do you want to replace it?"_s, Answer::No);
+  EXPECT_FALSE(g_Project->SaveAs());
+  EXPECT_EQ(fileBytes(scratch_.path(u"Vol. 2.qn4"_s)), "another book");
+  EXPECT_EQ(g_Project->FileWithPath, path_);
+}
+
+TEST_F(OtherPrograms, ASingleFileIsLookedAtToo) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const QString single = scratch_.path(u"one/One.qnc4"_s);
+  g_Project->FileWithPath = single;
+  ASSERT_TRUE(g_Project->SaveQNC4(false));
+  screen_.expectBox(u"You've loaded an all-in-one"_s);
+  ASSERT_TRUE(g_Project->Load(single, false));
+  // Its texts get files as soon as one is written.
+  sceneAt(1)->setTextRTF(simpleRtf("mine"));
+  sceneAt(1)->Save(false, true);
+  EXPECT_FALSE(sceneAt(1)->RTFChanged());
+  writeFile(single, fileBytes(single).replace("<Title>Arrival<", "<Title>Theirs<"));
+  screen_.expectChoice(kChanged, u"Keep both"_s);
+  EXPECT_TRUE(g_Project->SaveQNC4(false));
+  EXPECT_TRUE(fileBytes(scratch_.path(u"one/One (conflict 2026-11-21).qnc4"_s)).contains("Theirs"));
 }

@@ -250,7 +250,7 @@ TEST_F(Safety, ANewSceneNeverTakesTheFileOfAnother) {
 TEST_F(Safety, NumbersAtTheEndOfTheirRangeStillGiveFreshOnes) {
   edit("<LastFileIndex4>5<", "<LastFileIndex4>2147483647<");
   edit("<ID>5</ID>\r\n\t\t<Title>Cut", "<ID>2147483647</ID>\r\n\t\t<Title>Cut");
-  screen_.expectBox(u"Cut scenes (1)"_s);
+  screen_.expectBox(u"Cut scenes (1 scenes)"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));
   const auto scene = std::make_shared<clsScene>();
   chapterAt(1)->Addscene(scene);

@@ -266,7 +266,7 @@ TEST_F(EditorTest, AnotherProgramsTextIsShownWhereTheWriterTakesIt) {
   frmEditor* const editor = open();
   type(*editor, u" mine"_s);
   writeFile(scene()->RTFFileWithPath(), simpleRtf("theirs"));
-  toolkit.expectChoice(u"the text of 'Arrival 1'"_s, u"Theirs"_s);
+  toolkit.expectChoice(u"The text of 'Arrival 1'"_s, u"Take theirs"_s);
   QTest::keyClick(editor, Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(control<RichTextBox>(*editor, "txtMain").Text().trimmed(), u"theirs"_s);
   EXPECT_EQ(textInFile(), u"theirs"_s);
@@ -328,7 +328,7 @@ TEST_F(EditorTest, TheTextsOfABookWithoutAFileAreKeptByTheBook) {
   frmEditor* const editor = open();
   type(*editor, u" kept"_s);
   click(*editor, "cmdSave");
-  EXPECT_TRUE(panel(*editor, 1).startsWith(u"Kept in memory, the book having no file yet, and in "_s));
+  EXPECT_EQ(panel(*editor, 1), u"No file yet: kept in the rescue folder"_s);
   click(*editor, "cmdSaveAndExit");
   EXPECT_TRUE(QDir::setCurrent(place));
   EXPECT_FALSE(scene()->EditingScene());

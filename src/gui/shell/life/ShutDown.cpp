@@ -14,6 +14,7 @@
 #include "gui/views/ListView.h"
 
 #include <QApplication>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -26,12 +27,32 @@ QString whatWouldBeLost() {
   }
   const QString& path = g_Project->FileWithPath;
   if (const qint32 unsaved = g_Project->UnsavedTexts(); unsaved > 0 && !path.isEmpty()) {
-    return u"The text of %1 scene(s) could not be written to %2."_s.arg(unsaved).arg(g_Project->Path() + u"RTF"_s);
+    return u"The text of %1 scene(s) could not be written to %2. Please make room or free the files."_s.arg(unsaved)
+        .arg(g_Project->RTFFolder());
   }
-  return g_Project->HoldsUnsaved()
-             ? u"The book could not be saved. What was changed since it was last saved would be lost."_s
-             : QString();
+  return g_Project->HoldsUnsaved() ? u"The book isn't saved. What was changed since it was last saved would be lost."_s
+                                   : QString();
 }
+
+/// While it lives nobody is asked and nothing is shown.
+class Unattended {
+ public:
+  Unattended() { installToolkit(&nobody_); }
+  ~Unattended() { installToolkit(&screen_); }
+  Unattended(const Unattended&) = delete;
+  Unattended& operator=(const Unattended&) = delete;
+
+ private:
+  Toolkit& screen_ = toolkit();
+  SilentToolkit nobody_;
+};
+
+/// In the place of the path of a rescued book.
+const QString kNowhere = u"nowhere"_s;
+
+/// How often, and after how long each time, the end looks whether a save has come to its own.
+constexpr int kWaits = 100;
+constexpr int kWaitMs = 50;
 
 }  // namespace
 
@@ -50,9 +71,16 @@ void frmMain::EndProgram() {
   // A project without a file is empty, unless a save was given up: then the book is in memory alone, and the save
   // asks once more.
   if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
-    guard([&] { SaveProject(true); });
-    bool mayLeave = true;
+    // A book that was only looked at isn't saved over the rest of its file.
+    const bool onlyLookedAt = g_Project->OpenedIncomplete() && !session_.isChanged() && !g_Project->HoldsUnsaved();
+    if (!onlyLookedAt) {
+      guard([&] { SaveProject(true); });
+    }
+    bool mayLeave = false;
     guard([&] { mayLeave = g_Project->ReadOnly() ? session_.mayLeaveReadOnly() : mayLeaveBook(); });
+    if (ending_) {
+      return;  // the system didn't wait for the answer
+    }
     if (!mayLeave) {
       Closing = false;
       StartScanTimer();
@@ -73,33 +101,49 @@ void frmMain::EndProgram() {
 
 // Nobody may be there to answer, and the system waits for a moment only.
 void frmMain::SaveAtOnce() {
-  Toolkit& screen = toolkit();
-  SilentToolkit nobody;
-  installToolkit(&nobody);
+  const Unattended nobody;
   const Guard guard("SaveAtOnce", "frmMain");
   guard([] { g_Project->SaveEditorWindows(); });
-  guard([] {
-    if (!g_Project->FileWithPath.isEmpty()) {
-      g_Project->SaveQN4(false);
+  bool saved = false;
+  guard([&] { saved = !g_Project->FileWithPath.isEmpty() && g_Project->SaveQN4(false); });
+  guard([&] {
+    // Also in the middle of another save, which may be waiting for an answer that will not come.
+    if (g_Project->HoldsUnsaved() || (!saved && (ProjectChanged || g_Project->IsBusy()))) {
+      const QString kept = RescueFolder(*g_Project).keepBook();
+      Settings().sSet(u"RescuedBook"_s, kept.isEmpty() ? kNowhere : kept);
+    } else {
+      Settings().DeleteSettingByName(u"RescuedBook"_s);
     }
   });
-  guard([] {
-    if (g_Project->HoldsUnsaved()) {
-      Settings().sSet(u"RescuedBook"_s, RescueFolder(*g_Project).keepBook());
-    }
-  });
-  installToolkit(&screen);
 }
 
 void frmMain::EndAtOnce() {
-  if (std::exchange(Closing, true)) {
+  if (std::exchange(ending_, true)) {
     return;
   }
+  Closing = true;
   StopScanTimer();
   Timer3.stop();
   Logging().LogEvent(u"Ended by the system"_s);
+  Guard("EndAtOnce", "frmMain")([&] { SaveAtOnce(); });
+  finishAtOnce(kWaits);
+}
+
+// A load or save that is under way comes to its end first, and a question that it waits with is cancelled: what could
+// not be saved in its middle is saved behind it.
+void frmMain::finishAtOnce(int waits) {
+  const Unattended nobody;
   const Guard guard("EndAtOnce", "frmMain");
-  guard([&] { SaveAtOnce(); });
+  if (g_Project->IsBusy() && waits > 0) {
+    if (QWidget* const question = QApplication::activeModalWidget()) {
+      question->close();
+    }
+    QTimer::singleShot(kWaitMs, this, [this, waits] { finishAtOnce(waits - 1); });
+    return;
+  }
+  if (waits < kWaits) {
+    guard([&] { SaveAtOnce(); });
+  }
   guard([&] { storeSettings(); });
   guard([&] {
     if (settingsLoaded_) {
@@ -113,11 +157,8 @@ void frmMain::EndAtOnce() {
 /// Whether the program may end: not over what is in memory alone, unless the user says so.
 bool frmMain::mayLeaveBook() {
   const QString lost = whatWouldBeLost();
-  return lost.isEmpty() ||
-         toolkit().MsgBox(lost +
-                              u" Do you want to leave the program all the same? If not, please make room or free the "
-                              "files and leave again."_s,
-                          Buttons::NoUnlessYes) == Answer::Yes;
+  return lost.isEmpty() || toolkit().MsgBox(lost + u" Do you want to leave the program all the same?"_s,
+                                            Buttons::NoUnlessYes) == Answer::Yes;
 }
 
 // A start that failed before the settings were read has nothing to store: it would wipe out what they hold.

@@ -251,20 +251,34 @@ void StartUp::finish() {
   main_.startUpdateCheck();
 }
 
-void StartUp::tellOfStart() const {
-  if (const QString rescued = Settings().sGet(u"RescuedBook"_s).toString(); !rescued.isEmpty()) {
-    Settings().DeleteSettingByName(u"RescuedBook"_s);
-    toolkit().MsgBox(
-        u"When the system ended the program last time, the book could not be saved whole in its own place. All of it "
-        "is kept in\n"_s +
-        rescued + u"\nThe Project menu opens it."_s);
+// Until it is opened it is offered at each start.
+void StartUp::offerRescued() const {
+  const QString rescued = Settings().sGet(u"RescuedBook"_s).toString();
+  if (rescued.isEmpty()) {
+    return;
   }
+  const QString what = u"The computer ended Quillane before the book could be saved whole in its own place. "_s;
+  if (!Files().FileExists(rescued)) {
+    Settings().DeleteSettingByName(u"RescuedBook"_s);
+    toolkit().MsgBox(what + u"Nor could it be kept anywhere else."_s);
+    return;
+  }
+  if (toolkit().Choose(
+          {what + u"A copy with all its words was kept:\n"_s + rescued, {u"Open it now"_s, u"Later"_s}, 0}) == 0) {
+    Settings().DeleteSettingByName(u"RescuedBook"_s);
+    main_.LoadProject(rescued, true);
+    main_.session().setMenusByProject();
+  }
+}
+
+void StartUp::tellOfStart() const {
+  offerRescued();
   QStringList told;
   if (!notFound_.isEmpty()) {
     told += notFound_ + u" wasn't found."_s;
   }
   if (endedBadly_) {
-    told += u"The program did not end properly last time. What it did then is in log_last.txt."_s;
+    told += u"Quillane didn't end properly last time. Books open as they were last saved. (log_last.txt tells more.)"_s;
   }
   if (!told.isEmpty()) {
     main_.showMessage(told.join(u' '));

@@ -34,6 +34,7 @@ class StartUp {
   void openLast(const QString& path) const;
   void finish();
   void tellOfStart() const;
+  void offerRescued() const;
 
   frmMain& main_;
   /// A file that was named and isn't there.

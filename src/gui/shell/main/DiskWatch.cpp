@@ -5,9 +5,12 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/DiskConflicts.h"
+#include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/StatusPanels.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/views/ListView.h"
 
 #include <algorithm>
 #include <chrono>
@@ -41,6 +44,7 @@ void DiskWatch::look() {
     return;
   }
   if (g_Project->ReloadWanted() && !main_.Editing()) {
+    // A save that no window asked for has led to it.
     main_.LoadProject(QString(g_Project->FileWithPath), false);
   }
   DiskConflicts found(*g_Project);
@@ -71,7 +75,8 @@ void DiskWatch::lookAtSome(DiskConflicts& found) {
 }
 
 void DiskWatch::tell(const DiskConflicts& found) {
-  if (found.isEmpty()) {
+  // What is cut off or empty may be written just now.
+  if (found.isEmpty() || !found.areWhole()) {
     main_.status().setOffer({}, {});
     return;
   }
@@ -83,9 +88,16 @@ void DiskWatch::load() {
   if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
+  // The button goes, and the next field would take the keys that are meant for it.
+  main_.panes().chapters().listChapters().setFocus();
   DiskConflicts found(*g_Project);
   found.lookAtProjectFile();
-  if (!found.hasProjectFile()) {
+  if (!found.areWhole()) {
+    return;
+  }
+  if (g_Project->ReadOnly()) {
+    loadReadOnly();
+  } else if (!found.hasProjectFile()) {
     loadTexts();
   } else if (main_.session().isChanged() || g_Project->HoldsUnsaved()) {
     main_.SaveProject(false);
@@ -93,6 +105,12 @@ void DiskWatch::load() {
     main_.LoadProject(QString(g_Project->FileWithPath), false);
   }
   look();
+}
+
+void DiskWatch::loadReadOnly() {
+  if (main_.session().mayLeaveReadOnly() && g_Project->ReadOnly()) {
+    main_.LoadProject(QString(g_Project->FileWithPath), false);
+  }
 }
 
 void DiskWatch::loadTexts() {
@@ -108,5 +126,7 @@ void DiskWatch::loadTexts() {
       found.lookAtDisk(*scene);
     }
   }
-  found.takeTexts();
+  if (found.areWhole()) {
+    found.takeTexts();
+  }
 }

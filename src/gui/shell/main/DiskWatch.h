@@ -21,6 +21,7 @@ class DiskWatch {
   void lookAtSome(DiskConflicts& found);
   void tell(const DiskConflicts& found);
   void load();
+  void loadReadOnly();
   void loadTexts();
 
   frmMain& main_;

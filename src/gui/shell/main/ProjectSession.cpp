@@ -49,17 +49,20 @@ void ProjectSession::SaveProject(bool ShowProgress) {
   main_.ProjectChanged = false;
   if (g_Project->SaveQN4(ShowProgress)) {
     AddToRecent(g_Project->FileWithPath);
+  } else if (g_Project->ReloadWanted() && !main_.Closing) {
+    LoadProject(QString(g_Project->FileWithPath), ShowProgress);
   }
   main_.showTitle();
 }
 
 bool ProjectSession::saveUnderNewName() {
-  if (g_Project->SaveAs() && !g_Project->HoldsUnsaved()) {
+  const bool saved = g_Project->SaveAs() && !g_Project->HoldsUnsaved() && !g_Project->ReadOnly();
+  if (saved) {
     main_.ProjectChanged = false;
     AddToRecent(g_Project->FileWithPath);
   }
   main_.showTitle();
-  return !g_Project->HoldsUnsaved();
+  return saved;
 }
 
 // A changed title is in no text and counts as little as it does elsewhere: it is a change all the same.

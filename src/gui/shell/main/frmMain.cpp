@@ -55,7 +55,7 @@ class frmMain::OwnCommands : public CommandGroup {
 };
 
 frmMain::frmMain(QString commandLine)
-    : endProcess([] { QCoreApplication::quit(); }), commandLine_(std::move(commandLine)), session_(*this) {
+    : endProcess([] { QCoreApplication::exit(); }), commandLine_(std::move(commandLine)), session_(*this) {
   setObjectName(u"frmMain"_s);
   createParts();
   addCommands(std::make_unique<OwnCommands>(*this));

@@ -108,6 +108,7 @@ class frmMain : public QMainWindow {
   void connectSignals();
   void Timer3_Timer();
   bool mayLeaveBook();
+  void finishAtOnce(int waits);
   void storeSettings();
   void storeLayout();
   void unloadForms();
@@ -125,6 +126,8 @@ class frmMain : public QMainWindow {
   /// What the menus were last told of open editors.
   bool editingShown_ = false;
   QString restingMessage_;
+  /// The system ends the program.
+  bool ending_ = false;
   /// The settings were read: before that there is nothing worth writing back.
   bool settingsLoaded_ = false;
 };

@@ -112,7 +112,7 @@ TEST_F(ShutDownTest, ABookThatCouldNotBeSavedIsTriedAgainAndNotDroppedWithoutAWo
       EXPECT_TRUE(window().isWindowModified());
     }
   }
-  toolkit.expectBox(u"The book could not be saved."_s, Answer::No);
+  toolkit.expectBox(u"The book isn't saved."_s, Answer::No);
   window().close();
   EXPECT_EQ(ended, 0);
   ASSERT_TRUE(QDir().rmdir(path));
@@ -150,9 +150,57 @@ TEST_F(ShutDownTest, EndedByTheSystemItKeepsABookThatHasNoPlaceAndSaysSoAtTheNex
   const QString rescued = elementOf(Settings().sGet(u"RescuedBook"_s).toString().split(u'\n'), 0);
   EXPECT_TRUE(fileBytes(rescued).contains(simpleRtf("in memory alone").toBase64()));
   ASSERT_FALSE(QFile::exists(path)) << "made anew";
-  toolkit.expectBox(rescued);
+  toolkit.expectChoice(rescued, u"Later"_s);
+  start();
+  toolkit.expectChoice(rescued, u"Open it now"_s);
+  toolkit.expectBox(u"You've loaded an all-in-one"_s);
   start();
   EXPECT_EQ(Settings().sGet(u"RescuedBook"_s).toString(), QString());
+  EXPECT_EQ(sceneAt(1)->TextRTF(), simpleRtf("in memory alone"));
+  // It has no place of its own yet.
+  toolkit.expectFile(folder.path(u"found/Found.qn4"_s));
+  trigger("mnuSaveProj");
+  EXPECT_EQ(filesBelow(folder.path(u"found"_s)).size(), 6);
+}
+
+// The question is cancelled, and what it was about is saved without one.
+TEST_F(ShutDownTest, EndedByTheSystemInTheMiddleOfAQuestionItLosesNothing) {
+  const QString path = smallProject();
+  startWith(path);
+  control<QLineEdit>("txtTitle").setText(u"Mine"_s);
+  writeFile(path, fileBytes(path).replace("<Title>Arrival<", "<Title>Theirs<"));
+  toolkit.expectChoice(u"The plan of the book"_s, QString());
+  toolkit.onChoice = [this] { window().EndAtOnce(); };
+  trigger("mnuSaveProj");
+  ASSERT_TRUE(soon([this] { return ended == 1; }));
+  EXPECT_TRUE(fileBytes(path).contains("<Title>Mine</Title>"));
+  const QStringList beside = QDir(QFileInfo(path).path()).entryList({u"Small (conflict *).qn4"_s});
+  ASSERT_EQ(beside.size(), 1);
+}
+
+TEST_F(ShutDownTest, EndedByTheSystemAtTheQuestionOfLeavingItEnds) {
+  startWith(smallProject());
+  sceneAt(1)->setTextRTF(simpleRtf("in memory alone"));
+  g_Project->FileWithPath.clear();
+  toolkit.expectFile({});
+  toolkit.expectBox(u"Save cancelled."_s);
+  toolkit.expectBox(u"The book isn't saved."_s, Answer::No);
+  toolkit.onBox = [this] { window().EndAtOnce(); };
+  window().EndProgram();
+  ASSERT_TRUE(soon([this] { return ended == 1; }));
+  EXPECT_TRUE(
+      fileBytes(Settings().sGet(u"RescuedBook"_s).toString()).contains(simpleRtf("in memory alone").toBase64()));
+}
+
+TEST_F(ShutDownTest, ACutOffBookThatWasOnlyLookedAtIsLeftAsItIs) {
+  const QString path = smallProject();
+  const QByteArray cut = fileBytes(path).chopped(20);
+  writeFile(path, cut);
+  toolkit.expectChoice(u"incomplete"_s, u"Open the file as it is"_s);
+  startWith(path);
+  window().EndProgram();
+  EXPECT_EQ(ended, 1);
+  EXPECT_EQ(fileBytes(path), cut);
 }
 
 TEST_F(ShutDownTest, WhatWasChangedInAReadOnlyBookIsAskedAbout) {
@@ -166,6 +214,8 @@ TEST_F(ShutDownTest, WhatWasChangedInAReadOnlyBookIsAskedAbout) {
   trigger("mnuSaveProj");
   control<QLineEdit>("txtTitle").setText(u"Mine"_s);
   QTest::keyClick(&control<QLineEdit>("txtTitle"), Qt::Key_Return);
+  toolkit.expectChoice(u"isn't saved"_s, u"Save under a new name"_s);
+  toolkit.expectFile({});
   toolkit.expectChoice(u"isn't saved"_s, QString());
   window().EndProgram();
   EXPECT_EQ(ended, 0);

@@ -171,7 +171,8 @@ TEST_F(StartUpTest, TheOtherSlashPartsAPathThatIsNotThereAsItStands) {
 }
 
 TEST_F(StartUpTest, TellsWhenTheLastRunDidNotComeToItsEnd) {
-  const QString told = u"The program did not end properly last time. What it did then is in log_last.txt."_s;
+  const QString told =
+      u"Quillane didn't end properly last time. Books open as they were last saved. (log_last.txt tells more.)"_s;
   const QString log = Paths::programFolder() + u"log.txt"_s;
   const QString lastLog = Paths::programFolder() + u"log_last.txt"_s;
   const QString project = smallProject();

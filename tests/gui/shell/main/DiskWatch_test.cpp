@@ -53,7 +53,7 @@ TEST_F(DiskWatchTest, ATextThatAnotherProgramHasWrittenIsOfferedAndLoaded) {
   sceneAt(1)->setTextRTF(simpleRtf("mine"));
   writeFile(sceneAt(1)->RTFFileWithPath(), simpleRtf("theirs again"));
   ASSERT_TRUE(isOffered(u"Arrival 1"_s));
-  toolkit.expectChoice(u"Another program has changed what you are about to save"_s, u"Mine"_s);
+  toolkit.expectChoice(u"Another program has changed what you are about to save"_s, u"Keep mine"_s);
   button().click();
   EXPECT_EQ(fileBytes(sceneAt(1)->RTFFileWithPath()), simpleRtf("mine"));
   EXPECT_TRUE(isSettled());
@@ -72,7 +72,7 @@ TEST_F(DiskWatchTest, AProjectFileThatAnotherProgramHasWrittenIsOfferedAndLoaded
   control<QLineEdit>("txtTitle").setText(u"Mine"_s);
   change("Again");
   ASSERT_TRUE(isOffered(u"this book's file"_s));
-  toolkit.expectChoice(u"Small.qn4"_s, u"Theirs"_s);
+  toolkit.expectChoice(u"Small.qn4"_s, u"Take theirs"_s);
   button().click();
   EXPECT_TRUE(soon([&] { return chapterAt(1)->Title == u"Again"_s; }));
   EXPECT_TRUE(isSettled());
