@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <memory>
@@ -65,6 +66,10 @@ class ReplacementFile {
 
 /// Waits until the names of the files in a folder have reached the disk, as far as the system can tell.
 void flushFolderToDisk(const QString& folder);
+
+/// The names in a folder that hold these bytes, in no order. Nothing but the names is looked at, for there may be many
+/// thousand of them.
+QStringList namesWith(const QString& folder, QByteArrayView part);
 
 /// Refused: a link isn't followed, and stands for no file.
 enum class Links { Followed, Refused };

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <dirent.h>
 #include <fcntl.h>
 #include <set>
 #include <sys/stat.h>
@@ -321,6 +322,18 @@ FileStamp ReplacementFile::commit(Durability durability) {
 
 void flushFolderToDisk(const QString& folder) {
   flushFolder(encoded(folder));
+}
+
+QStringList namesWith(const QString& folder, QByteArrayView part) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(encoded(folder).constData()), &::closedir);
+  QStringList names;
+  for (const dirent* entry = listing ? ::readdir(listing.get()) : nullptr; entry != nullptr;
+       entry = ::readdir(listing.get())) {
+    if (QByteArrayView(entry->d_name).contains(part)) {
+      names.append(QFile::decodeName(entry->d_name));
+    }
+  }
+  return names;
 }
 
 FileStamp FileStamp::lookAt(const QString& path) {

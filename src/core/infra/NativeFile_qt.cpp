@@ -139,6 +139,12 @@ FileStamp ReplacementFile::commit(Durability) {
 
 void flushFolderToDisk(const QString&) {}
 
+QStringList namesWith(const QString& folder, QByteArrayView part) {
+  QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden);
+  names.removeIf([&](const QString& name) { return !name.contains(QLatin1StringView(part)); });
+  return names;
+}
+
 FileStamp FileStamp::lookAt(const QString& path) {
   const QFileInfo info(path);
   if (!info.isFile()) {

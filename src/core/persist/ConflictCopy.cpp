@@ -1,15 +1,11 @@
 #include "core/persist/ConflictCopy.h"
 
 #include "core/infra/Clock.h"
+#include "core/infra/NativeFile.h"
 #include "core/infra/cSharedFileSubs.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-
-#include <filesystem>
-#include <string>
-#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -34,17 +30,8 @@ bool isOne(const QString& fileName) {
   return fileName.contains(pattern);
 }
 
-// Many thousand names may stand there, and a listing of Qt's would look at each file.
 QStringList in(const QString& folder) {
-  QStringList names;
-  std::error_code failure;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(QDir::toNativeSeparators(folder).toStdU16String(), failure)) {
-    const auto name = entry.path().filename().u8string();
-    if (name.find(u8"onflict") != std::u8string::npos) {
-      names.append(QString::fromUtf8(reinterpret_cast<const char*>(name.data()), static_cast<qsizetype>(name.size())));
-    }
-  }
+  QStringList names = namesWith(folder, "onflict");
   names.removeIf([](const QString& name) { return !isOne(name); });
   names.sort();
   return names;

@@ -35,6 +35,22 @@ QStringList titlesOfRenumbered(const Collection& collection) {
   return titles;
 }
 
+/// Whether two names may be the same but for their letters' case. Looked for without making one of them anew: a sound
+/// book has none.
+bool mayShareNames(const clsScenes& scenes) {
+  std::vector<size_t> hashes;
+  hashes.reserve(static_cast<size_t>(scenes.Count()));
+  for (const auto& scene : scenes) {
+    size_t hash = 0;
+    for (const QChar letter : scene->RTFFilename()) {
+      hash = hash * 31 + letter.toUpper().unicode();
+    }
+    hashes.push_back(hash);
+  }
+  std::sort(hashes.begin(), hashes.end());
+  return std::adjacent_find(hashes.begin(), hashes.end()) != hashes.end();
+}
+
 }  // namespace
 
 QStringList ProjectRepair::run() {
@@ -108,6 +124,9 @@ void ProjectRepair::dropMissingScenes() {
 
 // One of the two would be written over the other.
 void ProjectRepair::partSharedFiles() {
+  if (!mayShareNames(project_.Scenes)) {
+    return;
+  }
   QSet<QString> taken;
   QStringList titles;
   for (const auto& scene : project_.Scenes) {
