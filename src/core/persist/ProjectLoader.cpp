@@ -10,6 +10,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
+#include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/Backups.h"
@@ -31,6 +32,10 @@ using namespace Qt::StringLiterals;
 using namespace modConstXML;
 
 namespace {
+
+const QString kBackup = u"Open the newest backup"_s;
+const QString kAsItIs = u"Open the file as it is"_s;
+const QString kEmptyBook = u"Begin an empty book"_s;
 
 QString singleFileNotice() {
   return u"IMPORTANT!\nYou've loaded an all-in-one 'qnc4' project file. When it saves, it'll be saved as a regular "
@@ -250,7 +255,7 @@ bool ProjectLoader::settleIncomplete(const QString& file, bool isRead, bool show
                   u"; %1 files with the texts of scenes stand beside it.\n\nThe file is not written over before you "
                   "have been asked."_s.arg(texts);
   if (backup) {
-    question.choices.append(u"Open the newest backup"_s);
+    question.choices.append(kBackup);
     question.text +=
         u" The newest backup is "_s + ProjectSummary::of(backup->text).described(backup->path, backup->date) + u'.';
   } else {
@@ -258,18 +263,33 @@ bool ProjectLoader::settleIncomplete(const QString& file, bool isRead, bool show
   }
   if (isRead) {
     question.unattended = static_cast<int>(question.choices.size());
-    question.choices.append(u"Open the file as it is"_s);
+    question.choices.append(kAsItIs);
+  } else if (texts > 0) {
+    question.choices.append(kEmptyBook);
+    question.text += u" In an empty book Tools - Lost and Found lists the texts."_s;
   }
-  if (question.choices.isEmpty()) {
-    toolkit().MsgBox(question.text);
-    return false;
-  }
-  const int choice = toolkit().Choose(question);
-  if (backup && choice == 0) {
+  const QString choice = question.choices.value(toolkit().Choose(question));
+  if (choice == kBackup) {
     Logging().LogEvent(u"Loading from the backup "_s + backup->path);
     return readBook(file, backup->text, showProgress);
   }
-  return isRead && choice != ChoiceQuestion::kNone;
+  if (choice == kEmptyBook) {
+    beginEmptyBook(file);
+  }
+  return choice == kAsItIs || choice == kEmptyBook;
+}
+
+// With a chapter to put the texts into.
+void ProjectLoader::beginEmptyBook(const QString& file) {
+  auto lock = std::move(project_.lock_);
+  const bool readOnly = project_.readOnly_;
+  project_.Clear();
+  project_.lock_ = std::move(lock);
+  project_.readOnly_ = readOnly;
+  project_.FileWithPath = file;
+  const auto chapter = std::make_shared<clsChapter>();
+  chapter->Title = u"Found texts"_s;
+  project_.AddChapter(chapter);
 }
 
 void ProjectLoader::tellFindings() const {

@@ -24,6 +24,7 @@ class ProjectLoader {
   bool readBlocks(LongWork& work, QByteArrayView text);
   /// What becomes of a file that was cut off: true when a book is to be shown.
   bool settleIncomplete(const QString& file, bool isRead, bool showProgress);
+  void beginEmptyBook(const QString& file);
   QString whatWasFound(bool isRead) const;
   qsizetype filesBesideIt(const QString& file) const;
   void tellFailure() const;

@@ -121,7 +121,7 @@ TEST_F(LoadSave, InputIsHeldAndTheScanWaitsUntilItIsDone) {
 TEST_F(LoadSave, AFailureIsToldWithTheScreenAtRest) {
   writeFile(path_, "hello");
   screen_.expectErrorReport(u"There was an error loading this project."_s);
-  screen_.expectBox(u"The project file is incomplete"_s);
+  screen_.expectChoice(u"The project file is incomplete"_s, QString());
   EXPECT_FALSE(g_Project->Load(path_, true));
   EXPECT_FALSE(screen_.askedWhileHeld);
   EXPECT_FALSE(g_Project->IsBusy() || ScanPause::isActive());
@@ -152,7 +152,7 @@ TEST_F(LoadSave, FilesThatAreNoProjectAreToldAndLeaveNothing) {
     writeFile(path_, content);
     screen_.expectErrorReport(u"There was an error loading this project."_s);
     if (content.size() < 10) {
-      screen_.expectBox(u"No book could be read from it; 5 files with the texts of scenes stand beside it."_s);
+      screen_.expectChoice(u"No book could be read from it; 5 files with the texts of scenes stand beside it."_s, {});
     }
     EXPECT_FALSE(g_Project->Load(path_, false));
     EXPECT_TRUE(logText().contains(step));

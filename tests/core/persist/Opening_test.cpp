@@ -8,6 +8,7 @@
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/LostAndFound.h"
 #include "core/persist/RescueFolder.h"
 #include "support/ListeningToolkit.h"
 #include "support/SampleProject.h"
@@ -262,4 +263,19 @@ TEST_F(Opening, TheAllInOneCopyDoesNotStandForTheFileThatWasCutOff) {
   screen_.expectBox(u"Save cancelled."_s);
   EXPECT_FALSE(g_Project->SaveQN4(false));
   EXPECT_EQ(fileBytes(path_), cut);
+}
+
+TEST_F(Opening, AnEmptyFileWithoutABackupBeginsABookFromItsTexts) {
+  writeFile(path_, {});
+  screen_.expectErrorReport(u"There was an error loading this project."_s);
+  screen_.expectChoice(u"No backup was found."_s, u"Begin an empty book"_s);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  std::vector<LostText> lost = LostAndFound::find();
+  ASSERT_EQ(lost.size(), 5U);
+  EXPECT_TRUE(LostAndFound::putIntoChapter(lost[1], *chapterAt(1)));
+  EXPECT_EQ(sceneAt(1)->TextRTF(), simpleRtf("four five"));
+  screen_.expectBox(u"Do you want to save over it?"_s, Answer::Yes);
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_EQ(g_Project->SceneCount(), 1);
 }
