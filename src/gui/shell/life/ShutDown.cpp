@@ -87,6 +87,7 @@ void frmMain::EndProgram() {
       return;
     }
   }
+  guard([&] { forgetRescue(); });
   guard([&] { g_Project = std::make_unique<clsProject>(); });
   if (settingsLoaded_) {
     guard([&] { Settings().SaveSettings(g_SettingsFile); });
@@ -111,10 +112,18 @@ void frmMain::SaveAtOnce() {
     if (g_Project->HoldsUnsaved() || (!saved && (ProjectChanged || g_Project->IsBusy()))) {
       const QString kept = RescueFolder(*g_Project).keepBook();
       Settings().sSet(u"RescuedBook"_s, kept.isEmpty() ? kNowhere : kept);
+      rescued_ = true;
     } else {
-      Settings().DeleteSettingByName(u"RescuedBook"_s);
+      forgetRescue();
     }
   });
+}
+
+// What an earlier run has kept stays offered.
+void frmMain::forgetRescue() {
+  if (std::exchange(rescued_, false)) {
+    Settings().DeleteSettingByName(u"RescuedBook"_s);
+  }
 }
 
 void frmMain::EndAtOnce() {

@@ -109,6 +109,7 @@ class frmMain : public QMainWindow {
   void Timer3_Timer();
   bool mayLeaveBook();
   void finishAtOnce(int waits);
+  void forgetRescue();
   void storeSettings();
   void storeLayout();
   void unloadForms();
@@ -128,6 +129,8 @@ class frmMain : public QMainWindow {
   QString restingMessage_;
   /// The system ends the program.
   bool ending_ = false;
+  /// This run has put the book into the rescue folder.
+  bool rescued_ = false;
   /// The settings were read: before that there is nothing worth writing back.
   bool settingsLoaded_ = false;
 };

@@ -17,11 +17,13 @@
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QSplitter>
 #include <QTest>
+#include <QTimer>
 
 #include <csignal>
 
@@ -152,6 +154,7 @@ TEST_F(ShutDownTest, EndedByTheSystemItKeepsABookThatHasNoPlaceAndSaysSoAtTheNex
   ASSERT_FALSE(QFile::exists(path)) << "made anew";
   toolkit.expectChoice(rescued, u"Later"_s);
   start();
+  window().EndAtOnce();
   toolkit.expectChoice(rescued, u"Open it now"_s);
   toolkit.expectBox(u"You've loaded an all-in-one"_s);
   start();
@@ -170,8 +173,18 @@ TEST_F(ShutDownTest, EndedByTheSystemInTheMiddleOfAQuestionItLosesNothing) {
   control<QLineEdit>("txtTitle").setText(u"Mine"_s);
   writeFile(path, fileBytes(path).replace("<Title>Arrival<", "<Title>Theirs<"));
   toolkit.expectChoice(u"The plan of the book"_s, QString());
-  toolkit.onChoice = [this] { window().EndAtOnce(); };
+  bool leftOpen = false;
+  toolkit.onChoice = [&] {
+    window().EndAtOnce();
+    QDialog question;
+    QTimer::singleShot(5000, &question, [&] {
+      leftOpen = true;
+      question.reject();
+    });
+    question.exec();
+  };
   trigger("mnuSaveProj");
+  EXPECT_FALSE(leftOpen);
   ASSERT_TRUE(soon([this] { return ended == 1; }));
   EXPECT_TRUE(fileBytes(path).contains("<Title>Mine</Title>"));
   const QStringList beside = QDir(QFileInfo(path).path()).entryList({u"Small (conflict *).qn4"_s});
