@@ -180,7 +180,13 @@ TEST_F(Collections, TextsAreWrittenWhenDueOrForcedAndAFailureKeepsTheOthersGoing
   writeFile(first, "another program's");
   g_Project->Scenes.SaveScenesText(true);
   EXPECT_EQ(fileBytes(first), "another program's");
+  g_Project->SceneByID(1)->setTextRTF("mine");
+  g_Project->Scenes.SaveScenesText(true);
+  EXPECT_EQ(fileBytes(first), "another program's");
+  EXPECT_TRUE(due(1)) << "nobody was asked";
   QFile::remove(first);
+  g_Project->Scenes.SaveScenesText(false);
+  EXPECT_TRUE(QFile::remove(first));
   g_Project->Scenes.SaveScenesText(false);
   EXPECT_FALSE(QFile::exists(first));
   g_Project->Scenes.SaveScenesText(true);
