@@ -71,14 +71,17 @@ bool clsProject::SaveAs() {
   return ProjectSaver(*this).saveAs();
 }
 
-/// Another folder has none of the scenes' files: all are due there. When the save fails they are what they were.
+/// Another folder has none of the scenes' files, nor has the book's own one when somebody took them away: all are due.
+/// When the save fails they are what they were.
 class ProjectSaver::NewPlace {
  public:
   explicit NewPlace(const clsProject& project) {
     for (const auto& scene : project.Scenes) {
       const bool isDue = scene->rtfChanged_ || scene->rtfFilename_.isEmpty();
       former_.push_back({scene, scene->stored_, scene->textStamp_, isDue});
-      scene->stored_ = {};
+      if (!project.IsInOwnFolder()) {
+        scene->stored_ = {};
+      }
       scene->rtfChanged_ = true;
     }
   }
