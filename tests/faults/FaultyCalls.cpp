@@ -95,20 +95,20 @@ struct TellsCount {
   }
 } tellsCount;
 
-int openBelow(const char* name, const char* path, int flags, mode_t mode) {
+int openBelow(const char* path, int flags, mode_t mode) {
   const bool below = isBelow(path) && changes(flags);
   if (below && strikes()) {
     return -1;
   }
-  return opened(real<int (*)(const char*, int, mode_t)>(name)(path, flags, mode), below);
+  return opened(real<int (*)(const char*, int, mode_t)>("open")(path, flags, mode), below);
 }
 
-int openAtBelow(const char* name, int folder, const char* path, int flags, mode_t mode) {
+int openAtBelow(int folder, const char* path, int flags, mode_t mode) {
   const bool below = isBelow(path) && changes(flags);
   if (below && strikes()) {
     return -1;
   }
-  return opened(real<int (*)(int, const char*, int, mode_t)>(name)(folder, path, flags, mode), below);
+  return opened(real<int (*)(int, const char*, int, mode_t)>("openat")(folder, path, flags, mode), below);
 }
 
 mode_t modeOf(int flags, va_list rest) {
@@ -135,32 +135,21 @@ int open(const char* path, int flags, ...) {
   va_start(rest, flags);
   const mode_t mode = modeOf(flags, rest);
   va_end(rest);
-  return openBelow("open", path, flags, mode);
+  return openBelow(path, flags, mode);
 }
 
-int open64(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = modeOf(flags, rest);
-  va_end(rest);
-  return openBelow("open64", path, flags, mode);
-}
+// With offsets of 64 bits they are the same calls.
+int open64(const char* path, int flags, ...) __attribute__((alias("open")));
 
 int openat(int folder, const char* path, int flags, ...) {
   va_list rest;
   va_start(rest, flags);
   const mode_t mode = modeOf(flags, rest);
   va_end(rest);
-  return openAtBelow("openat", folder, path, flags, mode);
+  return openAtBelow(folder, path, flags, mode);
 }
 
-int openat64(int folder, const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = modeOf(flags, rest);
-  va_end(rest);
-  return openAtBelow("openat64", folder, path, flags, mode);
-}
+int openat64(int folder, const char* path, int flags, ...) __attribute__((alias("openat")));
 
 ssize_t write(int fd, const void* bytes, size_t size) {
   const auto call = real<ssize_t (*)(int, const void*, size_t)>("write");

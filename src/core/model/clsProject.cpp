@@ -99,12 +99,6 @@ bool clsProject::IsInOwnFolder() const {
   return !storedIn_.isEmpty() && Paths::areSame(Path(), Files().PathOnly(storedIn_));
 }
 
-QString clsProject::MakeAutoBackupFolder() const {
-  const QString folder = Path() + u"Autobackups"_s;
-  Files().MkMissingDir(folder);
-  return folder;
-}
-
 QString clsProject::TodaysBackupFolder() const {
   return Path() + u"Autobackups"_s + Paths::separator() + Clock::today().toString(Qt::ISODate) + Paths::separator();
 }

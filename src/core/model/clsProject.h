@@ -77,7 +77,6 @@ class clsProject {
   QString RTFFolder() const;
   /// FileWithPath is in the folder that the book was read from or last saved to.
   bool IsInOwnFolder() const;
-  QString MakeAutoBackupFolder() const;
   /// The folder of the day's backups, ending in a separator.
   QString TodaysBackupFolder() const;
   /// Words of all chapters.

@@ -8,6 +8,7 @@
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/ConflictCopy.h"
 #include "core/persist/WholeFile.h"
 
 #include <QDir>
@@ -29,7 +30,7 @@ bool isOfBook(const QString& file, const QString& root) {
   constexpr qsizetype kLongestEnding = 40;
   const QString ending = file.sliced(root.size()).toLower();
   return ending == u".qnc4"_s || ending == u".bak"_s || ending == u".qn4.bak"_s ||
-         (ending.startsWith(u" (conflict "_s) && ending.endsWith(u".qn4"_s)) ||
+         (ConflictCopy::isOne(file) && ending.endsWith(u".qn4"_s)) ||
          (ending.endsWith(u".zip"_s) && ending.size() <= kLongestEnding);
 }
 
@@ -75,7 +76,7 @@ std::optional<Backup> newestBackup(const QString& projectFile) {
   return {};
 }
 
-bool backUpScene(clsScene& scene, const QByteArray& rtf) {
+bool backUpScene(clsScene& scene) {
   // A folder that has gone isn't made anew.
   if (!g_Project->HasPlace() || !Files().FolderExists(g_Project->Path())) {
     return false;
@@ -85,5 +86,5 @@ bool backUpScene(clsScene& scene, const QByteArray& rtf) {
   const qint32 place = g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID());
   return Files().SaveTextFile(
       folder + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s + QString::number(place) + u".rtf"_s,
-      QByteArrayView(rtf));
+      QByteArrayView(scene.TextRTF()));
 }

@@ -20,6 +20,6 @@ struct Backup {
 /// file.
 std::optional<Backup> newestBackup(const QString& projectFile);
 
-/// Writes a scene's text, as it stands in an editor, to the day's folder of backups: one file for each scene and place
-/// in its chapter. False, and logged, when that failed.
-bool backUpScene(clsScene& scene, const QByteArray& rtf);
+/// Writes a scene's text to the day's folder of backups: one file for each scene and place in its chapter. False, and
+/// logged, when that failed.
+bool backUpScene(clsScene& scene);

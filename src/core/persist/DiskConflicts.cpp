@@ -96,8 +96,7 @@ QString DiskConflicts::question() const {
          u"\n\nKeep both: yours is saved, and the other stays beside it with \"(conflict "_s +
          Clock::today().toString(Qt::ISODate) +
          u")\" in its name.\nKeep mine: the other is replaced.\nTake theirs: what you have written since your last "
-         u"save "
-         "is dropped."_s;
+         "save is dropped."_s;
 }
 
 bool DiskConflicts::isWhole(const Conflict& conflict) {
@@ -157,7 +156,7 @@ void DiskConflicts::takeTheirs(const Conflict& conflict) const {
   clsScene& scene = *conflict.scene;
   if (scene.RTFChanged()) {
     // Whoever thinks better of it finds it with the day's backups.
-    backUpScene(scene, scene.TextRTF());
+    backUpScene(scene);
   }
   scene.setTextRTF(conflict.changed.text);
   scene.stored_ = conflict.changed.stamp;

@@ -30,8 +30,10 @@ class DiskConflicts {
   QList<std::shared_ptr<clsScene>> scenes() const;
   /// Puts the texts that were found in the place of ours.
   void takeTexts() const;
-  /// Every file that was found is whole: none that another program may be writing just now, and none emptied.
-  bool areWhole() const;
+  /// Passes over what is cut off or empty: another program may be writing it just now.
+  void keepWholeOnes() {
+    conflicts_.removeIf([](const Conflict& conflict) { return !isWhole(conflict); });
+  }
   /// Keeps what was found beside ours, which may be written then. False, and told, when that failed.
   bool keepAllBeside();
 
@@ -56,6 +58,7 @@ class DiskConflicts {
   };
 
   static bool isWhole(const Conflict& conflict);
+  bool areWhole() const;
   QString question() const;
   ChoiceQuestion questionFor(Askers askers) const;
   bool mayTakeTheirs(Askers askers) const;

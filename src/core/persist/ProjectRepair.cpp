@@ -116,10 +116,10 @@ void ProjectRepair::dropMissingScenes() {
       chapter->RemoveSceneByID(id);
     }
     if (!missing.empty()) {
-      chapters.append(u"%1 (%2 scenes)"_s.arg(chapter->Title).arg(missing.size()));
+      chapters.append(u"%1 (%2)"_s.arg(chapter->Title).arg(missing.size()));
     }
   }
-  tell(u"Chapters that listed scenes which aren't in the book, and don't any more"_s, chapters);
+  tell(u"Chapters that listed so many scenes which aren't in the book, and don't any more"_s, chapters);
 }
 
 // One of the two would be written over the other.

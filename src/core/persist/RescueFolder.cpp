@@ -51,7 +51,8 @@ bool RescueFolder::keep(clsScene& scene) const {
   Files().MkMissingDir(path());
   const QString file = fileOf(scene);
   const bool kept = Files().SaveTextFile(file, QByteArrayView(scene.TextRTF()));
-  Logging().LogEvent((kept ? u"The book has no file yet; the text is kept in "_s : u"Could not save "_s) + file);
+  Logging().LogEvent((kept ? u"The book has no place of its own; the text is kept in "_s : u"Could not save "_s) +
+                     file);
   return kept;
 }
 

@@ -158,9 +158,8 @@ void frmEditor::SaveQuietly() {
   if (!Dirty || !Finished || !saved->InScenes()) {
     return;
   }
-  FormToData(*saved);
-  Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved, saved->TextRTF()); });
   SaveChanges(false);
+  Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved); });
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.

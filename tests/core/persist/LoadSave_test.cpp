@@ -171,7 +171,7 @@ TEST_F(LoadSave, ScenesBehindTheChaptersAreNotFound) {
   const QByteArray scenes = text.mid(from, to - from);
   text.remove(from, to - from).replace("</CHAPTERS>\r\n", "</CHAPTERS>\r\n" + scenes);
   writeFile(path_, text);
-  screen_.expectBox(u"Arrival (2 scenes); Departure (2 scenes); Cut scenes (1 scenes)"_s);
+  screen_.expectBox(u"Arrival (2); Departure (2); Cut scenes (1)"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));
   EXPECT_EQ(g_Project->SceneCount(), 0);
   EXPECT_EQ(g_Project->ChapterCount(), 3);

@@ -139,7 +139,7 @@ TEST_F(Opening, WhatContradictsItselfIsPutRightAndToldInOneBox) {
   writeFile(file(u"Small (Anna's conflicted copy 2026-11-20).qn4"_s), "x");
   screen_.expectBox(u"found when the book was opened"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));
-  for (const QString& told : {u"Departure (2 scenes)"_s, u"Arrival 2"_s, u"Cut scenes 1 (RTF_00005.rtf, 2 words)"_s,
+  for (const QString& told : {u"Departure (2)"_s, u"Arrival 2"_s, u"Cut scenes 1 (RTF_00005.rtf, 2 words)"_s,
                               u"RTF_00003.sync-conflict"_s, u"Anna's conflicted copy"_s}) {
     EXPECT_TRUE(screen_.boxes.constLast().contains(told)) << told;
   }

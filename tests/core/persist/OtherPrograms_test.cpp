@@ -313,7 +313,7 @@ TEST_F(OtherPrograms, ATextFolderThatHasGoneIsWrittenWhole) {
   sceneAt(1)->setTextRTF(simpleRtf("mine again"));
   sceneAt(1)->Save(false, true);
   Settings().sSet(u"CreateTextToo"_s, false);
-  EXPECT_FALSE(backUpScene(*sceneAt(1), "x"));
+  EXPECT_FALSE(backUpScene(*sceneAt(1)));
   EXPECT_FALSE(QFile::exists(folder()));
   EXPECT_TRUE(sceneAt(1)->SaveFailure().contains(u"isn't there any more"_s));
 }

@@ -14,19 +14,19 @@ int firstOf(const ProportionalSplitter& splitter) {
   return splitter.sizes().value(0);
 }
 
-void addSides(ProportionalSplitter& splitter) {
+void showWithSides(ProportionalSplitter& splitter, int width) {
   splitter.setChildrenCollapsible(false);
   splitter.addWidget(new QWidget);
   splitter.addWidget(new QWidget);
+  splitter.resize(width, 100);
+  splitter.show();
 }
 
 }  // namespace
 
 TEST(ProportionalSplitter, KeepsThePartThatWasSetThroughEverySize) {
   ProportionalSplitter splitter(Qt::Horizontal);
-  addSides(splitter);
-  splitter.resize(40, 100);
-  splitter.show();
+  showWithSides(splitter, 40);
   splitter.setFraction(0.4571);
   for (const int width : {2000, 90, 1371, 3000}) {
     splitter.resize(width, 100);
@@ -41,9 +41,7 @@ TEST(ProportionalSplitter, KeepsThePartThatWasSetThroughEverySize) {
 
 TEST(ProportionalSplitter, TakesOverWhereTheUserPutsIt) {
   ProportionalSplitter splitter(Qt::Horizontal);
-  addSides(splitter);
-  splitter.resize(1000, 100);
-  splitter.show();
+  showWithSides(splitter, 1000);
   splitter.setFraction(0.8);
   EXPECT_NEAR(firstOf(splitter), 800, 1);
   splitter.setFraction(0.5);

@@ -71,9 +71,7 @@ void frmMain::EndProgram() {
   // A project without a file is empty, unless a save was given up: then the book is in memory alone, and the save
   // asks once more.
   if (!g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty()) {
-    // A book that was only looked at isn't saved over the rest of its file.
-    const bool onlyLookedAt = g_Project->OpenedIncomplete() && !session_.isChanged() && !g_Project->HoldsUnsaved();
-    if (!onlyLookedAt) {
+    if (!session_.isOnlyLookedAt()) {
       guard([&] { SaveProject(true); });
     }
     bool mayLeave = false;
@@ -105,6 +103,9 @@ void frmMain::SaveAtOnce() {
   const Unattended nobody;
   const Guard guard("SaveAtOnce", "frmMain");
   guard([] { g_Project->SaveEditorWindows(); });
+  if (session_.isOnlyLookedAt()) {
+    return;
+  }
   bool saved = false;
   guard([&] { saved = !g_Project->FileWithPath.isEmpty() && g_Project->SaveQN4(false); });
   guard([&] {

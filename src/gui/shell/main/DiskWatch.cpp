@@ -12,6 +12,8 @@
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/ListView.h"
 
+#include <QApplication>
+
 #include <algorithm>
 #include <chrono>
 
@@ -43,8 +45,8 @@ void DiskWatch::look() {
   if (main_.Closing || ScanPause::isActive() || g_Project->IsBusy()) {
     return;
   }
-  if (g_Project->ReloadWanted() && !main_.Editing()) {
-    // A save that no window asked for has led to it.
+  if (g_Project->ReloadWanted() && !main_.Editing() && QApplication::activeModalWidget() == nullptr) {
+    // A save that the main window didn't ask for has led to it; a dialog would go on with what has gone.
     main_.LoadProject(QString(g_Project->FileWithPath), false);
   }
   DiskConflicts found(*g_Project);
@@ -52,6 +54,7 @@ void DiskWatch::look() {
     found.lookAtProjectFile();
     lookAtSome(found);
   }
+  found.keepWholeOnes();
   tell(found);
 }
 
@@ -75,8 +78,7 @@ void DiskWatch::lookAtSome(DiskConflicts& found) {
 }
 
 void DiskWatch::tell(const DiskConflicts& found) {
-  // What is cut off or empty may be written just now.
-  if (found.isEmpty() || !found.areWhole()) {
+  if (found.isEmpty()) {
     main_.status().setOffer({}, {});
     return;
   }
@@ -92,9 +94,7 @@ void DiskWatch::load() {
   main_.panes().chapters().listChapters().setFocus();
   DiskConflicts found(*g_Project);
   found.lookAtProjectFile();
-  if (!found.areWhole()) {
-    return;
-  }
+  found.keepWholeOnes();
   if (g_Project->ReadOnly()) {
     loadReadOnly();
   } else if (!found.hasProjectFile()) {
@@ -126,7 +126,6 @@ void DiskWatch::loadTexts() {
       found.lookAtDisk(*scene);
     }
   }
-  if (found.areWhole()) {
-    found.takeTexts();
-  }
+  found.keepWholeOnes();
+  found.takeTexts();
 }

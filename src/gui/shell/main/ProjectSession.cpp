@@ -94,6 +94,10 @@ bool ProjectSession::isChanged() const {
   return main_.ProjectChanged || g_Project->EditedSinceSave();
 }
 
+bool ProjectSession::isOnlyLookedAt() const {
+  return g_Project->OpenedIncomplete() && !isChanged() && !g_Project->HoldsUnsaved();
+}
+
 bool ProjectSession::mayReplaceProject() {
   if (g_Project->ReadOnly()) {
     return mayLeaveReadOnly();

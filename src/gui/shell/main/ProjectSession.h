@@ -17,6 +17,8 @@ class ProjectSession {
   QString nameOfBook() const;
   /// There are changes that the project file doesn't hold.
   bool isChanged() const;
+  /// The file was cut off when it was opened, and nothing was changed since: it isn't saved over what is left of it.
+  bool isOnlyLookedAt() const;
   /// Asks for the place. False when something stands in memory alone still.
   bool saveUnderNewName();
   /// What was changed in a book that was opened read-only is asked about. False when the user stays.

@@ -209,11 +209,14 @@ TEST_F(ShutDownTest, ACutOffBookThatWasOnlyLookedAtIsLeftAsItIs) {
   const QString path = smallProject();
   const QByteArray cut = fileBytes(path).chopped(20);
   writeFile(path, cut);
-  toolkit.expectChoice(u"incomplete"_s, u"Open the file as it is"_s);
-  startWith(path);
-  window().EndProgram();
-  EXPECT_EQ(ended, 1);
-  EXPECT_EQ(fileBytes(path), cut);
+  for (const auto end : {&frmMain::EndProgram, &frmMain::EndAtOnce}) {
+    toolkit.expectChoice(u"incomplete"_s, u"Open the file as it is"_s);
+    startWith(path);
+    (window().*end)();
+    EXPECT_EQ(std::exchange(ended, 0), 1);
+    EXPECT_EQ(fileBytes(path), cut);
+    EXPECT_EQ(Settings().sGet(u"RescuedBook"_s).toString(), QString());
+  }
 }
 
 TEST_F(ShutDownTest, WhatWasChangedInAReadOnlyBookIsAskedAbout) {

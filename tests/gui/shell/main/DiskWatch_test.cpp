@@ -38,6 +38,8 @@ class DiskWatchTest : public ShellTest {
 }  // namespace
 
 TEST_F(DiskWatchTest, ATextThatAnotherProgramHasWrittenIsOfferedAndLoaded) {
+  // One that is being written just now doesn't hide the other.
+  writeFile(sceneAt(2)->RTFFileWithPath(), {});
   writeFile(sceneAt(1)->RTFFileWithPath(), simpleRtf("theirs, of five words now"));
   ASSERT_TRUE(isOffered(u"Another program has changed the text of 'Arrival 1'."_s));
   window().EditSelectedScene();
