@@ -12,5 +12,5 @@
 #include <QPushButton>
 #include <QTextEdit>
 #include <QTimer>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QWidget>

@@ -75,9 +75,23 @@ void restoreWindow(const QString& name, QWidget& window) {
 
 void storeColumns(const QString& name, QTreeView& list) {
   Settings().StoreColumnSettings(name, ColumnSettings(list));
+  const QHeaderView& header = *list.header();
+  QStringList order;
+  for (int place = 0; place < header.count(); ++place) {
+    order.append(QString::number(header.logicalIndex(place)));
+  }
+  Settings().sSet(name + QStringLiteral("Order"), order.join(u' '));
 }
 
 void restoreColumns(const QString& name, QTreeView& list) {
   ColumnSettings columns(list);
   Settings().ReadColumnSettings(name, columns);
+  QHeaderView& header = *list.header();
+  const QStringList order = Settings().sGet(name + QStringLiteral("Order")).toString().split(u' ');
+  // A stored order of other columns moves none out of sight: each is moved to a place that there is.
+  for (int place = 0; place < order.size() && place < header.count(); ++place) {
+    if (const int from = header.visualIndex(order.at(place).toInt()); from >= 0) {
+      header.moveSection(from, place);
+    }
+  }
 }

@@ -42,7 +42,8 @@ class ColumnSettings : public SettingsColumns {
   QHeaderView& header_;
 };
 
-// The four together with the application's settings; the name goes in front of the keys.
+// The four together with the application's settings; the name goes in front of the keys. Of columns the order is kept
+// too.
 void storeWindow(const QString& name, QWidget& window);
 void restoreWindow(const QString& name, QWidget& window);
 void storeColumns(const QString& name, QTreeView& list);

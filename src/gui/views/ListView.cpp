@@ -1,85 +1,34 @@
 #include "gui/views/ListView.h"
 
-#include "gui/toolkit/PlainToolTip.h"
+#include "gui/views/ListDelegate.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
-#include <QToolTip>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What stands at the right end of its column would touch what stands at the left of the next.
-QString spaced(const QString& text, Qt::Alignment alignment) {
-  return alignment.testFlag(Qt::AlignRight) ? text + u"\u00a0\u00a0"_s : text;
-}
-
 class ListHeader : public QHeaderView {
  public:
   explicit ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
     setSectionsMovable(true);
-    setStretchLastSection(true);
+    setFirstSectionMovable(true);
+    setStretchLastSection(false);
     setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   }
 
  protected:
   void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
     QHeaderView::initStyleOptionForIndex(option, column);
-    option->text = spaced(option->text, option->textAlignment);
+    option->text = spacedForColumn(option->text, option->textAlignment);
   }
-};
-
-/// Aligns a cell like its column's title: once a column, not once a cell.
-class ColumnDelegate : public QStyledItemDelegate {
- public:
-  explicit ColumnDelegate(QTreeWidget* list) : QStyledItemDelegate(list), list_(list) {}
-
-  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                 const QModelIndex& index) override {
-    if (event->type() != QEvent::ToolTip || index.data(Qt::ToolTipRole).isValid() || isSeenWhole(option, index)) {
-      return QStyledItemDelegate::helpEvent(event, view, option, index);
-    }
-    QToolTip::showText(event->globalPos(), plainToolTip(index.data().toString()), list_->viewport(), option.rect);
-    return true;
-  }
-
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    if (const int alignment = list_->headerItem()->textAlignment(index.column()); alignment != 0) {
-      option->displayAlignment = Qt::Alignment(alignment);
-    }
-    option->text = spaced(option->text, option->displayAlignment);
-    if (option->state.testFlag(QStyle::State_Selected) && !option->state.testFlag(QStyle::State_Active)) {
-      option->icon = iconAsUnselected(*option);
-    }
-  }
-
- private:
-  /// The colour that an icon takes on in a selection is meant for one that the keyboard moves.
-  static QIcon iconAsUnselected(const QStyleOptionViewItem& option) {
-    const qreal scale = option.widget == nullptr ? 1 : option.widget->devicePixelRatioF();
-    QIcon shown;
-    shown.addPixmap(option.icon.pixmap(option.decorationSize, scale), QIcon::Selected);
-    return shown;
-  }
-
-  /// Neither cut by its column nor by the edge of the list.
-  bool isSeenWhole(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    QStyleOptionViewItem cell = option;
-    initStyleOption(&cell, index);
-    const QSize needed = sizeHint(option, index);
-    const QRect text = QStyle::alignedRect(cell.direction, cell.displayAlignment, needed, option.rect);
-    return needed.width() <= option.rect.width() && text.left() >= 0 && text.right() < list_->viewport()->width();
-  }
-
-  QTreeWidget* list_;
 };
 
 QColor between(const QColor& base, const QColor& text) {
@@ -100,141 +49,194 @@ void makeInactive(QPalette& palette) {
 
 }  // namespace
 
-ListView::ListView(const QStringList& columns, QWidget* parent) : QTreeWidget(parent) {
+ListView::ListView(const QStringList& columns, QWidget* parent)
+    : QTreeView(parent), model_(new ListModel(columns, *this, this)) {
   setHeader(new ListHeader(this));
-  setColumnCount(static_cast<int>(columns.size()));
-  setHeaderLabels(columns);
+  setModel(model_);
   setRootIsDecorated(false);
   setItemsExpandable(false);
+  setExpandsOnDoubleClick(false);
   setUniformRowHeights(true);
   setAllColumnsShowFocus(true);
   setSelectionMode(QAbstractItemView::ExtendedSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setTabKeyNavigation(false);
-  setItemDelegate(new ColumnDelegate(this));
-  connect(this, &QTreeWidget::itemDoubleClicked, this, &ListView::rowOpened);
+  setItemDelegate(new ListDelegate(*model_, *this));
+  connect(header(), &QHeaderView::sectionResized, this, &ListView::stretchLastColumn);
 }
 
-qint32 ListView::tagOf(const QTreeWidgetItem& row) {
-  return row.data(0, Qt::UserRole).toInt();
+/// What of a list outlives its rows.
+struct ListView::Kept {
+  QList<qint32> selected;
+  qint32 current = 0;
+  qint32 top = 0;
+  int across = 0;
+};
+
+ListView::Kept ListView::kept() const {
+  return {SelectedTags(), tagAt(currentIndex().row()), tagAt(indexAt({0, 0}).row()), horizontalScrollBar()->value()};
 }
 
-void ListView::setTag(QTreeWidgetItem& row, qint32 id) {
-  row.setData(0, Qt::UserRole, id);
-}
-
-QTreeWidgetItem* ListView::SelectedItem() const {
-  QTreeWidgetItem* current = currentItem();
-  if (current != nullptr && current->isSelected()) {
-    return current;
+void ListView::setRows(QList<qint32> tags, ListModel::Maker make) {
+  const QScopedValueRollback quiet(quiet_, true);
+  const Kept before = kept();
+  if (model_->setRows(std::move(tags), std::move(make))) {
+    restore(before);
   }
-  const QList<QTreeWidgetItem*> selected = selectedItems();
-  return selected.isEmpty() ? nullptr : selected.constFirst();
+  dropHighlight_ = -1;
 }
 
-qint32 ListView::SelectedTag() const {
-  const QTreeWidgetItem* row = SelectedItem();
-  return row == nullptr ? 0 : tagOf(*row);
+void ListView::restore(const Kept& before) {
+  if (before.top == 0 && before.selected.isEmpty()) {
+    return;
+  }
+  QHash<qint32, int> places;
+  for (int row = 0; row < rowCount(); ++row) {
+    places.insert(tagAt(row), row);
+  }
+  QItemSelection selection;
+  for (const qint32 tag : before.selected) {
+    if (const int row = places.value(tag, -1); row >= 0) {
+      const QModelIndex index = model_->index(row, 0);
+      selection.append(QItemSelectionRange(index));
+    }
+  }
+  if (const int row = places.value(before.current, -1); row >= 0) {
+    selectionModel()->setCurrentIndex(model_->index(row, 0), QItemSelectionModel::NoUpdate);
+  }
+  selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  if (const int row = places.value(before.top, -1); row >= 0) {
+    scrollTo(model_->index(row, 0), QAbstractItemView::PositionAtTop);
+    horizontalScrollBar()->setValue(before.across);
+  }
+}
+
+int ListView::SelectedRow() const {
+  const QModelIndex current = currentIndex();
+  if (current.isValid() && selectionModel()->isSelected(current)) {
+    return current.row();
+  }
+  int first = -1;
+  for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    first = first < 0 ? range.top() : std::min(first, range.top());
+  }
+  return first;
 }
 
 QList<qint32> ListView::SelectedTags() const {
+  QList<int> rows;
+  for (const QModelIndex& index : selectionModel()->selectedRows()) {
+    rows.append(index.row());
+  }
+  std::sort(rows.begin(), rows.end());
   QList<qint32> tags;
-  for (int row = 0; row < topLevelItemCount(); ++row) {
-    const QTreeWidgetItem* item = topLevelItem(row);
-    if (item->isSelected()) {
-      tags.append(tagOf(*item));
-    }
+  for (const int row : rows) {
+    tags.append(tagAt(row));
   }
   return tags;
 }
 
-int ListView::rowOfTag(qint32 id) const {
-  for (int row = 0; row < topLevelItemCount(); ++row) {
-    if (tagOf(*topLevelItem(row)) == id) {
-      return row;
-    }
-  }
-  return -1;
-}
-
 void ListView::SelectRow(int row) {
-  if (QTreeWidgetItem* item = topLevelItem(row)) {
-    setCurrentItem(item, 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    scrollToItem(item);
+  const QModelIndex index = model_->index(row, 0);
+  if (index.isValid()) {
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(index);
   }
 }
 
-void ListView::SelectTag(qint32 id) {
-  SelectRow(std::max(rowOfTag(id), 0));
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTreeView::selectionChanged(selected, deselected);
+  if (!quiet_) {
+    Q_EMIT rowsSelected();
+  }
 }
 
-int ListView::roomForColumns() const {
-  return maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
+void ListView::setEmptyText(const QString& text) {
+  emptyText_ = text;
+  setAccessibleDescription(text);
+  viewport()->update();
 }
 
-int ListView::widthFor(int column, QStringView cell) const {
-  const auto alignment = Qt::Alignment(headerItem()->textAlignment(column));
-  QStyleOptionViewItem option;
-  initViewItemOption(&option);
-  option.features |= QStyleOptionViewItem::HasDisplay;
-  // The icon of a row stands in its first column.
-  option.features.setFlag(QStyleOptionViewItem::HasDecoration, column == 0);
-  option.text = spaced(cell.toString(), alignment);
-  const int title = header()->sectionSizeHint(column) + fontMetrics().horizontalAdvance(spaced({}, alignment));
-  return std::max(title, style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width());
-}
-
-void ListView::fillRoom() {
-  const int others = header()->length() - columnWidth(fillColumn_);
-  setColumnWidth(fillColumn_, std::max(roomForColumns() - others, header()->minimumSectionSize() * 2));
-  filledLength_ = header()->length();
-}
-
-void ListView::resizeEvent(QResizeEvent* event) {
-  QTreeWidget::resizeEvent(event);
-  if (fillColumn_ < 0) {
+void ListView::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  if (rowCount() > 0 || emptyText_.isEmpty()) {
     return;
   }
-  if (header()->length() == filledLength_) {
-    fillRoom();
-  } else {
-    filledLength_ = roomForColumns();
-  }
-}
-
-void ListView::changeEvent(QEvent* event) {
-  QTreeWidget::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) {
-    Q_EMIT paletteChanged();
-  }
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  const int margin = fontMetrics().averageCharWidth() * 2;
+  painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                   Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap, emptyText_);
 }
 
 // The frame stands there anyway: only its colour tells of the keyboard, nothing moves.
 bool ListView::event(QEvent* event) {
-  const bool result = QTreeWidget::event(event);
+  const bool result = QTreeView::event(event);
   if (event->type() == QEvent::Paint && hasFocus()) {
-    QPainter painter(this);
-    const QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
-    const int width = std::max(frameWidth(), 1);
-    painter.fillRect(0, 0, this->width(), width, colour);
-    painter.fillRect(0, height() - width, this->width(), width, colour);
-    painter.fillRect(0, 0, width, height(), colour);
-    painter.fillRect(this->width() - width, 0, width, height(), colour);
+    frameFocus();
   }
   return result;
 }
 
+void ListView::frameFocus() {
+  QPainter painter(this);
+  const QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
+  const int width = std::max(frameWidth(), 1);
+  painter.fillRect(0, 0, this->width(), width, colour);
+  painter.fillRect(0, height() - width, this->width(), width, colour);
+  painter.fillRect(0, 0, width, height(), colour);
+  painter.fillRect(this->width() - width, 0, width, height(), colour);
+}
+
 void ListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   if (hasFocus() || !selectionModel()->isSelected(index)) {
-    QTreeWidget::drawRow(painter, option, index);
-    return;
+    QTreeView::drawRow(painter, option, index);
+  } else {
+    QStyleOptionViewItem row = option;
+    makeInactive(row.palette);
+    QTreeView::drawRow(painter, row, index);
   }
-  QStyleOptionViewItem row = option;
-  makeInactive(row.palette);
-  QTreeWidget::drawRow(painter, row, index);
+  if (index.row() == dropHighlight_) {
+    painter->save();
+    painter->setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), 2));
+    painter->drawRect(QRect(0, option.rect.top(), viewport()->width(), option.rect.height()).adjusted(1, 1, -2, -1));
+    painter->restore();
+  }
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent* event) {
+  QPoint place = event->globalPos();
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    const QRect row = visualRect(currentIndex()) & viewport()->rect();
+    place = viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint());
+  }
+  event->accept();
+  Q_EMIT menuWanted(place);
+}
+
+bool ListView::moveKey(const QKeyEvent& event) {
+  if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::AltModifier) {
+    return false;
+  }
+  switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      Q_EMIT moveWanted(event.key() == Qt::Key_Up ? -1 : 1);
+      return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      Q_EMIT moveToNeighbourWanted(event.key() == Qt::Key_PageUp ? -1 : 1);
+      return true;
+    default:
+      return false;
+  }
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
+  if (state() == QAbstractItemView::EditingState) {
+    QTreeView::keyPressEvent(event);
+    return;
+  }
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     // One press opens once, however long it lasts.
     if (!event->isAutoRepeat()) {
@@ -242,52 +244,54 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     }
     return;
   }
-  keyIsDown_ = true;
-  QTreeWidget::keyPressEvent(event);
+  if (moveKey(*event)) {
+    return;
+  }
+  keyDown_ = event->key();
+  QTreeView::keyPressEvent(event);
 }
 
 void ListView::keyReleaseEvent(QKeyEvent* event) {
-  QTreeWidget::keyReleaseEvent(event);
-  if (!event->isAutoRepeat()) {
-    endKey(event->key());
+  QTreeView::keyReleaseEvent(event);
+  if (!event->isAutoRepeat() && keyIsDown()) {
+    // Of two keys that were down together only the one that went down last is known to be meant for this list.
+    endKey(event->key() == keyDown_ ? event->key() : 0);
   }
 }
 
 void ListView::focusInEvent(QFocusEvent* event) {
-  QTreeWidget::focusInEvent(event);
+  QTreeView::focusInEvent(event);
   update();
 }
 
 void ListView::focusOutEvent(QFocusEvent* event) {
-  QTreeWidget::focusOutEvent(event);
+  QTreeView::focusOutEvent(event);
   update();
-  if (keyIsDown_) {
+  if (keyIsDown()) {
     endKey(0);
   }
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {
   // A key whose release went elsewhere is down no longer.
-  keyIsDown_ = false;
-  QTreeWidget::mousePressEvent(event);
+  keyDown_ = 0;
+  QTreeView::mousePressEvent(event);
+}
+
+void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const bool onRow = indexAt(event->position().toPoint()).isValid();
+  QTreeView::mouseDoubleClickEvent(event);
+  if (onRow && event->button() == Qt::LeftButton) {
+    Q_EMIT rowOpened();
+  }
 }
 
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
-  QTreeWidget::mouseReleaseEvent(event);
+  QTreeView::mouseReleaseEvent(event);
   Q_EMIT buttonUp();
 }
 
 void ListView::endKey(int key) {
-  keyIsDown_ = false;
+  keyDown_ = 0;
   Q_EMIT keyUp(key);
-}
-
-void setCell(QTreeWidgetItem& row, int column, const QString& text) {
-  if (row.text(column) != text) {
-    row.setText(column, text);
-  }
-}
-
-void setCell(QTreeWidgetItem& row, int column, qint32 number) {
-  setCell(row, column, QLocale().toString(number));
 }

@@ -1,76 +1,145 @@
 #pragma once
 
-#include <QTreeWidget>
+#include "gui/views/ListModel.h"
+
+#include <QTreeView>
+
+#include <memory>
+
+class QMimeData;
+
+/// How a list takes part in drags of rows. What is dragged is the tags of the selected rows in list order, joined
+/// with ":". Only a list of this program that has picked up rows gives such a drag.
+struct ListDrags {
+  /// Rows are picked up: the effect that the drag has. Empty for a list that gives none away.
+  std::function<Qt::DropAction()> begun = {};
+  /// The effect over a row, -1 for none; IgnoreAction refuses.
+  std::function<Qt::DropAction(int row)> over = {};
+  /// The tags were dropped on the row.
+  std::function<void(const QString& tags, int row)> dropped = {};
+};
+
+/// The column that gives or takes room with its list, and what of it has to be seen in any case. Where less than what
+/// is comfortable would be, some columns go behind the edge of the list instead.
+struct FillRule {
+  int column = -1;
+  QString leastShown = {};
+  QString comfortable = {};
+  QList<int> mayHide = {};
+};
 
 /// A list of model rows in columns. A row's tag is the ID of what it shows. Cells stand as the titles of their
 /// columns do; a cell that isn't seen whole tells its text in a tool tip. The list with the keyboard has a frame in
 /// the colour of the selection, the selection of the others is without colour.
-class ListView : public QTreeWidget {
+class ListView : public QTreeView {
   Q_OBJECT
 
  public:
   explicit ListView(const QStringList& columns, QWidget* parent = nullptr);
 
-  static qint32 tagOf(const QTreeWidgetItem& row);
-  static void setTag(QTreeWidgetItem& row, qint32 id);
+  ListModel& rows() { return *model_; }
+  /// These rows in the place of the former ones. What is selected, where the keyboard is and how far the list is
+  /// scrolled stays as far as the same rows are there; nobody is told of a selection that has gone.
+  void setRows(QList<qint32> tags, ListModel::Maker make);
+  void clear() { setRows({}, {}); }
+  int rowCount() const { return model_->rowCount(); }
+  qint32 tagAt(int row) const { return model_->tagAt(row); }
+  /// Index of the row with this tag; -1 when there is none.
+  int rowOfTag(qint32 id) const { return model_->rowOfTag(id); }
+  QString text(int row, int column) const { return model_->index(row, column).data().toString(); }
+  void updateRow(int row) { model_->updateRow(row); }
 
-  /// The selected row: the current one if it is selected, else the first selected; null when none is.
-  QTreeWidgetItem* SelectedItem() const;
+  /// The selected row: the current one if it is selected, else the first selected; -1 when none is.
+  int SelectedRow() const;
   /// Its tag; 0 when none is selected.
-  qint32 SelectedTag() const;
+  qint32 SelectedTag() const { return tagAt(SelectedRow()); }
   /// The tags of all selected rows in list order.
   QList<qint32> SelectedTags() const;
-  /// Index of the row with this tag; -1 when there is none.
-  int rowOfTag(qint32 id) const;
-  /// Selects this row alone and makes it the current one; nothing for an index outside.
+  /// Selects this row alone, makes it the current one and brings it into view; nothing for an index outside.
   void SelectRow(int row);
   /// Selects the row with this tag, the first row when there is none.
-  void SelectTag(qint32 id);
+  void SelectTag(qint32 id) { SelectRow(std::max(rowOfTag(id), 0)); }
+
+  /// What stands in the place of rows where there are none.
+  void setEmptyText(const QString& text);
   /// What the columns may take together, with a scroll bar beside them.
   int roomForColumns() const;
   /// What a column needs for its title and for cells such as this one.
   int widthFor(int column, QStringView cell) const;
-  /// The column that gives or takes room with the list as long as the columns fill it. A user who has made them
-  /// longer or shorter than that keeps his widths.
-  void setFillColumn(int column) { fillColumn_ = column; }
-  /// Makes the columns fill the list.
+  void setFillRule(FillRule rule) { fill_ = std::move(rule); }
+  /// Makes the columns fill the list, and keep it filled at any size until the user changes a width. Where his are
+  /// shorter than the list the last column is stretched.
   void fillRoom();
+  bool isFilled() const;
   /// True while a key is down that may move the selection: its release tells the end.
-  bool keyIsDown() const { return keyIsDown_; }
+  bool keyIsDown() const { return keyDown_ != 0; }
+
+  void setDrags(ListDrags drags);
+  /// The row under the pointer becomes the one that a drop would hit. Over no row the last one stays marked. False
+  /// when there is none under the pointer.
+  bool highlightForDrop(int row);
+  int dropHighlight() const { return dropHighlight_; }
+  void clearDropHighlight();
+  /// What a drag of the selected rows carries; the list's `begun` has been asked. Null when nothing is selected.
+  std::unique_ptr<QMimeData> pickUp(Qt::DropAction* effect);
 
  Q_SIGNALS:
+  /// Other rows are selected than before.
+  void rowsSelected();
   /// A double click on a row.
   void rowOpened();
   void enterPressed();
-  /// A key went up, or the keyboard went elsewhere while it was down.
+  /// A key went up that had gone down here, or, as 0, the keyboard went elsewhere while one was down.
   void keyUp(int key);
   /// The left or another mouse button went up.
   void buttonUp();
-  /// Another palette is in force, this list's own too: what holds it hears of the change before or after the list.
-  void paletteChanged();
+  /// A menu is asked for, by the right button or by a key.
+  void menuWanted(const QPoint& globalPosition);
+  /// The selected row is to go up (-1) or down (1), or to the neighbour before or behind of what holds the list.
+  void moveWanted(int step);
+  void moveToNeighbourWanted(int step);
 
  protected:
   bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-  void changeEvent(QEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void resizeEvent(QResizeEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void startDrag(Qt::DropActions supported) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
-  void endKey(int key);
+  struct Kept;
 
-  bool keyIsDown_ = false;
-  int fillColumn_ = -1;
+  bool moveKey(const QKeyEvent& event);
+  void endKey(int key);
+  void frameFocus();
+  void keepFilled();
+  void stretchLastColumn();
+  Kept kept() const;
+  void restore(const Kept& kept);
+
+  ListModel* model_;
+  int keyDown_ = 0;
+  QString emptyText_;
+  bool quiet_ = false;
+  FillRule fill_;
   /// How long the columns are when they fill the list.
   int filledLength_ = -1;
+  bool fitting_ = false;
+  /// What the last column has been stretched by.
+  int stretched_ = 0;
+  ListDrags drags_;
+  int dropHighlight_ = -1;
 };
-
-/// Writes a cell only when it differs: a row that is shown repaints otherwise.
-void setCell(QTreeWidgetItem& row, int column, const QString& text);
-/// With the separators of the writer's language.
-void setCell(QTreeWidgetItem& row, int column, qint32 number);

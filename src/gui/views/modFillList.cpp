@@ -6,9 +6,7 @@
 #include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
-#include "gui/toolkit/PlainToolTip.h"
 #include "gui/views/ListView.h"
-#include "gui/views/RowIcon.h"
 
 #include <algorithm>
 
@@ -18,44 +16,44 @@ namespace {
 
 constexpr auto kSceneProperty = "sceneID";
 
-QTreeWidgetItem* row(qint32 id, const QString& text, const char* iconKey) {
-  auto* item = new QTreeWidgetItem({text});
-  ListView::setTag(*item, id);
-  item->setIcon(0, rowIcon(iconKey));
-  return item;
-}
-
-QTreeWidgetItem* characterRow(clsCharacter& character, const char* iconKey, bool showFullName) {
-  QTreeWidgetItem* item = row(character.ID(), character.Title(), iconKey);
-  if (showFullName) {
-    item->setText(1, character.FullName);
-  }
-  return item;
-}
-
-/// The rows go in at one stroke: the list lays itself out once.
-void show(ListView& list, const QList<QTreeWidgetItem*>& rows) {
-  list.clear();
-  list.addTopLevelItems(rows);
-}
-
 template <class Collection>
-void showAll(ListView& list, const Collection& collection, const char* iconKey) {
-  QList<QTreeWidgetItem*> rows;
+QList<qint32> tagsOf(const Collection& collection) {
+  QList<qint32> tags;
+  tags.reserve(collection.Count());
   for (const auto& entity : collection) {
-    rows.append(row(entity->ID(), entity->Title, iconKey));
+    tags.append(entity->ID());
   }
-  show(list, rows);
+  return tags;
 }
 
+QList<qint32> tagsOf(const IDList& ids) {
+  return {ids.begin(), ids.end()};
+}
+
+/// `find` gives what has an ID.
 template <class Find>
-void showListed(ListView& list, qint32 sceneID, const IDList& ids, const char* iconKey, const Find& find) {
-  list.setProperty(kSceneProperty, sceneID);
-  QList<QTreeWidgetItem*> rows;
-  for (const qint32 id : ids) {
-    rows.append(row(id, find(id)->Title, iconKey));
-  }
-  show(list, rows);
+void show(ListView& list, const QList<qint32>& tags, const char* icon, Find find) {
+  list.setRows(tags, [icon, find](qint32 id, int) { return ListRow{{find(id)->Title}, icon}; });
+}
+
+QStringList charCells(const clsCharacter& character, bool showFullName) {
+  return showFullName ? QStringList{character.Title(), character.FullName} : QStringList{character.Title()};
+}
+
+ListRow castRow(qint32 id, bool showFullName) {
+  const auto character = g_Project->CharByID(id);
+  return {charCells(*character, showFullName),
+          character->major ? "viewpoint" : "character",
+          {},
+          {character->major ? u"major"_s : u"minor"_s}};
+}
+
+auto locationByID() {
+  return [](qint32 id) { return g_Project->LocationByID(id); };
+}
+
+auto itemByID() {
+  return [](qint32 id) { return g_Project->ItemByID(id); };
 }
 
 }  // namespace
@@ -76,48 +74,54 @@ std::vector<std::shared_ptr<clsCharacter>> orderedCharacters(bool OnlyMajor) {
 }
 
 void FillAllCharList(ListView& list, bool ShowFullName, bool OnlyMajor) {
-  QList<QTreeWidgetItem*> rows;
+  QList<qint32> tags;
   for (const auto& character : orderedCharacters(OnlyMajor)) {
-    rows.append(characterRow(*character, character->major ? "viewpoint" : "character", ShowFullName));
+    tags.append(character->ID());
   }
-  show(list, rows);
-  list.SelectRow(0);
+  list.setRows(tags, [ShowFullName](qint32 id, int) { return castRow(id, ShowFullName); });
+  if (list.SelectedRow() < 0) {
+    list.SelectRow(0);
+  }
 }
 
 void FillCharInScene(ListView& list, qint32 SceneID, bool ShowFullName, bool OnlyMajor) {
   list.setProperty(kSceneProperty, SceneID);
   const auto scene = g_Project->SceneByID(SceneID);
-  const qint32 viewpoint = scene->ViewPointID();
-  QList<QTreeWidgetItem*> rows;
+  QList<qint32> tags;
   for (const qint32 id : scene->CharIDs()) {
     const auto character = g_Project->CharByID(id);
-    if (id == 0 || character->Title() == u"N/A"_s || (OnlyMajor && !character->major)) {
-      continue;
+    if (id != 0 && character->Title() != u"N/A"_s && (character->major || !OnlyMajor)) {
+      tags.append(id);
     }
-    QTreeWidgetItem* item = characterRow(*character, id == viewpoint ? "viewpoint" : "character", ShowFullName);
-    ListView::setTag(*item, id);
-    item->setToolTip(0, plainToolTip(character->FullName));
-    rows.append(item);
   }
-  show(list, rows);
+  const qint32 viewpoint = scene->ViewPointID();
+  list.setRows(tags, [viewpoint, ShowFullName](qint32 id, int) {
+    const auto character = g_Project->CharByID(id);
+    const bool narrates = id == viewpoint;
+    return ListRow{charCells(*character, ShowFullName),
+                   narrates ? "viewpoint" : "character",
+                   {},
+                   narrates ? QStringList{u"viewpoint"_s} : QStringList(),
+                   character->FullName};
+  });
 }
 
 void FillLocationsInScene(ListView& list, qint32 SceneID) {
-  const auto scene = g_Project->SceneByID(SceneID);
-  showListed(list, SceneID, scene->LocationIDs(), "location", [](qint32 id) { return g_Project->LocationByID(id); });
+  list.setProperty(kSceneProperty, SceneID);
+  show(list, tagsOf(g_Project->SceneByID(SceneID)->LocationIDs()), "location", locationByID());
 }
 
 void FillItemsInScene(ListView& list, qint32 SceneID) {
-  const auto scene = g_Project->SceneByID(SceneID);
-  showListed(list, SceneID, scene->ItemIDs(), "item", [](qint32 id) { return g_Project->ItemByID(id); });
+  list.setProperty(kSceneProperty, SceneID);
+  show(list, tagsOf(g_Project->SceneByID(SceneID)->ItemIDs()), "item", itemByID());
 }
 
 void FillAllLocations(ListView& list) {
-  showAll(list, g_Project->Locations, "location");
+  show(list, tagsOf(g_Project->Locations), "location", locationByID());
 }
 
 void FillAllItems(ListView& list) {
-  showAll(list, g_Project->Items, "item");
+  show(list, tagsOf(g_Project->Items), "item", itemByID());
 }
 
 qint32 listSceneID(const ListView& list) {

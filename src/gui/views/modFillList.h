@@ -15,7 +15,7 @@ namespace modFillList {
 /// All characters as they are listed: majors by SortOrder, then minors by SortOrder, ties in the project's order.
 std::vector<std::shared_ptr<clsCharacter>> orderedCharacters(bool OnlyMajor);
 
-/// With `ShowFullName` the second column has the full name. The first row ends selected.
+/// With `ShowFullName` the second column has the full name. The first row ends selected where none of these rows was.
 void FillAllCharList(ListView& list, bool ShowFullName, bool OnlyMajor);
 /// In scene order; the first is the viewpoint. Every row has the full name as tool tip.
 void FillCharInScene(ListView& list, qint32 SceneID, bool ShowFullName, bool OnlyMajor);

@@ -88,7 +88,7 @@ void EndToEndTest::writeAndComeBack(const QString& project, int chapterRow, int 
   before_ = filesBelow(folder.path(u"book"_s));
   startWith(project);
   click(list("ListChapters"), chapterRow);
-  const qint32 id = ListView::tagOf(item("ListScenes", sceneRow));
+  const qint32 id = list("ListScenes").tagAt(sceneRow);
   const QStringList oldRow = row("ListScenes", sceneRow);
   ASSERT_EQ(oldRow.size(), 7);
   const int words = QLocale().toInt(oldRow[1]);
@@ -137,7 +137,7 @@ TEST_F(EndToEndTest, AnEditInANovelComesBack) {
   ASSERT_EQ(python.exitCode(), 0);
   const QString project = folder.path(u"book/pride-and-prejudice.qn4"_s);
   startWith(project);
-  ASSERT_EQ(list("ListChapters").topLevelItemCount(), 61);
+  ASSERT_EQ(list("ListChapters").rowCount(), 61);
   qint32 running = 0;
   for (int i = 0; i < 61; ++i) {
     const auto chapter = chapterAt(i + 1);

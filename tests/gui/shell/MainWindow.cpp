@@ -9,6 +9,9 @@
 #include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/life/RegisterWindows.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ScenePane.h"
+#include "gui/shell/main/SceneTabs.h"
 #include "gui/toolkit/InputShield.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
@@ -18,6 +21,8 @@
 #include <QFile>
 #include <QLabel>
 #include <QTest>
+
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -122,22 +127,29 @@ QString ShellTest::panel(const char* key) {
 
 QStringList ShellTest::row(const char* listName, int index) {
   ListView& view = list(listName);
-  const QTreeWidgetItem& shown = itemOf(view, index);
   QStringList texts;
-  for (int column = 0; column < view.columnCount(); ++column) {
-    texts.append(shown.text(column));
+  for (int column = 0; column < view.rows().columnCount(); ++column) {
+    texts.append(indexOf(view, index, column).data().toString());
   }
   return texts;
 }
 
-QTreeWidgetItem& ShellTest::itemOf(const ListView& list, int index) {
-  return required(list.topLevelItem(index), u"row %1 in %2"_s.arg(index).arg(list.objectName()));
+QModelIndex ShellTest::indexOf(ListView& list, int row, int column) {
+  const QModelIndex index = list.model()->index(row, column);
+  return index.isValid() ? index
+                         : throw std::out_of_range(u"row %1 in %2"_s.arg(row).arg(list.objectName()).toStdString());
+}
+
+void ShellTest::completeDisplay() {
+  if (window_ && !window_->Closing) {
+    window_->panes().scenes().tabStrip1().completeDisplay();
+  }
 }
 
 QPoint ShellTest::placeOf(ListView& view, int row) {
-  QTreeWidgetItem& shown = itemOf(view, row);
-  view.scrollToItem(&shown);
-  const QPoint centre = view.visualItemRect(&shown).center();
+  const QModelIndex index = indexOf(view, row);
+  view.scrollTo(index);
+  const QPoint centre = view.visualRect(index).center();
   return {std::min(centre.x(), view.viewport()->width() / 2), centre.y()};
 }
 

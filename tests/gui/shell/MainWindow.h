@@ -40,7 +40,8 @@ class ShellTest : public ::testing::Test {
   bool isShown(const char* entry);
   QString panel(const char* key);
   ListView& list(const char* name) { return control<ListView>(name); }
-  QTreeWidgetItem& item(const char* listName, int index) { return itemOf(list(listName), index); }
+  /// A cell of a row that there has to be.
+  QModelIndex item(const char* listName, int row, int column = 0) { return indexOf(list(listName), row, column); }
   /// The texts of a row, and one of them.
   QStringList row(const char* listName, int index);
   QString cell(const char* listName, int index, int column) { return elementOf(row(listName, index), column); }
@@ -54,8 +55,10 @@ class ShellTest : public ::testing::Test {
   /// The same where there has to be one.
   frmEditor& openEditor() const;
 
+  /// What the selected scene shows is shown whole by then.
   template <class Control>
   Control& control(const char* name) {
+    completeDisplay();
     return childOf<Control>(window(), QString::fromLatin1(name));
   }
 
@@ -67,7 +70,8 @@ class ShellTest : public ::testing::Test {
   int ended = 0;
 
  private:
-  static QTreeWidgetItem& itemOf(const ListView& list, int index);
+  void completeDisplay();
+  static QModelIndex indexOf(ListView& list, int row, int column = 0);
   static QPoint placeOf(ListView& list, int row);
 
   std::unique_ptr<frmMain> window_;

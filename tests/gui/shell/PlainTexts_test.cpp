@@ -42,9 +42,9 @@ QStringList takenForMarkup() {
     if (widget->toolTip().contains(u"<b>x")) {
       found += u"tool tip of "_s + widget->objectName();
     }
-    const auto* const list = qobject_cast<const QTreeWidget*>(widget);
-    for (int row = 0; list != nullptr && row < list->topLevelItemCount(); ++row) {
-      if (list->topLevelItem(row)->toolTip(0).contains(u"<b>x")) {
+    const auto* const list = qobject_cast<const ListView*>(widget);
+    for (int row = 0; list != nullptr && row < list->rowCount(); ++row) {
+      if (list->model()->index(row, 0).data(Qt::ToolTipRole).toString().contains(u"<b>x")) {
         found += u"tool tip in "_s + list->objectName();
       }
     }
@@ -79,8 +79,9 @@ TEST_F(PlainTextsTest, AProjectThatLooksLikeMarkupIsShownAsItStands) {
   EXPECT_TRUE(window().windowTitle().startsWith(u"<b>x</b><img src=\"none.png\"> &c [*][*]"_s));
   EXPECT_EQ(control<QAction>("mnuRecent(1)").text().remove(u'&'), u"Small \\<b>S mall"_s);
   const ListView& characters = list("ListChar(0)");
-  ASSERT_GT(characters.topLevelItemCount(), 0);
-  EXPECT_EQ(QTextDocumentFragment::fromHtml(characters.topLevelItem(0)->toolTip(0)).toPlainText(), kText);
+  ASSERT_GT(characters.rowCount(), 0);
+  EXPECT_EQ(QTextDocumentFragment::fromHtml(item("ListChar(0)", 0).data(Qt::ToolTipRole).toString()).toPlainText(),
+            kText);
   window().showMessage(kText.repeated(20));
   EXPECT_EQ(toolTipAt(control<QLabel>("numberfiles"), {2, 2}), kText.repeated(20));
   scene->Edit();

@@ -188,8 +188,11 @@ void frmMain::storeLayout() {
     return;
   }
   storeWindow(u"Main"_s, *this);
-  storeColumns(u"MainChap"_s, panes_->chapters().listChapters());
-  storeColumns(u"MainScn"_s, panes_->scenes().listScenes());
+  for (const auto& [name, list] :
+       {std::pair{u"MainChap"_s, &panes_->chapters().listChapters()}, {u"MainScn"_s, &panes_->scenes().listScenes()}}) {
+    storeColumns(name, *list);
+    Settings().sSet(name + u"Filled"_s, list->isFilled());
+  }
   const double left = panes_->scenes().splitterLeft();
   const double width = panes_->scenes().frameWidth();
   if (!isMinimized() && left > 0 && width > 0) {

@@ -203,13 +203,19 @@ void StartUp::showStatusBar() const {
 void StartUp::restoreLayout() const {
   MainPanes& panes = main_.panes();
   restoreWindow(u"Main"_s, main_);
-  restoreColumns(u"MainChap"_s, panes.chapters().listChapters());
-  restoreColumns(u"MainScn"_s, panes.scenes().listScenes());
+  restoreList(u"MainChap"_s, panes.chapters().listChapters());
+  restoreList(u"MainScn"_s, panes.scenes().listScenes());
   panes.showScenesTab();
   panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
                        fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
-  if (!Settings().IsSettingPresent(u"MainChap1_W"_s)) {
-    panes.fitTitlesWhenShown();
+}
+
+// Widths of the user's own stay; others follow the window.
+void StartUp::restoreList(const QString& name, ListView& list) const {
+  restoreColumns(name, list);
+  const bool stored = Settings().IsSettingPresent(name + u"1_W"_s);
+  if (truth(Settings().sGet(name + u"Filled"_s, !stored))) {
+    main_.panes().fillWhenShown(list);
   }
 }
 

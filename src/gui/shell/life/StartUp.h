@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class ListView;
 class frmMain;
 class frmSplash;
 
@@ -29,6 +30,7 @@ class StartUp {
   void readFonts() const;
   void showStatusBar() const;
   void restoreLayout() const;
+  void restoreList(const QString& name, ListView& list) const;
   void openProject();
   void openFromCommandLine(const QString& path);
   void openLast(const QString& path) const;

@@ -31,30 +31,21 @@ void ChangeScan::start() {
 }
 
 void ChangeScan::sceneChanged(qint32 id) {
-  const ScenePane& scenes = main_.panes().scenes();
-  const ChapterPane& chapters = main_.panes().chapters();
-  if (QTreeWidgetItem* row = scenes.listScenes().topLevelItem(scenes.listScenes().rowOfTag(id))) {
-    scenes.UpdateSceneRow(*row, id);
-    found_.selectedChanged = found_.selectedChanged || scenes.SelectedSceneID() == id;
-  }
-  const qint32 chapterID = g_Project->SceneByID(id)->BelongsToChID;
-  if (QTreeWidgetItem* row = chapters.listChapters().topLevelItem(chapters.ChapterRowIndex(chapterID))) {
-    chapters.UpdateChapterRow(*row, chapterID);
-  }
+  ScenePane& scenes = main_.panes().scenes();
+  scenes.UpdateSceneRow(id);
+  found_.selectedChanged = found_.selectedChanged || scenes.SelectedSceneID() == id;
   // A scene was added to the chapter that is shown, split out of it, or removed.
   const qint32 shown = scenes.shownChapterID();
-  const int rows = scenes.listScenes().topLevelItemCount();
+  const int rows = scenes.listScenes().rowCount();
   found_.needsRefill = found_.needsRefill || (shown != 0 && g_Project->ChapterByID(shown)->SceneCount() != rows);
 }
 
 // A renamed character shows in the rows that it narrates.
 void ChangeScan::characterChanged(qint32 id) {
-  const ScenePane& scenes = main_.panes().scenes();
-  for (int i = 0; i < scenes.listScenes().topLevelItemCount(); ++i) {
-    QTreeWidgetItem& row = *scenes.listScenes().topLevelItem(i);
-    const qint32 sceneID = ListView::tagOf(row);
+  ScenePane& scenes = main_.panes().scenes();
+  for (const qint32 sceneID : scenes.listScenes().rows().tags()) {
     if (g_Project->SceneByID(sceneID)->ViewPointID() == id) {
-      scenes.UpdateSceneRow(row, sceneID);
+      scenes.UpdateSceneRow(sceneID);
     }
   }
 }

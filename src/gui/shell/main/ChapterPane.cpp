@@ -7,13 +7,13 @@
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
-#include "gui/views/RowIcon.h"
 
 #include <QEvent>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -27,12 +27,24 @@ constexpr auto kModule = "frmMain";
 
 enum Column { kTitle, kWords, kScenes, kCount };
 
-/// The colour of a running total tells the section of the book. A section whose end isn't marked has none.
-quint32 sectionColour(qint32 position, qint32 endOfBeginning, qint32 endOfMiddle) {
+/// What of a title has to be seen in the narrowest list.
+constexpr QStringView kStartOfTitle = u"Chapter 88, and so";
+
+/// A part of the book, which the colour of the running total tells.
+struct Section {
+  quint32 colour;
+  QString name;
+};
+
+/// A section whose end isn't marked has none.
+Section sectionAt(qint32 position, qint32 endOfBeginning, qint32 endOfMiddle) {
   if (endOfMiddle > 0 && position > endOfMiddle) {
-    return RowColours::kRed;
+    return {RowColours::kRed, u"end section"_s};
   }
-  return endOfBeginning > 0 && position > endOfBeginning ? RowColours::kOrange : RowColours::kGreen;
+  if (endOfBeginning > 0 && position > endOfBeginning) {
+    return {RowColours::kOrange, u"middle section"_s};
+  }
+  return {RowColours::kGreen, endOfBeginning > 0 ? u"beginning section"_s : QString()};
 }
 
 }  // namespace
@@ -52,12 +64,15 @@ void ChapterPane::buildLayout() {
   txtAuthor = addLineEdit(*titles, u"txtAuthor"_s, u"Author"_s);
 
   giveName(*ListChapters, u"ListChapters"_s, u"Chapters"_s);
-  ListChapters->header()->setStretchLastSection(false);
+  ListModel& rows = ListChapters->rows();
+  rows.setSpokenTitle(kWords, u"Words"_s);
+  rows.setSpokenTitle(kScenes, u"Scenes"_s);
+  rows.setSpokenTitle(kCount, u"Words so far"_s);
   for (const auto& [column, longest] : {std::pair{kWords, u"88,888"}, {kScenes, u"88"}, {kCount, u"888,888"}}) {
-    ListChapters->headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    rows.setAlignment(column, Qt::AlignRight);
     ListChapters->setColumnWidth(column, ListChapters->widthFor(column, longest));
   }
-  ListChapters->setFillColumn(kTitle);
+  ListChapters->setFillRule({kTitle, kStartOfTitle.toString(), kStartOfTitle.toString(), {kCount}});
 
   txtChapterDesc->setToolTip(u"Chapter Description (Double click to edit)"_s);
 
@@ -75,8 +90,6 @@ void ChapterPane::buildLayout() {
 }
 
 void ChapterPane::connectSignals() {
-  connect(ListChapters, &ListView::paletteChanged, this,
-          guarded("ListChapters_PaletteChange", kModule, this, &ChapterPane::recolourRows));
   connect(txtTitle, &QLineEdit::textChanged, this, guarded("txtTitle_Change", kModule, [this](const QString& text) {
             g_Project->Title = text;
             Q_EMIT titlesEdited();
@@ -86,13 +99,14 @@ void ChapterPane::connectSignals() {
             Q_EMIT titlesEdited();
           }));
   // A held arrow key runs down the list: the scenes follow when it goes up.
-  connect(ListChapters, &QTreeWidget::itemSelectionChanged, this, [this] {
+  connect(ListChapters, &ListView::rowsSelected, this, [this] {
     if (!ListChapters->keyIsDown()) {
       Q_EMIT chapterSelected();
     }
   });
   connect(ListChapters, &ListView::keyUp, this, &ChapterPane::chapterKeyUp);
   connect(ListChapters, &ListView::rowOpened, this, &ChapterPane::chapterOpened);
+  connect(ListChapters, &ListView::enterPressed, this, &ChapterPane::chapterOpened);
   txtChapterDesc->viewport()->installEventFilter(this);
 }
 
@@ -102,14 +116,6 @@ bool ChapterPane::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   return QWidget::eventFilter(watched, event);
-}
-
-void ChapterPane::recolourRows() {
-  for (int row = 0; row < ListChapters->topLevelItemCount(); ++row) {
-    QTreeWidgetItem& item = *ListChapters->topLevelItem(row);
-    UpdateChapterRow(item, ListView::tagOf(item));
-  }
-  RecalcProgressive();
 }
 
 void ChapterPane::showTitles() {
@@ -127,51 +133,56 @@ void ChapterPane::setTitlesEnabled(bool enabled) {
 }
 
 void ChapterPane::FillChapterList() {
-  QList<QTreeWidgetItem*> rows;
+  QList<qint32> tags;
+  tags.reserve(g_Project->ChapterCount());
   for (const auto& chapter : g_Project->Chapters) {
-    auto* row = new QTreeWidgetItem;
-    UpdateChapterRow(*row, chapter->ID());
-    rows.append(row);
+    tags.append(chapter->ID());
   }
-  // Written before they stand in the list, which would hear of each cell.
-  writeProgress(rows);
-  clear();
-  ListChapters->addTopLevelItems(rows);
+  countOn(tags);
+  ListChapters->setRows(tags, [this](qint32 id, int row) { return chapterRow(id, row); });
+  if (tags.isEmpty()) {
+    txtChapterDesc->clear();
+  }
 }
 
-void ChapterPane::UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const {
-  const auto chapter = g_Project->ChapterByID(ChapterID);
+ListRow ChapterPane::chapterRow(qint32 id, int row) const {
+  const auto chapter = g_Project->ChapterByID(id);
   const quint32 colour = chapter->Unused ? RowColours::kGrey : RowColours::kGreen;
-  const QBrush text(RowColours::readable(colour, ListChapters->palette()));
-  ListView::setTag(row, ChapterID);
-  row.setIcon(kTitle, rowIcon(chapter->Unused ? "chapterunused" : "chapter"));
-  row.setForeground(kTitle, text);
-  row.setForeground(kWords, text);
-  setCell(row, kTitle, chapter->Title);
-  setCell(row, kWords, chapter->Wordcount(false));
-  setCell(row, kScenes, chapter->SceneCount());
+  const QLocale locale;
+  const auto place = static_cast<size_t>(row);
+  const Section section = sectionAt(row + 1, endOfBeginning_, endOfMiddle_);
+  QStringList states;
+  if (chapter->Unused) {
+    states.append(u"unused"_s);
+  }
+  if (!section.name.isEmpty()) {
+    states.append(section.name);
+  }
+  return {{chapter->Title, locale.toString(chapter->Wordcount(false)), locale.toString(chapter->SceneCount()),
+           locale.toString(place < counts_.size() ? counts_[place] : progressiveTotal_)},
+          chapter->Unused ? "chapterunused" : "chapter",
+          {{kTitle, colour}, {kWords, colour}, {kCount, section.colour}},
+          states};
+}
+
+void ChapterPane::UpdateChapterRow(qint32 ChapterID) {
+  ListChapters->updateRow(ListChapters->rowOfTag(ChapterID));
 }
 
 void ChapterPane::RecalcProgressive() {
-  QList<QTreeWidgetItem*> rows;
-  for (int i = 0; i < ListChapters->topLevelItemCount(); ++i) {
-    rows.append(ListChapters->topLevelItem(i));
-  }
-  writeProgress(rows);
+  countOn(ListChapters->rows().tags());
+  ListChapters->rows().updateAllRows();
 }
 
-void ChapterPane::writeProgress(const QList<QTreeWidgetItem*>& rows) {
-  const qint32 endOfBeginning = g_Project->Chapters.ChapterIndex(g_Project->EndBeginningChID);
-  const qint32 endOfMiddle = g_Project->Chapters.ChapterIndex(g_Project->EndMiddleChID);
+void ChapterPane::countOn(const QList<qint32>& chapters) {
+  endOfBeginning_ = g_Project->Chapters.ChapterIndex(g_Project->EndBeginningChID);
+  endOfMiddle_ = g_Project->Chapters.ChapterIndex(g_Project->EndMiddleChID);
   progressiveTotal_ = 0;
-  qint32 position = 0;
-  for (QTreeWidgetItem* row : rows) {
-    const auto chapter = g_Project->ChapterByID(ListView::tagOf(*row));
-    progressiveTotal_ += chapter->Wordcount(false);
-    setCell(*row, kCount, progressiveTotal_);
-    setCell(*row, kScenes, chapter->SceneCount());
-    const quint32 colour = sectionColour(++position, endOfBeginning, endOfMiddle);
-    row->setForeground(kCount, RowColours::readable(colour, ListChapters->palette()));
+  counts_.clear();
+  counts_.reserve(static_cast<size_t>(chapters.size()));
+  for (const qint32 id : chapters) {
+    progressiveTotal_ += g_Project->ChapterByID(id)->Wordcount(false);
+    counts_.push_back(progressiveTotal_);
   }
 }
 
@@ -193,8 +204,12 @@ void ChapterPane::showDescription(const clsChapter& chapter) {
   txtChapterDesc->setPlainText(chapter.Title + u" description: \n"_s + chapter.DescText);
 }
 
+void ChapterPane::setEmptyText(const QString& text) {
+  ListChapters->setEmptyText(text);
+}
+
 void ChapterPane::clear() {
-  const QSignalBlocker quiet(ListChapters);
   ListChapters->clear();
   txtChapterDesc->clear();
+  counts_.clear();
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "gui/views/ListModel.h"
+
 #include <QWidget>
+
+#include <vector>
 
 class ListView;
 class QLineEdit;
 class QPlainTextEdit;
-class QTreeWidgetItem;
 class clsChapter;
 
 /// The left side of the main window: the book's title and author, its chapters, the selected chapter's description.
@@ -20,11 +23,12 @@ class ChapterPane : public QWidget {
   /// Shows the project's title and author without writing them back.
   void showTitles();
   void setTitlesEnabled(bool enabled);
-  /// One row a chapter; nothing is selected afterwards.
+  /// One row a chapter. Of what was selected that stays which is still there.
   void FillChapterList();
   void clear();
-  void UpdateChapterRow(QTreeWidgetItem& row, qint32 ChapterID) const;
-  /// Rewrites the running totals and, with them, the words of the used chapters in all.
+  /// The row of the chapter shows what is true now. Nothing for a chapter that isn't listed.
+  void UpdateChapterRow(qint32 ChapterID);
+  /// Works out the running totals and, with them, the words of the used chapters in all.
   void RecalcProgressive();
   qint32 ProgressiveTotal() const { return progressiveTotal_; }
 
@@ -34,12 +38,15 @@ class ChapterPane : public QWidget {
   int ChapterRowIndex(qint32 ChapterID) const;
 
   void showDescription(const clsChapter& chapter);
+  /// What stands where chapters would.
+  void setEmptyText(const QString& text);
 
  Q_SIGNALS:
   /// Another chapter was selected by anything but a key.
   void chapterSelected();
   /// A key went up in the list.
   void chapterKeyUp(int key);
+  /// A double click on a chapter or on its description, or the key for it.
   void chapterOpened();
   /// Title or author were written to the project.
   void titlesEdited();
@@ -50,12 +57,17 @@ class ChapterPane : public QWidget {
  private:
   void buildLayout();
   void connectSignals();
-  void recolourRows();
-  void writeProgress(const QList<QTreeWidgetItem*>& rows);
+  ListRow chapterRow(qint32 id, int row) const;
+  void countOn(const QList<qint32>& chapters);
 
   QLineEdit* txtTitle;
   QLineEdit* txtAuthor;
   ListView* ListChapters;
   QPlainTextEdit* txtChapterDesc;
+  /// The running total at each row.
+  std::vector<qint32> counts_;
   qint32 progressiveTotal_ = 0;
+  /// The sections of the book, as the positions of the chapters that end them; below 1 for no such chapter.
+  qint32 endOfBeginning_ = 0;
+  qint32 endOfMiddle_ = 0;
 };

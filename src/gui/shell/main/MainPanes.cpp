@@ -67,17 +67,23 @@ void MainPanes::showSelectedChapter(int SelectIndex) {
 }
 
 void MainPanes::refill() {
-  const qint32 chapter = FrameChapters->SelectedChapterID();
   const qint32 scene = FrameScenes->SelectedSceneID();
   FrameChapters->showTitles();
   FillChapterList();
-  FrameChapters->SelectChapter(chapter);
-  FillSceneList(g_Project->ChapterByID(FrameChapters->SelectedChapterID())->SceneIndex(scene));
+  if (FrameChapters->SelectedChapterID() == 0) {
+    FrameChapters->SelectChapter(0);
+  }
+  const qint32 chapter = FrameChapters->SelectedChapterID();
+  // A scene that has moved takes the selection along.
+  const bool sameChapter = chapter == FrameScenes->shownChapterID();
+  FillSceneList(sameChapter ? 0 : g_Project->ChapterByID(chapter)->SceneIndex(scene));
+  if (chapter == 0) {
+    FrameScenes->clear();
+  }
   FrameNotes->FillNoteList();
 }
 
 void MainPanes::FillChapterList() {
-  FrameScenes->clear();
   FrameChapters->FillChapterList();
 }
 
@@ -108,11 +114,7 @@ void MainPanes::EditSelectedScene() {
 
 void MainPanes::EditRow(qint32 SceneID) {
   g_Project->SceneByID(SceneID)->Edit();
-  // The row may have gone while the editor came up.
-  ListView& list = FrameScenes->listScenes();
-  if (QTreeWidgetItem* row = list.topLevelItem(list.rowOfTag(SceneID))) {
-    FrameScenes->UpdateSceneRow(*row, SceneID);
-  }
+  FrameScenes->UpdateSceneRow(SceneID);
   Q_EMIT sceneEdited();
 }
 
@@ -132,8 +134,7 @@ void MainPanes::placeSplitters(double chapterSplit, double sceneSplit) {
 // Widths that come before the window is on the screen are not yet those of its layout.
 void MainPanes::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (std::exchange(fitTitles_, false)) {
-    FrameChapters->listChapters().fillRoom();
-    FrameScenes->fitSceneTitles();
+  for (ListView* list : std::exchange(toFill_, {})) {
+    list->fillRoom();
   }
 }

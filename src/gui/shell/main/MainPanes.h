@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class ChapterPane;
+class ListView;
 class NotesPane;
 class ProportionalSplitter;
 class QTabWidget;
@@ -21,7 +22,7 @@ class MainPanes : public QWidget {
 
   /// Titles, lists and notes anew from the project; the selection is kept by ID.
   void refill();
-  /// Empties both lists and the display and fills the chapters.
+  /// The chapters anew, without the scenes.
   void FillChapterList();
   /// The scenes of the selected chapter; nothing when none is selected.
   void FillSceneList(int SelectIndex);
@@ -36,8 +37,8 @@ class MainPanes : public QWidget {
   double chapterSplit() const;
   double sceneSplit() const;
   void placeSplitters(double chapterSplit, double sceneSplit);
-  /// When the panes come up, titles of chapters and scenes take the room that the other columns leave.
-  void fitTitlesWhenShown() { fitTitles_ = true; }
+  /// When the panes come up, titles in this list take the room that the other columns leave.
+  void fillWhenShown(ListView& list) { toFill_.append(&list); }
 
  Q_SIGNALS:
   void chapterOpened();
@@ -58,5 +59,5 @@ class MainPanes : public QWidget {
   NotesPane* FrameNotes;
   QTabWidget* TabStrip2;
   ProportionalSplitter* splitter_;
-  bool fitTitles_ = false;
+  QList<ListView*> toFill_;
 };

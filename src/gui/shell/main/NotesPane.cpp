@@ -6,7 +6,6 @@
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/ListView.h"
-#include "gui/views/RowIcon.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -26,7 +25,7 @@ NotesPane::NotesPane(QWidget* parent)
       txtNoteEditor(makeReadOnlyText(u"txtNoteEditor"_s, u"Note text"_s)) {
   setObjectName(u"FrameNotes"_s);
   buildLayout();
-  connect(ListNotes, &QTreeWidget::itemSelectionChanged, this,
+  connect(ListNotes, &ListView::rowsSelected, this,
           guarded("ListNotes_ItemClick", "frmMain", this, &NotesPane::showSelectedNote));
 }
 
@@ -55,17 +54,13 @@ void NotesPane::buildLayout() {
 }
 
 void NotesPane::FillNoteList() {
+  QList<qint32> tags;
+  for (const auto& note : g_Project->Notes) {
+    tags.append(note->ID());
+  }
   {
     const QSignalBlocker quiet(ListNotes);
-    QList<QTreeWidgetItem*> rows;
-    for (const auto& note : g_Project->Notes) {
-      auto* row = new QTreeWidgetItem({note->Title});
-      ListView::setTag(*row, note->ID());
-      row->setIcon(0, rowIcon("note"));
-      rows.append(row);
-    }
-    ListNotes->clear();
-    ListNotes->addTopLevelItems(rows);
+    ListNotes->setRows(tags, [](qint32 id, int) { return ListRow{{g_Project->NoteByID(id)->Title}, "note"}; });
     ListNotes->SelectRow(0);
   }
   showSelectedNote();

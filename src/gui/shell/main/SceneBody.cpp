@@ -13,18 +13,28 @@ SceneBody::SceneBody(QWidget* parent) : RichTextBox(parent) {
   makeReadOnly(*this);
 }
 
-void SceneBody::showText(const clsScene& scene) {
+bool SceneBody::showText(clsScene& scene) {
   const EditorColours colours = EditorColours::fromSettings();
   colours.applyTo(*this);
-  RichText text = readRtf(scene.TextRTF());
-  if (text.plainText().trimmed().isEmpty()) {
+  const std::optional<quint32> colour = colours.textColour();
+  if (sceneID_ == scene.ID() && shown_ == scene.TextRTF() && colour_ == colour) {
+    return hasContent_;
+  }
+  sceneID_ = scene.ID();
+  shown_ = scene.TextRTF();
+  colour_ = colour;
+  RichText text = readRtf(shown_);
+  hasContent_ = !text.plainText().trimmed().isEmpty();
+  if (!hasContent_) {
     text = RichText::fromPlain(u"This scene has no content"_s);
   }
-  ResetFontColour(text, colours.textColour());
+  ResetFontColour(text, colour);
   setRichText(text);
   moveCursor(QTextCursor::Start);
+  return hasContent_;
 }
 
 void SceneBody::clearText() {
+  sceneID_ = 0;
   setRichText({});
 }

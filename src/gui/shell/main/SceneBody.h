@@ -11,7 +11,13 @@ class SceneBody : public RichTextBox {
  public:
   explicit SceneBody(QWidget* parent = nullptr);
 
-  /// A text of nothing but blanks says so.
-  void showText(const clsScene& scene);
+  /// A text of nothing but blanks says so: false then. What is shown already stays where it is scrolled to.
+  bool showText(clsScene& scene);
   void clearText();
+
+ private:
+  qint32 sceneID_ = 0;
+  QByteArray shown_;
+  std::optional<quint32> colour_;
+  bool hasContent_ = false;
 };

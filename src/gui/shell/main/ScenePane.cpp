@@ -13,11 +13,11 @@
 #include "gui/toolkit/Twips.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
-#include "gui/views/RowIcon.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLocale>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -30,7 +30,6 @@ enum Column { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, k
 
 constexpr QStringView kStartOfTitle = u"A scene in";
 constexpr QStringView kShortTitle = u"A scene in a few words";
-constexpr QStringView kLongTitle = u"A scene that takes more words to tell what is in it";
 
 /// The first that holds.
 const char* sceneIcon(clsScene& scene) {
@@ -43,9 +42,35 @@ const char* sceneIcon(clsScene& scene) {
   return scene.HasNote() ? "note" : "scene";
 }
 
+/// What the icon and the colour of the status tell, and what they hide.
+QStringList sceneStates(clsScene& scene) {
+  QStringList states;
+  if (scene.Unused) {
+    states.append(u"unused"_s);
+  }
+  if (scene.Locked()) {
+    states.append(u"open in an editor"_s);
+  }
+  if (scene.HasNote()) {
+    states.append(u"has a note"_s);
+  }
+  return states;
+}
+
 /// A scene whose status was never set has none to show.
 QString statusName(qint16 status) {
   return status > 0 ? g_StatusNames.value(status) : QString();
+}
+
+ListRow sceneRow(qint32 id) {
+  const auto scene = g_Project->SceneByID(id);
+  const QLocale locale;
+  return {
+      {scene->ViewPointChar()->Title(), locale.toString(scene->Wordcount()), scene->Title, statusName(scene->Status),
+       scene->ReactionScene ? u"R"_s : u"A"_s, scene->RTFFilename(), locale.toString(scene->Lettercount())},
+      sceneIcon(*scene),
+      scene->Unused ? QList<std::pair<int, quint32>>{{kStatus, RowColours::kGrey}} : QList<std::pair<int, quint32>>(),
+      sceneStates(*scene)};
 }
 
 }  // namespace
@@ -63,12 +88,11 @@ ScenePane::ScenePane(QWidget* parent)
 
 void ScenePane::buildLayout() {
   giveName(*ListScenes, u"ListScenes"_s, u"Scenes of the selected chapter"_s);
-  QHeaderView& header = *ListScenes->header();
-  header.setSectionsMovable(true);
-  header.setFirstSectionMovable(true);
-  header.setStretchLastSection(false);
-  ListScenes->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
-  ListScenes->headerItem()->setTextAlignment(kActionReaction, Qt::AlignCenter);
+  ListModel& rows = ListScenes->rows();
+  rows.setAlignment(kWords, Qt::AlignRight);
+  rows.setAlignment(kLetters, Qt::AlignRight);
+  rows.setAlignment(kActionReaction, Qt::AlignHCenter);
+  rows.setSpokenTitle(kActionReaction, u"Action or reaction"_s);
   for (const auto& [column, longest] : {std::pair{kViewpoint, QStringView(u"Elizabeth")},
                                         {kWords, u"8,888"},
                                         {kScene, kShortTitle},
@@ -78,6 +102,7 @@ void ScenePane::buildLayout() {
                                         {kLetters, u"88,888"}}) {
     ListScenes->setColumnWidth(column, ListScenes->widthFor(column, longest));
   }
+  ListScenes->setFillRule({kScene, kStartOfTitle.toString(), kShortTitle.toString(), {kFilename, kLetters}});
 
   splitter_->setObjectName(u"SceneSplitter"_s);
   splitter_->setChildrenCollapsible(false);
@@ -93,9 +118,7 @@ void ScenePane::buildLayout() {
 }
 
 void ScenePane::connectSignals() {
-  connect(ListScenes, &ListView::paletteChanged, this,
-          guarded("ListScenes_PaletteChange", kModule, this, &ScenePane::recolourRows));
-  connect(ListScenes, &QTreeWidget::itemSelectionChanged, this, guarded("ListScenes_ItemClick", kModule, [this] {
+  connect(ListScenes, &ListView::rowsSelected, this, guarded("ListScenes_ItemClick", kModule, [this] {
             const bool gathering = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
                                    (QApplication::keyboardModifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != 0;
             if (!filling_ && !gathering && !ListScenes->keyIsDown()) {
@@ -120,24 +143,18 @@ void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
   if (ChapterID == 0) {
     return;
   }
-  const auto chapter = g_Project->ChapterByID(ChapterID);
-  const QTreeWidgetItem* selected = ListScenes->SelectedItem();
-  const int kept = selected == nullptr ? 0 : ListScenes->indexFromItem(selected).row();
-  const int wanted = SelectIndex < 1 ? kept : SelectIndex - 1;
-  QList<QTreeWidgetItem*> rows;
-  for (const qint32 id : chapter->SceneIDs()) {
-    auto* row = new QTreeWidgetItem;
-    UpdateSceneRow(*row, id);
-    rows.append(row);
-  }
+  const int wanted = SelectIndex < 1 ? ListScenes->SelectedRow() : SelectIndex - 1;
+  const auto& ids = g_Project->ChapterByID(ChapterID)->SceneIDs();
   {
     const QScopedValueRollback filling(filling_, true);
-    ListScenes->clear();
-    ListScenes->addTopLevelItems(rows);
-    ListScenes->SelectRow(wanted < rows.size() ? wanted : 0);
+    ListScenes->setRows({ids.begin(), ids.end()}, [](qint32 id, int) { return sceneRow(id); });
+    // Scenes that are still there stay selected.
+    if (SelectIndex > 0 || ListScenes->SelectedRow() < 0) {
+      ListScenes->SelectRow(wanted >= 0 && wanted < ListScenes->rowCount() ? wanted : 0);
+    }
   }
   shownChapterID_ = ChapterID;
-  rows.isEmpty() ? ClearSceneDisplay() : DisplaySelectedScene();
+  ListScenes->rowCount() == 0 ? ClearSceneDisplay() : DisplaySelectedScene();
 }
 
 void ScenePane::clear() {
@@ -149,19 +166,12 @@ void ScenePane::clear() {
   ClearSceneDisplay();
 }
 
-void ScenePane::UpdateSceneRow(QTreeWidgetItem& row, qint32 SceneID) const {
-  const auto scene = g_Project->SceneByID(SceneID);
-  ListView::setTag(row, SceneID);
-  row.setIcon(kViewpoint, rowIcon(sceneIcon(*scene)));
-  setCell(row, kViewpoint, scene->ViewPointChar()->Title());
-  setCell(row, kWords, scene->Wordcount());
-  setCell(row, kScene, scene->Title);
-  setCell(row, kStatus, statusName(scene->Status));
-  setCell(row, kActionReaction, scene->ReactionScene ? u"R"_s : u"A"_s);
-  setCell(row, kFilename, scene->RTFFilename());
-  setCell(row, kLetters, scene->Lettercount());
-  const QVariant grey = QBrush(RowColours::readable(RowColours::kGrey, ListScenes->palette()));
-  row.setData(kStatus, Qt::ForegroundRole, scene->Unused ? grey : QVariant());
+void ScenePane::setEmptyText(const QString& text) {
+  ListScenes->setEmptyText(text);
+}
+
+void ScenePane::UpdateSceneRow(qint32 SceneID) {
+  ListScenes->updateRow(ListScenes->rowOfTag(SceneID));
 }
 
 void ScenePane::DisplaySelectedScene() {
@@ -198,22 +208,4 @@ double ScenePane::splitterLeft() const {
 
 double ScenePane::frameWidth() const {
   return Twips::fromPixels(width());
-}
-
-void ScenePane::fitSceneTitles() {
-  const auto widthOf = [this](QStringView title) { return ListScenes->widthFor(kScene, title); };
-  const int others = ListScenes->header()->length() - ListScenes->columnWidth(kScene);
-  int shown = ListScenes->roomForColumns() - others;
-  if (shown < widthOf(kShortTitle)) {
-    const int behind = ListScenes->columnWidth(kFilename) + ListScenes->columnWidth(kLetters);
-    shown = ListScenes->maximumViewportSize().width() - (others - behind);
-  }
-  ListScenes->setColumnWidth(kScene, qBound(widthOf(kStartOfTitle), shown, widthOf(kLongTitle)));
-}
-
-void ScenePane::recolourRows() {
-  for (int i = 0; i < ListScenes->topLevelItemCount(); ++i) {
-    QTreeWidgetItem& row = *ListScenes->topLevelItem(i);
-    UpdateSceneRow(row, ListView::tagOf(row));
-  }
 }

@@ -4,7 +4,6 @@
 
 class ListView;
 class ProportionalSplitter;
-class QTreeWidgetItem;
 class SceneTabs;
 
 /// The scenes of the selected chapter, and beside them, over a splitter, the display of the selected one.
@@ -19,12 +18,15 @@ class ScenePane : public QWidget {
 
   /// The chapter whose scenes the list shows; 0 when it shows none.
   qint32 shownChapterID() const { return shownChapterID_; }
-  /// Fills the list and selects a row, counted from 1: 0 for the row that is selected already. The first row when
-  /// there is no such row.
+  /// Fills the list and selects a row, counted from 1: 0 keeps what is selected, in another chapter the row at the
+  /// same place. The first row when there is no such row.
   void FillSceneList(qint32 ChapterID, int SelectIndex);
   /// No chapter: an empty list and display.
   void clear();
-  void UpdateSceneRow(QTreeWidgetItem& row, qint32 SceneID) const;
+  /// What stands where scenes would.
+  void setEmptyText(const QString& text);
+  /// The row of the scene shows what is true now. Nothing for a scene that isn't listed.
+  void UpdateSceneRow(qint32 SceneID);
   void DisplaySelectedScene();
   void ClearSceneDisplay();
   void SelectScene(qint32 SceneID);
@@ -34,17 +36,14 @@ class ScenePane : public QWidget {
   double splitterLeft() const;
   double frameWidth() const;
   ProportionalSplitter& splitter() const { return *splitter_; }
-  /// Gives the scenes' titles the room that the other columns leave. Where it is scarce, file names and letters go
-  /// behind the edge of the list.
-  void fitSceneTitles();
 
  Q_SIGNALS:
+  /// A double click on a scene, or the key for it.
   void sceneOpened();
 
  private:
   void buildLayout();
   void connectSignals();
-  void recolourRows();
   void displayIfOther();
 
   ListView* ListScenes;

@@ -20,6 +20,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -36,7 +38,15 @@ ListView* plainList(const QString& name, const QString& spokenName, const QStrin
   auto* list = new ListView(columns);
   giveName(*list, name, spokenName);
   list->setHeaderHidden(columns.size() == 1);
+  list->setFillRule({static_cast<int>(columns.size()) - 1});
   return list;
+}
+
+/// What stands there already stays where it is scrolled to.
+void showText(QPlainTextEdit& field, const QString& text) {
+  if (field.toPlainText() != QString(text).replace(u"\r\n"_s, u"\n"_s)) {
+    field.setPlainText(text);
+  }
 }
 
 }  // namespace
@@ -54,7 +64,12 @@ SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
     addFrame(caption);
   }
   buildDescription();
-  connect(this, &QTabWidget::currentChanged, this, guarded("TabStrip1_Click", kModule, [this] { buildHiddenTabs(); }));
+  filling_.setInterval(0);
+  connect(&filling_, &QTimer::timeout, this, guarded("TabStrip1_Fill", kModule, this, &SceneTabs::fillNext));
+  connect(this, &QTabWidget::currentChanged, this, guarded("TabStrip1_Click", kModule, [this](int tab) {
+            buildHiddenTabs();
+            fillTab(tab);
+          }));
 }
 
 void SceneTabs::addFrame(const QString& caption) {
@@ -82,13 +97,13 @@ void SceneTabs::buildHiddenTabs() {
     return;
   }
   buildContent();
-  ListChar = buildLists(kCharacters, u"ListChar"_s, {u"Name"_s, u"Full name"_s});
-  ListLoc = buildLists(kLocations, u"ListLoc"_s, {u"Name"_s});
-  ListItems = buildLists(kItems, u"ListItems"_s, {u"Name"_s});
+  cast_ = {buildLists(kCharacters, u"ListChar"_s, {u"Name"_s, u"Full name"_s}),
+           buildLists(kLocations, u"ListLoc"_s, {u"Name"_s}), buildLists(kItems, u"ListItems"_s, {u"Name"_s})};
   buildGoals();
   buildNotes();
+  Q_EMIT listsBuilt();
   if (sceneID_ != 0) {
-    displayHiddenTabs(*g_Project->SceneByID(sceneID_));
+    filling_.start();
   }
 }
 
@@ -97,6 +112,7 @@ void SceneTabs::buildDescription() {
   txtSceneTitle = makeLineEdit(u"txtSceneTitle"_s, u"Scene title"_s);
   txtSceneTitle->setReadOnly(true);
   txtDesc = makeReadOnlyText(u"txtDesc"_s, u"Scene description"_s);
+  txtDesc->setPlaceholderText(u"No description yet"_s);
   txtDesc->viewport()->installEventFilter(this);
   column->addWidget(makeLabelOf(u"Title:"_s, *txtSceneTitle));
   column->addWidget(txtSceneTitle);
@@ -107,13 +123,17 @@ void SceneTabs::buildDescription() {
 void SceneTabs::buildContent() {
   txtBody = new SceneBody;
   txtBody->viewport()->installEventFilter(this);
-  columnOf(kContent)->addWidget(txtBody);
+  lblEmpty_ = makeLabel({}, u"Press Enter on the scene, or double-click it, to write."_s);
+  lblEmpty_->setWordWrap(true);
+  lblEmpty_->hide();
+  columnOf(kContent)->addWidget(txtBody, 1);
+  columnOf(kContent)->addWidget(lblEmpty_);
 }
 
-SceneTabs::ListPair SceneTabs::buildLists(int tab, const QString& array, const QStringList& allColumns) {
+SceneTabs::CastLists SceneTabs::buildLists(int tab, const QString& array, const QStringList& allColumns) {
   const QString caption = tabText(tab);
-  const ListPair lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
-                       plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
+  const CastLists lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
+                        plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
   QVBoxLayout* column = columnOf(tab);
   column->addWidget(makeLabelOf(u"In this scene:"_s, *lists.inScene));
   column->addWidget(lists.inScene, 1);
@@ -134,6 +154,7 @@ void SceneTabs::buildGoals() {
 
 void SceneTabs::buildNotes() {
   txtNotes = makeReadOnlyText(u"txtNotes"_s, u"Scene notes"_s);
+  txtNotes->setPlaceholderText(u"No notes yet"_s);
   columnOf(kNotes)->addWidget(txtNotes);
 }
 
@@ -152,26 +173,66 @@ void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
 
 void SceneTabs::display(clsScene& scene) {
   sceneID_ = scene.ID();
-  txtSceneTitle->setText(scene.Title);
-  txtSceneTitle->setCursorPosition(0);
-  txtDesc->setPlainText(scene.DescText);
   showTabIcon(kNotes, "note", scene.HasNote());
   showTabIcon(kGoals, "goal", !(scene.Goal.isEmpty() && scene.Conflict.isEmpty() && scene.Outcome.isEmpty()));
+  stale_.fill(true);
+  fillTab(currentIndex());
   if (txtBody != nullptr) {
-    displayHiddenTabs(scene);
+    filling_.start();
   }
 }
 
-void SceneTabs::displayHiddenTabs(clsScene& scene) {
-  txtBody->showText(scene);
-  txtNotes->setPlainText(scene.Notes);
-  modFillList::FillCharInScene(*ListChar.inScene, sceneID_, false, false);
-  modFillList::FillAllCharList(*ListChar.all, true, false);
-  modFillList::FillAllItems(*ListItems.all);
-  modFillList::FillAllLocations(*ListLoc.all);
-  displayGoals(scene);
-  modFillList::FillItemsInScene(*ListItems.inScene, sceneID_);
-  modFillList::FillLocationsInScene(*ListLoc.inScene, sceneID_);
+// One tab a turn: keys and clicks come in between.
+void SceneTabs::fillNext() {
+  const auto next = std::find(stale_.begin(), stale_.end(), true);
+  if (next == stale_.end()) {
+    filling_.stop();
+  } else {
+    fillTab(static_cast<int>(next - stale_.begin()));
+  }
+}
+
+void SceneTabs::completeDisplay() {
+  buildHiddenTabs();
+  while (filling_.isActive()) {
+    fillNext();
+  }
+}
+
+void SceneTabs::fillTab(int tab) {
+  bool& stale = stale_.at(static_cast<size_t>(tab));
+  if (!stale || sceneID_ == 0 || (tab != kDescription && txtBody == nullptr)) {
+    return;
+  }
+  stale = false;
+  clsScene& scene = *g_Project->SceneByID(sceneID_);
+  switch (tab) {
+    case kDescription:
+      txtSceneTitle->setText(scene.Title);
+      txtSceneTitle->setCursorPosition(0);
+      showText(*txtDesc, scene.DescText);
+      break;
+    case kContent:
+      lblEmpty_->setVisible(!txtBody->showText(scene));
+      break;
+    case kCharacters:
+      modFillList::FillCharInScene(*cast_[0].inScene, sceneID_, false, false);
+      modFillList::FillAllCharList(*cast_[0].all, true, false);
+      break;
+    case kLocations:
+      modFillList::FillLocationsInScene(*cast_[1].inScene, sceneID_);
+      modFillList::FillAllLocations(*cast_[1].all);
+      break;
+    case kItems:
+      modFillList::FillItemsInScene(*cast_[2].inScene, sceneID_);
+      modFillList::FillAllItems(*cast_[2].all);
+      break;
+    case kGoals:
+      displayGoals(scene);
+      break;
+    default:
+      showText(*txtNotes, scene.Notes);
+  }
 }
 
 void SceneTabs::displayGoals(const clsScene& scene) {
@@ -182,12 +243,14 @@ void SceneTabs::displayGoals(const clsScene& scene) {
     const QString& text = *texts[i];
     goalLabels_[i]->setText(label);
     goals_[i]->setAccessibleName(label);
-    goals_[i]->setPlainText(text.isEmpty() ? u"No "_s + label + u" specified"_s : text);
+    showText(*goals_[i], text.isEmpty() ? u"No "_s + label + u" specified"_s : text);
   }
 }
 
 void SceneTabs::clearDisplay() {
   sceneID_ = 0;
+  filling_.stop();
+  stale_.fill(false);
   txtSceneTitle->clear();
   txtDesc->clear();
   showTabIcon(kNotes, "note", false);
@@ -196,10 +259,11 @@ void SceneTabs::clearDisplay() {
     return;
   }
   txtBody->clearText();
+  lblEmpty_->hide();
   for (QPlainTextEdit* field : {txtNotes, goals_[0], goals_[1], goals_[2]}) {
     field->clear();
   }
-  for (const ListPair& lists : {ListChar, ListLoc, ListItems}) {
+  for (const CastLists& lists : cast_) {
     lists.inScene->clear();
     lists.all->clear();
   }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/model/StoryMoves.h"
+
 #include <QTabWidget>
+#include <QTimer>
 
 #include <array>
 
@@ -13,7 +16,8 @@ class SceneBody;
 class clsScene;
 
 /// The tabs beside the scene list: a read-only display of the selected scene. The tabs behind the first are built
-/// when the first has been painted, or when one of them is needed before.
+/// when the first has been painted, or when one of them is needed before. The tab that is seen is filled at once, the
+/// others when there is nothing else to do.
 class SceneTabs : public QTabWidget {
   Q_OBJECT
 
@@ -24,43 +28,53 @@ class SceneTabs : public QTabWidget {
   void display(clsScene& scene);
   /// Empties the lists and fields.
   void clearDisplay();
-  /// Builds what isn't there yet. From now on `display` fills all tabs.
+  /// Builds what isn't there yet.
   void buildHiddenTabs();
+  /// Fills what isn't filled yet.
+  void completeDisplay();
+
+  /// What a scene or the book has of one kind.
+  struct CastLists {
+    ListView* inScene = nullptr;
+    ListView* all = nullptr;
+  };
+  const CastLists& castLists(CastKind kind) const { return cast_[static_cast<size_t>(kind)]; }
 
  Q_SIGNALS:
   /// A double click on the scene's text or description.
   void sceneOpened();
+  /// The lists of characters, locations and items are there now.
+  void listsBuilt();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  struct ListPair {
-    ListView* inScene;
-    ListView* all;
-  };
-
   void addFrame(const QString& caption);
   QVBoxLayout* columnOf(int tab) const;
   void buildDescription();
   void buildContent();
-  ListPair buildLists(int tab, const QString& array, const QStringList& allColumns);
+  CastLists buildLists(int tab, const QString& array, const QStringList& allColumns);
   void buildGoals();
   void buildNotes();
-  void displayHiddenTabs(clsScene& scene);
+  void fillTab(int tab);
+  void fillNext();
   void displayGoals(const clsScene& scene);
   void showTabIcon(int tab, const char* key, bool shown);
 
   QLineEdit* txtSceneTitle = nullptr;
   QPlainTextEdit* txtDesc = nullptr;
   SceneBody* txtBody = nullptr;
-  ListPair ListChar{};
-  ListPair ListLoc{};
-  ListPair ListItems{};
+  QLabel* lblEmpty_ = nullptr;
+  /// ListChar, ListLoc and ListItems.
+  std::array<CastLists, 3> cast_;
   std::array<QLabel*, 3> goalLabels_{};
   std::array<QPlainTextEdit*, 3> goals_{};
   QPlainTextEdit* txtNotes = nullptr;
   /// What is displayed; 0 for nothing.
   qint32 sceneID_ = 0;
+  /// The tabs that show an earlier scene still.
+  std::array<bool, 7> stale_{};
+  QTimer filling_;
 };

@@ -117,7 +117,7 @@ void frmMain::connectSignals() {
           guarded("ListScenes_DblClick", kModule, this, &frmMain::followEditing));
   connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, guarded("mnuChapters_Click", kModule, [this] {
             UpdateMenusForEditing();
-            const bool hasRows = panes_->chapters().listChapters().topLevelItemCount() > 0;
+            const bool hasRows = panes_->chapters().listChapters().rowCount() > 0;
             if (!hasRows || !Editing()) {
               menus_->apply(chapterEntries(hasRows));
             }
@@ -125,7 +125,7 @@ void frmMain::connectSignals() {
   connect(menus_->menu(u"mnuOpenRecent"_s), &QMenu::aboutToShow, this,
           guarded("mnuOpenRecent_Click", kModule, [this] { session_.lookForRecent(); }));
   connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this, guarded("mnuScene_Click", kModule, [this] {
-            menus_->apply(sceneEntries(panes_->scenes().listScenes().topLevelItemCount() > 0));
+            menus_->apply(sceneEntries(panes_->scenes().listScenes().rowCount() > 0));
           }));
 }
 

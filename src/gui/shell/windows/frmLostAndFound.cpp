@@ -17,7 +17,6 @@
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/views/ListView.h"
-#include "gui/views/RowIcon.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -32,6 +31,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -112,7 +112,8 @@ frmLostAndFound::frmLostAndFound(QWidget* parent) : QDialog(parent) {
 void frmLostAndFound::createControls() {
   ListLost = new ListView({u"Scene or file"_s, u"Words"_s, u"Date"_s, u"First words"_s}, this);
   giveName(*ListLost, u"ListLost"_s, u"Scenes in no chapter and files of no scene"_s);
-  ListLost->headerItem()->setTextAlignment(kWords, Qt::AlignRight | Qt::AlignVCenter);
+  ListLost->rows().setAlignment(kWords, Qt::AlignRight);
+  ListLost->setFillRule({kFirstWords, {}, {}, {}});
   for (const auto& [column, longest] : {std::pair{kTitle, u"A title of some length"},
                                         {kWords, u"888,888"},
                                         {kDate, u"88/88/8888"},
@@ -161,7 +162,7 @@ void frmLostAndFound::buildLayout() {
 }
 
 void frmLostAndFound::connectSignals() {
-  connect(ListLost, &QTreeWidget::itemSelectionChanged, this,
+  connect(ListLost, &ListView::rowsSelected, this,
           guarded("ListLost_ItemClick", kModule, this, &frmLostAndFound::showSelection));
   connect(cmdPutIntoChapter, &QPushButton::clicked, this,
           guarded("cmdPutIntoChapter_Click", kModule, this, &frmLostAndFound::cmdPutIntoChapter_Click));
@@ -213,7 +214,7 @@ void frmLostAndFound::fillChapters(qint32 chapterID) {
 }
 
 void frmLostAndFound::refresh() {
-  const int row = ListLost->indexOfTopLevelItem(ListLost->SelectedItem());
+  const int row = ListLost->SelectedRow();
   glancing_.stop();
   std::vector<LostText> found;
   {
@@ -225,7 +226,7 @@ void frmLostAndFound::refresh() {
   {
     const QSignalBlocker quiet(ListLost);
     showRows();
-    ListLost->SelectRow(std::clamp(row, 0, std::max(ListLost->topLevelItemCount() - 1, 0)));
+    ListLost->SelectRow(std::clamp(row, 0, std::max(ListLost->rowCount() - 1, 0)));
   }
   pages_->setCurrentIndex(lost_.empty() ? 1 : 0);
   showSelection();
@@ -235,19 +236,20 @@ void frmLostAndFound::refresh() {
 }
 
 void frmLostAndFound::showRows() {
-  QList<QTreeWidgetItem*> rows;
-  for (const LostText& lost : lost_) {
-    auto* row = new QTreeWidgetItem({shownTitle(lost)});
-    ListView::setTag(*row, static_cast<qint32>(rows.size()) + 1);
-    row->setIcon(kTitle, rowIcon(lost.kind == LostText::Kind::Scene ? "scene" : "file"));
-    row->setText(kDate, lost.date.isValid() ? Dates().ShortFormatDate(lost.date.date()) : QString());
-    if (glances_.contains(keyOf(lost))) {
-      writeGlance(*row, lost);
-    }
-    rows.append(row);
-  }
+  QList<qint32> tags(static_cast<qsizetype>(lost_.size()));
+  std::iota(tags.begin(), tags.end(), 1);
+  // Other texts stand under the same numbers now.
   ListLost->clear();
-  ListLost->addTopLevelItems(rows);
+  ListLost->setRows(tags, [this](qint32 tag, int) { return rowOf(lost_[static_cast<size_t>(tag) - 1]); });
+}
+
+ListRow frmLostAndFound::rowOf(const LostText& lost) const {
+  const bool known = glances_.contains(keyOf(lost));
+  const std::optional<TextGlance> glance = glances_.value(keyOf(lost));
+  return {{shownTitle(lost), glance ? QLocale().toString(glance->words) : QString(),
+           lost.date.isValid() ? Dates().ShortFormatDate(lost.date.date()) : QString(),
+           glance ? glance->firstWords : (known ? u"(can't be read)"_s : QString())},
+          lost.kind == LostText::Kind::Scene ? "scene" : "file"};
 }
 
 // One text a turn: a folder may hold thousands, and keys and clicks come in between.
@@ -261,13 +263,7 @@ void frmLostAndFound::glanceAtNext() {
   }
   const LostText& lost = lost_[next_];
   glances_.insert(keyOf(lost), LostAndFound::glanceAt(lost));
-  writeGlance(*ListLost->topLevelItem(static_cast<int>(next_)), lost);
-}
-
-void frmLostAndFound::writeGlance(QTreeWidgetItem& row, const LostText& lost) {
-  const std::optional<TextGlance> glance = glances_.value(keyOf(lost));
-  row.setText(kWords, glance ? QLocale().toString(glance->words) : QString());
-  row.setText(kFirstWords, glance ? glance->firstWords : u"(can't be read)"_s);
+  ListLost->updateRow(static_cast<int>(next_));
 }
 
 const LostText* frmLostAndFound::shown() const {

@@ -9,12 +9,12 @@
 #include <vector>
 
 class ListView;
+struct ListRow;
 class ProportionalSplitter;
 class QComboBox;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
-class QTreeWidgetItem;
 class RichTextBox;
 
 /// The texts of the project that stand in no chapter, each with its date, its words and how it begins; beside the list
@@ -45,7 +45,7 @@ class frmLostAndFound : public QDialog {
   void refresh();
   void showRows();
   void glanceAtNext();
-  void writeGlance(QTreeWidgetItem& row, const LostText& lost);
+  ListRow rowOf(const LostText& lost) const;
   void fillChapters(qint32 chapterID);
 
   const LostText* shown() const;

@@ -137,7 +137,7 @@ TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) 
   toolkit.expectFile(other);
   int rows = -1;
   toolkit.onYield = [&] {
-    rows = list("ListScenes").topLevelItemCount() + list("ListChapters").topLevelItemCount();
+    rows = list("ListScenes").rowCount() + list("ListChapters").rowCount();
     QCloseEvent close;
     QKeyEvent key(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
     QMouseEvent press(QEvent::MouseButtonPress, {50, 50}, {50, 50}, Qt::LeftButton, Qt::LeftButton, {});
@@ -161,7 +161,7 @@ TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) 
   EXPECT_EQ(rows, 0);
   EXPECT_EQ(ended, 0);
   EXPECT_EQ(g_Project->FileWithPath, other);
-  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 3);
+  EXPECT_EQ(list("ListChapters").rowCount(), 3);
 }
 
 TEST_F(ProjectCommandsTest, OpeningIsRefusedWhileASceneIsOpen) {
@@ -210,8 +210,8 @@ TEST_F(ProjectCommandsTest, AFailedLoadLeavesAnEmptyProjectAndClosedMenus) {
   toolkit.expectErrorReport(u"There was an error loading this project."_s);
   trigger("mnuLoadProj");
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
-  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 0);
-  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 0);
+  EXPECT_EQ(list("ListChapters").rowCount(), 0);
+  EXPECT_EQ(list("ListScenes").rowCount(), 0);
   EXPECT_TRUE(control<QLineEdit>("txtTitle").text().isEmpty());
   EXPECT_FALSE(isEnabled("mnuSaveProj"));
   EXPECT_EQ(panel("Totalwords"), u"Total words: 0"_s);
@@ -224,7 +224,7 @@ TEST_F(ProjectCommandsTest, ClosingEmptiesTheWindowAndKeepsTheLastProject) {
   control<QLineEdit>("txtAuthor").setText(u"Somebody"_s);
   trigger("mnuCloseProject");
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
-  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 0);
+  EXPECT_EQ(list("ListChapters").rowCount(), 0);
   EXPECT_FALSE(isEnabled("mnuSaveProj"));
   EXPECT_TRUE(fileBytes(path).contains("<AuthorName>Somebody</AuthorName>"));
   EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), path);
@@ -318,7 +318,7 @@ TEST_F(ProjectCommandsTest, AnEmptyProjectIsMadeWhereTheUserSays) {
   EXPECT_EQ(g_Project->FileWithPath, path);
   EXPECT_TRUE(QFile::exists(path));
   EXPECT_TRUE(isEnabled("mnuSaveProj"));
-  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 0);
+  EXPECT_EQ(list("ListChapters").rowCount(), 0);
   EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), path);
 
   toolkit.expectFile({});

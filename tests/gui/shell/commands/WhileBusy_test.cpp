@@ -70,7 +70,7 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
     trigger("mnuSaveProj");
     EXPECT_TRUE(yielded);
     EXPECT_EQ(g_Project->FileWithPath, path);
-    EXPECT_EQ(list("ListChapters").topLevelItemCount(), 3);
+    EXPECT_EQ(list("ListChapters").rowCount(), 3);
     EXPECT_EQ(window().findChild<frmWordCount*>(), nullptr);
     EXPECT_EQ(window().findChild<QDialog*>(u"frmLostAndFound"_s), nullptr);
   }
@@ -85,5 +85,5 @@ TEST_F(WhileBusyTest, TheScanRestsDuringLoadsAndSaves) {
   EXPECT_FALSE(scansDuring([&] { trigger("mnuWordUsageCount"); }));
   toolkit.expectFile(other);
   EXPECT_FALSE(scansDuring([&] { trigger("mnuLoadProj"); }));
-  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 2);
+  EXPECT_EQ(list("ListScenes").rowCount(), 2);
 }

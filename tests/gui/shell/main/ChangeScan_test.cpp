@@ -57,7 +57,7 @@ TEST_F(ChangeScanTest, ASceneThatWasAddedToTheChapterComesIn) {
   added->setTextRTF(simpleRtf("a b c d"));
   g_Project->ChapterByID(1)->Addscene(added);
   g_Project->SceneByID(1)->Save();
-  ASSERT_TRUE(soon([&] { return list("ListScenes").topLevelItemCount() == 3; }));
+  ASSERT_TRUE(soon([&] { return list("ListScenes").rowCount() == 3; }));
   EXPECT_EQ(panel("Totalwords"), u"Total words: 13"_s);
   EXPECT_EQ(window().panes().scenes().SelectedSceneID(), 1);
 }

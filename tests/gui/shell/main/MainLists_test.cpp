@@ -91,21 +91,21 @@ TEST_F(MainListsTest, OnlyACellThatIsNotSeenWholeHasAToolTip) {
 
 TEST_F(MainListsTest, FirstWidthsShowWhatIsUsefulAndGiveTheTitlesTheRest) {
   startWide();
-  window().panes().scenes().fitSceneTitles();
+  list("ListScenes").fillRoom();
   const ListView& scenes = list("ListScenes");
   const ListView& chapters = list("ListChapters");
   EXPECT_LE(rightEdge(scenes, kActionReaction), scenes.viewport()->width());
   EXPECT_GE(rightEdge(scenes, kFilename), scenes.viewport()->width());
   EXPECT_EQ(chapters.header()->length(), chapters.roomForColumns());
   for (const ListView* view : {&scenes, &chapters}) {
-    for (int column = 0; column < view->columnCount(); ++column) {
+    for (int column = 0; column < view->model()->columnCount(); ++column) {
       EXPECT_GE(view->columnWidth(column), view->header()->sectionSizeHint(column)) << column;
     }
   }
 }
 
 TEST_F(MainListsTest, StoredWidthsComeBeforeTheFirst) {
-  writeSettings({u"AskedAboutAutoUpdates,-1"_s, u"MainChap1_W,900"_s, u"MainScn3_W,9000"_s});
+  writeSettings({u"AskedAboutAutoUpdates,-1"_s, u"MainChap1_W,900"_s, u"MainScn1_W,900"_s, u"MainScn3_W,9000"_s});
   start(smallProject());
   EXPECT_EQ(list("ListScenes").columnWidth(kScene), 600);
   EXPECT_EQ(list("ListChapters").columnWidth(0), 60);
@@ -160,13 +160,13 @@ TEST_F(MainListsTest, TabWalksFromLeftToRight) {
                                  u"ListScenes"_s, u"TabStrip1"_s, u"txtSceneTitle"_s, u"txtDesc"_s}));
 }
 
-TEST_F(MainListsTest, EnterOpensASceneButNoChapter) {
+TEST_F(MainListsTest, EnterDoesWhatADoubleClickDoes) {
   startWith(smallProject());
-  ListView& chapters = list("ListChapters");
-  chapters.setFocus();
-  const QString before = panel("numberfiles");
-  QTest::keyClick(&chapters, Qt::Key_Return);
-  EXPECT_EQ(panel("numberfiles"), before);
+  int chapters = 0;
+  QObject::connect(&window().panes(), &MainPanes::chapterOpened, &window(), [&] { ++chapters; });
+  list("ListChapters").setFocus();
+  QTest::keyClick(&list("ListChapters"), Qt::Key_Return);
+  EXPECT_EQ(chapters, 1);
   EXPECT_FALSE(window().Editing());
   list("ListScenes").setFocus();
   QTest::keyClick(&list("ListScenes"), Qt::Key_Enter);
@@ -187,10 +187,11 @@ TEST_F(MainListsTest, RowsTakeTheColoursOfANewPalette) {
   startWith(smallProject());
   click(list("ListChapters"), 1);
   const auto colours = [this] {
-    const QBrush unused = item("ListScenes", 1).foreground(kStatus);
-    const QBrush chapter = item("ListChapters", 0).foreground(0);
-    const QBrush total = item("ListChapters", 0).foreground(3);
-    return QStringList{unused.color().name(), chapter.color().name(), total.color().name()};
+    const auto colour = [](const QModelIndex& cell) {
+      return cell.data(Qt::ForegroundRole).value<QBrush>().color().name();
+    };
+    return QStringList{colour(item("ListScenes", 1, kStatus)), colour(item("ListChapters", 0)),
+                       colour(item("ListChapters", 0, 3))};
   };
   const auto readable = [](const QPalette& palette) {
     const QString green = RowColours::readable(RowColours::kGreen, palette).name();

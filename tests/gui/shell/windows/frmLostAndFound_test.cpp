@@ -41,8 +41,8 @@ class LostAndFoundWindow : public ShellTest {
   ListView& lost() { return list("ListLost"); }
   QStringList titles() {
     QStringList shown;
-    for (int i = 0; i < lost().topLevelItemCount(); ++i) {
-      shown.append(lost().topLevelItem(i)->text(0));
+    for (int i = 0; i < lost().rowCount(); ++i) {
+      shown.append(lost().text(i, 0));
     }
     return shown;
   }
@@ -106,7 +106,7 @@ TEST_F(LostAndFoundWindow, PutsAllThatIsSelectedAtTheEndOfTheChapter) {
   EXPECT_TRUE(control<QLabel>("lblNothing").isVisible());
   EXPECT_TRUE(window().ProjectChanged);
   EXPECT_TRUE(window().isWindowModified());
-  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 4) << "the main window has followed";
+  EXPECT_EQ(list("ListScenes").rowCount(), 4) << "the main window has followed";
 }
 
 TEST_F(LostAndFoundWindow, ARemovedSceneLeavesItsFileWhichIsLostThen) {

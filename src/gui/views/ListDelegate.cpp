@@ -1,0 +1,71 @@
+#include "gui/views/ListDelegate.h"
+
+#include "gui/toolkit/PlainToolTip.h"
+#include "gui/views/ListModel.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The colour that an icon takes on in a selection is meant for one that the keyboard moves.
+QIcon iconAsUnselected(const QStyleOptionViewItem& option) {
+  const qreal scale = option.widget == nullptr ? 1 : option.widget->devicePixelRatioF();
+  QIcon shown;
+  shown.addPixmap(option.icon.pixmap(option.decorationSize, scale), QIcon::Selected);
+  return shown;
+}
+
+}  // namespace
+
+QString spacedForColumn(const QString& text, Qt::Alignment alignment) {
+  return alignment.testFlag(Qt::AlignRight) ? text + u"\u00a0\u00a0"_s : text;
+}
+
+ListDelegate::ListDelegate(const ListModel& model, QTreeView& view)
+    : QStyledItemDelegate(&view), model_(model), view_(view) {}
+
+void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  option->text = spacedForColumn(option->text, option->displayAlignment);
+  if (option->state.testFlag(QStyle::State_Selected) && !option->state.testFlag(QStyle::State_Active)) {
+    option->icon = iconAsUnselected(*option);
+  }
+}
+
+// Rows have one height in all lists, with and without an icon.
+QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  QSize size = QStyledItemDelegate::sizeHint(option, index);
+  const int icon = view_.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &view_);
+  size.setHeight(std::max({size.height(), icon + 2, option.fontMetrics.height() + 4}));
+  return size;
+}
+
+/// Neither cut by its column nor by the edge of the list.
+bool ListDelegate::isSeenWhole(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  QStyleOptionViewItem cell = option;
+  initStyleOption(&cell, index);
+  const QSize needed = QStyledItemDelegate::sizeHint(option, index);
+  const QRect text = QStyle::alignedRect(cell.direction, cell.displayAlignment, needed, option.rect);
+  return needed.width() <= option.rect.width() && text.left() >= 0 && text.right() < view_.viewport()->width();
+}
+
+bool ListDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip || !index.isValid() || index.data(Qt::ToolTipRole).isValid()) {
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  }
+  QStringList lines;
+  if (!isSeenWhole(option, index)) {
+    lines.append(index.data().toString());
+  }
+  if (const QString states = index.data(ListModel::kStatesRole).toString(); !states.isEmpty()) {
+    lines.append(states);
+  }
+  // An empty text takes a tool tip away that is of another cell.
+  QToolTip::showText(event->globalPos(), plainToolTip(lines.join(u'\n')), view_.viewport(), option.rect);
+  return true;
+}

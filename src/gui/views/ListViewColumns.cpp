@@ -1,0 +1,67 @@
+#include "gui/views/ListDelegate.h"
+#include "gui/views/ListView.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include <algorithm>
+
+// The widths of a list's columns.
+
+int ListView::roomForColumns() const {
+  return maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
+}
+
+int ListView::widthFor(int column, QStringView cell) const {
+  const Qt::Alignment alignment = model_->alignmentOf(column);
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  option.features |= QStyleOptionViewItem::HasDisplay;
+  // The icon of a row stands in its first column.
+  option.features.setFlag(QStyleOptionViewItem::HasDecoration, column == 0);
+  option.text = spacedForColumn(cell.toString(), alignment);
+  const int title = header()->sectionSizeHint(column) + fontMetrics().horizontalAdvance(spacedForColumn({}, alignment));
+  return std::max(title, style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width());
+}
+
+void ListView::fillRoom() {
+  const QScopedValueRollback fitting(fitting_, true);
+  int others = header()->length() - columnWidth(fill_.column);
+  if (roomForColumns() - others < widthFor(fill_.column, fill_.comfortable)) {
+    for (const int column : fill_.mayHide) {
+      others -= columnWidth(column);
+    }
+  }
+  setColumnWidth(fill_.column, std::max(roomForColumns() - others, widthFor(fill_.column, fill_.leastShown)));
+  filledLength_ = header()->length();
+  stretched_ = 0;
+}
+
+bool ListView::isFilled() const {
+  return fill_.column >= 0 && header()->length() == filledLength_;
+}
+
+void ListView::resizeEvent(QResizeEvent* event) {
+  QTreeView::resizeEvent(event);
+  if (!fitting_) {
+    keepFilled();
+  }
+}
+
+void ListView::keepFilled() {
+  isFilled() ? fillRoom() : stretchLastColumn();
+}
+
+// A gap behind the last column looks like a column without a title.
+void ListView::stretchLastColumn() {
+  if (fitting_ || fill_.column < 0 || header()->count() == 0) {
+    return;
+  }
+  const QScopedValueRollback fitting(fitting_, true);
+  const int last = header()->logicalIndex(header()->count() - 1);
+  const int own = std::max(columnWidth(last) - stretched_, header()->minimumSectionSize());
+  const int free = maximumViewportSize().width() - (header()->length() - columnWidth(last)) - own;
+  stretched_ = std::max(free, 0);
+  setColumnWidth(last, own + stretched_);
+}
