@@ -80,6 +80,8 @@ class ListView : public QTreeView {
   bool highlightForDrop(int row);
   int dropHighlight() const { return dropHighlight_; }
   void clearDropHighlight();
+  /// The selected rows' tags, as a drag carries them.
+  QString tagsForDrag() const;
   /// What a drag of the selected rows carries; the list's `begun` has been asked. Null when nothing is selected.
   std::unique_ptr<QMimeData> pickUp(Qt::DropAction* effect);
 

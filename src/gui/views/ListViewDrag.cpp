@@ -55,17 +55,22 @@ void ListView::setDrags(ListDrags drags) {
   setDropIndicatorShown(false);
 }
 
-std::unique_ptr<QMimeData> ListView::pickUp(Qt::DropAction* effect) {
+QString ListView::tagsForDrag() const {
   QStringList tags;
   for (const qint32 tag : SelectedTags()) {
     tags.append(QString::number(tag));
   }
+  return tags.join(u':');
+}
+
+std::unique_ptr<QMimeData> ListView::pickUp(Qt::DropAction* effect) {
+  const QString tags = tagsForDrag();
   if (!drags_.begun || tags.isEmpty()) {
     return nullptr;
   }
   *effect = drags_.begun();
   auto carried = std::make_unique<QMimeData>();
-  carried->setData(rowsForm(), tags.join(u':').toLatin1());
+  carried->setData(rowsForm(), tags.toLatin1());
   return carried;
 }
 

@@ -1,5 +1,6 @@
 #include "gui/shell/commands/Commands.h"
 
+#include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
@@ -7,6 +8,7 @@
 
 void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ProjectCommands>(main));
+  main.addCommands(std::make_unique<CastCommands>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
 }

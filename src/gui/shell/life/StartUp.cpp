@@ -154,7 +154,7 @@ void StartUp::splashStatus(const QString& text) const {
 void StartUp::fillStatusMenu() const {
   QList<MenuElement> elements;
   for (qsizetype i = 2; i < g_StatusNames.size(); ++i) {
-    elements.append({g_StatusNames.at(i), {}});
+    elements.append({g_StatusNames.at(i), QString::number(i)});
   }
   main_.menus().setCaption(u"mnuStatus(0)"_s, g_StatusNames.value(1));
   main_.menus().loadElements(u"mnuStatus"_s, elements);

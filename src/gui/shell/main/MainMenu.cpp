@@ -107,6 +107,9 @@ constexpr std::array kChapters{
     entry("mnuCreateChapters", u"Create multiple chapters", "mnuChapters"),
     entry("mnuEditChapter", u"Edit selected chapter", "mnuChapters"),
     separator("mnuChapters"),
+    entry("mnuMoveChapterUp", u"Move up (Alt-Up)", "mnuChapters"),
+    entry("mnuMoveChapterDown", u"Move down (Alt-Down)", "mnuChapters"),
+    separator("mnuChapters"),
     entry("mnuMarkEndBeginning", u"Mark as end of the beginning section", "mnuChapters"),
     entry("mnuMarkEndMiddle", u"Mark as end of the middle section", "mnuChapters"),
     separator("mnuChapters"),
@@ -128,8 +131,13 @@ constexpr std::array kScene{
     separator("mnuScene", "mnuSepListView"),
     entry("mnuListView", u"Display scene list", "mnuScene"),
     separator("mnuScene"),
+    menu("mnuMoveScene", u"Move", "mnuScene"),
+    entry("mnuMoveSceneUp", u"Up (Alt-Up)", "mnuMoveScene"),
+    entry("mnuMoveSceneDown", u"Down (Alt-Down)", "mnuMoveScene"),
+    entry("mnuMoveSceneToPrevious", u"To the previous chapter (Alt-PgUp)", "mnuMoveScene"),
+    entry("mnuMoveSceneToNext", u"To the next chapter (Alt-PgDn)", "mnuMoveScene"),
     menu("mnuStatusMain", u"Set Status", "mnuScene"),
-    entry("mnuStatus(0)", u"Outline", "mnuStatusMain"),
+    choice("mnuStatus(0)", u"Outline", "mnuStatusMain", u"1"),
     flagged("mnuAddNoteToScene", u"Add Note", "mnuScene", kHidden),
     flagged("mnuExternalEditRTF", u"Open with external editor", "mnuScene", kDevelopment),
     entry("mnuSetAllSceneFont", u"Set font across all scenes", "mnuScene"),
@@ -301,12 +309,18 @@ MenuState menusForEditing(bool editing) {
 
 MenuState chapterEntries(bool anyRows) {
   return stateOf(
-      {"mnuEditChapter", "mnuRenumber", "mnuMarkChaptersUnused", "mnuRemoveChapter", "mnuPrintSelectedChapters"},
+      {"mnuEditChapter", "mnuMoveChapterUp", "mnuMoveChapterDown", "mnuRenumber", "mnuMarkChaptersUnused", "mnuRemoveChapter", "mnuPrintSelectedChapters"},
       anyRows);
 }
 
+MenuState charEntries(bool anySelected, bool isViewpoint) {
+  MenuState state = stateOf({"mnuRemoveCharFromScene", "mnuEditSelectedChar"}, anySelected);
+  state.insert(u"mnuSetVP"_s, anySelected && !isViewpoint);
+  return state;
+}
+
 MenuState sceneEntries(bool anyRows) {
-  return stateOf({"mnuMarkScenesUnused", "mnuPrintScene", "mnuEditScene", "mnuStatusMain", "mnuRemoveScene",
+  return stateOf({"mnuMarkScenesUnused", "mnuPrintScene", "mnuEditScene", "mnuMoveScene", "mnuStatusMain", "mnuRemoveScene",
                   "mnuDeleteScene", "mnuPrintSceneCards", "mnuListView", "mnuExternalEditRTF", "mnuConvQN2Scn"},
                  anyRows);
 }

@@ -55,6 +55,8 @@ MenuState menusWithoutProject();
 MenuState menusWithProject();
 /// What open editors forbid, laid over the above.
 MenuState menusForEditing(bool editing);
+/// The entries of the pop-up of a scene's characters.
+MenuState charEntries(bool anySelected, bool isViewpoint);
 /// The entries of the Chapter and the Scene menu that need a row of their list to work on.
 MenuState chapterEntries(bool anyRows);
 MenuState sceneEntries(bool anyRows);

@@ -58,6 +58,9 @@ void MainMenuBar::addLine(const MenuEntry& entry, QMenuBar& bar) {
   if ((entry.flags & kSeparator) != 0) {
     QAction* line = menus_.value(QString::fromLatin1(entry.parent))->addSeparator();
     line->setObjectName(name);
+    if (!name.isEmpty()) {
+      actions_.insert(name, line);
+    }
     return;
   }
   QAction* action = menuNames().contains(name)

@@ -52,7 +52,17 @@ void MainPanes::connectSignals() {
   connect(FrameChapters, &ChapterPane::chapterSelected, this,
           guarded("ListChapters_ItemClick", kModule, [this] { showSelectedChapter(1); }));
   connect(FrameChapters, &ChapterPane::chapterKeyUp, this,
-          guarded("ListChapters_KeyUp", kModule, [this] { showSelectedChapter(0); }));
+          guarded("ListChapters_KeyUp", kModule, [this](int key) {
+            showSelectedChapter(0);
+            if (key == Qt::Key_Delete && FrameChapters->SelectedChapterID() != 0) {
+              Q_EMIT removalWanted(u"mnuRemoveChapter"_s);
+            }
+          }));
+  connect(&FrameScenes->listScenes(), &ListView::keyUp, this, guarded("ListScenes_KeyUp", kModule, [this](int key) {
+            if (key == Qt::Key_Delete && FrameScenes->SelectedSceneID() != 0) {
+              Q_EMIT removalWanted(u"mnuRemoveScene"_s);
+            }
+          }));
   connect(FrameChapters, &ChapterPane::chapterOpened, this, &MainPanes::chapterOpened);
   connect(FrameChapters, &ChapterPane::titlesEdited, this, &MainPanes::titlesEdited);
   connect(FrameScenes, &ScenePane::sceneOpened, this,
@@ -103,6 +113,23 @@ void MainPanes::ClearLists() {
 
 void MainPanes::showScenesTab() {
   TabStrip2->setCurrentWidget(FrameScenes);
+}
+
+void MainPanes::setProjectOpen(bool open) {
+  FrameChapters->setEmptyText(open ? u"This book has no chapters yet.\nChapter \u2013 Create new chapter adds one."_s
+                                   : u"No project is open.\nProject \u2013 Open brings one up, New Project Wizard "
+                                     "begins one."_s);
+  FrameScenes->setEmptyText(open ? u"No scenes yet.\nSelect a chapter, and Scene \u2013 Add scene adds one."_s
+                                 : QString());
+}
+
+void MainPanes::showChanged(const QList<qint32>& sceneIDs) {
+  for (const qint32 id : sceneIDs) {
+    FrameScenes->UpdateSceneRow(id);
+  }
+  if (sceneIDs.contains(FrameScenes->SelectedSceneID())) {
+    FrameScenes->DisplaySelectedScene();
+  }
 }
 
 void MainPanes::EditSelectedScene() {

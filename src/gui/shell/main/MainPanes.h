@@ -17,6 +17,9 @@ class MainPanes : public QWidget {
  public:
   explicit MainPanes(QWidget* parent = nullptr);
 
+  /// What stands in the lists where there is nothing, with and without a project.
+  void setProjectOpen(bool open);
+
   ChapterPane& chapters() const { return *FrameChapters; }
   ScenePane& scenes() const { return *FrameScenes; }
 
@@ -30,6 +33,8 @@ class MainPanes : public QWidget {
   void ClearLists();
   void showScenesTab();
 
+  /// These scenes have changed: their rows and, for the selected one, the display.
+  void showChanged(const QList<qint32>& sceneIDs);
   void EditSelectedScene();
   void EditRow(qint32 SceneID);
 
@@ -43,6 +48,8 @@ class MainPanes : public QWidget {
  Q_SIGNALS:
   void chapterOpened();
   void titlesEdited();
+  /// The selected rows of a list are to be removed by the command of this name.
+  void removalWanted(const QString& command);
   /// An editor was opened, or brought forward.
   void sceneEdited();
 

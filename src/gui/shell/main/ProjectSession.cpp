@@ -55,6 +55,13 @@ void ProjectSession::SaveProject(bool ShowProgress) {
   main_.showTitle();
 }
 
+void ProjectSession::saveChange() {
+  if (g_Project->HasPlace() && !g_Project->SaveQN4(false) && g_Project->ReloadWanted() && !main_.Closing) {
+    LoadProject(QString(g_Project->FileWithPath), false);
+  }
+  main_.showTitle();
+}
+
 bool ProjectSession::saveUnderNewName() {
   const bool saved = g_Project->SaveAs() && !g_Project->HoldsUnsaved() && !g_Project->ReadOnly();
   if (saved) {

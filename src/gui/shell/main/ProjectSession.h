@@ -13,6 +13,8 @@ class ProjectSession {
   void LoadProject(const QString& Path, bool ShowProgress);
   /// A failed save has been told by then.
   void SaveProject(bool ShowProgress);
+  /// What a command has changed goes to the disk at once, where the book has a place there.
+  void saveChange();
   /// The title of the book that is open, its file's name where it has none; empty without a project.
   QString nameOfBook() const;
   /// There are changes that the project file doesn't hold.

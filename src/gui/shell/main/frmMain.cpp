@@ -14,6 +14,8 @@
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/PaneLayout.h"
+#include "gui/shell/main/PopupMenus.h"
+#include "gui/shell/main/RowDrags.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/StatusPanels.h"
@@ -48,6 +50,12 @@ class frmMain::OwnCommands : public CommandGroup {
   void bind(MenuBindings& menu) override {
     menu.bind("mnuConfirmExit", [this] { main_.mnuConfirmExit_Click(); });
     menu.bind("mnuEditScene", [this] { main_.EditSelectedScene(); });
+    menu.bind("mnuMoveChapterUp", [this] { main_.drags_->moveChapter(-1); });
+    menu.bind("mnuMoveChapterDown", [this] { main_.drags_->moveChapter(1); });
+    menu.bind("mnuMoveSceneUp", [this] { main_.drags_->moveScene(-1); });
+    menu.bind("mnuMoveSceneDown", [this] { main_.drags_->moveScene(1); });
+    menu.bind("mnuMoveSceneToPrevious", [this] { main_.drags_->moveScenesToNeighbour(-1); });
+    menu.bind("mnuMoveSceneToNext", [this] { main_.drags_->moveScenesToNeighbour(1); });
   }
 
  private:
@@ -82,6 +90,8 @@ void frmMain::createParts() {
   setCentralWidget(panes_);
   statusBar()->setObjectName(u"StatusBar1"_s);
   status_ = std::make_unique<StatusPanels>(*statusBar());
+  drags_ = new RowDrags(*this);
+  popups_ = new PopupMenus(*this);
   scan_ = std::make_unique<ChangeScan>(*this);
   disk_ = std::make_unique<DiskWatch>(*this);
   Timer3.setObjectName(u"Timer3"_s);
@@ -115,18 +125,9 @@ void frmMain::connectSignals() {
           guarded("ListChapters_DblClick", kModule, this, &frmMain::EditSelectedChapter));
   connect(panes_, &MainPanes::sceneEdited, this,
           guarded("ListScenes_DblClick", kModule, this, &frmMain::followEditing));
-  connect(menus_->menu(u"mnuChapters"_s), &QMenu::aboutToShow, this, guarded("mnuChapters_Click", kModule, [this] {
-            UpdateMenusForEditing();
-            const bool hasRows = panes_->chapters().listChapters().rowCount() > 0;
-            if (!hasRows || !Editing()) {
-              menus_->apply(chapterEntries(hasRows));
-            }
-          }));
   connect(menus_->menu(u"mnuOpenRecent"_s), &QMenu::aboutToShow, this,
           guarded("mnuOpenRecent_Click", kModule, [this] { session_.lookForRecent(); }));
-  connect(menus_->menu(u"mnuScene"_s), &QMenu::aboutToShow, this, guarded("mnuScene_Click", kModule, [this] {
-            menus_->apply(sceneEntries(panes_->scenes().listScenes().rowCount() > 0));
-          }));
+  connect(panes_, &MainPanes::removalWanted, this, guarded("ListChapters_KeyUp", kModule, this, &frmMain::triggerEntry));
 }
 
 bool frmMain::Editing() const {
@@ -151,6 +152,7 @@ bool frmMain::refusedWhileEditing() {
 void frmMain::DisableMenus() {
   menus_->apply(menusWithoutProject());
   setProjectFieldsEnabled(false);
+  panes_->setProjectOpen(false);
   restingMessage_ = u"No project is open. The Project menu opens or creates one."_s;
   showRest();
 }
@@ -158,6 +160,7 @@ void frmMain::DisableMenus() {
 void frmMain::EnableMenus() {
   menus_->apply(menusWithProject());
   setProjectFieldsEnabled(true);
+  panes_->setProjectOpen(true);
   restingMessage_.clear();
   showRest();
 }
@@ -239,7 +242,14 @@ void frmMain::EditSelectedScene() {
 }
 
 void frmMain::EditSelectedChapter() {
-  QAction& entry = *menus_->action(u"mnuEditChapter"_s);
+  triggerEntry(u"mnuEditChapter"_s);
+}
+
+void frmMain::triggerEntry(const QString& name) {
+  // The lists may be others than when the menus were opened last.
+  popups_->mnuChapters_Click();
+  popups_->mnuScene_Click();
+  QAction& entry = *menus_->action(name);
   entry.isEnabled() ? entry.trigger() : sayWhyNot(entry);
 }
 

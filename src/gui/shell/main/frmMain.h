@@ -14,6 +14,8 @@ class CommandGroup;
 class DiskWatch;
 class MainMenuBar;
 class MainPanes;
+class PopupMenus;
+class RowDrags;
 class StatusPanels;
 
 /// The main window. It owns the life of the process: its load is the start-up, its close the shut-down, which stand
@@ -81,6 +83,8 @@ class frmMain : public QMainWindow {
   void showTitle();
   void EditSelectedScene();
   void EditSelectedChapter();
+  /// What a menu entry does, by a key or a click elsewhere; says why not where it is switched off.
+  void triggerEntry(const QString& name);
   /// Zero-based index of the selected tab of the scene display.
   int CurrentTab() const;
   void mnuConfirmExit_Click();
@@ -120,6 +124,8 @@ class frmMain : public QMainWindow {
   MainPanes* panes_ = nullptr;
   MainMenuBar* menus_ = nullptr;
   std::unique_ptr<StatusPanels> status_;
+  RowDrags* drags_ = nullptr;
+  PopupMenus* popups_ = nullptr;
   std::unique_ptr<ChangeScan> scan_;
   std::unique_ptr<DiskWatch> disk_;
   ProjectSession session_;
