@@ -62,7 +62,7 @@ class ListView : public QTreeView {
 
   /// What stands in the place of rows where there are none.
   void setEmptyText(const QString& text);
-  /// What the columns may take together, with a scroll bar beside them.
+  /// What the columns may take together.
   int roomForColumns() const;
   /// What a column needs for its title and for cells such as this one.
   int widthFor(int column, QStringView cell) const;

@@ -3,14 +3,14 @@
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
-#include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 // The widths of a list's columns.
 
 int ListView::roomForColumns() const {
-  return maximumViewportSize().width() - verticalScrollBar()->sizeHint().width();
+  return viewport()->width();
 }
 
 int ListView::widthFor(int column, QStringView cell) const {
@@ -27,6 +27,8 @@ int ListView::widthFor(int column, QStringView cell) const {
 
 void ListView::fillRoom() {
   const QScopedValueRollback fitting(fitting_, true);
+  const int last = header()->logicalIndex(header()->count() - 1);
+  setColumnWidth(last, columnWidth(last) - std::exchange(stretched_, 0));
   int others = header()->length() - columnWidth(fill_.column);
   if (roomForColumns() - others < widthFor(fill_.column, fill_.comfortable)) {
     for (const int column : fill_.mayHide) {
@@ -35,7 +37,6 @@ void ListView::fillRoom() {
   }
   setColumnWidth(fill_.column, std::max(roomForColumns() - others, widthFor(fill_.column, fill_.leastShown)));
   filledLength_ = header()->length();
-  stretched_ = 0;
 }
 
 bool ListView::isFilled() const {
@@ -61,7 +62,7 @@ void ListView::stretchLastColumn() {
   const QScopedValueRollback fitting(fitting_, true);
   const int last = header()->logicalIndex(header()->count() - 1);
   const int own = std::max(columnWidth(last) - stretched_, header()->minimumSectionSize());
-  const int free = maximumViewportSize().width() - (header()->length() - columnWidth(last)) - own;
+  const int free = roomForColumns() - (header()->length() - columnWidth(last)) - own;
   stretched_ = std::max(free, 0);
   setColumnWidth(last, own + stretched_);
 }

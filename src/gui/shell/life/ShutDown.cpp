@@ -10,6 +10,7 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
+#include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/views/ListView.h"
 
@@ -196,8 +197,9 @@ void frmMain::storeLayout() {
   const double left = panes_->scenes().splitterLeft();
   const double width = panes_->scenes().frameWidth();
   if (!isMinimized() && left > 0 && width > 0) {
-    Settings().sSet(u"SplitPercent"_s, panes_->sceneSplit());
-    Settings().sSet(u"ChapterSplit"_s, panes_->chapterSplit());
+    Settings().sSet(u"SplitPercent"_s, panes_->scenes().splitter().fraction());
+    Settings().sSet(u"ChapterSplit"_s, panes_->splitter().fraction());
+    Settings().sSet(u"DescriptionSplit"_s, panes_->chapters().splitter().fraction());
   }
 }
 

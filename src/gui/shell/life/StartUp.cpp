@@ -26,6 +26,7 @@
 #include "gui/shell/main/StatusPanels.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmSplash.h"
+#include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/views/ListView.h"
 
@@ -41,7 +42,8 @@ namespace {
 constexpr int kBackupDays = 7;
 
 constexpr int kDefaultFontSize = 10;
-constexpr double kDefaultChapterSplit = 0.33;
+constexpr double kDefaultChapterSplit = 0.25;
+constexpr double kDefaultDescriptionSplit = 0.8;
 
 bool truth(const QVariant& value) {
   return Numbers::ToInt(value) != 0;
@@ -206,8 +208,12 @@ void StartUp::restoreLayout() const {
   restoreList(u"MainChap"_s, panes.chapters().listChapters());
   restoreList(u"MainScn"_s, panes.scenes().listScenes());
   panes.showScenesTab();
-  panes.placeSplitters(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit),
-                       fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
+  panes.splitter().setFraction(fractionSetting(u"ChapterSplit"_s, kDefaultChapterSplit));
+  panes.scenes().splitter().setFraction(fractionSetting(u"Splitpercent"_s, PaneLayout::kDefaultSplit));
+  panes.chapters().splitter().setFraction(fractionSetting(u"DescriptionSplit"_s, kDefaultDescriptionSplit));
+  if (!Settings().IsSettingPresent(u"Splitpercent"_s)) {
+    panes.fitTabsWhenShown();
+  }
 }
 
 // Widths of the user's own stay; others follow the window.

@@ -5,6 +5,7 @@
 #include "core/model/clsProject.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
 
@@ -16,7 +17,6 @@
 #include <QLocale>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -28,7 +28,7 @@ constexpr auto kModule = "frmMain";
 enum Column { kTitle, kWords, kScenes, kCount };
 
 /// What of a title has to be seen in the narrowest list.
-constexpr QStringView kStartOfTitle = u"Chapter 88, and so";
+constexpr QStringView kStartOfTitle = u"Chapter 88";
 
 /// A part of the book, which the colour of the running total tells.
 struct Section {
@@ -52,7 +52,8 @@ Section sectionAt(qint32 position, qint32 endOfBeginning, qint32 endOfMiddle) {
 ChapterPane::ChapterPane(QWidget* parent)
     : QWidget(parent),
       ListChapters(new ListView({u"Title"_s, u"Wds"_s, u"Scns"_s, u"Count"_s})),
-      txtChapterDesc(makeReadOnlyText(u"txtChapterDesc"_s, u"Chapter description"_s)) {
+      txtChapterDesc(makeReadOnlyText(u"txtChapterDesc"_s, u"Chapter description"_s)),
+      splitter_(new ProportionalSplitter(Qt::Vertical)) {
   setObjectName(u"FrameChapters"_s);
   buildLayout();
   connectSignals();
@@ -76,17 +77,15 @@ void ChapterPane::buildLayout() {
 
   txtChapterDesc->setToolTip(u"Chapter Description (Double click to edit)"_s);
 
-  auto* lists = new QSplitter(Qt::Vertical);
-  lists->setChildrenCollapsible(false);
-  lists->addWidget(ListChapters);
-  lists->addWidget(txtChapterDesc);
-  lists->setStretchFactor(0, 4);
-  lists->setStretchFactor(1, 1);
+  splitter_->setObjectName(u"ChapterSplitter"_s);
+  splitter_->setChildrenCollapsible(false);
+  splitter_->addWidget(ListChapters);
+  splitter_->addWidget(txtChapterDesc);
 
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addLayout(titles);
-  column->addWidget(lists, 1);
+  column->addWidget(splitter_, 1);
 }
 
 void ChapterPane::connectSignals() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 class ListView;
+class ProportionalSplitter;
 class QLineEdit;
 class QPlainTextEdit;
 class clsChapter;
@@ -23,6 +24,8 @@ class ChapterPane : public QWidget {
   /// Shows the project's title and author without writing them back.
   void showTitles();
   void setTitlesEnabled(bool enabled);
+  /// Between the chapters and the description of the selected one.
+  ProportionalSplitter& splitter() const { return *splitter_; }
   /// One row a chapter. Of what was selected that stays which is still there.
   void FillChapterList();
   void clear();
@@ -64,6 +67,7 @@ class ChapterPane : public QWidget {
   QLineEdit* txtAuthor;
   ListView* ListChapters;
   QPlainTextEdit* txtChapterDesc;
+  ProportionalSplitter* splitter_;
   /// The running total at each row.
   std::vector<qint32> counts_;
   qint32 progressiveTotal_ = 0;

@@ -51,18 +51,17 @@ void MainPanes::buildLayout() {
 void MainPanes::connectSignals() {
   connect(FrameChapters, &ChapterPane::chapterSelected, this,
           guarded("ListChapters_ItemClick", kModule, [this] { showSelectedChapter(1); }));
-  connect(FrameChapters, &ChapterPane::chapterKeyUp, this,
-          guarded("ListChapters_KeyUp", kModule, [this](int key) {
+  connect(FrameChapters, &ChapterPane::chapterKeyUp, this, guarded("ListChapters_KeyUp", kModule, [this](int key) {
             showSelectedChapter(0);
             if (key == Qt::Key_Delete && FrameChapters->SelectedChapterID() != 0) {
               Q_EMIT removalWanted(u"mnuRemoveChapter"_s);
             }
           }));
   connect(&FrameScenes->listScenes(), &ListView::keyUp, this, guarded("ListScenes_KeyUp", kModule, [this](int key) {
-            if (key == Qt::Key_Delete && FrameScenes->SelectedSceneID() != 0) {
-              Q_EMIT removalWanted(u"mnuRemoveScene"_s);
-            }
-          }));
+    if (key == Qt::Key_Delete && FrameScenes->SelectedSceneID() != 0) {
+      Q_EMIT removalWanted(u"mnuRemoveScene"_s);
+    }
+  }));
   connect(FrameChapters, &ChapterPane::chapterOpened, this, &MainPanes::chapterOpened);
   connect(FrameChapters, &ChapterPane::titlesEdited, this, &MainPanes::titlesEdited);
   connect(FrameScenes, &ScenePane::sceneOpened, this,
@@ -145,22 +144,12 @@ void MainPanes::EditRow(qint32 SceneID) {
   Q_EMIT sceneEdited();
 }
 
-double MainPanes::chapterSplit() const {
-  return splitter_->fraction();
-}
-
-double MainPanes::sceneSplit() const {
-  return FrameScenes->splitter().fraction();
-}
-
-void MainPanes::placeSplitters(double chapterSplit, double sceneSplit) {
-  splitter_->setFraction(chapterSplit);
-  FrameScenes->splitter().setFraction(sceneSplit);
-}
-
 // Widths that come before the window is on the screen are not yet those of its layout.
 void MainPanes::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
+  if (std::exchange(fitTabs_, false)) {
+    FrameScenes->splitter().setFraction(FrameScenes->splitForTabs());
+  }
   for (ListView* list : std::exchange(toFill_, {})) {
     list->fillRoom();
   }

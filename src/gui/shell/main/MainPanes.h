@@ -38,10 +38,10 @@ class MainPanes : public QWidget {
   void EditSelectedScene();
   void EditRow(qint32 SceneID);
 
-  /// Where the two splitters stand: parts of the whole width and of the scene pane's.
-  double chapterSplit() const;
-  double sceneSplit() const;
-  void placeSplitters(double chapterSplit, double sceneSplit);
+  /// The splitter between chapters and scenes.
+  ProportionalSplitter& splitter() const { return *splitter_; }
+  /// When the panes come up, the scene splitter leaves all tabs to be read.
+  void fitTabsWhenShown() { fitTabs_ = true; }
   /// When the panes come up, titles in this list take the room that the other columns leave.
   void fillWhenShown(ListView& list) { toFill_.append(&list); }
 
@@ -67,4 +67,5 @@ class MainPanes : public QWidget {
   QTabWidget* TabStrip2;
   ProportionalSplitter* splitter_;
   QList<ListView*> toFill_;
+  bool fitTabs_ = false;
 };

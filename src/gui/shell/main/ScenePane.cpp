@@ -28,8 +28,12 @@ constexpr auto kModule = "frmMain";
 
 enum Column { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
 
+/// A list that is narrower tells of its scenes too little, whatever becomes of the tabs.
+constexpr double kLeastForList = 0.42;
+
 constexpr QStringView kStartOfTitle = u"A scene in";
 constexpr QStringView kShortTitle = u"A scene in a few words";
+constexpr QStringView kLongTitle = u"A scene that takes more words to tell";
 
 /// The first that holds.
 const char* sceneIcon(clsScene& scene) {
@@ -93,7 +97,7 @@ void ScenePane::buildLayout() {
   rows.setAlignment(kLetters, Qt::AlignRight);
   rows.setAlignment(kActionReaction, Qt::AlignHCenter);
   rows.setSpokenTitle(kActionReaction, u"Action or reaction"_s);
-  for (const auto& [column, longest] : {std::pair{kViewpoint, QStringView(u"Elizabeth")},
+  for (const auto& [column, longest] : {std::pair{kViewpoint, QStringView(u"Mrs. Bennet")},
                                         {kWords, u"8,888"},
                                         {kScene, kShortTitle},
                                         {kStatus, u"2nd Edit"},
@@ -102,7 +106,7 @@ void ScenePane::buildLayout() {
                                         {kLetters, u"88,888"}}) {
     ListScenes->setColumnWidth(column, ListScenes->widthFor(column, longest));
   }
-  ListScenes->setFillRule({kScene, kStartOfTitle.toString(), kShortTitle.toString(), {kFilename, kLetters}});
+  ListScenes->setFillRule({kScene, kStartOfTitle.toString(), kLongTitle.toString(), {kFilename, kLetters}});
 
   splitter_->setObjectName(u"SceneSplitter"_s);
   splitter_->setChildrenCollapsible(false);
@@ -200,6 +204,11 @@ void ScenePane::SelectScene(qint32 SceneID) {
 
 qint32 ScenePane::SelectedSceneID() const {
   return ListScenes->SelectedTag();
+}
+
+double ScenePane::splitForTabs() const {
+  const double wanted = 1.0 - static_cast<double>(TabStrip1->widthOfTabs() + splitter_->handleWidth()) / width();
+  return qBound(kLeastForList, wanted, PaneLayout::kDefaultSplit);
 }
 
 double ScenePane::splitterLeft() const {

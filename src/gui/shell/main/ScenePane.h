@@ -36,6 +36,8 @@ class ScenePane : public QWidget {
   double splitterLeft() const;
   double frameWidth() const;
   ProportionalSplitter& splitter() const { return *splitter_; }
+  /// Where the splitter leaves all tabs to be read, if the list has enough then.
+  double splitForTabs() const;
 
  Q_SIGNALS:
   /// A double click on a scene, or the key for it.

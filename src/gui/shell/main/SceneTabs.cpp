@@ -107,6 +107,15 @@ void SceneTabs::buildHiddenTabs() {
   }
 }
 
+int SceneTabs::widthOfTabs() const {
+  int width = 0;
+  for (int tab = 0; tab < count(); ++tab) {
+    // The goals and the notes get a picture where there are some.
+    width += tabBar()->tabRect(tab).width() + (tab >= kGoals && tabIcon(tab).isNull() ? iconSize().width() + 4 : 0);
+  }
+  return width + 2;
+}
+
 void SceneTabs::buildDescription() {
   QVBoxLayout* column = columnOf(kDescription);
   txtSceneTitle = makeLineEdit(u"txtSceneTitle"_s, u"Scene title"_s);

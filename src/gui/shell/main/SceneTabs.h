@@ -24,6 +24,8 @@ class SceneTabs : public QTabWidget {
  public:
   explicit SceneTabs(QWidget* parent = nullptr);
 
+  /// What all tabs take side by side.
+  int widthOfTabs() const;
   /// Fills everything from the scene.
   void display(clsScene& scene);
   /// Empties the lists and fields.

@@ -28,6 +28,7 @@
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 
@@ -84,7 +85,8 @@ void frmMain::addCommands(std::unique_ptr<CommandGroup> group) {
 void frmMain::createParts() {
   setMinimumSize(PaneLayout::pixelsAtLeast(PaneLayout::kMinimumWidth),
                  PaneLayout::pixelsAtLeast(PaneLayout::kMinimumHeight));
-  resize(1100, 720);
+  // All columns and tabs can be read then.
+  resize(QSize(1360, 800).boundedTo(screen()->availableSize() * 19 / 20));
   menus_ = new MainMenuBar(*menuBar(), QUILLANE_DEVELOPMENT);
   panes_ = new MainPanes;
   setCentralWidget(panes_);
@@ -127,7 +129,8 @@ void frmMain::connectSignals() {
           guarded("ListScenes_DblClick", kModule, this, &frmMain::followEditing));
   connect(menus_->menu(u"mnuOpenRecent"_s), &QMenu::aboutToShow, this,
           guarded("mnuOpenRecent_Click", kModule, [this] { session_.lookForRecent(); }));
-  connect(panes_, &MainPanes::removalWanted, this, guarded("ListChapters_KeyUp", kModule, this, &frmMain::triggerEntry));
+  connect(panes_, &MainPanes::removalWanted, this,
+          guarded("ListChapters_KeyUp", kModule, this, &frmMain::triggerEntry));
 }
 
 bool frmMain::Editing() const {
