@@ -70,7 +70,7 @@ class ListView : public QTreeView {
   /// Makes the columns fill the list, and keep it filled at any size until the user changes a width. Where his are
   /// shorter than the list the last column is stretched.
   void fillRoom();
-  bool isFilled() const;
+  bool isFilled() const { return filled_; }
   /// True while a key is down that may move the selection: its release tells the end.
   bool keyIsDown() const { return keyDown_ != 0; }
 
@@ -137,8 +137,7 @@ class ListView : public QTreeView {
   QString emptyText_;
   bool quiet_ = false;
   FillRule fill_;
-  /// How long the columns are when they fill the list.
-  int filledLength_ = -1;
+  bool filled_ = false;
   bool fitting_ = false;
   /// What the last column has been stretched by.
   int stretched_ = 0;

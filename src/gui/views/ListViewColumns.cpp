@@ -36,11 +36,7 @@ void ListView::fillRoom() {
     }
   }
   setColumnWidth(fill_.column, std::max(roomForColumns() - others, widthFor(fill_.column, fill_.leastShown)));
-  filledLength_ = header()->length();
-}
-
-bool ListView::isFilled() const {
-  return fill_.column >= 0 && header()->length() == filledLength_;
+  filled_ = true;
 }
 
 void ListView::resizeEvent(QResizeEvent* event) {
@@ -51,7 +47,7 @@ void ListView::resizeEvent(QResizeEvent* event) {
 }
 
 void ListView::keepFilled() {
-  isFilled() ? fillRoom() : stretchLastColumn();
+  filled_ ? fillRoom() : stretchLastColumn();
 }
 
 // A gap behind the last column looks like a column without a title.
@@ -59,6 +55,7 @@ void ListView::stretchLastColumn() {
   if (fitting_ || fill_.column < 0 || header()->count() == 0) {
     return;
   }
+  filled_ = false;
   const QScopedValueRollback fitting(fitting_, true);
   const int last = header()->logicalIndex(header()->count() - 1);
   const int own = std::max(columnWidth(last) - stretched_, header()->minimumSectionSize());

@@ -103,11 +103,11 @@ void RowDrags::joinCastList(ListView& list, CastKind kind, bool inScene) {
                  },
                  [this, kind](int) { return flagOf(kind) && mayMove() ? Qt::CopyAction : Qt::IgnoreAction; }, drop});
   connect(&list, &ListView::keyUp, this, guarded("ListCast_KeyUp", kModule, [this, &list, kind, inScene](int key) {
-            Qt::DropAction effect{};
-            if (key == (inScene ? Qt::Key_Delete : Qt::Key_Insert) && list.pickUp(&effect) && mayMove()) {
-              ListCast_OLEDragDrop(kind, !inScene, list.tagsForDrag());
-            }
-          }));
+    Qt::DropAction effect{};
+    if (key == (inScene ? Qt::Key_Delete : Qt::Key_Insert) && list.pickUp(&effect) && mayMove()) {
+      ListCast_OLEDragDrop(kind, !inScene, list.tagsForDrag());
+    }
+  }));
 }
 
 Qt::DropAction RowDrags::ListScenes_OLEDragOver(int row) const {
