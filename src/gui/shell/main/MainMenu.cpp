@@ -308,9 +308,9 @@ MenuState menusForEditing(bool editing) {
 }
 
 MenuState chapterEntries(bool anyRows) {
-  return stateOf(
-      {"mnuEditChapter", "mnuMoveChapterUp", "mnuMoveChapterDown", "mnuRenumber", "mnuMarkChaptersUnused", "mnuRemoveChapter", "mnuPrintSelectedChapters"},
-      anyRows);
+  return stateOf({"mnuEditChapter", "mnuMoveChapterUp", "mnuMoveChapterDown", "mnuRenumber", "mnuMarkChaptersUnused",
+                  "mnuRemoveChapter", "mnuPrintSelectedChapters"},
+                 anyRows);
 }
 
 MenuState charEntries(bool anySelected, bool isViewpoint) {
@@ -320,7 +320,8 @@ MenuState charEntries(bool anySelected, bool isViewpoint) {
 }
 
 MenuState sceneEntries(bool anyRows) {
-  return stateOf({"mnuMarkScenesUnused", "mnuPrintScene", "mnuEditScene", "mnuMoveScene", "mnuStatusMain", "mnuRemoveScene",
-                  "mnuDeleteScene", "mnuPrintSceneCards", "mnuListView", "mnuExternalEditRTF", "mnuConvQN2Scn"},
-                 anyRows);
+  return stateOf(
+      {"mnuMarkScenesUnused", "mnuPrintScene", "mnuEditScene", "mnuMoveScene", "mnuStatusMain", "mnuRemoveScene",
+       "mnuDeleteScene", "mnuPrintSceneCards", "mnuListView", "mnuExternalEditRTF", "mnuConvQN2Scn"},
+      anyRows);
 }
