@@ -67,9 +67,11 @@ class clsProject {
   void setDeadlineStartDate(int level, qint32 dayNumber);
   /// The project's names of the ratings 1 to 4.
   const QString& FieldTitle(int index) const;
-  /// The project file holds these as they stand: throws RuntimeError 5, with a text for the user, for a name that
-  /// would not come back from the file, because of a character that its code page lacks or of a tag.
+  /// Throws what checkFieldTitle throws; the name is the former one then.
   void setFieldTitle(int index, const QString& name);
+  /// The project file holds these names as they stand: throws RuntimeError 5, with a text for the user, for one that
+  /// would not come back from the file, because of a character that its code page lacks or of a tag.
+  static void checkFieldTitle(const QString& name);
 
   /// The project's folder, ending in a separator; "./" when the file name has none.
   QString Path() const;

@@ -17,16 +17,20 @@ constexpr qint32 kFileVersion = 2;
 
 }  // namespace
 
-// The name stands in the file as it is: what would not come back is refused.
 void clsProject::setFieldTitle(int index, const QString& name) {
   static_cast<void>(FieldTitle(index));  // a bad index fails there
+  checkFieldTitle(name);
+  fieldTitle_[static_cast<size_t>(index) - 1] = name;
+}
+
+// The name stands in the file as it is: what would not come back is refused.
+void clsProject::checkFieldTitle(const QString& name) {
   if (!CodePage::canEncode(name) || OwnTags::firstIn(name) >= 0) {
     throw RuntimeError(RuntimeError::InvalidCall,
                        u"The name '"_s + name +
                            u"' has characters that a project file can't hold in the name of a rating. Please use "
                            "letters of the western European alphabets, and no tag of the file such as \"<Title>\"."_s);
   }
-  fieldTitle_[static_cast<size_t>(index) - 1] = name;
 }
 
 void clsProject::DataAsXML(QByteArray& out) const {

@@ -43,6 +43,15 @@ QLabel* makeLabel(const QString& name, const QString& text, QWidget* parent) {
   return label;
 }
 
+QLabel* makeWrappedLabel(const QString& name, const QString& text, int letters, QWidget* parent) {
+  QLabel* label = makeLabel(name, text, parent);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  const int width = label->fontMetrics().averageCharWidth() * letters;
+  label->setMinimumSize(width, label->heightForWidth(width));
+  return label;
+}
+
 QLabel* makeLabelOf(const QString& caption, QWidget& buddy) {
   auto* label = new QLabel(caption);
   label->setTextFormat(Qt::PlainText);

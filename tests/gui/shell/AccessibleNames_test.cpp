@@ -8,6 +8,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmAbout.h"
+#include "gui/shell/windows/frmEditProject.h"
 #include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
@@ -74,6 +75,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   fSHAREDLogViewer log;
   frmAbout about(&window());
   const frmLostAndFound lost(&window());
+  const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
   EXPECT_EQ(nameless(), QStringList());
 }
 

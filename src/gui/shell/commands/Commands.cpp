@@ -2,12 +2,14 @@
 
 #include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
+#include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
 #include "gui/shell/main/frmMain.h"
 
 void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ProjectCommands>(main));
+  main.addCommands(std::make_unique<SettingsCommands>(main));
   main.addCommands(std::make_unique<CastCommands>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
