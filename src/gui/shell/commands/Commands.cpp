@@ -1,12 +1,16 @@
 #include "gui/shell/commands/Commands.h"
 
+#include "gui/shell/commands/ChapterCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
+#include "gui/shell/commands/SceneCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
 #include "gui/shell/main/frmMain.h"
 
 void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ProjectCommands>(main));
+  main.addCommands(std::make_unique<ChapterCommands>(main));
+  main.addCommands(std::make_unique<SceneCommands>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
 }

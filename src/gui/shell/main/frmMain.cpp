@@ -239,6 +239,10 @@ void frmMain::EditSelectedScene() {
 }
 
 void frmMain::EditSelectedChapter() {
+  if (panes_->chapters().SelectedChapterID() != 0) {
+    // The menu may have been looked at when there was none.
+    menus_->apply({{u"mnuEditChapter"_s, true}});
+  }
   QAction& entry = *menus_->action(u"mnuEditChapter"_s);
   entry.isEnabled() ? entry.trigger() : sayWhyNot(entry);
 }
