@@ -5,7 +5,6 @@
 #include <QDialog>
 
 class QLineEdit;
-class QTabWidget;
 
 /// What the sheets of chapters, characters, locations and items have in common: fields over OK and Cancel, a name that
 /// has to be there, a size that is remembered, and no word lost. Whoever leaves with changes is asked. A sheet whose
@@ -30,9 +29,6 @@ class Sheet : public QDialog {
   void setFields(QWidget* fields, QSize lettersAndLines);
   /// The field that has the keyboard at the beginning. Without a text in it `complaint` is told instead of an OK.
   void setNameField(QLineEdit& field, const QString& complaint);
-
-  const SheetSubject& subject() const { return subject_; }
-  const char* module() const { return module_; }
 
  private:
   virtual bool isChanged() const = 0;

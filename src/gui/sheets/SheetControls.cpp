@@ -31,6 +31,13 @@ MemoEdit* makeMemo(const QString& name, const QString& caption) {
   return memo;
 }
 
+/// Whatever the window's palette is.
+void letWindowThrough(QWidget& field) {
+  QPalette ground;
+  ground.setColor(QPalette::Base, Qt::transparent);
+  field.setPalette(ground);
+}
+
 }  // namespace
 
 QFormLayout* makeFieldForm(QWidget& page) {
@@ -60,6 +67,13 @@ MemoEdit* addPageMemo(QWidget& page, const QString& name, const QString& caption
   return memo;
 }
 
+QTabWidget* makeStrip(const QString& spokenName, QWidget* parent) {
+  auto* strip = new QTabWidget(parent);
+  giveName(*strip, u"TabStrip1"_s, spokenName);
+  strip->setUsesScrollButtons(false);
+  return strip;
+}
+
 QWidget* addFrame(QTabWidget& strip, const QString& caption) {
   auto* frame = new QWidget(&strip);
   giveName(*frame, u"FrameData(%1)"_s.arg(strip.count()), withoutMnemonic(caption));
@@ -67,9 +81,13 @@ QWidget* addFrame(QTabWidget& strip, const QString& caption) {
   return frame;
 }
 
-// The window shines through, whatever its palette is.
-void showReadOnly(QWidget& field) {
-  QPalette ground;
-  ground.setColor(QPalette::Base, Qt::transparent);
-  field.setPalette(ground);
+void showReadOnly(QLineEdit& field) {
+  field.setReadOnly(true);
+  field.setFrame(false);
+  letWindowThrough(field);
+}
+
+void showReadOnly(QFrame& field) {
+  field.setFrameShape(QFrame::NoFrame);
+  letWindowThrough(field);
 }

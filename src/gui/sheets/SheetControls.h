@@ -4,6 +4,7 @@
 
 class MemoEdit;
 class QFormLayout;
+class QFrame;
 class QLineEdit;
 class QTabWidget;
 class QWidget;
@@ -19,8 +20,11 @@ MemoEdit* addMemo(QFormLayout& form, const QString& name, const QString& caption
 /// A text that fills a page under its caption.
 MemoEdit* addPageMemo(QWidget& page, const QString& name, const QString& caption);
 
+/// A strip of tabs that are all to be seen at any size.
+QTabWidget* makeStrip(const QString& spokenName, QWidget* parent);
 /// The next frame of the strip.
 QWidget* addFrame(QTabWidget& strip, const QString& caption);
 
-/// A read-only field without the ground of one to type in.
-void showReadOnly(QWidget& field);
+/// A field to read and copy from, without the frame and the ground of one to type in.
+void showReadOnly(QLineEdit& field);
+void showReadOnly(QFrame& field);

@@ -27,11 +27,10 @@ QString summaryOf(const QStringList& descriptions) {
 
 frmEditChapter::frmEditChapter(const SheetSubject& subject, QWidget* parent)
     : SheetOf("frmEditChapter", u"Chapter Details"_s, subject, parent) {
-  auto* strip = new QTabWidget(this);
-  giveName(*strip, u"TabStrip1"_s, u"Chapter Details"_s);
+  QTabWidget* strip = makeStrip(u"Chapter Details"_s, this);
   buildDetails(*addFrame(*strip, u"&Details"_s));
   buildSummaries(*addFrame(*strip, u"&Scene Summaries"_s));
-  setFields(strip, {80, 22});
+  setFields(strip, {90, 26});
   setNameField(*txtTitle, u"You must specify a title"_s);
 }
 
@@ -40,7 +39,6 @@ void frmEditChapter::buildDetails(QWidget& page) {
   txtTitle = addLine(form, u"txtTitle"_s, u"&Title:"_s);
   txtDesc = addMemo(form, u"txtDesc"_s, u"D&escription:"_s);
   txtWords = addLine(form, u"txtWords"_s, u"&Words:"_s);
-  txtWords->setReadOnly(true);
   txtWords->setToolTip(u"This item cannot be changed. It's a calculated value."_s);
   showReadOnly(*txtWords);
 }

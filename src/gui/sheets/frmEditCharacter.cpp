@@ -46,14 +46,13 @@ QString fullPath(const QString& path) {
 }  // namespace
 
 frmEditCharacter::frmEditCharacter(const SheetSubject& subject, QWidget* parent)
-    : SheetOf(kModule, u"Character Sheet"_s, subject, parent), strip_(new QTabWidget(this)) {
-  giveName(*strip_, u"TabStrip1"_s, u"Character Sheet"_s);
+    : SheetOf(kModule, u"Character Sheet"_s, subject, parent), strip_(makeStrip(u"Character Sheet"_s, this)) {
   buildDetails(*addFrame(*strip_, u"&Details"_s));
   txtBio = addPageMemo(*addFrame(*strip_, u"&Biography"_s), u"txtBio"_s, u"Biography:"_s);
   txtGoals = addPageMemo(*addFrame(*strip_, u"&Goals"_s), u"txtGoals"_s, u"Goals:"_s);
   txtNotes = addPageMemo(*addFrame(*strip_, u"&Notes"_s), u"txtNotes"_s, u"Notes:"_s);
   buildImage(*addFrame(*strip_, u"&Image"_s));
-  setFields(strip_, {80, 24});
+  setFields(strip_, {96, 30});
   setNameField(*txtShortName, u"You must specify a name"_s);
   connectSignals();
 }

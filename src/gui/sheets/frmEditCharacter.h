@@ -11,6 +11,7 @@ class PictureBox;
 class QLabel;
 class QPushButton;
 class QRadioButton;
+class QTabWidget;
 
 /// The sheet of a character, on tabs.
 class frmEditCharacter : public SheetOf<CharacterDetails> {

@@ -29,7 +29,7 @@ frmEditThing::frmEditThing(const SheetSubject& subject, QWidget* parent)
   txtTitle = addLine(form, u"txtTitle"_s, u"&Name:"_s);
   txtDesc = addMemo(form, u"txtDesc"_s, u"&Description:"_s);
   txtTags = addLine(form, u"txtTags"_s, u"&Tags:"_s);
-  setFields(page, {70, 16});
+  setFields(page, {80, 20});
   setNameField(*txtTitle, u"You must specify a name"_s);
 }
 

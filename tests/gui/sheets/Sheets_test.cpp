@@ -138,6 +138,16 @@ TEST_F(SheetTest, WhatHasLeftTheBookStaysOnItsSheetToBeCopied) {
   }));
 }
 
+TEST_F(SheetTest, WhatIsOpenAlreadyComesForward) {
+  for (const Kind& kind : kinds()) {
+    during(kind.open, [&](QDialog& sheet) {
+      sheet.setWindowState(Qt::WindowMinimized);
+      EXPECT_FALSE(kind.open());
+      EXPECT_FALSE(sheet.isMinimized()) << kind.form;
+    });
+  }
+}
+
 TEST_F(SheetTest, AnEndOfTheProgramEndsTheSheetWithoutAQuestion) {
   bool confirmed = true;
   QTimer::singleShot(0, qApp, [&] {
