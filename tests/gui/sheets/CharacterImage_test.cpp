@@ -73,8 +73,9 @@ TEST_F(SheetTest, ThePictureIsReadWhenItsTabIsSeenAndWhenThePathChanges) {
                        auto& box = childOf<PictureBox>(sheet);
                        auto& path = childOf<QLineEdit>(sheet, u"txtImageFile"_s);
                        const auto& note = childOf<QLabel>(sheet, u"lblImage"_s);
-                       EXPECT_TRUE(box.image().isNull());
                        auto& tabs = childOf<QTabWidget>(sheet, u"TabStrip1"_s);
+                       tabs.setCurrentIndex(1);
+                       EXPECT_TRUE(box.image().isNull());
                        tabs.setCurrentIndex(kImageTab);
                        EXPECT_EQ(box.image().size(), QSize(40, 30));
                        EXPECT_EQ(box.shownAt().size(), QSize(40, 30)) << "never larger than it is";

@@ -66,19 +66,19 @@ TEST_F(ChapterCommandsTest, ANewChapterIsSavedAndSelected) {
 }
 
 TEST_F(ChapterCommandsTest, AnEditedChapterIsShownAnewWhicheverWayItWasOpened) {
-  g_Project->Chapters.Clear();
-  window().RefreshAll();
-  // The menu was looked at when there was nothing to edit.
-  Q_EMIT control<QMenu>("mnuChapters").aboutToShow();
-  window().LoadProject(path, false);
   click(list("ListChapters"), 1);
   editing(u"Gone"_s, Qt::Key_Return, [this] { trigger("mnuEditChapter"); });
   EXPECT_EQ(cell("ListChapters", 1, 0), u"Gone"_s);
   EXPECT_EQ(selectedChapter(), 2);
   EXPECT_TRUE(window().ProjectChanged);
+  EXPECT_TRUE(control<QPlainTextEdit>("txtChapterDesc").toPlainText().startsWith(u"Gone description: "));
+  // The menu is looked at when there is nothing to edit.
+  g_Project->Chapters.Clear();
+  window().RefreshAll();
   Q_EMIT control<QMenu>("mnuChapters").aboutToShow();
-  editing(u"Gone for good"_s, Qt::Key_Return, [this] { window().EditSelectedChapter(); });
-  EXPECT_TRUE(control<QPlainTextEdit>("txtChapterDesc").toPlainText().startsWith(u"Gone for good description: "));
+  editing(u"One"_s, Qt::Key_Return, [this] { trigger("mnuFileNew"); });
+  editing(u"The first"_s, Qt::Key_Return, [this] { window().EditSelectedChapter(); });
+  EXPECT_EQ(cell("ListChapters", 0, 0), u"The first"_s);
 }
 
 TEST_F(ChapterCommandsTest, TheSelectedChapterEndsASection) {
