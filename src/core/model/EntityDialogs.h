@@ -1,32 +1,64 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
 
-class clsCharacter;
-class clsItem;
-class clsLocation;
+// What the sheets take and give back: the fields of an entity that a writer edits.
 
-/// What the chapter dialog takes and gives back.
 struct ChapterDetails {
-  qint32 ID = 0;
   QString Title;
   QString DescText;
+  /// Shown alone: its words, and the descriptions of its scenes in their order.
   qint32 Wordcount = 0;
+  QStringList SceneDescs = {};
+
+  bool operator==(const ChapterDetails&) const = default;
+};
+
+struct CharacterDetails {
+  QString Title;
+  QString FullName;
+  QString AlternateNames;
+  QString DescText;
+  QString Tags;
+  bool major = false;
+  QString Bio;
+  QString Goals;
+  QString Notes;
+  QString ImageFile;
+
+  bool operator==(const CharacterDetails&) const = default;
+};
+
+/// Of a location or an item.
+struct ThingDetails {
+  QString Title;
+  QString DescText;
+  QString Tags;
+
+  bool operator==(const ThingDetails&) const = default;
 };
 
 enum class EntityKind { Chapter, Character, Location, Item };
 
+/// What a sheet is opened on.
+struct SheetSubject {
+  EntityKind kind;
+  qint32 id;
+  /// False when the entity has left the book meanwhile, or the book itself has: what is typed has no place to go to.
+  std::function<bool()> isThere;
+};
+
 /// The modal windows that the model opens. The shell registers them; without one a question counts as cancelled.
 struct EntityDialogs {
-  /// The edited details, or nothing when cancelled. `adding` says that the chapter is a new one.
-  std::function<std::optional<ChapterDetails>(const ChapterDetails&, bool adding)> chapter;
-  /// They write into the object themselves; true when it was saved.
-  std::function<bool(clsCharacter&, qint32 arg)> character;
-  std::function<bool(clsLocation&)> location;
-  std::function<bool(clsItem&)> item;
+  /// What was edited, or nothing when cancelled.
+  std::function<std::optional<ChapterDetails>(const SheetSubject&, const ChapterDetails&)> chapter;
+  /// The same, on a tab counted from 0.
+  std::function<std::optional<CharacterDetails>(const SheetSubject&, const CharacterDetails&, qint32 tab)> character;
+  std::function<std::optional<ThingDetails>(const SheetSubject&, const ThingDetails&)> thing;
   /// The dialog of this kind and ID is open already: it comes back to its normal state and to the front.
   std::function<void(EntityKind kind, qint32 id)> bringForward;
   /// The list window in one of its modes.

@@ -1,6 +1,5 @@
-#include "core/infra/Guard.h"
-#include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
+#include "core/model/SheetRun.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
 #include "core/model/clsLocation.h"
@@ -19,24 +18,58 @@ qint32 lazyID(Entity& entity, const qint32& id) {
   return id;
 }
 
-/// Locks the record while the dialog is open; a saved edit marks it for all windows. A dialog that fails is logged
-/// and counts as cancelled.
+class LockedRecord {
+ public:
+  LockedRecord(clsHashTable& table, qint32 id) : table_(table), id_(id) { table_.LockRec(id_); }
+  ~LockedRecord() { table_.UnLockRec(id_); }
+  LockedRecord(const LockedRecord&) = delete;
+  LockedRecord& operator=(const LockedRecord&) = delete;
+
+ private:
+  clsHashTable& table_;
+  qint32 id_;
+};
+
+/// Locks the record while the dialog is open; a confirmed edit marks it for all windows.
 template <class Entity, class Ask>
-bool runDialog(Entity& entity, EntityKind kind, clsHashTable& table, const char* module, Ask ask) {
-  if (entity.EditOpen) {
-    bringDialogForward(kind, entity.ID());
-    return false;
-  }
-  table.LockRec(entity.ID());
-  entity.EditOpen = true;
-  bool saved = false;
-  Guard("Edit", module)([&] { saved = ask(); });
+bool runLocked(Entity& entity, EntityKind kind, clsHashTable& table, const char* module, Ask ask) {
+  const bool saved = runSheet(entity, kind, "Edit", module, [&](const SheetSubject& subject) {
+    const LockedRecord lock(table, subject.id);
+    return ask(subject);
+  });
   if (saved) {
     table.MarkUpdated(entity.ID());
   }
-  entity.EditOpen = false;
-  table.UnLockRec(entity.ID());
   return saved;
+}
+
+CharacterDetails detailsOf(const clsCharacter& character) {
+  return {character.Title(), character.FullName, character.AlternateNames, character.DescText, character.Tags,
+          character.major,   character.Bio,      character.Goals,          character.Notes,    character.ImageFile};
+}
+
+void take(clsCharacter& character, const CharacterDetails& details) {
+  character.setTitle(details.Title);
+  character.Bio = details.Bio;
+  character.Goals = details.Goals;
+  character.FullName = details.FullName;
+  character.Notes = details.Notes;
+  character.ImageFile = details.ImageFile;
+  character.DescText = details.DescText;
+  character.AlternateNames = details.AlternateNames;
+  character.Tags = details.Tags;
+  character.major = details.major;
+}
+
+bool askForThing(StoryThing& thing, const SheetSubject& subject) {
+  const auto& ask = entityDialogs().thing;
+  const auto details = ask ? ask(subject, {thing.Title, thing.DescText, thing.Tags}) : std::nullopt;
+  if (details) {
+    thing.Title = details->Title;
+    thing.DescText = details->DescText;
+    thing.Tags = details->Tags;
+  }
+  return details.has_value();
 }
 
 }  // namespace
@@ -57,8 +90,14 @@ void clsCharacter::setTitle(const QString& title) {
 }
 
 bool clsCharacter::Edit(qint32 arg) {
-  return runDialog(*this, EntityKind::Character, g_CharChanges, "clsCharacter",
-                   [&] { return entityDialogs().character && entityDialogs().character(*this, arg); });
+  return runLocked(*this, EntityKind::Character, g_CharChanges, "clsCharacter", [&](const SheetSubject& subject) {
+    const auto& ask = entityDialogs().character;
+    const auto details = ask ? ask(subject, detailsOf(*this), arg) : std::nullopt;
+    if (details) {
+      take(*this, *details);
+    }
+    return details.has_value();
+  });
 }
 
 void clsCharacter::Clear() {
@@ -79,8 +118,8 @@ void clsLocation::GenerateID() {
 }
 
 bool clsLocation::Edit() {
-  return runDialog(*this, EntityKind::Location, g_LocationChanges, "clsLocation",
-                   [&] { return entityDialogs().location && entityDialogs().location(*this); });
+  return runLocked(*this, EntityKind::Location, g_LocationChanges, "clsLocation",
+                   [&](const SheetSubject& subject) { return askForThing(*this, subject); });
 }
 
 qint32 clsItem::ID() {
@@ -92,8 +131,8 @@ void clsItem::GenerateID() {
 }
 
 bool clsItem::Edit() {
-  return runDialog(*this, EntityKind::Item, g_ItemChanges, "clsItem",
-                   [&] { return entityDialogs().item && entityDialogs().item(*this); });
+  return runLocked(*this, EntityKind::Item, g_ItemChanges, "clsItem",
+                   [&](const SheetSubject& subject) { return askForThing(*this, subject); });
 }
 
 void StoryThing::Clear() {

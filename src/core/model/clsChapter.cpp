@@ -3,8 +3,8 @@
 #include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedLogging.h"
-#include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
+#include "core/model/SheetRun.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 
@@ -87,33 +87,24 @@ void clsChapter::UpdateBelongsToChapter() {
   }
 }
 
-bool clsChapter::runDialog(bool adding) {
-  if (!entityDialogs().chapter) {
-    return false;
+QStringList clsChapter::sceneDescs() const {
+  QStringList texts;
+  for (const qint32 id : scenes_) {
+    texts.append(g_Project->SceneByID(id)->DescText);
   }
-  const auto details =
-      entityDialogs().chapter({adding ? 0 : ID(), Title, DescText, adding ? 0 : Wordcount(false)}, adding);
-  if (details) {
-    Title = details->Title;
-    DescText = details->DescText;
-  }
-  return details.has_value();
+  return texts;
 }
 
-void clsChapter::Edit() {
-  if (EditOpen) {
-    bringDialogForward(EntityKind::Chapter, ID());
-    return;
-  }
-  EditOpen = true;
-  Guard("Edit", kModule)([&] { runDialog(false); });
-  EditOpen = false;
-}
-
-bool clsChapter::Add() {
-  bool accepted = false;
-  Guard("Add", kModule)([&] { accepted = runDialog(true); });
-  return accepted;
+bool clsChapter::runDialog(const char* routine) {
+  return runSheet(*this, EntityKind::Chapter, routine, kModule, [&](const SheetSubject& subject) {
+    const auto& ask = entityDialogs().chapter;
+    const auto details = ask ? ask(subject, {Title, DescText, Wordcount(false), sceneDescs()}) : std::nullopt;
+    if (details) {
+      Title = details->Title;
+      DescText = details->DescText;
+    }
+    return details.has_value();
+  });
 }
 
 void clsChapter::Clear() {

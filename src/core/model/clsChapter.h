@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -11,7 +12,7 @@ class TagView;
 class clsScene;
 
 /// Orders scenes: a title, a description and the IDs of its scenes in running order.
-class clsChapter {
+class clsChapter : public std::enable_shared_from_this<clsChapter> {
  public:
   qint32 ID();
 
@@ -43,10 +44,10 @@ class clsChapter {
   /// The chapter's list is the authority: scenes that name another chapter are corrected, and that is logged.
   void UpdateBelongsToChapter();
 
-  /// The detail dialog; modal.
-  void Edit();
-  /// The same for a new chapter. True when it was accepted.
-  bool Add();
+  /// The detail dialog; modal. True when it was confirmed.
+  bool Edit() { return runDialog("Edit"); }
+  /// The same for a new chapter.
+  bool Add() { return runDialog("Add"); }
 
   /// Empties the list, Title and the ID; the other fields stay.
   void Clear();
@@ -56,7 +57,8 @@ class clsChapter {
 
  private:
   void adopt(const std::shared_ptr<clsScene>& scene);
-  bool runDialog(bool adding);
+  QStringList sceneDescs() const;
+  bool runDialog(const char* routine);
 
   qint32 id_ = 0;
   IDList scenes_;

@@ -3,10 +3,12 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
+
 class TagView;
 
 /// A person of the story.
-class clsCharacter {
+class clsCharacter : public std::enable_shared_from_this<clsCharacter> {
  public:
   qint32 ID();
 
@@ -30,7 +32,7 @@ class clsCharacter {
   QString Notes;
   bool EditOpen = false;
 
-  /// Opens the dialog on the tab `arg`, modally. True when it was saved.
+  /// Opens the dialog on the tab `arg`, counted from 0, modally. True when it was confirmed.
   bool Edit(qint32 arg);
   /// Empties Title, ID, Bio, DescText, Goals and Notes; the other fields stay.
   void Clear();

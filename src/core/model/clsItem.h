@@ -2,11 +2,13 @@
 
 #include "core/model/StoryThing.h"
 
+#include <memory>
+
 /// A thing of the story.
-class clsItem : public StoryThing {
+class clsItem : public StoryThing, public std::enable_shared_from_this<clsItem> {
  public:
   qint32 ID();
-  /// Opens the dialog, modally. True when it was saved.
+  /// Opens the dialog, modally. True when it was confirmed.
   bool Edit();
   void GenerateID();
   void DataAsXML(QByteArray& out);

@@ -2,11 +2,13 @@
 
 #include "core/model/StoryThing.h"
 
+#include <memory>
+
 /// A place of the story.
-class clsLocation : public StoryThing {
+class clsLocation : public StoryThing, public std::enable_shared_from_this<clsLocation> {
  public:
   qint32 ID();
-  /// Opens the dialog, modally. True when it was saved.
+  /// Opens the dialog, modally. True when it was confirmed.
   bool Edit();
   void GenerateID();
   void DataAsXML(QByteArray& out);

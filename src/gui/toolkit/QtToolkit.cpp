@@ -3,6 +3,7 @@
 #include "core/infra/Paths.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/InputShield.h"
+#include "gui/toolkit/OverActiveWindow.h"
 #include "gui/toolkit/WindowTitle.h"
 #include "gui/toolkit/cSharedProgress.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
@@ -16,7 +17,6 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPointer>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -82,24 +82,6 @@ QString defaultSuffix(const QString& patterns) {
   const QString suffix = first.startsWith(u"*."_s) ? first.mid(2) : QString();
   return suffix.contains(u'*') || suffix.contains(u'?') ? QString() : suffix;
 }
-
-/// A dialog over the window that is active. Should that window go while the dialog is up, the dialog goes with it.
-template <class Dialog>
-class OverActiveWindow {
- public:
-  OverActiveWindow() : dialog_(new Dialog(QApplication::activeWindow())) {}
-  ~OverActiveWindow() { delete dialog_.data(); }
-  OverActiveWindow(const OverActiveWindow&) = delete;
-  OverActiveWindow& operator=(const OverActiveWindow&) = delete;
-
-  Dialog* operator->() const { return dialog_.data(); }
-  /// Waits for it. False when it was cancelled or went with its window.
-  bool accepted() const { return dialog_->exec() == QDialog::Accepted && dialog_; }
-  bool isThere() const { return !dialog_.isNull(); }
-
- private:
-  QPointer<Dialog> dialog_;
-};
 
 using FileDialog = OverActiveWindow<QFileDialog>;
 

@@ -140,15 +140,13 @@ TEST_F(Project, ANewEntityIsAddedAndSavedOnlyWhenItsDialogWasAccepted) {
   g_Project->FileWithPath = scratch.path(u"Small.qn4"_s);
   EXPECT_FALSE(g_Project->EnterNewChapter()) << "no dialog, no chapter";
   bool accept = false;
-  entityDialogs().chapter = [&](const ChapterDetails& details, bool adding) -> std::optional<ChapterDetails> {
-    EXPECT_TRUE(adding);
-    EXPECT_EQ(details.Title, QString());
-    return accept ? std::optional(ChapterDetails{0, u"The end"_s, u"All is told."_s, 0}) : std::nullopt;
+  entityDialogs().chapter = [&](const SheetSubject&, const ChapterDetails& given) {
+    EXPECT_EQ(given, ChapterDetails());
+    return accept ? std::optional(ChapterDetails{u"The end"_s, u"All is told."_s}) : std::nullopt;
   };
-  entityDialogs().location = [&](clsLocation& location) {
-    EXPECT_TRUE(g_LocationChanges.IsLocked(location.ID()));
-    location.Title = u"Sea"_s;
-    return accept;
+  entityDialogs().thing = [&](const SheetSubject& subject, const ThingDetails&) {
+    EXPECT_TRUE(g_LocationChanges.IsLocked(subject.id));
+    return accept ? std::optional(ThingDetails{u"Sea"_s, {}, {}}) : std::nullopt;
   };
   EXPECT_FALSE(g_Project->EnterNewChapter() || g_Project->EnterNewLocation());
   EXPECT_EQ(filesBelow(scratch.path()).size(), 0);
@@ -167,34 +165,59 @@ TEST_F(Project, ADialogThatIsOpenComesForwardAndIsNotOpenedTwice) {
     calls += QString::number(static_cast<int>(kind)) + u':' + QString::number(id);
   };
   const auto person = g_Project->CharByID(2);
-  entityDialogs().character = [&](clsCharacter& same, qint32 arg) {
-    calls += u"edit %1"_s.arg(arg);
-    EXPECT_FALSE(same.Edit(1));
-    EXPECT_TRUE(g_CharChanges.IsLocked(2));
-    return true;
+  entityDialogs().character = [&](const SheetSubject& subject, const CharacterDetails& given, qint32 tab) {
+    calls += u"edit %1"_s.arg(tab);
+    EXPECT_FALSE(person->Edit(1));
+    EXPECT_TRUE(g_CharChanges.IsLocked(subject.id));
+    return std::optional(given);
   };
   const auto chapter = g_Project->ChapterByID(1);
-  entityDialogs().chapter = [&](const ChapterDetails& details, bool) -> std::optional<ChapterDetails> {
-    calls += u"%1 words"_s.arg(details.Wordcount);
-    chapter->Edit();
-    return ChapterDetails{1, u"New name"_s, {}, 0};
+  entityDialogs().chapter = [&](const SheetSubject&, const ChapterDetails& given) {
+    calls += u"%1 words in %2"_s.arg(given.Wordcount).arg(given.SceneDescs.size());
+    EXPECT_FALSE(chapter->Edit());
+    return std::optional(ChapterDetails{u"New name"_s, {}});
   };
   EXPECT_TRUE(person->Edit(4));
-  chapter->Edit();
-  EXPECT_EQ(calls, (QStringList{u"edit 4"_s, u"1:2"_s, u"5 words"_s, u"0:1"_s}));
+  EXPECT_TRUE(chapter->Edit());
+  EXPECT_EQ(calls, (QStringList{u"edit 4"_s, u"1:2"_s, u"5 words in 2"_s, u"0:1"_s}));
   EXPECT_EQ(chapter->Title, u"New name"_s);
   EXPECT_FALSE(person->EditOpen || chapter->EditOpen || g_CharChanges.AnyLocked());
 }
 
+TEST_F(Project, WhatLeavesTheBookWhileItsDialogIsOpenIsNotSaved) {
+  const std::function<void()> leave[] = {[] { g_Project->RemoveCharByID(2); }, [] { newProject(); }};
+  for (const auto& go : leave) {
+    makeSmallProject();
+    entityDialogs().character = [&](const SheetSubject& subject, const CharacterDetails& given, qint32) {
+      EXPECT_TRUE(subject.isThere());
+      go();
+      EXPECT_FALSE(subject.isThere());
+      return std::optional(given);
+    };
+    EXPECT_FALSE(g_Project->CharByID(2)->Edit(0));
+    EXPECT_FALSE(g_CharChanges.AnyLocked());
+    makeSmallProject();
+  }
+  ScriptedToolkit screen;
+  entityDialogs().thing = [&](const SheetSubject&, const ThingDetails& given) {
+    newProject();
+    return std::optional(given);
+  };
+  EXPECT_FALSE(g_Project->EnterNewItem());
+  EXPECT_EQ(g_Project->ItemCount(), 0);
+}
+
 TEST_F(Project, ADialogThatFailsCountsAsCancelledAndReleasesItsRecord) {
-  entityDialogs().character = [](clsCharacter&, qint32) -> bool { throw RuntimeError(RuntimeError::OutOfMemory); };
-  entityDialogs().chapter = [](const ChapterDetails&, bool) -> std::optional<ChapterDetails> {
+  entityDialogs().character = [](const SheetSubject&, const CharacterDetails&,
+                                 qint32) -> std::optional<CharacterDetails> {
+    throw RuntimeError(RuntimeError::OutOfMemory);
+  };
+  entityDialogs().chapter = [](const SheetSubject&, const ChapterDetails&) -> std::optional<ChapterDetails> {
     throw RuntimeError(RuntimeError::OutOfMemory);
   };
   const auto person = g_Project->CharByID(2);
   const auto chapter = g_Project->ChapterByID(1);
-  EXPECT_FALSE(person->Edit(0));
-  chapter->Edit();
+  EXPECT_FALSE(person->Edit(0) || chapter->Edit());
   EXPECT_FALSE(g_Project->EnterNewChapter());
   EXPECT_FALSE(person->EditOpen || chapter->EditOpen || g_CharChanges.AnyLocked());
   EXPECT_TRUE(Logging().CurrentAction().contains(u"(7) in Add of module clsChapter"_s));

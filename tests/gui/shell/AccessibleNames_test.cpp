@@ -6,6 +6,9 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/sheets/frmEditChapter.h"
+#include "gui/sheets/frmEditCharacter.h"
+#include "gui/sheets/frmEditThing.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmEditProject.h"
@@ -76,6 +79,10 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   frmAbout about(&window());
   const frmLostAndFound lost(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
+  const SheetSubject subject{EntityKind::Item, 1, nullptr};
+  const frmEditChapter chapter(subject);
+  const frmEditCharacter character(subject);
+  const frmEditThing thing(subject);
   EXPECT_EQ(nameless(), QStringList());
 }
 

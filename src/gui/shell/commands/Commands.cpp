@@ -1,7 +1,9 @@
 #include "gui/shell/commands/Commands.h"
 
 #include "gui/shell/commands/CastCommands.h"
+#include "gui/shell/commands/ChapterCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
+#include "gui/shell/commands/SceneCommands.h"
 #include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
@@ -11,6 +13,8 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ProjectCommands>(main));
   main.addCommands(std::make_unique<SettingsCommands>(main));
   main.addCommands(std::make_unique<CastCommands>(main));
+  main.addCommands(std::make_unique<ChapterCommands>(main));
+  main.addCommands(std::make_unique<SceneCommands>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
 }

@@ -3,9 +3,11 @@
 #include "core/infra/cSharedGetDate.h"
 #include "core/model/SceneEditor.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/sheets/EntitySheets.h"
 #include "gui/toolkit/fSHAREDGetDate.h"
 
 void registerWindows() {
   sceneEditorFactory() = [] { return new frmEditor; };
+  registerSheets();
   cSharedGetDate::installWindow(&fSHAREDGetDate::run);
 }

@@ -11,6 +11,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/Rtf.h"
+#include "gui/shell/windows/SceneRemoval.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/ProportionalSplitter.h"
@@ -367,9 +368,7 @@ bool frmLostAndFound::mayRemove(const std::vector<LostText>& scenes) const {
       toolkit().MsgBox(u"Please close all editor windows first"_s);
       return false;
     }
-    if (!LostAndFound::mayBeRemoved(*scene)) {
-      toolkit().MsgBox(u"The text of "_s + quoted(shownTitle(lost)) +
-                       u" isn't in a file yet and would be lost. Please save the project first."_s);
+    if (!mayLeaveBook(*scene)) {
       return false;
     }
   }

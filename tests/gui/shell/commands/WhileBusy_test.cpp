@@ -51,8 +51,10 @@ class WhileBusyTest : public ShellTest {
 TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
   const QString path = smallProject();
   startWith(path);
-  for (const char* command : {"mnuLoadProj", "mnuRecent(1)", "mnuSaveProj", "mnuCloseProject", "mnuNewProj",
-                              "mnuWordUsageCount", "mnuLostAndFound", "mnuSettings"}) {
+  for (const char* command :
+       {"mnuLoadProj", "mnuRecent(1)", "mnuSaveProj", "mnuCloseProject", "mnuNewProj", "mnuWordUsageCount",
+        "mnuLostAndFound", "mnuSettings", "mnuFileNew", "mnuEditChapter", "mnuMarkChaptersUnused", "mnuRemoveChapter",
+        "mnuAddScene", "mnuStatus(0)", "mnuRemoveScene"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;

@@ -1,0 +1,141 @@
+#include "gui/shell/commands/ChapterCommands.h"
+
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/commands/BookScenes.h"
+#include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/views/ListView.h"
+
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Chapters = std::vector<std::shared_ptr<clsChapter>>;
+
+/// Those of the selected rows that are in the book.
+Chapters selectedIn(const ChapterPane& pane) {
+  Chapters chapters;
+  for (const qint32 id : pane.listChapters().SelectedTags()) {
+    if (g_Project->Chapters.ChapterIndex(id) > 0) {
+      chapters.push_back(g_Project->ChapterByID(id));
+    }
+  }
+  return chapters;
+}
+
+QList<qint32> scenesOf(const Chapters& chapters) {
+  QList<qint32> ids;
+  for (const auto& chapter : chapters) {
+    for (const qint32 id : chapter->SceneIDs()) {
+      ids.append(id);
+    }
+  }
+  return ids;
+}
+
+/// The count goes up while the list gets shorter: every second scene stays in the project, in no chapter.
+void removeWithScenes(clsChapter& chapter) {
+  for (qint32 i = 1; i <= chapter.SceneCount(); ++i) {
+    BookScenes::remove(chapter, chapter.SceneID(i));
+  }
+  Logging().LogEvent(u"Removed chapter "_s + chapter.Title);
+  g_Project->RemoveChapterByID(chapter.ID());
+}
+
+}  // namespace
+
+void ChapterCommands::bind(MenuBindings& menu) {
+  const auto bindTo = [&](const char* name, void (ChapterCommands::*command)()) {
+    menu.bind(name, [this, command] {
+      if (!g_Project->IsBusy()) {
+        (this->*command)();
+      }
+    });
+  };
+  bindTo("mnuFileNew", &ChapterCommands::mnuFileNew_Click);
+  bindTo("mnuEditChapter", &ChapterCommands::mnuEditChapter_Click);
+  bindTo("mnuMarkEndBeginning", &ChapterCommands::mnuMarkEndBeginning_Click);
+  bindTo("mnuMarkEndMiddle", &ChapterCommands::mnuMarkEndMiddle_Click);
+  bindTo("mnuMarkChaptersUnused", &ChapterCommands::mnuMarkChaptersUnused_Click);
+  bindTo("mnuRemoveChapter", &ChapterCommands::mnuRemoveChapter_Click);
+}
+
+void ChapterCommands::showChanged() {
+  main_.ProjectChanged = true;
+  main_.RefreshAll();
+}
+
+void ChapterCommands::mnuFileNew_Click() {
+  if (!g_Project->EnterNewChapter()) {
+    return;
+  }
+  showChanged();
+  main_.panes().chapters().SelectChapter(g_Project->Chapters.ChapterID(g_Project->ChapterCount()));
+  main_.panes().FillSceneList(0);
+}
+
+void ChapterCommands::mnuEditChapter_Click() {
+  const qint32 id = main_.panes().chapters().SelectedChapterID();
+  if (g_Project->Chapters.ChapterIndex(id) > 0 && g_Project->ChapterByID(id)->Edit()) {
+    showChanged();
+  }
+}
+
+void ChapterCommands::mnuMarkEndBeginning_Click() {
+  markEnd(g_Project->EndBeginningChID);
+}
+
+void ChapterCommands::mnuMarkEndMiddle_Click() {
+  markEnd(g_Project->EndMiddleChID);
+}
+
+void ChapterCommands::markEnd(qint32& section) {
+  const qint32 id = main_.panes().chapters().SelectedChapterID();
+  if (id != 0) {
+    section = id;
+    showChanged();
+  }
+}
+
+// Scenes that were marked by hand lose their mark.
+void ChapterCommands::mnuMarkChaptersUnused_Click() {
+  const Chapters chapters = selectedIn(main_.panes().chapters());
+  if (chapters.empty()) {
+    return;
+  }
+  bool refused = false;
+  for (const auto& chapter : chapters) {
+    chapter->Unused = !chapter->Unused;
+    for (const qint32 id : chapter->SceneIDs()) {
+      refused = !BookScenes::change(id, [&](clsScene& scene) { scene.Unused = chapter->Unused; }) || refused;
+    }
+  }
+  g_Project->SaveQN4(false);
+  showChanged();
+  BookScenes::tellRefused(refused);
+}
+
+// The menu doesn't offer this while a scene is open; the Delete key comes here all the same.
+void ChapterCommands::mnuRemoveChapter_Click() {
+  const Chapters chapters = selectedIn(main_.panes().chapters());
+  if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters))) {
+    return;
+  }
+  if (toolkit().MsgBox(u"This will remove the selected chapter(s) and their scenes from your project. Are you sure?"_s,
+                       Buttons::YesNo) != Answer::Yes) {
+    return;
+  }
+  for (const auto& chapter : chapters) {
+    removeWithScenes(*chapter);
+  }
+  g_Project->SaveQN4(false);
+  showChanged();
+}

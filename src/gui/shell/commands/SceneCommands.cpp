@@ -1,0 +1,101 @@
+#include "gui/shell/commands/SceneCommands.h"
+
+#include "core/infra/Toolkit.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/commands/BookScenes.h"
+#include "gui/shell/main/ChapterPane.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ScenePane.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/views/ListView.h"
+
+using namespace Qt::StringLiterals;
+
+void SceneCommands::bind(MenuBindings& menu) {
+  const auto bindTo = [&](const char* name, auto command) {
+    menu.bind(name, [command](const MenuChoice& chosen) {
+      if (!g_Project->IsBusy()) {
+        command(chosen.index);
+      }
+    });
+  };
+  bindTo("mnuAddScene", [this](int) { mnuAddScene_Click(); });
+  bindTo("mnuMarkScenesUnused", [this](int) { mnuMarkScenesUnused_Click(); });
+  bindTo("mnuStatus", [this](int index) { mnuStatus_Click(index); });
+  bindTo("mnuRemoveScene", [this](int) { RemoveScenes(false); });
+  bindTo("mnuDeleteScene", [this](int) { RemoveScenes(true); });
+}
+
+QList<qint32> SceneCommands::selected() const {
+  return main_.panes().scenes().listScenes().SelectedTags();
+}
+
+void SceneCommands::mnuAddScene_Click() {
+  const qint32 chapter = main_.panes().chapters().SelectedChapterID();
+  if (g_Project->Chapters.ChapterIndex(chapter) > 0 && g_Project->CreateNewScene(chapter, 0)) {
+    main_.panes().FillSceneList(0);
+    main_.ProjectChanged = true;
+  }
+}
+
+void SceneCommands::mnuMarkScenesUnused_Click() {
+  const QList<qint32> scenes = selected();
+  if (scenes.isEmpty()) {
+    return;
+  }
+  bool refused = false;
+  for (const qint32 id : scenes) {
+    refused = !BookScenes::change(id, [](clsScene& scene) { scene.Unused = !scene.Unused; }) || refused;
+  }
+  main_.ProjectChanged = true;
+  main_.RefreshAll();
+  BookScenes::tellRefused(refused);
+}
+
+// Element 0 of the menu is the status 1.
+void SceneCommands::mnuStatus_Click(int Index) {
+  const QList<qint32> scenes = selected();
+  if (scenes.isEmpty()) {
+    return;
+  }
+  bool refused = false;
+  for (const qint32 id : scenes) {
+    const auto setStatus = [Index](clsScene& scene) { scene.Status = static_cast<qint16>(Index + 1); };
+    refused = !BookScenes::change(id, setStatus) || refused;
+  }
+  main_.ProjectChanged = true;
+  main_.panes().FillSceneList(0);
+  BookScenes::tellRefused(refused);
+}
+
+void SceneCommands::RemoveScenes(bool AlsoDeleteFile) {
+  const qint32 chapterID = main_.panes().chapters().SelectedChapterID();
+  if (g_Project->Chapters.ChapterIndex(chapterID) < 1) {
+    return;
+  }
+  const QList<qint32> scenes = selected();
+  if (scenes.isEmpty()) {
+    toolkit().MsgBox(u"Select a scene first"_s);
+    return;
+  }
+  if (!BookScenes::mayRemove(main_, scenes) ||
+      toolkit().MsgBox(u"Remove selected scene(s) from your project?"_s, Buttons::YesNo) != Answer::Yes) {
+    return;
+  }
+  const auto chapter = g_Project->ChapterByID(chapterID);
+  for (const qint32 id : scenes) {
+    const auto scene = g_Project->SceneByID(id);
+    BookScenes::remove(*chapter, id);
+    if (AlsoDeleteFile) {
+      scene->EraseScene();
+    }
+  }
+  g_Project->SaveQN4(false);
+  main_.ProjectChanged = true;
+  // The row in the place of the removed one is selected; then its chapter's counts are written too.
+  main_.panes().FillSceneList(0);
+  main_.RefreshAll();
+}
