@@ -118,7 +118,7 @@ void ChapterCommands::mnuMarkChaptersUnused_Click() {
       refused = !BookScenes::change(id, [&](clsScene& scene) { scene.Unused = chapter->Unused; }) || refused;
     }
   }
-  g_Project->SaveQN4(false);
+  main_.session().saveChange();
   showChanged();
   BookScenes::tellRefused(refused);
 }
@@ -136,6 +136,6 @@ void ChapterCommands::mnuRemoveChapter_Click() {
   for (const auto& chapter : chapters) {
     removeWithScenes(*chapter);
   }
-  g_Project->SaveQN4(false);
+  main_.session().saveChange();
   showChanged();
 }

@@ -93,7 +93,7 @@ void SceneCommands::RemoveScenes(bool AlsoDeleteFile) {
       scene->EraseScene();
     }
   }
-  g_Project->SaveQN4(false);
+  main_.session().saveChange();
   main_.ProjectChanged = true;
   // The row in the place of the removed one is selected; then its chapter's counts are written too.
   main_.panes().FillSceneList(0);

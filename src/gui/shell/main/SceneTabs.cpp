@@ -143,11 +143,14 @@ SceneTabs::CastLists SceneTabs::buildLists(int tab, const QString& array, const 
   const QString caption = tabText(tab);
   const CastLists lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
                         plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
+  lists.inScene->setToolTip(u"Press Delete, or drag rows to the list of all, to take them out of this scene."_s);
+  lists.all->setToolTip(u"Press Insert, or drag rows to the list above or to selected scenes, to add them."_s);
   QVBoxLayout* column = columnOf(tab);
   column->addWidget(makeLabelOf(u"In this scene:"_s, *lists.inScene));
   column->addWidget(lists.inScene, 1);
   column->addWidget(makeLabelOf(u"All:"_s, *lists.all));
   column->addWidget(lists.all, 1);
+  lists.inScene->setEmptyText(u"None in this scene yet.\nPress Insert in the list below, or drag from it."_s);
   return lists;
 }
 
