@@ -55,7 +55,7 @@ TEST_F(ChapterCommandsTest, ANewChapterIsSavedAndSelected) {
   editing(u"Epilogue"_s, Qt::Key_Return, [this] { trigger("mnuFileNew"); });
   EXPECT_EQ(cell("ListChapters", 3, 0), u"Epilogue"_s);
   EXPECT_EQ(selectedChapter(), 4);
-  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 0);
+  EXPECT_EQ(list("ListScenes").rowCount(), 0);
   EXPECT_TRUE(fileBytes(path).contains("Epilogue"));
   EXPECT_TRUE(window().ProjectChanged);
   window().ProjectChanged = false;
@@ -126,7 +126,7 @@ TEST_F(ChapterCommandsTest, RemovedChaptersLeaveEverySecondSceneInNoChapter) {
     left.append(scene->ID());
   }
   EXPECT_EQ(left, (QList<qint32>{2, 4}));
-  EXPECT_EQ(list("ListChapters").topLevelItemCount(), 1);
+  EXPECT_EQ(list("ListChapters").rowCount(), 1);
   EXPECT_TRUE(window().ProjectChanged);
   EXPECT_FALSE(fileBytes(path).contains("Arrival</Title>"));
   EXPECT_EQ(filesBelow(folder.path()).keys(), files) << "texts stay on the disk";

@@ -33,11 +33,11 @@ TEST_F(SceneCommandsTest, AnAddedSceneIsInTheListWhenItsEditorHasSavedIt) {
     const WhenModal whenUp([](QWidget& editor) { editor.close(); });
     trigger("mnuAddScene");
   }
-  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 2);
+  EXPECT_EQ(list("ListScenes").rowCount(), 2);
   EXPECT_FALSE(window().ProjectChanged);
   const WhenModal whenUp([](QWidget& editor) { childOf<QPushButton>(editor, u"cmdSaveAndExit"_s).click(); });
   trigger("mnuAddScene");
-  EXPECT_EQ(list("ListScenes").topLevelItemCount(), 3);
+  EXPECT_EQ(list("ListScenes").rowCount(), 3);
   EXPECT_EQ(g_Project->SceneCount(), 6);
   EXPECT_TRUE(window().ProjectChanged);
 }
