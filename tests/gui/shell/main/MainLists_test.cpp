@@ -9,6 +9,7 @@
 #include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
+#include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 
 #include <QApplication>
@@ -162,11 +163,14 @@ TEST_F(MainListsTest, TabWalksFromLeftToRight) {
 
 TEST_F(MainListsTest, EnterDoesWhatADoubleClickDoes) {
   startWith(smallProject());
-  int chapters = 0;
-  QObject::connect(&window().panes(), &MainPanes::chapterOpened, &window(), [&] { ++chapters; });
-  list("ListChapters").setFocus();
-  QTest::keyClick(&list("ListChapters"), Qt::Key_Return);
-  EXPECT_EQ(chapters, 1);
+  {
+    const WhenModal whenUp([](QWidget& sheet) {
+      EXPECT_EQ(sheet.objectName(), u"frmEditChapter"_s);
+      sheet.close();
+    });
+    list("ListChapters").setFocus();
+    QTest::keyClick(&list("ListChapters"), Qt::Key_Return);
+  }
   EXPECT_FALSE(window().Editing());
   list("ListScenes").setFocus();
   QTest::keyClick(&list("ListScenes"), Qt::Key_Enter);
