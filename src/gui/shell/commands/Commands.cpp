@@ -2,6 +2,7 @@
 
 #include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ChapterCommands.h"
+#include "gui/shell/commands/NewProjectCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
 #include "gui/shell/commands/SceneCommands.h"
 #include "gui/shell/commands/SettingsCommands.h"
@@ -11,6 +12,7 @@
 
 void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ProjectCommands>(main));
+  main.addCommands(std::make_unique<NewProjectCommands>(main));
   main.addCommands(std::make_unique<SettingsCommands>(main));
   main.addCommands(std::make_unique<CastCommands>(main));
   main.addCommands(std::make_unique<ChapterCommands>(main));

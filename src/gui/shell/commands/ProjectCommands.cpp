@@ -8,8 +8,6 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
-#include "gui/shell/commands/modCreateProject.h"
-#include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/frmMain.h"
 
@@ -46,7 +44,6 @@ void ProjectCommands::bind(MenuBindings& menu) {
   menu.bind("mnuSaveProj", [this] { mnuSaveProj_Click(); });
   menu.bind("mnuSaveAs", [this] { mnuSaveAs_Click(); });
   menu.bind("mnuCloseProject", [this] { mnuCloseProject_Click(); });
-  menu.bind("mnuNewProj", [this] { mnuNewProj_Click(); });
   menu.bind("mnuAppendProject", [this] { mnuAppendProject_Click(); });
   menu.bind("mnuSaveToSingleFile", [this] { mnuSaveToSingleFile_Click(); });
 }
@@ -121,21 +118,6 @@ void ProjectCommands::mnuCloseProject_Click() {
     return;
   }
   main_.session().CloseProject();
-}
-
-void ProjectCommands::mnuNewProj_Click() {
-  if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
-    return;
-  }
-  if (!main_.session().mayReplaceProject()) {
-    return;
-  }
-  const ScanPause pause;
-  const bool created = CreateEmptyProject();
-  created ? main_.EnableMenus() : main_.DisableMenus();
-  main_.panes().ClearLists();
-  main_.RefreshAll();
-  main_.ProjectChanged = false;
 }
 
 void ProjectCommands::mnuAppendProject_Click() {

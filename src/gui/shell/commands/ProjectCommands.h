@@ -19,7 +19,6 @@ class ProjectCommands : public CommandGroup {
   void mnuSaveProj_Click();
   void mnuSaveAs_Click();
   void mnuCloseProject_Click();
-  void mnuNewProj_Click();
   void mnuAppendProject_Click();
   void mnuSaveToSingleFile_Click();
 

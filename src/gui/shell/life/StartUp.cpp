@@ -162,9 +162,8 @@ void StartUp::fillStatusMenu() const {
   main_.menus().loadElements(u"mnuStatus"_s, elements);
 }
 
-// The greeting points to the wizard, so it comes back with that.
 void StartUp::greetFirstRun() const {
-  if (!Files().FileExists(g_SettingsFile) && main_.menus().isBuilt(u"mnuProjectGen"_s)) {
+  if (!Files().FileExists(g_SettingsFile)) {
     toolkit().MsgBox(
         u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard' to help you get "
         "started:\nJust click the Project menu, followed by 'New Project Wizard'"_s);

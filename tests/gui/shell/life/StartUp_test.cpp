@@ -33,14 +33,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Stands for commands that the start points to.
+/// Stands for a command that the start points to.
 class BuiltLater : public CommandGroup {
  public:
   void bind(MenuBindings& menu) override {
     menu.bind("mnuBackupProject", [] {});
-    menu.bind("mnuProjectGen", [] {});
   }
 };
+
+const QString kGreeting =
+    u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard' to help you get "
+    u"started:\n"
+    "Just click the Project menu, followed by 'New Project Wizard'"_s;
 
 void addLaterCommands(frmMain& main) {
   main.addCommands(std::make_unique<BuiltLater>());
@@ -50,8 +54,9 @@ void addLaterCommands(frmMain& main) {
 
 using StartUpTest = ShellTest;
 
-// Nobody is greeted with a way to a wizard that isn't there, nor reminded of a backup that nothing makes.
-TEST_F(StartUpTest, AFirstRunStartsWithAllDefaults) {
+// Whoever is new here is shown the way to the wizard, and not reminded of a backup that nothing makes.
+TEST_F(StartUpTest, AFirstRunGreetsAndStartsWithAllDefaults) {
+  toolkit.expectBox(kGreeting);
   start();
   EXPECT_EQ(panel("backup"), QString());
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
@@ -218,14 +223,6 @@ TEST_F(StartUpTest, ALastProjectThatHasGoneOpensNothingAndSaysNothing) {
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
 }
 
-TEST_F(StartUpTest, GreetsTheFirstRunOnceTheWizardIsThere) {
-  prepare = addLaterCommands;
-  toolkit.expectBox(u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard'"_s);
-  start();
-  writeSettings({u"Keep,me"_s});
-  start();
-}
-
 TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeekWhereOneCanBeMade) {
   prepare = addLaterCommands;
   Clock::set(QDateTime(QDate(2026, 3, 15), QTime(12, 0)));
@@ -293,12 +290,12 @@ TEST_F(StartUpTest, FillsTheMenusThatComeFromLists) {
 }
 
 TEST_F(StartUpTest, TheManualIsOfferedOnlyWhereThereIsOne) {
-  start();
+  startWith({});
   EXPECT_FALSE(isShown("mnuManual"));
   const QString manual = Paths::programFolder() + u"Help/index.html"_s;
   ASSERT_TRUE(QDir().mkpath(QFileInfo(manual).path()));
   writeFile(manual, "<p>Help</p>");
-  start();
+  startWith({});
   EXPECT_TRUE(isShown("mnuManual"));
   trigger("mnuManual");
   EXPECT_EQ(toolkit.openedDocuments, QStringList({QUrl::fromLocalFile(manual).toString(QUrl::FullyEncoded)}));

@@ -43,7 +43,7 @@ TEST_F(MainMenuBarTest, WhatIsNotBuiltIsDisabledInEveryStateAndSaysSo) {
   EXPECT_TRUE(isEnabled("mnuSaveProj"));
   EXPECT_NE(control<QAction>("mnuSaveProj").toolTip(), u"not in this version yet"_s);
   window().DisableMenus();
-  EXPECT_FALSE(isEnabled("mnuProjectGen"));
+  EXPECT_FALSE(isEnabled("mnuImportQuillane2"));
   EXPECT_TRUE(isEnabled("mnuLoadProj"));
 }
 
