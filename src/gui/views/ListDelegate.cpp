@@ -44,6 +44,14 @@ QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
   return size;
 }
 
+// The field in a row is spoken of by the title of its column.
+QWidget* ListDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const {
+  QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
+  editor->setAccessibleName(model_.headerData(index.column(), Qt::Horizontal, Qt::AccessibleTextRole).toString());
+  return editor;
+}
+
 /// Neither cut by its column nor by the edge of the list.
 bool ListDelegate::isSeenWhole(const QStyleOptionViewItem& option, const QModelIndex& index) const {
   QStyleOptionViewItem cell = option;

@@ -261,6 +261,7 @@ void ListView::keyReleaseEvent(QKeyEvent* event) {
 
 void ListView::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
+  focusIsNew_ = true;
   update();
 }
 
@@ -288,7 +289,21 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
   QTreeView::mouseReleaseEvent(event);
+  focusIsNew_ = false;
   Q_EMIT buttonUp();
+}
+
+// The click that brings the keyboard back to a list is not yet one on its row.
+bool ListView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool wanted = trigger != QAbstractItemView::SelectedClicked || !focusIsNew_;
+  return QTreeView::edit(index, wanted ? trigger : QAbstractItemView::NoEditTriggers, event);
+}
+
+void ListView::finishEdit() {
+  if (QWidget* const editor = indexWidget(currentIndex())) {
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+  }
 }
 
 void ListView::endKey(int key) {

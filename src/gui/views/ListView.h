@@ -48,6 +48,8 @@ class ListView : public QTreeView {
   int rowOfTag(qint32 id) const { return model_->rowOfTag(id); }
   QString text(int row, int column) const { return model_->index(row, column).data().toString(); }
   void updateRow(int row) { model_->updateRow(row); }
+  /// Takes what is being typed into the selected row, if anything is.
+  void finishEdit();
 
   /// The selected row: the current one if it is selected, else the first selected; -1 when none is.
   int SelectedRow() const;
@@ -115,6 +117,7 @@ class ListView : public QTreeView {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void startDrag(Qt::DropActions supported) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
@@ -134,6 +137,8 @@ class ListView : public QTreeView {
 
   ListModel* model_;
   int keyDown_ = 0;
+  /// The keyboard has come here, and no click was made since.
+  bool focusIsNew_ = false;
   QString emptyText_;
   bool quiet_ = false;
   FillRule fill_;

@@ -60,7 +60,7 @@ constexpr int kWaitMs = 50;
 // The end of the program. Each step stands for itself: none may keep the next from running.
 
 void frmMain::EndProgram() {
-  if (Closing || g_Project->IsBusy()) {
+  if (Closing || g_Project->IsBusy() || !panes_->mayLeaveNotes() || ending_) {
     return;
   }
   Closing = true;
@@ -104,6 +104,7 @@ void frmMain::SaveAtOnce() {
   const Unattended nobody;
   const Guard guard("SaveAtOnce", "frmMain");
   guard([] { g_Project->SaveEditorWindows(); });
+  guard([&] { panes_->storeTypedNote(); });
   if (session_.isOnlyLookedAt()) {
     return;
   }

@@ -40,7 +40,7 @@ void MainPanes::buildLayout() {
   giveName(*TabStrip2, u"TabStrip2"_s, u"Scenes or notes"_s);
   TabStrip2->setDocumentMode(true);
   TabStrip2->addTab(FrameScenes, u"Scenes"_s);
-  TabStrip2->addTab(FrameNotes, u"Notes"_s);
+  TabStrip2->setTabToolTip(TabStrip2->addTab(FrameNotes, u"Notes"_s), NotesPane::hint());
   splitter_->setChildrenCollapsible(false);
   splitter_->addWidget(FrameChapters);
   splitter_->addWidget(TabStrip2);
@@ -64,6 +64,10 @@ void MainPanes::connectSignals() {
   }));
   connect(FrameChapters, &ChapterPane::chapterOpened, this, &MainPanes::chapterOpened);
   connect(FrameChapters, &ChapterPane::titlesEdited, this, &MainPanes::titlesEdited);
+  connect(FrameNotes, &NotesPane::notesChanged, this, &MainPanes::notesChanged);
+  connect(FrameNotes, &NotesPane::editingChanged, this, [this](bool editing) {
+    TabStrip2->setTabText(TabStrip2->indexOf(FrameNotes), editing ? u"Notes *"_s : u"Notes"_s);
+  });
   connect(FrameScenes, &ScenePane::sceneOpened, this,
           guarded("ListScenes_DblClick", kModule, this, &MainPanes::EditSelectedScene));
 }
@@ -108,6 +112,7 @@ void MainPanes::FillSceneList(int SelectIndex) {
 void MainPanes::ClearLists() {
   FrameChapters->clear();
   FrameScenes->clear();
+  FrameNotes->clear();
 }
 
 void MainPanes::showScenesTab() {
@@ -120,6 +125,7 @@ void MainPanes::setProjectOpen(bool open) {
                                      "begins one."_s);
   FrameScenes->setEmptyText(open ? u"No scenes yet.\nSelect a chapter, and Scene \u2013 Add scene adds one."_s
                                  : QString());
+  FrameNotes->setProjectOpen(open);
 }
 
 void MainPanes::showChanged(const QList<qint32>& sceneIDs) {
@@ -129,6 +135,18 @@ void MainPanes::showChanged(const QList<qint32>& sceneIDs) {
   if (sceneIDs.contains(FrameScenes->SelectedSceneID())) {
     FrameScenes->DisplaySelectedScene();
   }
+}
+
+// What is asked about is seen.
+bool MainPanes::mayLeaveNotes() {
+  if (FrameNotes->holdsTyped()) {
+    TabStrip2->setCurrentWidget(FrameNotes);
+  }
+  return FrameNotes->mayLeave();
+}
+
+void MainPanes::storeTypedNote() {
+  FrameNotes->storeTyped();
 }
 
 void MainPanes::EditSelectedScene() {

@@ -17,7 +17,7 @@ class MainPanes : public QWidget {
  public:
   explicit MainPanes(QWidget* parent = nullptr);
 
-  /// What stands in the lists where there is nothing, with and without a project.
+  /// What stands in the lists where there is nothing, with and without a project; notes can be had with one alone.
   void setProjectOpen(bool open);
 
   ChapterPane& chapters() const { return *FrameChapters; }
@@ -32,6 +32,11 @@ class MainPanes : public QWidget {
   /// No rows and no display, whatever the project holds. What is filled next selects its first rows.
   void ClearLists();
   void showScenesTab();
+
+  /// Asks about what is typed and stands in no note. False when the user goes on with it.
+  bool mayLeaveNotes();
+  /// The same goes into its note without a question.
+  void storeTypedNote();
 
   /// These scenes have changed: their rows and, for the selected one, the display.
   void showChanged(const QList<qint32>& sceneIDs);
@@ -50,6 +55,7 @@ class MainPanes : public QWidget {
   void titlesEdited();
   /// The selected rows of a list are to be removed by the command of this name.
   void removalWanted(const QString& command);
+  void notesChanged();
   /// An editor was opened, or brought forward.
   void sceneEdited();
 

@@ -106,6 +106,9 @@ bool ProjectSession::isOnlyLookedAt() const {
 }
 
 bool ProjectSession::mayReplaceProject() {
+  if (!main_.panes().mayLeaveNotes()) {
+    return false;
+  }
   if (g_Project->ReadOnly()) {
     return mayLeaveReadOnly();
   }

@@ -25,7 +25,8 @@ class ProjectSession {
   bool saveUnderNewName();
   /// What was changed in a book that was opened read-only is asked about. False when the user stays.
   bool mayLeaveReadOnly();
-  /// Saves what is to be saved; what can't be is asked about. False when the project has to stay.
+  /// Saves what is to be saved; what can't be, and a note that is being typed, is asked about. False when the project
+  /// has to stay.
   bool mayReplaceProject();
   /// True when it was done, and also when open editors stood in the way of saving. False when the project could not
   /// be saved and the user keeps it.

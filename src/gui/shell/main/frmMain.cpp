@@ -116,10 +116,12 @@ void frmMain::createShortcuts() {
 
 void frmMain::connectSignals() {
   connect(&Timer3, &QTimer::timeout, this, guarded("Timer3_Timer", kModule, this, &frmMain::Timer3_Timer));
-  connect(panes_, &MainPanes::titlesEdited, this, guarded("txtTitle_Change", kModule, [this] {
-            ProjectChanged = true;
-            showTitle();
-          }));
+  const auto keepInMind = [this] {
+    ProjectChanged = true;
+    showTitle();
+  };
+  connect(panes_, &MainPanes::titlesEdited, this, guarded("txtTitle_Change", kModule, keepInMind));
+  connect(panes_, &MainPanes::notesChanged, this, guarded("ListNotes_Change", kModule, keepInMind));
   connect(menus_, &MainMenuBar::chosen, this, guarded("mnu_Click", kModule, [this] { showRest(); }));
   connect(menus_, &MainMenuBar::hinted, this,
           guarded("mnu_MouseMove", kModule, [this](const QString& note) { status_->setHint(note); }));

@@ -187,14 +187,6 @@ TEST_F(MainPanesTest, TitleAndAuthorWriteThrough) {
   EXPECT_EQ(g_Project->AuthorName, QString());
 }
 
-TEST_F(MainPanesTest, TheNotesTabShowsTheNotes) {
-  control<QTabWidget>("TabStrip2").setCurrentIndex(1);
-  EXPECT_TRUE(list("ListNotes").isVisible());
-  EXPECT_EQ(row("ListNotes", 0), QStringList({u"To do"_s}));
-  EXPECT_EQ(control<QLineEdit>("txtNoteTitle").text(), u"To do"_s);
-  EXPECT_EQ(memo("txtNoteEditor"), u"Line one\nLine two"_s);
-}
-
 TEST_F(MainPanesTest, AllCharactersAreMajorsThenMinorsByTheirOrder) {
   for (const auto& [name, isMajor, order] :
        {std::tuple{u"M2"_s, true, 1}, {u"m"_s, false, 0}, {u"M1"_s, true, 0}, {u"M3"_s, true, 1}}) {
