@@ -28,8 +28,8 @@ double coverage(const char* key, int size) {
 }
 
 /// Of the strongest pixels of the picture.
-double bestContrast(const char* key, const QColor& background) {
-  const QImage picture = icon(key).pixmap(QSize(32, 32), 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
+double bestContrast(const char* key, int size, const QColor& background) {
+  const QImage picture = icon(key).pixmap(QSize(size, size), 1.0).toImage().convertToFormat(QImage::Format_ARGB32);
   double best = 1;
   for (int y = 0; y < picture.height(); ++y) {
     for (int x = 0; x < picture.width(); ++x) {
@@ -51,8 +51,11 @@ TEST(Icons, EveryKeyHasAPictureAtEverySizeThatListsAndMenusUse) {
 
 TEST(Icons, AreVisibleOnLightAndDarkWindows) {
   for (const char* key : kKeys) {
-    EXPECT_GT(bestContrast(key, Qt::white), 2.9) << key;
-    EXPECT_GT(bestContrast(key, QColor(0x2b, 0x2b, 0x2b)), 2.9) << key;
+    for (const QColor& window : {QColor(Qt::white), QColor(0x2b2b2b), QColor(0x1e1e1e)}) {
+      for (const int size : {16, 32}) {
+        EXPECT_GT(bestContrast(key, size, window), 2.9) << key << " at " << size << " on " << window.name();
+      }
+    }
   }
 }
 
