@@ -9,7 +9,6 @@
 #include "support/WaitFor.h"
 
 #include <QFile>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -49,19 +48,10 @@ class fSHAREDErrorRptTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(fSHAREDErrorRptTest, OpensWithTheErrorAlone) {
-  EXPECT_EQ(window->windowTitle(), u"Error Reporter"_s);
-  EXPECT_EQ(childOf<QLabel>(*window, u"lblError"_s).text(), u"An error has ocurred:"_s);
   EXPECT_EQ(text(u"txtError"_s)->toPlainText(), u"Error 61 - Disk full"_s);
   EXPECT_TRUE(text(u"txtLog"_s)->toPlainText().endsWith(u"100% \u0416\n"_s));
   EXPECT_FALSE(text(u"txtLog"_s)->isVisible());
   EXPECT_FALSE(text(u"txtUserMessage"_s)->isVisible());
-  EXPECT_EQ(button(u"cmdViewReport"_s)->toolTip(), u"If 'Submit Error' doesn't work, click here"_s);
-  for (const auto& [name, caption] :
-       {std::pair(u"cmdShowComments"_s, u"Enter Comments"_s), std::pair(u"cmdViewLog"_s, u"View Log File"_s),
-        std::pair(u"cmdEmail"_s, u"Submit Error Report"_s), std::pair(u"cmdViewReport"_s, u"View Error Report"_s),
-        std::pair(u"cmdExit"_s, u"Exit"_s)}) {
-    EXPECT_EQ(button(name)->text(), caption);
-  }
 }
 
 TEST_F(fSHAREDErrorRptTest, FramesAreShownOnce) {
@@ -69,7 +59,6 @@ TEST_F(fSHAREDErrorRptTest, FramesAreShownOnce) {
   EXPECT_TRUE(text(u"txtUserMessage"_s)->isVisible());
   EXPECT_FALSE(button(u"cmdShowComments"_s)->isEnabled());
   EXPECT_EQ(window->focusWidget(), text(u"txtUserMessage"_s));
-  EXPECT_EQ(childOf<QGroupBox>(*window, u"fraUserMessage"_s).title(), u"Enter your own comments here"_s);
   click(u"cmdViewLog"_s);
   EXPECT_TRUE(text(u"txtLog"_s)->isVisible());
   EXPECT_FALSE(button(u"cmdViewLog"_s)->isEnabled());
