@@ -5,6 +5,7 @@
 #include "core/infra/cSharedLogging.h"
 #include "support/FailingDisk.h"
 #include "support/Required.h"
+#include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
@@ -29,9 +30,7 @@ cSHAREDSettings loaded(const QByteArray& content) {
 QByteArray saved(cSHAREDSettings& settings) {
   const ScratchFolder folder;
   EXPECT_TRUE(settings.SaveSettings(folder.path(u"s.ini"_s)));
-  QByteArray content;
-  Files().LoadTextFile(folder.path(u"s.ini"_s), content);
-  return content;
+  return fileBytes(folder.path(u"s.ini"_s));
 }
 
 class FakeWindow : public SettingsWindow {
@@ -271,9 +270,7 @@ TEST(cSHAREDSettings, AFullDiskKeepsTheOldFileUntilTheRetry) {
   person.disk = &full;
   person.expectBox(u":\rPlease clear some space and then click Retry, else click Cancel to abort."_s, Answer::Cancel);
   EXPECT_FALSE(settings.SaveSettings(path));
-  QByteArray content;
-  Files().LoadTextFile(path, content);
-  EXPECT_EQ(content, "A,old\r\n");
+  EXPECT_EQ(fileBytes(path), "A,old\r\n");
   const QString former = QDir::currentPath();
   QDir::setCurrent(folder.path());
   person.expectBox(u"You've run out of disk space on drive /"_s, Answer::Cancel);
@@ -281,8 +278,7 @@ TEST(cSHAREDSettings, AFullDiskKeepsTheOldFileUntilTheRetry) {
   QDir::setCurrent(former);
   person.expectBox(u"You've run out of disk space on drive "_s, Answer::Retry);
   EXPECT_TRUE(settings.SaveSettings(path));
-  Files().LoadTextFile(path, content);
-  EXPECT_EQ(content, "A,new value\r\n");
+  EXPECT_EQ(fileBytes(path), "A,new value\r\n");
 }
 
 TEST(cSHAREDSettings, WhatStandsInTheWayOfASaveIsTold) {
@@ -313,9 +309,7 @@ TEST(cSHAREDSettings, AReadOnlyFileIsMadeWritableAndSaved) {
   settings.sSet(u"b"_s, u"x"_s);
   const ScriptedToolkit person;
   EXPECT_TRUE(settings.SaveSettings(path));
-  QByteArray content;
-  Files().LoadTextFile(path, content);
-  EXPECT_EQ(content, "A,old\r\nB,x\r\n");
+  EXPECT_EQ(fileBytes(path), "A,old\r\nB,x\r\n");
 }
 
 TEST(cSHAREDSettings, AWindowComesBackAtItsLastNormalSize) {
@@ -397,11 +391,8 @@ TEST(cSHAREDSettings, AFileThatCouldNotBeReadIsNotOverwritten) {
   ScriptedToolkit person;
   const ScratchFolder folder;
   const QString path = folder.path(u"s.ini"_s);
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("KEEP,precious\r\n");
-  file.close();
-  file.setPermissions(QFileDevice::WriteOwner);
+  writeFile(path, "KEEP,precious\r\n");
+  QFile::setPermissions(path, QFileDevice::WriteOwner);
   {
     const OrdinaryUser user;
     if (!user.limited()) {
@@ -413,8 +404,7 @@ TEST(cSHAREDSettings, AFileThatCouldNotBeReadIsNotOverwritten) {
     settings.sSet(u"NEW"_s, 1);
     settings.SaveSettings(path);
   }
-  QFile aside(QFile::exists(path + u".bak"_s) ? path + u".bak"_s : path);
-  aside.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-  ASSERT_TRUE(aside.open(QIODevice::ReadOnly));
-  EXPECT_EQ(aside.readAll(), "KEEP,precious\r\n");
+  const QString aside = QFile::exists(path + u".bak"_s) ? path + u".bak"_s : path;
+  QFile::setPermissions(aside, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+  EXPECT_EQ(fileBytes(aside), "KEEP,precious\r\n");
 }

@@ -1,25 +1,12 @@
 #include "core/infra/clsHashTable.h"
 
-#include "core/infra/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-bool throwsOutOfBounds(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& error) {
-    return error.number() == RuntimeError::OutOfBounds;
-  }
-  return false;
-}
-
-}  // namespace
 
 TEST(clsHashTable, EachAreaSeesAChangeOnce) {
   clsHashTable table;
@@ -41,11 +28,11 @@ TEST(clsHashTable, AnAreaOutsideOneToFiveIsAnErrorWithOrWithoutARecord) {
   table.MarkUpdated(1);
   for (const qint32 id : {1, 2}) {
     for (const int area : {0, 6, -1}) {
-      EXPECT_TRUE(throwsOutOfBounds([&] { (void)table.HasChanged(id, area); }));
-      EXPECT_TRUE(throwsOutOfBounds([&] { table.ResetChanged(id, area); }));
+      EXPECT_EQ(errorOf([&] { (void)table.HasChanged(id, area); }), RuntimeError::OutOfBounds);
+      EXPECT_EQ(errorOf([&] { table.ResetChanged(id, area); }), RuntimeError::OutOfBounds);
     }
   }
-  EXPECT_TRUE(throwsOutOfBounds([&] { table.ResetChangedByArea(6); }));
+  EXPECT_EQ(errorOf([&] { table.ResetChangedByArea(6); }), RuntimeError::OutOfBounds);
 }
 
 TEST(clsHashTable, KnowsWhetherAnyRecordIsLocked) {
@@ -83,7 +70,7 @@ TEST(clsHashTable, NamesWhatIsMarkedForAnAreaAndWhatIsLocked) {
   table.UnLockRec(4);
   EXPECT_EQ(table.changedIDs(4), IDs{});
   EXPECT_EQ(table.lockedIDs(), IDs{});
-  EXPECT_TRUE(throwsOutOfBounds([&] { (void)table.changedIDs(6); }));
+  EXPECT_EQ(errorOf([&] { (void)table.changedIDs(6); }), RuntimeError::OutOfBounds);
   table.MarkUpdated(2);
   table.Init();
   EXPECT_EQ(table.changedIDs(1), IDs{});

@@ -239,17 +239,6 @@ TEST_F(LoadSave, GivingUpTheQuestionKeepsTheProjectInMemory) {
   EXPECT_EQ(g_Project->FileWithPath, QString());
 }
 
-TEST_F(LoadSave, AFileThatCannotBeWrittenLeadsToTheQuestion) {
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  // A folder stands where the file should be: it can be neither erased nor opened.
-  ASSERT_TRUE(QDir().mkpath(scratch_.path(u"x/Small.qn4"_s)));
-  g_Project->FileWithPath = scratch_.path(u"x/Small.qn4"_s);
-  screen_.expectBox(u"Unable to save project. Please use Save As and choose a different location."_s);
-  screen_.expectFile(scratch_.path(u"y/Small.qn4"_s));
-  ASSERT_TRUE(g_Project->SaveQN4(true));
-  EXPECT_EQ(fileBytes(scratch_.path(u"y/Small.qn4"_s)), fileBytes(path_));
-}
-
 TEST_F(LoadSave, ASingleFileHoldsTheTextsAndTurnsIntoAFolderAgain) {
   const QByteArray single = savedAsSingleFile();
   EXPECT_EQ(filesBelow(scratch_.path(u"one"_s)).size(), 1);

@@ -246,9 +246,6 @@ TEST(cSharedHTML, EveryReplacementAgreesWithTheObviousOne) {
 }
 
 TEST(cSharedHTML, ValuesBetweenTags) {
-  EXPECT_EQ(Html().ExtractBetweenTags(u"x<A>1<a>2</A>3</a>"_s, u"<a>"_s, u"</a>"_s), u"12"_s);
-  EXPECT_EQ(Html().ExtractBetweenTags(u"x<a>1<b>"_s, u"<A>"_s, u"</A>"_s), u"1<b>"_s);
-  EXPECT_EQ(Html().ExtractBetweenTags(u"1</a>"_s, u"<a>"_s, u"</a>"_s), QString());
   EXPECT_EQ(Html().ExtractXMLArray(u"aXbxc"_s, u"x"_s), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
   EXPECT_EQ(Html().ExtractXMLArray(u"<L><i>1</I><i>2</i></L>"_s, u"<l>"_s, u"</l>"_s, u"</i>"_s),
             (QStringList{u"<L><i>1"_s, u"<i>2"_s, u"</L>"_s}));

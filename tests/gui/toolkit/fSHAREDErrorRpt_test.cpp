@@ -5,6 +5,7 @@
 #include "core/infra/cSharedLogging.h"
 #include "support/ModalHelper.h"
 #include "support/Required.h"
+#include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/WaitFor.h"
 
@@ -81,8 +82,7 @@ TEST_F(fSHAREDErrorRptTest, TheReportIsWrittenAndOpened) {
   click(u"cmdViewReport"_s);
   const QString path = Paths::temporaryFolder() + u"FullLog.txt"_s;
   EXPECT_EQ(person.openedDocuments, QStringList(path));
-  QByteArray report;
-  ASSERT_TRUE(Files().LoadTextFile(path, report));
+  const QByteArray report = fileBytes(path);
   EXPECT_TRUE(report.contains("\r\n\r\nError 61 - Disk full\r\n\r\n1 "));
   EXPECT_TRUE(report.endsWith("100% %u0416\r\n"));
   Files().EraseFile(path);
@@ -95,12 +95,9 @@ TEST_F(fSHAREDErrorRptTest, TheReportFollowsNoLink) {
   ASSERT_TRUE(QFile::link(kept, usual));
   ScriptedToolkit person;
   click(u"cmdViewReport"_s);
-  QByteArray content;
-  Files().LoadTextFile(kept, content);
-  EXPECT_EQ(content, "precious");
+  EXPECT_EQ(fileBytes(kept), "precious");
   ASSERT_EQ(person.openedDocuments.size(), 1);
-  ASSERT_TRUE(Files().LoadTextFile(person.openedDocuments[0], content));
-  EXPECT_TRUE(content.contains("Disk full"));
+  EXPECT_TRUE(fileBytes(person.openedDocuments[0]).contains("Disk full"));
   for (const QString& path : {usual, kept, person.openedDocuments[0]}) {
     Files().EraseFile(path);
   }
