@@ -3,11 +3,10 @@
 #include <QByteArray>
 #include <QList>
 
-#include <random>
-
 /// Damages bytes in the ways that files get damaged: cut off, bits turned, pieces doubled, lost or moved, and
 /// some of `snippets` put in. The same generator state gives the same damage.
-inline QByteArray mutated(QByteArray bytes, std::mt19937& random, const QList<QByteArray>& snippets) {
+template <class Generator>
+QByteArray mutated(QByteArray bytes, Generator& random, const QList<QByteArray>& snippets) {
   const auto below = [&](qsizetype limit) {
     return limit <= 0 ? qsizetype{0} : static_cast<qsizetype>(random() % static_cast<quint64>(limit));
   };

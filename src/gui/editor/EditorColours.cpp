@@ -19,10 +19,6 @@ quint32 colourSetting(const QString& key, quint32 otherwise) {
   return static_cast<quint32>(static_cast<qint64>(*number));
 }
 
-QColor readableOn(const QColor& background) {
-  return qGray(background.rgb()) < 128 ? Qt::white : Qt::black;
-}
-
 }  // namespace
 
 EditorColours EditorColours::fromSettings() {
@@ -45,7 +41,7 @@ void EditorColours::applyTo(RichTextBox& pane) const {
   if (!Colours::isSystem(EditorFG)) {
     palette.setColor(QPalette::Text, Colours::toQt(EditorFG));
   } else if (!Colours::isSystem(EditorBG)) {
-    palette.setColor(QPalette::Text, readableOn(Colours::toQt(EditorBG)));
+    palette.setColor(QPalette::Text, Colours::textOn(Colours::toQt(EditorBG)));
   }
   pane.setPalette(palette);
 }

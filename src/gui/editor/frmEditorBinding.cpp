@@ -111,7 +111,7 @@ void frmEditor::mnuTop20_Click() {
   const BusyPointer pointer;
   clsHashTable table;
   BreakAndHash(table, txtMain->Text());
-  frmWordCount::showOver(*this, table, true);
+  frmWordCount::showOver(*this, table);
 }
 
 bool frmEditor::SaveChanges(bool) {

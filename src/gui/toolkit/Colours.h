@@ -33,4 +33,15 @@ inline quint32 fromQt(const QColor& colour) {
          static_cast<quint32>(colour.blue()) << 16;
 }
 
+/// How well text of one colour reads on another: 1 for the same, 21 for black on white.
+double contrast(const QColor& a, const QColor& b);
+
+/// A told colour as text on what the palette puts behind text. Told colours were chosen for white paper: there they
+/// stand as they are, also where their contrast is low. On any other ground a colour that doesn't read with ease has
+/// a counterpart that does, of the same hue, with a contrast of at least 4.5.
+QColor readable(quint32 colour, const QPalette& palette, QPalette::ColorRole ground = QPalette::Base);
+
+/// Black or white, whichever reads better on a background.
+QColor textOn(const QColor& background);
+
 }  // namespace Colours

@@ -6,6 +6,7 @@
 #include "gui/toolkit/GuardedSlot.h"
 
 #include <QAbstractTableModel>
+#include <QAction>
 #include <QCollator>
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -74,6 +75,9 @@ class frmWordCount::Rows : public QAbstractTableModel {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
       return section == kWord ? u"Word"_s : u"Count"_s;
     }
+    if (orientation == Qt::Horizontal && role == Qt::ToolTipRole) {
+      return section == kWord ? u"Click to sort by word (Ctrl+1)"_s : u"Click to sort by count (Ctrl+2)"_s;
+    }
     return orientation == Qt::Horizontal && role == Qt::TextAlignmentRole ? alignmentOf(section) : QVariant();
   }
 
@@ -140,10 +144,11 @@ class frmWordCount::Rows : public QAbstractTableModel {
 frmWordCount::frmWordCount(QWidget* parent) : QDialog(parent), rows_(new Rows(this)) {
   setObjectName(u"frmWordCount"_s);
   setWindowTitle(u"Word Usage Counts"_s);
+  buildList();
   buildLayout();
 }
 
-void frmWordCount::buildLayout() {
+void frmWordCount::buildList() {
   ListView1 = new QTreeView(this);
   giveName(*ListView1, u"ListView1"_s, u"Words and how often they are used"_s);
   ListView1->setModel(rows_);
@@ -159,15 +164,33 @@ void frmWordCount::buildLayout() {
   header->setSectionsClickable(true);
   connect(header, &QHeaderView::sectionClicked, this,
           guarded("ListView1_ColumnClick", "frmWordCount", this, &frmWordCount::ListView1_ColumnClick));
+  ListView1->setContextMenuPolicy(Qt::ActionsContextMenu);
+  addSortAction(kWord, u"SortByWord"_s, u"Sort by &Word"_s, Qt::Key_1);
+  addSortAction(kCount, u"SortByCount"_s, u"Sort by &Count"_s, Qt::Key_2);
+}
 
+void frmWordCount::addSortAction(int column, const QString& name, const QString& caption, int key) {
+  auto* action = new QAction(caption, ListView1);
+  action->setObjectName(name);
+  action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(key)));
+  connect(action, &QAction::triggered, this,
+          guarded("ListView1_ColumnClick", "frmWordCount", [this, column] { ListView1_ColumnClick(column); }));
+  ListView1->addAction(action);
+}
+
+void frmWordCount::buildLayout() {
   lblInfo = makeLabel(u"lblInfo"_s, {}, this);
   lblInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lblScope = makeLabel(u"lblScope"_s, {}, this);
+  lblScope->setWordWrap(true);
+  tellScope({});
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
   auto* column = new QVBoxLayout(this);
   column->addWidget(ListView1, 1);
   column->addWidget(lblInfo);
+  column->addWidget(lblScope);
   column->addWidget(buttons);
   resize(kFirstSize);
   ListView1->setFocus();
@@ -197,11 +220,17 @@ void frmWordCount::sortBy(int column) {
   ListView1->scrollToTop();
 }
 
-frmWordCount* frmWordCount::showOver(QWidget& window, const clsHashTable& table, bool sortByCount) {
+void frmWordCount::tellScope(const QString& scope) {
+  lblScope->setText(scope);
+  lblScope->setVisible(!scope.isEmpty());
+}
+
+frmWordCount* frmWordCount::showOver(QWidget& window, const clsHashTable& table, const QString& scope) {
   auto* form = new frmWordCount(&window);
   form->setAttribute(Qt::WA_DeleteOnClose);
   form->setWindowModality(Qt::ApplicationModal);
-  form->FillForm(table, sortByCount);
+  form->FillForm(table, true);
+  form->tellScope(scope);
   form->show();
   return form;
 }

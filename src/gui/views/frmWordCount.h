@@ -14,19 +14,26 @@ class frmWordCount : public QDialog {
   /// Shows every record of a table that was filled by text, and the sums. By count the most frequent stand first;
   /// otherwise they stand as they came. The table isn't needed any more afterwards.
   void FillForm(const clsHashTable& table, bool sortByCount = false);
-  /// The window over another one, filled, on the screen and in the way of all others; it goes when it is closed.
-  static frmWordCount* showOver(QWidget& window, const clsHashTable& table, bool sortByCount = false);
+  /// Says below the sums what was counted; nothing stands there by itself.
+  void tellScope(const QString& scope);
+  /// The window over another one, filled, on the screen and in the way of all others; it goes when it is closed. The
+  /// most frequent words stand first.
+  static frmWordCount* showOver(QWidget& window, const clsHashTable& table, const QString& scope = {});
 
  private:
   class Rows;
 
+  void buildList();
   void buildLayout();
+  /// A title takes the mouse alone; these do the same by the keyboard and the menu of the list.
+  void addSortAction(int column, const QString& name, const QString& caption, int key);
   void ListView1_ColumnClick(int column);
   void sortBy(int column);
 
   Rows* rows_;
   QTreeView* ListView1 = nullptr;
   QLabel* lblInfo = nullptr;
+  QLabel* lblScope = nullptr;
   /// Flipped by each click on a title, whichever column it is.
   bool ascending_ = false;
 };

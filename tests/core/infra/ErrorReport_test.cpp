@@ -27,14 +27,10 @@ const QString kEnd = u"&attachment=\"/home/a b/log.txt\""_s;
 
 }  // namespace
 
-TEST(ErrorReport, TheMailLinkIsEscaped) {
-  EXPECT_EQ(sample().mailLink(), kTo + kStart + u"Broke %26 fell%3F%0D%0A%0D%0A100%25%0D%0Anext"_s + kEnd);
-}
-
 TEST(ErrorReport, ACommentCountsOnceTheUserHasTyped) {
   ErrorReport report = sample();
   report.comment = u"I #typed\n\nthis"_s;
-  EXPECT_FALSE(report.mailLink().contains(u"typed"_s));
+  EXPECT_EQ(report.mailLink(), kTo + kStart + u"Broke %26 fell%3F%0D%0A%0D%0A100%25%0D%0Anext"_s + kEnd);
   report.commented = true;
   EXPECT_TRUE(report.mailLink().contains(u"%0D%0AUser: I %23typed%0D%0Athis%0D%0ABroke"_s));
   EXPECT_TRUE(report.plainText().contains(u"\r\n\r\nUser: I #typed\n\nthis\r\nBroke & fell?\r\n\r\n100%\r\nnext"_s));

@@ -10,9 +10,18 @@
 using namespace Qt::StringLiterals;
 using Mode = FileChannels::Mode;
 
-TEST(FileChannels, TheLowestFreeNumberIsGiven) {
+namespace {
+
+class FileChannelsTest : public ::testing::Test {
+ protected:
   const ScratchFolder folder;
+  const QString path = folder.path(u"file"_s);
   FileChannels channels;
+};
+
+}  // namespace
+
+TEST_F(FileChannelsTest, TheLowestFreeNumberIsGiven) {
   EXPECT_EQ(channels.Open(folder.path(u"a"_s), Mode::Output), 1);
   EXPECT_EQ(channels.Open(folder.path(u"b"_s), Mode::Output), 2);
   EXPECT_EQ(channels.Open(folder.path(u"c"_s), Mode::Output), 3);
@@ -20,10 +29,7 @@ TEST(FileChannels, TheLowestFreeNumberIsGiven) {
   EXPECT_EQ(channels.Open(folder.path(u"d"_s), Mode::Output), 2);
 }
 
-TEST(FileChannels, LinesAreWrittenAppendedAndReadBack) {
-  const ScratchFolder folder;
-  const QString path = folder.path(u"file"_s);
-  FileChannels channels;
+TEST_F(FileChannelsTest, LinesAreWrittenAppendedAndReadBack) {
   int number = channels.Open(path, Mode::Output);
   channels.PrintLine(number, "one");
   channels.PrintLine(number, u"zw\u00F6lf \u0416"_s);
@@ -47,20 +53,14 @@ TEST(FileChannels, LinesAreWrittenAppendedAndReadBack) {
   channels.Close(number);
 }
 
-TEST(FileChannels, ALineEndAcrossTheReadBufferIsOneEnd) {
-  const ScratchFolder folder;
-  const QString path = folder.path(u"file"_s);
+TEST_F(FileChannelsTest, ALineEndAcrossTheReadBufferIsOneEnd) {
   Files().WriteTextFile(path, QByteArray(65535, 'x') + "\r\nlast");
-  FileChannels channels;
   const int number = channels.Open(path, Mode::Input);
   EXPECT_EQ(channels.LineInput(number).size(), 65535);
   EXPECT_EQ(channels.LineInput(number), "last");
 }
 
-TEST(FileChannels, MistakesHaveTheirNumbers) {
-  const ScratchFolder folder;
-  const QString path = folder.path(u"file"_s);
-  FileChannels channels;
+TEST_F(FileChannelsTest, MistakesHaveTheirNumbers) {
   EXPECT_EQ(errorOf([&] { channels.Print(1, "x"); }), RuntimeError::BadFileName);
   EXPECT_EQ(errorOf([&] { channels.Close(-1); }), RuntimeError::BadFileName);
   EXPECT_EQ(errorOf([&] { channels.Open({}, Mode::Output); }), RuntimeError::BadFileName);
@@ -73,11 +73,8 @@ TEST(FileChannels, MistakesHaveTheirNumbers) {
   EXPECT_EQ(channels.Open(path, Mode::Input), number + 1) << "reading beside a writer is allowed";
 }
 
-TEST(FileChannels, AReplacementTakesTheFilesPlaceWhenItIsClosedAndOnlyThen) {
-  const ScratchFolder folder;
-  const QString path = folder.path(u"file"_s);
+TEST_F(FileChannelsTest, AReplacementTakesTheFilesPlaceWhenItIsClosedAndOnlyThen) {
   const auto content = [&] { return readWholeFile(path).value_or("gone"); };
-  FileChannels channels;
   const auto write = [&](const QByteArray& text) {
     const int number = channels.Open(path, Mode::Replace);
     channels.Print(number, text);
@@ -99,11 +96,9 @@ TEST(FileChannels, AReplacementTakesTheFilesPlaceWhenItIsClosedAndOnlyThen) {
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"file"_s});
 }
 
-TEST(FileChannels, ANewFileIsKnownAgainThroughALinkedFolder) {
-  const ScratchFolder folder;
+TEST_F(FileChannelsTest, ANewFileIsKnownAgainThroughALinkedFolder) {
   ASSERT_TRUE(QDir(folder.path()).mkdir(u"real"_s));
   ASSERT_TRUE(QFile::link(folder.path(u"real"_s), folder.path(u"link"_s)));
-  FileChannels channels;
   for (const Mode mode : {Mode::Replace, Mode::Output}) {
     const int number = channels.Open(folder.path(u"link/new"_s), mode);
     EXPECT_EQ(errorOf([&] { channels.Open(folder.path(u"real/new"_s), Mode::Append); }), RuntimeError::FileAlreadyOpen);
@@ -111,13 +106,11 @@ TEST(FileChannels, ANewFileIsKnownAgainThroughALinkedFolder) {
   }
 }
 
-TEST(FileChannels, AFullDiskIsToldAtTheLatestOnClosing) {
+TEST_F(FileChannelsTest, AFullDiskIsToldAtTheLatestOnClosing) {
   if (!FailingDisk::available()) {
     GTEST_SKIP();
   }
-  const ScratchFolder folder;
-  FileChannels channels;
-  const int number = channels.Open(folder.path(u"file"_s), Mode::Output);
+  const int number = channels.Open(path, Mode::Output);
   const FailingDisk full;
   channels.Print(number, "buffered");
   EXPECT_EQ(errorOf([&] { channels.Close(number); }), RuntimeError::DiskFull);
@@ -125,13 +118,11 @@ TEST(FileChannels, AFullDiskIsToldAtTheLatestOnClosing) {
 }
 
 // A hole in a file must not be papered over by what is printed behind it.
-TEST(FileChannels, AChannelThatFailedOnceStaysFailed) {
+TEST_F(FileChannelsTest, AChannelThatFailedOnceStaysFailed) {
   if (!FailingDisk::available()) {
     GTEST_SKIP();
   }
-  const ScratchFolder folder;
-  FileChannels channels;
-  const int number = channels.Open(folder.path(u"file"_s), Mode::Output);
+  const int number = channels.Open(path, Mode::Output);
   const QByteArray first(60000, 'A');
   const QByteArray second(10000, 'B');
   channels.Print(number, first);

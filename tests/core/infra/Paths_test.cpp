@@ -30,13 +30,6 @@ TEST(Paths, ABackslashIsALetterInAFullPathWhereSlashesPart) {
   }
 }
 
-TEST(Paths, FoldersEndInASeparator) {
-  for (const QString& folder :
-       {Paths::programFolder(), Paths::executableFolder(), Paths::documentsFolder(), Paths::temporaryFolder()}) {
-    EXPECT_TRUE(folder.endsWith(Paths::separator())) << folder;
-  }
-}
-
 TEST(Paths, InstalledFilesAreFoundBesideTheDataFirst) {
   const ScratchFolder folder;
   const QString former = Paths::programFolder();

@@ -5,6 +5,7 @@
 #include "core/infra/cSharedLogging.h"
 #include "support/FailingDisk.h"
 #include "support/Required.h"
+#include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
@@ -29,9 +30,7 @@ cSHAREDSettings loaded(const QByteArray& content) {
 QByteArray saved(cSHAREDSettings& settings) {
   const ScratchFolder folder;
   EXPECT_TRUE(settings.SaveSettings(folder.path(u"s.ini"_s)));
-  QByteArray content;
-  Files().LoadTextFile(folder.path(u"s.ini"_s), content);
-  return content;
+  return fileBytes(folder.path(u"s.ini"_s));
 }
 
 class FakeWindow : public SettingsWindow {
@@ -190,9 +189,8 @@ TEST(cSHAREDSettings, SetsGrowAndClose) {
   EXPECT_EQ(settings.SetCount(u"recent"_s), 4);
   EXPECT_TRUE(settings.ValueInSet(u"recent"_s, u" B"_s));
   settings.DeleteFromSetByValue(u"recent"_s, u"A"_s);
-  EXPECT_EQ(settings.LastIndexInSet(u"recent"_s), 3);
-  EXPECT_EQ(settings.sGet(u"recent_1"_s), u"taken"_s);
-  EXPECT_EQ(settings.sGet(u"recent_3"_s), u" A "_s) << "only the first of the equal ones goes";
+  EXPECT_EQ(saved(settings), "RECENT_INDEX, 3 \r\nRECENT_1,taken\r\nRECENT_2,b\r\nRECENT_3, A \r\n")
+      << "only the first of the equal ones goes, and the order stays";
   settings.DeleteFromSetByValue(u"recent"_s, u"nobody"_s);
   EXPECT_EQ(settings.SetCount(u"recent"_s), 3);
 
@@ -272,9 +270,7 @@ TEST(cSHAREDSettings, AFullDiskKeepsTheOldFileUntilTheRetry) {
   person.disk = &full;
   person.expectBox(u":\rPlease clear some space and then click Retry, else click Cancel to abort."_s, Answer::Cancel);
   EXPECT_FALSE(settings.SaveSettings(path));
-  QByteArray content;
-  Files().LoadTextFile(path, content);
-  EXPECT_EQ(content, "A,old\r\n");
+  EXPECT_EQ(fileBytes(path), "A,old\r\n");
   const QString former = QDir::currentPath();
   QDir::setCurrent(folder.path());
   person.expectBox(u"You've run out of disk space on drive /"_s, Answer::Cancel);
@@ -282,8 +278,7 @@ TEST(cSHAREDSettings, AFullDiskKeepsTheOldFileUntilTheRetry) {
   QDir::setCurrent(former);
   person.expectBox(u"You've run out of disk space on drive "_s, Answer::Retry);
   EXPECT_TRUE(settings.SaveSettings(path));
-  Files().LoadTextFile(path, content);
-  EXPECT_EQ(content, "A,new value\r\n");
+  EXPECT_EQ(fileBytes(path), "A,new value\r\n");
 }
 
 TEST(cSHAREDSettings, WhatStandsInTheWayOfASaveIsTold) {
@@ -314,16 +309,7 @@ TEST(cSHAREDSettings, AReadOnlyFileIsMadeWritableAndSaved) {
   settings.sSet(u"b"_s, u"x"_s);
   const ScriptedToolkit person;
   EXPECT_TRUE(settings.SaveSettings(path));
-  QByteArray content;
-  Files().LoadTextFile(path, content);
-  EXPECT_EQ(content, "A,old\r\nB,x\r\n");
-}
-
-TEST(cSHAREDSettings, LoadingReplacesTheTable) {
-  cSHAREDSettings settings;
-  settings.sSet(u"old"_s, 1);
-  settings.LoadSettings(u"/no/such/file"_s);
-  EXPECT_EQ(settings.SettingsCount(), 0);
+  EXPECT_EQ(fileBytes(path), "A,old\r\nB,x\r\n");
 }
 
 TEST(cSHAREDSettings, AWindowComesBackAtItsLastNormalSize) {
@@ -405,11 +391,8 @@ TEST(cSHAREDSettings, AFileThatCouldNotBeReadIsNotOverwritten) {
   ScriptedToolkit person;
   const ScratchFolder folder;
   const QString path = folder.path(u"s.ini"_s);
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("KEEP,precious\r\n");
-  file.close();
-  file.setPermissions(QFileDevice::WriteOwner);
+  writeFile(path, "KEEP,precious\r\n");
+  QFile::setPermissions(path, QFileDevice::WriteOwner);
   {
     const OrdinaryUser user;
     if (!user.limited()) {
@@ -421,22 +404,7 @@ TEST(cSHAREDSettings, AFileThatCouldNotBeReadIsNotOverwritten) {
     settings.sSet(u"NEW"_s, 1);
     settings.SaveSettings(path);
   }
-  QFile aside(QFile::exists(path + u".bak"_s) ? path + u".bak"_s : path);
-  aside.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-  ASSERT_TRUE(aside.open(QIODevice::ReadOnly));
-  EXPECT_EQ(aside.readAll(), "KEEP,precious\r\n");
-}
-
-TEST(cSHAREDSettings, DeletingAMemberKeepsTheOrderOfTheFile) {
-  cSHAREDSettings settings;
-  for (const QString& value : {u"a"_s, u"b"_s, u"c"_s}) {
-    settings.AddToSet(u"R"_s, value);
-  }
-  settings.sSet(u"Z"_s, 1);
-  settings.DeleteFromSetByValue(u"R"_s, u"a"_s);
-  QStringList names;
-  for (int i = 1; i <= settings.SettingsCount(); ++i) {
-    names += settings.SettingNameByIndex(i) + u'=' + settings.sGet(settings.SettingNameByIndex(i)).toString();
-  }
-  EXPECT_EQ(names, (QStringList{u"R_INDEX=2"_s, u"R_1=b"_s, u"R_2=c"_s, u"Z=1"_s}));
+  const QString aside = QFile::exists(path + u".bak"_s) ? path + u".bak"_s : path;
+  QFile::setPermissions(aside, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+  EXPECT_EQ(fileBytes(aside), "KEEP,precious\r\n");
 }

@@ -61,9 +61,9 @@ TEST_F(cSharedLoggingTest, TheNumberIsThatOfTheOpenChannel) {
   cSharedLogging log;
   log.OverrideLogFilename(path);
   const int other = Channels().Open(folder.path(u"other"_s), FileChannels::Mode::Output);
-  log.LogEvent(u"x"_s);
+  log.LogEvent(u"first\r\nsecond\nthird\rend"_s);
   Channels().Close(other);
-  EXPECT_EQ(lines(), QStringList(u"2 14:03:22, x"_s));
+  EXPECT_EQ(lines(), QStringList(u"2 14:03:22, first second third end"_s)) << "an event is one line";
 }
 
 TEST_F(cSharedLoggingTest, TheTwentyFirstMessageFlushesAllWithTheirOwnTimes) {
@@ -124,15 +124,6 @@ TEST_F(cSharedLoggingTest, TheNameFallsBackToTheProgramsFolder) {
   EXPECT_EQ(fresh.CurrentLogFilename(), Paths::programFolder() + u"log.txt"_s);
 }
 
-TEST_F(cSharedLoggingTest, TheQueueReachesTheFileAtTheEnd) {
-  {
-    cSharedLogging log;
-    log.OverrideLogFilename(path);
-    log.AddAction(u"one"_s);
-  }
-  EXPECT_EQ(lines(), QStringList(u"1 14:03:22, one"_s));
-}
-
 TEST_F(cSharedLoggingTest, ALogThatCannotBeErasedIsAppendedTo) {
   Files().WriteTextFile(path, QByteArray("1 00:00:00, old\r\n"));
   QFile::setPermissions(path, QFile::Permissions(0x6666));
@@ -147,13 +138,6 @@ TEST_F(cSharedLoggingTest, ALogThatCannotBeErasedIsAppendedTo) {
     log.LogEvent(u"Starting Application"_s, true);
   }
   EXPECT_EQ(lines(), QStringList({u"1 00:00:00, old"_s, u"1 14:03:22, Starting Application"_s}));
-}
-
-TEST_F(cSharedLoggingTest, AnEventIsOneLine) {
-  cSharedLogging log;
-  log.OverrideLogFilename(path);
-  log.LogEvent(u"first\r\nsecond\nthird\rend"_s);
-  EXPECT_EQ(lines(), QStringList(u"1 14:03:22, first second third end"_s));
 }
 
 TEST_F(cSharedLoggingTest, ALineThatComesAgainIsCounted) {
@@ -171,11 +155,12 @@ TEST_F(cSharedLoggingTest, ALineThatComesAgainIsCounted) {
     EXPECT_EQ(lines().constLast(), u"1 14:05:01, last line repeated 16 times"_s);
     log.LogEvent(u"last"_s);
     log.LogEvent(u"last"_s);
+    log.AddAction(u"queued"_s);
   }
   EXPECT_EQ(lines(), QStringList({u"1 14:03:22, storm"_s, u"1 14:04:45, last line repeated 83 times"_s,
                                   u"1 14:05:01, Error 61 (Disk full) in Save of clsProject"_s, u"1 14:04:46, storm"_s,
                                   u"1 14:05:01, last line repeated 16 times"_s, u"1 14:05:01, last"_s,
-                                  u"1 14:05:01, last line repeated 1 time"_s}));
+                                  u"1 14:05:01, last line repeated 1 time"_s, u"1 14:05:01, queued"_s}));
 }
 
 TEST_F(cSharedLoggingTest, AFullLogSaysSoAndTakesOnlyTheEnd) {

@@ -1,25 +1,12 @@
 #include "core/infra/clsHashTable.h"
 
-#include "core/infra/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-bool throwsOutOfBounds(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& error) {
-    return error.number() == RuntimeError::OutOfBounds;
-  }
-  return false;
-}
-
-}  // namespace
 
 TEST(clsHashTable, EachAreaSeesAChangeOnce) {
   clsHashTable table;
@@ -28,16 +15,12 @@ TEST(clsHashTable, EachAreaSeesAChangeOnce) {
     EXPECT_TRUE(table.HasChanged(7, area));
     table.ResetChanged(7, area);
     EXPECT_FALSE(table.HasChanged(7, area));
-    EXPECT_EQ(table.HasChanged(7, area + 1 > 5 ? 5 : area + 1), area < 5);
   }
-  table.MarkUpdated(7);
-  table.MarkUpdated(8);
-  table.ResetChangedByArea(2);
-  EXPECT_FALSE(table.HasChanged(7, 2));
-  EXPECT_FALSE(table.HasChanged(8, 2));
-  EXPECT_TRUE(table.HasChanged(8, 1));
-  table.ResetAllChanged(8);
-  EXPECT_FALSE(table.HasChanged(8, 1));
+  EXPECT_FALSE(table.IsLocked(5) || table.HasChanged(5, 1));
+  table.UnLockRec(5);
+  table.ResetChanged(5, 1);
+  table.ResetCount(5);
+  EXPECT_EQ(table.HighWater(), 1) << "asking makes no record";
 }
 
 TEST(clsHashTable, AnAreaOutsideOneToFiveIsAnErrorWithOrWithoutARecord) {
@@ -45,21 +28,11 @@ TEST(clsHashTable, AnAreaOutsideOneToFiveIsAnErrorWithOrWithoutARecord) {
   table.MarkUpdated(1);
   for (const qint32 id : {1, 2}) {
     for (const int area : {0, 6, -1}) {
-      EXPECT_TRUE(throwsOutOfBounds([&] { (void)table.HasChanged(id, area); }));
-      EXPECT_TRUE(throwsOutOfBounds([&] { table.ResetChanged(id, area); }));
+      EXPECT_EQ(errorOf([&] { (void)table.HasChanged(id, area); }), RuntimeError::OutOfBounds);
+      EXPECT_EQ(errorOf([&] { table.ResetChanged(id, area); }), RuntimeError::OutOfBounds);
     }
   }
-  EXPECT_TRUE(throwsOutOfBounds([&] { table.ResetChangedByArea(6); }));
-}
-
-TEST(clsHashTable, AskingCreatesNoRecord) {
-  clsHashTable table;
-  EXPECT_FALSE(table.IsLocked(5));
-  EXPECT_FALSE(table.HasChanged(5, 1));
-  table.UnLockRec(5);
-  table.ResetChanged(5, 1);
-  table.ResetCount(5);
-  EXPECT_EQ(table.HighWater(), 0);
+  EXPECT_EQ(errorOf([&] { table.ResetChangedByArea(6); }), RuntimeError::OutOfBounds);
 }
 
 TEST(clsHashTable, KnowsWhetherAnyRecordIsLocked) {
@@ -97,7 +70,7 @@ TEST(clsHashTable, NamesWhatIsMarkedForAnAreaAndWhatIsLocked) {
   table.UnLockRec(4);
   EXPECT_EQ(table.changedIDs(4), IDs{});
   EXPECT_EQ(table.lockedIDs(), IDs{});
-  EXPECT_TRUE(throwsOutOfBounds([&] { (void)table.changedIDs(6); }));
+  EXPECT_EQ(errorOf([&] { (void)table.changedIDs(6); }), RuntimeError::OutOfBounds);
   table.MarkUpdated(2);
   table.Init();
   EXPECT_EQ(table.changedIDs(1), IDs{});
@@ -117,20 +90,6 @@ TEST(clsHashTable, OnlyInsertRecordBringsADeletedRecordBack) {
   EXPECT_TRUE(table.Record(index).Deleted);
 }
 
-TEST(clsHashTable, WordsAreCountedByTheirExactText) {
-  clsHashTable table;
-  for (const QString& word : {u"Mary"_s, u"mary"_s, u"Mary"_s, u"Zoë"_s, u"Пётр"_s, u"Маша"_s}) {
-    table.AddToValue(word);
-  }
-  std::map<QString, qint32> counts;
-  for (qint32 i = 1; i <= table.HighWater(); ++i) {
-    counts[table.Record(i).Text] = table.Record(i).Value;
-  }
-  const std::map<QString, qint32> expected{
-      {u"Mary"_s, 2}, {u"mary"_s, 1}, {u"Zoë"_s, 1}, {u"Пётр"_s, 1}, {u"Маша"_s, 1}};
-  EXPECT_EQ(counts, expected);
-}
-
 // Growth of records and buckets, removal and reuse of nodes: the table agrees with maps at every step, for small IDs,
 // large and negative ones, and texts side by side.
 TEST(clsHashTable, AgreesWithAMapThroughGrowthAndRemoval) {
@@ -148,7 +107,7 @@ TEST(clsHashTable, AgreesWithAMapThroughGrowthAndRemoval) {
       table.AddAmtToCount(id, id);
       expected[id] = static_cast<qint32>(static_cast<quint32>(expected[id]) + static_cast<quint32>(id));
     }
-    const QString text = u"Ж"_s + QString::number(random() % 40000);
+    const QString text = (step % 2 == 0 ? u"Ж"_s : u"ж"_s) + QString::number(random() % 20000);
     table.AddToValue(text);
     ++expectedTexts[text];
   }

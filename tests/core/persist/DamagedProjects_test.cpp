@@ -12,6 +12,7 @@
 #include <QDir>
 
 #include <gtest/gtest.h>
+#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -79,24 +80,12 @@ TEST(DamagedProjects, LoadOrFailButNeverCrashAndKeepWhatTheyGave) {
   const ScratchFolder scratch;
   const QString path = saveSmallProject(scratch.path());
   const QByteArray whole = fileBytes(path);
-  const QList<QByteArray> snippets{"<SCENE>",
-                                   "</SCENE>",
-                                   "<ID>",
-                                   "</ID>",
-                                   "<CHAPTERS>",
-                                   "</SCENES>",
-                                   "<Characters>",
-                                   "<CharID>",
-                                   "99999999999",
-                                   "-1",
-                                   "<RTFFile>",
-                                   "%",
-                                   QByteArray("\x00\xFF", 2),
-                                   "<![CDATA[",
-                                   "<PROJECT>",
-                                   "../../",
-                                   "2147483647",
-                                   "/dev/zero"};
+  const QList<QByteArray> snippets =
+      QByteArray(
+          "<SCENE> </SCENE> <ID> </ID> <CHAPTERS> </SCENES> <Characters> <CharID> 99999999999 -1 <RTFFile> % \xFF "
+          "<![CDATA[ <PROJECT> ../../ 2147483647 /dev/zero")
+          .split(' ') +
+      QList<QByteArray>{QByteArray("\0", 1)};
   std::mt19937 random(42);
   int loaded = 0;
   for (int round = 0; round < 1500; ++round) {

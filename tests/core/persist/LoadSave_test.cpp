@@ -118,15 +118,6 @@ TEST_F(LoadSave, InputIsHeldAndTheScanWaitsUntilItIsDone) {
   EXPECT_FALSE(screen_.askedWhileHeld) << "what is told behind a work is read with the screen at rest";
 }
 
-TEST_F(LoadSave, AFailureIsToldWithTheScreenAtRest) {
-  writeFile(path_, "hello");
-  screen_.expectErrorReport(u"There was an error loading this project."_s);
-  screen_.expectChoice(u"The project file is incomplete"_s, QString());
-  EXPECT_FALSE(g_Project->Load(path_, true));
-  EXPECT_FALSE(screen_.askedWhileHeld);
-  EXPECT_FALSE(g_Project->IsBusy() || ScanPause::isActive());
-}
-
 TEST_F(LoadSave, AMissingSceneFileFailsTheLoadAndLeavesAnEmptyProject) {
   ASSERT_TRUE(QFile::remove(scratch_.path(u"RTF/RTF_00003.rtf"_s)));
   const auto before = filesBelow(scratch_.path());
@@ -154,7 +145,9 @@ TEST_F(LoadSave, FilesThatAreNoProjectAreToldAndLeaveNothing) {
     if (content.size() < 10) {
       screen_.expectChoice(u"No book could be read from it; 5 files with the texts of scenes stand beside it."_s, {});
     }
-    EXPECT_FALSE(g_Project->Load(path_, false));
+    EXPECT_FALSE(g_Project->Load(path_, true));
+    EXPECT_FALSE(screen_.askedWhileHeld || g_Project->IsBusy() || ScanPause::isActive())
+        << "told with the screen at rest";
     EXPECT_TRUE(logText().contains(step));
     expectEmptyProject();
   }
@@ -244,17 +237,6 @@ TEST_F(LoadSave, GivingUpTheQuestionKeepsTheProjectInMemory) {
   EXPECT_FALSE(g_Project->SaveQN4(true));
   EXPECT_EQ(g_Project->SceneCount(), 5);
   EXPECT_EQ(g_Project->FileWithPath, QString());
-}
-
-TEST_F(LoadSave, AFileThatCannotBeWrittenLeadsToTheQuestion) {
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  // A folder stands where the file should be: it can be neither erased nor opened.
-  ASSERT_TRUE(QDir().mkpath(scratch_.path(u"x/Small.qn4"_s)));
-  g_Project->FileWithPath = scratch_.path(u"x/Small.qn4"_s);
-  screen_.expectBox(u"Unable to save project. Please use Save As and choose a different location."_s);
-  screen_.expectFile(scratch_.path(u"y/Small.qn4"_s));
-  ASSERT_TRUE(g_Project->SaveQN4(true));
-  EXPECT_EQ(fileBytes(scratch_.path(u"y/Small.qn4"_s)), fileBytes(path_));
 }
 
 TEST_F(LoadSave, ASingleFileHoldsTheTextsAndTurnsIntoAFolderAgain) {

@@ -33,12 +33,19 @@ QByteArrayList withoutCounts(const QByteArray& text) {
   return lines;
 }
 
+class Novels : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (sharedFolder().isEmpty()) {
+      GTEST_SKIP() << "the shared novels are not here";
+    }
+  }
+  void TearDown() override { newProject(); }
+};
+
 }  // namespace
 
-TEST(Novels, ComeBackByteForByte) {
-  if (sharedFolder().isEmpty()) {
-    GTEST_SKIP() << "the shared novels are not here";
-  }
+TEST_F(Novels, ComeBackByteForByte) {
   const QStringList novels{u"pride-and-prejudice"_s, u"war-and-peace"_s};
   const QStringList styles{u"richedit"_s, u"word"_s, u"mixed"_s};
   for (const QString& novel : novels) {
@@ -53,13 +60,9 @@ TEST(Novels, ComeBackByteForByte) {
       EXPECT_TRUE(filesBelow(scratch.path()) == before) << novel << ' ' << style;
     }
   }
-  newProject();
 }
 
-TEST(Novels, WithoutCachedCountsDifferInTheCountsAlone) {
-  if (sharedFolder().isEmpty()) {
-    GTEST_SKIP() << "the shared novels are not here";
-  }
+TEST_F(Novels, WithoutCachedCountsDifferInTheCountsAlone) {
   for (const QString& style : {u"richedit"_s, u"word"_s, u"mixed"_s}) {
     const ScratchFolder scratch;
     const QString path = makeNovel(scratch.path(), u"pride-and-prejudice"_s, {u"--stale"_s, u"--style"_s, style});
@@ -75,15 +78,11 @@ TEST(Novels, WithoutCachedCountsDifferInTheCountsAlone) {
     after[name] = before.value(name);
     EXPECT_TRUE(after == before);
   }
-  newProject();
 }
 
 // What a scene counts is its words, not how they were written down. The whole novels were counted by other means:
 // a plain text parted at white space, dashes and double hyphens.
-TEST(Novels, CountTheSameInEveryStyle) {
-  if (sharedFolder().isEmpty()) {
-    GTEST_SKIP() << "the shared novels are not here";
-  }
+TEST_F(Novels, CountTheSameInEveryStyle) {
   for (const auto& [novel, words] :
        {std::pair(u"pride-and-prejudice"_s, 121748), std::pair(u"war-and-peace"_s, 563510)}) {
     std::vector<std::vector<std::pair<qint32, qint32>>> counts;
@@ -106,11 +105,10 @@ TEST(Novels, CountTheSameInEveryStyle) {
     EXPECT_FALSE(counts[0].empty());
     EXPECT_TRUE(counts[0] == counts[1]) << novel;
   }
-  newProject();
 }
 
 // The sample is the first thing that a newcomer opens: it must be written as this program writes it, counts too.
-TEST(Novels, TheSampleIsAsThisProgramWritesIt) {
+TEST(Sample, IsAsThisProgramWritesIt) {
   const ScratchFolder scratch;
   const QString name = u"The-Return-Fare"_s;
   const auto sample = filesBelow(QStringLiteral(QUILLANE_SOURCE_DIR "/samples/") + name);

@@ -73,6 +73,17 @@ QStringList valuesOf(auto& entity) {
   return values;
 }
 
+/// Fills the texts of an entity and reads it back from its element.
+template <class Entity>
+std::shared_ptr<Entity> comesBack(Entity& entity) {
+  const QStringList texts = fill(entity);
+  auto back = std::make_shared<Entity>();
+  readFrom(*back, xmlOf(entity));
+  EXPECT_EQ(xmlOf(*back), xmlOf(entity));
+  EXPECT_EQ(valuesOf(*back), texts);
+  return back;
+}
+
 /// A project element with every strict field in order.
 QByteArray projectElement() {
   newProject();
@@ -112,7 +123,6 @@ TEST_F(ProjectFile, EveryFieldOfEveryKindComesBack) {
   clsScene scene;
   readFrom(scene, "<ID>4</ID><RTFFile>RTF_00004.rtf</RTFFile>");
   scene.BelongsToChID = 2;
-  const QStringList sceneTexts = fill(scene);
   scene.Unused = scene.ReactionScene = scene.SubPlot = true;
   scene.Minute = 59;
   scene.Hour = 23;
@@ -129,44 +139,28 @@ TEST_F(ProjectFile, EveryFieldOfEveryKindComesBack) {
     scene.AddLocationByID(id + 1);
     scene.AddItemByID(id + 2);
   }
-  clsScene back;
-  readFrom(back, xmlOf(scene));
-  EXPECT_EQ(xmlOf(back), xmlOf(scene));
-  EXPECT_EQ(valuesOf(back), sceneTexts);
-  EXPECT_EQ(back.ViewPointID(), 9);
-  EXPECT_EQ(back.ItemID(3), 9);
-  EXPECT_EQ(back.Day, -4);
-  EXPECT_EQ(back.LastsDays, 32767);
+  const auto back = comesBack(scene);
+  EXPECT_EQ(back->ViewPointID(), 9);
+  EXPECT_EQ(back->ItemID(3), 9);
+  EXPECT_EQ(back->Day, -4);
+  EXPECT_EQ(back->LastsDays, 32767);
 
   clsCharacter person;
   readFrom(person, "<ID>6</ID>");
   person.setTitle(scene.Title);
-  const QStringList personTexts = fill(person);
   person.major = person.Unused = true;
   person.SortOrder = 12;
-  clsCharacter samePerson;
-  readFrom(samePerson, xmlOf(person));
-  EXPECT_EQ(xmlOf(samePerson), xmlOf(person));
-  EXPECT_EQ(valuesOf(samePerson), personTexts);
-  EXPECT_EQ(samePerson.Title(), scene.Title);
-  EXPECT_EQ(samePerson.SortOrder, 12);
+  const auto samePerson = comesBack(person);
+  EXPECT_EQ(samePerson->Title(), scene.Title);
+  EXPECT_EQ(samePerson->SortOrder, 12);
 
   clsNote note;
   readFrom(note, "<ID>2</ID>");
-  const QStringList noteTexts = fill(note);
-  clsNote sameNote;
-  readFrom(sameNote, xmlOf(note));
-  EXPECT_EQ(xmlOf(sameNote), xmlOf(note));
-  EXPECT_EQ(valuesOf(sameNote), noteTexts);
-
+  comesBack(note);
   clsChapter chapter;
   readFrom(chapter, "<ID>8</ID>");
-  const QStringList chapterTexts = fill(chapter);
   chapter.Unused = true;
-  clsChapter sameChapter;
-  readFrom(sameChapter, xmlOf(chapter));
-  EXPECT_EQ(xmlOf(sameChapter), xmlOf(chapter));
-  EXPECT_EQ(valuesOf(sameChapter), chapterTexts);
+  comesBack(chapter);
 }
 
 TEST_F(ProjectFile, EveryFieldOfTheProjectComesBack) {

@@ -224,11 +224,6 @@ TEST_F(Safety, NumbersAtTheEndOfTheirRangeStillGiveFreshOnes) {
   EXPECT_EQ(scene->RTFFilename(), u"RTF_00006.rtf"_s);
 }
 
-// The counter of the names stands ahead of the scenes that take them.
-TEST_F(Safety, TheCounterOfFileNamesIsStoredWithTheNamesItGave) {
-  EXPECT_TRUE(fileBytes(path_).contains("<LastFileIndex4>5</LastFileIndex4>"));
-}
-
 TEST_F(Safety, AFailedReadKeepsTheTextInMemory) {
   ASSERT_TRUE(g_Project->Load(path_, false));
   const auto scene = sceneAt(1);

@@ -1,6 +1,7 @@
 #include "core/text/Rtf.h"
 
 #include "core/text/RtfSamples.h"
+#include "support/Mutations.h"
 
 #include <algorithm>
 #include <ctime>
@@ -41,37 +42,10 @@ QList<QByteArray> allSamples() {
   return samples;
 }
 
-/// One fault of the kinds that files have: cut off, bytes lost, doubled or changed, other RTF put in.
-QByteArray mutated(QByteArray bytes, QRandomGenerator& random) {
-  static const QByteArrayList pieces{
-      "{",     "}",          "\\",          "\\'",      "\\'8",         "\\u",
-      "\\u-5", "\\bin9999 ", "\\uc0",       "\\uc9 ",   "{\\*",         "{\\fonttbl",
-      "\\par", "\\f9",       "{\\upr{",     "\\v ",     "{\\colortbl;", "\\ansicpg932",
-      "\xff",  "\\fs999999", "\\cell\\row", "\\pard\n", "\\plain",      "{\\*\\ud{\\rtf"};
-  const auto position = [&](qsizetype size) { return random.bounded(static_cast<int>(size) + 1); };
-  for (int faults = 1 + random.bounded(4); faults > 0; --faults) {
-    const qsizetype at = position(bytes.size());
-    switch (random.bounded(5)) {
-      case 0:
-        bytes.truncate(at);
-        break;
-      case 1:
-        bytes.remove(at, random.bounded(40));
-        break;
-      case 2:
-        bytes.insert(at, bytes.mid(position(bytes.size()), random.bounded(200)));
-        break;
-      case 3:
-        if (at < bytes.size()) {
-          bytes[at] = static_cast<char>(random.bounded(256));
-        }
-        break;
-      default:
-        bytes.insert(at, pieces[random.bounded(static_cast<int>(pieces.size()))]);
-    }
-  }
-  return bytes;
-}
+const QByteArrayList kSnippets{"{",     "}",          "\\",          "\\'",      "\\'8",         "\\u",
+                               "\\u-5", "\\bin9999 ", "\\uc0",       "\\uc9 ",   "{\\*",         "{\\fonttbl",
+                               "\\par", "\\f9",       "{\\upr{",     "\\v ",     "{\\colortbl;", "\\ansicpg932",
+                               "\xff",  "\\fs999999", "\\cell\\row", "\\pard\n", "\\plain",      "{\\*\\ud{\\rtf"};
 
 }  // namespace
 
@@ -279,7 +253,7 @@ TEST(Rtf, AnyBytesAreRead) {
   for (const QByteArray& sample : samples) {
     const int turns = sample.size() > 20000 ? 20 : 400;
     for (int i = 0; i < turns; ++i) {
-      expectSoundReading(mutated(sample, random));
+      expectSoundReading(mutated(sample, random, kSnippets));
       ASSERT_FALSE(testing::Test::HasFatalFailure());
     }
   }
@@ -312,24 +286,13 @@ std::clock_t clockTicksFor(const QByteArray& piece, qsizetype bytes) {
 }  // namespace
 
 TEST(Rtf, TimeIsLinearWhateverIsRepeated) {
-  const QByteArrayList repeated{"{",
-                                "}",
-                                "{\\b ",
-                                "\\b a\\b0 b",
-                                "\\u1046?",
-                                "\\par\\qc\\par\\pard",
-                                "\\'8b",
-                                "{\\*\\x ",
-                                "\\f1\\'e9\\f2 ",
-                                "\\tx1\\tx2\\par ",
-                                "\\fs1a\\fs2b",
-                                "\\bin1 ",
-                                "{\\pntext 1.}{\\*\\pn\\pnlvlblt}\\par",
-                                "{\\fonttbl{\\f1\\cpg77777 A;}}\\f1\\'e9",
-                                "{\\fonttbl{\\f1 A;}}",
-                                "{\\colortbl;;}",
-                                "{\\upr{a}{\\*\\ud{b}}}",
-                                "\\pard\\li1\\par\\pard\\li2\\par"};
+  // Parted by "~".
+  const QByteArrayList repeated =
+      QByteArray(
+          "{~}~{\\b ~\\b a\\b0 b~\\u1046?~\\par\\qc\\par\\pard~\\'8b~{\\*\\x ~\\f1\\'e9\\f2 ~\\tx1\\tx2\\par "
+          "~\\fs1a\\fs2b~\\bin1 ~{\\pntext 1.}{\\*\\pn\\pnlvlblt}\\par~{\\fonttbl{\\f1\\cpg77777 "
+          "A;}}\\f1\\'e9~{\\fonttbl{\\f1 A;}}~{\\colortbl;;}~{\\upr{a}{\\*\\ud{b}}}~\\pard\\li1\\par\\pard\\li2\\par")
+          .split('~');
   for (const QByteArray& piece : repeated) {
     constexpr std::clock_t kNoise = CLOCKS_PER_SEC / 50;
     const std::clock_t once = clockTicksFor(piece, 200'000);

@@ -7,6 +7,7 @@
 #include "support/Mutations.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 using namespace Qt::StringLiterals;
 using namespace modConstXML;
@@ -26,25 +27,12 @@ const QByteArray kFile =
     "\t<CHAPTERS>\r\n\t<CHAPTER>\r\n\t\t<ID>1</ID>\r\n\t\t<Scenes>\r\n\t\t\t<ScID>1</ScID>\r\n\t\t</Scenes>\r\n"
     "\t</CHAPTER>\r\n\t</CHAPTERS>\r\n</QUILLANE4>\r\n";
 
-const QList<QByteArray> kSnippets{"<",
-                                  "</",
-                                  "<ID>",
-                                  "</id>",
-                                  "<Title>",
-                                  "</TITLE>",
-                                  "<ti<Title>tle>",
-                                  "<SCENE>",
-                                  "</Scene>",
-                                  "<scenes>",
-                                  "</SCENES>",
-                                  "<CharID>",
-                                  "%",
-                                  "%zz",
-                                  "%2",
-                                  "&H1",
-                                  QByteArray("\x00\xFF", 2),
-                                  "<<Title>",
-                                  "</</ID>ID>"};
+const QList<QByteArray> kSnippets =
+    QByteArray(
+        "< </ <ID> </id> <Title> </TITLE> <ti<Title>tle> <SCENE> </Scene> <scenes> </SCENES> <CharID> % %zz %2 "
+        "&H1 \xFF <<Title> </</ID>ID>")
+        .split(' ') +
+    QList<QByteArray>{QByteArray("\0", 1)};
 
 const Tag kFieldTags[] = {kID,     kTitle, kUnused,   kRTFFile, kSceneCharacters, kCharID,   kSceneRTF, kScID,
                           kScenes, kScene, kField[1], kChapter, kProject,         kChapters, kDesc,     kLocations};

@@ -16,14 +16,9 @@ class EditorColoursTest : public ::testing::Test {
   void SetUp() override { Settings().DeleteAllSettings(); }
 };
 
-TEST_F(EditorColoursTest, WithoutSettingsTextHasTheAutomaticColour) {
-  const EditorColours colours = EditorColours::fromSettings();
-  EXPECT_EQ(colours.EditorBG, 0x80000005U);
-  EXPECT_EQ(colours.EditorFG, 0x80000008U);
-  EXPECT_EQ(colours.textColour(), std::nullopt);
-}
-
 TEST_F(EditorColoursTest, ComeBackFromTheSettingsInAnySpelling) {
+  EXPECT_EQ(EditorColours::fromSettings().EditorBG, 0x80000005U);
+  EXPECT_EQ(EditorColours::fromSettings().textColour(), std::nullopt) << "without settings";
   EditorColours{0x80000005U, 0x0000FFU}.toSettings();
   EXPECT_EQ(EditorColours::fromSettings().EditorBG, 0x80000005U);
   EXPECT_EQ(EditorColours::fromSettings().textColour(), 0x0000FFU);

@@ -1,7 +1,7 @@
 #include "gui/editor/FontBar.h"
 
+#include "gui/toolkit/Colours.h"
 #include "gui/toolkit/RichTextBox.h"
-#include "gui/views/RowColours.h"
 #include "support/Required.h"
 #include "support/WaitFor.h"
 
@@ -24,7 +24,7 @@ double contrastOf(QToolButton& button) {
   double best = 1;
   for (int y = 2; y < shown.height() - 2; ++y) {
     for (int x = 2; x < shown.width() - 2; ++x) {
-      best = std::max(best, RowColours::contrast(shown.pixelColor(x, y), behind));
+      best = std::max(best, Colours::contrast(shown.pixelColor(x, y), behind));
     }
   }
   return best;

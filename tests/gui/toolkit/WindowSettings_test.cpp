@@ -30,14 +30,6 @@ TEST_F(WindowSettingsTest, AWindowComesBackInItsSize) {
   EXPECT_EQ(second.size(), QSize(481, 357));
 }
 
-TEST_F(WindowSettingsTest, AWindowThatWasNeverStoredKeepsItsSize) {
-  QWidget window;
-  window.resize(300, 200);
-  restoreWindow(u"Editor"_s, window);
-  EXPECT_EQ(window.size(), QSize(300, 200));
-  EXPECT_FALSE(window.isMaximized());
-}
-
 TEST_F(WindowSettingsTest, AMaximisedWindowKeepsTheSizeThatItHadBefore) {
   QWidget window;
   window.resize(300, 200);

@@ -5,11 +5,11 @@
 #include "core/infra/cSharedLogging.h"
 #include "support/ModalHelper.h"
 #include "support/Required.h"
+#include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/WaitFor.h"
 
 #include <QFile>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -49,19 +49,10 @@ class fSHAREDErrorRptTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(fSHAREDErrorRptTest, OpensWithTheErrorAlone) {
-  EXPECT_EQ(window->windowTitle(), u"Error Reporter"_s);
-  EXPECT_EQ(childOf<QLabel>(*window, u"lblError"_s).text(), u"An error has ocurred:"_s);
   EXPECT_EQ(text(u"txtError"_s)->toPlainText(), u"Error 61 - Disk full"_s);
   EXPECT_TRUE(text(u"txtLog"_s)->toPlainText().endsWith(u"100% \u0416\n"_s));
   EXPECT_FALSE(text(u"txtLog"_s)->isVisible());
   EXPECT_FALSE(text(u"txtUserMessage"_s)->isVisible());
-  EXPECT_EQ(button(u"cmdViewReport"_s)->toolTip(), u"If 'Submit Error' doesn't work, click here"_s);
-  for (const auto& [name, caption] :
-       {std::pair(u"cmdShowComments"_s, u"Enter Comments"_s), std::pair(u"cmdViewLog"_s, u"View Log File"_s),
-        std::pair(u"cmdEmail"_s, u"Submit Error Report"_s), std::pair(u"cmdViewReport"_s, u"View Error Report"_s),
-        std::pair(u"cmdExit"_s, u"Exit"_s)}) {
-    EXPECT_EQ(button(name)->text(), caption);
-  }
 }
 
 TEST_F(fSHAREDErrorRptTest, FramesAreShownOnce) {
@@ -69,7 +60,6 @@ TEST_F(fSHAREDErrorRptTest, FramesAreShownOnce) {
   EXPECT_TRUE(text(u"txtUserMessage"_s)->isVisible());
   EXPECT_FALSE(button(u"cmdShowComments"_s)->isEnabled());
   EXPECT_EQ(window->focusWidget(), text(u"txtUserMessage"_s));
-  EXPECT_EQ(childOf<QGroupBox>(*window, u"fraUserMessage"_s).title(), u"Enter your own comments here"_s);
   click(u"cmdViewLog"_s);
   EXPECT_TRUE(text(u"txtLog"_s)->isVisible());
   EXPECT_FALSE(button(u"cmdViewLog"_s)->isEnabled());
@@ -92,8 +82,7 @@ TEST_F(fSHAREDErrorRptTest, TheReportIsWrittenAndOpened) {
   click(u"cmdViewReport"_s);
   const QString path = Paths::temporaryFolder() + u"FullLog.txt"_s;
   EXPECT_EQ(person.openedDocuments, QStringList(path));
-  QByteArray report;
-  ASSERT_TRUE(Files().LoadTextFile(path, report));
+  const QByteArray report = fileBytes(path);
   EXPECT_TRUE(report.contains("\r\n\r\nError 61 - Disk full\r\n\r\n1 "));
   EXPECT_TRUE(report.endsWith("100% %u0416\r\n"));
   Files().EraseFile(path);
@@ -106,12 +95,9 @@ TEST_F(fSHAREDErrorRptTest, TheReportFollowsNoLink) {
   ASSERT_TRUE(QFile::link(kept, usual));
   ScriptedToolkit person;
   click(u"cmdViewReport"_s);
-  QByteArray content;
-  Files().LoadTextFile(kept, content);
-  EXPECT_EQ(content, "precious");
+  EXPECT_EQ(fileBytes(kept), "precious");
   ASSERT_EQ(person.openedDocuments.size(), 1);
-  ASSERT_TRUE(Files().LoadTextFile(person.openedDocuments[0], content));
-  EXPECT_TRUE(content.contains("Disk full"));
+  EXPECT_TRUE(fileBytes(person.openedDocuments[0]).contains("Disk full"));
   for (const QString& path : {usual, kept, person.openedDocuments[0]}) {
     Files().EraseFile(path);
   }

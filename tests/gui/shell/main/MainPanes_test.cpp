@@ -14,7 +14,6 @@
 #include "gui/shell/main/ScenePane.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/Twips.h"
-#include "gui/views/RowColours.h"
 #include "gui/views/modFillList.h"
 
 #include <QApplication>
@@ -226,17 +225,4 @@ TEST_F(MainPanesTest, TheWindowKeepsItsSmallestSize) {
   EXPECT_GE(Twips::fromPixels(window().height()), PaneLayout::kMinimumHeight);
   EXPECT_LT(Twips::fromPixels(window().width()), PaneLayout::kMinimumWidth + 2 * Twips::perPixel)
       << "the panes ask for more room than the smallest window has";
-}
-
-TEST(RowColours, StayAsToldOnPaperAndReadWellInTheDark) {
-  QPalette light(Qt::white);
-  light.setColor(QPalette::Base, Qt::white);
-  QPalette dark(Qt::black);
-  dark.setColor(QPalette::Base, QColor(30, 30, 30));
-  for (const quint32 colour : {RowColours::kGreen, RowColours::kGrey, RowColours::kOrange, RowColours::kRed}) {
-    EXPECT_EQ(Colours::fromQt(RowColours::readable(colour, light)), colour);
-    const QColor shown = RowColours::readable(colour, dark);
-    EXPECT_GE(RowColours::contrast(shown, QColor(30, 30, 30)), 4.5) << colour;
-    EXPECT_NEAR(shown.hslHue(), Colours::toQt(colour).hslHue(), 3) << colour;
-  }
 }
