@@ -7,7 +7,7 @@
 #include "core/infra/cSharedGetDate.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
-#include "gui/views/RowColours.h"
+#include "gui/toolkit/Colours.h"
 #include "support/ErrorOf.h"
 #include "support/Required.h"
 #include "support/SampleProject.h"
@@ -289,7 +289,7 @@ TEST_F(EditProject, RedIsReadableOnBothPalettesAndGoesWithItsFault) {
   for (const int grey : {0xEF, 0x35}) {
     form().setPalette(QPalette(QColor(grey, grey, grey)));
     const QColor text = button.palette().color(QPalette::ButtonText);
-    EXPECT_GE(RowColours::contrast(text, button.palette().color(QPalette::Button)), 4.5) << grey;
+    EXPECT_GE(Colours::contrast(text, button.palette().color(QPalette::Button)), 4.5) << grey;
     EXPECT_NEAR(text.hslHue(), 0, 3) << grey;
     EXPECT_EQ(red(), QStringList{u"lblDeadlineStart(1)"_s}) << grey;
   }
