@@ -25,6 +25,11 @@ QString spacedForColumn(const QString& text, Qt::Alignment alignment) {
   return alignment.testFlag(Qt::AlignRight) ? text + u"\u00a0\u00a0"_s : text;
 }
 
+int rowHeight(int needed, const QWidget& view) {
+  const int icon = view.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &view);
+  return std::max({needed, icon + 2, view.fontMetrics().height() + 4});
+}
+
 ListDelegate::ListDelegate(const ListModel& model, QTreeView& view)
     : QStyledItemDelegate(&view), model_(model), view_(view) {}
 
@@ -36,12 +41,9 @@ void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
   }
 }
 
-// Rows have one height in all lists, with and without an icon.
 QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  QSize size = QStyledItemDelegate::sizeHint(option, index);
-  const int icon = view_.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &view_);
-  size.setHeight(std::max({size.height(), icon + 2, option.fontMetrics.height() + 4}));
-  return size;
+  const QSize size = QStyledItemDelegate::sizeHint(option, index);
+  return {size.width(), rowHeight(size.height(), view_)};
 }
 
 // The field in a row is spoken of by the title of its column.

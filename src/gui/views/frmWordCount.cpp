@@ -4,6 +4,7 @@
 #include "core/infra/clsHashTable.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/views/ListDelegate.h"
 
 #include <QAbstractTableModel>
 #include <QAction>
@@ -12,6 +13,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -30,6 +32,26 @@ constexpr QSize kFirstSize(340, 520);
 struct WordUsage {
   QString word;
   qint32 count = 0;
+};
+
+/// Draws rows as high as those of all lists, and numbers that keep off the scroll bar.
+class WordDelegate : public QStyledItemDelegate {
+ public:
+  explicit WordDelegate(QTreeView& view) : QStyledItemDelegate(&view), view_(view) {}
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    return {size.width(), rowHeight(size.height(), view_)};
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->text = spacedForColumn(option->text, option->displayAlignment);
+  }
+
+ private:
+  QTreeView& view_;
 };
 
 }  // namespace
@@ -152,6 +174,7 @@ void frmWordCount::buildList() {
   ListView1 = new QTreeView(this);
   giveName(*ListView1, u"ListView1"_s, u"Words and how often they are used"_s);
   ListView1->setModel(rows_);
+  ListView1->setItemDelegate(new WordDelegate(*ListView1));
   ListView1->setRootIsDecorated(false);
   ListView1->setItemsExpandable(false);
   ListView1->setUniformRowHeights(true);

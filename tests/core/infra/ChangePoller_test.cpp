@@ -6,13 +6,9 @@
 #include "core/infra/ScanPause.h"
 #include "core/infra/cSharedLogging.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -97,18 +93,4 @@ TEST_F(ChangePollerTest, WhatAHandlerBeginsLeavesTheRestForLater) {
   EXPECT_EQ(seen_, QStringList{u"1"_s});
   pause.reset();
   EXPECT_EQ(scenes_.changedIDs(ChangeArea::SceneList), (std::vector<qint32>{1, 2}));
-}
-
-TEST_F(ChangePollerTest, PollsByItselfWhileItRuns) {
-  poller_.follow(scenes_, noting({}));
-  scenes_.MarkUpdated(1);
-  EXPECT_FALSE(poller_.isRunning());
-  poller_.start(1ms);
-  const QDeadlineTimer limit(20s);
-  while (seen_.isEmpty() && !limit.hasExpired()) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-  }
-  EXPECT_EQ(seen_, QStringList{u"1"_s});
-  poller_.stop();
-  EXPECT_FALSE(poller_.isRunning());
 }

@@ -4,7 +4,6 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "support/FailingDisk.h"
-#include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
@@ -49,18 +48,6 @@ class FakeWindow : public SettingsWindow {
   void setWidth(double twips) override { wide = std::min(twips, room); }
   void setHeight(double twips) override { high = twips; }
   void maximise() override { now = State::Maximised; }
-};
-
-class FakeColumns : public SettingsColumns {
- public:
-  QList<double> widths;
-
-  int count() const override { return static_cast<int>(widths.size()); }
-  double width(int column) const override { return elementOf(widths, column - 1); }
-  void setWidth(int column, double twips) override {
-    ASSERT_TRUE(column >= 1 && column <= count()) << column;
-    widths[column - 1] = twips;
-  }
 };
 
 }  // namespace
@@ -312,30 +299,6 @@ TEST(cSHAREDSettings, AReadOnlyFileIsMadeWritableAndSaved) {
   EXPECT_EQ(fileBytes(path), "A,old\r\nB,x\r\n");
 }
 
-TEST(cSHAREDSettings, AWindowComesBackAtItsLastNormalSize) {
-  cSHAREDSettings settings;
-  FakeWindow window;
-  settings.StoreWindowSettings(u"frmMain"_s, window);
-  window.wide = 100;
-  window.now = SettingsWindow::State::Maximised;
-  settings.StoreWindowSettings(u"frmMain"_s, window);
-  window.now = SettingsWindow::State::Minimised;
-  settings.StoreWindowSettings(u"frmMain"_s, window);
-
-  FakeWindow restored;
-  restored.wide = restored.high = 1;
-  const cSHAREDSettings reloaded = loaded(saved(settings));
-  reloaded.ReadWindowSettings(u"FRMMAIN"_s, restored);
-  EXPECT_EQ(restored.wide, 6000);
-  EXPECT_EQ(restored.high, 4000);
-  EXPECT_EQ(restored.now, SettingsWindow::State::Maximised);
-
-  FakeWindow unknown;
-  reloaded.ReadWindowSettings(u"frmOther"_s, unknown);
-  EXPECT_EQ(unknown.wide, 6000);
-  EXPECT_EQ(unknown.now, SettingsWindow::State::Normal);
-}
-
 TEST(cSHAREDSettings, ANearlyFullScreenSizeIsMaximised) {
   cSHAREDSettings settings;
   const auto restoredState = [&](const QVariant& width, const QVariant& height) {
@@ -373,17 +336,6 @@ TEST(cSHAREDSettings, AMaximisedWindowKeepsItsNormalSizeThroughAnyNumberOfStarts
   }
   EXPECT_EQ(Numbers::ToInt(settings.sGet(u"fWindowWidth"_s)), 30000);
   EXPECT_EQ(Numbers::ToInt(settings.sGet(u"fWindowHeight"_s)), 15000);
-}
-
-TEST(cSHAREDSettings, ColumnWidthsAreKeptByNumber) {
-  cSHAREDSettings settings;
-  FakeColumns columns;
-  columns.widths = {1200.5, 0, 700};
-  settings.StoreColumnSettings(u"ListScenes"_s, columns);
-  EXPECT_TRUE(settings.IsSettingPresent(u"LISTSCENES3_W"_s));
-  columns.widths = {1, 2, 3, 4};
-  loaded(saved(settings)).ReadColumnSettings(u"ListScenes"_s, columns);
-  EXPECT_EQ(columns.widths, QList<double>({1200.5, 2, 700, 4}));
 }
 
 // A file that is there and can't be read is still the writer's: it is put aside before another takes its place.

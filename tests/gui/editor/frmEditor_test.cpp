@@ -245,6 +245,8 @@ TEST_F(EditorTest, ANewSceneThatWasSavedOnceIsKeptAsItWasThen) {
   {
     const WhenModal write([&](QWidget& window) {
       auto& editor = dynamic_cast<frmEditor&>(window);
+      // A key reaches the menu of an active window alone.
+      EXPECT_TRUE(waitUntilActive(editor));
       type(editor, u"saved"_s);
       QTest::keyClick(&editor, Qt::Key_S, Qt::ControlModifier);
       type(editor, u" and not saved"_s);

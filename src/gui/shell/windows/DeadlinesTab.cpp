@@ -48,9 +48,7 @@ qint32 today() {
 
 /// The palette with the text of buttons in the red of what is wrong.
 QPalette faultPalette(QPalette palette) {
-  QPalette paper = palette;
-  paper.setColor(QPalette::Base, palette.color(QPalette::Button));
-  palette.setColor(QPalette::ButtonText, RowColours::readable(RowColours::kRed, paper));
+  palette.setColor(QPalette::ButtonText, RowColours::readable(RowColours::kRed, palette, QPalette::Button));
   return palette;
 }
 
