@@ -113,6 +113,7 @@ void NotesPane::buildLayout() {
 
 QVBoxLayout* NotesPane::columnOfList() {
   ListNotes->header()->setStretchLastSection(true);
+  ListNotes->setToolTip(u"Press Enter to edit a note, F2 to change its title, Delete to remove what is selected."_s);
   QVBoxLayout* column = plainColumn();
   column->addWidget(ListNotes, 1);
   addButtons(*column, {cmdNew, cmdEdit});
