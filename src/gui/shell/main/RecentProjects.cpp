@@ -1,8 +1,11 @@
 #include "gui/shell/main/RecentProjects.h"
 
+#include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
+
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +24,7 @@ QStringList takeAll() {
   for (int i = 0; i < RecentProjects::kCount; ++i) {
     const QString path = stored(i);
     Settings().DeleteSettingByName(key(i));
-    if (!path.isEmpty() && !paths.contains(path)) {
+    if (!path.isEmpty()) {
       paths.append(path);
     }
   }
@@ -32,10 +35,17 @@ QStringList takeAll() {
 
 namespace RecentProjects {
 
-QStringList withNewest(QStringList paths, const QString& path) {
-  paths.removeAll(path);
-  paths.prepend(path);
-  return paths;
+QStringList withNewest(const QStringList& paths, const QString& path) {
+  QStringList newest{path};
+  QSet<QString> known{Paths::identity(path)};
+  for (const QString& other : paths) {
+    const QString identity = Paths::identity(other);
+    if (!known.contains(identity)) {
+      known.insert(identity);
+      newest.append(other);
+    }
+  }
+  return newest;
 }
 
 bool isNewest(const QString& path) {

@@ -9,8 +9,8 @@ namespace RecentProjects {
 /// As many are read; one more is written, and never read again: so the oldest falls off.
 inline constexpr int kCount = 14;
 
-/// The path in front, and no path twice.
-QStringList withNewest(QStringList paths, const QString& path);
+/// The path in front, and no file twice, however it is spelled.
+QStringList withNewest(const QStringList& paths, const QString& path);
 
 bool isNewest(const QString& path);
 /// Puts the path in front and saves the settings file at once, so that the list outlives a crash.
