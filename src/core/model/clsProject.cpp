@@ -270,6 +270,7 @@ bool clsProject::HoldsUnsaved() const {
 void clsProject::Clear() {
   FileWithPath.clear();
   editedSinceSave_ = false;
+  lastSaves_ = {};
   incompleteFile_.clear();
   storedIn_.clear();
   stored_ = {};

@@ -2,6 +2,7 @@
 
 #include "core/infra/FileStamp.h"
 #include "core/model/Collections.h"
+#include "core/model/SaveNote.h"
 
 #include <QByteArray>
 #include <QString>
@@ -166,6 +167,8 @@ class clsProject {
   bool OpenedIncomplete() const { return !incompleteFile_.isEmpty(); }
   /// The user wants the project file as another program has left it, in the place of what is in memory.
   bool ReloadWanted() const { return reloadWanted_; }
+  /// How its saves went.
+  const SaveNote& LastSaves() const { return lastSaves_; }
   /// True on success; a failed load leaves an empty project. The user has been told by then.
   bool Load(const QString& file, bool showProgress);
   /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the
@@ -199,6 +202,7 @@ class clsProject {
   std::array<qint32, 5> deadlineStartDate_{};
   std::array<QString, 4> fieldTitle_;
   bool editedSinceSave_ = false;
+  SaveNote lastSaves_;
   /// The file that was opened and had been cut off: it isn't written over unasked. Empty for a whole one.
   QString incompleteFile_;
   /// The file that the book was read from or last written to, and what that looked like then.

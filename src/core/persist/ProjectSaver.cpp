@@ -234,6 +234,9 @@ bool ProjectSaver::isUnchanged(Form form) {
 void ProjectSaver::giveUp(const QString& own, Form form) const {
   project_.FileWithPath = own;
   project_.editedSinceSave_ = project_.editedSinceSave_ || (form == Form::Folder && !own.isEmpty());
+  if (form == Form::Folder && !project_.reloadWanted_) {
+    project_.lastSaves_.bookNotSaved(cause_);
+  }
 }
 
 bool ProjectSaver::askForFile(const QString& folder, Form form) {
@@ -275,26 +278,33 @@ bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
       newPlace->keep();
     }
     remember(form);
+    note(form);
   } else {
     project_.editedSinceSave_ = project_.editedSinceSave_ || edited;
   }
+  cause_ = failure.cause;
   tell(failure);
   return isDone(failure);
 }
 
 // What the system says may be all that a writer needs to mend it.
-ProjectSaver::Failure ProjectSaver::because(Failure failure, const QString& cause) {
-  if (!cause.isEmpty()) {
-    failure.text += u"\n\n"_s + cause;
+void ProjectSaver::tell(const Failure& failure) {
+  const QString text = failure.cause.isEmpty() ? failure.text : failure.text + u"\n\n"_s + failure.cause;
+  if (failure.told == Failure::Told::ByBox) {
+    toolkit().MsgBox(text);
+  } else if (failure.told == Failure::Told::ByReport) {
+    ShowError().ShowErr(text, {});
   }
-  return failure;
 }
 
-void ProjectSaver::tell(const Failure& failure) {
-  if (failure.told == Failure::Told::ByBox) {
-    toolkit().MsgBox(failure.text);
-  } else if (failure.told == Failure::Told::ByReport) {
-    ShowError().ShowErr(failure.text, {});
+// A copy in a single file is no save of the book.
+void ProjectSaver::note(Form form) const {
+  if (form == Form::SingleFile) {
+    return;
+  }
+  project_.lastSaves_.bookSaved();
+  if (const qint32 unsaved = project_.UnsavedTexts(); unsaved > 0) {
+    project_.lastSaves_.textNotSaved(u"the text of %1 scene(s) could not be written"_s.arg(unsaved));
   }
 }
 
@@ -329,14 +339,13 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
   NewFile file(Files().CreateReplacementFile(project_.FileWithPath, cause));
   if (file.number() <= 0) {
     Logging().LogEvent(u"Unable to write project file"_s);
-    return because(boxed(Files().FileExists(project_.FileWithPath) ? kUnableToReplace : kUnableToSave), cause);
+    return boxed(Files().FileExists(project_.FileWithPath) ? kUnableToReplace : kUnableToSave, cause);
   }
   Logging().LogEvent(u"Saving project"_s);
   Failure failure;
   textFailure_.clear();
   if (leavesFile_) {
-    return form == Form::Folder && !writeTexts(form, showProgress) ? because(boxed(kUnableToSave), textFailure_)
-                                                                   : Failure();
+    return form == Form::Folder && !writeTexts(form, showProgress) ? boxed(kUnableToSave, textFailure_) : Failure();
   }
   cause = Guard("Save", "clsProject").causeOf([&] {
     LongWork work(project_, u"Saving Project"_s, showProgress);
@@ -349,9 +358,10 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
     }
   });
   if (!isDone(failure)) {
-    return because(failure, textFailure_.isEmpty() ? Channels().failureOf(file.number()) : textFailure_);
+    failure.cause = textFailure_.isEmpty() ? Channels().failureOf(file.number()) : textFailure_;
+    return failure;
   }
-  return cause.isEmpty() ? Failure() : because(boxed(kUnableToSave), cause);
+  return cause.isEmpty() ? Failure() : boxed(kUnableToSave, cause);
 }
 
 // Somebody may have written it while we did.

@@ -37,6 +37,7 @@ class ProjectSaver {
     enum class Told { NotAtAll, ByBox, ByReport };
     Told told = Told::NotAtAll;
     QString text;
+    QString cause = {};
   };
   struct Step;
   class NewPlace;
@@ -71,11 +72,11 @@ class ProjectSaver {
   QString forcedExtension(const QString& extension) const;
   /// The same for a name that the user gave.
   QString extensionGiven(const QString& extension) const;
-  static Failure boxed(const QString& text) { return {Failure::Told::ByBox, text}; }
-  /// With the cause behind what is told.
-  static Failure because(Failure failure, const QString& cause);
+  static Failure boxed(const QString& text, const QString& cause = {}) { return {Failure::Told::ByBox, text, cause}; }
   static bool isDone(const Failure& failure) { return failure.told == Failure::Told::NotAtAll; }
   static void tell(const Failure& failure);
+  /// What the windows say of the save from now on.
+  void note(Form form) const;
 
   clsProject& project_;
   /// The project file stays as another program has left it: nothing in it is ours to write.
@@ -87,6 +88,8 @@ class ProjectSaver {
   /// Of the folder that is saved to, where it isn't the book's own yet.
   std::unique_ptr<FolderLock> lock_;
   FileStamp written_;
+  /// Why the last attempt failed, where the system said so.
+  QString cause_;
   /// Why the text of a scene that has no file yet could not be written.
   QString textFailure_;
 };

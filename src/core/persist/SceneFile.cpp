@@ -93,6 +93,11 @@ void clsScene::SaveRTF(bool force) {
   }
   saveFailure_ =
       Files().FolderExists(g_Project->Path()) ? file.failure() : u"The book's folder isn't there any more."_s;
+  if (saveFailure_.isEmpty()) {
+    g_Project->lastSaves_.textSaved(g_Project->UnsavedTexts() == 0);
+  } else {
+    g_Project->lastSaves_.textNotSaved(saveFailure_);
+  }
 }
 
 bool clsScene::LoadRTF() {

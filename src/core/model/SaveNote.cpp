@@ -1,0 +1,66 @@
+#include "core/model/SaveNote.h"
+
+#include "core/infra/Clock.h"
+#include "core/infra/RuntimeError.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the file system says, without the path that it says it of.
+QString inPlainWords(const QString& why) {
+  const std::pair<int, QString> known[] = {
+      {RuntimeError::DiskFull, u"the disk is full"_s},
+      {RuntimeError::PathAccess, u"the file or its folder can't be written"_s},
+  };
+  for (const auto& [number, words] : known) {
+    if (why.startsWith(RuntimeError::descriptionOf(number))) {
+      return words;
+    }
+  }
+  return why.simplified();
+}
+
+/// Some locales have seconds in their short form.
+QString hourAndMinute(const QDateTime& time) {
+  static const QRegularExpression seconds(u"[^a-zA-Z\\s]?s+"_s);
+  return QLocale().toString(time.time(), QLocale().timeFormat(QLocale::ShortFormat).remove(seconds));
+}
+
+}  // namespace
+
+void SaveNote::bookSaved() {
+  failed_ = Failed::Nothing;
+  savedAt_ = Clock::now();
+}
+
+void SaveNote::bookNotSaved(const QString& why) {
+  failed_ = Failed::Book;
+  why_ = inPlainWords(why);
+}
+
+void SaveNote::textSaved(bool allSaved) {
+  if (failed_ == Failed::Nothing || (failed_ == Failed::Text && allSaved)) {
+    failed_ = Failed::Nothing;
+    savedAt_ = Clock::now();
+  }
+}
+
+void SaveNote::textNotSaved(const QString& why) {
+  if (failed_ != Failed::Book) {
+    failed_ = Failed::Text;
+    why_ = inPlainWords(why);
+  }
+}
+
+QString SaveNote::text() const {
+  if (failed()) {
+    return why_.isEmpty() ? u"Not saved"_s : u"Not saved: "_s + why_;
+  }
+  return savedAt_.isValid() ? u"Saved "_s + hourAndMinute(savedAt_) : QString();
+}
