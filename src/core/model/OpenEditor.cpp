@@ -40,6 +40,7 @@ void OpenEditor::letGo() {
   }
   window_->Finished = nullptr;
   window_->Changed = nullptr;
+  window_->LetGo();
   window_ = nullptr;
   g_SceneChanges.UnLockRec(sceneID_);
 }

@@ -25,6 +25,12 @@ class SceneEditor {
   virtual void Unload() = 0;
   /// Saves what the window holds, if there is anything to save, without a question or a word.
   virtual void SaveQuietly() = 0;
+  /// The user changed something that no save has taken up.
+  virtual bool HoldsUnsaved() const = 0;
+  /// Asks whether to save that, and does. False when the window is to stay as it is.
+  virtual bool AskIfSave() = 0;
+  /// The scene has left its book, or the window: what the window holds can't be saved any more.
+  virtual void LetGo() = 0;
   /// Whether anything was saved.
   virtual bool SavedChanges() const = 0;
 

@@ -225,6 +225,20 @@ void clsProject::SaveEditorWindows() {
   eachOpenEditor(&clsScene::SaveEditor);
 }
 
+bool clsProject::EditorsHoldUnsaved() const {
+  const std::vector<qint32> open = g_SceneChanges.lockedIDs();
+  return std::any_of(open.begin(), open.end(), [this](qint32 id) { return SceneByID(id)->EditorHoldsUnsaved(); });
+}
+
+bool clsProject::AskEditorWindows() {
+  const std::vector<qint32> open = g_SceneChanges.lockedIDs();
+  return std::all_of(open.begin(), open.end(), [this](qint32 id) { return SceneByID(id)->AskEditor(); });
+}
+
+void clsProject::CloseEditorWindows() {
+  eachOpenEditor(&clsScene::fEditor_Finished);
+}
+
 void clsProject::UpdateCombosInEditorWindows() {
   eachOpenEditor(&clsScene::UpdateEditorCombos);
 }

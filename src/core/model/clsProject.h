@@ -139,6 +139,12 @@ class clsProject {
   void UpdateCombosInEditorWindows();
   /// What open editors hold goes into their scenes and files, without a question.
   void SaveEditorWindows();
+  /// An open editor holds what no save has taken up.
+  bool EditorsHoldUnsaved() const;
+  /// Each open editor that holds such is asked whether to save it. False as soon as one is to stay as it is.
+  bool AskEditorWindows();
+  /// Closes them all without a question: what was to be saved has been by then.
+  void CloseEditorWindows();
 
   /// Days from the level's start, or from today when that has passed, to its deadline; both days count.
   qint32 DaysLeft(int level, double today) const;
@@ -169,6 +175,8 @@ class clsProject {
   bool ReloadWanted() const { return reloadWanted_; }
   /// How its saves went.
   const SaveNote& LastSaves() const { return lastSaves_; }
+  /// True for a file of a kind that can be opened; else the user has been told by then.
+  static bool CanOpen(const QString& file);
   /// True on success; a failed load leaves an empty project. The user has been told by then.
   bool Load(const QString& file, bool showProgress);
   /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the

@@ -128,6 +128,10 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   void MarkCharacters();
   /// What an open editor holds goes into the scene and its file, without a question.
   void SaveEditor();
+  /// An open editor holds what no save has taken up.
+  bool EditorHoldsUnsaved() const;
+  /// An open editor that does comes forward and asks whether to save that. False when it is to stay as it is.
+  bool AskEditor();
   void UnmarkCharacters();
   void UpdateEditorCombos();
   void fEditor_Finished();

@@ -100,6 +100,20 @@ void clsScene::SaveEditor() {
   }
 }
 
+bool clsScene::EditorHoldsUnsaved() const {
+  const SceneEditor* const editor = fEditor();
+  return editor != nullptr && editor->HoldsUnsaved();
+}
+
+bool clsScene::AskEditor() {
+  if (!EditorHoldsUnsaved()) {
+    return true;
+  }
+  SceneEditor* const editor = fEditor();
+  editor->Activate();
+  return editor->AskIfSave();
+}
+
 void clsScene::MarkCharacters() {
   if (SceneEditor* const editor = fEditor()) {
     editor->MarkCharacters();

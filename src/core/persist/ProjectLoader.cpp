@@ -75,20 +75,26 @@ bool clsProject::Load(const QString& file, bool showProgress) {
   return ProjectLoader(*this).load(file, showProgress);
 }
 
+bool clsProject::CanOpen(const QString& file) {
+  if (extensionOf(file) != u"qn3"_s) {
+    return true;
+  }
+  toolkit().MsgBox(u"Quillane 3 projects can't be opened by this version yet."_s);
+  return false;
+}
+
 bool ProjectLoader::load(const QString& file, bool showProgress) {
   if (project_.IsBusy()) {
     Logging().AddDebug(u"Not loaded while a load or save is under way: "_s + file, u"Load"_s, u"clsProject"_s);
     return false;
   }
   const BusyMark busy(project_);
-  const QString extension = extensionOf(file);
-  if (extension == u"qn3"_s) {
-    toolkit().MsgBox(u"Quillane 3 projects can't be opened by this version yet."_s);
+  if (!clsProject::CanOpen(file)) {
     project_.Clear();
     return false;
   }
   const bool result = loadQN4(file, showProgress);
-  if (extension == u"qnc4"_s) {
+  if (extensionOf(file) == u"qnc4"_s) {
     toolkit().MsgBox(singleFileNotice());
     tellUnreadTexts();
   }

@@ -20,7 +20,8 @@ class RichTextBox;
 class clsScene;
 
 /// The window in which one scene is written. It holds no data of its own: it copies the scene into its controls,
-/// copies them back and tells the scene to write itself. The scene is looked up by its ID each time.
+/// copies them back and tells the scene to write itself. The scene is looked up by its ID each time. When that has left
+/// the book that is open, or its book was closed, the window stays and can save no more: its text can be copied.
 class frmEditor : public QMainWindow, public SceneEditor {
   Q_OBJECT
 
@@ -39,6 +40,10 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void HideWindow() override { hide(); }
   void Unload() override;
   void SaveQuietly() override;
+  bool HoldsUnsaved() const override { return Dirty && !leaving_; }
+  /// What could not be saved keeps the window too.
+  bool AskIfSave() override;
+  void LetGo() override;
   bool SavedChanges() const override { return savedChanges_; }
 
   void setCurrentSearchString(const QString& text) override;
@@ -67,20 +72,23 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void textChanged();
   void mnuTop20_Click();
   void ShowSceneWordCount();
+  void showChapterWordCount(qint32 wordsHere);
   /// False, and the user has been told, when there is no scene to save to any more.
   bool SaveChanges(bool spellCheck);
   /// The same, and told, when the text could not be written to its file.
   bool saveWhole();
   /// For the status bar.
   QString whereSaved() const;
-  /// False when the window is to stay open.
-  bool AskIfSave();
+  void keepWithoutBook();
   void ExitForm();
   void saveAndExit();
   void closeForm();
+  /// Null once the scene has left the book: its ID may be another one's by then, or another book's.
   std::shared_ptr<clsScene> scene() const;
 
   qint32 SceneID = 0;
+  /// The one that was opened, to tell it from another of its ID.
+  std::weak_ptr<clsScene> opened_;
   /// Text or fields changed since the last save.
   bool Dirty = false;
   bool savedChanges_ = false;

@@ -31,14 +31,17 @@ constexpr int kWordCountMs = 3000;
 }  // namespace
 
 std::shared_ptr<clsScene> frmEditor::scene() const {
-  return g_Project->SceneByID(SceneID);
+  auto found = g_Project->SceneByID(SceneID);
+  return found->InScenes() && found == opened_.lock() ? found : nullptr;
 }
 
 void frmEditor::EditScene(qint32 id) {
   const bool fontsWaiting = TimerLoadFonts.isActive();
   TimerLoadFonts.stop();
   SceneID = id;
-  setCaption(scene()->Title);
+  const auto shown = g_Project->SceneByID(id);
+  opened_ = shown;
+  setCaption(shown->Title);
   StatusBar1->setPanel(EditorStatusBar::autosave, u"Last Autosave: None"_s);
   ShowScene();
   Dirty = false;
@@ -97,14 +100,29 @@ void frmEditor::ShowSceneWordCount() {
   if (text != LastCountedText) {
     LastCountedText = text;
     const qint32 words = Html().CalcWordCount(text);
-    qint32 total = words;
-    for (const qint32 id : g_Project->ChapterByID(scene()->BelongsToChID)->SceneIDs()) {
-      total += id == SceneID ? 0 : g_Project->SceneByID(id)->Wordcount();
-    }
     StatusBar1->setPanel(EditorStatusBar::sceneWords, u"Scene: %L1 words"_s.arg(words));
-    StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %L1 words"_s.arg(total));
+    showChapterWordCount(words);
   }
   TimerWC.start(kWordCountMs);
+}
+
+void frmEditor::showChapterWordCount(qint32 wordsHere) {
+  const auto counted = scene();
+  if (!counted) {
+    return;
+  }
+  qint32 total = wordsHere;
+  for (const qint32 id : g_Project->ChapterByID(counted->BelongsToChID)->SceneIDs()) {
+    total += id == SceneID ? 0 : g_Project->SceneByID(id)->Wordcount();
+  }
+  StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %L1 words"_s.arg(total));
+}
+
+// What stood there of the book is true no more.
+void frmEditor::LetGo() {
+  StatusBar1->setPanel(EditorStatusBar::autosave, u"No longer in the open book"_s);
+  StatusBar1->setPanel(EditorStatusBar::chapterWords, {});
+  StatusBar1->setPanel(EditorStatusBar::chapterTitle, {});
 }
 
 void frmEditor::mnuTop20_Click() {
@@ -116,15 +134,17 @@ void frmEditor::mnuTop20_Click() {
 
 bool frmEditor::SaveChanges(bool) {
   const auto saved = scene();
-  if (!Finished || !saved->InScenes()) {
-    // The scene has left while its window stood open, and its ID may be another book's by now.
+  if (!saved) {
     toolkit().MsgBox(
-        u"The project of this scene has been closed, so the scene can't be saved. Please copy its text to keep it."_s);
+        u"This scene isn't in the open project any more, so it can't be saved. Please copy its text to keep it."_s);
     return false;
   }
   FormToData(*saved);
   const QByteArray given = saved->TextRTF();
   saved->Save(false, true);
+  if (!saved->InScenes()) {
+    return false;  // it has gone while a question was up, and what it holds now is nobody's
+  }
   if (saved->TextRTF() != given) {
     // Another program had changed the file, and the user took that.
     loadMainText(*saved);
@@ -154,12 +174,22 @@ QString frmEditor::whereSaved() const {
 
 // Should the scene's own file not take it, there is one more.
 void frmEditor::SaveQuietly() {
+  if (!Dirty) {
+    return;
+  }
   const auto saved = scene();
-  if (!Dirty || !Finished || !saved->InScenes()) {
+  if (!saved) {
+    keepWithoutBook();
     return;
   }
   SaveChanges(false);
   Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved); });
+}
+
+void frmEditor::keepWithoutBook() {
+  clsScene kept;
+  FormToData(kept);
+  RescueFolder(*g_Project).keep(kept);
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.

@@ -57,6 +57,9 @@ class RecordingEditor : public SceneEditor {
     calls_ += u"Unload"_s;
     delete this;
   }
+  bool HoldsUnsaved() const override { return false; }
+  bool AskIfSave() override { return true; }
+  void LetGo() override {}
   bool SavedChanges() const override { return saved; }
   void setCurrentSearchString(const QString& text) override { calls_ += u"Search "_s + text; }
   void MarkCharacters() override { calls_ += u"Mark"_s; }

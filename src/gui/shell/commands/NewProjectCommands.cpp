@@ -8,7 +8,6 @@
 #include "core/model/clsProject.h"
 #include "core/persist/NewBook.h"
 #include "gui/shell/commands/modCreateProject.h"
-#include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmProjectWizard.h"
@@ -38,16 +37,12 @@ void NewProjectCommands::bind(MenuBindings& menu) {
 }
 
 void NewProjectCommands::mnuNewProj_Click() {
-  if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
-    return;
-  }
-  if (!main_.session().mayReplaceProject()) {
+  if (g_Project->IsBusy() || !main_.session().mayReplaceProject()) {
     return;
   }
   const ScanPause pause;
-  const bool created = CreateEmptyProject();
-  created ? main_.EnableMenus() : main_.DisableMenus();
-  main_.panes().ClearLists();
+  main_.session().leaveProject();
+  CreateEmptyProject() ? main_.EnableMenus() : main_.DisableMenus();
   main_.RefreshAll();
   main_.ProjectChanged = false;
 }

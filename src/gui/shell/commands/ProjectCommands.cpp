@@ -17,14 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An older project is written anew in the present form: only when the user wants that.
-bool conversionWanted(const QString& path) {
-  return Files().ExtOnly(path).toLower() != u"qn3"_s ||
-         toolkit().MsgBox(
-             u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s,
-             Buttons::YesNo) == Answer::Yes;
-}
-
 /// A few of the scenes whose texts stand in memory alone.
 QStringList titlesOfUnsavedTexts() {
   QStringList titles;
@@ -50,7 +42,7 @@ void ProjectCommands::bind(MenuBindings& menu) {
 
 // Whoever opens a project by hand is not asked about updates in this run.
 void ProjectCommands::mnuLoadProj_Click() {
-  if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
+  if (g_Project->IsBusy()) {
     return;
   }
   main_.stopUpdateCheck();
@@ -60,7 +52,7 @@ void ProjectCommands::mnuLoadProj_Click() {
   const ScanPause pause;
   const QString path =
       toolkit().OpenFileDialog({u"Open"_s, u"*.qn3;*.qn4;*.qnc4"_s, QString(), Paths::documentsFolder()});
-  if (!path.isEmpty() && conversionWanted(path)) {
+  if (!path.isEmpty()) {
     main_.LoadProject(path, true);
   }
   if (g_Project->FileWithPath.isEmpty()) {
@@ -71,7 +63,7 @@ void ProjectCommands::mnuLoadProj_Click() {
 }
 
 void ProjectCommands::mnuRecent_Click(const QString& Path) {
-  if (Path.isEmpty() || g_Project->IsBusy() || main_.refusedWhileEditing()) {
+  if (Path.isEmpty() || g_Project->IsBusy()) {
     return;
   }
   main_.stopUpdateCheck();

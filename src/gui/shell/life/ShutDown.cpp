@@ -4,11 +4,13 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/persist/RescueFolder.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
+#include "gui/shell/main/StrayEditors.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/ProportionalSplitter.h"
 #include "gui/toolkit/WindowSettings.h"
@@ -104,6 +106,9 @@ void frmMain::SaveAtOnce() {
   const Unattended nobody;
   const Guard guard("SaveAtOnce", "frmMain");
   guard([] { g_Project->SaveEditorWindows(); });
+  for (SceneEditor* const editor : strayTexts()) {
+    guard([&] { editor->SaveQuietly(); });
+  }
   guard([&] { panes_->storeTypedNote(); });
   if (session_.isOnlyLookedAt()) {
     return;

@@ -178,7 +178,9 @@ void StartUp::readSettings() const {
   // English is built in and so far the only language.
   main_.menus().checkElement(u"mnuLanguage"_s, u"English"_s);
   const QString font = Settings().sGet(u"FormFont"_s).toString().trimmed();
-  useFormFont(main_, font.isEmpty() ? u"MS Sans Serif"_s : font);
+  if (font.isEmpty() || !useFormFont(main_, font)) {
+    useFormFont(main_, kSystemFormFont);
+  }
 }
 
 void StartUp::readFonts() const {

@@ -9,13 +9,14 @@
 using namespace Qt::StringLiterals;
 
 bool useFormFont(frmMain& main, const QString& family) {
-  const bool systemFont = family == u"MS Sans Serif"_s;
-  const bool known = systemFont || QFontDatabase::hasFamily(family);
   QFont font = QApplication::font();
-  if (known && !systemFont) {
+  if (family != kSystemFormFont) {
+    if (!QFontDatabase::hasFamily(family)) {
+      return false;
+    }
     font.setFamily(family);
   }
   main.setFont(font);
   main.menus().checkElement(u"mnuFont"_s, family);
-  return known;
+  return true;
 }

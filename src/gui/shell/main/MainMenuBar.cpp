@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QSet>
+#include <QShortcutEvent>
 #include <QToolTip>
 
 #include <algorithm>
@@ -46,11 +47,13 @@ const QSet<QString>& menuNames() {
 
 }  // namespace
 
-MainMenuBar::MainMenuBar(QMenuBar& bar, bool developmentBuild) : QObject(&bar), developmentBuild_(developmentBuild) {
+MainMenuBar::MainMenuBar(QMenuBar& bar, bool developmentBuild)
+    : QObject(&bar), bar_(bar), developmentBuild_(developmentBuild) {
   for (const MenuEntry& entry : mainMenuTable()) {
     addLine(entry, bar);
   }
   assignMnemonics(bar.actions());
+  bar.installEventFilter(this);
 }
 
 void MainMenuBar::addLine(const MenuEntry& entry, QMenuBar& bar) {
@@ -81,7 +84,7 @@ QMenu* MainMenuBar::addMenu(const MenuEntry& entry, QMenuBar& bar) {
   connect(menu, &QMenu::aboutToShow, this, [menu] { assignMnemonics(menu->actions()); });
   menu->installEventFilter(this);
   menus_.insert(name, menu);
-  remember(name, menu->menuAction(), true);
+  remember(name, menu->menuAction());
   return menu;
 }
 
@@ -93,7 +96,13 @@ QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, cons
     action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut), QKeySequence::PortableText));
   }
   action->setData(element.tag);
-  connect(action, &QAction::triggered, this, [this, action] { choose(*action); });
+  connect(action, &QAction::triggered, this, [this, action](bool checked) {
+    // The command alone knows which choice is in force.
+    if (action->isCheckable()) {
+      action->setChecked(!checked);
+    }
+    choose(*action);
+  });
   const QString array = menuBaseName(name);
   QAction* before = nullptr;
   if (array != name) {
@@ -106,60 +115,99 @@ QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, cons
     elements.append(action);
   }
   menu->insertAction(before, action);
-  showWhyNot(remember(name, action, false, element.whyNot));
+  setEnabled(remember(name, action, element.whyNot), true);
   return action;
 }
 
-auto MainMenuBar::remember(const QString& name, QAction* action, bool isMenu, const QString& whyNot)
-    -> const StatedAction& {
+auto MainMenuBar::remember(const QString& name, QAction* action, const QString& whyNot) -> const StatedAction& {
   action->setObjectName(name);
   actions_.insert(name, action);
-  stated_.append({menuBaseName(name), action, isMenu, whyNot});
+  stated_.append({menuBaseName(name), action, whyNot});
   return stated_.constLast();
 }
 
 void MainMenuBar::addCommands(CommandGroup& group) {
   group.bind(bindings_);
   for (const StatedAction& entry : stated_) {
-    if (!entry.isMenu) {
-      showWhyNot(entry);
-    }
+    setEnabled(entry, entry.action->isEnabled());
   }
 }
 
-bool MainMenuBar::canBeChosen(const StatedAction& entry) const {
-  return entry.isMenu || (bindings_.isBound(entry.baseName) && entry.whyNot.isEmpty());
+// A menu of the bar can be opened all the same: what is to come can be looked at there.
+QString MainMenuBar::whyNever(const StatedAction& entry) const {
+  const QMenu* const menu = entry.action->menu<QMenu*>();
+  const bool isInBar = menu != nullptr && qobject_cast<QMenu*>(menu->parentWidget()) == nullptr;
+  const bool isBuilt = menu != nullptr ? isInBar || holdsBuilt(*menu) : bindings_.isBound(entry.baseName);
+  return isBuilt ? entry.whyNot : u"not in this version yet"_s;
 }
 
-void MainMenuBar::showWhyNot(const StatedAction& entry) const {
-  const QString note = bindings_.isBound(entry.baseName) ? entry.whyNot : u"not in this version yet"_s;
-  entry.action->setEnabled(entry.action->isEnabled() && canBeChosen(entry));
+bool MainMenuBar::holdsBuilt(const QMenu& menu) const {
+  const QList<QAction*> entries = menu.actions();
+  return std::any_of(entries.begin(), entries.end(), [this](const QAction* entry) {
+    const QMenu* const inner = entry->menu<QMenu*>();
+    return entry->isVisible() && (inner != nullptr ? holdsBuilt(*inner) : isBuilt(entry->objectName()));
+  });
+}
+
+void MainMenuBar::setEnabled(const StatedAction& entry, bool enabled) const {
+  const QString never = whyNever(entry);
+  entry.action->setEnabled(enabled && never.isEmpty());
+  const QString note = never.isEmpty() ? entry.whyNotNow : never;
   entry.action->setToolTip(note);
   entry.action->setStatusTip(note);
 }
 
-// A menu says nothing of its disabled entries by itself, and would say every caption twice.
+QString MainMenuBar::whyNot(const QAction& action) {
+  for (const QAction* at = &action; at != nullptr;) {
+    if (!at->isEnabled()) {
+      return at->statusTip();
+    }
+    // The action that opens a menu belongs to that menu.
+    const QObject* const owner = at->menu<QMenu*>() != nullptr ? at->parent()->parent() : at->parent();
+    const auto* const menu = qobject_cast<const QMenu*>(owner);
+    at = menu == nullptr ? nullptr : menu->menuAction();
+  }
+  return {};
+}
+
+// Neither the bar nor a menu says anything of what is disabled by itself, and a menu would say every caption twice.
 bool MainMenuBar::eventFilter(QObject* watched, QEvent* event) {
-  const auto noteAt = [watched](const QPoint& place) {
-    const QAction* const action = static_cast<QMenu*>(watched)->actionAt(place);
+  const auto noteAt = [this, watched](const QPoint& place) {
+    const QAction* const action =
+        watched == &bar_ ? bar_.actionAt(place) : static_cast<QMenu*>(watched)->actionAt(place);
     return action == nullptr ? QString() : action->statusTip();
   };
   switch (event->type()) {
     case QEvent::ToolTip: {
       const auto* const help = static_cast<QHelpEvent*>(event);
-      QToolTip::showText(help->globalPos(), plainToolTip(noteAt(help->pos())), static_cast<QMenu*>(watched));
+      QToolTip::showText(help->globalPos(), plainToolTip(noteAt(help->pos())), static_cast<QWidget*>(watched));
       return true;
     }
     case QEvent::MouseMove:
       Q_EMIT hinted(noteAt(static_cast<QMouseEvent*>(event)->position().toPoint()));
       break;
     case QEvent::Hide:
+    case QEvent::Leave:
       Q_EMIT hinted({});
+      break;
+    case QEvent::Shortcut:
+      if (const QAction* const closed = closedMenuOf(static_cast<QShortcutEvent*>(event)->key())) {
+        Q_EMIT refused(closed);
+        return true;
+      }
       break;
     default:
       break;
   }
   return QObject::eventFilter(watched, event);
+}
+
+const QAction* MainMenuBar::closedMenuOf(const QKeySequence& key) const {
+  const QList<QAction*> menus = bar_.actions();
+  const auto found = std::find_if(menus.begin(), menus.end(), [&](const QAction* menu) {
+    return !menu->isEnabled() && menu->isVisible() && QKeySequence::mnemonic(menu->text()) == key;
+  });
+  return found == menus.end() ? nullptr : *found;
 }
 
 QAction* MainMenuBar::actionOf(const QKeySequence& key) const {
@@ -181,11 +229,12 @@ void MainMenuBar::choose(const QAction& action) {
   Guard(command->logName.constData(), "frmMain")([&] { command->run(choice); });
 }
 
-void MainMenuBar::apply(const MenuState& state) {
-  for (const StatedAction& entry : stated_) {
+void MainMenuBar::apply(const MenuState& state, const QString& whyNot) {
+  for (StatedAction& entry : stated_) {
     const auto told = state.constFind(entry.baseName);
     if (told != state.constEnd()) {
-      entry.action->setEnabled(*told && canBeChosen(entry));
+      entry.whyNotNow = *told ? QString() : whyNot;
+      setEnabled(entry, *told);
     }
   }
 }

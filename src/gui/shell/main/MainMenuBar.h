@@ -20,7 +20,7 @@ struct MenuElement {
 };
 
 /// The menu tree as the window shows it. Actions and menus bear the names of the table. An entry whose command isn't
-/// built yet is disabled whatever the state of the window, and says so.
+/// built yet is disabled whatever the state of the window, and says so; so is a menu in a menu that has no other.
 class MainMenuBar : public QObject {
   Q_OBJECT
 
@@ -38,7 +38,10 @@ class MainMenuBar : public QObject {
   /// The entry, or the action that opens the menu, of this name; null for an unknown one.
   QAction* action(const QString& name) const { return actions_.value(name); }
   QMenu* menu(const QString& name) const { return menus_.value(name); }
-  void apply(const MenuState& state);
+  /// Enables and disables what the state names; what it disables says why.
+  void apply(const MenuState& state, const QString& whyNot = {});
+  /// Why it can't be chosen: it or a menu that it stands in is disabled. Empty when it can.
+  static QString whyNot(const QAction& action);
 
   /// Element 0, the one of the table, stays; these come behind it, numbered from 1, in the place of earlier ones.
   void loadElements(const QString& array, const QList<MenuElement>& elements);
@@ -51,8 +54,10 @@ class MainMenuBar : public QObject {
  Q_SIGNALS:
   /// An entry was chosen; its command runs next.
   void chosen();
-  /// What is to be said of the entry under the mouse; empty when there is nothing.
+  /// What is to be said of the entry, or the menu of the bar, under the mouse; empty when there is nothing.
   void hinted(const QString& note);
+  /// The key of a menu of the bar that is disabled.
+  void refused(const QAction* menu);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -63,17 +68,22 @@ class MainMenuBar : public QObject {
   struct StatedAction {
     QString baseName;
     QAction* action;
-    bool isMenu;
+    /// Of the element itself, and of the state that has disabled it.
     QString whyNot;
+    QString whyNotNow = {};
   };
 
   QAction* addEntry(const MenuEntry& entry, const QString& name, const MenuElement& element);
-  const StatedAction& remember(const QString& name, QAction* action, bool isMenu, const QString& whyNot = {});
+  const StatedAction& remember(const QString& name, QAction* action, const QString& whyNot = {});
   void choose(const QAction& action);
-  bool canBeChosen(const StatedAction& entry) const;
-  void showWhyNot(const StatedAction& entry) const;
+  /// Why it can be chosen in no state; empty when it can.
+  QString whyNever(const StatedAction& entry) const;
+  bool holdsBuilt(const QMenu& menu) const;
+  void setEnabled(const StatedAction& entry, bool enabled) const;
+  const QAction* closedMenuOf(const QKeySequence& key) const;
   void unloadElements(const QString& array);
 
+  QMenuBar& bar_;
   bool developmentBuild_;
   MenuBindings bindings_;
   QHash<QString, QAction*> actions_;

@@ -72,15 +72,16 @@ void PopupMenus::mnuChapters_Click() {
   const ListView& list = main_.panes().chapters().listChapters();
   const bool anyRows = popup_ ? list.SelectedTag() > 0 : list.rowCount() > 0;
   main_.UpdateMenusForEditing();
-  main_.menus().apply(chapterEntries(anyRows));
+  main_.menus().apply(chapterEntries(anyRows), popup_ ? u"no chapter is selected"_s : u"there is no chapter yet"_s);
   if (main_.Editing()) {
-    main_.menus().apply(menusForEditing(true));
+    main_.UpdateMenusForEditing();
   }
 }
 
 void PopupMenus::mnuScene_Click() {
   const ListView& list = main_.panes().scenes().listScenes();
-  main_.menus().apply(sceneEntries(popup_ ? list.SelectedTag() > 0 : list.rowCount() > 0));
+  const bool anyRows = popup_ ? list.SelectedTag() > 0 : list.rowCount() > 0;
+  main_.menus().apply(sceneEntries(anyRows), popup_ ? u"no scene is selected"_s : u"there is no scene here"_s);
   checkStatus();
 }
 
@@ -94,7 +95,8 @@ void PopupMenus::ListChar_MouseUp(ListView& list, bool inScene, const QPoint& pl
   const qint32 id = list.SelectedTag();
   if (inScene) {
     const auto scene = g_Project->SceneByID(modFillList::listSceneID(list));
-    main_.menus().apply(charEntries(id > 0, id == scene->ViewPointID()));
+    main_.menus().apply(charEntries(id > 0, id == scene->ViewPointID()),
+                        id > 0 ? u"is the viewpoint already"_s : u"no character is selected"_s);
     popUp("mnuCharRC", place);
   } else if (id > 0) {
     popUp("mnuAllCharRC", place);

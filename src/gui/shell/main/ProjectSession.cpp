@@ -14,6 +14,9 @@
 using namespace Qt::StringLiterals;
 
 void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
+  if (!clsProject::CanOpen(Path)) {
+    return;
+  }
   // Written at once, so that the list outlives a crash; as it stands already at most starts, it is left alone then.
   RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
   if (!readProject(Path, ShowProgress)) {
@@ -26,10 +29,15 @@ void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
   main_.RefreshAll();
 }
 
-// The lists go first: their rows stand for what is cleared while the windows repaint.
 bool ProjectSession::readProject(const QString& path, bool showProgress) {
-  main_.panes().ClearLists();
+  leaveProject();
   return g_Project->Load(path, showProgress);
+}
+
+// The rows stand for what is cleared while the windows repaint.
+void ProjectSession::leaveProject() {
+  g_Project->CloseEditorWindows();
+  main_.panes().ClearLists();
 }
 
 void ProjectSession::showEmptyProject() {
@@ -49,17 +57,24 @@ void ProjectSession::SaveProject(bool ShowProgress) {
   main_.ProjectChanged = false;
   if (g_Project->SaveQN4(ShowProgress)) {
     AddToRecent(g_Project->FileWithPath);
-  } else if (g_Project->ReloadWanted() && !main_.Closing) {
-    LoadProject(QString(g_Project->FileWithPath), ShowProgress);
+  } else {
+    reloadIfWanted(ShowProgress);
   }
-  main_.showTitle();
+  main_.showBook();
 }
 
 void ProjectSession::saveChange() {
-  if (g_Project->HasPlace() && !g_Project->SaveQN4(false) && g_Project->ReloadWanted() && !main_.Closing) {
-    LoadProject(QString(g_Project->FileWithPath), false);
+  if (g_Project->HasPlace() && !g_Project->SaveQN4(false)) {
+    reloadIfWanted(false);
   }
-  main_.showTitle();
+  main_.showBook();
+}
+
+// With an open editor it waits for that: nobody has been asked what is to become of its text.
+void ProjectSession::reloadIfWanted(bool showProgress) {
+  if (g_Project->ReloadWanted() && !main_.Closing && !main_.Editing()) {
+    LoadProject(QString(g_Project->FileWithPath), showProgress);
+  }
 }
 
 bool ProjectSession::saveUnderNewName() {
@@ -68,7 +83,7 @@ bool ProjectSession::saveUnderNewName() {
     main_.ProjectChanged = false;
     AddToRecent(g_Project->FileWithPath);
   }
-  main_.showTitle();
+  main_.showBook();
   return saved;
 }
 
@@ -105,8 +120,17 @@ bool ProjectSession::isOnlyLookedAt() const {
   return g_Project->OpenedIncomplete() && !isChanged() && !g_Project->HoldsUnsaved();
 }
 
+// Whatever was cancelled, the menus go with the project that is there.
 bool ProjectSession::mayReplaceProject() {
-  if (!main_.panes().mayLeaveNotes()) {
+  const bool may = mayLeaveProject();
+  if (!may) {
+    setMenusByProject();
+  }
+  return may;
+}
+
+bool ProjectSession::mayLeaveProject() {
+  if (!main_.panes().mayLeaveNotes() || !g_Project->AskEditorWindows()) {
     return false;
   }
   if (g_Project->ReadOnly()) {
@@ -150,7 +174,7 @@ void ProjectSession::lookForRecent() {
 }
 
 bool ProjectSession::CloseProject() {
-  if (isChanged() && main_.refusedWhileEditing()) {
+  if ((isChanged() || g_Project->EditorsHoldUnsaved()) && main_.refusedWhileEditing()) {
     return true;
   }
   if (!mayReplaceProject()) {

@@ -9,7 +9,8 @@ class ProjectSession {
  public:
   explicit ProjectSession(frmMain& main) : main_(main) {}
 
-  /// A load that fails leaves the empty project and its menus. The user has been told by then.
+  /// A load that fails leaves the empty project and its menus, and a file of a kind that can't be opened yet all as it
+  /// is. The user has been told by then. What open editors hold has been asked about: they close.
   void LoadProject(const QString& Path, bool ShowProgress);
   /// A failed save has been told by then.
   void SaveProject(bool ShowProgress);
@@ -25,11 +26,13 @@ class ProjectSession {
   bool saveUnderNewName();
   /// What was changed in a book that was opened read-only is asked about. False when the user stays.
   bool mayLeaveReadOnly();
-  /// Saves what is to be saved; what can't be, and a note that is being typed, is asked about. False when the project
-  /// has to stay.
+  /// Asks about a note that is being typed and what open editors hold, which stay for now, and saves what is to be
+  /// saved; what can't be is asked about. False when the project has to stay.
   bool mayReplaceProject();
+  /// What shows the book that is about to be replaced goes: its editors, without a question, and the rows.
+  void leaveProject();
   /// True when it was done, and also when open editors stood in the way of saving. False when the project could not
-  /// be saved and the user keeps it.
+  /// be saved and the user keeps it. Editors that hold nothing unsaved stay open, and can save no more.
   bool CloseProject();
   /// Puts the file in front of the recent ones and keeps that at once.
   void AddToRecent(const QString& Path);
@@ -43,6 +46,8 @@ class ProjectSession {
  private:
   bool readProject(const QString& path, bool showProgress);
   void showEmptyProject();
+  void reloadIfWanted(bool showProgress);
+  bool mayLeaveProject();
 
   frmMain& main_;
   bool recentAway_ = false;

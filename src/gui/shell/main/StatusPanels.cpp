@@ -2,15 +2,22 @@
 
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
+#include "gui/toolkit/GuardedSlot.h"
 
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
 #include <QStatusBar>
 
+#include <chrono>
+
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// How long a message covers what is lasting.
+constexpr auto kMoment = 5s;
 
 template <class Panel>
 Panel* addPanel(QStatusBar& bar, const QString& key, int stretch) {
@@ -33,6 +40,12 @@ StatusPanels::StatusPanels(QStatusBar& bar)
   backup_->hide();
   bar.insertWidget(1, loadIt_);
   loadIt_->hide();
+  cover_.setObjectName(u"TimerMessage"_s);
+  cover_.setParent(&bar);
+  cover_.setSingleShot(true);
+  cover_.setInterval(kMoment);
+  QObject::connect(&cover_, &QTimer::timeout, &bar,
+                   guarded("TimerMessage_Timer", "frmMain", [this] { setMessage({}); }));
   QObject::connect(loadIt_, &QPushButton::clicked, loadIt_, [this] {
     // It may go with what it does.
     if (const auto load = load_) {
@@ -41,8 +54,22 @@ StatusPanels::StatusPanels(QStatusBar& bar)
   });
 }
 
+void StatusPanels::setRest(const QString& text, Rest kind) {
+  if (text == rest_ && kind == restKind_) {
+    return;
+  }
+  rest_ = text;
+  restKind_ = kind;
+  setMessage({});
+}
+
 void StatusPanels::setMessage(const QString& text) {
   said_ = text;
+  if (text.isEmpty() || restKind_ == Rest::Passing) {
+    cover_.stop();
+  } else {
+    cover_.start();
+  }
   showFirstPanel();
 }
 
@@ -62,8 +89,14 @@ void StatusPanels::setOffer(const QString& text, const std::function<void()>& lo
 }
 
 void StatusPanels::showFirstPanel() {
-  const QString& resting = offer_.isEmpty() ? said_ : offer_;
-  message_->setText(hint_.isEmpty() ? resting : hint_);
+  message_->setText(hint_.isEmpty() ? resting() : hint_);
+}
+
+QString StatusPanels::resting() const {
+  if (offer_.isEmpty()) {
+    return said_.isEmpty() ? rest_ : said_;
+  }
+  return restKind_ == Rest::Lasting ? rest_ + u" \u2013 "_s + offer_ : offer_;
 }
 
 void StatusPanels::setTotal(qint32 words) {

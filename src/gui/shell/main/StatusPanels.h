@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 
@@ -15,8 +16,13 @@ class StatusPanels {
  public:
   explicit StatusPanels(QStatusBar& bar);
 
+  enum class Rest { Passing, Lasting };
+  /// What stands in the first panel when nothing else is to be said; a new one takes the message's place. What is
+  /// lasting is covered by a message for a moment only.
+  void setRest(const QString& text, Rest kind = Rest::Passing);
+  /// In the rest's place until it is set to nothing.
   void setMessage(const QString& text);
-  /// In the message's place until it is set to nothing.
+  /// In the place of all others until it is set to nothing.
   void setHint(const QString& text);
   /// In the place of the message until it is set to nothing, with a button "Load it" behind that leads to `load`.
   void setOffer(const QString& text, const std::function<void()>& load);
@@ -27,7 +33,12 @@ class StatusPanels {
  private:
   void showFirstPanel();
 
+  QString resting() const;
+
+  QString rest_;
+  Rest restKind_ = Rest::Passing;
   QString said_;
+  QTimer cover_;
   QString hint_;
   QString offer_;
   std::function<void()> load_;

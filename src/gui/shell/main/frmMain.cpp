@@ -6,6 +6,7 @@
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/main/ChangeScan.h"
@@ -19,6 +20,7 @@
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/StatusPanels.h"
+#include "gui/shell/main/StrayEditors.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/WindowTitle.h"
@@ -40,6 +42,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kModule = "frmMain";
+
+const QString kCloseFirst = u"Please close all editor windows first"_s;
+const QString kNoProject = u"no project is open"_s;
+const QString kEditing = u"please close all editor windows first"_s;
 
 }  // namespace
 
@@ -75,7 +81,10 @@ frmMain::frmMain(QString commandLine)
   showTitle();
 }
 
-frmMain::~frmMain() = default;
+// The bar hears of the mouse that leaves it when the parts that tell of that have gone.
+frmMain::~frmMain() {
+  menus_->disconnect(this);
+}
 
 void frmMain::addCommands(std::unique_ptr<CommandGroup> group) {
   menus_->addCommands(*group);
@@ -125,6 +134,8 @@ void frmMain::connectSignals() {
   connect(menus_, &MainMenuBar::chosen, this, guarded("mnu_Click", kModule, [this] { showRest(); }));
   connect(menus_, &MainMenuBar::hinted, this,
           guarded("mnu_MouseMove", kModule, [this](const QString& note) { status_->setHint(note); }));
+  connect(menus_, &MainMenuBar::refused, this,
+          guarded("mnu_Shortcut", kModule, [this](const QAction* menu) { sayWhyNot(*menu); }));
   connect(panes_, &MainPanes::chapterOpened, this,
           guarded("ListChapters_DblClick", kModule, this, &frmMain::EditSelectedChapter));
   connect(panes_, &MainPanes::sceneEdited, this,
@@ -149,29 +160,43 @@ bool frmMain::refusedWhileEditing() {
   if (!Editing()) {
     return false;
   }
-  toolkit().MsgBox(u"Please close all editor windows first"_s);
+  toolkit().MsgBox(kCloseFirst);
   ActivateOpenEditors();
   return true;
 }
 
+// Their words go with the program, and no book that is open takes them.
+bool frmMain::refusedOverStrayTexts() {
+  const QList<SceneEditor*> strays = strayTexts();
+  if (strays.isEmpty()) {
+    return false;
+  }
+  toolkit().MsgBox(kCloseFirst);
+  for (SceneEditor* const editor : strays) {
+    editor->Activate();
+  }
+  return true;
+}
+
 void frmMain::DisableMenus() {
-  menus_->apply(menusWithoutProject());
-  setProjectFieldsEnabled(false);
-  panes_->setProjectOpen(false);
-  restingMessage_ = u"No project is open. The Project menu opens or creates one."_s;
-  showRest();
+  showMenus(false);
 }
 
 void frmMain::EnableMenus() {
-  menus_->apply(menusWithProject());
-  setProjectFieldsEnabled(true);
-  panes_->setProjectOpen(true);
-  restingMessage_.clear();
-  showRest();
+  showMenus(true);
 }
 
-void frmMain::showRest() {
-  showMessage(restingMessage_);
+void frmMain::showMenus(bool withProject) {
+  projectShown_ = withProject;
+  menus_->apply(withProject ? menusWithProject() : menusWithoutProject(), withProject ? QString() : kNoProject);
+  setProjectFieldsEnabled(withProject);
+  panes_->setProjectOpen(withProject);
+  editingShown_ = Editing();
+  if (editingShown_) {
+    menus_->apply(menusForEditing(true), kEditing);
+  }
+  showRest();
+  showSaves();
 }
 
 void frmMain::setProjectFieldsEnabled(bool enabled) {
@@ -185,11 +210,16 @@ void frmMain::UpdateMenusForEditing() {
     showRest();
   }
   editingShown_ = Editing();
-  menus_->apply(menusForEditing(editingShown_));
+  if (editingShown_ || projectShown_) {
+    menus_->apply(menusForEditing(editingShown_), kEditing);
+  } else {
+    // Two of the entries need a project besides.
+    menus_->apply(menusWithoutProject(), kNoProject);
+  }
 }
 
 void frmMain::followEditing() {
-  showTitle();
+  showBook();
   if (editingShown_ != Editing()) {
     UpdateMenusForEditing();
   }
@@ -209,7 +239,7 @@ void frmMain::RefreshAll() {
   const ScanPause pause;
   panes_->refill();
   showTotal();
-  showTitle();
+  showBook();
   toolkit().DoEvents();
 }
 
@@ -230,15 +260,26 @@ void frmMain::showTitle() {
   setWindowModified(!book.isEmpty() && (ProjectChanged || g_Project->HoldsUnsaved()));
 }
 
+void frmMain::showSaves() {
+  using Rest = StatusPanels::Rest;
+  const SaveNote& saves = g_Project->LastSaves();
+  if (projectShown_) {
+    status_->setRest(saves.text(), saves.failed() ? Rest::Lasting : Rest::Passing);
+  } else {
+    status_->setRest(u"No project is open. The Project menu opens or creates one."_s);
+  }
+}
+
+void frmMain::showBook() {
+  showTitle();
+  showSaves();
+}
+
 /// A key of the menu that goes nowhere says why.
 void frmMain::sayWhyNot(const QAction& action) {
-  const QString command = commandName(withoutMnemonic(action.text())) + u": "_s;
-  if (!menus_->isBuilt(action.objectName())) {
-    showMessage(command + action.statusTip());
-  } else if (Editing()) {
-    showMessage(command + u"please close all editor windows first"_s);
-  } else if (g_Project->FileWithPath.isEmpty() && g_Project->IsEmpty()) {
-    showMessage(command + u"no project is open"_s);
+  const QString why = MainMenuBar::whyNot(action);
+  if (!why.isEmpty()) {
+    showMessage(commandName(withoutMnemonic(action.text())) + u": "_s + why);
   }
 }
 
@@ -277,7 +318,7 @@ void frmMain::Updater_InstallFile() {
 }
 
 void frmMain::mnuConfirmExit_Click() {
-  if (!refusedWhileEditing()) {
+  if (!refusedWhileEditing() && !refusedOverStrayTexts()) {
     EndProgram();
   }
 }

@@ -77,10 +77,12 @@ class frmMain : public QMainWindow {
   void showTotal();
   /// In panel 1 of the status bar.
   void showMessage(const QString& text);
-  /// What stands there when there is nothing to say of what was done last.
-  void showRest();
+  /// What was said of a command or a state is true no more.
+  void showRest() { showMessage({}); }
   /// The book's name and whether it holds what no file holds yet, in the title bar.
   void showTitle();
+  /// The same, and how the book's saves went in panel 1.
+  void showBook();
   void EditSelectedScene();
   void EditSelectedChapter();
   /// What a menu entry does, by a key or a click elsewhere; says why not where it is switched off.
@@ -109,6 +111,9 @@ class frmMain : public QMainWindow {
   void createParts();
   void createShortcuts();
   void sayWhyNot(const QAction& action);
+  bool refusedOverStrayTexts();
+  void showMenus(bool withProject);
+  void showSaves();
   void connectSignals();
   void Timer3_Timer();
   bool mayLeaveBook();
@@ -130,9 +135,9 @@ class frmMain : public QMainWindow {
   std::unique_ptr<DiskWatch> disk_;
   ProjectSession session_;
   std::vector<std::unique_ptr<CommandGroup>> commands_;
-  /// What the menus were last told of open editors.
+  /// What the menus were last told of a project and of open editors.
+  bool projectShown_ = false;
   bool editingShown_ = false;
-  QString restingMessage_;
   /// The system ends the program.
   bool ending_ = false;
   /// This run has put the book into the rescue folder.

@@ -7,9 +7,8 @@
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
-#include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/RecentProjects.h"
-#include "gui/shell/main/ScenePane.h"
+#include "gui/toolkit/RichTextBox.h"
 #include "support/FailingDisk.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
@@ -19,6 +18,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
+#include <QFontDatabase>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -40,6 +40,11 @@ class ProjectCommandsTest : public ShellTest {
     }
     return captions;
   }
+  void typeInEditor(const QString& text) {
+    auto& pane = childOf<RichTextBox>(openEditor(), u"txtMain"_s);
+    pane.moveCursor(QTextCursor::End);
+    QTest::keyClicks(&pane, text);
+  }
   QString recent(int index) { return Settings().sGet(u"Recent%1"_s.arg(index)).toString(); }
   /// Files that are there, in folders named after them.
   QStringList projectFiles(int count) {
@@ -59,6 +64,7 @@ TEST(RecentProjects, TheNewestStandsInFrontAndNoneTwice) {
   EXPECT_EQ(withNewest({}, u"a"_s), QStringList({u"a"_s}));
   EXPECT_EQ(withNewest({u"a"_s, u"b"_s, u"c"_s}, u"c"_s), QStringList({u"c"_s, u"a"_s, u"b"_s}));
   EXPECT_EQ(withNewest({u"a"_s, u"A"_s}, u"a"_s), QStringList({u"a"_s, u"A"_s}));
+  EXPECT_EQ(withNewest({u"/b/q"_s, u"/a/./p"_s, u"/b/../b/q"_s}, u"/a/p"_s), QStringList({u"/a/p"_s, u"/b/q"_s}));
 }
 
 TEST_F(ProjectCommandsTest, TheRecentListIsWrittenAtOnceAndPushesTheOldestOut) {
@@ -76,6 +82,11 @@ TEST_F(ProjectCommandsTest, TheRecentListIsWrittenAtOnceAndPushesTheOldestOut) {
   EXPECT_EQ(recent(0), paths[11]);
   EXPECT_EQ(recent(1), paths[15]);
   EXPECT_EQ(recent(5), paths[10]);
+  QString spelled = paths[15];
+  spelled.replace(u"/f15/"_s, u"/f14/../f15/"_s);
+  RecentProjects::AddToRecent(spelled);
+  EXPECT_EQ(recent(0), spelled);
+  EXPECT_EQ(recent(1), paths[11]) << "the file was in the list";
 }
 
 TEST_F(ProjectCommandsTest, AProjectThatHasGoneLeavesTheRecentList) {
@@ -164,19 +175,6 @@ TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) 
   EXPECT_EQ(list("ListChapters").rowCount(), 3);
 }
 
-TEST_F(ProjectCommandsTest, OpeningIsRefusedWhileASceneIsOpen) {
-  const QString path = smallProject();
-  startWith(path);
-  window().EditSelectedScene();
-  for (int i = 0; i < 3; ++i) {
-    toolkit.expectBox(u"Please close all editor windows first"_s);
-  }
-  trigger("mnuLoadProj");
-  trigger("mnuRecent(1)");
-  trigger("mnuNewProj");
-  EXPECT_EQ(g_Project->FileWithPath, path);
-}
-
 TEST_F(ProjectCommandsTest, ClosingReleasesTheLocksOfItsScenes) {
   startWith(smallProject());
   g_SceneChanges.LockRec(1);
@@ -184,22 +182,25 @@ TEST_F(ProjectCommandsTest, ClosingReleasesTheLocksOfItsScenes) {
   EXPECT_FALSE(window().Editing());
 }
 
-TEST_F(ProjectCommandsTest, ACancelledOpenChangesNothing) {
+// Nothing converts them yet, so nobody is asked whether they may be converted.
+TEST_F(ProjectCommandsTest, AProjectOfAnOlderKindIsRefusedAndNothingChanges) {
   const QString path = smallProject();
-  startWith(path);
-  toolkit.expectFile({});
-  trigger("mnuLoadProj");
-  EXPECT_EQ(g_Project->FileWithPath, path);
-  EXPECT_TRUE(isEnabled("mnuSaveProj"));
-}
-
-TEST_F(ProjectCommandsTest, AnOlderProjectIsOpenedOnlyWhenItMayBeConverted) {
-  const QString path = smallProject();
-  startWith(path);
-  toolkit.expectFile(folder.path(u"old.QN3"_s));
-  toolkit.expectBox(u"If you proceed, your Quillane3 project will be converted"_s, Answer::No);
-  trigger("mnuLoadProj");
-  EXPECT_EQ(g_Project->FileWithPath, path);
+  const QString older = folder.path(u"old.QN3"_s);
+  writeFile(older, "older");
+  writeSettings({u"Recent0,"_s + older});
+  start(path);
+  window().EditSelectedScene();
+  for (const char* command : {"mnuLoadProj", "mnuRecent(2)"}) {
+    if (qstrcmp(command, "mnuLoadProj") == 0) {
+      toolkit.expectFile(older);
+    }
+    toolkit.expectBox(u"Quillane 3 projects can't be opened by this version yet."_s);
+    trigger(command);
+    EXPECT_EQ(g_Project->FileWithPath, path) << command;
+    EXPECT_EQ(list("ListChapters").rowCount(), 3) << command;
+    EXPECT_EQ(recent(0), path) << command;
+    EXPECT_NE(editor(), nullptr) << command;
+  }
 }
 
 TEST_F(ProjectCommandsTest, AFailedLoadLeavesAnEmptyProjectAndClosedMenus) {
@@ -230,15 +231,22 @@ TEST_F(ProjectCommandsTest, ClosingEmptiesTheWindowAndKeepsTheLastProject) {
   EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), path);
 }
 
-TEST_F(ProjectCommandsTest, ClosingAChangedProjectIsRefusedWhileASceneIsOpen) {
+TEST_F(ProjectCommandsTest, ClosingIsRefusedWhileWhatAnOpenSceneBelongsToHasChanges) {
   const QString path = smallProject();
   startWith(path);
   window().EditSelectedScene();
   ASSERT_NE(editor(), nullptr);
-  control<QLineEdit>("txtAuthor").setText(u"Somebody"_s);
-  toolkit.expectBox(u"Please close all editor windows first"_s);
-  EXPECT_TRUE(window().session().CloseProject());
-  EXPECT_EQ(g_Project->FileWithPath, path);
+  typeInEditor(u"typed"_s);
+  for (const bool changedBook : {false, true}) {
+    if (changedBook) {
+      childOf<QAction>(openEditor(), u"mnuSave"_s).trigger();
+      control<QLineEdit>("txtAuthor").setText(u"Somebody"_s);
+    }
+    toolkit.expectBox(u"Please close all editor windows first"_s);
+    EXPECT_TRUE(window().session().CloseProject());
+    EXPECT_EQ(g_Project->FileWithPath, path);
+    EXPECT_TRUE(window().Editing());
+  }
 }
 
 TEST_F(ProjectCommandsTest, WhatAnEditorSavedIsInTheProjectFileWhenAnotherBookComes) {
@@ -339,15 +347,21 @@ TEST_F(ProjectCommandsTest, ASingleFileIsWrittenBesideTheProject) {
   EXPECT_EQ(g_Project->FileWithPath, path);
 }
 
-TEST_F(ProjectCommandsTest, AFontThatIsNotInstalledIsKeptAndSaid) {
+TEST_F(ProjectCommandsTest, TheTickStaysWithTheFontThatIsInUse) {
   startWith(smallProject());
-  trigger("mnuFont(3)");
-  EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Tahoma"_s);
-  EXPECT_EQ(panel("numberfiles"), u"The font Tahoma isn't installed on this computer."_s);
-  EXPECT_TRUE(control<QAction>("mnuFont(3)").isChecked());
-  EXPECT_FALSE(control<QAction>("mnuFont(2)").isChecked());
-  trigger("mnuFont(2)");
-  EXPECT_EQ(panel("numberfiles"), QString()) << "the system's own font is always there";
+  const char* inUse = "mnuFont(2)";
+  for (const char* entry : {"mnuFont(3)", "mnuFont(5)", "mnuFont(2)", "mnuFont(2)", "mnuFont(0)"}) {
+    trigger(entry);
+    const QString family = control<QAction>(entry).data().toString();
+    const bool installed = qstrcmp(entry, "mnuFont(2)") == 0 || QFontDatabase::hasFamily(family);
+    inUse = installed ? entry : inUse;
+    EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), family);
+    EXPECT_EQ(panel("numberfiles"),
+              installed ? QString() : u"The font "_s + family + u" isn't installed on this computer."_s);
+    for (const QAction* font : control<QMenu>("mnuFontmnu").actions()) {
+      EXPECT_EQ(font->isChecked(), font->objectName() == QLatin1String(inUse)) << font->objectName() << entry;
+    }
+  }
 }
 
 TEST_F(ProjectCommandsTest, MenusHaveLettersForTheKeyboardThatAreNoPartOfTheirCaptions) {
@@ -364,15 +378,4 @@ TEST_F(ProjectCommandsTest, MenusHaveLettersForTheKeyboardThatAreNoPartOfTheirCa
   EXPECT_EQ(control<QAction>("mnuFont(5)").text(), u"&Verdana"_s);
   trigger("mnuFont(5)");
   EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Verdana"_s);
-  EXPECT_TRUE(control<QAction>("mnuFont(5)").isChecked());
-}
-
-TEST_F(ProjectCommandsTest, TheSceneMenuOffersWhatThereIsToWorkOn) {
-  startWith(smallProject());
-  auto& scene = control<QMenu>("mnuScene");
-  Q_EMIT scene.aboutToShow();
-  EXPECT_TRUE(isEnabled("mnuEditScene"));
-  window().panes().scenes().clear();
-  Q_EMIT scene.aboutToShow();
-  EXPECT_FALSE(isEnabled("mnuEditScene"));
 }

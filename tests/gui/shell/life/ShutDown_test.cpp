@@ -94,6 +94,7 @@ TEST_F(ShutDownTest, TellsOfScenesWhoseFilesCannotBeWritten) {
   toolkit.expectBox(u"The text of these scenes could not be written to"_s);
   trigger("mnuSaveProj");
   EXPECT_TRUE(toolkit.boxes.constLast().endsWith(scene->Title));
+  EXPECT_EQ(panel("numberfiles"), u"Not saved: the text of 1 scene(s) could not be written"_s);
   toolkit.expectBox(u"The text of 1 scene(s) could not be written to"_s, Answer::Yes);
   window().close();
   EXPECT_EQ(ended, 1);

@@ -13,10 +13,14 @@
 #include "support/WaitFor.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -29,17 +33,24 @@ class Failing : public CommandGroup {
   }
 };
 
+class Finding : public CommandGroup {
+ public:
+  void bind(MenuBindings& menu) override {
+    menu.bind("mnuFindLy", [] {});
+  }
+};
+
 }  // namespace
 
 using MainMenuBarTest = ShellTest;
 
 TEST_F(MainMenuBarTest, WhatIsNotBuiltIsDisabledInEveryStateAndSaysSo) {
   startWith(smallProject());
-  for (const char* name : {"mnuStoryboard", "mnuFind", "mnuPrintOnStatus(0)", "mnuPrintOnStatus(3)", "mnuRenumber"}) {
+  for (const char* name : {"mnuStoryboard", "mnuFind", "mnuPrintOnStatus(0)", "mnuPrintOnStatus(3)", "mnuRenumber",
+                           "mnuPrint", "mnuPrintWorkSched"}) {
     EXPECT_FALSE(isEnabled(name)) << name;
     EXPECT_EQ(control<QAction>(name).toolTip(), u"not in this version yet"_s) << name;
   }
-  EXPECT_TRUE(isEnabled("mnuSearch")) << "what is to come can be looked at";
   EXPECT_TRUE(isEnabled("mnuSaveProj"));
   EXPECT_NE(control<QAction>("mnuSaveProj").toolTip(), u"not in this version yet"_s);
   window().DisableMenus();
@@ -62,6 +73,63 @@ TEST_F(MainMenuBarTest, TheMouseOverADisabledEntryTellsWhyInTheStatusBar) {
   moveOver("mnuChart");
   tools.close();
   EXPECT_EQ(panel("numberfiles"), u"Before"_s);
+}
+
+TEST_F(MainMenuBarTest, AGreyMenuOfTheBarTellsWhyToMouseAndKey) {
+  startWith(smallProject());
+  QMenuBar& bar = *window().menuBar();
+  const auto hover = [&](const char* menu) {
+    QTest::mouseMove(&bar, bar.actionGeometry(control<QMenu>(menu).menuAction()).center());
+  };
+  const auto pressKeyOf = [&](const char* menu) {
+    ASSERT_TRUE(waitUntilActive(window()));
+    const QString caption = control<QMenu>(menu).title();
+    QTest::keyClick(&list("ListScenes"), caption.at(caption.indexOf(u'&') + 1).toLatin1(), Qt::AltModifier);
+  };
+  const auto tipOf = [&](const char* menu) {
+    const QPoint place = bar.actionGeometry(control<QMenu>(menu).menuAction()).center();
+    QHelpEvent help(QEvent::ToolTip, place, bar.mapToGlobal(place));
+    qApp->notify(&bar, &help);
+    return QToolTip::text();
+  };
+  window().EditSelectedScene();
+  ASSERT_NE(editor(), nullptr);
+  const QString why = u"please close all editor windows first"_s;
+  hover("mnuProject");
+  EXPECT_EQ(panel("numberfiles"), why);
+  EXPECT_EQ(window().statusBar()->currentMessage(), QString()) << "it would hide the panels";
+  EXPECT_EQ(tipOf("mnuHelp"), QString());
+  EXPECT_TRUE(tipOf("mnuFile").contains(why));
+  hover("mnuHelp");
+  EXPECT_EQ(panel("numberfiles"), QString());
+  hover("mnuFile");
+  QEvent leave(QEvent::Leave);
+  qApp->notify(&bar, &leave);
+  EXPECT_EQ(panel("numberfiles"), QString());
+  pressKeyOf("mnuProject");
+  EXPECT_EQ(panel("numberfiles"), u"Project: "_s + why);
+  childOf<QAction>(openEditor(), u"mnuExit"_s).trigger();
+  window().followEditing();
+  pressKeyOf("mnuProject");
+  EXPECT_TRUE(control<QMenu>("mnuProject").isVisible());
+  control<QMenu>("mnuProject").close();
+  trigger("mnuCloseProject");
+  pressKeyOf("mnuScene");
+  EXPECT_EQ(panel("numberfiles"), u"Scene: no project is open"_s);
+}
+
+TEST_F(MainMenuBarTest, AMenuInAMenuComesAliveWithItsFirstEntry) {
+  QMenuBar bar;
+  MainMenuBar menus(bar, false);
+  const auto enabled = [&](const char* name) { return menus.action(QString::fromLatin1(name))->isEnabled(); };
+  menus.apply(menusWithProject());
+  EXPECT_FALSE(enabled("mnuNull") || enabled("mnuPredefined") || enabled("mnuUD"));
+  EXPECT_TRUE(enabled("mnuSearch")) << "what is to come can be looked at";
+  Finding group;
+  menus.addCommands(group);
+  menus.apply(menusWithProject());
+  EXPECT_TRUE(enabled("mnuNull") && enabled("mnuPredefined") && enabled("mnuFindLy"));
+  EXPECT_FALSE(enabled("mnuUD"));
 }
 
 TEST_F(MainMenuBarTest, AKeyThatGoesNowhereSaysWhy) {
