@@ -53,16 +53,6 @@ void remove(clsScene& scene, CastKind kind, qint32 id) {
 
 namespace StoryMoves {
 
-QList<qint32> idsOf(const QString& tags) {
-  QList<qint32> ids;
-  for (const QString& tag : tags.split(u':', Qt::SkipEmptyParts)) {
-    if (const qint32 id = tag.trimmed().toInt(); id > 0) {
-      ids.append(id);
-    }
-  }
-  return ids;
-}
-
 void moveScenes(clsChapter& chapter, const QList<qint32>& ids, qint32 position) {
   for (const qint32 id : ids) {
     const auto scene = sceneInBook(id);

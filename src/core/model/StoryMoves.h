@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QList>
-#include <QString>
 
 class clsChapter;
 class clsScene;
@@ -12,9 +11,6 @@ enum class CastKind { Character, Location, Item };
 /// Moves within the book, as a drag of rows makes them. An ID that nothing in the book has is passed over. Nothing is
 /// saved but the scenes' own texts; what changed is marked in the change tables.
 namespace StoryMoves {
-
-/// IDs that are joined with ":"; blanks between two are none.
-QList<qint32> idsOf(const QString& tags);
 
 /// Each scene in turn to the position, which was looked up before the first one left: so several that come from below
 /// land in reverse order, and several from above keep theirs. Scenes of another chapter are passed over.

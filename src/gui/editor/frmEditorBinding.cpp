@@ -112,7 +112,8 @@ void frmEditor::showChapterWordCount(qint32 wordsHere) {
     return;
   }
   qint32 total = wordsHere;
-  for (const qint32 id : g_Project->ChapterByID(counted->BelongsToChID)->SceneIDs()) {
+  const auto chapter = g_Project->ChapterByID(counted->BelongsToChID);
+  for (const qint32 id : chapter->SceneIDs()) {
     total += id == SceneID ? 0 : g_Project->SceneByID(id)->Wordcount();
   }
   StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %L1 words"_s.arg(total));

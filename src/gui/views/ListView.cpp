@@ -84,6 +84,12 @@ void ListView::setRows(QList<qint32> tags, ListModel::Maker make) {
     restore(before);
   }
   dropHighlight_ = -1;
+  sayEmpty();
+}
+
+// For a screen reader: what stands over rows is not to be heard.
+void ListView::sayEmpty() {
+  setAccessibleDescription(rowCount() == 0 ? emptyText_ : QString());
 }
 
 void ListView::restore(const Kept& before) {
@@ -153,7 +159,7 @@ void ListView::selectionChanged(const QItemSelection& selected, const QItemSelec
 
 void ListView::setEmptyText(const QString& text) {
   emptyText_ = text;
-  setAccessibleDescription(text);
+  sayEmpty();
   viewport()->update();
 }
 

@@ -8,15 +8,15 @@
 
 class QMimeData;
 
-/// How a list takes part in drags of rows. What is dragged is the tags of the selected rows in list order, joined
-/// with ":". Only a list of this program that has picked up rows gives such a drag.
+/// How a list takes part in drags of rows. What is dragged is the tags of the selected rows in list order. Only a list
+/// of this program that has picked up rows gives such a drag.
 struct ListDrags {
   /// Rows are picked up: the effect that the drag has. Empty for a list that gives none away.
   std::function<Qt::DropAction()> begun = {};
   /// The effect over a row, -1 for none; IgnoreAction refuses.
   std::function<Qt::DropAction(int row)> over = {};
-  /// The tags were dropped on the row.
-  std::function<void(const QString& tags, int row)> dropped = {};
+  /// Rows with these tags were dropped on the row with the tag `target`, 0 for none.
+  std::function<void(const QList<qint32>& tags, qint32 target)> dropped = {};
 };
 
 /// The column that gives or takes room with its list, and what of it has to be seen in any case. Where less than what
@@ -82,10 +82,10 @@ class ListView : public QTreeView {
   bool highlightForDrop(int row);
   int dropHighlight() const { return dropHighlight_; }
   void clearDropHighlight();
-  /// The selected rows' tags, as a drag carries them.
-  QString tagsForDrag() const;
   /// What a drag of the selected rows carries; the list's `begun` has been asked. Null when nothing is selected.
   std::unique_ptr<QMimeData> pickUp(Qt::DropAction* effect);
+  /// Rows of some list are on their way.
+  static bool isDragging();
 
  Q_SIGNALS:
   /// Other rows are selected than before.
@@ -130,6 +130,7 @@ class ListView : public QTreeView {
   bool moveKey(const QKeyEvent& event);
   void endKey(int key);
   void frameFocus();
+  void sayEmpty();
   void keepFilled();
   void stretchLastColumn();
   Kept kept() const;

@@ -20,6 +20,24 @@ QString rowsForm() {
   return u"application/x-quillane-rows"_s;
 }
 
+QByteArray joined(const QList<qint32>& tags) {
+  QByteArrayList numbers;
+  for (const qint32 tag : tags) {
+    numbers.append(QByteArray::number(tag));
+  }
+  return numbers.join(':');
+}
+
+QList<qint32> parted(const QByteArray& tags) {
+  QList<qint32> numbers;
+  for (const QByteArray& tag : tags.split(':')) {
+    if (const qint32 number = tag.trimmed().toInt(); number > 0) {
+      numbers.append(number);
+    }
+  }
+  return numbers;
+}
+
 /// A drop may ask questions and save, which must not happen while the desktop still waits for the drag to end.
 struct DragUnderWay {
   bool running = false;
@@ -55,22 +73,14 @@ void ListView::setDrags(ListDrags drags) {
   setDropIndicatorShown(false);
 }
 
-QString ListView::tagsForDrag() const {
-  QStringList tags;
-  for (const qint32 tag : SelectedTags()) {
-    tags.append(QString::number(tag));
-  }
-  return tags.join(u':');
-}
-
 std::unique_ptr<QMimeData> ListView::pickUp(Qt::DropAction* effect) {
-  const QString tags = tagsForDrag();
+  const QList<qint32> tags = SelectedTags();
   if (!drags_.begun || tags.isEmpty()) {
     return nullptr;
   }
   *effect = drags_.begun();
   auto carried = std::make_unique<QMimeData>();
-  carried->setData(rowsForm(), tags.toLatin1());
+  carried->setData(rowsForm(), joined(tags));
   return carried;
 }
 
@@ -92,7 +102,14 @@ void ListView::startDrag(Qt::DropActions) {
   const std::function<void()> drop = std::exchange(dragUnderWay(), {}).drop;
   if (alive && drop) {
     drop();
+  } else if (alive) {
+    // The button's way up ended the drag: the list hears of it from nobody else.
+    Q_EMIT buttonUp();
   }
+}
+
+bool ListView::isDragging() {
+  return dragUnderWay().running;
 }
 
 bool ListView::highlightForDrop(int row) {
@@ -138,9 +155,10 @@ void ListView::dropEvent(QDropEvent* event) {
   const Qt::DropAction effect = drags_.over && !tags.isEmpty() ? drags_.over(row) : Qt::IgnoreAction;
   event->setDropAction(effect);
   event->setAccepted(effect != Qt::IgnoreAction);
-  const auto drop = [list = QPointer<ListView>(this), tags = QString::fromLatin1(tags), row, effect] {
+  // Rows may come and go before the desktop has let go.
+  const auto drop = [list = QPointer<ListView>(this), tags = parted(tags), target = tagAt(row), effect] {
     if (list && effect != Qt::IgnoreAction) {
-      list->drags_.dropped(tags, row);
+      list->drags_.dropped(tags, target);
     }
     if (list) {
       list->clearDropHighlight();

@@ -124,6 +124,11 @@ void FillAllItems(ListView& list) {
   show(list, tagsOf(g_Project->Items), "item", itemByID());
 }
 
+void clear(ListView& list) {
+  list.setProperty(kSceneProperty, 0);
+  list.clear();
+}
+
 qint32 listSceneID(const ListView& list) {
   return list.property(kSceneProperty).toInt();
 }

@@ -24,6 +24,8 @@ void FillItemsInScene(ListView& list, qint32 SceneID);
 void FillAllLocations(ListView& list);
 void FillAllItems(ListView& list);
 
+/// No rows, and of no scene.
+void clear(ListView& list);
 /// The scene whose content the list shows; 0 when it shows none.
 qint32 listSceneID(const ListView& list);
 

@@ -118,12 +118,13 @@ void ChapterCommands::mnuMarkChaptersUnused_Click() {
       refused = !BookScenes::change(id, [&](clsScene& scene) { scene.Unused = chapter->Unused; }) || refused;
     }
   }
+  main_.ProjectChanged = true;
   main_.session().saveChange();
-  showChanged();
+  main_.RefreshAll();
   BookScenes::tellRefused(refused);
 }
 
-// The menu doesn't offer this while a scene is open; the Delete key comes here all the same.
+// A scene may be opened between the look at the menu and the choice in it.
 void ChapterCommands::mnuRemoveChapter_Click() {
   const Chapters chapters = selectedIn(main_.panes().chapters());
   if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters))) {
@@ -136,6 +137,7 @@ void ChapterCommands::mnuRemoveChapter_Click() {
   for (const auto& chapter : chapters) {
     removeWithScenes(*chapter);
   }
+  main_.ProjectChanged = true;
   main_.session().saveChange();
-  showChanged();
+  main_.RefreshAll();
 }

@@ -19,8 +19,7 @@ namespace {
 
 const QString kOverwrite =
     u"The project filename already exists. Do you want to overwrite it?\n(This won't delete existing chapters or "
-    u"scenes "
-    "in this folder, just the project file)"_s;
+    "scenes in this folder, just the project file)"_s;
 
 /// The file that the book gets: one that is there already is taken only when the user wants that.
 QString fileFor(const NewBook& book) {
@@ -43,23 +42,26 @@ void NewProjectCommands::mnuNewProj_Click() {
   const ScanPause pause;
   main_.session().leaveProject();
   CreateEmptyProject() ? main_.EnableMenus() : main_.DisableMenus();
-  main_.RefreshAll();
   main_.ProjectChanged = false;
+  main_.RefreshAll();
 }
 
 void NewProjectCommands::mnuProjectGen_Click() {
   if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
-  const frmProjectWizard* const wizard = frmProjectWizard::showOver(main_);
+  frmProjectWizard* const wizard = frmProjectWizard::showOver(main_);
   QObject::connect(wizard, &frmProjectWizard::bookWanted, &main_,
-                   guarded("mnuProjectGen_Click", "frmMain", [this](const NewBook& book) { begin(book); }));
+                   guarded("mnuProjectGen_Click", "frmMain", [this, wizard](const NewBook& book) {
+                     // The answers stay where the book that is open stays.
+                     begin(book) ? wizard->accept() : wizard->show();
+                   }));
 }
 
-void NewProjectCommands::begin(const NewBook& book) {
+bool NewProjectCommands::begin(const NewBook& book) {
   // Titles must never get into a book that has stayed.
   if (main_.refusedWhileEditing() || !main_.session().CloseProject()) {
-    return;
+    return false;
   }
   bool saved = false;
   {
@@ -78,4 +80,5 @@ void NewProjectCommands::begin(const NewBook& book) {
   if (saved) {
     toolkit().MsgBox(u"Now add chapters, characters and scenes to the project."_s);
   }
+  return true;
 }

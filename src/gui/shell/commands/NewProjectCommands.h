@@ -16,7 +16,8 @@ class NewProjectCommands : public CommandGroup {
   void mnuNewProj_Click();
   void mnuProjectGen_Click();
   /// In the place of the project that is open.
-  void begin(const NewBook& book);
+  /// False when the book that is open stays.
+  bool begin(const NewBook& book);
 
   frmMain& main_;
 };

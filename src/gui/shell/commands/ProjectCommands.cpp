@@ -55,15 +55,15 @@ void ProjectCommands::mnuLoadProj_Click() {
   if (!path.isEmpty()) {
     main_.LoadProject(path, true);
   }
-  if (g_Project->FileWithPath.isEmpty()) {
-    main_.RefreshAll();
-  }
   main_.session().setMenusByProject();
-  main_.session().UpdateRecent();
 }
 
 void ProjectCommands::mnuRecent_Click(const QString& Path) {
-  if (Path.isEmpty() || g_Project->IsBusy()) {
+  if (Path.isEmpty()) {
+    main_.showMessage(u"No project has been opened yet."_s);
+    return;
+  }
+  if (g_Project->IsBusy()) {
     return;
   }
   main_.stopUpdateCheck();

@@ -6,7 +6,6 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/commands/BookScenes.h"
-#include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
@@ -34,7 +33,7 @@ QList<qint32> SceneCommands::selected() const {
 }
 
 void SceneCommands::mnuAddScene_Click() {
-  const qint32 chapter = main_.panes().chapters().SelectedChapterID();
+  const qint32 chapter = main_.panes().scenes().shownChapterID();
   if (g_Project->Chapters.ChapterIndex(chapter) > 0 && g_Project->CreateNewScene(chapter, 0)) {
     main_.panes().FillSceneList(0);
     main_.ProjectChanged = true;
@@ -72,7 +71,7 @@ void SceneCommands::mnuStatus_Click(int Index) {
 }
 
 void SceneCommands::RemoveScenes(bool AlsoDeleteFile) {
-  const qint32 chapterID = main_.panes().chapters().SelectedChapterID();
+  const qint32 chapterID = main_.panes().scenes().shownChapterID();
   if (g_Project->Chapters.ChapterIndex(chapterID) < 1) {
     return;
   }
@@ -93,9 +92,7 @@ void SceneCommands::RemoveScenes(bool AlsoDeleteFile) {
       scene->EraseScene();
     }
   }
-  main_.session().saveChange();
   main_.ProjectChanged = true;
-  // The row in the place of the removed one is selected; then its chapter's counts are written too.
-  main_.panes().FillSceneList(0);
+  main_.session().saveChange();
   main_.RefreshAll();
 }

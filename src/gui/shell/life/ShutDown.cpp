@@ -89,6 +89,8 @@ void frmMain::EndProgram() {
     }
   }
   guard([&] { forgetRescue(); });
+  // Rows would ask the empty book for what they show.
+  guard([&] { panes_->ClearLists(); });
   guard([&] { g_Project = std::make_unique<clsProject>(); });
   if (settingsLoaded_) {
     guard([&] { Settings().SaveSettings(g_SettingsFile); });

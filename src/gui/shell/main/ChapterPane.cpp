@@ -164,10 +164,6 @@ ListRow ChapterPane::chapterRow(qint32 id, int row) const {
           states};
 }
 
-void ChapterPane::UpdateChapterRow(qint32 ChapterID) {
-  ListChapters->updateRow(ListChapters->rowOfTag(ChapterID));
-}
-
 void ChapterPane::RecalcProgressive() {
   countOn(ListChapters->rows().tags());
   ListChapters->rows().updateAllRows();
@@ -195,12 +191,11 @@ qint32 ChapterPane::SelectedChapterID() const {
   return ListChapters->SelectedTag();
 }
 
-int ChapterPane::ChapterRowIndex(qint32 ChapterID) const {
-  return ListChapters->rowOfTag(ChapterID);
-}
-
 void ChapterPane::showDescription(const clsChapter& chapter) {
-  txtChapterDesc->setPlainText(chapter.Title + u" description: \n"_s + chapter.DescText);
+  const QString text = chapter.Title + u" description: \n"_s + QString(chapter.DescText).replace(u"\r\n"_s, u"\n"_s);
+  if (txtChapterDesc->toPlainText() != text) {
+    txtChapterDesc->setPlainText(text);
+  }
 }
 
 void ChapterPane::setEmptyText(const QString& text) {

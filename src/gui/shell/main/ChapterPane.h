@@ -29,16 +29,12 @@ class ChapterPane : public QWidget {
   /// One row a chapter. Of what was selected that stays which is still there.
   void FillChapterList();
   void clear();
-  /// The row of the chapter shows what is true now. Nothing for a chapter that isn't listed.
-  void UpdateChapterRow(qint32 ChapterID);
   /// Works out the running totals and, with them, the words of the used chapters in all.
   void RecalcProgressive();
   qint32 ProgressiveTotal() const { return progressiveTotal_; }
 
   void SelectChapter(qint32 ChapterID);
   qint32 SelectedChapterID() const;
-  /// -1 when there is no such row.
-  int ChapterRowIndex(qint32 ChapterID) const;
 
   void showDescription(const clsChapter& chapter);
   /// What stands where chapters would.

@@ -45,8 +45,10 @@ void DiskWatch::look() {
   if (main_.Closing || ScanPause::isActive() || g_Project->IsBusy()) {
     return;
   }
-  if (g_Project->ReloadWanted() && !main_.Editing() && QApplication::activeModalWidget() == nullptr) {
-    // A save that the main window didn't ask for has led to it; a dialog would go on with what has gone.
+  if (g_Project->ReloadWanted() && !main_.Editing() && QApplication::activeModalWidget() == nullptr &&
+      QApplication::activePopupWidget() == nullptr && !ListView::isDragging()) {
+    // A save that the main window didn't ask for has led to it; a dialog, a menu of a row or a drag would go on with
+    // what has gone.
     main_.LoadProject(QString(g_Project->FileWithPath), false);
   }
   DiskConflicts found(*g_Project);

@@ -28,7 +28,8 @@ class MainMenuBar : public QObject {
   /// Fills the bar from the table. A development build has some entries more.
   MainMenuBar(QMenuBar& bar, bool developmentBuild);
 
-  /// Binds the group's entries; they are disabled until a state says otherwise. The group outlives the bar.
+  /// Binds the group's entries; they are disabled until a state says otherwise. The group lives as long as anything can
+  /// be chosen.
   void addCommands(CommandGroup& group);
   /// Whether something is bound to the entry, or to the array, of this name.
   bool isBuilt(const QString& name) const { return bindings_.isBound(menuBaseName(name)); }

@@ -87,9 +87,12 @@ void MainPanes::refill() {
     FrameChapters->SelectChapter(0);
   }
   const qint32 chapter = FrameChapters->SelectedChapterID();
-  // A scene that has moved takes the selection along.
   const bool sameChapter = chapter == FrameScenes->shownChapterID();
-  FillSceneList(sameChapter ? 0 : g_Project->ChapterByID(chapter)->SceneIndex(scene));
+  FillSceneList(sameChapter ? 0 : 1);
+  if (!sameChapter) {
+    // One that has moved takes the selection along.
+    FrameScenes->SelectScene(scene);
+  }
   if (chapter == 0) {
     FrameScenes->clear();
   }

@@ -47,7 +47,7 @@ class MenuBindings {
   QHash<QString, std::shared_ptr<const Command>> commands_;
 };
 
-/// A group of commands that belong together. The main window owns it and lives longer than any choice in its menu.
+/// A group of commands that belong together. The main window owns it; nothing is chosen in a menu once that has gone.
 class CommandGroup {
  public:
   virtual ~CommandGroup() = default;

@@ -64,8 +64,12 @@ void ProjectSession::SaveProject(bool ShowProgress) {
 }
 
 void ProjectSession::saveChange() {
-  if (g_Project->HasPlace() && !g_Project->SaveQN4(false)) {
-    reloadIfWanted(false);
+  if (g_Project->HasPlace()) {
+    if (g_Project->SaveQN4(false)) {
+      main_.ProjectChanged.setWritten();
+    } else {
+      reloadIfWanted(false);
+    }
   }
   main_.showBook();
 }

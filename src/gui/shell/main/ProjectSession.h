@@ -14,7 +14,8 @@ class ProjectSession {
   void LoadProject(const QString& Path, bool ShowProgress);
   /// A failed save has been told by then.
   void SaveProject(bool ShowProgress);
-  /// What a command has changed goes to the disk at once, where the book has a place there.
+  /// What a command has changed and marked goes to the disk at once, where the book has a place there. The mark stays;
+  /// a book that was read anew instead has none.
   void saveChange();
   /// The title of the book that is open, its file's name where it has none; empty without a project.
   QString nameOfBook() const;

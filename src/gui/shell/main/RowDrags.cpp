@@ -61,8 +61,8 @@ void RowDrags::joinSceneList() {
                    return Qt::MoveAction;
                  },
                  [this](int row) { return ListScenes_OLEDragOver(row); },
-                 [this](const QString& tags, int row) {
-                   Guard("ListScenes_OLEDragDrop", kModule)([&] { ListScenes_OLEDragDrop(tags, row); });
+                 [this](const QList<qint32>& ids, qint32 target) {
+                   Guard("ListScenes_OLEDragDrop", kModule)([&] { ListScenes_OLEDragDrop(ids, target); });
                  }});
   connect(&list, &ListView::moveWanted, this, guarded("ListScenes_KeyDown", kModule, this, &RowDrags::moveScene));
   connect(&list, &ListView::moveToNeighbourWanted, this,
@@ -77,8 +77,8 @@ void RowDrags::joinChapterList() {
                    return Qt::MoveAction;
                  },
                  [this](int row) { return ListChapters_OLEDragOver(row); },
-                 [this](const QString& tags, int row) {
-                   Guard("ListChapters_OLEDragDrop", kModule)([&] { ListChapters_OLEDragDrop(tags, row); });
+                 [this](const QList<qint32>& ids, qint32 target) {
+                   Guard("ListChapters_OLEDragDrop", kModule)([&] { ListChapters_OLEDragDrop(ids, target); });
                  }});
   connect(&list, &ListView::moveWanted, this, guarded("ListChapters_KeyDown", kModule, this, &RowDrags::moveChapter));
 }
@@ -93,8 +93,8 @@ void RowDrags::joinCastLists() {
 
 // Dropping on the list of a scene adds, on the list of all it removes; so do the keys of the list on the other side.
 void RowDrags::joinCastList(ListView& list, CastKind kind, bool inScene) {
-  const auto drop = [this, kind, inScene](const QString& tags, int) {
-    Guard("ListCast_OLEDragDrop", kModule)([&] { ListCast_OLEDragDrop(kind, inScene, tags); });
+  const auto drop = [this, kind, inScene](const QList<qint32>& ids, qint32) {
+    Guard("ListCast_OLEDragDrop", kModule)([&] { ListCast_OLEDragDrop(kind, inScene, ids); });
   };
   list.setDrags({[this, kind] {
                    ClearDragFlags();
@@ -104,8 +104,13 @@ void RowDrags::joinCastList(ListView& list, CastKind kind, bool inScene) {
                  [this, kind](int) { return flagOf(kind) && mayMove() ? Qt::CopyAction : Qt::IgnoreAction; }, drop});
   connect(&list, &ListView::keyUp, this, guarded("ListCast_KeyUp", kModule, [this, &list, kind, inScene](int key) {
     Qt::DropAction effect{};
-    if (key == (inScene ? Qt::Key_Delete : Qt::Key_Insert) && list.pickUp(&effect) && mayMove()) {
-      ListCast_OLEDragDrop(kind, !inScene, list.tagsForDrag());
+    if (key != (inScene ? Qt::Key_Delete : Qt::Key_Insert) || !mayMove() || !list.pickUp(&effect)) {
+      return;
+    }
+    if (inScene) {
+      ListCast_OLEDragDrop(kind, false, list.SelectedTags());
+    } else {
+      dropCastOnScenes(kind, list.SelectedTags());
     }
   }));
 }
@@ -120,10 +125,9 @@ Qt::DropAction RowDrags::ListScenes_OLEDragOver(int row) const {
   return DraggingChars || DraggingItems || DraggingLocations ? Qt::CopyAction : Qt::IgnoreAction;
 }
 
-void RowDrags::ListScenes_OLEDragDrop(const QString& tags, int row) {
-  const QList<qint32> ids = StoryMoves::idsOf(tags);
+void RowDrags::ListScenes_OLEDragDrop(const QList<qint32>& ids, qint32 target) {
   if (DraggingScenes) {
-    dropScenesInChapter(ids, row);
+    dropScenesInChapter(ids, target);
     return;
   }
   for (const CastKind kind : {CastKind::Character, CastKind::Location, CastKind::Item}) {
@@ -133,25 +137,25 @@ void RowDrags::ListScenes_OLEDragDrop(const QString& tags, int row) {
   }
 }
 
-void RowDrags::dropScenesInChapter(const QList<qint32>& ids, int row) {
-  const qint32 target = main_.panes().scenes().listScenes().tagAt(row);
-  const auto chapter = g_Project->ChapterByID(main_.panes().chapters().SelectedChapterID());
+void RowDrags::dropScenesInChapter(const QList<qint32>& ids, qint32 target) {
+  const auto chapter = g_Project->ChapterByID(main_.panes().scenes().shownChapterID());
   const qint32 position = chapter->SceneIndex(target);
   // A scene that is dropped on itself stays where it is.
   if (position < 1 || ids == QList{target}) {
     return;
   }
   StoryMoves::moveScenes(*chapter, ids, position);
-  main_.session().saveChange();
   for (const qint32 id : chapter->SceneIDs()) {
     g_SceneChanges.MarkUpdated(id);
   }
-  main_.ProjectChanged = true;
   saveMove();
 }
 
 void RowDrags::dropCastOnScenes(CastKind kind, const QList<qint32>& ids) {
   const QList<qint32> scenes = main_.panes().scenes().listScenes().SelectedTags();
+  if (scenes.isEmpty()) {
+    return;
+  }
   for (const qint32 id : scenes) {
     const auto scene = g_Project->SceneByID(id);
     StoryMoves::addToScene(*scene, kind, ids);
@@ -173,10 +177,8 @@ Qt::DropAction RowDrags::ListChapters_OLEDragOver(int row) const {
   return onRow && !home ? Qt::MoveAction : Qt::IgnoreAction;
 }
 
-void RowDrags::ListChapters_OLEDragDrop(const QString& tags, int row) {
+void RowDrags::ListChapters_OLEDragDrop(const QList<qint32>& ids, qint32 target) {
   ChapterPane& chapters = main_.panes().chapters();
-  const qint32 target = chapters.listChapters().tagAt(row);
-  const QList<qint32> ids = StoryMoves::idsOf(tags);
   if (target < 1) {
     return;
   }
@@ -188,19 +190,16 @@ void RowDrags::ListChapters_OLEDragDrop(const QString& tags, int row) {
   } else {
     return;
   }
-  main_.ProjectChanged = true;
   saveMove();
-  main_.session().saveChange();
 }
 
-void RowDrags::ListCast_OLEDragDrop(CastKind kind, bool intoScene, const QString& tags) {
+void RowDrags::ListCast_OLEDragDrop(CastKind kind, bool intoScene, const QList<qint32>& ids) {
   const ListView& list = *main_.panes().scenes().tabStrip1().castLists(kind).inScene;
   const qint32 id = modFillList::listSceneID(list);
   if (id == 0 || !flagOf(kind)) {
     return;
   }
   const auto scene = g_Project->SceneByID(id);
-  const QList<qint32> ids = StoryMoves::idsOf(tags);
   intoScene ? StoryMoves::addToScene(*scene, kind, ids) : StoryMoves::removeFromScene(*scene, kind, ids);
   scene->Save();
   main_.panes().showChanged({id});
@@ -210,18 +209,20 @@ void RowDrags::ListCast_OLEDragDrop(CastKind kind, bool intoScene, const QString
 }
 
 void RowDrags::saveMove() {
+  main_.ProjectChanged = true;
+  main_.session().saveChange();
   main_.RefreshAll();
   g_Project->UpdateCombosInEditorWindows();
 }
 
-bool RowDrags::moveRow(ListView& list, int step, void (RowDrags::*drop)(const QString&, int)) {
+bool RowDrags::moveRow(ListView& list, int step, void (RowDrags::*drop)(const QList<qint32>&, qint32)) {
   const int target = list.SelectedRow() + step;
   Qt::DropAction effect{};
   if (list.SelectedTags().size() != 1 || target < 0 || target >= list.rowCount() || !mayMove() ||
       !list.pickUp(&effect)) {
     return false;
   }
-  (this->*drop)(list.tagsForDrag(), target);
+  (this->*drop)(list.SelectedTags(), list.tagAt(target));
   return true;
 }
 
@@ -247,5 +248,5 @@ void RowDrags::moveScenesToNeighbour(int step) {
   if (target < 0 || target >= chapters.rowCount() || !mayMove() || !scenes.pickUp(&effect)) {
     return;
   }
-  ListChapters_OLEDragDrop(scenes.tagsForDrag(), target);
+  ListChapters_OLEDragDrop(scenes.SelectedTags(), chapters.tagAt(target));
 }

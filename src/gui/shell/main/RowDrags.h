@@ -3,7 +3,6 @@
 #include "core/model/StoryMoves.h"
 
 #include <QObject>
-#include <QString>
 #include <Qt>
 
 class ListView;
@@ -42,13 +41,13 @@ class RowDrags : public QObject {
   void joinCastList(ListView& list, CastKind kind, bool inScene);
 
   Qt::DropAction ListScenes_OLEDragOver(int row) const;
-  void ListScenes_OLEDragDrop(const QString& tags, int row);
+  void ListScenes_OLEDragDrop(const QList<qint32>& ids, qint32 target);
   Qt::DropAction ListChapters_OLEDragOver(int row) const;
-  void ListChapters_OLEDragDrop(const QString& tags, int row);
-  void ListCast_OLEDragDrop(CastKind kind, bool intoScene, const QString& tags);
-  void dropScenesInChapter(const QList<qint32>& ids, int row);
+  void ListChapters_OLEDragDrop(const QList<qint32>& ids, qint32 target);
+  void ListCast_OLEDragDrop(CastKind kind, bool intoScene, const QList<qint32>& ids);
+  void dropScenesInChapter(const QList<qint32>& ids, qint32 target);
   void dropCastOnScenes(CastKind kind, const QList<qint32>& ids);
-  bool moveRow(ListView& list, int step, void (RowDrags::*drop)(const QString&, int));
+  bool moveRow(ListView& list, int step, void (RowDrags::*drop)(const QList<qint32>&, qint32));
   void saveMove();
 
   frmMain& main_;

@@ -148,7 +148,8 @@ void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
     return;
   }
   const int wanted = SelectIndex < 1 ? ListScenes->SelectedRow() : SelectIndex - 1;
-  const auto& ids = g_Project->ChapterByID(ChapterID)->SceneIDs();
+  const auto chapter = g_Project->ChapterByID(ChapterID);
+  const IDList& ids = chapter->SceneIDs();
   {
     const QScopedValueRollback filling(filling_, true);
     ListScenes->setRows({ids.begin(), ids.end()}, [](qint32 id, int) { return sceneRow(id); });

@@ -34,6 +34,12 @@ constexpr std::array kGoalNames{"txtGoal", "txtConflict", "txtOutcome"};
 constexpr std::array kActionLabels{"Goal", "Conflict", "Outcome"};
 constexpr std::array kReactionLabels{"Reaction", "Dilemma", "Decision"};
 
+/// What stands in empty lists beside a scene.
+void showHints(const SceneTabs::CastLists& lists, const QString& menu) {
+  lists.inScene->setEmptyText(u"None in this scene yet.\nInsert in the list below adds what is selected there."_s);
+  lists.all->setEmptyText(u"None yet.\n"_s + menu + u" \u2013 View/Edit makes the first."_s);
+}
+
 ListView* plainList(const QString& name, const QString& spokenName, const QStringList& columns) {
   auto* list = new ListView(columns);
   giveName(*list, name, spokenName);
@@ -121,7 +127,6 @@ void SceneTabs::buildDescription() {
   txtSceneTitle = makeLineEdit(u"txtSceneTitle"_s, u"Scene title"_s);
   txtSceneTitle->setReadOnly(true);
   txtDesc = makeReadOnlyText(u"txtDesc"_s, u"Scene description"_s);
-  txtDesc->setPlaceholderText(u"No description yet"_s);
   txtDesc->viewport()->installEventFilter(this);
   column->addWidget(makeLabelOf(u"Title:"_s, *txtSceneTitle));
   column->addWidget(txtSceneTitle);
@@ -150,7 +155,6 @@ SceneTabs::CastLists SceneTabs::buildLists(int tab, const QString& array, const 
   column->addWidget(lists.inScene, 1);
   column->addWidget(makeLabelOf(u"All:"_s, *lists.all));
   column->addWidget(lists.all, 1);
-  lists.inScene->setEmptyText(u"None in this scene yet.\nPress Insert in the list below, or drag from it."_s);
   return lists;
 }
 
@@ -166,7 +170,6 @@ void SceneTabs::buildGoals() {
 
 void SceneTabs::buildNotes() {
   txtNotes = makeReadOnlyText(u"txtNotes"_s, u"Scene notes"_s);
-  txtNotes->setPlaceholderText(u"No notes yet"_s);
   columnOf(kNotes)->addWidget(txtNotes);
 }
 
@@ -181,6 +184,7 @@ bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
 
 void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
   setTabIcon(tab, shown ? icon(key) : QIcon());
+  tabBar()->setAccessibleTabName(tab, shown ? tabText(tab) + u", filled"_s : QString());
 }
 
 void SceneTabs::display(clsScene& scene) {
@@ -217,25 +221,33 @@ void SceneTabs::fillTab(int tab) {
     return;
   }
   stale = false;
-  clsScene& scene = *g_Project->SceneByID(sceneID_);
+  // A scene that has gone shows as a blank one, which nothing else holds.
+  const auto shown = g_Project->SceneByID(sceneID_);
+  clsScene& scene = *shown;
   switch (tab) {
     case kDescription:
-      txtSceneTitle->setText(scene.Title);
-      txtSceneTitle->setCursorPosition(0);
+      if (txtSceneTitle->text() != scene.Title) {
+        txtSceneTitle->setText(scene.Title);
+        txtSceneTitle->setCursorPosition(0);
+      }
+      txtDesc->setPlaceholderText(u"No description yet"_s);
       showText(*txtDesc, scene.DescText);
       break;
     case kContent:
       lblEmpty_->setVisible(!txtBody->showText(scene));
       break;
     case kCharacters:
+      showHints(cast_[0], u"Characters"_s);
       modFillList::FillCharInScene(*cast_[0].inScene, sceneID_, false, false);
       modFillList::FillAllCharList(*cast_[0].all, true, false);
       break;
     case kLocations:
+      showHints(cast_[1], u"Locations"_s);
       modFillList::FillLocationsInScene(*cast_[1].inScene, sceneID_);
       modFillList::FillAllLocations(*cast_[1].all);
       break;
     case kItems:
+      showHints(cast_[2], u"Items"_s);
       modFillList::FillItemsInScene(*cast_[2].inScene, sceneID_);
       modFillList::FillAllItems(*cast_[2].all);
       break;
@@ -243,6 +255,7 @@ void SceneTabs::fillTab(int tab) {
       displayGoals(scene);
       break;
     default:
+      txtNotes->setPlaceholderText(u"No notes yet"_s);
       showText(*txtNotes, scene.Notes);
   }
 }
@@ -275,8 +288,12 @@ void SceneTabs::clearDisplay() {
   for (QPlainTextEdit* field : {txtNotes, goals_[0], goals_[1], goals_[2]}) {
     field->clear();
   }
+  txtDesc->setPlaceholderText({});
+  txtNotes->setPlaceholderText({});
   for (const CastLists& lists : cast_) {
-    lists.inScene->clear();
-    lists.all->clear();
+    for (ListView* list : {lists.inScene, lists.all}) {
+      modFillList::clear(*list);
+      list->setEmptyText({});
+    }
   }
 }

@@ -240,7 +240,8 @@ void frmMain::RefreshAll() {
   panes_->refill();
   showTotal();
   showBook();
-  toolkit().DoEvents();
+  // What is typed meanwhile waits: a command that has moved a row isn't begun again in the middle of itself.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void frmMain::showTotal() {
@@ -257,7 +258,11 @@ void frmMain::showTitle() {
   const QString book = session_.nameOfBook();
   const QString state = g_Project->ReadOnly() ? u" (read-only)"_s : QString();
   setWindowTitle(book.isEmpty() ? program : literalTitle(book) + state + u"[*] \u2013 "_s + program);
-  setWindowModified(!book.isEmpty() && (ProjectChanged || g_Project->HoldsUnsaved()));
+  // Asked twice a second: the desktop hears only of what is new.
+  const bool unsaved = !book.isEmpty() && (ProjectChanged.isUnsaved() || g_Project->HoldsUnsaved());
+  if (unsaved != isWindowModified()) {
+    setWindowModified(unsaved);
+  }
 }
 
 void frmMain::showSaves() {
@@ -297,10 +302,6 @@ void frmMain::triggerEntry(const QString& name) {
   popups_->mnuScene_Click();
   QAction& entry = *menus_->action(name);
   entry.isEnabled() ? entry.trigger() : sayWhyNot(entry);
-}
-
-int frmMain::CurrentTab() const {
-  return panes_->scenes().tabStrip1().currentIndex();
 }
 
 // A one-shot that waits until no scene is open. There is nothing to check with yet.

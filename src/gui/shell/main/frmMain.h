@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/shell/main/ChangeMark.h"
 #include "gui/shell/main/ProjectSession.h"
 
 #include <QMainWindow>
@@ -33,7 +34,7 @@ class frmMain : public QMainWindow {
   void Form_Load();
 
   /// There are changes that the project file doesn't hold yet: a hint for what replaces the project.
-  bool ProjectChanged = false;
+  ChangeMark ProjectChanged;
   /// The program is on its way out: timers do nothing.
   bool Closing = false;
   /// Another copy of the program ran when this one began.
@@ -87,8 +88,6 @@ class frmMain : public QMainWindow {
   void EditSelectedChapter();
   /// What a menu entry does, by a key or a click elsewhere; says why not where it is switched off.
   void triggerEntry(const QString& name);
-  /// Zero-based index of the selected tab of the scene display.
-  int CurrentTab() const;
   void mnuConfirmExit_Click();
 
   MainPanes& panes() { return *panes_; }

@@ -224,7 +224,7 @@ void frmProjectWizard::cmdNext_Click() {
     return;
   }
   const NewBook wanted = book();
-  accept();
+  hide();
   Q_EMIT bookWanted(wanted);
 }
 
