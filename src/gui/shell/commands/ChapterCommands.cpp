@@ -123,7 +123,7 @@ void ChapterCommands::mnuMarkChaptersUnused_Click() {
   BookScenes::tellRefused(refused);
 }
 
-// The menu doesn't offer this while a scene is open; the Delete key comes here all the same.
+// It isn't offered while a scene is open, but another window may have opened one since the last scan.
 void ChapterCommands::mnuRemoveChapter_Click() {
   const Chapters chapters = selectedIn(main_.panes().chapters());
   if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters))) {
