@@ -147,6 +147,9 @@ void ShellTest::completeDisplay() {
 }
 
 QPoint ShellTest::placeOf(ListView& view, int row) {
+  if (row < 0) {
+    return {5, view.viewport()->height() - 2};
+  }
   const QModelIndex index = indexOf(view, row);
   view.scrollTo(index);
   const QPoint centre = view.visualRect(index).center();

@@ -48,6 +48,8 @@ class ShellTest : public ::testing::Test {
   /// Clicks a row with the real mouse.
   void click(ListView& list, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void doubleClick(ListView& list, int row);
+  /// A point of the row in the list's viewport, which it is brought into; for -1 one where no row is.
+  static QPoint placeOf(ListView& view, int row);
   /// Until the scan has had its turn and this holds.
   bool soon(const std::function<bool()>& holds);
   /// The editor window that is up; null when there is none.
@@ -72,7 +74,6 @@ class ShellTest : public ::testing::Test {
  private:
   void completeDisplay();
   static QModelIndex indexOf(ListView& list, int row, int column = 0);
-  static QPoint placeOf(ListView& list, int row);
 
   std::unique_ptr<frmMain> window_;
 };

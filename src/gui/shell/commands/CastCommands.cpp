@@ -112,6 +112,9 @@ void CastCommands::mnuRemoveCharFromAll_Click() {
 void CastCommands::eachSelectedScene(void (*change)(clsScene&, CastKind, const QList<qint32>&)) {
   const QList<qint32> characters = listOf(CastKind::Character, false).SelectedTags();
   const QList<qint32> scenes = main_.panes().scenes().listScenes().SelectedTags();
+  if (characters.isEmpty() || scenes.isEmpty()) {
+    return;
+  }
   for (const qint32 id : scenes) {
     const auto scene = g_Project->SceneByID(id);
     change(*scene, CastKind::Character, characters);

@@ -124,7 +124,7 @@ void ChapterCommands::mnuMarkChaptersUnused_Click() {
   BookScenes::tellRefused(refused);
 }
 
-// A scene may be opened between the look at the menu and the choice in it.
+// It isn't offered while a scene is open, but another window may have opened one since the last scan.
 void ChapterCommands::mnuRemoveChapter_Click() {
   const Chapters chapters = selectedIn(main_.panes().chapters());
   if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters))) {

@@ -32,7 +32,8 @@ PopupMenus::PopupMenus(frmMain& main) : QObject(&main), main_(main) {
   connect(menus.menu(u"mnuScene"_s), &QMenu::aboutToShow, this,
           guarded("mnuScene_Click", kModule, this, &PopupMenus::mnuScene_Click));
   for (const char* const name : {"mnuChapters", "mnuScene"}) {
-    connect(menus.menu(QString::fromLatin1(name)), &QMenu::aboutToHide, this, &PopupMenus::ShowPopupOnlyEntries);
+    connect(menus.menu(QString::fromLatin1(name)), &QMenu::aboutToHide, this,
+            guarded("ShowPopupOnlyEntries", kModule, this, &PopupMenus::ShowPopupOnlyEntries));
   }
   connect(&panes.chapters().listChapters(), &ListView::menuWanted, this,
           guarded("ListChapters_MouseUp", kModule, this, &PopupMenus::ListChapters_MouseUp));
@@ -110,6 +111,7 @@ void PopupMenus::HidePopupOnlyEntries() {
   }
 }
 
+// What was disabled because no row is selected is so in the pop-up alone.
 void PopupMenus::ShowPopupOnlyEntries() {
   if (!popup_) {
     return;
@@ -118,4 +120,6 @@ void PopupMenus::ShowPopupOnlyEntries() {
   for (const char* const name : kNotInPopups) {
     main_.menus().setVisible(QString::fromLatin1(name), true);
   }
+  mnuChapters_Click();
+  mnuScene_Click();
 }

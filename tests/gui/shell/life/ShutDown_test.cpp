@@ -20,6 +20,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QSplitter>
 #include <QTest>
@@ -257,6 +258,7 @@ TEST_F(ShutDownTest, KeepsTheLayoutForTheNextStart) {
   window().resize(760, 600);
   dragSplitterTo(1.0 / 3);
   list("ListScenes").setColumnWidth(2, 321);
+  list("ListScenes").header()->moveSection(4, 1);
   g_FontSize = 12;
   endProgram();
   const double stored = Settings().sGet(u"SplitPercent"_s).toDouble();
@@ -265,6 +267,7 @@ TEST_F(ShutDownTest, KeepsTheLayoutForTheNextStart) {
   start(path);
   EXPECT_EQ(window().size(), QSize(760, 600));
   EXPECT_EQ(list("ListScenes").columnWidth(2), 321);
+  EXPECT_EQ(list("ListScenes").header()->visualIndex(4), 1);
   EXPECT_EQ(g_FontSize, 12);
   const ScenePane& pane = window().panes().scenes();
   EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), stored, 0.01);

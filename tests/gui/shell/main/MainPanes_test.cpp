@@ -8,14 +8,19 @@
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/PaneLayout.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/Twips.h"
+#include "gui/views/ListView.h"
+#include "gui/views/RowIcon.h"
 #include "gui/views/modFillList.h"
+#include "support/ModalHelper.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -200,6 +205,54 @@ TEST_F(MainPanesTest, AllCharactersAreMajorsThenMinorsByTheirOrder) {
   }
   EXPECT_EQ(names, QStringList({u"M1"_s, u"Anna"_s, u"M2"_s, u"M3"_s, u"m"_s, u"Zoë"_s, u"Пётр"_s}));
   EXPECT_EQ(modFillList::orderedCharacters(true).size(), 4U);
+}
+
+TEST_F(MainPanesTest, AmongMajorsAloneNobodyNarratesForAMinor) {
+  const auto seen = [](bool onlyMajor) {
+    ListView shown({u"Name"_s});
+    modFillList::FillCharInScene(shown, 1, false, onlyMajor);
+    QStringList rows;
+    for (int row = 0; row < shown.rowCount(); ++row) {
+      const QModelIndex first = shown.model()->index(row, 0);
+      const bool isNarrator =
+          first.data(Qt::DecorationRole).value<QIcon>().cacheKey() == rowIcon("viewpoint").cacheKey();
+      rows.append(first.data(Qt::AccessibleTextRole).toString() + (isNarrator ? u" *"_s : QString()));
+    }
+    return rows;
+  };
+  EXPECT_EQ(seen(false), QStringList({u"Zoë, viewpoint *"_s, u"Anna"_s}));
+  EXPECT_EQ(seen(true), QStringList(u"Anna"_s));
+}
+
+TEST_F(MainPanesTest, ScenesThatAreGatheredAreDisplayedWhenTheButtonGoesUp) {
+  ListView& scenes = list("ListScenes");
+  const auto title = [this] { return control<QLineEdit>("txtSceneTitle").text(); };
+  for (const Qt::KeyboardModifier held : {Qt::ShiftModifier, Qt::ControlModifier}) {
+    click(scenes, 0);
+    QTest::mousePress(scenes.viewport(), Qt::LeftButton, held, placeOf(scenes, 1));
+    EXPECT_EQ(scenes.SelectedTags(), QList<qint32>({1, 2}));
+    EXPECT_EQ(title(), u"Arrival 1"_s) << held;
+    QTest::mouseRelease(scenes.viewport(), Qt::LeftButton, held, placeOf(scenes, 1));
+    EXPECT_EQ(title(), u"Arrival 2"_s) << held;
+  }
+  click(scenes, 0);
+  QTest::mousePress(scenes.viewport(), Qt::LeftButton, {}, placeOf(scenes, 1));
+  EXPECT_EQ(title(), u"Arrival 2"_s) << "a single one at once";
+  QTest::mouseRelease(scenes.viewport(), Qt::LeftButton, {}, placeOf(scenes, 1));
+}
+
+TEST_F(MainPanesTest, ADoubleClickOnATextOpensWhatItBelongsTo) {
+  for (const auto& [tab, name] : {std::pair{0, "txtDesc"}, {1, "txtBody"}}) {
+    control<QTabWidget>("TabStrip1").setCurrentIndex(tab);
+    QTest::mouseDClick(control<QAbstractScrollArea>(name).viewport(), Qt::LeftButton);
+    EXPECT_EQ(g_SceneChanges.lockedIDs(), std::vector<qint32>{1}) << name;
+    openEditor().close();
+  }
+  const WhenModal whenUp([](QWidget& sheet) {
+    EXPECT_EQ(sheet.objectName(), u"frmEditChapter"_s);
+    sheet.close();
+  });
+  QTest::mouseDClick(control<QAbstractScrollArea>("txtChapterDesc").viewport(), Qt::LeftButton);
 }
 
 TEST_F(MainPanesTest, TheSplitterStopsAtItsLimits) {

@@ -1,0 +1,158 @@
+// What is done with the characters, locations and items beside the scene list.
+
+#include "core/model/EntityDialogs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/shell/MainWindow.h"
+#include "support/SampleProject.h"
+
+#include <QTabWidget>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using IDs = QList<qint32>;
+
+IDs charsOf(qint32 scene) {
+  const auto& ids = g_Project->SceneByID(scene)->CharIDs();
+  return {ids.begin(), ids.end()};
+}
+
+void setChars(qint32 scene, const IDs& ids) {
+  for (const qint32 id : charsOf(scene)) {
+    g_Project->SceneByID(scene)->RemoveCharByID(id);
+  }
+  for (const qint32 id : ids) {
+    g_Project->SceneByID(scene)->AddCharByID(id);
+  }
+}
+
+}  // namespace
+
+/// Anna is character 1, Zoë 2, Пётр 3; Zoë narrates the first scene, Anna is in it.
+class CastCommandsTest : public ShellTest {
+ protected:
+  void SetUp() override {
+    ShellTest::SetUp();
+    startWith(smallProject());
+    control<QTabWidget>("TabStrip1").setCurrentIndex(2);
+  }
+
+  void select(const char* name, const IDs& ids) {
+    ListView& view = list(name);
+    view.clearSelection();
+    for (const qint32 id : ids) {
+      click(view, view.rowOfTag(id), Qt::ControlModifier);
+    }
+    ASSERT_EQ(view.SelectedTags().size(), ids.size());
+  }
+  QString viewpointShown(int row) { return cell("ListScenes", row, 0); }
+};
+
+TEST_F(CastCommandsTest, AnotherCharacterBecomesTheViewpoint) {
+  click(list("ListChar(0)"), 1);
+  trigger("mnuSetVP");
+  EXPECT_EQ(charsOf(1), IDs({1, 2}));
+  EXPECT_EQ(viewpointShown(0), u"Anna"_s);
+  EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs({1, 2}));
+  EXPECT_TRUE(window().ProjectChanged);
+}
+
+TEST_F(CastCommandsTest, WhoIsNextNarratesWhenTheViewpointIsRemoved) {
+  struct Case {
+    IDs removed;
+    IDs left;
+    QString viewpoint;
+  };
+  for (const Case& known : {Case{{1}, {2, 3}, u"Zoë"_s}, Case{{2}, {1, 3}, u"Anna"_s}, Case{{2, 1}, {3}, u"Пётр"_s},
+                            Case{{2, 1, 3}, {}, u"N/A"_s}}) {
+    setChars(1, {2, 1, 3});
+    window().RefreshAll();
+    window().ProjectChanged = false;
+    select("ListChar(0)", known.removed);
+    trigger("mnuRemoveCharFromScene");
+    EXPECT_EQ(charsOf(1), known.left);
+    EXPECT_EQ(viewpointShown(0), known.viewpoint);
+    EXPECT_EQ(list("ListChar(0)").rows().tags(), known.left);
+    EXPECT_TRUE(window().ProjectChanged);
+  }
+}
+
+TEST_F(CastCommandsTest, ASceneInAnEditorKeepsItsCharacters) {
+  window().EditSelectedScene();
+  click(list("ListChar(0)"), 0);
+  toolkit.expectBox(u"Cannot change scene, it's being edited."_s);
+  trigger("mnuRemoveCharFromScene");
+  EXPECT_EQ(charsOf(1), IDs({2, 1}));
+  EXPECT_FALSE(window().ProjectChanged);
+}
+
+TEST_F(CastCommandsTest, SelectedCharactersGoIntoAllSelectedScenesAndOut) {
+  select("ListScenes", {1, 2});
+  select("ListChar(1)", {1, 3});
+  trigger("mnuAddCharToAll");
+  EXPECT_EQ(charsOf(1), IDs({2, 1, 3}));
+  EXPECT_EQ(charsOf(2), IDs({1, 3}));
+  EXPECT_EQ(viewpointShown(1), u"Anna"_s) << "the first one narrates a scene that had nobody";
+  EXPECT_EQ(list("ListScenes").SelectedTags(), IDs({1, 2}));
+  EXPECT_TRUE(window().ProjectChanged);
+  select("ListChar(1)", {1});
+  trigger("mnuRemoveCharFromAll");
+  EXPECT_EQ(charsOf(1), IDs({2, 3}));
+  EXPECT_EQ(charsOf(2), IDs({3}));
+  EXPECT_EQ(viewpointShown(1), u"Пётр"_s);
+}
+
+TEST_F(CastCommandsTest, WithoutASelectedSceneNothingChanges) {
+  select("ListScenes", {});
+  select("ListChar(1)", {3});
+  trigger("mnuAddCharToAll");
+  trigger("mnuRemoveCharFromAll");
+  EXPECT_EQ(charsOf(1), IDs({2, 1}));
+  EXPECT_FALSE(window().ProjectChanged);
+}
+
+TEST_F(CastCommandsTest, ARowIsOpenedByADoubleClickAndByEnter) {
+  std::vector<std::pair<EntityKind, qint32>> opened;
+  bool confirmed = false;
+  const auto answer = [&](const SheetSubject& subject, const auto& details) {
+    opened.emplace_back(subject.kind, subject.id);
+    auto edited = details;
+    edited.Title += u'!';
+    return confirmed ? std::optional(edited) : std::nullopt;
+  };
+  entityDialogs().character = [&](const SheetSubject& subject, const CharacterDetails& details, qint32) {
+    return answer(subject, details);
+  };
+  entityDialogs().thing = answer;
+  struct Case {
+    int tab;
+    const char* lists;
+    EntityKind kind;
+    qint32 id;
+  };
+  for (const Case& known : {Case{2, "ListChar", EntityKind::Character, 2}, Case{3, "ListLoc", EntityKind::Location, 1},
+                            Case{4, "ListItems", EntityKind::Item, 1}}) {
+    SCOPED_TRACE(known.lists);
+    opened.clear();
+    window().ProjectChanged = confirmed = false;
+    control<QTabWidget>("TabStrip1").setCurrentIndex(known.tab);
+    ListView& inScene = list((QByteArray(known.lists) + "(0)").constData());
+    ListView& all = list((QByteArray(known.lists) + "(1)").constData());
+    const QString before = inScene.text(0, 0);
+    doubleClick(inScene, 0);
+    EXPECT_FALSE(window().ProjectChanged) << "it was cancelled";
+    confirmed = true;
+    select(qPrintable(all.objectName()), {known.id});
+    QTest::keyClick(&all, Qt::Key_Return);
+    EXPECT_EQ(opened, decltype(opened)(2, {known.kind, known.id}));
+    EXPECT_TRUE(window().ProjectChanged);
+    EXPECT_EQ(inScene.text(0, 0), before + u'!');
+    EXPECT_EQ(all.text(all.rowOfTag(known.id), 0), before + u'!');
+  }
+  EXPECT_EQ(viewpointShown(0), u"Zoë!"_s);
+}
