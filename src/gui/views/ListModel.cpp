@@ -127,7 +127,10 @@ QString ListModel::spoken(const ListRow& row) const {
   }
   QStringList parts;
   for (int column = 0; column < titles_.size(); ++column) {
-    if (const QString cell = row.cells.value(column); !cell.isEmpty()) {
+    const QString cell = row.cells.value(column);
+    if (row.spoken.contains(column)) {
+      parts.append(row.spoken.value(column));
+    } else if (!cell.isEmpty()) {
       parts.append(spokenTitle(column) + u' ' + cell);
     }
   }

@@ -21,6 +21,8 @@ struct ListRow {
   QStringList states = {};
   /// Of the first column, in plain text.
   QString toolTip = {};
+  /// Columns whose cell is short for something, and what is read out in the place of it and of its title.
+  QHash<int, QString> spoken = {};
 };
 
 /// The rows of a list, by the IDs of what they show. A row is made when it is first looked at and kept until it is said

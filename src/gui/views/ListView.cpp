@@ -87,11 +87,6 @@ void ListView::setRows(QList<qint32> tags, ListModel::Maker make) {
   sayEmpty();
 }
 
-// For a screen reader: what stands over rows is not to be heard.
-void ListView::sayEmpty() {
-  setAccessibleDescription(rowCount() == 0 ? emptyText_ : QString());
-}
-
 void ListView::restore(const Kept& before) {
   if (before.top == 0 && before.selected.isEmpty()) {
     return;
@@ -269,6 +264,7 @@ void ListView::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
   focusIsNew_ = true;
   update();
+  tellCurrentRow();
 }
 
 void ListView::focusOutEvent(QFocusEvent* event) {

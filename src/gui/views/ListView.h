@@ -107,6 +107,7 @@ class ListView : public QTreeView {
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void resizeEvent(QResizeEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -129,6 +130,7 @@ class ListView : public QTreeView {
 
   bool moveKey(const QKeyEvent& event);
   void endKey(int key);
+  void tellCurrentRow();
   void frameFocus();
   void sayEmpty();
   void keepFilled();

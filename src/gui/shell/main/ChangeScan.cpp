@@ -10,6 +10,7 @@
 #include "gui/shell/main/frmMain.h"
 #include "gui/views/ListView.h"
 
+#include <algorithm>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -34,13 +35,15 @@ void ChangeScan::sceneChanged(qint32 id) {
   ScenePane& scenes = main_.panes().scenes();
   scenes.UpdateSceneRow(id);
   found_.selectedChanged = found_.selectedChanged || scenes.SelectedSceneID() == id;
-  // A scene was added to the chapter that is shown, split out of it, or removed.
+  // A scene was added to the chapter that is shown, split out of it, moved or removed.
   const qint32 shown = scenes.shownChapterID();
-  const int rows = scenes.listScenes().rowCount();
-  found_.needsRefill = found_.needsRefill || (shown != 0 && g_Project->ChapterByID(shown)->SceneCount() != rows);
+  const auto& ids = g_Project->ChapterByID(shown)->SceneIDs();
+  const QList<qint32>& rows = scenes.listScenes().rows().tags();
+  found_.needsRefill =
+      found_.needsRefill || (shown != 0 && !std::equal(rows.begin(), rows.end(), ids.begin(), ids.end()));
 }
 
-// A renamed character shows in the rows that it narrates.
+// A renamed character shows in the rows that it narrates, and among the characters of the display.
 void ChangeScan::characterChanged(qint32 id) {
   ScenePane& scenes = main_.panes().scenes();
   for (const qint32 sceneID : scenes.listScenes().rows().tags()) {
@@ -48,6 +51,7 @@ void ChangeScan::characterChanged(qint32 id) {
       scenes.UpdateSceneRow(sceneID);
     }
   }
+  found_.selectedChanged = true;
 }
 
 void ChangeScan::showFindings() {

@@ -66,6 +66,15 @@ QString statusName(qint16 status) {
   return status > 0 ? g_StatusNames.value(status) : QString();
 }
 
+/// What the cells say that are short for something.
+QHash<int, QString> spokenCells(const clsScene& scene) {
+  QHash<int, QString> spoken{{kActionReaction, scene.ReactionScene ? u"reaction"_s : u"action"_s}};
+  if (scene.ViewPointID() == 0) {
+    spoken.insert(kViewpoint, u"No viewpoint"_s);
+  }
+  return spoken;
+}
+
 ListRow sceneRow(qint32 id) {
   const auto scene = g_Project->SceneByID(id);
   const QLocale locale;
@@ -74,7 +83,9 @@ ListRow sceneRow(qint32 id) {
        scene->ReactionScene ? u"R"_s : u"A"_s, scene->RTFFilename(), locale.toString(scene->Lettercount())},
       sceneIcon(*scene),
       scene->Unused ? QList<std::pair<int, quint32>>{{kStatus, RowColours::kGrey}} : QList<std::pair<int, quint32>>(),
-      sceneStates(*scene)};
+      sceneStates(*scene),
+      {},
+      spokenCells(*scene)};
 }
 
 }  // namespace

@@ -9,10 +9,9 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/MainWindow.h"
+#include "gui/shell/RowDrag.h"
 #include "support/SampleProject.h"
 
-#include <QDragEnterEvent>
-#include <QMimeData>
 #include <QTabWidget>
 #include <QTest>
 
@@ -66,33 +65,11 @@ class RowDragsTest : public ShellTest {
     }
   }
 
-  /// What the pointer says over the row (-1: below the rows), after it came from the list's first row.
-  Qt::DropAction hover(ListView& from, ListView& to, int row) {
-    Qt::DropAction effect{};
-    carried_ = from.pickUp(&effect);
-    if (!carried_) {
-      return Qt::IgnoreAction;
-    }
-    QDragEnterEvent enter(placeIn(to, 0), effect, carried_.get(), Qt::LeftButton, {});
-    QCoreApplication::sendEvent(to.viewport(), &enter);
-    QDragMoveEvent move(placeIn(to, row), effect, carried_.get(), Qt::LeftButton, {});
-    QCoreApplication::sendEvent(to.viewport(), &move);
-    return enter.isAccepted() && move.isAccepted() ? move.dropAction() : Qt::IgnoreAction;
-  }
+  Qt::DropAction hover(ListView& from, ListView& to, int row) { return drag_.hover(from, to, row); }
 
   void drop(ListView& from, ListView& to, int row) {
-    const Qt::DropAction effect = hover(from, to, row);
-    ASSERT_NE(effect, Qt::IgnoreAction);
-    QDropEvent event(QPointF(placeIn(to, row)), effect, carried_.get(), Qt::LeftButton, {});
-    QCoreApplication::sendEvent(to.viewport(), &event);
+    ASSERT_TRUE(drag_.drop(from, to, row));
     EXPECT_EQ(to.dropHighlight(), -1);
-  }
-
-  static QPoint placeIn(ListView& list, int row) {
-    if (row < 0) {
-      return {5, list.viewport()->height() - 2};
-    }
-    return list.visualRect(list.model()->index(row, 0)).center();
   }
 
   ListView& scenes() { return list("ListScenes"); }
@@ -101,7 +78,7 @@ class RowDragsTest : public ShellTest {
   QByteArray stored() const { return fileBytes(g_Project->FileWithPath); }
 
  private:
-  std::unique_ptr<QMimeData> carried_;
+  RowDrag drag_;
 };
 
 TEST_F(RowDragsTest, ScenesAreOrderedInsideTheirChapter) {
@@ -213,10 +190,10 @@ TEST_F(RowDragsTest, WhatComesFromElsewhereIsRefused) {
   ASSERT_EQ(hover(scenes(), scenes(), 0), Qt::MoveAction);
   QMimeData text;
   text.setText(u"2"_s);
-  QDragEnterEvent enter(placeIn(scenes(), 0), Qt::MoveAction, &text, Qt::LeftButton, {});
+  QDragEnterEvent enter(RowDrag::placeIn(scenes(), 0), Qt::MoveAction, &text, Qt::LeftButton, {});
   QCoreApplication::sendEvent(scenes().viewport(), &enter);
   EXPECT_FALSE(enter.isAccepted());
-  QDropEvent dropped(QPointF(placeIn(scenes(), 0)), Qt::MoveAction, &text, Qt::LeftButton, {});
+  QDropEvent dropped(QPointF(RowDrag::placeIn(scenes(), 0)), Qt::MoveAction, &text, Qt::LeftButton, {});
   QCoreApplication::sendEvent(scenes().viewport(), &dropped);
   EXPECT_FALSE(dropped.isAccepted());
   EXPECT_EQ(scenesOf(1), IDs({1, 2, 6, 7, 8, 9}));
