@@ -34,13 +34,7 @@ void ChangeScan::start() {
 void ChangeScan::sceneChanged(qint32 id) {
   ScenePane& scenes = main_.panes().scenes();
   scenes.UpdateSceneRow(id);
-  found_.selectedChanged = found_.selectedChanged || scenes.SelectedSceneID() == id;
-  // A scene was added to the chapter that is shown, split out of it, moved or removed.
-  const qint32 shown = scenes.shownChapterID();
-  const auto& ids = g_Project->ChapterByID(shown)->SceneIDs();
-  const QList<qint32>& rows = scenes.listScenes().rows().tags();
-  found_.needsRefill =
-      found_.needsRefill || (shown != 0 && !std::equal(rows.begin(), rows.end(), ids.begin(), ids.end()));
+  selectedChanged_ = selectedChanged_ || scenes.SelectedSceneID() == id;
 }
 
 // A renamed character shows in the rows that it narrates, and among the characters of the display.
@@ -51,15 +45,25 @@ void ChangeScan::characterChanged(qint32 id) {
       scenes.UpdateSceneRow(sceneID);
     }
   }
-  found_.selectedChanged = true;
+  selectedChanged_ = true;
+}
+
+/// A scene was added to the chapter that is shown, split out of it, moved or removed.
+bool ChangeScan::needsRefill() const {
+  const ScenePane& scenes = main_.panes().scenes();
+  const qint32 shown = scenes.shownChapterID();
+  const auto chapter = g_Project->ChapterByID(shown);
+  const IDList& ids = chapter->SceneIDs();
+  const QList<qint32>& rows = scenes.listScenes().rows().tags();
+  return shown != 0 && !std::equal(rows.begin(), rows.end(), ids.begin(), ids.end());
 }
 
 void ChangeScan::showFindings() {
-  const Findings found = std::exchange(found_, {});
+  const bool selectedChanged = std::exchange(selectedChanged_, false);
   MainPanes& panes = main_.panes();
-  if (found.needsRefill) {
+  if (needsRefill()) {
     panes.FillSceneList(0);
-  } else if (found.selectedChanged) {
+  } else if (selectedChanged) {
     panes.scenes().DisplaySelectedScene();
   }
   panes.chapters().RecalcProgressive();

@@ -14,17 +14,13 @@ class ChangeScan {
   void stop() { poller_.stop(); }
 
  private:
-  /// What the changes of one poll come to.
-  struct Findings {
-    bool needsRefill = false;
-    bool selectedChanged = false;
-  };
-
   void sceneChanged(qint32 id);
   void characterChanged(qint32 id);
+  bool needsRefill() const;
   void showFindings();
 
   frmMain& main_;
   ChangePoller poller_;
-  Findings found_;
+  /// What the selected scene shows was changed in this poll.
+  bool selectedChanged_ = false;
 };
