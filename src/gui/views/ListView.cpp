@@ -248,6 +248,12 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   if (moveKey(*event)) {
     return;
   }
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    // The desktop itself only asks for a menu when the key for it is pressed, which small keyboards don't have.
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+    contextMenuEvent(&asked);
+    return;
+  }
   keyDown_ = event->key();
   QTreeView::keyPressEvent(event);
 }

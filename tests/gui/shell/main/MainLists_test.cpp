@@ -146,21 +146,6 @@ TEST_F(MainListsTest, TheListWithTheKeyboardIsSeen) {
   EXPECT_EQ(scenes.viewport()->geometry(), before) << "the frame moves nothing";
 }
 
-TEST_F(MainListsTest, TabWalksFromLeftToRight) {
-  startWith(smallProject());
-  control<QWidget>("txtTitle").setFocus();
-  QStringList walked;
-  for (int step = 0; step < 9; ++step) {
-    // The bars of tabs have no names of their own.
-    QWidget* focused = &required(QApplication::focusWidget(), u"control with the keyboard"_s);
-    const QWidget* named = focused->objectName() == u"qt_tabwidget_tabbar" ? focused->parentWidget() : focused;
-    walked.append(named->objectName());
-    QTest::keyClick(focused, Qt::Key_Tab);
-  }
-  EXPECT_EQ(walked, QStringList({u"txtTitle"_s, u"txtAuthor"_s, u"ListChapters"_s, u"txtChapterDesc"_s, u"TabStrip2"_s,
-                                 u"ListScenes"_s, u"TabStrip1"_s, u"txtSceneTitle"_s, u"txtDesc"_s}));
-}
-
 TEST_F(MainListsTest, EnterDoesWhatADoubleClickDoes) {
   startWith(smallProject());
   {
