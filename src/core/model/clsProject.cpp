@@ -264,9 +264,14 @@ bool clsProject::IsEmpty() const {
          NoteCount() == 0;
 }
 
+// The title bar asks twice a second: it doesn't walk through all scenes while none has changed in this.
 qint32 clsProject::UnsavedTexts() const {
-  return static_cast<qint32>(
-      std::count_if(Scenes.begin(), Scenes.end(), [](const auto& scene) { return scene->RTFChanged(); }));
+  if (unsavedTextsAt_ != WatchedFlag::changes()) {
+    unsavedTextsAt_ = WatchedFlag::changes();
+    unsavedTexts_ = static_cast<qint32>(
+        std::count_if(Scenes.begin(), Scenes.end(), [](const auto& scene) { return scene->RTFChanged(); }));
+  }
+  return unsavedTexts_;
 }
 
 bool clsProject::HoldsUnsaved() const {

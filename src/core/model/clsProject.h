@@ -211,6 +211,9 @@ class clsProject {
   std::array<QString, 4> fieldTitle_;
   bool editedSinceSave_ = false;
   SaveNote lastSaves_;
+  /// How many texts were unsaved, and at which number of changes of the scenes' flags.
+  mutable qint32 unsavedTexts_ = 0;
+  mutable quint64 unsavedTextsAt_ = 0;
   /// The file that was opened and had been cut off: it isn't written over unasked. Empty for a whole one.
   QString incompleteFile_;
   /// The file that the book was read from or last written to, and what that looked like then.

@@ -2,6 +2,7 @@
 
 #include "core/infra/FileStamp.h"
 #include "core/model/IDList.h"
+#include "core/model/WatchedFlag.h"
 
 #include <QByteArray>
 #include <QString>
@@ -174,10 +175,10 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   void readRTF(const TagView& element);
 
   qint32 id_ = 0;
-  bool inScenes_ = false;
+  WatchedFlag inScenes_;
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
-  bool rtfChanged_ = false;
+  WatchedFlag rtfChanged_;
   /// What the file looked like when it was last read or written. Its content is the text itself until that changes.
   FileStamp stored_;
   /// The stamp of the text that the plain mirror holds; 0 for none.

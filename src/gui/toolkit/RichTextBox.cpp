@@ -68,6 +68,8 @@ void RichTextBox::load(const RichText& text) {
   fresh->setDefaultFont(font());
   fresh->setDocumentMargin(document()->documentMargin());
   RichTextDocument::fill(*fresh, text);
+  // Without a size nothing is laid out before the control gives it its own.
+  fresh->setPageSize({0, 0});
   quietly([&] {
     QTextDocument* const old = document();
     const bool isOurs = old->parent() == this;

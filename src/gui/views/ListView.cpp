@@ -70,11 +70,13 @@ struct ListView::Kept {
   QList<qint32> selected;
   qint32 current = 0;
   qint32 top = 0;
+  int topRow = 0;
   int across = 0;
 };
 
 ListView::Kept ListView::kept() const {
-  return {SelectedTags(), tagAt(currentIndex().row()), tagAt(indexAt({0, 0}).row()), horizontalScrollBar()->value()};
+  const int top = indexAt({0, 0}).row();
+  return {SelectedTags(), tagAt(currentIndex().row()), tagAt(top), top, horizontalScrollBar()->value()};
 }
 
 void ListView::setRows(QList<qint32> tags, ListModel::Maker make) {
@@ -102,11 +104,14 @@ void ListView::restore(const Kept& before) {
       selection.append(QItemSelectionRange(index));
     }
   }
-  if (const int row = places.value(before.current, -1); row >= 0) {
-    selectionModel()->setCurrentIndex(model_->index(row, 0), QItemSelectionModel::NoUpdate);
+  const int current = places.value(before.current, -1);
+  if (current >= 0) {
+    selectionModel()->setCurrentIndex(model_->index(current, 0), QItemSelectionModel::NoUpdate);
   }
   selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-  if (const int row = places.value(before.top, -1); row >= 0) {
+  // In a list that is the same on the whole another row may stand where the first one was seen.
+  const bool hasOthers = current >= 0 || !selection.isEmpty();
+  if (const int row = places.value(before.top, hasOthers ? std::min(before.topRow, rowCount() - 1) : -1); row >= 0) {
     scrollTo(model_->index(row, 0), QAbstractItemView::PositionAtTop);
     horizontalScrollBar()->setValue(before.across);
   }
@@ -149,6 +154,17 @@ void ListView::selectionChanged(const QItemSelection& selected, const QItemSelec
   QTreeView::selectionChanged(selected, deselected);
   if (!quiet_) {
     Q_EMIT rowsSelected();
+  }
+}
+
+// Qt would look for the place of every cell, to paint what is seen of them.
+void ListView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QList<int>& roles) {
+  const QRect seen = viewport()->rect();
+  const QModelIndex lastSeen = indexAt(seen.bottomLeft());
+  const int first = std::max(topLeft.row(), indexAt(seen.topLeft()).row());
+  const int last = lastSeen.isValid() ? std::min(bottomRight.row(), lastSeen.row()) : bottomRight.row();
+  if (first <= last) {
+    QTreeView::dataChanged(topLeft.siblingAtRow(first), bottomRight.siblingAtRow(last), roles);
   }
 }
 

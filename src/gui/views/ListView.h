@@ -104,6 +104,7 @@ class ListView : public QTreeView {
   void moveToNeighbourWanted(int step);
 
  protected:
+  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QList<int>& roles) override;
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;

@@ -116,6 +116,23 @@ TEST_F(Project, SumsLeaveUnusedOutAndLettersDoNot) {
   EXPECT_FALSE(g_Project->IsViewpointSomewhere(3));
 }
 
+TEST_F(Project, UnsavedTextsAreThoseOfTheScenesThatAreInItNow) {
+  const ScratchFolder folder;
+  g_Project->FileWithPath = folder.path(u"Small.qn4"_s);
+  EXPECT_EQ(g_Project->UnsavedTexts(), 5);
+  g_Project->SaveQN4(false);
+  EXPECT_EQ(g_Project->UnsavedTexts(), 0);
+  const auto scene = sceneAt(2);
+  scene->setTextRTF("{\\rtf1 Anew}");
+  EXPECT_EQ(g_Project->UnsavedTexts(), 1);
+  g_Project->RemoveSceneByID(scene->ID());
+  EXPECT_EQ(g_Project->UnsavedTexts(), 0);
+  g_Project->Addscene(scene);
+  EXPECT_EQ(g_Project->UnsavedTexts(), 1);
+  scene->Save();
+  EXPECT_EQ(g_Project->UnsavedTexts(), 0);
+}
+
 TEST_F(Project, DaysLeftCountBothEnds) {
   struct Case {
     qint32 start;

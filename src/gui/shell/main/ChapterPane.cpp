@@ -118,12 +118,14 @@ bool ChapterPane::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ChapterPane::showTitles() {
-  const QSignalBlocker quietTitle(txtTitle);
-  const QSignalBlocker quietAuthor(txtAuthor);
-  txtTitle->setText(g_Project->Title);
-  txtAuthor->setText(g_Project->AuthorName);
-  txtTitle->setCursorPosition(0);
-  txtAuthor->setCursorPosition(0);
+  for (const auto& [field, text] : {std::pair{txtTitle, &g_Project->Title}, {txtAuthor, &g_Project->AuthorName}}) {
+    // Who is typing there goes on where he is.
+    if (field->text() != *text) {
+      const QSignalBlocker quiet(field);
+      field->setText(*text);
+      field->setCursorPosition(0);
+    }
+  }
 }
 
 void ChapterPane::setTitlesEnabled(bool enabled) {

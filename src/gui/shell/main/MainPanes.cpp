@@ -15,6 +15,7 @@
 #include <QHBoxLayout>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -88,11 +89,8 @@ void MainPanes::refill() {
   }
   const qint32 chapter = FrameChapters->SelectedChapterID();
   const bool sameChapter = chapter == FrameScenes->shownChapterID();
-  FillSceneList(sameChapter ? 0 : 1);
-  if (!sameChapter) {
-    // One that has moved takes the selection along.
-    FrameScenes->SelectScene(scene);
-  }
+  // A scene that has moved takes the selection along.
+  FillSceneList(sameChapter ? 0 : std::max(1, g_Project->ChapterByID(chapter)->SceneIndex(scene)));
   if (chapter == 0) {
     FrameScenes->clear();
   }

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QStyle>
 #include <QTabBar>
 #include <QTimer>
 #include <QToolButton>
@@ -61,6 +62,7 @@ SceneTabs::SceneTabs(QWidget* parent) : QTabWidget(parent) {
   giveName(*this, u"TabStrip1"_s, u"What the selected scene holds"_s);
   setUsesScrollButtons(true);
   tabBar()->setExpanding(false);
+  fitIcons();
   // The arrow keys walk through all tabs: the buttons that scroll them are for the mouse.
   for (QToolButton* scroll : tabBar()->findChildren<QToolButton*>()) {
     scroll->setFocusPolicy(Qt::NoFocus);
@@ -96,6 +98,19 @@ void SceneTabs::paintEvent(QPaintEvent* event) {
   if (txtBody == nullptr) {
     QTimer::singleShot(0, this, guarded("TabStrip1_Paint", kModule, this, &SceneTabs::buildHiddenTabs));
   }
+}
+
+void SceneTabs::changeEvent(QEvent* event) {
+  QTabWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    fitIcons();
+  }
+}
+
+// No higher than the text: the display below would move with each icon that comes or goes.
+void SceneTabs::fitIcons() {
+  const int size = std::min(style()->pixelMetric(QStyle::PM_TabBarIconSize, nullptr, this), fontMetrics().height());
+  setIconSize({size, size});
 }
 
 void SceneTabs::buildHiddenTabs() {
@@ -182,9 +197,12 @@ bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
   return QTabWidget::eventFilter(watched, event);
 }
 
+// An icon that comes or goes lays out all tabs anew.
 void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
-  setTabIcon(tab, shown ? icon(key) : QIcon());
-  tabBar()->setAccessibleTabName(tab, shown ? tabText(tab) + u", filled"_s : QString());
+  if (shown == tabIcon(tab).isNull()) {
+    setTabIcon(tab, shown ? icon(key) : QIcon());
+    tabBar()->setAccessibleTabName(tab, shown ? tabText(tab) + u", filled"_s : QString());
+  }
 }
 
 void SceneTabs::display(clsScene& scene) {

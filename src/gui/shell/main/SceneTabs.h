@@ -50,9 +50,11 @@ class SceneTabs : public QTabWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void fitIcons();
   void addFrame(const QString& caption);
   QVBoxLayout* columnOf(int tab) const;
   void buildDescription();
