@@ -188,7 +188,8 @@ void frmEditor::DisableOrEnable(bool enabled) {
 }
 
 void frmEditor::setCaption(const QString& title) {
-  setWindowTitle(literalTitle(title));
+  // Without a title the window would bear the name of the program's file.
+  setWindowTitle(literalTitle(title.trimmed().isEmpty() ? u"Untitled scene"_s : title));
 }
 
 void frmEditor::Show() {

@@ -1,5 +1,6 @@
 #include "gui/views/ListView.h"
 
+#include "gui/toolkit/Colours.h"
 #include "gui/views/ListDelegate.h"
 
 #include <QContextMenuEvent>
@@ -36,6 +37,15 @@ QColor between(const QColor& base, const QColor& text) {
   return {mixed(base.red(), text.red()), mixed(base.green(), text.green()), mixed(base.blue(), text.blue())};
 }
 
+/// For what stands in the place of rows. Not every desktop that is dark has a colour for that.
+QColor dimmed(const QPalette& palette) {
+  const QColor base = palette.color(QPalette::Base);
+  const QColor placeholder = palette.color(QPalette::PlaceholderText);
+  QColor text = palette.color(QPalette::Text);
+  text.setAlphaF(0.65F);
+  return placeholder.alpha() == 255 && Colours::contrast(placeholder, base) >= 3 ? placeholder : text;
+}
+
 /// Gives a selection that the keyboard doesn't move a colour of its own where the desktop has the same for both.
 void makeInactive(QPalette& palette) {
   const QColor active = palette.color(QPalette::Active, QPalette::Highlight);
@@ -62,7 +72,7 @@ ListView::ListView(const QStringList& columns, QWidget* parent)
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setTabKeyNavigation(false);
   setItemDelegate(new ListDelegate(*model_, *this));
-  connect(header(), &QHeaderView::sectionResized, this, &ListView::stretchLastColumn);
+  connect(header(), &QHeaderView::sectionResized, this, &ListView::columnResized);
 }
 
 /// What of a list outlives its rows.
@@ -180,7 +190,7 @@ void ListView::paintEvent(QPaintEvent* event) {
     return;
   }
   QPainter painter(viewport());
-  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.setPen(dimmed(palette()));
   const int margin = fontMetrics().averageCharWidth() * 2;
   painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
                    Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap, emptyText_);

@@ -135,6 +135,7 @@ class ListView : public QTreeView {
   void frameFocus();
   void sayEmpty();
   void keepFilled();
+  void columnResized(int column);
   void stretchLastColumn();
   Kept kept() const;
   void restore(const Kept& kept);

@@ -50,12 +50,23 @@ void ListView::keepFilled() {
   filled_ ? fillRoom() : stretchLastColumn();
 }
 
-// A gap behind the last column looks like a column without a title.
-void ListView::stretchLastColumn() {
-  if (fitting_ || fill_.column < 0 || header()->count() == 0) {
+// By the user, or from the settings.
+void ListView::columnResized(int column) {
+  if (fitting_) {
     return;
   }
   filled_ = false;
+  if (header()->visualIndex(column) == header()->count() - 1) {
+    stretched_ = 0;
+  }
+  stretchLastColumn();
+}
+
+// A gap behind the last column looks like a column without a title.
+void ListView::stretchLastColumn() {
+  if (fill_.column < 0 || header()->count() == 0) {
+    return;
+  }
   const QScopedValueRollback fitting(fitting_, true);
   const int last = header()->logicalIndex(header()->count() - 1);
   const int own = std::max(columnWidth(last) - stretched_, header()->minimumSectionSize());

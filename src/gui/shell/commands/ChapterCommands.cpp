@@ -77,7 +77,11 @@ void ChapterCommands::mnuFileNew_Click() {
   if (!g_Project->EnterNewChapter()) {
     return;
   }
-  showChanged();
+  main_.ProjectChanged = true;
+  if (!g_Project->HoldsUnsaved()) {
+    main_.ProjectChanged.setWritten();
+  }
+  main_.RefreshAll();
   main_.panes().chapters().SelectChapter(g_Project->Chapters.ChapterID(g_Project->ChapterCount()));
   main_.panes().FillSceneList(0);
 }
@@ -131,7 +135,7 @@ void ChapterCommands::mnuRemoveChapter_Click() {
     return;
   }
   if (toolkit().MsgBox(u"This will remove the selected chapter(s) and their scenes from your project. Are you sure?"_s,
-                       Buttons::YesNo) != Answer::Yes) {
+                       Buttons::NoUnlessYes) != Answer::Yes) {
     return;
   }
   for (const auto& chapter : chapters) {

@@ -81,7 +81,7 @@ void SceneCommands::RemoveScenes(bool AlsoDeleteFile) {
     return;
   }
   if (!BookScenes::mayRemove(main_, scenes) ||
-      toolkit().MsgBox(u"Remove selected scene(s) from your project?"_s, Buttons::YesNo) != Answer::Yes) {
+      toolkit().MsgBox(u"Remove selected scene(s) from your project?"_s, Buttons::NoUnlessYes) != Answer::Yes) {
     return;
   }
   const auto chapter = g_Project->ChapterByID(chapterID);

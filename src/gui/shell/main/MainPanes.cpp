@@ -124,8 +124,6 @@ void MainPanes::setProjectOpen(bool open) {
   FrameChapters->setEmptyText(open ? u"This book has no chapters yet.\nChapter \u2013 Create new chapter adds one."_s
                                    : u"No project is open.\nProject \u2013 Open brings one up, New Project Wizard "
                                      "begins one."_s);
-  FrameScenes->setEmptyText(open ? u"No scenes yet.\nSelect a chapter, and Scene \u2013 Add scene adds one."_s
-                                 : QString());
   FrameNotes->setProjectOpen(open);
 }
 

@@ -29,7 +29,7 @@ constexpr auto kModule = "frmMain";
 enum Column { kViewpoint, kWords, kScene, kStatus, kActionReaction, kFilename, kLetters };
 
 /// A list that is narrower tells of its scenes too little, whatever becomes of the tabs.
-constexpr double kLeastForList = 0.42;
+constexpr double kLeastForList = 0.38;
 
 constexpr QStringView kStartOfTitle = u"A scene in";
 constexpr QStringView kShortTitle = u"A scene in a few words";
@@ -170,6 +170,7 @@ void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
     }
   }
   shownChapterID_ = ChapterID;
+  ListScenes->setEmptyText(u"This chapter has no scenes yet.\nScene \u2013 Add scene adds one."_s);
   ListScenes->rowCount() == 0 ? ClearSceneDisplay() : DisplaySelectedScene();
 }
 
@@ -179,11 +180,8 @@ void ScenePane::clear() {
     ListScenes->clear();
   }
   shownChapterID_ = 0;
+  ListScenes->setEmptyText({});
   ClearSceneDisplay();
-}
-
-void ScenePane::setEmptyText(const QString& text) {
-  ListScenes->setEmptyText(text);
 }
 
 void ScenePane::UpdateSceneRow(qint32 SceneID) {

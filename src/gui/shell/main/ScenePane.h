@@ -23,8 +23,6 @@ class ScenePane : public QWidget {
   void FillSceneList(qint32 ChapterID, int SelectIndex);
   /// No chapter: an empty list and display.
   void clear();
-  /// What stands where scenes would.
-  void setEmptyText(const QString& text);
   /// The row of the scene shows what is true now. Nothing for a scene that isn't listed.
   void UpdateSceneRow(qint32 SceneID);
   void DisplaySelectedScene();

@@ -45,6 +45,7 @@ ListView* plainList(const QString& name, const QString& spokenName, const QStrin
   auto* list = new ListView(columns);
   giveName(*list, name, spokenName);
   list->setHeaderHidden(columns.size() == 1);
+  list->setColumnWidth(0, list->widthFor(0, u"Lady Catherine"));
   list->setFillRule({static_cast<int>(columns.size()) - 1});
   return list;
 }
@@ -134,7 +135,8 @@ int SceneTabs::widthOfTabs() const {
     // The goals and the notes get a picture where there are some.
     width += tabBar()->tabRect(tab).width() + (tab >= kGoals && tabIcon(tab).isNull() ? iconSize().width() + 4 : 0);
   }
-  return width + 2;
+  // The frame, and what a picture that comes makes the captions wider by.
+  return width + fontMetrics().averageCharWidth() * 4;
 }
 
 void SceneTabs::buildDescription() {

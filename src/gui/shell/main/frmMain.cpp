@@ -95,7 +95,7 @@ void frmMain::createParts() {
   setMinimumSize(PaneLayout::pixelsAtLeast(PaneLayout::kMinimumWidth),
                  PaneLayout::pixelsAtLeast(PaneLayout::kMinimumHeight));
   // All columns and tabs can be read then.
-  resize(QSize(1360, 800).boundedTo(screen()->availableSize() * 19 / 20));
+  resize(QSize(1440, 820).boundedTo(screen()->availableSize() * 19 / 20));
   menus_ = new MainMenuBar(*menuBar(), QUILLANE_DEVELOPMENT);
   panes_ = new MainPanes;
   setCentralWidget(panes_);

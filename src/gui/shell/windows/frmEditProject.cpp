@@ -67,7 +67,8 @@ frmEditProject::frmEditProject(const ProjectSettings& settings, QWidget* parent)
 
 frmEditProject* frmEditProject::showOver(QWidget& window, const ProjectSettings& settings) {
   auto* form = new frmEditProject(settings, &window);
-  form->setAttribute(Qt::WA_DeleteOnClose);
+  // Not with its closing: what is saved behind that lets the message loop run, and the window is asked once more then.
+  connect(form, &QDialog::finished, form, &QObject::deleteLater);
   form->setWindowModality(Qt::ApplicationModal);
   form->show();
   return form;

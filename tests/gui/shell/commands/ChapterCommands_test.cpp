@@ -118,7 +118,7 @@ TEST_F(ChapterCommandsTest, RemovedChaptersLeaveEverySecondSceneInNoChapter) {
   EXPECT_EQ(g_Project->ChapterCount(), 3);
   toolkit.expectBox(kRemove, Answer::Yes);
   trigger("mnuRemoveChapter");
-  EXPECT_EQ(toolkit.lastButtons, Buttons::YesNo);
+  EXPECT_EQ(toolkit.lastButtons, Buttons::NoUnlessYes);
   EXPECT_EQ(titles(), QStringList(u"Cut scenes"_s));
   // The first of two, the first and third of three.
   QList<qint32> left;

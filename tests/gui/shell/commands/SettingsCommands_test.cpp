@@ -57,6 +57,8 @@ TEST_F(SettingsCommandsTest, SavingStoresAllAndWritesTheBook) {
   writeLines(*form, "txtBio", u"One.\nTwo."_s);
   writeLines(*form, "txtDesc", u"Short."_s);
   const Deadlines deadlines = form->settings().deadlines;
+  // As a message loop does while the book is saved: what is to be deleted goes.
+  toolkit.onYield = [] { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); };
   press(*form, "cmdSave");
   EXPECT_EQ(g_Project->Title, u"The Pier"_s);
   EXPECT_EQ(g_Project->AuthorName, u"Zoë M."_s);

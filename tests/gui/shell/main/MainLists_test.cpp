@@ -112,6 +112,26 @@ TEST_F(MainListsTest, StoredWidthsComeBeforeTheFirst) {
   EXPECT_EQ(list("ListChapters").columnWidth(0), 60);
 }
 
+TEST_F(MainListsTest, WidthsThatNobodyChangedAreTheSameAfterAnyNumberOfStarts) {
+  const QString path = smallProject();
+  startWith(path);
+  const auto widths = [this] {
+    QList<int> all;
+    for (const char* const name : {"ListChapters", "ListScenes"}) {
+      for (int column = 0; column < list(name).model()->columnCount(); ++column) {
+        all.append(list(name).columnWidth(column));
+      }
+    }
+    return all;
+  };
+  const QList<int> first = widths();
+  for (int further = 0; further < 2; ++further) {
+    endProgram();
+    start(path);
+    EXPECT_EQ(widths(), first);
+  }
+}
+
 TEST_F(MainListsTest, ChapterTitlesFollowTheWidthUntilTheUserSetsOne) {
   startWith(smallProject());
   ListView& chapters = list("ListChapters");
