@@ -8,6 +8,7 @@
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/QtToolkit.h"
+#include "gui/toolkit/ReadableHints.h"
 
 using namespace Qt::StringLiterals;
 
@@ -56,6 +57,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
 #endif
   GuardedApplication application(argc, argv);
+  const ReadableHints hints;
   QCoreApplication::setApplicationName(u"quillane4"_s);
   QCoreApplication::setOrganizationName(QString::fromLatin1(Maker::kName));
   QCoreApplication::setApplicationVersion(QStringLiteral(QUILLANE_VERSION));

@@ -7,8 +7,6 @@
 
 namespace {
 
-/// What small text needs to be read with ease. On any colour black or white has more.
-constexpr double kEnoughContrast = 4.5;
 /// What differs no more from white is paper, be it tinted.
 constexpr double kPaper = 1.5;
 constexpr int kLightest = 255;
@@ -27,7 +25,7 @@ QColor counterpart(const QColor& told, const QColor& ground) {
     for (const int lightness : {told.lightness() + step, told.lightness() - step}) {
       const QColor tried =
           step == 0 ? told : QColor::fromHsl(told.hslHue(), told.hslSaturation(), std::clamp(lightness, 0, kLightest));
-      if (Colours::contrast(tried, ground) >= kEnoughContrast) {
+      if (Colours::contrast(tried, ground) >= Colours::kEnoughContrast) {
         return tried;
       }
     }
@@ -43,6 +41,11 @@ double contrast(const QColor& a, const QColor& b) {
   const double first = luminance(a);
   const double second = luminance(b);
   return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+QColor mixed(const QColor& over, const QColor& under, int share) {
+  const auto channel = [share](int a, int b) { return (a * share + b * (100 - share)) / 100; };
+  return {channel(over.red(), under.red()), channel(over.green(), under.green()), channel(over.blue(), under.blue())};
 }
 
 QColor readable(quint32 colour, const QPalette& palette, QPalette::ColorRole ground) {

@@ -33,8 +33,14 @@ inline quint32 fromQt(const QColor& colour) {
          static_cast<quint32>(colour.blue()) << 16;
 }
 
+/// What small text needs to be read with ease. On any colour black or white has more.
+inline constexpr double kEnoughContrast = 4.5;
+
 /// How well text of one colour reads on another: 1 for the same, 21 for black on white.
 double contrast(const QColor& a, const QColor& b);
+
+/// So many hundredths of one colour over another.
+QColor mixed(const QColor& over, const QColor& under, int share);
 
 /// A told colour as text on what the palette puts behind text. Told colours were chosen for white paper: there they
 /// stand as they are, also where their contrast is low. On any other ground a colour that doesn't read with ease has

@@ -32,27 +32,13 @@ class ListHeader : public QHeaderView {
   }
 };
 
-QColor between(const QColor& base, const QColor& text) {
-  const auto mixed = [](int from, int to) { return from + (to - from) / 5; };
-  return {mixed(base.red(), text.red()), mixed(base.green(), text.green()), mixed(base.blue(), text.blue())};
-}
-
-/// For what stands in the place of rows. Not every desktop that is dark has a colour for that.
-QColor dimmed(const QPalette& palette) {
-  const QColor base = palette.color(QPalette::Base);
-  const QColor placeholder = palette.color(QPalette::PlaceholderText);
-  QColor text = palette.color(QPalette::Text);
-  text.setAlphaF(0.65F);
-  return placeholder.alpha() == 255 && Colours::contrast(placeholder, base) >= 3 ? placeholder : text;
-}
-
 /// Gives a selection that the keyboard doesn't move a colour of its own where the desktop has the same for both.
 void makeInactive(QPalette& palette) {
   const QColor active = palette.color(QPalette::Active, QPalette::Highlight);
   if (palette.color(QPalette::Inactive, QPalette::Highlight) == active) {
     const QColor text = palette.color(QPalette::Inactive, QPalette::Text);
     palette.setColor(QPalette::Inactive, QPalette::Highlight,
-                     between(palette.color(QPalette::Inactive, QPalette::Base), text));
+                     Colours::mixed(text, palette.color(QPalette::Inactive, QPalette::Base), 20));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
   }
 }
@@ -190,7 +176,7 @@ void ListView::paintEvent(QPaintEvent* event) {
     return;
   }
   QPainter painter(viewport());
-  painter.setPen(dimmed(palette()));
+  painter.setPen(palette().color(QPalette::PlaceholderText));
   const int margin = fontMetrics().averageCharWidth() * 2;
   painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
                    Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap, emptyText_);

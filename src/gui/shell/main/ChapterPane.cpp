@@ -51,6 +51,7 @@ Section sectionAt(qint32 position, qint32 endOfBeginning, qint32 endOfMiddle) {
 
 ChapterPane::ChapterPane(QWidget* parent)
     : QWidget(parent),
+      titles_(new QWidget),
       ListChapters(new ListView({u"Title"_s, u"Wds"_s, u"Scns"_s, u"Count"_s})),
       txtChapterDesc(makeReadOnlyText(u"txtChapterDesc"_s, u"Chapter description"_s)),
       splitter_(new ProportionalSplitter(Qt::Vertical)) {
@@ -60,7 +61,8 @@ ChapterPane::ChapterPane(QWidget* parent)
 }
 
 void ChapterPane::buildLayout() {
-  auto* titles = new QFormLayout;
+  auto* titles = new QFormLayout(titles_);
+  titles->setContentsMargins(0, 0, 0, 0);
   txtTitle = addLineEdit(*titles, u"txtTitle"_s, u"Title"_s);
   txtAuthor = addLineEdit(*titles, u"txtAuthor"_s, u"Author"_s);
 
@@ -84,7 +86,7 @@ void ChapterPane::buildLayout() {
 
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
-  column->addLayout(titles);
+  column->addWidget(titles_);
   column->addWidget(splitter_, 1);
 }
 
@@ -128,9 +130,9 @@ void ChapterPane::showTitles() {
   }
 }
 
-void ChapterPane::setTitlesEnabled(bool enabled) {
-  txtTitle->setEnabled(enabled);
-  txtAuthor->setEnabled(enabled);
+void ChapterPane::setFieldsEnabled(bool enabled) {
+  titles_->setEnabled(enabled);
+  txtChapterDesc->setEnabled(enabled);
 }
 
 void ChapterPane::FillChapterList() {

@@ -23,7 +23,8 @@ class ChapterPane : public QWidget {
 
   /// Shows the project's title and author without writing them back.
   void showTitles();
-  void setTitlesEnabled(bool enabled);
+  /// All but the list.
+  void setFieldsEnabled(bool enabled);
   /// Between the chapters and the description of the selected one.
   ProportionalSplitter& splitter() const { return *splitter_; }
   /// One row a chapter. Of what was selected that stays which is still there.
@@ -59,6 +60,7 @@ class ChapterPane : public QWidget {
   ListRow chapterRow(qint32 id, int row) const;
   void countOn(const QList<qint32>& chapters);
 
+  QWidget* titles_;
   QLineEdit* txtTitle;
   QLineEdit* txtAuthor;
   ListView* ListChapters;

@@ -35,6 +35,7 @@ MainPanes::MainPanes(QWidget* parent)
       splitter_(new ProportionalSplitter(Qt::Horizontal)) {
   buildLayout();
   connectSignals();
+  switchOn(false);
 }
 
 void MainPanes::buildLayout() {
@@ -68,6 +69,9 @@ void MainPanes::connectSignals() {
   connect(FrameNotes, &NotesPane::notesChanged, this, &MainPanes::notesChanged);
   connect(FrameNotes, &NotesPane::editingChanged, this, [this](bool editing) {
     TabStrip2->setTabText(TabStrip2->indexOf(FrameNotes), editing ? u"Notes *"_s : u"Notes"_s);
+    if (!FrameNotes->isEnabled()) {
+      FrameChapters->listChapters().setFocus();
+    }
   });
   connect(FrameScenes, &ScenePane::sceneOpened, this,
           guarded("ListScenes_DblClick", kModule, this, &MainPanes::EditSelectedScene));
@@ -122,9 +126,21 @@ void MainPanes::showScenesTab() {
 
 void MainPanes::setProjectOpen(bool open) {
   FrameChapters->setEmptyText(open ? u"This book has no chapters yet.\nChapter \u2013 Create new chapter adds one."_s
-                                   : u"No project is open.\nProject \u2013 Open brings one up, New Project Wizard "
+                                   : u"No project is open.\nProject \u2013 Open brings one up,\nNew Project Wizard "
                                      "begins one."_s);
+  switchOn(open);
+}
+
+// A control that is switched off drops the keyboard or gives it to the next one. Who types a note that its book has
+// left behind goes on there.
+void MainPanes::switchOn(bool open) {
+  const QWidget* const held = window()->focusWidget();
+  FrameChapters->setFieldsEnabled(open);
+  FrameScenes->setEnabled(open);
   FrameNotes->setProjectOpen(open);
+  if (held == nullptr || !held->isEnabled()) {
+    FrameChapters->listChapters().setFocus();
+  }
 }
 
 void MainPanes::showChanged(const QList<qint32>& sceneIDs) {

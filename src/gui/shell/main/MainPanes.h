@@ -17,7 +17,7 @@ class MainPanes : public QWidget {
  public:
   explicit MainPanes(QWidget* parent = nullptr);
 
-  /// What stands in the lists where there is nothing, with and without a project; notes can be had with one alone.
+  /// Without a project the list of chapters says how to come to one, and nothing else can be done here.
   void setProjectOpen(bool open);
 
   ChapterPane& chapters() const { return *FrameChapters; }
@@ -66,6 +66,7 @@ class MainPanes : public QWidget {
   void buildLayout();
   void connectSignals();
   void showSelectedChapter(int SelectIndex);
+  void switchOn(bool open);
 
   ChapterPane* FrameChapters;
   ScenePane* FrameScenes;

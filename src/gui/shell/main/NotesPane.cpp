@@ -8,6 +8,7 @@
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/MemoEdit.h"
+#include "gui/toolkit/ReadableHints.h"
 #include "gui/views/ListView.h"
 
 #include <QApplication>
@@ -36,11 +37,18 @@ QString oneLine(QString title) {
 }
 
 /// A field that is for reading has the colour of what surrounds it.
-void showLocked(QWidget& field, bool locked) {
+void showLocked(QWidget& field, bool locked, const QPalette& around) {
   QPalette palette;
   if (locked) {
-    palette.setBrush(QPalette::Base, field.parentWidget()->palette().brush(QPalette::Button));
+    palette.setBrush(QPalette::Base, around.brush(QPalette::Button));
   }
+  field.setPalette(palette);
+}
+
+/// Its hint is seen on the ground of what is locked alone.
+void showHint(QWidget& field, const QPalette& around) {
+  QPalette palette;
+  palette.setColor(QPalette::PlaceholderText, ReadableHints::readable(around, QPalette::Button));
   field.setPalette(palette);
 }
 
@@ -92,6 +100,7 @@ NotesPane::NotesPane(QWidget* parent)
   giveName(*txtNoteEditor, u"txtNoteEditor"_s, u"Note text"_s);
   buildLayout();
   connectSignals();
+  showHint(*txtNoteEditor, palette());
   showState();
 }
 
@@ -367,7 +376,7 @@ void NotesPane::showState() {
   cmdSave->setEnabled(editing_);
   cmdDiscard->setEnabled(editing_);
   txtNoteTitle->setReadOnly(!editing_);
-  showLocked(*txtNoteTitle, !editing_);
+  showLocked(*txtNoteTitle, !editing_, palette());
   txtNoteEditor->viewport()->setBackgroundRole(editing_ ? QPalette::Base : QPalette::Button);
   txtNoteEditor->setPlaceholderText(shown && !editing_ ? u"No text yet"_s : QString());
   if (editing_) {
@@ -377,10 +386,12 @@ void NotesPane::showState() {
   }
 }
 
+// What is inside hears of other colours later.
 void NotesPane::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) {
-    showLocked(*txtNoteTitle, !editing_);
+    showLocked(*txtNoteTitle, !editing_, palette());
+    showHint(*txtNoteEditor, palette());
   }
 }
 

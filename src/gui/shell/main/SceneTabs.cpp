@@ -298,6 +298,7 @@ void SceneTabs::clearDisplay() {
   stale_.fill(false);
   txtSceneTitle->clear();
   txtDesc->clear();
+  txtDesc->setPlaceholderText({});
   showTabIcon(kNotes, "note", false);
   showTabIcon(kGoals, "goal", false);
   if (txtBody == nullptr) {
@@ -308,7 +309,6 @@ void SceneTabs::clearDisplay() {
   for (QPlainTextEdit* field : {txtNotes, goals_[0], goals_[1], goals_[2]}) {
     field->clear();
   }
-  txtDesc->setPlaceholderText({});
   txtNotes->setPlaceholderText({});
   for (const CastLists& lists : cast_) {
     for (ListView* list : {lists.inScene, lists.all}) {

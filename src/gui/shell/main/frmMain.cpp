@@ -77,7 +77,6 @@ frmMain::frmMain(QString commandLine)
   createShortcuts();
   connectSignals();
   menus_->apply(menusBeforeStart());
-  setProjectFieldsEnabled(false);
   showTitle();
 }
 
@@ -189,7 +188,6 @@ void frmMain::EnableMenus() {
 void frmMain::showMenus(bool withProject) {
   projectShown_ = withProject;
   menus_->apply(withProject ? menusWithProject() : menusWithoutProject(), withProject ? QString() : kNoProject);
-  setProjectFieldsEnabled(withProject);
   panes_->setProjectOpen(withProject);
   editingShown_ = Editing();
   if (editingShown_) {
@@ -197,11 +195,6 @@ void frmMain::showMenus(bool withProject) {
   }
   showRest();
   showSaves();
-}
-
-void frmMain::setProjectFieldsEnabled(bool enabled) {
-  panes_->scenes().tabStrip1().setEnabled(enabled);
-  panes_->chapters().setTitlesEnabled(enabled);
 }
 
 void frmMain::UpdateMenusForEditing() {

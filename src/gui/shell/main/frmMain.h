@@ -121,7 +121,6 @@ class frmMain : public QMainWindow {
   void storeSettings();
   void storeLayout();
   void unloadForms();
-  void setProjectFieldsEnabled(bool enabled);
 
   QString commandLine_;
   QTimer Timer3;

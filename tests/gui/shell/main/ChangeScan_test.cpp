@@ -62,6 +62,15 @@ TEST_F(ChangeScanTest, ASceneThatWasAddedToTheChapterComesIn) {
   EXPECT_EQ(window().panes().scenes().SelectedSceneID(), 1);
 }
 
+TEST_F(ChangeScanTest, ASceneThatComesWhereAnotherGoesHasItsRow) {
+  const auto moved = g_Project->SceneByID(3);
+  g_Project->ChapterByID(2)->RemoveSceneByID(3);
+  g_Project->ChapterByID(1)->RemoveSceneByID(2);
+  g_Project->ChapterByID(1)->Addscene(moved);
+  g_Project->SceneByID(1)->Save();
+  EXPECT_TRUE(soon([&] { return list("ListScenes").rows().tags() == QList<qint32>{1, 3}; }));
+}
+
 TEST_F(ChangeScanTest, ARenamedCharacterShowsInTheRowsThatItNarrates) {
   g_Project->CharByID(2)->setTitle(u"Zoe the Elder"_s);
   EXPECT_TRUE(soon([&] { return cell("ListScenes", 0, 0) == u"Zoe the Elder"_s; }));

@@ -110,6 +110,23 @@ TEST_F(KeyboardTest, TabFollowsTheEyeAndComesBack) {
   expectWalk(left + QStringList{u"txtNoteTitle"_s, u"txtNoteEditor"_s, u"cmdSave"_s, u"cmdDiscard"_s});
 }
 
+TEST_F(KeyboardTest, WithoutAProjectTheKeyboardIsWhereTheWayToOneIsTold) {
+  tabTo(u"ListScenes"_s);
+  trigger("mnuCloseProject");
+  EXPECT_EQ(nameOfFocused(), u"ListChapters"_s);
+  expectWalk({u"ListChapters"_s, u"TabStrip2"_s});
+}
+
+TEST_F(KeyboardTest, ANoteThatItsBookHasLeftBehindKeepsTheKeyboardUntilItIsDone) {
+  control<QTabWidget>("TabStrip2").setCurrentIndex(1);
+  tabTo(u"ListNotes"_s);
+  press(Qt::Key_Return);
+  window().DisableMenus();
+  EXPECT_EQ(nameOfFocused(), u"txtNoteEditor"_s);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(nameOfFocused(), u"ListChapters"_s);
+}
+
 TEST_F(KeyboardTest, ABookIsArrangedAndOpenedWithoutAMouse) {
   tabTo(u"ListChapters"_s);
   press(Qt::Key_Down);

@@ -4,6 +4,7 @@
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/MainWindow.h"
+#include "gui/toolkit/Colours.h"
 #include "support/SampleProject.h"
 
 #include <QApplication>
@@ -121,6 +122,17 @@ TEST_F(NotesPaneTest, WhatCanBeDoneGoesWithTheState) {
   trigger("mnuCloseProject");
   for (const char* name : {"ListNotes", "txtNoteTitle", "txtNoteEditor", "cmdNew", "cmdEdit"}) {
     EXPECT_FALSE(control<QWidget>(name).isEnabled()) << name;
+  }
+}
+
+TEST_F(NotesPaneTest, LockedFieldsFollowTheDesktopAndTheirHintReads) {
+  for (const QRgb ground : {0x31363bU, 0xefefefU}) {
+    SCOPED_TRACE(ground);
+    window().setPalette(QPalette(QColor(ground)));
+    const QWidget& page = *text().viewport();
+    const QColor behind = page.palette().color(page.backgroundRole());
+    EXPECT_EQ(title().palette().color(QPalette::Base), behind);
+    EXPECT_GE(Colours::contrast(text().palette().color(QPalette::PlaceholderText), behind), Colours::kEnoughContrast);
   }
 }
 
