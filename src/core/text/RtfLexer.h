@@ -32,6 +32,8 @@ class RtfLexer {
   void next(RtfToken& token);
   /// Goes to the brace that closes the group, from anywhere in it; to the end when there is none.
   void skipGroup();
+  /// Where the next token begins, or the blanks and line ends in front of it.
+  const char* position() const { return at_; }
 
  private:
   void readEscape(RtfToken& token);
