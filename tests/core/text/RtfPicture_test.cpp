@@ -145,7 +145,7 @@ TEST(RtfPicture, OfOtherProgramsAreFound) {
     SCOPED_TRACE(test.file);
     const auto file = std::find_if(files.begin(), files.end(),
                                    [&](const CorpusFile& entry) { return entry.name == QLatin1String(test.file); });
-    ASSERT_NE(file, files.end());
+    ASSERT_TRUE(file != files.end());
     const auto picture = findRtfPicture(file->rtf);
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture->kind, test.kind);
