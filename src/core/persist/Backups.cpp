@@ -88,3 +88,25 @@ bool backUpScene(clsScene& scene) {
       folder + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s + QString::number(place) + u".rtf"_s,
       QByteArrayView(scene.TextRTF()));
 }
+
+bool backUpOriginal(clsScene& scene) {
+  if (!g_Project->HasPlace() || scene.RTFFilename().isEmpty()) {
+    return true;
+  }
+  if (!Files().FolderExists(g_Project->Path())) {
+    return false;
+  }
+  const QString folder = g_Project->TodaysBackupFolder();
+  Files().MkMissingDir(folder);
+  const QString name = folder + Files().FileWithoutExt(scene.RTFFilename()) + u"_Original"_s;
+  for (int number = 1;; ++number) {
+    const QString path = name + (number == 1 ? QString() : u"_"_s + QString::number(number)) + u".rtf"_s;
+    if (!Files().FileExists(path)) {
+      return Files().SaveTextFile(path, QByteArrayView(scene.TextRTF()));
+    }
+    QByteArray there;
+    if (Files().LoadTextFile(path, there) && there == scene.TextRTF()) {
+      return true;
+    }
+  }
+}

@@ -23,3 +23,8 @@ std::optional<Backup> newestBackup(const QString& projectFile);
 /// Writes a scene's text to the day's folder of backups: one file for each scene and place in its chapter. False, and
 /// logged, when that failed.
 bool backUpScene(clsScene& scene);
+
+/// Writes the text that the scene holds to the same folder, under a name that no later backup takes: to be called
+/// before something of it is lost. A text that is there already isn't written again. False, and logged, when that
+/// failed; true when there is no file yet that could lose anything.
+bool backUpOriginal(clsScene& scene);

@@ -63,6 +63,7 @@ class Assembler {
   explicit Assembler(const RichTextData& source) : source_(source), made_(new RichTextData) {
     made_->charFormats = source.charFormats;
     made_->paragraphFormats = source.paragraphFormats;
+    made_->defaultTab = source.defaultTab;
   }
 
   void appendPart(qsizetype from, qsizetype to) {
@@ -84,7 +85,7 @@ class Assembler {
   /// Plain text in the formats of the source's position.
   void appendPlain(QStringView text, qsizetype likePosition) {
     open(source_.paragraphs[source_.paragraphs.at(likePosition)].format);
-    const int charFormat = source_.charFormatNumber(likePosition);
+    const int charFormat = made_->charFormats.intern(source_.formatForReplacement(likePosition));
     partText(
         text, [&](QStringView units) { appendUnits(units, charFormat); },
         [&](UnitKind kind) {
@@ -145,8 +146,48 @@ RichText RichText::fromPlain(QStringView text, const CharFormat& format, const P
   return builder.take(charNumber, paragraphNumber);
 }
 
-const QString& RichText::plainText() const {
+RichText RichText::fromObject(std::shared_ptr<const InlineObject> object, const CharFormat& format) {
+  CharFormat its = format;
+  its.object = std::move(object);
+  Builder builder(1);
+  builder.appendObject(builder.charFormat(its));
+  return builder.take(builder.charFormat(format), builder.paragraphFormat({}));
+}
+
+const QString& RichText::text() const {
   return data_->text;
+}
+
+QString RichText::plainText() const {
+  const RichTextData& data = *data_;
+  const auto isRead = [&data](qsizetype run) {
+    const CharFormat& format = data.charFormats[data.runs[run].format];
+    return !format.hidden && !format.object;
+  };
+  qsizetype firstUnread = 0;
+  while (firstUnread < data.runs.count() && isRead(firstUnread)) {
+    ++firstUnread;
+  }
+  if (firstUnread == data.runs.count()) {
+    return data.text;
+  }
+  QString plain = data.text.first(data.runs.startOf(firstUnread));
+  plain.reserve(data.text.size());
+  for (qsizetype i = firstUnread; i < data.runs.count(); ++i) {
+    if (isRead(i)) {
+      const qsizetype start = data.runs.startOf(i);
+      plain.append(QStringView(data.text).sliced(start, qMin(data.runs[i].end, data.text.size()) - start));
+    }
+  }
+  return plain;
+}
+
+int RichText::defaultTab() const {
+  return data_->defaultTab;
+}
+
+void RichText::setDefaultTab(int twips) {
+  data_->setDefaultTab(twips);
 }
 
 qsizetype RichText::paragraphCount() const {
@@ -185,18 +226,18 @@ const ParagraphFormat& RichText::paragraphFormatAt(qsizetype position) const {
 }
 
 void RichText::replace(qsizetype from, qsizetype length, QStringView with) {
-  const Range range = rangeIn(plainText(), from, length);
+  const Range range = rangeIn(text(), from, length);
   if (range.from == range.to && with.isEmpty()) {
     return;
   }
   const bool replaces = range.to > range.from;
-  const int format = replaces ? data_->charFormatNumber(range.from) : data_->formatForInsertion(range.from);
-  const RichText fragment = fromPlain(with, data_->charFormats[format]);
+  const RichText fragment =
+      fromPlain(with, replaces ? data_->formatForReplacement(range.from) : data_->formatForInsertion(range.from));
   data_->splice(range.from, range.to, *fragment.data_, false);
 }
 
 void RichText::replace(qsizetype from, qsizetype length, const RichText& with) {
-  const Range range = rangeIn(plainText(), from, length);
+  const Range range = rangeIn(text(), from, length);
   if (range.from == range.to && with.isEmpty()) {
     return;
   }
@@ -207,8 +248,9 @@ void RichText::replace(qsizetype from, qsizetype length, const RichText& with) {
 qsizetype RichText::replaceAll(QStringView find, QStringView with, Qt::CaseSensitivity caseSensitivity) {
   const QStringMatcher matcher(find, caseSensitivity);
   const RichText before = *this;
-  const QString& text = before.plainText();
-  qsizetype at = find.isEmpty() ? -1 : matcher.indexIn(text);
+  const QString& text = before.text();
+  const bool findsNothing = find.isEmpty() || find.contains(QChar(QChar::ObjectReplacementCharacter));
+  qsizetype at = findsNothing ? -1 : matcher.indexIn(text);
   if (at < 0) {
     return 0;
   }
@@ -233,7 +275,7 @@ qsizetype RichText::replaceAll(QStringView find, QStringView with, Qt::CaseSensi
 }
 
 void RichText::formatCharacters(qsizetype from, qsizetype length, const CharChange& change) {
-  const Range range = rangeIn(plainText(), from, length);
+  const Range range = rangeIn(text(), from, length);
   const bool takesEnd = range.to == size() && range.from <= data_->paragraphs.startOf(paragraphCount() - 1);
   const qsizetype to = range.to + (takesEnd ? 1 : 0);
   if (range.from == to) {
@@ -245,7 +287,9 @@ void RichText::formatCharacters(qsizetype from, qsizetype length, const CharChan
     int& known = changed[static_cast<size_t>(number)];
     if (known < 0) {
       CharFormat format = data.charFormats[number];
+      const auto object = format.object;
       change(format);
+      format.object = object;
       known = data.charFormats.intern(std::move(format));
     }
     return known;
@@ -253,7 +297,7 @@ void RichText::formatCharacters(qsizetype from, qsizetype length, const CharChan
 }
 
 void RichText::formatParagraphs(qsizetype from, qsizetype length, const ParagraphChange& change) {
-  const Range range = rangeIn(plainText(), from, length);
+  const Range range = rangeIn(text(), from, length);
   RichTextData& data = *data_;
   const bool all = range.from == 0 && range.to == size();
   const bool backs = !all && range.to > range.from;
@@ -275,7 +319,7 @@ void RichText::formatParagraphs(qsizetype from, qsizetype length, const Paragrap
 }
 
 RichText RichText::slice(qsizetype from, qsizetype length) const {
-  const Range range = rangeIn(plainText(), from, length);
+  const Range range = rangeIn(text(), from, length);
   Assembler assembler(*data_);
   if (range.to > range.from) {
     assembler.appendPart(range.from, range.to);
@@ -292,6 +336,7 @@ RichText RichText::splitOff(qsizetype at) {
 bool RichText::equals(const RichText& other) const {
   const RichTextData& a = *data_;
   const RichTextData& b = *other.data_;
-  return &a == &b || (a.text == b.text && sameFormats(a.runs, a.charFormats, b.runs, b.charFormats) &&
+  return &a == &b || (a.text == b.text && a.defaultTab == b.defaultTab &&
+                      sameFormats(a.runs, a.charFormats, b.runs, b.charFormats) &&
                       sameFormats(a.paragraphs, a.paragraphFormats, b.paragraphs, b.paragraphFormats));
 }

@@ -13,10 +13,13 @@ class RichTextData;
 
 /// A formatted text: paragraphs of runs. A value; copies are cheap and share until one is changed.
 ///
-/// Positions are offsets into plainText(), in which a paragraph end and a line break inside a paragraph are
-/// CR LF, two positions each. There is always one paragraph at least, and the last has no CR LF of its own:
-/// a text of n paragraphs holds n - 1 paragraph ends. Each paragraph end carries a character format, also
-/// the end of the last paragraph, at position size().
+/// Positions are offsets into text(), in which a paragraph end and a line break inside a paragraph are
+/// CR LF, two positions each, and a picture, a note or another object is U+FFFC, one position. There is always
+/// one paragraph at least, and the last has no CR LF of its own: a text of n paragraphs holds n - 1 paragraph
+/// ends. Each paragraph end carries a character format, also the end of the last paragraph, at position size().
+///
+/// An object is part of the format of its position. It goes where that position goes; changing formats doesn't
+/// touch it, and new text never takes it on.
 ///
 /// Ranges are taken leniently: a position outside is moved to the nearest inside, a length below 0 means to
 /// the end, and a range that cuts a CR LF in two takes in the whole of it.
@@ -52,10 +55,20 @@ class RichText {
 
   static RichText fromPlain(QStringView text, const CharFormat& format = {}, const ParagraphFormat& paragraph = {});
 
-  const QString& plainText() const;
-  qsizetype size() const { return plainText().size(); }
+  static RichText fromObject(std::shared_ptr<const InlineObject> object, const CharFormat& format = {});
+
+  /// All that has a position.
+  const QString& text() const;
+  /// What a reader reads and what is counted: text() without objects and hidden text. One pass where there are any.
+  QString plainText() const;
+  qsizetype size() const { return text().size(); }
   /// True when there is no text at all, not even a paragraph end.
-  bool isEmpty() const { return plainText().isEmpty(); }
+  bool isEmpty() const { return text().isEmpty(); }
+
+  /// Distance of the tabs behind the last tab stop of a paragraph, in twips; 0: none stated. Of the whole text: what is
+  /// put in brings its own only into an empty text.
+  int defaultTab() const;
+  void setDefaultTab(int twips);
 
   qsizetype paragraphCount() const;
   Paragraph paragraph(qsizetype index) const;
@@ -97,7 +110,8 @@ class RichText {
   RichText splitOff(qsizetype at);
 
   /// Visits the text in order, in pieces that have one character format each:
-  ///   visitor.text(QStringView, const CharFormat&)                      no line ends in it
+  ///   visitor.text(QStringView, const CharFormat&)                      no line ends and no objects in it
+  ///   visitor.object(const CharFormat&)                                 whose object is set
   ///   visitor.lineBreak(const CharFormat&)
   ///   visitor.paragraphEnd(const CharFormat&, const ParagraphFormat&)   the last paragraph's too
   /// A format is the same object in two calls exactly when it is the same format.
@@ -130,14 +144,13 @@ class RichText::Builder {
   void appendAscii(const char* text, qsizetype length, int charFormat);
   /// A UTF-16 unit that is neither a line end nor one of those left out.
   void appendUnit(char16_t unit, int charFormat);
+  /// The format has the object.
+  void appendObject(int charFormat);
+  /// Takes back the object that was appended last.
+  void dropObject();
+  void setDefaultTab(int twips);
   void lineBreak(int charFormat);
   void endParagraph(int charFormat, int paragraphFormat);
-  /// True when nothing stands in the current paragraph, or a line break was the last.
-  bool atLineStart() const;
-  bool paragraphIsEmpty() const;
-  /// True when there is no text yet, not even a paragraph end.
-  bool isEmpty() const;
-
   /// The text so far, its last paragraph ended thus. The builder is empty afterwards.
   RichText take(int charFormat, int paragraphFormat);
   /// As take, but an empty last paragraph is dropped when another stands in front: the last paragraph end
@@ -150,7 +163,7 @@ class RichText::Builder {
 
 template <class Visitor>
 void RichText::visit(Visitor&& visitor) const {
-  const QStringView all(plainText());
+  const QStringView all(text());
   qsizetype paragraphIndex = 0;
   Paragraph current = paragraph(0);
   const auto lineEnd = [&](qsizetype at, const CharFormat& format) {
@@ -166,6 +179,12 @@ void RichText::visit(Visitor&& visitor) const {
   for (qsizetype i = 0; i < runCount(); ++i) {
     const Run piece = run(i);
     const qsizetype end = qMin(piece.start + piece.length, all.size());
+    if (piece.format->object) {
+      for (qsizetype at = piece.start; at < end; ++at) {
+        visitor.object(*piece.format);
+      }
+      continue;
+    }
     for (qsizetype at = piece.start; at < end;) {
       const qsizetype found = all.sliced(at, end - at).indexOf(u'\r');
       const qsizetype stop = found < 0 ? end : at + found;

@@ -53,16 +53,17 @@ void RichText::Builder::endParagraph(int charFormat, int paragraphFormat) {
   data_->paragraphs.push(data_->text.size(), paragraphFormat);
 }
 
-bool RichText::Builder::atLineStart() const {
-  return data_->text.isEmpty() || data_->text.endsWith(u'\n');
+void RichText::Builder::appendObject(int charFormat) {
+  appendUnit(QChar::ObjectReplacementCharacter, charFormat);
 }
 
-bool RichText::Builder::isEmpty() const {
-  return data_->text.isEmpty();
+void RichText::Builder::dropObject() {
+  data_->text.chop(1);
+  data_->runs.dropEnd(1);
 }
 
-bool RichText::Builder::paragraphIsEmpty() const {
-  return data_->paragraphs.end() == data_->text.size();
+void RichText::Builder::setDefaultTab(int twips) {
+  data_->setDefaultTab(twips);
 }
 
 RichText RichText::Builder::take(int charFormat, int paragraphFormat) {
@@ -77,7 +78,8 @@ RichText RichText::Builder::take(int charFormat, int paragraphFormat) {
 }
 
 RichText RichText::Builder::takeClosed(int charFormat, int paragraphFormat) {
-  if (!paragraphIsEmpty() || data_->paragraphs.count() == 0) {
+  const bool isEmpty = data_->paragraphs.end() == data_->text.size();
+  if (!isEmpty || data_->paragraphs.count() == 0) {
     return take(charFormat, paragraphFormat);
   }
   const int endFormat = data_->runs.last().format;

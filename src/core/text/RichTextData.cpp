@@ -44,9 +44,20 @@ qsizetype RichTextData::textEnd(qsizetype paragraph) const {
   return paragraphs[paragraph].end - (isLast ? 1 : 2);
 }
 
-int RichTextData::formatForInsertion(qsizetype position) const {
+CharFormat RichTextData::formatForInsertion(qsizetype position) const {
   const bool afterText = position > paragraphs.startOf(paragraphs.at(position));
-  return charFormatNumber(afterText ? position - 1 : position);
+  CharFormat format = formatForReplacement(afterText ? position - 1 : position);
+  const bool goesOn = afterText && charFormats[charFormatNumber(position)].field == format.field;
+  if (!goesOn) {
+    format.field.clear();
+  }
+  return format;
+}
+
+CharFormat RichTextData::formatForReplacement(qsizetype position) const {
+  CharFormat format = charFormats[charFormatNumber(position)];
+  format.object.reset();
+  return format;
 }
 
 void RichTextData::finish(int charFormat, int paragraphFormat) {
@@ -91,6 +102,9 @@ void RichTextData::splice(qsizetype from, qsizetype to, const RichTextData& with
   const bool hasFront = from > paragraphs.startOf(firstParagraph);
   const bool hasTail = to < textEnd(lastParagraph);
   const bool single = with.paragraphs.count() == 1;
+  if (ownFormats && text.isEmpty() && with.defaultTab > 0) {
+    defaultTab = with.defaultTab;
+  }
   const bool takesEnd = ownFormats && !hasTail && !(single && hasFront);
 
   Spans newParagraphs;

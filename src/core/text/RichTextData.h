@@ -86,19 +86,25 @@ class Spans {
 
 class RichTextData : public QSharedData {
  public:
+  static constexpr int kMaxDefaultTab = 31680;
+
   QString text;
   FormatTable<CharFormat> charFormats;
   FormatTable<ParagraphFormat> paragraphFormats;
   /// Both cover the text and one position more, which stands for the end of the last paragraph.
   Spans runs;
   Spans paragraphs;
+  int defaultTab = 0;
 
+  void setDefaultTab(int twips) { defaultTab = twips > 0 ? qMin(twips, kMaxDefaultTab) : 0; }
   /// Where the text of a paragraph ends and its line end begins.
   qsizetype textEnd(qsizetype paragraph) const;
   /// The format number of the character behind the position.
   int charFormatNumber(qsizetype position) const { return runs[runs.at(position)].format; }
-  /// The format number that text put in here takes.
-  int formatForInsertion(qsizetype position) const;
+  /// The format that text put in here takes: a link ends where it ended.
+  CharFormat formatForInsertion(qsizetype position) const;
+  /// The one that text put in place of what begins here takes.
+  CharFormat formatForReplacement(qsizetype position) const;
 
   /// Ends the last paragraph of a text that is being built.
   void finish(int charFormat, int paragraphFormat);

@@ -30,10 +30,11 @@ class RtfLexer {
 
   /// Fills the token in; a number of a word beyond 32 bits is cut to the nearest. End comes for ever.
   void next(RtfToken& token);
+  /// Where the next token begins.
+  const char* position() const { return at_; }
+  bool atEnd() const { return at_ == end_; }
   /// Goes to the brace that closes the group, from anywhere in it; to the end when there is none.
   void skipGroup();
-  /// Where the next token begins, or the blanks and line ends in front of it.
-  const char* position() const { return at_; }
 
  private:
   void readEscape(RtfToken& token);

@@ -6,12 +6,15 @@
 /// stated. The colour 0 is the automatic one.
 struct RtfLook : CharLook {
   int font = -1;
+  int associatedFont = -1;
   int colour = -1;
   int background = -1;
+  int field = -1;  ///< Among the fields of the text.
 
   friend bool operator==(const RtfLook&, const RtfLook&) = default;
 };
 
 inline size_t qHash(const RtfLook& look, size_t seed = 0) noexcept {
-  return qHashMulti(seed, static_cast<const CharLook&>(look), look.font, look.colour, look.background);
+  return qHashMulti(seed, static_cast<const CharLook&>(look), look.font, look.associatedFont, look.colour,
+                    look.background, look.field);
 }

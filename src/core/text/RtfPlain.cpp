@@ -4,6 +4,7 @@
 #include "core/text/TextUnits.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -29,17 +30,8 @@ class PlainSink final : public RtfSink {
     out[1] = u'\n';
     at_ += 2;
   }
-  void paragraphEnd() override {
-    lineBreak();
-    paragraph_ = at_;
-  }
-  bool atLineStart() const override { return at_ == begin_ || at_[-1] == u'\n'; }
-  bool isEmpty() const override { return at_ == begin_; }
-  void finish() override {
-    if (at_ == paragraph_ && at_ != begin_) {
-      at_ -= 2;
-    }
-  }
+  void paragraphEnd() override { lineBreak(); }
+  void finish(bool closed) override { at_ -= closed ? 2 : 0; }
 
   QString take() {
     const qsizetype size = at_ - begin_;
@@ -60,14 +52,12 @@ class PlainSink final : public RtfSink {
   }
   void grow(qsizetype units) {
     const qsizetype size = at_ - begin_;
-    const qsizetype paragraph = paragraph_ - begin_;
     QString larger(std::max(size + units, size + size / 2), Qt::Uninitialized);
     auto* const data = reinterpret_cast<char16_t*>(larger.data());
     std::copy(begin_, at_, data);
     text_ = std::move(larger);
     begin_ = data;
     at_ = data + size;
-    paragraph_ = data + paragraph;
     end_ = data + text_.size();
   }
 
@@ -75,7 +65,6 @@ class PlainSink final : public RtfSink {
   char16_t* begin_ = nullptr;
   char16_t* at_ = nullptr;
   char16_t* end_ = nullptr;
-  char16_t* paragraph_ = nullptr;  ///< Where the last paragraph begins.
 };
 
 QString withUniformLineEnds(const QString& text) {
@@ -90,17 +79,43 @@ QString withUniformLineEnds(const QString& text) {
 }  // namespace
 
 QByteArrayView rtfStart(QByteArrayView bytes) {
-  if (bytes.startsWith("\xEF\xBB\xBF")) {
-    bytes = bytes.sliced(3);
-  }
-  while (!bytes.isEmpty() && (bytes[0] == ' ' || bytes[0] == '\t' || bytes[0] == '\r' || bytes[0] == '\n')) {
-    bytes = bytes.sliced(1);
+  const auto skip = [&bytes](QByteArrayView what) {
+    const bool isThere = bytes.startsWith(what);
+    bytes = isThere ? bytes.sliced(what.size()) : bytes;
+    return isThere;
+  };
+  const auto skipBlanks = [&skip] {
+    while (skip(" ") || skip("\t") || skip("\r") || skip("\n")) {
+    }
+  };
+  skipBlanks();
+  skip("\xEF\xBB\xBF");
+  skipBlanks();
+  if (skip("/")) {
+    skipBlanks();
   }
   return bytes.startsWith("{\\rtf") ? bytes : QByteArrayView();
 }
 
 bool isRtf(QByteArrayView bytes) {
   return !rtfStart(bytes).isEmpty();
+}
+
+QStringList namesOf(RtfLosses losses) {
+  static constexpr std::pair<RtfLoss, const char16_t*> kNames[] = {{RtfLoss::TableLayout, u"table borders"},
+                                                                   {RtfLoss::HeadersFooters, u"headers and footers"},
+                                                                   {RtfLoss::Deletions, u"tracked deletions"},
+                                                                   {RtfLoss::TextBoxes, u"text boxes"},
+                                                                   {RtfLoss::Styles, u"styles"},
+                                                                   {RtfLoss::NestedFields, u"fields inside fields"},
+                                                                   {RtfLoss::FormFields, u"form fields"}};
+  QStringList names;
+  for (const auto& [loss, name] : kNames) {
+    if (losses.testFlag(loss)) {
+      names.append(QString::fromUtf16(name));
+    }
+  }
+  return names;
 }
 
 QString rtfToPlainText(QByteArrayView bytes) {

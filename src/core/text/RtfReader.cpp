@@ -13,20 +13,7 @@ namespace {
 constexpr size_t kMaxDepth = 4000;
 constexpr qint32 kMaxFallback = 1 << 20;
 constexpr qsizetype kMaxFontName = 256;
-constexpr qsizetype kMaxLabel = 32;
-
-bool isDestination(RtfAction action) {
-  return action == RtfAction::SkipGroup || action == RtfAction::KeepGroup || action == RtfAction::FontTable ||
-         action == RtfAction::ColourTable || action == RtfAction::Alternatives || action == RtfAction::UnicodePart ||
-         action == RtfAction::Label || action == RtfAction::Numbering;
-}
-
-/// A sign by itself is a bullet, and so is the round letter that word processors use for one; numbers and letters
-/// of a numbered list are none.
-bool isBullet(QStringView label) {
-  label = label.trimmed();
-  return label.size() == 1 && (!label[0].isLetterOrNumber() || label[0] == u'o');
-}
+constexpr qsizetype kMaxWords = 4096;
 
 }  // namespace
 
@@ -39,7 +26,7 @@ void RtfReader::read() {
         text(token);
         break;
       case RtfToken::Kind::Byte:
-        starred_ = false;
+        starred_ = justOpened_ = false;
         if (!skipsAsFallback()) {
           byte(static_cast<uchar>(token.number));
         }
@@ -54,6 +41,7 @@ void RtfReader::read() {
         open();
         break;
       case RtfToken::Kind::Close:
+        groupEnd_ = lexer_.position() - 1;
         more = close();
         break;
       case RtfToken::Kind::End:
@@ -62,18 +50,24 @@ void RtfReader::read() {
     }
   }
   flushBytes();
-  sink_.finish();
+  groupEnd_ = nullptr;
+  while (!objects_.empty() && close()) {  // a text that was cut off
+  }
+  sink_.finish(line_ == Line::Closed && (sink_.wantsFormats() || !endIsHidden_));
 }
 
 void RtfReader::open() {
   flushBytes();
   fallbacks_ = 0;
   starred_ = false;
+  justOpened_ = true;
+  opened_ = lexer_.position() - 1;
   if (outer_.size() >= kMaxDepth) {
     ++tooDeep_;
     return;
   }
   outer_.push_back(group_);
+  group_.role = Role::None;
   sink_.open();
   if (group_.destination == Destination::Alternatives) {
     group_.destination = Destination::Alternative;
@@ -83,7 +77,7 @@ void RtfReader::open() {
 bool RtfReader::close() {
   flushBytes();
   fallbacks_ = 0;
-  starred_ = false;
+  starred_ = justOpened_ = false;
   if (tooDeep_ > 0) {
     --tooDeep_;
     return true;
@@ -91,22 +85,20 @@ bool RtfReader::close() {
   if (outer_.size() <= 1) {
     return false;  // what stands behind the document's own brace is no part of it
   }
-  const Destination closed = group_.destination;
+  const Group closed = group_;
+  if (closed.role == Role::Note || closed.role == Role::Result) {
+    objects_.back().object.content = sink_.closeText();
+  }
   group_ = outer_.back();
   outer_.pop_back();
   sink_.close();
-  if (closed > Destination::Alternative && closed != group_.destination) {
+  if (closed.destination > Destination::Alternative && closed.destination != group_.destination) {
     leave(closed);
   }
-  return true;
-}
-
-void RtfReader::leave(Destination destination) {
-  if (destination == Destination::Label) {
-    sink_.label(isBullet(label_));
-  } else if (destination == Destination::Numbering) {
-    sink_.bullets(isBulletLevel_);
+  if (closed.role != Role::None) {
+    endRole(closed);
   }
+  return true;
 }
 
 bool RtfReader::skipsAsFallback() {
@@ -124,7 +116,7 @@ bool RtfReader::completesPair(const RtfToken& token) const {
 }
 
 void RtfReader::text(RtfToken& token) {
-  starred_ = false;
+  starred_ = justOpened_ = false;
   if (fallbacks_ > 0) {
     const auto skipped = static_cast<qint32>(std::min<qsizetype>(fallbacks_, token.length));
     fallbacks_ -= skipped;
@@ -146,11 +138,14 @@ void RtfReader::text(RtfToken& token) {
 }
 
 void RtfReader::bodyText(const char* text, qsizetype length) {
-  if (group_.hidden != 0) {
+  if (group_.isDeleted) {
     return;
   }
   if (!decoder().isSymbol()) {
-    sink_.ascii(text, length);
+    came(Line::Begun);
+    if (isShown()) {
+      sink_.ascii(text, length);
+    }
     return;
   }
   std::for_each(text, text + length, [this](char raw) { byte(static_cast<uchar>(raw)); });
@@ -161,7 +156,8 @@ void RtfReader::symbol(char symbol) {
   if (!isText) {
     flushBytes();
   }
-  starred_ = symbol == '*';
+  starred_ = symbol == '*' && justOpened_;
+  justOpened_ = false;
   if (skipsAsFallback()) {
     return;
   }
@@ -195,39 +191,46 @@ void RtfReader::symbol(char symbol) {
 void RtfReader::word(const RtfToken& token) {
   flushBytes();
   const bool starred = std::exchange(starred_, false);
+  justOpened_ = false;
   if (fallbacks_ > 0 && !completesPair(token)) {
     --fallbacks_;
     return;
   }
-  static constexpr RtfWord kUnknown;
-  const RtfWord* found = findRtfWord(token.first, token.length);
-  const RtfWord& known = found != nullptr ? *found : kUnknown;
-  const bool isNoPart = group_.destination == Destination::Alternative && known.action != RtfAction::UnicodePart;
-  if (isNoPart || (starred && !isDestination(known.action))) {
+  const RtfWord* const known = findRtfWord(token.first, token.length);
+  const bool isNoPart =
+      group_.destination == Destination::Alternative && (known == nullptr || known->action != RtfAction::UnicodePart);
+  if (isNoPart || (starred && known == nullptr)) {
     skipGroup();
     return;
   }
-  if (known.action == RtfAction::Format) {
+  if (known == nullptr) {
+    return;
+  }
+  if (known->action == RtfAction::Format) {
     if (sink_.wantsFormats()) {
-      sink_.format(static_cast<RtfProperty>(known.value),
+      sink_.format(static_cast<RtfProperty>(known->value),
                    token.hasNumber ? std::optional<int>(token.number) : std::nullopt);
     }
     return;
   }
-  act(known, token);
+  act(*known, token);
 }
 
 void RtfReader::act(const RtfWord& word, const RtfToken& token) {
+  const bool isOn = !token.hasNumber || token.number != 0;
   switch (word.action) {
     case RtfAction::Ignore:
     case RtfAction::Format:
     case RtfAction::Binary:
     case RtfAction::KeepGroup:
       return;
+    case RtfAction::Loss:
+      return lose(word.value);
     case RtfAction::Character:
       return put(word.value);
     case RtfAction::ParagraphEnd:
     case RtfAction::LineBreak:
+    case RtfAction::PageBreak:
     case RtfAction::SoftEnd:
       return lineEnd(word.action);
     case RtfAction::Unicode:
@@ -236,33 +239,69 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       group_.fallbackLength = token.hasNumber ? std::clamp(token.number, 0, kMaxFallback) : 1;
       return;
     case RtfAction::SkipGroup:
+      lose(word.value);
       return skipGroup();
     case RtfAction::FontTable:
-      return enterTable(Destination::Fonts);
+      return isOfDocument() ? enterTable(Destination::Fonts) : skipGroup();
     case RtfAction::ColourTable:
-      return enterTable(Destination::Colours);
+      return isOfDocument() ? enterTable(Destination::Colours) : skipGroup();
     case RtfAction::Alternatives:
       return enterTable(Destination::Alternatives);
     case RtfAction::UnicodePart:
       return enterUnicodePart();
     case RtfAction::Label:
-      return enterList(Destination::Label);
+      return enterWords(Destination::Label, token);
     case RtfAction::Numbering:
-      return enterList(Destination::Numbering);
-    case RtfAction::BulletLevel:
-      isBulletLevel_ = true;
-      return;
+      numbering_ = {};
+      markFont_ = -1;
+      return enterWords(Destination::Numbering, token);
+    case RtfAction::NumberingPart:
+      return numberingPart(static_cast<RtfListPart>(word.value), token);
+    case RtfAction::ListTable:
+      return sink_.wantsFormats() ? enterTable(Destination::Lists) : skipGroup();
+    case RtfAction::ListPart:
+      return listPart(static_cast<RtfListPart>(word.value), token);
+    case RtfAction::Field:
+      return enterField();
+    case RtfAction::Instruction:
+      return enterWords(Destination::Instruction, token);
+    case RtfAction::FieldResult:
+      return enterFieldResult();
+    case RtfAction::Picture:
+      return takePicture(token);
+    case RtfAction::Shape:
+      return takeShape(token);
+    case RtfAction::Object:
+      return enterObject(token);
+    case RtfAction::ObjectResult:
+      return enterObjectResult();
+    case RtfAction::Note:
+      return enterNote(static_cast<InlineObject::Kind>(word.value), token);
+    case RtfAction::EndnoteMark:
+    case RtfAction::OwnNumber:
+      return noteWord(word.action);
+    case RtfAction::Mark:
+    case RtfAction::Detail:
+      return enterWords(Destination::Name, token, word.value);
     case RtfAction::DocumentCodePage:
       return hasAnsiCodePage_ ? void() : setDocumentCodePage(word.value);
     case RtfAction::AnsiCodePage:
-      hasAnsiCodePage_ = hasAnsiCodePage_ || token.number > 0;
+      hasAnsiCodePage_ = hasAnsiCodePage_ || (isOfDocument() && token.number > 0);
       return setDocumentCodePage(token.number);
     case RtfAction::DefaultFont:
-      tables_.defaultFont = token.number;
-      decoder_ = nullptr;
+      if (isOfDocument()) {
+        tables_.defaultFont = token.number;
+        decoder_ = nullptr;
+      }
       return;
+    case RtfAction::DefaultLanguage:
+      return sink_.defaultLanguage(token.number);
+    case RtfAction::DefaultTab:
+      return sink_.defaultTab(token.number);
     case RtfAction::Font:
       return selectFont(token.number);
+    case RtfAction::AssociatedFont:
+      return sink_.associatedFont(token.number);
     case RtfAction::FontCharset:
     case RtfAction::FontCodePage:
       return fontWord(word.action, token.number);
@@ -273,26 +312,20 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
     case RtfAction::Plain:
       return plainWord();
     case RtfAction::Hidden:
-      return hide(static_cast<quint8>(word.value), !token.hasNumber || token.number != 0);
+      group_.isHidden = isOn;
+      return sink_.format(RtfProperty::HiddenText, isOn);
+    case RtfAction::Deleted:
+      group_.isDeleted = isOn;
+      return lose(static_cast<quint16>(isOn ? RtfLoss::Deletions : RtfLoss()));
   }
 }
 
 /// Taken until the text begins, though some programs have it behind the font table.
 void RtfReader::setDocumentCodePage(int codePage) {
-  if (codePage > 0 && sink_.isEmpty()) {
+  if (codePage > 0 && line_ == Line::Empty && isOfDocument()) {
     documentCodePage_ = codePage;
     decoder_ = nullptr;
   }
-}
-
-void RtfReader::enterList(Destination destination) {
-  if (group_.destination != Destination::Body) {
-    skipGroup();
-    return;
-  }
-  label_.clear();
-  isBulletLevel_ = false;
-  enterTable(destination);
 }
 
 void RtfReader::enterUnicodePart() {
@@ -302,6 +335,10 @@ void RtfReader::enterUnicodePart() {
 }
 
 void RtfReader::selectFont(int number) {
+  if (group_.destination == Destination::Lists) {
+    lists_.levelFont(tables_.fonts.value(number).name);
+    return;
+  }
   if (group_.destination != Destination::Fonts) {
     group_.font = number;
     sink_.font(number);
@@ -310,12 +347,8 @@ void RtfReader::selectFont(int number) {
   declareFont(number);
 }
 
-void RtfReader::hide(quint8 reason, bool on) {
-  group_.hidden = static_cast<quint8>(on ? group_.hidden | reason : group_.hidden & ~reason);
-}
-
 void RtfReader::plainWord() {
-  group_.hidden = 0;
+  group_.isHidden = group_.isDeleted = false;
   group_.font = -1;
   sink_.plain();
 }
@@ -333,10 +366,26 @@ void RtfReader::lineEnd(RtfAction action) {
   if (!inBody()) {
     return;
   }
-  if (action == RtfAction::LineBreak) {
-    sink_.lineBreak();
-  } else if (action == RtfAction::ParagraphEnd || !sink_.atLineStart()) {
+  const bool isParagraph = action != RtfAction::LineBreak;
+  const bool isEnd = action == RtfAction::ParagraphEnd || action == RtfAction::LineBreak || line_ == Line::Begun;
+  if (isEnd) {
+    endLine(isParagraph);
+  }
+  if (action == RtfAction::PageBreak) {
+    sink_.breakPage();
+  }
+}
+
+void RtfReader::endLine(bool isParagraph) {
+  came(isParagraph ? Line::Closed : Line::Broken);
+  endIsHidden_ = group_.isHidden;
+  if (!isShown()) {
+    return;
+  }
+  if (isParagraph) {
     sink_.paragraphEnd();
+  } else {
+    sink_.lineBreak();
   }
 }
 
@@ -388,20 +437,24 @@ void RtfReader::putUnit(char16_t unit) {
     }
     return;
   }
-  if (!inBody()) {
-    if (group_.destination == Destination::Label && label_.size() < kMaxLabel) {
-      label_.append(QChar(unit));
+  if (takesWords()) {
+    if (words_.size() < kMaxWords) {
+      words_.append(QChar(unit));
     }
+    return;
+  }
+  if (!inBody()) {
     return;
   }
   switch (kindOfUnit(unit)) {
     case UnitKind::Ordinary:
-      return sink_.unit(unit);
+      came(Line::Begun);
+      return isShown() ? sink_.unit(unit) : void();
     case UnitKind::LineBreak:
-      return sink_.lineBreak();
+      return endLine(false);
     case UnitKind::ParagraphEnd:
       if (unit != u'\n') {  // as \'0a it is the rest of a \'0d\'0a
-        sink_.paragraphEnd();
+        endLine(true);
       }
       return;
     case UnitKind::Dropped:
@@ -416,7 +469,9 @@ const ByteDecoder& RtfReader::decoder() {
     decoder_ = &decoderOf(font);
     decoderFont_ = font;
   }
-  if (declares && decoder_->isSymbol()) {  // the name of a symbol font is ordinary text
+  const bool isOrdinary = declares || group_.destination == Destination::Instruction ||
+                          group_.destination == Destination::Name || group_.destination == Destination::MarkText;
+  if (isOrdinary && decoder_->isSymbol()) {  // the name of a symbol font is ordinary text, and so is a bookmark's
     return ByteDecoder::of(documentCodePage_);
   }
   return *decoder_;

@@ -23,8 +23,11 @@ void RtfReader::tableText(const char* text, qsizetype length) {
     skipGroup();
     return;
   }
-  if (group_.destination == Destination::Label) {
+  if (takesWords()) {
     std::for_each(text, text + length, [this](char raw) { byte(static_cast<uchar>(raw)); });
+    return;
+  }
+  if (group_.destination != Destination::Fonts && group_.destination != Destination::Colours) {
     return;
   }
   for (const char raw : QByteArrayView(text, length)) {

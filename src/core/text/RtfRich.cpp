@@ -9,36 +9,47 @@
 
 namespace {
 
+constexpr qsizetype kMaxTabStops = 64;
+
 struct Formats {
   RtfLook characters;
   ParagraphFormat paragraph;
-  TabStop::Kind nextTab = TabStop::Kind::Left;
+  TabStop nextTab;
+  int listNumber = 0;  ///< Of the list that the paragraph is in; 0: none.
+  int listLevel = 0;
   int charNumber = -1;  ///< Of the format in the builder; -1: not looked up yet.
   int paragraphNumber = -1;
 };
 
-constexpr qsizetype kMaxTabStops = 64;
+int distance(RtfProperty property, RtfProperty first) {
+  return static_cast<int>(property) - static_cast<int>(first);
+}
 
 CharFormat::Script scriptOf(bool on, CharFormat::Script script) {
   return on ? script : CharFormat::Script::Normal;
 }
 
+/// Makes a rich text of what is read. A note's text is made beside the one that it stands in.
 class RichSink final : public RtfSink {
  public:
-  explicit RichSink(qsizetype sizeHint) : RtfSink(true), builder_(sizeHint) {}
+  explicit RichSink(const QByteArray& bytes) : RtfSink(true), bytes_(bytes), text_(bytes.size() - bytes.size() / 8) {}
 
-  void use(const RtfTables& tables) { tables_ = &tables; }
+  void use(const RtfReader& reader) { reader_ = &reader; }
+  RichText take() { return std::move(taken_); }
 
-  void ascii(const char* text, qsizetype length) override { builder_.appendAscii(text, length, charNumber()); }
-  void unit(char16_t unit) override { builder_.appendUnit(unit, charNumber()); }
-  void lineBreak() override { builder_.lineBreak(charNumber()); }
+  void ascii(const char* text, qsizetype length) override { builder().appendAscii(text, length, charNumber()); }
+  void unit(char16_t unit) override { builder().appendUnit(unit, charNumber()); }
+  void lineBreak() override { builder().lineBreak(charNumber()); }
   void paragraphEnd() override {
-    builder_.endParagraph(charNumber(), paragraphNumber());
-    hasBullet_ = false;
+    builder().endParagraph(charNumber(), paragraphNumber());
+    text().label.clear();
+    text().breaksPage = false;
   }
-  bool atLineStart() const override { return builder_.atLineStart(); }
-  bool isEmpty() const override { return builder_.isEmpty(); }
-  void finish() override { text_ = builder_.takeClosed(charNumber(), paragraphNumber()); }
+  void finish(bool closed) override {
+    const int characters = charNumber();
+    const int paragraph = paragraphNumber();
+    taken_ = closed ? builder().takeClosed(characters, paragraph) : builder().take(characters, paragraph);
+  }
 
   void open() override { outer_.push_back(now_); }
   void close() override {
@@ -46,16 +57,34 @@ class RichSink final : public RtfSink {
     outer_.pop_back();
   }
   void plain() override {
+    const int field = now_.characters.field;
     now_.characters = {};
+    now_.characters.field = field;
+    now_.characters.language = language_;
     now_.charNumber = -1;
   }
   void font(int number) override {
     now_.characters.font = number;
     now_.charNumber = -1;
   }
-  void label(bool isBullet) override { hasBullet_ = isBullet; }
-  void bullets(bool on) override {
-    now_.paragraph.bullet = on;
+  void associatedFont(int number) override {
+    now_.characters.associatedFont = number;
+    now_.charNumber = -1;
+  }
+  void defaultLanguage(int number) override {
+    language_ = number;
+    now_.characters.language = number;
+    now_.charNumber = -1;
+  }
+  void defaultTab(int twips) override { builder().setDefaultTab(twips); }
+  void breakPage() override { text().breaksPage = true; }
+  void label(const QString& label, int font) override {
+    text().label = label;
+    text().labelFont = font;
+  }
+  void list(const ListMark& mark, int font) override {
+    now_.paragraph.list = mark;
+    now_.paragraph.list.fontName = mark.style == ListMark::Style::Bullet ? fontName(font) : QString();
     now_.paragraphNumber = -1;
   }
   void format(RtfProperty property, std::optional<int> value) override {
@@ -63,138 +92,358 @@ class RichSink final : public RtfSink {
       formatCharacters(property, value);
       now_.charNumber = -1;
     } else {
-      formatParagraph(property, value.value_or(0));
+      formatParagraph(property, value);
       now_.paragraphNumber = -1;
     }
   }
 
-  RichText take() { return std::move(text_); }
+  void openField() override { fields_.push_back({}); }
+  void instruction(const QString& words) override {
+    if (!fields_.empty()) {
+      fields_.back().instruction = words.trimmed();
+    }
+  }
+  void fieldResult() override;
+  void closeField(bool isEmpty) override;
+  void openText() override;
+  std::shared_ptr<const RichText> closeText() override;
+  void object(InlineObject object, QByteArrayView bytes) override;
+
+  bool hasNestedFields() const { return hasNestedFields_; }
 
  private:
+  using Property = RtfProperty;
+
+  struct Text {
+    explicit Text(qsizetype sizeHint) : builder(sizeHint) {}
+    RichText::Builder builder;
+    ListNumbering numbering;
+    QHash<RtfLook, int> known;
+    // Of the current paragraph; they stand in front of the words that reset it.
+    QString label;
+    int labelFont = -1;
+    bool breaksPage = false;
+  };
+  struct Field {
+    QString instruction;
+    bool isInside = false;  ///< Another field's result.
+  };
+
+  Text& text() { return notes_.empty() ? text_ : *notes_.back(); }
+  const Text& text() const { return notes_.empty() ? text_ : *notes_.back(); }
+  RichText::Builder& builder() { return text().builder; }
   void formatCharacters(RtfProperty property, std::optional<int> value);
-  void formatParagraph(RtfProperty property, int value);
+  void formatLook(RtfProperty property, bool on, int value);
+  void formatParagraph(RtfProperty property, std::optional<int> value);
   void addTabStop(int position);
   int charNumber();
   int paragraphNumber();
+  int listedNumber();
+  ListMark listMark() const;
   CharFormat charFormat() const;
+  QString fontName(int number) const { return reader_->tables().fonts.value(number).name; }
   std::optional<quint32> colour(int number) const;
+  bool extendsLast(QByteArrayView bytes) const;
+  void append(InlineObject object);
 
-  const RtfTables* tables_ = nullptr;
-  RichText::Builder builder_;
-  RichText text_;
+  const QByteArray& bytes_;
+  Text text_;
+  std::vector<std::unique_ptr<Text>> notes_;  ///< Open, each in the one in front.
+  RichText taken_;
+  const RtfReader* reader_ = nullptr;
   Formats now_;
   std::vector<Formats> outer_;
-  bool hasBullet_ = false;  ///< By its label; stands in front of the words that reset the paragraph.
-  QHash<RtfLook, int> known_;
+  int language_ = 0;
+  std::vector<Field> fields_;
+  QStringList instructions_;
+  bool hasNestedFields_ = false;
+  /// The picture that was put in last, and where it stands in the bytes and in the text.
+  InlineObject lastPicture_;
+  QByteArrayView lastBytes_;
 };
 
 void RichSink::formatCharacters(RtfProperty property, std::optional<int> value) {
   RtfLook& look = now_.characters;
   const bool on = value.value_or(1) != 0;
-  if (property <= RtfProperty::AllCaps) {
+  if (property <= Property::Engraved) {
     look.*kCharSwitches[static_cast<size_t>(property)] = on;
-    return;
+  } else if (property <= Property::DoubleWavyUnderline) {
+    look.underline =
+        on ? static_cast<CharLook::Underline>(distance(property, Property::NoUnderline)) : CharLook::Underline::None;
+  } else {
+    formatLook(property, on, value.value_or(0));
   }
+}
+
+void RichSink::formatLook(RtfProperty property, bool on, int value) {
+  RtfLook& look = now_.characters;
   switch (property) {
-    case RtfProperty::NoUnderline:
-      look.underline = false;
-      return;
-    case RtfProperty::Subscript:
-    case RtfProperty::Lowered:
+    case Property::Subscript:
+    case Property::Lowered:
       look.script = scriptOf(on, CharFormat::Script::Subscript);
       return;
-    case RtfProperty::Superscript:
-    case RtfProperty::Raised:
+    case Property::Superscript:
+    case Property::Raised:
       look.script = scriptOf(on, CharFormat::Script::Superscript);
       return;
-    case RtfProperty::NormalScript:
+    case Property::NormalScript:
       look.script = CharFormat::Script::Normal;
       return;
-    case RtfProperty::FontSize:
-      look.halfPoints = std::max(value.value_or(0), 0);
+    case Property::FontSize:
+      look.halfPoints = std::max(value, 0);
       return;
-    case RtfProperty::Colour:
-      look.colour = value.value_or(0);
+    case Property::Colour:
+      look.colour = value;
+      return;
+    case Property::Background:
+      look.background = value;
+      return;
+    case Property::LetterSpacing:
+      look.letterSpacing = value;
+      return;
+    case Property::Language:
+      look.language = value;
+      return;
+    case Property::LeftToRightRun:
+    case Property::RightToLeftRun:
+      look.direction = static_cast<CharLook::Direction>(1 + distance(property, Property::LeftToRightRun));
+      return;
+    case Property::AssociatedBold:
+      look.associated.bold = on;
+      return;
+    case Property::AssociatedItalic:
+      look.associated.italic = on;
+      return;
+    case Property::AssociatedSize:
+      look.associated.halfPoints = std::max(value, 0);
       return;
     default:
-      look.background = value.value_or(0);
+      look.associated.language = value;
       return;
   }
 }
 
-void RichSink::formatParagraph(RtfProperty property, int value) {
+void RichSink::formatParagraph(RtfProperty property, std::optional<int> given) {
   using Format = ParagraphFormat;
   Format& format = now_.paragraph;
-  const auto after = [property](RtfProperty first) { return static_cast<int>(property) - static_cast<int>(first); };
-  if (property == RtfProperty::ParagraphDefaults) {
+  const int value = given.value_or(0);
+  const bool on = given.value_or(1) != 0;
+  if (property == Property::ParagraphDefaults) {
     format = {};
-    now_.nextTab = TabStop::Kind::Left;
-  } else if (property <= RtfProperty::AlignJustify) {
-    format.alignment = static_cast<Format::Alignment>(after(RtfProperty::AlignLeft));
-  } else if (property <= RtfProperty::LineSpacing) {
-    format.*kParagraphLengths[static_cast<size_t>(after(RtfProperty::LeftIndent))] = value;
-  } else if (property == RtfProperty::LineSpacingFactor) {
+    now_.nextTab = {};
+    now_.listNumber = now_.listLevel = 0;
+  } else if (property <= Property::AlignJustify) {
+    format.alignment = static_cast<Format::Alignment>(distance(property, Property::AlignLeft));
+  } else if (property <= Property::LineSpacing) {
+    format.*kParagraphLengths[static_cast<size_t>(distance(property, Property::LeftIndent))] = value;
+  } else if (property == Property::LineSpacingFactor) {
     format.lineSpacingIsFactor = value != 0;
-  } else if (property == RtfProperty::TabStop) {
+  } else if (property <= Property::KeepTogether) {
+    format.*kParagraphSwitches[static_cast<size_t>(distance(property, Property::PageBreakBefore))] = on;
+  } else if (property <= Property::RightToLeft) {
+    format.rightToLeft = property == Property::RightToLeft;
+  } else if (property == Property::ParagraphBackground) {
+    format.background = colour(value);
+  } else if (property == Property::ListNumber) {
+    now_.listNumber = value;
+  } else if (property == Property::ListLevel) {
+    now_.listLevel = value;
+  } else if (property == Property::TabStop) {
     addTabStop(value);
+  } else if (property <= Property::TabDecimal) {
+    now_.nextTab.kind = static_cast<TabStop::Kind>(distance(property, Property::TabStop));
   } else {
-    now_.nextTab = static_cast<TabStop::Kind>(after(RtfProperty::TabStop));
+    now_.nextTab.leader = static_cast<TabStop::Leader>(1 + distance(property, Property::LeaderDots));
   }
 }
 
 void RichSink::addTabStop(int position) {
   if (now_.paragraph.tabStops.size() < kMaxTabStops) {
-    now_.paragraph.tabStops.append({position, now_.nextTab});
+    now_.nextTab.position = position;
+    now_.paragraph.tabStops.append(now_.nextTab);
   }
-  now_.nextTab = TabStop::Kind::Left;
+  now_.nextTab = {};
 }
 
 int RichSink::charNumber() {
   if (now_.charNumber >= 0) {
     return now_.charNumber;
   }
-  const auto known = known_.constFind(now_.characters);
-  if (known != known_.constEnd()) {
+  Text& into = text();
+  const auto known = into.known.constFind(now_.characters);
+  if (known != into.known.constEnd()) {
     now_.charNumber = *known;
   } else {
-    now_.charNumber = builder_.charFormat(charFormat());
-    known_.insert(now_.characters, now_.charNumber);
+    now_.charNumber = into.builder.charFormat(charFormat());
+    into.known.insert(now_.characters, now_.charNumber);
   }
   return now_.charNumber;
 }
 
 int RichSink::paragraphNumber() {
-  if (hasBullet_ && !now_.paragraph.bullet) {
-    ParagraphFormat bulleted = now_.paragraph;
-    bulleted.bullet = true;
-    return builder_.paragraphFormat(bulleted);
+  Text& into = text();
+  const bool isListed =
+      !into.label.isEmpty() || now_.listNumber > 0 || now_.paragraph.list.style != ListMark::Style::None;
+  if (isListed || into.breaksPage) {
+    return listedNumber();
   }
+  into.numbering.endLists();
   if (now_.paragraphNumber < 0) {
-    now_.paragraphNumber = builder_.paragraphFormat(now_.paragraph);
+    now_.paragraphNumber = builder().paragraphFormat(now_.paragraph);
   }
   return now_.paragraphNumber;
 }
 
+/// Of a paragraph that has something of its own.
+int RichSink::listedNumber() {
+  ParagraphFormat format = now_.paragraph;
+  format.list = normalised(listMark());
+  format.pageBreakBefore = format.pageBreakBefore || text().breaksPage;
+  const int told = RtfLists::numberIn(format.list, text().label);
+  ListNumbering before = text().numbering;
+  const int expected = text().numbering.next(format.list);
+  if (told > 0 && told != expected) {
+    format.list.start = told;
+    before.next(format.list);
+    text().numbering = before;
+  }
+  return builder().paragraphFormat(format);
+}
+
+/// What the text says of the list, else what the mark that is written out looks like.
+ListMark RichSink::listMark() const {
+  ListMark mark = now_.paragraph.list;
+  if (mark.style == ListMark::Style::None && now_.listNumber > 0) {
+    mark = reader_->lists().mark(now_.listNumber, now_.listLevel);
+  }
+  if (mark.style == ListMark::Style::None && !text().label.trimmed().isEmpty()) {
+    mark = RtfLists::guess(text().label);
+    mark.level = now_.listLevel;
+    mark.fontName = mark.style == ListMark::Style::Bullet ? fontName(text().labelFont) : QString();
+    mark.fontName = isSymbolFont(mark.fontName) ? mark.fontName : QString();
+  }
+  return mark;
+}
+
 CharFormat RichSink::charFormat() const {
   const RtfLook& look = now_.characters;
-  const int font = look.font >= 0 ? look.font : tables_->defaultFont;
-  return {look, tables_->fonts.value(font).name, colour(look.colour), colour(look.background)};
+  const int font = look.font >= 0 ? look.font : reader_->tables().defaultFont;
+  CharFormat format;
+  static_cast<CharLook&>(format) = look;
+  format.fontName = fontName(font);
+  format.associatedFont = look.associatedFont >= 0 ? fontName(look.associatedFont) : QString();
+  format.colour = colour(look.colour);
+  format.background = colour(look.background);
+  format.field = look.field >= 0 ? instructions_[look.field] : QString();
+  return format;
 }
 
 std::optional<quint32> RichSink::colour(int number) const {
-  const bool known = number >= 0 && static_cast<size_t>(number) < tables_->colours.size();
-  return known ? tables_->colours[static_cast<size_t>(number)] : std::nullopt;
+  const auto& colours = reader_->tables().colours;
+  const bool known = number >= 0 && static_cast<size_t>(number) < colours.size();
+  return known ? colours[static_cast<size_t>(number)] : std::nullopt;
+}
+
+void RichSink::fieldResult() {
+  if (fields_.empty()) {
+    return;
+  }
+  Field& field = fields_.back();
+  field.isInside = now_.characters.field >= 0;
+  if (field.instruction.isEmpty() || field.isInside) {
+    return;
+  }
+  instructions_.append(field.instruction);
+  now_.characters.field = static_cast<int>(instructions_.size()) - 1;
+  now_.charNumber = -1;
+}
+
+void RichSink::closeField(bool isEmpty) {
+  if (fields_.empty()) {
+    return;
+  }
+  const Field field = std::move(fields_.back());
+  fields_.pop_back();
+  if (field.instruction.isEmpty()) {
+    return;
+  }
+  if (isEmpty) {
+    InlineObject code;
+    code.kind = InlineObject::Kind::Field;
+    code.label = field.instruction;
+    append(std::move(code));
+    return;
+  }
+  hasNestedFields_ = hasNestedFields_ || field.isInside;
+}
+
+void RichSink::openText() {
+  notes_.push_back(std::make_unique<Text>(0));
+  now_.charNumber = now_.paragraphNumber = -1;
+  now_.characters.field = -1;
+  now_.paragraph = {};
+  now_.listNumber = now_.listLevel = 0;
+}
+
+std::shared_ptr<const RichText> RichSink::closeText() {
+  const int characters = charNumber();
+  const int paragraph = paragraphNumber();
+  auto text = std::make_shared<const RichText>(builder().take(characters, paragraph));
+  notes_.pop_back();
+  return text;
+}
+
+/// A picture can stand there a second time for programs that don't know the first form: both are one.
+bool RichSink::extendsLast(QByteArrayView bytes) const {
+  if (lastBytes_.isEmpty() || !bytes.startsWith("\\nonshppict")) {
+    return false;
+  }
+  QByteArray between(lastBytes_.end(), bytes.begin() - lastBytes_.end());
+  for (const char blank : {' ', '\r', '\n'}) {
+    between.replace(blank, "");
+  }
+  return between == "}{" || between == "}{\\*";
+}
+
+void RichSink::object(InlineObject object, QByteArrayView bytes) {
+  if (bytes.isEmpty()) {
+    append(std::move(object));
+    return;
+  }
+  const bool isSame = extendsLast(bytes);
+  const QByteArrayView all = isSame ? QByteArrayView(lastBytes_.begin(), bytes.end()) : bytes;
+  object.bytes = SharedBytes(bytes_, all.data() - bytes_.constData(), all.size());
+  if (isSame) {
+    lastBytes_ = {};
+    builder().dropObject();
+  } else {
+    lastBytes_ = bytes.startsWith("\\shppict") ? bytes : QByteArrayView();
+  }
+  append(std::move(object));
+}
+
+void RichSink::append(InlineObject object) {
+  CharFormat format = charFormat();
+  format.object = std::make_shared<const InlineObject>(std::move(object));
+  builder().appendObject(builder().charFormat(format));
 }
 
 }  // namespace
 
-RichText readRtf(QByteArrayView bytes) {
+RichText readRtf(const QByteArray& bytes, RtfLosses* losses) {
+  if (losses != nullptr) {
+    *losses = {};
+  }
   if (!isRtf(bytes)) {
     return RichText::fromPlain(CodePage::fromBytes(bytes));
   }
-  RichSink sink(bytes.size() - bytes.size() / 8);
+  RichSink sink(bytes);
   RtfReader reader(rtfStart(bytes), sink);
-  sink.use(reader.tables());
+  sink.use(reader);
   reader.read();
+  if (losses != nullptr) {
+    *losses = reader.losses();
+    losses->setFlag(RtfLoss::NestedFields, sink.hasNestedFields());
+  }
   return sink.take();
 }

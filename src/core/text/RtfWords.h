@@ -9,42 +9,78 @@ enum class RtfAction : quint8 {
   Character,  ///< value: the UTF-16 unit
   ParagraphEnd,
   LineBreak,
-  SoftEnd,  ///< a page or section break: a line end unless at a line start
+  PageBreak,  ///< a line end unless at a line start
+  SoftEnd,    ///< a column or section break: likewise
   Unicode,
   FallbackLength,
   Binary,
-  SkipGroup,
+  SkipGroup,  ///< value: the RtfLoss that it means, or 0
   KeepGroup,  ///< a destination whose text counts
+  Loss,       ///< value: an RtfLoss
   FontTable,
   ColourTable,
-  Alternatives,  ///< \upr
-  UnicodePart,   ///< \ud
-  Label,         ///< what a list puts in front of a paragraph
-  Numbering,     ///< how the paragraphs of a list are marked
-  BulletLevel,
+  Alternatives,   ///< \upr
+  UnicodePart,    ///< \ud
+  Label,          ///< what a list puts in front of a paragraph
+  Numbering,      ///< how the paragraphs of a list are marked
+  NumberingPart,  ///< value: an RtfListPart
+  ListTable,
+  ListPart,  ///< value: an RtfListPart
+  Field,
+  Instruction,
+  FieldResult,
+  Picture,
+  Shape,
+  Object,
+  ObjectResult,
+  Note,  ///< value: the kind of object that the group's text belongs to
+  EndnoteMark,
+  OwnNumber,         ///< of a note
+  Mark,              ///< value: the kind of object that the group's text names
+  Detail,            ///< a fact about a comment
   DocumentCodePage,  ///< value: the code page
   AnsiCodePage,
   DefaultFont,
+  DefaultLanguage,
+  DefaultTab,
   Font,
+  AssociatedFont,
   FontCharset,
   FontCodePage,
   Red,
   Green,
   Blue,
   Plain,
-  Hidden,  ///< value: a bit for the reason
+  Hidden,   ///< a format, and left out of plain text
+  Deleted,  ///< struck out in a tracked draft: no part of the text
+};
+
+/// What an RTF text says of a list.
+enum class RtfListPart : quint8 {
+  // clang-format off
+  Bullet, Decimal, UpperLetter, LowerLetter, UpperRoman, LowerRoman,  // in the order of ListMark::Style
+  Body, Level, WithParents, MarkFont, Before, After,
+  List, ListId, ListLevel, LevelStyle, LevelText, Override
+  // clang-format on
 };
 
 /// Formats that control words set, in groups whose order the rich text's own enumerations and fields follow.
 enum class RtfProperty : quint8 {
   // clang-format off
-  Bold, Italic, Underline, StrikeOut, SmallCaps, AllCaps,
-  NoUnderline, Subscript, Superscript, NormalScript, Raised, Lowered, FontSize, Colour, Background,
+  Bold, Italic, StrikeOut, SmallCaps, AllCaps, HiddenText, Outline, Shadow, Embossed, Engraved,
+  NoUnderline, SingleUnderline, DoubleUnderline, DottedUnderline, WavyUnderline, WordUnderline, DashedUnderline,
+  LongDashedUnderline, DashDottedUnderline, DashDoubleDottedUnderline, ThickUnderline, ThickDottedUnderline,
+  ThickDashedUnderline, HeavyWavyUnderline, DoubleWavyUnderline,
+  Subscript, Superscript, NormalScript, Raised, Lowered, FontSize, Colour, Background, LetterSpacing, Language,
+  LeftToRightRun, RightToLeftRun, AssociatedBold, AssociatedItalic, AssociatedSize, AssociatedLanguage,
   ParagraphDefaults,
   AlignLeft, AlignCentre, AlignRight, AlignJustify,
   LeftIndent, RightIndent, FirstIndent, SpaceBefore, SpaceAfter, LineSpacing,
   LineSpacingFactor,
-  TabStop, TabCentre, TabRight, TabDecimal
+  PageBreakBefore, KeepWithNext, KeepTogether,
+  LeftToRight, RightToLeft, ParagraphBackground, ListNumber, ListLevel,
+  TabStop, TabCentre, TabRight, TabDecimal,
+  LeaderDots, LeaderMiddleDots, LeaderHyphens, LeaderUnderline, LeaderThick, LeaderEquals
   // clang-format on
 };
 

@@ -8,6 +8,7 @@
 #include <array>
 #include <charconv>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -20,11 +21,23 @@ struct SwitchWords {
 };
 constexpr std::array<SwitchWords, kCharSwitches.size()> kSwitchWords = {{{"\\b", "\\b0"},
                                                                          {"\\i", "\\i0"},
-                                                                         {"\\ul", "\\ulnone"},
                                                                          {"\\strike", "\\strike0"},
                                                                          {"\\scaps", "\\scaps0"},
-                                                                         {"\\caps", "\\caps0"}}};
+                                                                         {"\\caps", "\\caps0"},
+                                                                         {"\\v", "\\v0"},
+                                                                         {"\\outl", "\\outl0"},
+                                                                         {"\\shad", "\\shad0"},
+                                                                         {"\\embo", "\\embo0"},
+                                                                         {"\\impr", "\\impr0"}}};
+constexpr const char* kUnderlineWords[] = {"\\ulnone", "\\ul",     "\\uldb",     "\\uld",     "\\ulwave",
+                                           "\\ulw",    "\\uldash", "\\ulldash",  "\\uldashd", "\\uldashdd",
+                                           "\\ulth",   "\\ulthd",  "\\ulthdash", "\\ulhwave", "\\ululdbwave"};
+constexpr const char* kParagraphWords[kParagraphSwitches.size()] = {"\\pagebb", "\\keepn", "\\keep"};
+constexpr const char* kLeaderWords[] = {nullptr, "\\tldot", "\\tlmdot", "\\tlhyph", "\\tlul", "\\tlth", "\\tleq"};
+constexpr const char* kNumeralWords[] = {nullptr,     "\\pnlvlblt", "\\pndec", "\\pnucltr",
+                                         "\\pnlcltr", "\\pnucrm",   "\\pnlcrm"};
 constexpr QStringView kBulletFont = u"Symbol";
+constexpr char16_t kSymbolBullet = 0xF0B7;
 
 /// True for ASCII that stands for itself in RTF.
 constexpr std::array<bool, 128> kPlain = [] {
@@ -88,44 +101,83 @@ QByteArray ByteWriter::take() {
 RtfWriter::RtfWriter(const RichText& text) : text_(text), out_(text.size() + text.size() / 8 + 512) {}
 
 QByteArray RtfWriter::write() {
-  collectStyles();
-  collectBullets();
+  collect(text_);
   writeHead();
-  startParagraph();
-  text_.visit(*this);
+  writePart(text_, PartKind::Whole);
   out_.put("}\r\n");
   return out_.take();
 }
 
-void RtfWriter::collectStyles() {
-  for (qsizetype i = 0; i < text_.runCount(); ++i) {
-    const CharFormat* const format = text_.run(i).format;
+void RtfWriter::collect(const RichText& text) {
+  for (qsizetype i = 0; i < text.runCount(); ++i) {
+    const CharFormat* const format = text.run(i).format;
     if (!styles_.contains(format)) {
       styles_.insert(format, styleOf(*format));
+      if (format->object && format->object->content) {
+        collect(*format->object->content);
+      }
     }
   }
-  defaultFont_ = fontNumbers_.value(QString(), 0);
-  style_.font = fonts_[defaultFont_].isEmpty() ? defaultFont_ : -1;  // a font with a name is always stated
+  const ParagraphFormat* last = nullptr;
+  for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
+    const ParagraphFormat* const format = text.paragraph(i).format;
+    if (format != last && format->list.style == ListMark::Style::Bullet && !bulletFont(format->list).isEmpty()) {
+      fontNumber(bulletFont(format->list));
+    }
+    if (format != last) {
+      colourNumber(format->background);
+    }
+    last = format;
+  }
 }
 
-void RtfWriter::collectBullets() {
-  for (qsizetype i = 0; i < text_.paragraphCount() && bulletFont_ < 0; ++i) {
-    bulletFont_ = text_.paragraph(i).format->bullet ? fontNumber(kBulletFont.toString()) : -1;
+void RtfWriter::writePart(const RichText& text, PartKind kind) {
+  Part outer = std::exchange(part_, {});
+  part_.text = &text;
+  part_.kind = kind;
+  part_.style = plainStyle();
+  if (kind != PartKind::Whole) {
+    word("\\plain");
   }
+  startParagraph();
+  if (kind == PartKind::NumberedNote) {
+    out_.put("{\\super\\chftn}");
+    needsBlank_ = false;
+  }
+  text.visit(*this);
+  closeField();
+  part_ = std::move(outer);
+}
+
+RtfWriter::Style RtfWriter::plainStyle() const {
+  Style style;
+  style.colour = style.background = 0;
+  return style;
 }
 
 RtfWriter::Style RtfWriter::styleOf(const CharFormat& format) {
-  return {{format, fontNumber(format.fontName), colourNumber(format.colour), colourNumber(format.background)},
-          isSymbolFont(format.fontName)};
+  Style style;
+  static_cast<CharLook&>(style) = format;
+  style.font = fontNumber(format.fontName);
+  style.associatedFont = format.associatedFont.isEmpty() ? -1 : fontNumber(format.associatedFont);
+  style.colour = colourNumber(format.colour);
+  style.background = colourNumber(format.background);
+  style.isSymbol = isSymbolFont(format.fontName);
+  return style;
 }
 
+/// -1 for no name. The numbers begin with 1 so that font 0, the default one, stays without a name where it is needed.
 int RtfWriter::fontNumber(const QString& name) {
+  if (name.isEmpty()) {
+    hasUnnamed_ = true;
+    return -1;
+  }
   const auto known = fontNumbers_.constFind(name);
   if (known != fontNumbers_.constEnd()) {
     return *known;
   }
-  const int number = static_cast<int>(fonts_.size());
   fonts_.append(name);
+  const int number = static_cast<int>(fonts_.size());
   fontNumbers_.insert(name, number);
   return number;
 }
@@ -145,17 +197,21 @@ int RtfWriter::colourNumber(const std::optional<quint32>& colour) {
 }
 
 void RtfWriter::writeHead() {
-  out_.put("{\\rtf1\\ansi\\ansicpg1252\\deff");
-  out_.putNumber(defaultFont_);
-  out_.put("{\\fonttbl");
+  out_.put("{\\rtf1\\ansi\\ansicpg1252");
+  if (!hasUnnamed_ && !fonts_.isEmpty()) {
+    out_.put("\\deff1");
+  }
+  if (!fonts_.isEmpty()) {
+    out_.put("{\\fonttbl");
+  }
   for (qsizetype i = 0; i < fonts_.size(); ++i) {
     out_.put("{\\f");
-    out_.putNumber(static_cast<int>(i));
+    out_.putNumber(static_cast<int>(i) + 1);
     out_.put(isSymbolFont(fonts_[i]) ? "\\fnil\\fcharset2 " : "\\fnil\\fcharset0 ");
     writeFontName(fonts_[i]);
     out_.put(";}");
   }
-  out_.put("}\r\n{\\colortbl ;");
+  out_.put(fonts_.isEmpty() ? "{\\colortbl ;" : "}\r\n{\\colortbl ;");
   for (const quint32 colour : colours_) {
     word("\\red", static_cast<int>(colour & 0xFFU));
     word("\\green", static_cast<int>(colour >> 8 & 0xFFU));
@@ -163,6 +219,10 @@ void RtfWriter::writeHead() {
     out_.put(";");
   }
   out_.put("}\r\n\\viewkind4\\uc1");
+  needsBlank_ = true;
+  if (text_.defaultTab() > 0) {
+    word("\\deftab", text_.defaultTab());
+  }
 }
 
 void RtfWriter::writeFontName(const QString& name) {
@@ -192,40 +252,110 @@ void RtfWriter::word(const char* name, int number) {
 }
 
 /// In front of every paragraph of the list, for those who know no \pn.
-void RtfWriter::putLabel() {
-  out_.put("{\\pntext\\f");
-  out_.putNumber(bulletFont_);
-  out_.put("\\'B7\\tab}");
+void RtfWriter::putLabel(const ListMark& mark) {
+  part_.numbering.next(mark);
+  out_.put("{\\pntext");
+  needsBlank_ = true;
+  if (mark.style == ListMark::Style::Bullet) {
+    const QString font = bulletFont(mark);
+    if (!font.isEmpty()) {
+      word("\\f", fontNumber(font));
+    }
+    putBullet(mark);
+  } else {
+    units(part_.numbering.label(mark));
+  }
+  out_.put("\\tab}");
+  needsBlank_ = false;
+}
+
+/// The sign of the usual bullet is the symbol font's; any other stands in the font that it came with.
+QString RtfWriter::bulletFont(const ListMark& mark) {
+  const bool isUsual = mark.fontName.isEmpty() && mark.before == ListMark::bullet().before;
+  return isUsual ? kBulletFont.toString() : mark.fontName;
+}
+
+void RtfWriter::putBullet(const ListMark& mark) {
+  const bool isUsual = mark.fontName.isEmpty() && mark.before == ListMark::bullet().before;
+  if (isUsual) {
+    symbols(QString(QChar(kSymbolBullet)));
+  } else if (isSymbolFont(mark.fontName)) {
+    symbols(mark.before);
+  } else {
+    units(mark.before);
+  }
+}
+
+void RtfWriter::putList(const ListMark& mark) {
+  out_.put("{\\*\\pn");
+  needsBlank_ = true;
+  const bool isBullet = mark.style == ListMark::Style::Bullet;
+  if (isBullet) {
+    word("\\pnlvlblt");
+  }
+  if (!isBullet || mark.level > 0) {
+    word("\\pnlvl", mark.level + 1);
+  }
+  if (isBullet && !bulletFont(mark).isEmpty()) {
+    word("\\pnf", fontNumber(bulletFont(mark)));
+  }
+  if (!isBullet) {
+    word(kNumeralWords[static_cast<size_t>(mark.style)]);
+  }
+  if (mark.withParents) {
+    word("\\pnprev");
+  }
+  if (mark.start > 0) {
+    word("\\pnstart", mark.start);
+  }
+  out_.put("\\pnindent0{\\pntxtb");
+  needsBlank_ = true;
+  if (isBullet) {
+    putBullet(mark);
+  } else {
+    units(mark.before);
+    out_.put("}{\\pntxta");
+    needsBlank_ = true;
+    units(mark.after);
+  }
+  out_.put("}}");
   needsBlank_ = false;
 }
 
 void RtfWriter::startParagraph() {
-  const ParagraphFormat& format = *text_.paragraph(paragraph_).format;
-  const bool isNew = &format != paragraphFormat_;
+  const ParagraphFormat& format = *part_.text->paragraph(part_.paragraph).format;
+  const bool isNew = &format != part_.paragraphFormat;
   if (isNew) {
     word("\\pard");
   }
-  if (format.bullet) {
-    putLabel();
+  if (format.list.style != ListMark::Style::None) {
+    putLabel(format.list);
+  } else {
+    part_.numbering.endLists();
   }
   if (isNew) {
-    paragraphFormat_ = &format;
+    part_.paragraphFormat = &format;
     putFormat(format);
   }
 }
 
 void RtfWriter::putFormat(const ParagraphFormat& format) {
   static constexpr const char* kAlignments[] = {nullptr, "\\qc", "\\qr", "\\qj"};
-  static constexpr const char* kTabKinds[] = {nullptr, "\\tqc", "\\tqr", "\\tqdec"};
   const auto length = [this](const char* name, int twips) {
     if (twips != 0) {
       word(name, twips);
     }
   };
-  if (format.bullet) {
-    out_.put("{\\*\\pn\\pnlvlblt\\pnf");
-    out_.putNumber(bulletFont_);
-    out_.put("\\pnindent0{\\pntxtb\\'B7}}");
+  if (format.list.style != ListMark::Style::None) {
+    putList(format.list);
+  }
+  if (format.rightToLeft) {
+    word("\\rtlpar");
+  }
+  for (size_t i = 0; i < kParagraphSwitches.size(); ++i) {
+    if (format.*kParagraphSwitches[i]) {
+      word(kParagraphWords[i]);
+    }
   }
   length("\\fi", format.firstIndent);
   length("\\li", format.leftIndent);
@@ -239,8 +369,19 @@ void RtfWriter::putFormat(const ParagraphFormat& format) {
   if (const char* name = kAlignments[static_cast<size_t>(format.alignment)]) {
     word(name);
   }
-  for (const TabStop& stop : format.tabStops) {
+  if (format.background) {
+    word("\\cbpat", colourNumber(format.background));
+  }
+  putTabs(format.tabStops);
+}
+
+void RtfWriter::putTabs(const QList<TabStop>& stops) {
+  static constexpr const char* kTabKinds[] = {nullptr, "\\tqc", "\\tqr", "\\tqdec"};
+  for (const TabStop& stop : stops) {
     if (const char* name = kTabKinds[static_cast<size_t>(stop.kind)]) {
+      word(name);
+    }
+    if (const char* name = kLeaderWords[static_cast<size_t>(stop.leader)]) {
       word(name);
     }
     word("\\tx", stop.position);
@@ -248,26 +389,46 @@ void RtfWriter::putFormat(const ParagraphFormat& format) {
 }
 
 void RtfWriter::setFormat(const CharFormat& format) {
-  if (&format == charFormat_) {
+  if (&format == part_.charFormat) {
     return;
   }
-  charFormat_ = &format;
+  if (format.field != part_.field) {
+    closeField();
+    openField(format.field);
+  }
+  part_.charFormat = &format;
   const Style style = *styles_.constFind(&format);
-  change(style_, style);
-  style_ = style;
+  change(part_.style, style);
+  part_.style = style;
 }
 
 void RtfWriter::change(const Style& from, const Style& to) {
-  if (to.halfPoints == 0 && from.halfPoints != 0) {  // no word takes a size back but this
-    word("\\plain");
-    change(plainStyle(defaultFont_), to);
+  // No word takes these back but the one that takes back all.
+  const bool goesBack = (to.halfPoints == 0 && from.halfPoints != 0) || (to.language == 0 && from.language != 0) ||
+                        (to.font < 0 && from.font >= 0) || (to.associatedFont < 0 && from.associatedFont >= 0) ||
+                        (to.associated.halfPoints == 0 && from.associated.halfPoints != 0) ||
+                        (to.associated.language == 0 && from.associated.language != 0) ||
+                        (to.direction == CharLook::Direction::None && from.direction != to.direction);
+  if (!goesBack) {
+    changeLook(from, to);
     return;
   }
+  if (from.script != CharFormat::Script::Normal) {
+    word("\\nosupersub");  // \plain alone is not enough for every program
+  }
+  word("\\plain");
+  changeLook(plainStyle(), to);
+}
+
+void RtfWriter::changeLook(const Style& from, const Style& to) {
   const auto number = [this](const char* name, int old, int now) {
     if (old != now) {
       word(name, now);
     }
   };
+  if (from.direction != to.direction) {
+    word(to.direction == CharLook::Direction::RightToLeft ? "\\rtlch" : "\\ltrch");
+  }
   number("\\cf", from.colour, to.colour);
   number("\\highlight", from.background, to.background);
   for (size_t i = 0; i < kCharSwitches.size(); ++i) {
@@ -276,10 +437,20 @@ void RtfWriter::change(const Style& from, const Style& to) {
       word(isOn ? kSwitchWords[i].on : kSwitchWords[i].off);
     }
   }
+  if (from.underline != to.underline) {
+    word(kUnderlineWords[static_cast<size_t>(to.underline)]);
+  }
   if (from.script != to.script) {
     static constexpr const char* kScripts[] = {"\\nosupersub", "\\sub", "\\super"};
     word(kScripts[static_cast<size_t>(to.script)]);
   }
+  number("\\expndtw", from.letterSpacing, to.letterSpacing);
+  number("\\lang", from.language, to.language);
+  number("\\ab", from.associated.bold, to.associated.bold);
+  number("\\ai", from.associated.italic, to.associated.italic);
+  number("\\alang", from.associated.language, to.associated.language);
+  number("\\af", from.associatedFont, to.associatedFont);
+  number("\\afs", from.associated.halfPoints, to.associated.halfPoints);
   number("\\f", from.font, to.font);
   number("\\fs", from.halfPoints, to.halfPoints);
 }
@@ -288,7 +459,7 @@ void RtfWriter::text(QStringView units, const CharFormat& format) {
   setFormat(format);
   while (!units.isEmpty()) {
     const QStringView chunk = units.first(std::min(kChunk, units.size()));
-    style_.isSymbol ? symbols(chunk) : this->units(chunk);
+    part_.style.isSymbol ? symbols(chunk) : this->units(chunk);
     units = units.sliced(chunk.size());
   }
 }
@@ -339,11 +510,18 @@ void RtfWriter::lineBreak(const CharFormat& format) {
   word("\\line");
 }
 
+/// A note's group ends its last paragraph.
 void RtfWriter::paragraphEnd(const CharFormat& format, const ParagraphFormat&) {
+  const bool isLast = ++part_.paragraph == part_.text->paragraphCount();
+  if (isLast && part_.kind != PartKind::Whole) {
+    closeField();
+    change(part_.style, *styles_.constFind(&format));
+    return;
+  }
   setFormat(format);
   out_.put("\\par \r\n");
   needsBlank_ = false;
-  if (++paragraph_ < text_.paragraphCount()) {
+  if (!isLast) {
     startParagraph();
   }
 }

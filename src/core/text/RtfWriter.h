@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/text/ListMark.h"
 #include "core/text/RichText.h"
 #include "core/text/RtfLook.h"
 
@@ -37,6 +38,7 @@ class RtfWriter {
 
   // What RichText::visit calls.
   void text(QStringView units, const CharFormat& format);
+  void object(const CharFormat& format);
   void lineBreak(const CharFormat& format);
   void paragraphEnd(const CharFormat& format, const ParagraphFormat& paragraph);
 
@@ -45,22 +47,49 @@ class RtfWriter {
   struct Style : RtfLook {
     bool isSymbol = false;
   };
+  enum class PartKind : quint8 { Whole, Note, NumberedNote };
+  /// A text that is being written: the whole, or that of a note in it.
+  struct Part {
+    const RichText* text = nullptr;
+    PartKind kind = PartKind::Whole;
+    qsizetype paragraph = 0;
+    const ParagraphFormat* paragraphFormat = nullptr;  ///< In force; none at the start.
+    const CharFormat* charFormat = nullptr;            ///< In force; none when only the style is known.
+    Style style{};
+    ListNumbering numbering{};
+    /// The field that is open, and what holds again behind it.
+    QString field{};
+    Style styleBehind{};
+    const ParagraphFormat* paragraphBehind = nullptr;
+  };
 
-  void collectStyles();
-  void collectBullets();
+  void collect(const RichText& text);
   Style styleOf(const CharFormat& format);
   /// What holds where no word has set anything.
-  static Style plainStyle(int font) { return {{{}, font, 0, 0}}; }
+  Style plainStyle() const;
   int fontNumber(const QString& name);
   int colourNumber(const std::optional<quint32>& colour);
   void writeHead();
   void writeFontName(const QString& name);
+  void writePart(const RichText& text, PartKind kind);
 
   void startParagraph();
-  void putLabel();
+  static QString bulletFont(const ListMark& mark);
+  void putLabel(const ListMark& mark);
+  void putBullet(const ListMark& mark);
+  void putList(const ListMark& mark);
   void putFormat(const ParagraphFormat& format);
+  void putTabs(const QList<TabStop>& stops);
   void setFormat(const CharFormat& format);
   void change(const Style& from, const Style& to);
+  void changeLook(const Style& from, const Style& to);
+  void openField(const QString& instruction);
+  void closeField();
+  void putInstruction(QStringView instruction);
+  void putObject(const InlineObject& object);
+  void putNote(const InlineObject& note);
+  void putContent(const InlineObject& object);
+  void putNamed(QByteArrayView word, QStringView name);
   void word(const char* name);
   void word(const char* name, int number);
   void units(QStringView units);
@@ -73,12 +102,8 @@ class RtfWriter {
   QHash<QString, int> fontNumbers_;
   QList<quint32> colours_;
   QHash<quint32, int> colourNumbers_;
-  int defaultFont_ = 0;
-  int bulletFont_ = -1;  ///< None while no paragraph has a bullet.
-
-  qsizetype paragraph_ = 0;
-  const ParagraphFormat* paragraphFormat_ = nullptr;  ///< In force; none at the start.
-  const CharFormat* charFormat_ = nullptr;
-  Style style_ = plainStyle(0);
+  /// Some text states no font: no font is the default one then, so that the reader's own holds for it.
+  bool hasUnnamed_ = false;
+  Part part_;
   bool needsBlank_ = false;  ///< A control word was last, and text would run into it.
 };

@@ -94,7 +94,11 @@ void frmRTFHidden::ReplaceAll(const QString& find, const QString& replace, bool 
 }
 
 QByteArray frmRTFHidden::GetRTF() const {
-  return edited_ ? writeRtf(*text_) : rtf_;
+  if (edited_ || !isRtf(rtf_)) {
+    return writeRtf(Text());
+  }
+  const QByteArrayView start = rtfStart(rtf_);
+  return start.size() == rtf_.size() ? rtf_ : start.toByteArray();
 }
 
 QString frmRTFHidden::GetPlain() const {

@@ -8,7 +8,7 @@
 #include <optional>
 
 /// The rich-text worker that is never shown: RTF in, plain text or altered RTF out. RTF is read into a rich
-/// text only when an operation changes it; what nothing has changed comes back byte for byte.
+/// text only when an operation changes it; RTF that nothing has changed comes back byte for byte.
 class frmRTFHidden {
  public:
   /// Replaces all content. Bytes that are no RTF are plain text in our code page.
@@ -24,6 +24,7 @@ class frmRTFHidden {
   void InsertText(const QString& text);
   /// Formatting at each match stays. An empty `find` matches nothing.
   void ReplaceAll(const QString& find, const QString& replace, bool caseSensitive);
+  /// Always RTF, whatever was set, and without what stood in front of its head.
   QByteArray GetRTF() const;
   QString GetPlain() const;
   /// Replacements that the last ReplaceAll made.

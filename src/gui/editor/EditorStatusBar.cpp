@@ -2,14 +2,15 @@
 
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
+#include "gui/toolkit/PlainToolTip.h"
 
 using namespace Qt::StringLiterals;
 
 EditorStatusBar::EditorStatusBar(QWidget* parent) : QStatusBar(parent), panels_{} {
   setObjectName(u"StatusBar1"_s);
   for (int panel = 1; panel <= static_cast<int>(panels_.size()); ++panel) {
-    // A chapter's title may be of any length and must not widen the window.
-    const bool stretches = panel == chapterTitle;
+    // A chapter's title or a hint may be of any length and must not widen the window.
+    const bool stretches = panel == chapterTitle || panel == hint;
     QLabel* const label = stretches ? new ElidedLabel(this) : makeLabel({}, {}, this);
     giveName(*label, u"StatusBar1(%1)"_s.arg(panel));
     label->setContentsMargins(6, 0, 6, 0);
@@ -19,6 +20,8 @@ EditorStatusBar::EditorStatusBar(QWidget* parent) : QStatusBar(parent), panels_{
   panels_[chapterTitle - 1]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
-void EditorStatusBar::setPanel(int panel, const QString& text) {
-  panels_[static_cast<size_t>(panel - 1)]->setText(text);
+void EditorStatusBar::setPanel(int panel, const QString& text, const QString& toolTip) {
+  QLabel& label = *panels_[static_cast<size_t>(panel - 1)];
+  label.setText(text);
+  label.setToolTip(plainToolTip(toolTip));
 }

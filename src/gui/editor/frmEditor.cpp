@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/EditorObjects.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTab.h"
@@ -80,6 +81,9 @@ void frmEditor::createActions() {
   file->addSeparator();
   add(file, "mnuExit", u"Close"_s, [this] { closeForm(); });
   QMenu* const tools = addMenu("mnuTools", u"Tools"_s);
+  add(tools, "mnuOpenNote", u"Open note or link"_s, [this] {
+    mnuOpenNote_Click();
+  })->setShortcut(QKeySequence(u"Ctrl+Return"_s));
   add(tools, "mnuTop20", u"Show word usage"_s, [this] { mnuTop20_Click(); });
   assignMnemonics(menuBar()->actions());
   assignMnemonics(file->actions());
@@ -91,6 +95,7 @@ void frmEditor::buildLayout() {
   giveName(*txtMain, u"txtMain"_s, u"Scene text"_s);
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
+  new EditorObjects(*txtMain);
   auto* upper = new QWidget(this);
   fontBar_ = new FontBar(*txtMain, upper);
   auto* upperLayout = new QVBoxLayout(upper);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/model/SceneEditor.h"
+#include "core/text/Rtf.h"
 #include "gui/editor/EditorColours.h"
 
 #include <QMainWindow>
@@ -30,7 +31,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   ~frmEditor() override;
 
   void EditScene(qint32 id) override;
-  /// Copies the controls into the scene, the text in the one colour of saved text.
+  /// Copies the controls into the scene, the text in the one colour of saved text. A text that nobody edited stays as
+  /// the scene has it, byte for byte.
   void FormToData(clsScene& scene);
 
   void Show() override;
@@ -68,7 +70,13 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void ShowScene();
   void DataToForm(qint32 id, bool loadText);
   void loadMainText(const clsScene& scene);
+  QByteArray textToSave() const;
+  void tellLosses();
+  /// Puts a copy of the scene's text as it was into the day's backups, if what is going to be saved lacks something of
+  /// it. False when that failed and the user wants no save without it.
+  bool keepOriginal(clsScene& scene, bool mayAsk);
   void applyEditorFont();
+  void mnuOpenNote_Click();
   void textChanged();
   void mnuTop20_Click();
   void ShowSceneWordCount();
@@ -95,6 +103,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   bool leaving_ = false;
   qint16 CurrentTab = 0;
   EditorColours colours_;
+  /// What of the scene's text the next save loses.
+  RtfLosses losses_;
   /// Nothing was counted yet.
   std::optional<QString> LastCountedText;
   QTimer TimerWC;

@@ -27,6 +27,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kWordCountMs = 3000;
+constexpr int kHintMs = 4000;
 
 }  // namespace
 
@@ -72,10 +73,26 @@ void frmEditor::DataToForm(qint32 id, bool loadText) {
 
 void frmEditor::loadMainText(const clsScene& from) {
   applyEditorFont();
-  RichText text = readRtf(from.TextRTF());
+  RichText text = readRtf(from.TextRTF(), &losses_);
   ResetFontColour(text, colours_.textColour());
   SetMainIndent(text);
   txtMain->setRichText(text);
+  tellLosses();
+}
+
+void frmEditor::tellLosses() {
+  const QString names = namesOf(losses_).join(u", "_s);
+  StatusBar1->setPanel(EditorStatusBar::hint, losses_ ? u"Not kept when saved: "_s + names : QString(),
+                       losses_ ? u"This text holds what can't be kept when you change and save it: %1. The file as it "
+                                 "is now goes into the day's backup folder first."_s.arg(names)
+                               : QString());
+}
+
+QByteArray frmEditor::textToSave() const {
+  RichText text = txtMain->richText();
+  ResetFontColour(text, colours_.textColour());
+  nameFont(text, txtMain->font());
+  return writeRtf(text);
 }
 
 void frmEditor::FormToData(clsScene& into) {
@@ -83,10 +100,30 @@ void frmEditor::FormToData(clsScene& into) {
   for (const EditorTab* const tab : tabs_) {
     tab->FormToData(into);
   }
-  RichText text = txtMain->richText();
-  ResetFontColour(text, colours_.textColour());
-  into.setTextRTF(writeRtf(text));
+  const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
+  if (txtMain->isEdited() || isNew) {
+    into.setTextRTF(textToSave());
+    txtMain->setUnedited();
+  }
   TimerWC.start(kWordCountMs);
+}
+
+bool frmEditor::keepOriginal(clsScene& of, bool mayAsk) {
+  if (!losses_ || !txtMain->isEdited()) {
+    return true;
+  }
+  if (!backUpOriginal(of) && mayAsk) {
+    const Answer answer = toolkit().MsgBox(
+        u"The text as it was could not be copied to the backup folder. Saving it now loses: %1.\n\nSave all the same?"_s
+            .arg(namesOf(losses_).join(u", "_s)),
+        Buttons::NoUnlessYes);
+    if (answer != Answer::Yes) {
+      return false;
+    }
+  }
+  losses_ = {};
+  tellLosses();
+  return true;
 }
 
 void frmEditor::textChanged() {
@@ -96,7 +133,7 @@ void frmEditor::textChanged() {
 
 void frmEditor::ShowSceneWordCount() {
   TimerWC.stop();
-  const QString text = txtMain->Text();
+  const QString text = txtMain->PlainText();
   if (text != LastCountedText) {
     LastCountedText = text;
     const qint32 words = Html().CalcWordCount(text);
@@ -129,8 +166,15 @@ void frmEditor::LetGo() {
 void frmEditor::mnuTop20_Click() {
   const BusyPointer pointer;
   clsHashTable table;
-  BreakAndHash(table, txtMain->Text());
+  BreakAndHash(table, txtMain->PlainText());
   frmWordCount::showOver(*this, table);
+}
+
+void frmEditor::mnuOpenNote_Click() {
+  if (!txtMain->openAtCaret()) {
+    StatusBar1->setPanel(EditorStatusBar::hint, u"There is no note or link at the caret"_s);
+    QTimer::singleShot(kHintMs, this, &frmEditor::tellLosses);
+  }
 }
 
 bool frmEditor::SaveChanges(bool) {
@@ -138,6 +182,9 @@ bool frmEditor::SaveChanges(bool) {
   if (!saved) {
     toolkit().MsgBox(
         u"This scene isn't in the open project any more, so it can't be saved. Please copy its text to keep it."_s);
+    return false;
+  }
+  if (!keepOriginal(*saved, true)) {
     return false;
   }
   FormToData(*saved);
@@ -183,6 +230,7 @@ void frmEditor::SaveQuietly() {
     keepWithoutBook();
     return;
   }
+  keepOriginal(*saved, false);
   SaveChanges(false);
   Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved); });
 }
@@ -190,6 +238,7 @@ void frmEditor::SaveQuietly() {
 void frmEditor::keepWithoutBook() {
   clsScene kept;
   FormToData(kept);
+  kept.setTextRTF(textToSave());
   RescueFolder(*g_Project).keep(kept);
 }
 

@@ -2,32 +2,19 @@
 
 #include "core/text/Rtf.h"
 #include "core/text/TextUnits.h"
-#include "gui/toolkit/Colours.h"
+#include "gui/toolkit/InlineObjectView.h"
 #include "gui/toolkit/RichTextDocument.h"
 
-#include <QFontInfo>
-#include <QKeyEvent>
-#include <QMimeData>
 #include <QScopedValueRollback>
-#include <QScrollBar>
-#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextFrame>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A system colour is the automatic one.
-QTextCharFormat foregroundOf(const RichTextBox::Colour& colour) {
-  CharFormat format;
-  format.colour = colour && Colours::isSystem(*colour) ? std::nullopt : colour;
-  QTextCharFormat change;
-  change.setForeground(RichTextDocument::toQt(format).foreground());
-  return change;
-}
 
 /// Line ends as a document has them.
 QString documentText(const QString& text) {
@@ -41,14 +28,30 @@ QString documentText(const QString& text) {
   return result;
 }
 
-bool isUndoOrRedo(const QKeyEvent& key) {
-  return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+/// First lines that hang out over the margin would be cut off.
+void makeRoom(QTextDocument& document, const RichText& text) {
+  const RichTextDocument::Overhang overhang = RichTextDocument::overhang(text);
+  if (overhang.left <= 0 && overhang.right <= 0) {
+    return;
+  }
+  QTextFrameFormat frame = document.rootFrame()->frameFormat();
+  frame.setLeftMargin(document.documentMargin() + overhang.left);
+  frame.setRightMargin(document.documentMargin() + overhang.right);
+  document.rootFrame()->setFrameFormat(frame);
+}
+
+/// Words take on colours as marks.
+RichText withoutColours(RichText text) {
+  text.formatCharacters(0, -1, [](CharFormat& format) { format.colour.reset(); });
+  return text;
 }
 
 }  // namespace
 
-RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent) {
+RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent), objects_(new InlineObjectView(*this)) {
   setAcceptRichText(false);
+  viewport()->setMouseTracking(true);
+  connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::tellOfCaret);
   load(RichText());
 }
 
@@ -67,7 +70,9 @@ void RichTextBox::load(const RichText& text) {
   fresh->setUndoRedoEnabled(false);
   fresh->setDefaultFont(font());
   fresh->setDocumentMargin(document()->documentMargin());
+  objects_->watch(*fresh);
   RichTextDocument::fill(*fresh, text);
+  makeRoom(*fresh, text);
   // Without a size nothing is laid out before the control gives it its own.
   fresh->setPageSize({0, 0});
   quietly([&] {
@@ -79,6 +84,9 @@ void RichTextBox::load(const RichText& text) {
     }
   });
   watch();
+  original_ = text;
+  edited_ = false;
+  hasLists_ = RichTextDocument::hasLists(text);
   loaded_ = text;
   plain_.reset();
 }
@@ -95,9 +103,14 @@ void RichTextBox::watch() {
 }
 
 void RichTextBox::changed() {
-  if (quiet_ == 0) {
-    Q_EMIT Changed();
+  if (quiet_ != 0) {
+    return;
   }
+  edited_ = true;
+  if (hasLists_) {
+    viewport()->update();  // the numbers of items further down may have changed
+  }
+  Q_EMIT Changed();
 }
 
 /// For changes that are none of the user's, or that announce themselves once when they are done.
@@ -115,6 +128,19 @@ RichText RichTextBox::richText() const {
 
 QByteArray RichTextBox::TextRTF() const {
   return loadedRtf_ ? *loadedRtf_ : writeRtf(richText());
+}
+
+bool RichTextBox::isEdited() const {
+  return edited_ && withoutColours(richText()) != withoutColours(original_);
+}
+
+void RichTextBox::setUnedited() {
+  original_ = richText();
+  edited_ = false;
+}
+
+QString RichTextBox::PlainText() const {
+  return richText().plainText();
 }
 
 const RichTextBox::Plain& RichTextBox::plain() const {
@@ -202,9 +228,10 @@ void RichTextBox::setSelText(const QString& text) {
   }
   quietly([&] {
     QTextCursor cursor = textCursor();
-    const QTextCharFormat format = selectedFormat();
+    CharFormat format = RichTextDocument::fromQt(selectedFormat());
+    format.object.reset();
     plain_.reset();
-    cursor.insertText(documentText(text), format);
+    cursor.insertText(documentText(text), RichTextDocument::toQt(format));
     setTextCursor(cursor);
     plain_.reset();
   });
@@ -215,174 +242,41 @@ RichText RichTextBox::SelRichText() const {
   return richText().slice(SelStart(), SelLength());
 }
 
-QByteArray RichTextBox::SelRTF() const {
-  return writeRtf(SelRichText());
-}
-
-QTextCharFormat RichTextBox::selectedFormat() const {
-  QTextCursor cursor = textCursor();
-  if (!cursor.hasSelection()) {
-    return cursor.charFormat();
+void RichTextBox::setSelRichText(const RichText& text) {
+  if (text.isEmpty() && !textCursor().hasSelection()) {
+    return;
   }
-  cursor.setPosition(cursor.selectionStart() + 1);
-  return cursor.charFormat();
-}
-
-void RichTextBox::mergeSelected(const QTextCharFormat& change) {
   quietly([&] {
     QTextCursor cursor = textCursor();
-    cursor.beginEditBlock();
-    cursor.mergeCharFormat(change);
-    const bool takesAll = cursor.selectionStart() == 0 && cursor.selectionEnd() == document()->characterCount() - 1;
-    if (takesAll || (!cursor.hasSelection() && cursor.block().length() == 1)) {
-      // The end of an empty or of the first paragraph, which no selection takes in.
-      QTextCursor end(takesAll ? document()->firstBlock() : cursor.block());
-      end.mergeBlockCharFormat(change);
-    }
-    cursor.endEditBlock();
+    RichTextDocument::insert(cursor, text);
     setTextCursor(cursor);
+    plain_.reset();
   });
-}
-
-RichTextBox::Colour RichTextBox::SelColor() const {
-  return RichTextDocument::fromQt(selectedFormat()).colour;
-}
-
-void RichTextBox::setSelColor(Colour colour) {
-  mergeSelected(foregroundOf(colour));
-}
-
-QString RichTextBox::SelFontName() const {
-  const QString name = RichTextDocument::fromQt(selectedFormat()).fontName;
-  return name.isEmpty() ? font().family() : name;
-}
-
-void RichTextBox::setSelFontName(const QString& name) {
-  QTextCharFormat change;
-  change.setFontFamilies({name});
-  mergeSelected(change);
+  hasLists_ = hasLists_ || RichTextDocument::hasLists(text);
   changed();
 }
 
-double RichTextBox::SelFontSize() const {
-  const double points = selectedFormat().fontPointSize();
-  return points > 0 ? points : QFontInfo(font()).pointSizeF();  // whose own size may stand in pixels
+std::shared_ptr<const InlineObject> RichTextBox::objectAt(qsizetype position) const {
+  const bool isObject =
+      position >= 0 && position < Text().size() && Text()[position] == QChar::ObjectReplacementCharacter;
+  return isObject ? formatOfCharacter(toDocument(position)).object : nullptr;
 }
 
-void RichTextBox::setSelFontSize(double points) {
-  if (points <= 0) {
+void RichTextBox::replaceObject(qsizetype position, std::shared_ptr<const InlineObject> object) {
+  if (!objectAt(position)) {
     return;
   }
-  QTextCharFormat change;
-  change.setFontPointSize(qRound(points * 2) / 2.0);
-  mergeSelected(change);
-  changed();
-}
-
-bool RichTextBox::SelBold() const {
-  return RichTextDocument::fromQt(selectedFormat()).bold;
-}
-
-void RichTextBox::setSelBold(bool on) {
-  QTextCharFormat change;
-  change.setFontWeight(on ? QFont::Bold : QFont::Normal);
-  mergeSelected(change);
-  changed();
-}
-
-bool RichTextBox::SelItalic() const {
-  return selectedFormat().fontItalic();
-}
-
-void RichTextBox::setSelItalic(bool on) {
-  QTextCharFormat change;
-  change.setFontItalic(on);
-  mergeSelected(change);
-  changed();
-}
-
-bool RichTextBox::SelUnderline() const {
-  return selectedFormat().fontUnderline();
-}
-
-void RichTextBox::setSelUnderline(bool on) {
-  QTextCharFormat change;
-  change.setFontUnderline(on);
-  mergeSelected(change);
-  changed();
-}
-
-ParagraphFormat RichTextBox::selectedParagraph() const {
-  return RichTextDocument::fromQt(document()->findBlock(textCursor().selectionStart()).blockFormat());
-}
-
-void RichTextBox::changeParagraphs(const std::function<void(ParagraphFormat&)>& change) {
   quietly([&] {
-    const QTextCursor selected = textCursor();
-    QTextCursor cursor(document());
-    cursor.beginEditBlock();
-    QTextBlock block = document()->findBlock(selected.selectionStart());
-    for (; block.isValid() && block.position() <= selected.selectionEnd(); block = block.next()) {
-      const QTextBlockFormat old = block.blockFormat();
-      ParagraphFormat format = RichTextDocument::fromQt(old);
-      change(format);
-      cursor.setPosition(block.position());
-      cursor.setBlockFormat(RichTextDocument::toQt(normalised(format), old.objectIndex()));
-    }
-    cursor.endEditBlock();
+    QTextCursor cursor = cursorOver(position, 1);
+    CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
+    format.object = std::move(object);
+    cursor.insertText(QString(QChar(QChar::ObjectReplacementCharacter)), RichTextDocument::toQt(format));
   });
   changed();
 }
 
-int RichTextBox::SelIndent() const {
-  const ParagraphFormat format = selectedParagraph();
-  return format.leftIndent + format.firstIndent;
-}
-
-void RichTextBox::setSelIndent(int twips) {
-  changeParagraphs([twips](ParagraphFormat& format) { format.leftIndent = twips - format.firstIndent; });
-}
-
-int RichTextBox::SelHangingIndent() const {
-  return -selectedParagraph().firstIndent;
-}
-
-void RichTextBox::setSelHangingIndent(int twips) {
-  changeParagraphs([twips](ParagraphFormat& format) {
-    format.leftIndent += format.firstIndent + twips;
-    format.firstIndent = -twips;
-  });
-}
-
-ParagraphFormat::Alignment RichTextBox::SelAlignment() const {
-  return selectedParagraph().alignment;
-}
-
-void RichTextBox::setSelAlignment(ParagraphFormat::Alignment alignment) {
-  changeParagraphs([alignment](ParagraphFormat& format) { format.alignment = alignment; });
-}
-
-CharFormat RichTextBox::formatAt(qsizetype position) const {
-  QTextCursor cursor(document());
-  const int at = toDocument(position);
-  cursor.setPosition(std::min(at + 1, document()->characterCount() - 1));
-  return RichTextDocument::fromQt(cursor.charFormat());
-}
-
-void RichTextBox::colourRanges(const std::vector<ColouredRange>& ranges) {
-  if (ranges.empty()) {
-    return;
-  }
-  const int scrolled = verticalScrollBar()->value();
-  quietly([&] {
-    QTextCursor batch(document());
-    batch.beginEditBlock();
-    for (const ColouredRange& range : ranges) {
-      cursorOver(range.start, range.length).mergeCharFormat(foregroundOf(range.colour));
-    }
-    batch.endEditBlock();
-  });
-  verticalScrollBar()->setValue(scrolled);
+QByteArray RichTextBox::SelRTF() const {
+  return writeRtf(SelRichText());
 }
 
 void RichTextBox::Span(const QString& characters, bool forward, bool negate) {
@@ -402,59 +296,9 @@ void RichTextBox::Span(const QString& characters, bool forward, bool negate) {
   select(start, end - start);
 }
 
-quint32 RichTextBox::BackColor() const {
-  return backColour_.value_or(Colours::systemWindow);
-}
-
-void RichTextBox::setBackColor(quint32 colour) {
-  backColour_ = colour;
-  if (Colours::isSystem(colour)) {
-    setPalette(QPalette());
-    return;
-  }
-  QPalette colours = palette();
-  colours.setColor(QPalette::Base, Colours::toQt(colour));
-  setPalette(colours);
-}
-
 void RichTextBox::setLocked(bool locked) {
   setReadOnly(locked);
   if (locked) {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   }
-}
-
-bool RichTextBox::event(QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && isUndoOrRedo(*static_cast<QKeyEvent*>(event))) {
-    event->ignore();
-    return true;
-  }
-  return QTextEdit::event(event);
-}
-
-void RichTextBox::keyPressEvent(QKeyEvent* event) {
-  if (isUndoOrRedo(*event)) {
-    event->ignore();
-    return;
-  }
-  QTextEdit::keyPressEvent(event);
-}
-
-QMimeData* RichTextBox::createMimeDataFromSelection() const {
-  auto* copied = new QMimeData;
-  copied->setText(SelText().replace(u"\r\n"_s, u"\n"_s));
-  return copied;
-}
-
-bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
-  return source->hasText();
-}
-
-void RichTextBox::insertFromMimeData(const QMimeData* source) {
-  // The control's own refusal stands in the routine that this one takes the place of.
-  if (isReadOnly()) {
-    return;
-  }
-  setSelText(source->text());
-  ensureCursorVisible();
 }

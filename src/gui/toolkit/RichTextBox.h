@@ -5,12 +5,15 @@
 #include <QTextEdit>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
+class InlineObjectView;
+
 /// Shows and edits a rich text. Positions are those of RichText: offsets into Text(), in which paragraphs and
-/// lines end in CR LF; a position inside such a pair is moved in front of it. Formatting never travels through
-/// the clipboard, and the control keeps no undo of its own: Ctrl+Z and Ctrl+Y are left to its window.
+/// lines end in CR LF; a position inside such a pair is moved in front of it. Formats travel between texts of this
+/// program and leave it as plain text. The control keeps no undo of its own: Ctrl+Z and Ctrl+Y are left to its window.
 class RichTextBox : public QTextEdit {
   Q_OBJECT
 
@@ -33,7 +36,14 @@ class RichTextBox : public QTextEdit {
   void setTextRTF(const QByteArray& rtf);
   /// The very bytes that were loaded as long as nothing was changed.
   QByteArray TextRTF() const;
+  /// All that has a position: letters, hidden ones too, line ends, and U+FFFC for each object.
   const QString& Text() const;
+  /// Without objects and hidden text, as it is read and counted.
+  QString PlainText() const;
+  /// The user has made another text of what was loaded: one that was typed and taken back is none, nor are marks.
+  bool isEdited() const;
+  /// What is shown counts as loaded from now on.
+  void setUnedited();
 
   /// Where the selection begins, or the caret stands.
   qsizetype SelStart() const;
@@ -47,6 +57,15 @@ class RichTextBox : public QTextEdit {
   void setSelText(const QString& text);
   QByteArray SelRTF() const;
   RichText SelRichText() const;
+  /// Takes the place of the selection with its formats, as RichText::replace does; the caret goes behind it.
+  void setSelRichText(const RichText& text);
+
+  /// The object at the position; none where there is a letter or nothing.
+  std::shared_ptr<const InlineObject> objectAt(qsizetype position) const;
+  /// Puts another one in its place. Nothing happens where none is.
+  void replaceObject(qsizetype position, std::shared_ptr<const InlineObject> object);
+  /// Opens the note or the link that the caret is at, behind or in; false when there is none.
+  bool openAtCaret();
 
   // Formats of the selection's first character, or of text typed at the caret. Setting one formats the
   // selection, or what is typed next.
@@ -95,10 +114,20 @@ class RichTextBox : public QTextEdit {
  Q_SIGNALS:
   /// The text or its formatting was changed, by the user or by a setSel... function other than setSelColor.
   void Changed();
+  /// A footnote, an endnote or a comment was asked for.
+  void noteActivated(qsizetype position);
+  /// A link was asked for: by Ctrl and a click, or from the keyboard. Nobody has looked at the address yet.
+  void linkActivated(const QString& address);
 
  protected:
   bool event(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
   bool canInsertFromMimeData(const QMimeData* source) const override;
   void insertFromMimeData(const QMimeData* source) override;
@@ -111,6 +140,15 @@ class RichTextBox : public QTextEdit {
   };
 
   void load(const RichText& text);
+  bool endListAtCaret(const QKeyEvent& key);
+  void goOnBehindReturn();
+  void leaveFieldAtCaret();
+  void directByLetters(const QString& typed);
+  int characterAt(QPoint inViewport) const;
+  CharFormat formatOfCharacter(int documentPosition) const;
+  static QString describe(const CharFormat& format);
+  bool activate(int documentPosition);
+  void tellOfCaret();
   void watch();
   void quietly(const std::function<void()>& work);
   void changed();
@@ -127,6 +165,10 @@ class RichTextBox : public QTextEdit {
   mutable std::optional<RichText> loaded_;
   std::optional<QByteArray> loadedRtf_;
   mutable std::optional<Plain> plain_;
+  RichText original_;
+  bool edited_ = false;
+  bool hasLists_ = false;
+  InlineObjectView* objects_;
   std::optional<quint32> backColour_;
   int quiet_ = 0;
 };

@@ -3,13 +3,14 @@
 #include "gui/toolkit/Colours.h"
 
 #include <QBrush>
+#include <QGuiApplication>
 #include <QHash>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextList>
 #include <QTextOption>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -17,11 +18,13 @@ namespace {
 constexpr double kTwipsPerPixel = 15;
 constexpr double kFactorOfSingle = 240;
 constexpr int kBoldFrom = QFont::DemiBold;
-constexpr double kRoomForBullet = 16;
+constexpr double kRoomForMark = 16;
 
-/// What a control has no exact form for travels in the formats beside it.
-enum Property { ParagraphProperty = QTextFormat::UserProperty + 1, CapsProperty };
-enum Caps { SmallCaps = 1, AllCaps = 2 };
+/// What a control has no exact form for travels in the formats beside it. The number of an object tells the formats of
+/// many apart without a look into them.
+enum Property { ParagraphProperty = QTextFormat::UserProperty + 1, CharProperty, ObjectNumberProperty };
+/// And in the document itself, in twips.
+constexpr auto kDefaultTab = "defaultTab";
 
 double pixels(int twips) {
   return twips / kTwipsPerPixel;
@@ -35,10 +38,78 @@ std::optional<quint32> colourOf(const QBrush& brush) {
   return brush.style() == Qt::NoBrush ? std::nullopt : std::optional(Colours::fromQt(brush.color()));
 }
 
-Qt::Alignment alignmentOf(ParagraphFormat::Alignment alignment) {
+/// Absolute, but for the usual alignment of a paragraph that was given no direction: its letters have one.
+Qt::Alignment alignmentOf(const ParagraphFormat& format) {
   static constexpr Qt::AlignmentFlag kAlignments[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight,
                                                       Qt::AlignJustify};
-  return kAlignments[static_cast<size_t>(alignment)];
+  const Qt::Alignment alignment = kAlignments[static_cast<size_t>(format.alignment)];
+  const bool isUsual = format.alignment == ParagraphFormat::Alignment::Left && !format.rightToLeft;
+  return isUsual ? alignment : alignment | Qt::AlignAbsolute;
+}
+
+QTextCharFormat::UnderlineStyle shownAs(CharLook::Underline underline) {
+  using Look = CharLook::Underline;
+  using Style = QTextCharFormat::UnderlineStyle;
+  switch (underline) {
+    case Look::None:
+      return Style::NoUnderline;
+    case Look::Dotted:
+    case Look::ThickDotted:
+      return Style::DotLine;
+    case Look::Wavy:
+    case Look::HeavyWavy:
+    case Look::DoubleWavy:
+      return Style::WaveUnderline;
+    case Look::Dashed:
+    case Look::LongDashed:
+    case Look::ThickDashed:
+      return Style::DashUnderline;
+    case Look::DashDotted:
+      return Style::DashDotLine;
+    case Look::DashDoubleDotted:
+      return Style::DashDotDotLine;
+    default:
+      return Style::SingleUnderline;
+  }
+}
+
+/// True when the control can hold no more of the format than what stands in its own properties.
+bool isPlain(const CharFormat& format) {
+  CharFormat held;
+  held.halfPoints = format.halfPoints;
+  held.bold = format.bold;
+  held.italic = format.italic;
+  held.strikeOut = format.strikeOut;
+  held.underline = format.underline == CharLook::Underline::Single ? format.underline : held.underline;
+  held.script = format.script;
+  return static_cast<const CharLook&>(held) == static_cast<const CharLook&>(format) && format.field.isEmpty() &&
+         format.associatedFont.isEmpty() && !format.object && !format.background;
+}
+
+bool isLink(const CharFormat& format) {
+  return !format.field.isEmpty() && !linkAddress(format.field).isEmpty();
+}
+
+/// The look of what its format leaves open, which must be readable on any palette.
+void showOwnLook(QTextCharFormat& shown, const CharFormat& format) {
+  const QPalette palette = QGuiApplication::palette();
+  if (format.hidden) {
+    shown.setForeground(palette.color(QPalette::PlaceholderText));
+    shown.setUnderlineStyle(QTextCharFormat::DotLine);
+  } else if (isLink(format)) {
+    shown.setForeground(Colours::readable(Colours::fromQt(palette.color(QPalette::Link)), palette));
+    shown.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+  } else if (format.background && !format.colour) {
+    shown.setForeground(Colours::textOn(Colours::toQt(*format.background)));
+  }
+}
+
+bool hasOwnColour(const CharFormat& format) {
+  return format.hidden || isLink(format) || (format.background && !format.colour);
+}
+
+bool hasOwnUnderline(const CharFormat& format) {
+  return format.hidden || isLink(format);
 }
 
 QList<QTextOption::Tab> tabsOf(const QList<TabStop>& stops) {
@@ -63,22 +134,17 @@ void setLineSpacing(QTextBlockFormat& block, const ParagraphFormat& format) {
   }
 }
 
-/// Puts a text into a document piece by piece.
+/// Puts a text into a document piece by piece, at the cursor; the paragraph that the cursor is in stays as it is.
 class Filler {
  public:
-  Filler(QTextDocument& document, const RichText& text) : cursor_(&document), text_(text) {}
+  Filler(QTextCursor& cursor, const RichText& text) : cursor_(cursor), text_(text) {}
 
-  void fill() {
-    cursor_.beginEditBlock();
-    const RichText::Paragraph first = text_.paragraph(0);
-    makeList();
-    cursor_.setBlockFormat(blockFormat(*first.format));
-    cursor_.setBlockCharFormat(charFormat(*first.endFormat));
-    text_.visit(*this);
-    cursor_.endEditBlock();
-  }
+  void fill() { text_.visit(*this); }
 
   void text(QStringView units, const CharFormat& format) { cursor_.insertText(units.toString(), charFormat(format)); }
+  void object(const CharFormat& format) {
+    cursor_.insertText(QString(QChar(QChar::ObjectReplacementCharacter)), charFormat(format));
+  }
   void lineBreak(const CharFormat& format) {
     cursor_.insertText(QString(QChar(QChar::LineSeparator)), charFormat(format));
   }
@@ -89,13 +155,12 @@ class Filler {
     }
   }
 
- private:
-  /// One list for all the bullets: only its number has to stand in their paragraphs' formats.
-  void makeList() {
-    for (qsizetype i = 0; i < text_.paragraphCount() && list_ < 0; ++i) {
-      list_ = text_.paragraph(i).format->bullet ? RichTextDocument::bulletList(cursor_) : -1;
-    }
+  void formatParagraph(const RichText::Paragraph& like) {
+    cursor_.setBlockFormat(blockFormat(*like.format));
+    cursor_.setBlockCharFormat(charFormat(*like.endFormat));
   }
+
+ private:
   const QTextCharFormat& charFormat(const CharFormat& format) {
     auto known = charFormats_.find(&format);
     if (known == charFormats_.end()) {
@@ -106,18 +171,27 @@ class Filler {
   const QTextBlockFormat& blockFormat(const ParagraphFormat& format) {
     auto known = blockFormats_.find(&format);
     if (known == blockFormats_.end()) {
-      known = blockFormats_.insert(&format, RichTextDocument::toQt(format, list_));
+      known = blockFormats_.insert(&format, RichTextDocument::toQt(format));
     }
     return *known;
   }
 
-  QTextCursor cursor_;
+  QTextCursor& cursor_;
   const RichText& text_;
-  int list_ = -1;
   qsizetype paragraph_ = 0;
   QHash<const CharFormat*, QTextCharFormat> charFormats_;
   QHash<const ParagraphFormat*, QTextBlockFormat> blockFormats_;
 };
+
+void setDefaultTab(QTextDocument& document, int twips) {
+  if (twips == 0) {
+    return;
+  }
+  document.setProperty(kDefaultTab, twips);
+  QTextOption option = document.defaultTextOption();
+  option.setTabStopDistance(pixels(twips));
+  document.setDefaultTextOption(option);
+}
 
 /// The builder's number of each of the document's formats, looked up once.
 class KnownNumbers {
@@ -141,6 +215,7 @@ class KnownNumbers {
 }  // namespace
 
 Q_DECLARE_METATYPE(ParagraphFormat)
+Q_DECLARE_METATYPE(CharFormat)
 
 namespace RichTextDocument {
 
@@ -154,11 +229,14 @@ QTextCharFormat toQt(const CharFormat& format) {
   }
   result.setFontWeight(format.bold ? QFont::Bold : QFont::Normal);
   result.setFontItalic(format.italic);
-  result.setFontUnderline(format.underline);
+  result.setUnderlineStyle(shownAs(format.underline));
   result.setFontStrikeOut(format.strikeOut);
   if (format.smallCaps || format.allCaps) {
     result.setFontCapitalization(format.allCaps ? QFont::AllUppercase : QFont::SmallCaps);
-    result.setProperty(CapsProperty, (format.smallCaps ? SmallCaps : 0) | (format.allCaps ? AllCaps : 0));
+  }
+  if (format.letterSpacing != 0) {
+    result.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+    result.setFontLetterSpacing(pixels(format.letterSpacing));
   }
   static constexpr QTextCharFormat::VerticalAlignment kScripts[] = {
       QTextCharFormat::AlignNormal, QTextCharFormat::AlignSubScript, QTextCharFormat::AlignSuperScript};
@@ -166,52 +244,69 @@ QTextCharFormat toQt(const CharFormat& format) {
   // Set even when there is none: only a property that is set can be merged over a colour.
   result.setForeground(brushOf(format.colour));
   result.setBackground(brushOf(format.background));
+  if (isPlain(format)) {
+    return result;
+  }
+  result.setProperty(CharProperty, QVariant::fromValue(format));
+  showOwnLook(result, format);
+  if (format.object) {
+    result.setObjectType(objectType);
+    result.setProperty(ObjectNumberProperty, static_cast<qulonglong>(reinterpret_cast<quintptr>(format.object.get())));
+  }
   return result;
 }
 
 CharFormat fromQt(const QTextCharFormat& format) {
-  CharFormat result;
+  auto result = format.property(CharProperty).value<CharFormat>();
+  const bool keepsUnderline = hasOwnUnderline(result) || (result.underline != CharLook::Underline::None &&
+                                                          format.underlineStyle() == shownAs(result.underline));
+  if (!keepsUnderline) {
+    const bool isUnderlined = format.underlineStyle() != QTextCharFormat::NoUnderline;
+    result.underline = isUnderlined ? CharLook::Underline::Single : CharLook::Underline::None;
+  }
+  if (!hasOwnColour(result)) {
+    result.colour = colourOf(format.foreground());
+  }
   result.fontName = format.fontFamilies().toStringList().value(0);
   result.halfPoints = qRound(format.fontPointSize() * 2);
   result.bold = format.hasProperty(QTextFormat::FontWeight) && format.fontWeight() >= kBoldFrom;
   result.italic = format.fontItalic();
-  result.underline = format.fontUnderline();
   result.strikeOut = format.fontStrikeOut();
-  result.smallCaps = (format.intProperty(CapsProperty) & SmallCaps) != 0;
-  result.allCaps = (format.intProperty(CapsProperty) & AllCaps) != 0;
+  result.script = CharFormat::Script::Normal;
   if (format.verticalAlignment() == QTextCharFormat::AlignSubScript) {
     result.script = CharFormat::Script::Subscript;
   } else if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript) {
     result.script = CharFormat::Script::Superscript;
   }
-  result.colour = colourOf(format.foreground());
   result.background = colourOf(format.background());
   return result;
 }
 
-int bulletList(QTextCursor& cursor) {
-  QTextListFormat bullets;
-  bullets.setStyle(QTextListFormat::ListDisc);
-  bullets.setIndent(0);
-  return cursor.createList(bullets)->objectIndex();
-}
-
-QTextBlockFormat toQt(const ParagraphFormat& format, int list) {
+QTextBlockFormat toQt(const ParagraphFormat& format) {
   QTextBlockFormat block;
-  block.setAlignment(alignmentOf(format.alignment));
+  block.setAlignment(alignmentOf(format));
   block.setLeftMargin(pixels(format.leftIndent));
   block.setRightMargin(pixels(format.rightIndent));
   block.setTextIndent(pixels(format.firstIndent));
-  if (format.bullet) {
-    // The control draws the bullet in front of the text, where the file has the first line hanging out.
-    block.setObjectIndex(list);
-    block.setLeftMargin(qMax(pixels(format.leftIndent), kRoomForBullet));
+  if (format.rightToLeft) {
+    block.setLayoutDirection(Qt::RightToLeft);
+  }
+  if (format.list.style != ListMark::Style::None) {
+    // The mark is drawn in front of the text, where the file has the first line hanging out.
     block.setTextIndent(0);
+    if (format.rightToLeft) {
+      block.setRightMargin(qMax(pixels(format.rightIndent), kRoomForMark));
+    } else {
+      block.setLeftMargin(qMax(pixels(format.leftIndent), kRoomForMark));
+    }
   }
   block.setTopMargin(pixels(format.spaceBefore));
   block.setBottomMargin(pixels(format.spaceAfter));
   if (!format.tabStops.isEmpty()) {
     block.setTabPositions(tabsOf(format.tabStops));
+  }
+  if (format.background) {
+    block.setBackground(brushOf(format.background));
   }
   setLineSpacing(block, format);
   block.setProperty(ParagraphProperty, QVariant::fromValue(format));
@@ -219,36 +314,122 @@ QTextBlockFormat toQt(const ParagraphFormat& format, int list) {
 }
 
 ParagraphFormat fromQt(const QTextBlockFormat& format) {
-  auto result = format.property(ParagraphProperty).value<ParagraphFormat>();
-  result.bullet = format.objectIndex() >= 0;  // Backspace takes a paragraph out of its list
-  return result;
+  return format.property(ParagraphProperty).value<ParagraphFormat>();
 }
 
 void fill(QTextDocument& document, const RichText& text) {
-  Filler(document, text).fill();
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  Filler filler(cursor, text);
+  filler.formatParagraph(text.paragraph(0));
+  filler.fill();
+  cursor.endEditBlock();
+  setDefaultTab(document, text.defaultTab());
 }
 
 RichText read(const QTextDocument& document) {
   RichText::Builder builder(document.characterCount());
-  KnownNumbers charNumbers;
+  builder.setDefaultTab(document.property(kDefaultTab).toInt());
+  KnownNumbers textNumbers;
+  KnownNumbers objectNumbers;
   KnownNumbers paragraphNumbers;
+  const auto textNumber = [&](int index, const QTextCharFormat& format) {
+    return textNumbers(index, [&] {
+      // Text typed behind an object inherits its format, but is none.
+      CharFormat letters = fromQt(format);
+      letters.object.reset();
+      return builder.charFormat(letters);
+    });
+  };
   for (QTextBlock block = document.begin();;) {
     const int paragraph = paragraphNumbers(block.blockFormatIndex(),
                                            [&] { return builder.paragraphFormat(fromQt(block.blockFormat())); });
     for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
       const QTextFragment fragment = piece.fragment();
-      const int format =
-          charNumbers(fragment.charFormatIndex(), [&] { return builder.charFormat(fromQt(fragment.charFormat())); });
-      builder.append(fragment.text(), format, paragraph);
+      const QString text = fragment.text();
+      const bool isObject =
+          fragment.charFormat().objectType() == objectType && text.startsWith(QChar(QChar::ObjectReplacementCharacter));
+      if (!isObject) {
+        builder.append(text, textNumber(fragment.charFormatIndex(), fragment.charFormat()), paragraph);
+        continue;
+      }
+      const int number =
+          objectNumbers(fragment.charFormatIndex(), [&] { return builder.charFormat(fromQt(fragment.charFormat())); });
+      for (qsizetype i = 0; i < text.size(); ++i) {
+        builder.appendObject(number);
+      }
     }
-    const int end =
-        charNumbers(block.charFormatIndex(), [&] { return builder.charFormat(fromQt(block.charFormat())); });
+    const int end = textNumber(block.charFormatIndex(), block.charFormat());
     block = block.next();
     if (!block.isValid()) {
       return builder.take(end, paragraph);
     }
     builder.endParagraph(end, paragraph);
   }
+}
+
+void insert(QTextCursor& cursor, const RichText& text) {
+  QTextDocument& document = *cursor.document();
+  const QTextBlock first = document.findBlock(cursor.selectionStart());
+  const QTextBlock last = document.findBlock(cursor.selectionEnd());
+  const bool hasFront = cursor.selectionStart() > first.position();
+  const bool hasTail = cursor.selectionEnd() < last.position() + last.length() - 1;
+  const bool isSingle = text.paragraphCount() == 1;
+  const bool takesEnd = !hasTail && !(isSingle && hasFront);
+  const QTextBlockFormat front = first.blockFormat();
+  const QTextBlockFormat tail = last.blockFormat();
+  const QTextCharFormat tailEnd = last.charFormat();
+  if (document.isEmpty()) {
+    setDefaultTab(document, text.defaultTab());
+  }
+
+  cursor.beginEditBlock();
+  cursor.removeSelectedText();
+  const int start = cursor.position();
+  Filler filler(cursor, text);
+  filler.fill();
+  const int end = cursor.position();
+  if (takesEnd) {
+    filler.formatParagraph(text.paragraph(text.paragraphCount() - 1));
+  } else {
+    cursor.setBlockFormat(isSingle && hasFront ? front : tail);
+    cursor.setBlockCharFormat(tailEnd);
+  }
+  if (!isSingle) {
+    cursor.setPosition(start);
+    const RichText::Paragraph opening = text.paragraph(0);
+    filler.formatParagraph(opening);
+    if (hasFront) {
+      cursor.setBlockFormat(front);
+    }
+    cursor.setPosition(end);
+  }
+  cursor.endEditBlock();
+}
+
+Overhang overhang(const RichText& text) {
+  Overhang most;
+  const ParagraphFormat* last = nullptr;
+  for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
+    const ParagraphFormat* const format = text.paragraph(i).format;
+    if (std::exchange(last, format) == format || format->list.style != ListMark::Style::None) {
+      continue;
+    }
+    const double first = qMin(0, format->firstIndent);
+    double& side = format->rightToLeft ? most.right : most.left;
+    const int indent = format->rightToLeft ? format->rightIndent : format->leftIndent;
+    side = qMax(side, -pixels(indent) - first / kTwipsPerPixel);
+  }
+  return most;
+}
+
+bool hasLists(const RichText& text) {
+  for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
+    if (text.paragraph(i).format->list.style != ListMark::Style::None) {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace RichTextDocument

@@ -8,21 +8,32 @@
 class QTextCursor;
 class QTextDocument;
 
-/// Rich texts to and from the documents of a text control: a paragraph is a block, a line break is U+2028 in it.
-/// A document that was filled from a text and not changed gives back an equal text.
+/// Rich texts to and from the documents of a text control: a paragraph is a block, a line break is U+2028 in it, an
+/// object is U+FFFC of the type objectType. A document that was filled from a text and not changed gives back an equal
+/// text. Links, hidden text and text on a colour of its own have a look that their format doesn't state.
 namespace RichTextDocument {
+
+inline constexpr int objectType = QTextFormat::UserObject;
 
 /// What the format does not state is left to the document's default font and to the palette.
 QTextCharFormat toQt(const CharFormat& format);
+/// With the object, if the format is that of one.
 CharFormat fromQt(const QTextCharFormat& format);
-/// A paragraph with a bullet joins the list of this number; without one it shows none.
-QTextBlockFormat toQt(const ParagraphFormat& format, int list = -1);
+QTextBlockFormat toQt(const ParagraphFormat& format);
 ParagraphFormat fromQt(const QTextBlockFormat& format);
-/// Makes a list of bullets, which the cursor's paragraph joins, and gives its number.
-int bulletList(QTextCursor& cursor);
 
 /// Fills an empty document; fast while no control shows it.
 void fill(QTextDocument& document, const RichText& text);
 RichText read(const QTextDocument& document);
+/// Puts the text in place of the selection, as RichText::replace does; the cursor goes behind it.
+void insert(QTextCursor& cursor, const RichText& text);
+
+/// How far the first lines of paragraphs hang out over the margins, in pixels.
+struct Overhang {
+  double left = 0;
+  double right = 0;
+};
+Overhang overhang(const RichText& text);
+bool hasLists(const RichText& text);
 
 }  // namespace RichTextDocument

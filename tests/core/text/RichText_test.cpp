@@ -24,7 +24,7 @@ RichText sample() {
 
 /// What every text keeps to, whatever was done to it.
 void expectSound(const RichText& text) {
-  const QString& plain = text.plainText();
+  const QString& plain = text.text();
   qsizetype end = 0;
   for (qsizetype i = 0; i < text.runCount(); ++i) {
     ASSERT_EQ(text.run(i).start, end);
@@ -52,7 +52,7 @@ void expectSound(const RichText& text) {
 
 TEST(RichText, LineEndsOfEveryKindBecomeCrLf) {
   const RichText text = RichText::fromPlain(u"a\nb\rc\r\nd\u2029e\u2028f\vg\uFFFC"_s + QChar(0) + u"h"_s);
-  EXPECT_EQ(text.plainText(), u"a\r\nb\r\nc\r\nd\r\ne\r\nf\r\ngh"_s);
+  EXPECT_EQ(text.text(), u"a\r\nb\r\nc\r\nd\r\ne\r\nf\r\ngh"_s);
   EXPECT_EQ(text.paragraphCount(), 5);
   expectSound(text);
 }
@@ -60,7 +60,7 @@ TEST(RichText, LineEndsOfEveryKindBecomeCrLf) {
 TEST(RichText, ReplacingKeepsTheFormatOfTheFirstCharacter) {
   RichText text = sample();
   text.replace(6, 4, u"x\ny"_s);
-  EXPECT_EQ(text.plainText(), u"plain x\r\ny\r\nsecond"_s);
+  EXPECT_EQ(text.text(), u"plain x\r\ny\r\nsecond"_s);
   EXPECT_TRUE(text.charFormatAt(6).bold && text.charFormatAt(9).bold);
   EXPECT_EQ(text.paragraphFormatAt(9).alignment, Alignment::Left);
   text.insert(0, u"0"_s);
@@ -83,7 +83,7 @@ TEST(RichText, JoinedParagraphsKeepTheFormatOfWhatStays) {
         Case{-5, 99, QString(), Alignment::Centre}}) {
     RichText text = sample();
     text.remove(c.from, c.length);
-    EXPECT_EQ(text.plainText(), c.plain);
+    EXPECT_EQ(text.text(), c.plain);
     EXPECT_EQ(text.paragraphFormatAt(0).alignment, c.alignment) << c.plain;
     expectSound(text);
   }
@@ -92,7 +92,7 @@ TEST(RichText, JoinedParagraphsKeepTheFormatOfWhatStays) {
 TEST(RichText, RichTextPutInBringsItsParagraphs) {
   RichText text = sample();
   text.insert(2, RichText::fromPlain(u"A\nB"_s, kBold, kCentred));
-  EXPECT_EQ(text.plainText(), u"plA\r\nBain bold\r\nsecond"_s);
+  EXPECT_EQ(text.text(), u"plA\r\nBain bold\r\nsecond"_s);
   EXPECT_EQ(text.paragraphFormatAt(0).alignment, Alignment::Left) << "text in front keeps its paragraph";
   EXPECT_EQ(text.paragraphFormatAt(5).alignment, Alignment::Left) << "and so does text behind";
   text.append(u"\n"_s);
@@ -124,7 +124,7 @@ TEST(RichText, ReplaceAllFindsEachMatchOnce) {
   for (const Case& c : cases) {
     RichText text = RichText::fromPlain(c.text);
     EXPECT_EQ(text.replaceAll(c.find, c.with, c.caseSensitivity), c.count) << c.text;
-    EXPECT_EQ(text.plainText(), c.result);
+    EXPECT_EQ(text.text(), c.result);
     expectSound(text);
   }
 }

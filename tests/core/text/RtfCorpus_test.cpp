@@ -14,9 +14,9 @@ QStringList wordsOf(const QString& text) {
   return text.split(blank, Qt::SkipEmptyParts);
 }
 
-/// Where line ends are a matter of taste: page and section breaks.
+/// Where line ends are a matter of taste: page and section breaks, rows of tables in tables.
 bool comparesWordsOnly(const CorpusFile& file) {
-  return file.flags.contains(u"page") || file.flags.contains(u"sect");
+  return file.flags.contains(u"page") || file.flags.contains(u"sect") || file.rtf.contains("\\nesttableprops");
 }
 
 }  // namespace

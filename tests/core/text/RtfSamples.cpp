@@ -26,6 +26,11 @@ QString randomWord(QRandomGenerator& random) {
   return anyOf(random, pieces);
 }
 
+template <class Enumeration>
+Enumeration anyUpTo(QRandomGenerator& random, Enumeration last) {
+  return static_cast<Enumeration>(random.bounded(static_cast<int>(last) + 1));
+}
+
 CharFormat randomCharFormat(QRandomGenerator& random) {
   static const QStringList fonts{QString(),           u"Arial"_s, u"Times New Roman"_s,
                                  u"Möbel; {x} \\y"_s, u"明朝"_s,  u"Symbol"_s};
@@ -37,14 +42,43 @@ CharFormat randomCharFormat(QRandomGenerator& random) {
   format.halfPoints = random.bounded(3) == 0 ? 0 : random.bounded(100);
   format.bold = random.bounded(2) == 0;
   format.italic = random.bounded(2) == 0;
-  format.underline = random.bounded(3) == 0;
-  format.strikeOut = random.bounded(5) == 0;
-  format.smallCaps = random.bounded(8) == 0;
-  format.allCaps = random.bounded(8) == 0;
-  format.script = static_cast<CharFormat::Script>(random.bounded(3));
+  for (const auto isOn : kCharSwitches) {
+    format.*isOn = format.*isOn || random.bounded(8) == 0;
+  }
+  format.underline =
+      random.bounded(2) == 0 ? CharLook::Underline::None : anyUpTo(random, CharLook::Underline::DoubleWavy);
+  format.script = anyUpTo(random, CharLook::Script::Superscript);
   format.colour = colour();
   format.background = colour();
+  if (random.bounded(4) == 0) {
+    format.letterSpacing = random.bounded(-40, 40);
+    format.language = random.bounded(3) * 1033;
+    format.direction = anyUpTo(random, CharLook::Direction::RightToLeft);
+    format.associated = {random.bounded(3) * 20, random.bounded(3) * 1037, random.bounded(2) == 0,
+                         random.bounded(2) == 0};
+    format.associatedFont = anyOf(random, fonts);
+  }
+  if (random.bounded(4) == 0) {
+    static const QStringList fields{u"HYPERLINK \"https://example.org/a?b={c}\" \\o \"tip\""_s, u"PAGE"_s,
+                                    u"HYPERLINK \\l \"Möbel\""_s};
+    format.field = anyOf(random, fields);
+  }
   return format;
+}
+
+ListMark randomMark(QRandomGenerator& random) {
+  static const QStringList signs{u"•"_s, u"–"_s, u"\xF0A7"_s, u"o"_s};
+  static const QStringList around{QString(), u"("_s, u"."_s, u"Kapitel "_s, u"Ж)"_s};
+  ListMark mark;
+  mark.style = random.bounded(2) == 0 ? ListMark::Style::None : anyUpTo(random, ListMark::Style::LowerRoman);
+  mark.level = random.bounded(3);
+  mark.withParents = random.bounded(4) == 0;
+  // Numbers that the item in front doesn't lead to.
+  mark.start = random.bounded(3) == 0 ? 100 + random.bounded(1000) : 0;
+  mark.before = mark.isNumbered() ? anyOf(random, around) : anyOf(random, signs);
+  mark.after = anyOf(random, around);
+  mark.fontName = random.bounded(2) == 0 ? QString() : u"Wingdings"_s;
+  return mark;
 }
 
 ParagraphFormat randomParagraphFormat(QRandomGenerator& random) {
@@ -57,11 +91,53 @@ ParagraphFormat randomParagraphFormat(QRandomGenerator& random) {
   format.spaceAfter = random.bounded(3) * 120;
   format.lineSpacing = random.bounded(-2, 3) * 240;
   format.lineSpacingIsFactor = random.bounded(2) == 0;
-  format.bullet = random.bounded(3) == 0;
+  format.rightToLeft = random.bounded(4) == 0;
+  for (const auto isOn : kParagraphSwitches) {
+    format.*isOn = random.bounded(6) == 0;
+  }
+  if (random.bounded(6) == 0) {
+    format.background = random.generate() & 0xFFFFFFU;
+  }
+  format.list = randomMark(random);
   for (int count = random.bounded(4); count > 0; --count) {
-    format.tabStops.append({random.bounded(9000), static_cast<TabStop::Kind>(random.bounded(4))});
+    format.tabStops.append(
+        {random.bounded(9000), anyUpTo(random, TabStop::Kind::Decimal), anyUpTo(random, TabStop::Leader::Equals)});
   }
   return format;
+}
+
+/// Small, but of each kind, and with what text is in notes.
+std::shared_ptr<const InlineObject> randomObject(QRandomGenerator& random, int depth) {
+  using Kind = InlineObject::Kind;
+  static const QByteArrayList pictures{
+      "\\pict\\pngblip\\picw7\\pich9\r\n0a0b{\\*\\x }0c",
+      "\\shppict{\\pict\\jpegblip\\bin4 }}{{}}\r\n{\\nonshppict{\\pict\\wmetafile8 00}",
+      "\\shp{\\*\\shpinst\\shpleft5{\\sp{\\sn pib}{\\sv {\\pict\\pngblip 11}}}}"};
+  static const QByteArrayList heads{"\\object\\objemb{\\*\\objclass Chart}{\\*\\objdata 0102}"};
+  static const QStringList names{u"here"_s, u"Möbel {1}"_s, u"Ж"_s};
+  InlineObject object;
+  object.kind = anyUpTo(random, Kind::Entry);
+  const bool holdsText = isNote(object.kind) || object.kind == Kind::Entry;
+  if (object.kind == Kind::Picture) {
+    object.bytes = SharedBytes(anyOf(random, pictures));
+  } else if (object.kind == Kind::Embedded) {
+    object.bytes = SharedBytes(anyOf(random, heads));
+  } else if (!holdsText) {
+    object.label = anyOf(random, names);
+  } else if (object.kind == Kind::Entry) {
+    object.label = u"xe"_s;
+  } else if (object.kind == Kind::Comment) {
+    object.details = {{"atnid", u"JA"_s}, {"atnauthor", anyOf(random, names)}, {"atndate", u"12"_s}};
+  } else {
+    object.isNumbered = random.bounded(2) == 0;
+  }
+  if (holdsText || (object.kind == Kind::Embedded && random.bounded(2) == 0)) {
+    RichText content = randomRichText(random, depth + 1);
+    content.setDefaultTab(0);
+    content.append(RichText::fromPlain(u"\n."_s));  // a field is never left open at the end of a note
+    object.content = std::make_shared<const RichText>(content);
+  }
+  return std::make_shared<const InlineObject>(object);
 }
 
 QString readUtf8(const QString& path) {
@@ -103,22 +179,26 @@ QList<QByteArray> rtfSamples() {
   };
 }
 
-RichText randomRichText(QRandomGenerator& random) {
+RichText randomRichText(QRandomGenerator& random, int depth) {
   RichText text;
-  for (int pieces = random.bounded(12); pieces > 0; --pieces) {
+  for (int pieces = random.bounded(depth == 0 ? 12 : 3); pieces > 0; --pieces) {
     QString words;
     for (int count = random.bounded(8); count > 0; --count) {
       words += randomWord(random);
     }
     const RichText piece = RichText::fromPlain(words, randomCharFormat(random), randomParagraphFormat(random));
-    const qsizetype at = random.bounded(static_cast<int>(text.size()) + 1);
-    text.replace(at, random.bounded(4), piece);
-    text.formatCharacters(random.bounded(static_cast<int>(text.size()) + 1), random.bounded(6),
+    const auto place = [&] { return random.bounded(static_cast<int>(text.size()) + 1); };
+    text.replace(place(), random.bounded(4), piece);
+    if (depth < 2 && random.bounded(2) == 0) {
+      text.insert(place(), RichText::fromObject(randomObject(random, depth), randomCharFormat(random)));
+    }
+    text.formatCharacters(place(), random.bounded(6),
                           [&random](CharFormat& format) { format = randomCharFormat(random); });
   }
   if (random.bounded(2) == 0) {
     text.formatParagraphs(0, -1, [&random](ParagraphFormat& format) { format = randomParagraphFormat(random); });
   }
+  text.setDefaultTab(random.bounded(3) * 360);
   return text;
 }
 

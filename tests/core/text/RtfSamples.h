@@ -11,7 +11,7 @@
 QList<QByteArray> rtfSamples();
 
 /// A rich text made up at random: any characters, line breaks, empty paragraphs, every format.
-RichText randomRichText(QRandomGenerator& random);
+RichText randomRichText(QRandomGenerator& random, int depth = 0);
 
 struct CorpusFile {
   QString name;

@@ -165,7 +165,7 @@ TEST(Rtf, KeepsFormats) {
   EXPECT_EQ(first.halfPoints, 30);
   EXPECT_EQ(first.colour, 0x0000FFU);
   const CharFormat second = text.charFormatAt(1);
-  EXPECT_TRUE(second.bold && second.italic && second.underline && second.strikeOut);
+  EXPECT_TRUE(second.bold && second.italic && second.underline == CharLook::Underline::Single && second.strikeOut);
   EXPECT_EQ(second.background, 0x030201U);
   EXPECT_EQ(text.charFormatAt(2).script, CharFormat::Script::Superscript);
   EXPECT_FALSE(text.charFormatAt(2).bold);
@@ -203,19 +203,22 @@ TEST(Rtf, BulletsAreKeptAndTheirLabelsAreNoText) {
     ASSERT_EQ(text.paragraphCount(), wanted.bullets.size()) << wanted.what;
     ASSERT_EQ(again.paragraphCount(), wanted.bullets.size()) << wanted.what;
     for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
-      EXPECT_EQ(text.paragraph(i).format->bullet, wanted.bullets[i]) << wanted.what << i;
-      EXPECT_EQ(again.paragraph(i).format->bullet, wanted.bullets[i]) << wanted.what << i;
+      const auto isBullet = [i](const RichText& in) {
+        return in.paragraph(i).format->list.style == ListMark::Style::Bullet;
+      };
+      EXPECT_EQ(isBullet(text), wanted.bullets[i]) << wanted.what << i;
+      EXPECT_EQ(isBullet(again), wanted.bullets[i]) << wanted.what << i;
     }
   }
 }
 
 TEST(Rtf, BulletsAreWrittenAsOtherProgramsReadThem) {
-  const RichText text = RichText::fromPlain(u"a\nb"_s, {}, {.leftIndent = 200, .bullet = true});
+  const RichText text = RichText::fromPlain(u"a\nb"_s, {}, {.leftIndent = 200, .list = ListMark::bullet()});
   const QByteArray rtf = writeRtf(text);
   EXPECT_TRUE(rtf.contains("{\\f1\\fnil\\fcharset2 Symbol;}")) << rtf;
   EXPECT_TRUE(rtf.contains(
-      "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\li200 a\\par \r\n"
-      "{\\pntext\\f1\\'B7\\tab}b\\par"))
+      "\\pard{\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}\\li200 a\\par \r\n"
+      "{\\pntext\\f1\\'b7\\tab}b\\par"))
       << rtf;
 }
 

@@ -1,6 +1,8 @@
-// What opening and saving does to a text: its colour and indents, and nothing else.
+// What opening, editing and saving does to a text: its colour, fonts without a name and indents, and nothing else.
 
 #include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorWindow.h"
 #include "gui/editor/frmEditor.h"
@@ -9,10 +11,13 @@
 #include "support/WaitFor.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QDirIterator>
 #include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -20,22 +25,36 @@ namespace {
 
 class EditorTextTest : public EditorTest {
  protected:
-  /// Opens the scene with this text, saves it unedited and gives what it holds then.
-  QByteArray savedAs(const QByteArray& rtf) {
+  /// Opens the scene with this text, lets it be worked on, saves it and gives what it holds then.
+  QByteArray savedAs(const QByteArray& rtf, const std::function<void(frmEditor&)>& work) {
     scene()->setTextRTF(rtf);
     frmEditor* const editor = open();
+    work(*editor);
     trigger(*editor, "mnuSaveAndExit");
     deleteUnloaded();
     return scene()->TextRTF();
+  }
+  QByteArray savedWithAnX(const QByteArray& rtf) {
+    return savedAs(rtf, [this](frmEditor& editor) {
+      control<RichTextBox>(editor, "txtMain").moveCursor(QTextCursor::Start);
+      QTest::keyClicks(&control<RichTextBox>(editor, "txtMain"), u"x"_s);
+    });
   }
 };
 
 /// What the rules ask for, done to a text by hand.
 RichText expectedOf(RichText text, std::optional<quint32> colour) {
-  text.formatCharacters(0, -1, [&](CharFormat& format) { format.colour = colour; });
   text.formatParagraphs(0, -1, [](ParagraphFormat& format) {
-    format.leftIndent = 0;
-    format.firstIndent = 200;
+    const bool hasIndent = format.leftIndent != 0 || format.rightIndent != 0 || format.firstIndent != 0;
+    if (!hasIndent && format.list == ListMark()) {
+      format.firstIndent = 200;
+    }
+  });
+  text.insert(0, u"x");
+  text.formatCharacters(0, -1, [&](CharFormat& format) {
+    format.colour = colour;
+    format.fontName = format.fontName.isEmpty() ? u"Arial"_s : format.fontName;
+    format.halfPoints = format.halfPoints == 0 ? 20 : format.halfPoints;
   });
   return text;
 }
@@ -45,8 +64,15 @@ RichText motleyText() {
       RichText::fromPlain(u"Plain, bold, odd.\r\n\r\nCentred\u00a0line\r\n\ttabbed \u2028 and \U0001F600 last"_s);
   text.formatCharacters(7, 4, [](CharFormat& format) { format.bold = true; });
   text.formatCharacters(13, 3, [](CharFormat& format) {
-    format = {
-        {27, false, true, true, true, true, false, CharFormat::Script::Superscript}, u"Courier New"_s, 0xFF, 0x00FFFF};
+    format = {{.halfPoints = 27,
+               .italic = true,
+               .strikeOut = true,
+               .smallCaps = true,
+               .underline = CharLook::Underline::Wavy,
+               .script = CharFormat::Script::Superscript},
+              u"Courier New"_s};
+    format.colour = 0xFF;
+    format.background = 0x00FFFF;
   });
   text.formatParagraphs(22, 3, [](ParagraphFormat& format) {
     format.alignment = ParagraphFormat::Alignment::Centre;
@@ -57,16 +83,37 @@ RichText motleyText() {
   return text;
 }
 
-TEST_F(EditorTextTest, SavingUneditedTextChangesItsColourAndIndentsAndNothingElseHoweverOften) {
-  const RichText text = motleyText();
-  const QByteArray once = savedAs(writeRtf(text));
-  EXPECT_EQ(readRtf(once), expectedOf(text, {}));
-  EXPECT_EQ(savedAs(once), once);
-  Settings().sSet(u"EditorFG"_s, 0x8000);
-  EXPECT_EQ(readRtf(savedAs(writeRtf(text))), expectedOf(text, 0x8000U)) << "a colour of the user's own";
+TEST_F(EditorTextTest, ATextThatNobodyEditedKeepsItsBytesWhateverElseIsSaved) {
+  const QByteArray rtf =
+      "{\\rtf1\\ansi{\\fonttbl{\\f7 Courier;}}{\\stylesheet{\\s0 N;}}\\f7 one\\par\\trowd a\\cell\\row}";
+  const auto reTitled = [this](frmEditor& editor) {
+    QTest::keyClicks(&control<QLineEdit>(editor, "txtTitle"), u" again"_s);
+    trigger(editor, "mnuSave");
+  };
+  const auto typedAndTakenBack = [this](frmEditor& editor) {
+    type(editor, u"xy"_s);
+    QTest::keyClick(&control<RichTextBox>(editor, "txtMain"), Qt::Key_Backspace);
+    QTest::keyClick(&control<RichTextBox>(editor, "txtMain"), Qt::Key_Backspace);
+  };
+  EXPECT_EQ(savedAs(rtf, [](frmEditor&) {}), rtf);
+  EXPECT_EQ(savedAs(rtf, reTitled), rtf);
+  EXPECT_TRUE(scene()->Title.contains(u"again"_s));
+  EXPECT_EQ(savedAs(rtf, typedAndTakenBack), rtf);
+  EXPECT_EQ(fileBytes(scene()->RTFFileWithPath()), rtf);
+  EXPECT_NE(savedWithAnX(rtf), rtf);
 }
 
-TEST_F(EditorTextTest, FilesOfOtherProgramsKeepTheirWordsAndFormats) {
+TEST_F(EditorTextTest, SavingChangesColourFontsWithoutANameAndMissingIndentsAndNothingElseHoweverOften) {
+  const RichText text = motleyText();
+  const QByteArray once = savedWithAnX(writeRtf(text));
+  EXPECT_EQ(readRtf(once), expectedOf(text, {}));
+  EXPECT_FALSE(once.contains("\\fcharset0 ;"));
+  EXPECT_EQ(readRtf(savedWithAnX(once)), expectedOf(readRtf(once), {}));
+  Settings().sSet(u"EditorFG"_s, 0x8000);
+  EXPECT_EQ(readRtf(savedWithAnX(writeRtf(text))), expectedOf(text, 0x8000U)) << "a colour of the user's own";
+}
+
+TEST_F(EditorTextTest, FilesOfOtherProgramsKeepAllThatATextCanHold) {
   if (sharedFolder().isEmpty()) {
     GTEST_SKIP();
   }
@@ -75,35 +122,65 @@ TEST_F(EditorTextTest, FilesOfOtherProgramsKeepTheirWordsAndFormats) {
   while (files.hasNext()) {
     const QString path = files.next();
     const QByteArray rtf = fileBytes(path);
-    EXPECT_EQ(readRtf(savedAs(rtf)), expectedOf(readRtf(rtf), {})) << path;
+    EXPECT_EQ(readRtf(savedWithAnX(rtf)), expectedOf(readRtf(rtf), {})) << path;
     ++looked;
   }
   EXPECT_GT(looked, 10);
 }
 
-TEST_F(EditorTextTest, AnEditLeavesTheRestOfTheTextAsItWas) {
-  RichText expected = expectedOf(motleyText(), {});
-  scene()->setTextRTF(writeRtf(motleyText()));
+TEST_F(EditorTextTest, WhatCanNotBeKeptIsToldAndTheFileAsItWasIsKeptBesideTheBook) {
+  const QByteArray rtf =
+      "{\\rtf1{\\stylesheet{\\s0 N;}}{\\header h}a{\\deleted b}{\\shp{\\*\\shpinst{\\shptxt box\\par}}}\\trowd "
+      "c\\cell\\row}";
+  scene()->setTextRTF(rtf);
+  scene()->Save(false, true);
   frmEditor* const editor = open();
-  auto& pane = control<RichTextBox>(*editor, "txtMain");
-  pane.moveCursor(QTextCursor::Start);
-  QTest::keyClicks(&pane, u"So "_s);
+  EXPECT_EQ(panel(*editor, 4),
+            u"Not kept when saved: table borders, headers and footers, tracked deletions, text boxes, styles"_s);
+  const QDir backups(g_Project->TodaysBackupFolder());
   trigger(*editor, "mnuSave");
-  expected.insert(0, u"So ");
-  EXPECT_EQ(readRtf(scene()->TextRTF()), expected);
+  EXPECT_FALSE(backups.exists(u"RTF_00001_Original.rtf"_s)) << "nothing was lost yet";
+  type(*editor, u"x"_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(fileBytes(backups.filePath(u"RTF_00001_Original.rtf"_s)), rtf);
+  EXPECT_EQ(panel(*editor, 4), QString());
+  EXPECT_EQ(textInFile(), u"ac\tx"_s);
+}
+
+TEST_F(EditorTextTest, WithoutACopyOfWhatWouldBeLostTheUserDecides) {
+  const QByteArray rtf = "{\\rtf1{\\header h}a}";
+  scene()->setTextRTF(rtf);
+  scene()->Save(false, true);
+  frmEditor* const editor = open();
+  type(*editor, u"x"_s);
+  writeFile(QDir::cleanPath(g_Project->Path() + u"Autobackups"_s), "no folder");
+  toolkit.expectBox(
+      u"The text as it was could not be copied to the backup folder. Saving it now loses: headers and "
+      u"footers.\n\nSave all the same?"_s,
+      Answer::No);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(fileBytes(scene()->RTFFileWithPath()), rtf);
+  toolkit.expectBox(
+      u"The text as it was could not be copied to the backup folder. Saving it now loses: headers and "
+      u"footers.\n\nSave all the same?"_s,
+      Answer::Yes);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(textInFile(), u"ax"_s);
 }
 
 TEST_F(EditorTextTest, KeysAndButtonsFormatTheSelection) {
-  const std::tuple<Qt::Key, const char*, bool CharFormat::*> styles[] = {
-      {Qt::Key_B, "cmdBold", &CharFormat::bold},
-      {Qt::Key_I, "cmdItalic", &CharFormat::italic},
-      {Qt::Key_U, "cmdUnderline", &CharFormat::underline}};
+  using IsOn = bool (*)(const CharFormat&);
+  const std::tuple<Qt::Key, const char*, IsOn> styles[] = {
+      {Qt::Key_B, "cmdBold", [](const CharFormat& format) { return format.bold; }},
+      {Qt::Key_I, "cmdItalic", [](const CharFormat& format) { return format.italic; }},
+      {Qt::Key_U, "cmdUnderline",
+       [](const CharFormat& format) { return format.underline == CharLook::Underline::Single; }}};
   frmEditor* const editor = open();
   auto& pane = control<RichTextBox>(*editor, "txtMain");
   for (const auto& style : styles) {
     const auto savedStyle = [&] {
       trigger(*editor, "mnuSave");
-      return readRtf(scene()->TextRTF()).charFormatAt(1).*std::get<2>(style);
+      return std::get<2>(style)(readRtf(scene()->TextRTF()).charFormatAt(1));
     };
     pane.selectAll();
     QTest::keyClick(&pane, std::get<0>(style), Qt::ControlModifier);

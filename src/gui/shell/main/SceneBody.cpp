@@ -24,7 +24,7 @@ bool SceneBody::showText(clsScene& scene) {
   shown_ = scene.TextRTF();
   colour_ = colour;
   RichText text = readRtf(shown_);
-  hasContent_ = !text.plainText().trimmed().isEmpty();
+  hasContent_ = !text.text().trimmed().isEmpty();
   if (!hasContent_) {
     text = RichText::fromPlain(u"This scene has no content"_s);
   }

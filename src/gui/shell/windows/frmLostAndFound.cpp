@@ -300,7 +300,7 @@ void frmLostAndFound::showText(const LostText* lost) {
   }
   const std::optional<QByteArray> rtf = LostAndFound::textOf(*lost);
   RichText text = rtf ? readRtf(*rtf) : RichText::fromPlain(u"This file can't be read"_s);
-  if (text.plainText().trimmed().isEmpty()) {
+  if (text.text().trimmed().isEmpty()) {
     text = RichText::fromPlain(lost->kind == LostText::Kind::Scene ? u"This scene has no content"_s
                                                                    : u"This file has no content"_s);
   }

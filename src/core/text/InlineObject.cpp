@@ -1,0 +1,76 @@
+#include "core/text/InlineObject.h"
+
+#include "core/text/RichText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Kind = InlineObject::Kind;
+
+bool sameContent(const std::shared_ptr<const RichText>& a, const std::shared_ptr<const RichText>& b) {
+  return a == b || (a && b && *a == *b);
+}
+
+QString withText(const QString& what, const QString& text) {
+  return text.isEmpty() ? what : what + u": "_s + text;
+}
+
+QString authorOf(const InlineObject& object) {
+  for (const InlineObject::Detail& detail : object.details) {
+    if (detail.word == "atnauthor") {
+      return detail.text.trimmed();
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+bool operator==(const InlineObject& a, const InlineObject& b) {
+  return a.kind == b.kind && a.isNumbered == b.isNumbered && a.label == b.label && a.details == b.details &&
+         a.bytes == b.bytes && sameContent(a.content, b.content);
+}
+
+/// Pictures of one program begin alike; their ends tell them apart.
+size_t hashOf(const InlineObject& object) noexcept {
+  constexpr qsizetype kEnough = 64;
+  const QByteArrayView bytes = object.bytes.view();
+  return qHashMulti(0, int(object.kind), object.label, bytes.size(), bytes.last(qMin(kEnough, bytes.size())),
+                    object.content ? object.content->text() : QString());
+}
+
+bool isNote(Kind kind) {
+  return kind == Kind::Footnote || kind == Kind::Endnote || kind == Kind::Comment;
+}
+
+QString describe(const InlineObject& object) {
+  const QString text = object.content ? object.content->plainText().trimmed() : QString();
+  switch (object.kind) {
+    case Kind::Picture:
+      return u"Picture"_s;
+    case Kind::Embedded:
+      return withText(u"Object of another program"_s, text);
+    case Kind::Footnote:
+      return withText(u"Footnote"_s, text);
+    case Kind::Endnote:
+      return withText(u"Endnote"_s, text);
+    case Kind::Comment: {
+      const QString author = authorOf(object);
+      return withText(author.isEmpty() ? u"Comment"_s : u"Comment by "_s + author, text);
+    }
+    case Kind::BookmarkStart:
+      return withText(u"Start of bookmark"_s, object.label);
+    case Kind::BookmarkEnd:
+      return withText(u"End of bookmark"_s, object.label);
+    case Kind::CommentStart:
+      return u"Start of the words commented on"_s;
+    case Kind::CommentEnd:
+      return u"End of the words commented on"_s;
+    case Kind::Field:
+      return withText(u"Field"_s, object.label);
+    case Kind::Entry:
+      return withText(object.label == u"xe" ? u"Index entry"_s : u"Entry of the contents"_s, text);
+  }
+  return {};
+}

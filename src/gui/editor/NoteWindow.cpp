@@ -1,0 +1,94 @@
+#include "gui/editor/NoteWindow.h"
+
+#include "core/infra/Guard.h"
+#include "core/infra/Toolkit.h"
+#include "gui/toolkit/Controls.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/WindowSettings.h"
+
+#include <QDialogButtonBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kLettersAndLines(60, 14);
+
+QString captionOf(InlineObject::Kind kind) {
+  switch (kind) {
+    case InlineObject::Kind::Comment:
+      return u"Comment"_s;
+    case InlineObject::Kind::Endnote:
+      return u"Endnote"_s;
+    default:
+      return u"Footnote"_s;
+  }
+}
+
+/// The palette colours a note, as it does all text that is shown here.
+RichText shown(const InlineObject& note) {
+  RichText text = note.content ? *note.content : RichText();
+  text.formatCharacters(0, -1, [](CharFormat& format) { format.colour.reset(); });
+  return text;
+}
+
+}  // namespace
+
+NoteWindow::NoteWindow(const InlineObject& note, const QFont& font, QWidget* parent)
+    : QDialog(parent), txtNote(new RichTextBox(this)) {
+  setObjectName(u"NoteWindow"_s);
+  setWindowTitle(captionOf(note.kind));
+  giveName(*txtNote, u"txtNote"_s, captionOf(note.kind));
+  txtNote->setFont(font);
+  txtNote->setRichText(shown(note));
+  txtNote->setTabChangesFocus(true);
+  txtNote->moveCursor(QTextCursor::End);
+
+  auto* buttons = new QDialogButtonBox(this);
+  auto* ok = makeButton(u"cmdOK"_s, u"&OK"_s);
+  ok->setToolTip(u"Takes the text (Ctrl+Return)"_s);
+  ok->setShortcut(QKeySequence(u"Ctrl+Return"_s));
+  buttons->addButton(ok, QDialogButtonBox::AcceptRole);
+  buttons->addButton(makeButton(u"cmdExit"_s, u"&Cancel"_s), QDialogButtonBox::RejectRole);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(txtNote, 1);
+  column->addWidget(buttons);
+  resize(fontMetrics().averageCharWidth() * kLettersAndLines.width(),
+         fontMetrics().lineSpacing() * kLettersAndLines.height());
+  restoreWindow(objectName(), *this);
+  txtNote->setFocus();
+}
+
+bool NoteWindow::isChanged() const {
+  return txtNote->isEdited();
+}
+
+RichText NoteWindow::text() const {
+  return txtNote->richText();
+}
+
+void NoteWindow::reject() {
+  Guard("cmdExit_Click", "NoteWindow")([this] {
+    if (!isChanged()) {
+      QDialog::reject();
+      return;
+    }
+    const QPointer<NoteWindow> alive(this);
+    const Answer answer = toolkit().MsgBox(u"Do you want to save the changes?"_s, Buttons::YesNoOrBack);
+    if (alive && answer == Answer::Yes) {
+      accept();
+    } else if (alive && answer == Answer::No) {
+      QDialog::reject();
+    }
+  });
+}
+
+void NoteWindow::done(int result) {
+  storeWindow(objectName(), *this);
+  QDialog::done(result);
+}

@@ -1,0 +1,210 @@
+#include "gui/toolkit/Colours.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/RichTextDocument.h"
+
+#include <QFontInfo>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+
+// Formats of the selection, of paragraphs and of marked words, and the colours of the control.
+
+namespace {
+
+/// A system colour is the automatic one.
+QTextCharFormat foregroundOf(const RichTextBox::Colour& colour) {
+  CharFormat format;
+  format.colour = colour && Colours::isSystem(*colour) ? std::nullopt : colour;
+  QTextCharFormat change;
+  change.setForeground(RichTextDocument::toQt(format).foreground());
+  return change;
+}
+
+}  // namespace
+
+QTextCharFormat RichTextBox::selectedFormat() const {
+  QTextCursor cursor = textCursor();
+  if (!cursor.hasSelection()) {
+    return cursor.charFormat();
+  }
+  cursor.setPosition(cursor.selectionStart() + 1);
+  return cursor.charFormat();
+}
+
+void RichTextBox::mergeSelected(const QTextCharFormat& change) {
+  quietly([&] {
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    cursor.mergeCharFormat(change);
+    const bool takesAll = cursor.selectionStart() == 0 && cursor.selectionEnd() == document()->characterCount() - 1;
+    if (takesAll || (!cursor.hasSelection() && cursor.block().length() == 1)) {
+      // The end of an empty or of the first paragraph, which no selection takes in.
+      QTextCursor end(takesAll ? document()->firstBlock() : cursor.block());
+      end.mergeBlockCharFormat(change);
+    }
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+  });
+}
+
+RichTextBox::Colour RichTextBox::SelColor() const {
+  return RichTextDocument::fromQt(selectedFormat()).colour;
+}
+
+void RichTextBox::setSelColor(Colour colour) {
+  mergeSelected(foregroundOf(colour));
+}
+
+QString RichTextBox::SelFontName() const {
+  const QString name = RichTextDocument::fromQt(selectedFormat()).fontName;
+  return name.isEmpty() ? font().family() : name;
+}
+
+void RichTextBox::setSelFontName(const QString& name) {
+  QTextCharFormat change;
+  change.setFontFamilies({name});
+  mergeSelected(change);
+  changed();
+}
+
+double RichTextBox::SelFontSize() const {
+  const double points = selectedFormat().fontPointSize();
+  return points > 0 ? points : QFontInfo(font()).pointSizeF();  // whose own size may stand in pixels
+}
+
+void RichTextBox::setSelFontSize(double points) {
+  if (points <= 0) {
+    return;
+  }
+  QTextCharFormat change;
+  change.setFontPointSize(qRound(points * 2) / 2.0);
+  mergeSelected(change);
+  changed();
+}
+
+bool RichTextBox::SelBold() const {
+  return RichTextDocument::fromQt(selectedFormat()).bold;
+}
+
+void RichTextBox::setSelBold(bool on) {
+  QTextCharFormat change;
+  change.setFontWeight(on ? QFont::Bold : QFont::Normal);
+  mergeSelected(change);
+  changed();
+}
+
+bool RichTextBox::SelItalic() const {
+  return selectedFormat().fontItalic();
+}
+
+void RichTextBox::setSelItalic(bool on) {
+  QTextCharFormat change;
+  change.setFontItalic(on);
+  mergeSelected(change);
+  changed();
+}
+
+bool RichTextBox::SelUnderline() const {
+  return RichTextDocument::fromQt(selectedFormat()).underline != CharLook::Underline::None;
+}
+
+void RichTextBox::setSelUnderline(bool on) {
+  QTextCharFormat change;
+  change.setFontUnderline(on);
+  mergeSelected(change);
+  changed();
+}
+
+ParagraphFormat RichTextBox::selectedParagraph() const {
+  return RichTextDocument::fromQt(document()->findBlock(textCursor().selectionStart()).blockFormat());
+}
+
+void RichTextBox::changeParagraphs(const std::function<void(ParagraphFormat&)>& change) {
+  quietly([&] {
+    const QTextCursor selected = textCursor();
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    QTextBlock block = document()->findBlock(selected.selectionStart());
+    for (; block.isValid() && block.position() <= selected.selectionEnd(); block = block.next()) {
+      ParagraphFormat format = RichTextDocument::fromQt(block.blockFormat());
+      change(format);
+      cursor.setPosition(block.position());
+      cursor.setBlockFormat(RichTextDocument::toQt(normalised(format)));
+    }
+    cursor.endEditBlock();
+  });
+  changed();
+}
+
+int RichTextBox::SelIndent() const {
+  const ParagraphFormat format = selectedParagraph();
+  return format.leftIndent + format.firstIndent;
+}
+
+void RichTextBox::setSelIndent(int twips) {
+  changeParagraphs([twips](ParagraphFormat& format) { format.leftIndent = twips - format.firstIndent; });
+}
+
+int RichTextBox::SelHangingIndent() const {
+  return -selectedParagraph().firstIndent;
+}
+
+void RichTextBox::setSelHangingIndent(int twips) {
+  changeParagraphs([twips](ParagraphFormat& format) {
+    format.leftIndent += format.firstIndent + twips;
+    format.firstIndent = -twips;
+  });
+}
+
+ParagraphFormat::Alignment RichTextBox::SelAlignment() const {
+  return selectedParagraph().alignment;
+}
+
+void RichTextBox::setSelAlignment(ParagraphFormat::Alignment alignment) {
+  changeParagraphs([alignment](ParagraphFormat& format) { format.alignment = alignment; });
+}
+
+CharFormat RichTextBox::formatAt(qsizetype position) const {
+  QTextCursor cursor(document());
+  const int at = toDocument(position);
+  cursor.setPosition(std::min(at + 1, document()->characterCount() - 1));
+  CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
+  if (document()->characterAt(at) != QChar::ObjectReplacementCharacter) {
+    format.object.reset();
+  }
+  return format;
+}
+
+void RichTextBox::colourRanges(const std::vector<ColouredRange>& ranges) {
+  if (ranges.empty()) {
+    return;
+  }
+  const int scrolled = verticalScrollBar()->value();
+  quietly([&] {
+    QTextCursor batch(document());
+    batch.beginEditBlock();
+    for (const ColouredRange& range : ranges) {
+      cursorOver(range.start, range.length).mergeCharFormat(foregroundOf(range.colour));
+    }
+    batch.endEditBlock();
+  });
+  verticalScrollBar()->setValue(scrolled);
+}
+
+quint32 RichTextBox::BackColor() const {
+  return backColour_.value_or(Colours::systemWindow);
+}
+
+void RichTextBox::setBackColor(quint32 colour) {
+  backColour_ = colour;
+  if (Colours::isSystem(colour)) {
+    setPalette(QPalette());
+    return;
+  }
+  QPalette colours = palette();
+  colours.setColor(QPalette::Base, Colours::toQt(colour));
+  setPalette(colours);
+}

@@ -1,0 +1,281 @@
+#include "core/text/Rtf.h"
+#include "gui/toolkit/ListLabels.h"
+#include "gui/toolkit/PlainToolTip.h"
+#include "gui/toolkit/RichMimeData.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/RichTextDocument.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QToolTip>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+// What the user does to the control: keys, mouse, clipboard; and what it tells of the place pointed at.
+
+namespace {
+
+bool isUndoOrRedo(const QKeyEvent& key) {
+  return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+}
+
+bool isReturn(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+/// Whether the first letter that has a direction runs from right to left; nothing without one.
+std::optional<bool> runsLeftwards(const QString& text) {
+  for (const QChar unit : text) {
+    switch (unit.direction()) {
+      case QChar::DirR:
+      case QChar::DirAL:
+        return true;
+      case QChar::DirL:
+        return false;
+      default:
+        break;
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+bool RichTextBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && isUndoOrRedo(*static_cast<QKeyEvent*>(event))) {
+    event->ignore();
+    return true;
+  }
+  return QTextEdit::event(event);
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent* event) {
+  if (isUndoOrRedo(*event)) {
+    event->ignore();
+    return;
+  }
+  const bool ends = (isReturn(*event) || event->key() == Qt::Key_Backspace) && !isReadOnly() && endListAtCaret(*event);
+  if (ends) {
+    event->accept();
+    return;
+  }
+  const bool wasEmpty = textCursor().block().length() == 1;
+  if (!event->text().isEmpty() && event->text()[0].isPrint()) {
+    leaveFieldAtCaret();
+  }
+  const int blocks = document()->blockCount();
+  QTextEdit::keyPressEvent(event);
+  if (isReturn(*event) && document()->blockCount() > blocks) {
+    goOnBehindReturn();
+  }
+  if (wasEmpty) {
+    directByLetters(event->text());
+  }
+}
+
+void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
+  const bool wasEmpty = textCursor().block().length() == 1;
+  if (!event->commitString().isEmpty()) {
+    leaveFieldAtCaret();
+  }
+  QTextEdit::inputMethodEvent(event);
+  if (wasEmpty) {
+    directByLetters(event->commitString());
+  }
+}
+
+/// Return in an empty item, and Backspace in front of any, makes an ordinary paragraph of it that stands as it stood.
+bool RichTextBox::endListAtCaret(const QKeyEvent& key) {
+  const QTextCursor cursor = textCursor();
+  const bool isThere = isReturn(key) ? cursor.block().length() == 1 : cursor.atBlockStart();
+  const bool isPlainKey = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (cursor.hasSelection() || !isThere || !isPlainKey || selectedParagraph().list.style == ListMark::Style::None) {
+    return false;
+  }
+  changeParagraphs([](ParagraphFormat& format) { format.list = {}; });
+  return true;
+}
+
+/// What belongs to one paragraph alone stays with the one in front.
+void RichTextBox::goOnBehindReturn() {
+  const ParagraphFormat format = selectedParagraph();
+  if (format.pageBreakBefore || format.list.start > 0) {
+    changeParagraphs([](ParagraphFormat& changed) {
+      changed.pageBreakBefore = false;
+      changed.list.start = 0;
+    });
+  }
+}
+
+/// What is typed behind a link is no part of it.
+void RichTextBox::leaveFieldAtCaret() {
+  QTextCursor cursor = textCursor();
+  CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
+  if (cursor.hasSelection() || format.field.isEmpty()) {
+    return;
+  }
+  cursor.movePosition(QTextCursor::NextCharacter);
+  const bool goesOn = !textCursor().atBlockEnd() && RichTextDocument::fromQt(cursor.charFormat()).field == format.field;
+  if (!goesOn) {
+    format.field.clear();
+    format.object.reset();
+    setCurrentCharFormat(RichTextDocument::toQt(format));
+  }
+}
+
+/// A new paragraph runs as the letters that it begins with.
+void RichTextBox::directByLetters(const QString& typed) {
+  const std::optional<bool> leftwards = runsLeftwards(typed);
+  const ParagraphFormat format = selectedParagraph();
+  if (isReadOnly() || !leftwards || *leftwards == format.rightToLeft) {
+    return;
+  }
+  using Alignment = ParagraphFormat::Alignment;
+  changeParagraphs([&](ParagraphFormat& changed) {
+    changed.rightToLeft = *leftwards;
+    if (changed.alignment == (*leftwards ? Alignment::Left : Alignment::Right)) {
+      changed.alignment = *leftwards ? Alignment::Right : Alignment::Left;
+    }
+  });
+}
+
+QMimeData* RichTextBox::createMimeDataFromSelection() const {
+  return new RichMimeData(SelRichText());
+}
+
+bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
+  return source->hasText() || RichMimeData::isIn(*source);
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData* source) {
+  // The control's own refusal stands in the routine that this one takes the place of.
+  if (isReadOnly()) {
+    return;
+  }
+  if (RichMimeData::isIn(*source)) {
+    setSelRichText(RichMimeData::textIn(*source));
+  } else {
+    leaveFieldAtCaret();
+    setSelText(source->text());
+  }
+  ensureCursorVisible();
+}
+
+int RichTextBox::characterAt(QPoint inViewport) const {
+  const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+  return document()->documentLayout()->hitTest(inViewport + scrolled, Qt::ExactHit);
+}
+
+CharFormat RichTextBox::formatOfCharacter(int documentPosition) const {
+  if (documentPosition < 0 || documentPosition + 1 >= document()->characterCount()) {
+    return {};
+  }
+  QTextCursor cursor(document());
+  cursor.setPosition(documentPosition + 1);
+  CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
+  if (document()->characterAt(documentPosition) != QChar::ObjectReplacementCharacter) {
+    format.object.reset();
+  }
+  return format;
+}
+
+QString RichTextBox::describe(const CharFormat& format) {
+  if (format.object) {
+    return ::describe(*format.object);
+  }
+  const QString address = linkAddress(format.field);
+  if (!address.isEmpty()) {
+    return address + u"\nCtrl+click to open"_s;
+  }
+  return format.field.isEmpty() ? QString() : u"Field: "_s + format.field;
+}
+
+bool RichTextBox::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) {
+    return QTextEdit::viewportEvent(event);
+  }
+  const auto& help = *static_cast<QHelpEvent*>(event);
+  const QString tip = describe(formatOfCharacter(characterAt(help.pos())));
+  if (tip.isEmpty()) {
+    QToolTip::hideText();
+    return QTextEdit::viewportEvent(event);
+  }
+  QToolTip::showText(help.globalPos(), plainToolTip(tip), viewport());
+  return true;
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
+  const bool isPlainClick = event->button() == Qt::LeftButton && !textCursor().hasSelection();
+  QTextEdit::mouseReleaseEvent(event);
+  if (isPlainClick && event->modifiers() == Qt::ControlModifier) {
+    activate(characterAt(event->pos()));
+  }
+}
+
+void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event) {
+  const int character = characterAt(event->pos());
+  const auto object = formatOfCharacter(character).object;
+  if (event->button() == Qt::LeftButton && object && isNote(object->kind)) {
+    activate(character);
+    event->accept();
+    return;
+  }
+  QTextEdit::mouseDoubleClickEvent(event);
+}
+
+void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
+  QTextEdit::mouseMoveEvent(event);
+  const bool opens = event->modifiers() == Qt::ControlModifier && event->buttons() == Qt::NoButton &&
+                     !linkAddress(formatOfCharacter(characterAt(event->pos())).field).isEmpty();
+  if (opens != (viewport()->cursor().shape() == Qt::PointingHandCursor)) {
+    viewport()->setCursor(opens ? Qt::PointingHandCursor : Qt::IBeamCursor);
+  }
+}
+
+bool RichTextBox::activate(int documentPosition) {
+  const CharFormat format = formatOfCharacter(documentPosition);
+  if (format.object && isNote(format.object->kind)) {
+    Q_EMIT noteActivated(fromDocument(documentPosition));
+    return true;
+  }
+  const QString address = linkAddress(format.field);
+  if (!address.isEmpty()) {
+    Q_EMIT linkActivated(address);
+    return true;
+  }
+  return false;
+}
+
+bool RichTextBox::openAtCaret() {
+  const int caret = textCursor().selectionStart();
+  return activate(caret) || activate(caret - 1);
+}
+
+/// A screen reader hears of what stands at the caret and is no letter.
+void RichTextBox::tellOfCaret() {
+  const int caret = textCursor().position();
+  QString told = describe(formatOfCharacter(caret));
+  if (told.isEmpty()) {
+    told = describe(formatOfCharacter(caret - 1));
+  }
+  if (told != accessibleDescription()) {
+    setAccessibleDescription(told);
+  }
+}
+
+void RichTextBox::paintEvent(QPaintEvent* event) {
+  QTextEdit::paintEvent(event);
+  if (hasLists_) {
+    QPainter painter(viewport());
+    drawListLabels(painter, *this);
+  }
+}
