@@ -1,5 +1,7 @@
 #include "Version.h"
 #include "core/infra/Maker.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
 #include "gui/shell/life/EndSignals.h"
 #include "gui/shell/life/GuardedApplication.h"
 #include "gui/shell/life/InstanceCheck.h"
@@ -71,6 +73,8 @@ int main(int argc, char** argv) {
   registerWindows();
   QGuiApplication::setWindowIcon(windowIcon());
   const int result = run();
+  // Editors that are open let go of their scenes while there is still an application.
+  g_Project = std::make_unique<clsProject>();
   installToolkit(nullptr);
   return result;
 }

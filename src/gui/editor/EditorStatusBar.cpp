@@ -14,7 +14,7 @@ EditorStatusBar::EditorStatusBar(QWidget* parent) : QStatusBar(parent), panels_{
     QLabel* const label = stretches ? new ElidedLabel(this) : makeLabel({}, {}, this);
     giveName(*label, u"StatusBar1(%1)"_s.arg(panel));
     label->setContentsMargins(6, 0, 6, 0);
-    addWidget(label, stretches ? 1 : 0);
+    addWidget(label, panel == hint ? 2 : stretches ? 1 : 0);
     panels_[static_cast<size_t>(panel - 1)] = label;
   }
   panels_[chapterTitle - 1]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

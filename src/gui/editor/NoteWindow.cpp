@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "gui/editor/TextKeys.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/WindowSettings.h"
@@ -37,31 +38,42 @@ RichText shown(const InlineObject& note) {
 
 }  // namespace
 
-NoteWindow::NoteWindow(const InlineObject& note, const QFont& font, QWidget* parent)
+NoteWindow::NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidget* parent)
     : QDialog(parent), txtNote(new RichTextBox(this)) {
   setObjectName(u"NoteWindow"_s);
   setWindowTitle(captionOf(note.kind));
   giveName(*txtNote, u"txtNote"_s, captionOf(note.kind));
-  txtNote->setFont(font);
+  txtNote->setFont(owner.font());
   txtNote->setRichText(shown(note));
   txtNote->setTabChangesFocus(true);
-  txtNote->moveCursor(QTextCursor::End);
-
-  auto* buttons = new QDialogButtonBox(this);
-  auto* ok = makeButton(u"cmdOK"_s, u"&OK"_s);
-  ok->setToolTip(u"Takes the text (Ctrl+Return)"_s);
-  ok->setShortcut(QKeySequence(u"Ctrl+Return"_s));
-  buttons->addButton(ok, QDialogButtonBox::AcceptRole);
-  buttons->addButton(makeButton(u"cmdExit"_s, u"&Cancel"_s), QDialogButtonBox::RejectRole);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  txtNote->setLocked(owner.Locked());
+  if (!owner.Locked()) {
+    new TextKeys(*txtNote);
+  }
   auto* column = new QVBoxLayout(this);
   column->addWidget(txtNote, 1);
-  column->addWidget(buttons);
+  column->addWidget(buttons());
   resize(fontMetrics().averageCharWidth() * kLettersAndLines.width(),
          fontMetrics().lineSpacing() * kLettersAndLines.height());
   restoreWindow(objectName(), *this);
+  txtNote->moveCursor(owner.Locked() ? QTextCursor::Start : QTextCursor::End);
   txtNote->setFocus();
+}
+
+QWidget* NoteWindow::buttons() {
+  auto* row = new QDialogButtonBox(this);
+  if (txtNote->Locked()) {
+    row->addButton(makeButton(u"cmdExit"_s, u"&Close"_s), QDialogButtonBox::RejectRole);
+  } else {
+    auto* const ok = makeButton(u"cmdOK"_s, u"&OK"_s);
+    ok->setToolTip(u"Takes the text (Ctrl+Return)"_s);
+    ok->setShortcut(QKeySequence(u"Ctrl+Return"_s));
+    row->addButton(ok, QDialogButtonBox::AcceptRole);
+    row->addButton(makeButton(u"cmdExit"_s, u"&Cancel"_s), QDialogButtonBox::RejectRole);
+  }
+  connect(row, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(row, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  return row;
 }
 
 bool NoteWindow::isChanged() const {

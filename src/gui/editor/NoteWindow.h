@@ -6,13 +6,14 @@
 
 class RichTextBox;
 
-/// The text of a footnote, an endnote or a comment, to be read and changed. Whoever leaves with changes is asked.
+/// The text of a footnote, an endnote or a comment, to be read and changed, or read alone where the text that it
+/// belongs to is locked. Whoever leaves with changes is asked.
 class NoteWindow : public QDialog {
   Q_OBJECT
 
  public:
-  /// New text has this font.
-  NoteWindow(const InlineObject& note, const QFont& font, QWidget* parent);
+  /// New text has the font of the text that the note belongs to.
+  NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidget* parent);
 
   /// True when the text was changed.
   bool isChanged() const;
@@ -22,5 +23,7 @@ class NoteWindow : public QDialog {
   void done(int result) override;
 
  private:
+  QWidget* buttons();
+
   RichTextBox* txtNote;
 };

@@ -2,13 +2,13 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
-#include "gui/editor/EditorObjects.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTab.h"
 #include "gui/editor/EditorTabs.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/TextKeys.h"
+#include "gui/editor/TextObjects.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
@@ -95,7 +95,7 @@ void frmEditor::buildLayout() {
   giveName(*txtMain, u"txtMain"_s, u"Scene text"_s);
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
-  new EditorObjects(*txtMain);
+  new TextObjects(*txtMain);
   auto* upper = new QWidget(this);
   fontBar_ = new FontBar(*txtMain, upper);
   auto* upperLayout = new QVBoxLayout(upper);

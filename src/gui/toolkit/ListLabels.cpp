@@ -8,6 +8,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <utility>
@@ -63,8 +64,9 @@ void drawLabel(QPainter& painter, const QTextEdit& control, const QTextBlock& bl
   const double width = QFontMetricsF(font).horizontalAdvance(label);
   const double hang = std::max({kLeastHang, -1.0 * Twips::toPixels(format.firstIndent), width + kGap});
   const double left = format.rightToLeft ? line.right() + hang - width : line.left() - hang;
+  const QTextLine first = block.layout()->lineAt(0);
   painter.setFont(font);
-  painter.drawText(QRectF(left, line.top(), width + 1, line.height()), Qt::AlignLeft | Qt::AlignVCenter, label);
+  painter.drawText(QPointF(left, line.top() + (first.isValid() ? first.ascent() : line.height())), label);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorColours.h"
 #include "gui/editor/EditorText.h"
+#include "gui/editor/TextObjects.h"
 #include "gui/toolkit/Controls.h"
 
 using namespace Qt::StringLiterals;
@@ -11,6 +12,7 @@ using namespace Qt::StringLiterals;
 SceneBody::SceneBody(QWidget* parent) : RichTextBox(parent) {
   giveName(*this, u"txtBody"_s, u"Scene text"_s);
   makeReadOnly(*this);
+  new TextObjects(*this);
 }
 
 bool SceneBody::showText(clsScene& scene) {

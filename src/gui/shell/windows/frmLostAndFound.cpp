@@ -11,6 +11,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/Rtf.h"
+#include "gui/editor/TextObjects.h"
 #include "gui/shell/windows/SceneRemoval.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -124,6 +125,7 @@ void frmLostAndFound::createControls() {
   txtText = new RichTextBox(this);
   giveName(*txtText, u"txtText"_s, u"Text"_s);
   makeReadOnly(*txtText);
+  new TextObjects(*txtText);
   lblNothing = makeLabel(u"lblNothing"_s, u"Every scene is in a chapter, and every file belongs to a scene."_s, this);
   lblNothing->setAlignment(Qt::AlignCenter);
   lblNothing->setWordWrap(true);

@@ -1,4 +1,4 @@
-#include "gui/editor/EditorObjects.h"
+#include "gui/editor/TextObjects.h"
 
 #include "core/infra/Toolkit.h"
 #include "gui/editor/EditorText.h"
@@ -8,6 +8,7 @@
 #include "gui/toolkit/RichTextBox.h"
 
 #include <QPointer>
+#include <QShortcut>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -23,18 +24,23 @@ bool mayOpen(const QUrl& url) {
 
 }  // namespace
 
-EditorObjects::EditorObjects(RichTextBox& text) : QObject(&text), text_(text) {
-  connect(&text, &RichTextBox::noteActivated, this, guarded("openNote", kModule, this, &EditorObjects::openNote));
-  connect(&text, &RichTextBox::linkActivated, this, guarded("openLink", kModule, this, &EditorObjects::openLink));
+TextObjects::TextObjects(RichTextBox& text) : QObject(&text), text_(text) {
+  connect(&text, &RichTextBox::noteActivated, this, guarded("openNote", kModule, this, &TextObjects::openNote));
+  if (text.Locked()) {  // where it is written, the window's menu has the key
+    auto* const open = new QShortcut(QKeySequence(u"Ctrl+Return"_s), &text);
+    open->setContext(Qt::WidgetShortcut);
+    connect(open, &QShortcut::activated, &text, &RichTextBox::openAtCaret);
+  }
+  connect(&text, &RichTextBox::linkActivated, this, guarded("openLink", kModule, this, &TextObjects::openLink));
 }
 
-void EditorObjects::openNote(qsizetype position) {
+void TextObjects::openNote(qsizetype position) {
   const auto note = text_.objectAt(position);
   if (!note) {
     return;
   }
   const QPointer<RichTextBox> pane(&text_);
-  const OverActiveWindow<NoteWindow> window(*note, text_.font());
+  const OverActiveWindow<NoteWindow> window(*note, text_);
   if (!window.accepted() || !pane || !window->isChanged() || pane->objectAt(position) != note) {
     return;
   }
@@ -45,7 +51,7 @@ void EditorObjects::openNote(qsizetype position) {
   pane->replaceObject(position, std::make_shared<const InlineObject>(changed));
 }
 
-void EditorObjects::openLink(const QString& address) {
+void TextObjects::openLink(const QString& address) {
   const QUrl url(address, QUrl::TolerantMode);
   if (!mayOpen(url)) {
     toolkit().MsgBox(

@@ -4,13 +4,14 @@
 
 class RichTextBox;
 
-/// What opens out of the text of an editor: the notes in it, in a window of their own, and its links.
-class EditorObjects : public QObject {
+/// What opens out of a text: the notes in it, in a window of their own, and its links. In a locked text notes can be
+/// read and no more.
+class TextObjects : public QObject {
   Q_OBJECT
 
  public:
   /// Belongs to the pane.
-  explicit EditorObjects(RichTextBox& text);
+  explicit TextObjects(RichTextBox& text);
 
  private:
   void openNote(qsizetype position);
