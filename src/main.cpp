@@ -1,7 +1,5 @@
 #include "Version.h"
 #include "core/infra/Maker.h"
-#include "core/model/Globals.h"
-#include "core/model/clsProject.h"
 #include "gui/shell/life/EndSignals.h"
 #include "gui/shell/life/GuardedApplication.h"
 #include "gui/shell/life/InstanceCheck.h"
@@ -73,8 +71,7 @@ int main(int argc, char** argv) {
   registerWindows();
   QGuiApplication::setWindowIcon(windowIcon());
   const int result = run();
-  // Editors that are open let go of their scenes while there is still an application.
-  g_Project = std::make_unique<clsProject>();
+  letBookGo();
   installToolkit(nullptr);
   return result;
 }

@@ -1,8 +1,5 @@
 #include "gui/editor/EditorText.h"
 
-#include <QFont>
-#include <QFontInfo>
-
 namespace {
 
 constexpr int kSelIndent = 200;
@@ -23,13 +20,5 @@ void SetMainIndent(RichText& text) {
       format.leftIndent = kSelIndent + kSelHangingIndent;
       format.firstIndent = -kSelHangingIndent;
     }
-  });
-}
-
-void nameFont(RichText& text, const QFont& font) {
-  const int halfPoints = qRound(QFontInfo(font).pointSizeF() * 2);
-  text.formatCharacters(0, -1, [&](CharFormat& format) {
-    format.fontName = format.fontName.isEmpty() ? font.family() : format.fontName;
-    format.halfPoints = format.halfPoints == 0 ? halfPoints : format.halfPoints;
   });
 }

@@ -4,8 +4,6 @@
 
 #include <optional>
 
-class QFont;
-
 // What the editor does to a whole text on its way in and out.
 
 /// All text takes the one colour, none being the automatic one: no mark of spelling or names is ever saved.
@@ -13,5 +11,3 @@ void ResetFontColour(RichText& text, std::optional<quint32> colour);
 /// First lines are indented by 200 twips, the lines behind them begin at the margin. Paragraphs that have an indent of
 /// their own, such as quotations, and items of lists stay as they are.
 void SetMainIndent(RichText& text);
-/// Text that states no font or no size gets these: whoever opens the file elsewhere sees what was seen here.
-void nameFont(RichText& text, const QFont& font);

@@ -7,8 +7,6 @@
 #include "gui/editor/EditorTab.h"
 #include "gui/editor/EditorTabs.h"
 #include "gui/editor/FontBar.h"
-#include "gui/editor/TextKeys.h"
-#include "gui/editor/TextObjects.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
@@ -17,6 +15,8 @@
 #include "gui/toolkit/Twips.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/toolkit/WindowTitle.h"
+#include "gui/views/TextKeys.h"
+#include "gui/views/TextObjects.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -89,9 +89,8 @@ void frmEditor::tellLosses() {
 }
 
 QByteArray frmEditor::textToSave() const {
-  RichText text = txtMain->richText();
+  RichText text = txtMain->namedRichText();
   ResetFontColour(text, colours_.textColour());
-  nameFont(text, txtMain->font());
   return writeRtf(text);
 }
 

@@ -32,6 +32,9 @@ class RichTextBox : public QTextEdit {
   void setRichText(const RichText& text);
   /// Equal to what was loaded as long as nothing was changed.
   RichText richText() const;
+  /// The same with the control's own font and size where none is stated: whoever opens it elsewhere sees what is seen
+  /// here.
+  RichText namedRichText() const;
   /// Bytes that are no RTF are loaded as plain text of our code page.
   void setTextRTF(const QByteArray& rtf);
   /// The very bytes that were loaded as long as nothing was changed.

@@ -167,6 +167,16 @@ void RichTextBox::setSelAlignment(ParagraphFormat::Alignment alignment) {
   changeParagraphs([alignment](ParagraphFormat& format) { format.alignment = alignment; });
 }
 
+RichText RichTextBox::namedRichText() const {
+  RichText text = richText();
+  const int halfPoints = qRound(QFontInfo(font()).pointSizeF() * 2);
+  text.formatCharacters(0, -1, [&](CharFormat& format) {
+    format.fontName = format.fontName.isEmpty() ? font().family() : format.fontName;
+    format.halfPoints = format.halfPoints == 0 ? halfPoints : format.halfPoints;
+  });
+  return text;
+}
+
 CharFormat RichTextBox::formatAt(qsizetype position) const {
   QTextCursor cursor(document());
   const int at = toDocument(position);

@@ -1,7 +1,9 @@
 #include "gui/shell/life/RegisterWindows.h"
 
 #include "core/infra/cSharedGetDate.h"
+#include "core/model/Globals.h"
 #include "core/model/SceneEditor.h"
+#include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/sheets/EntitySheets.h"
 #include "gui/toolkit/fSHAREDGetDate.h"
@@ -10,4 +12,8 @@ void registerWindows() {
   sceneEditorFactory() = [] { return new frmEditor; };
   registerSheets();
   cSharedGetDate::installWindow(&fSHAREDGetDate::run);
+}
+
+void letBookGo() {
+  g_Project = std::make_unique<clsProject>();
 }

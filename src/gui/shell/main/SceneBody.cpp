@@ -4,8 +4,8 @@
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorColours.h"
 #include "gui/editor/EditorText.h"
-#include "gui/editor/TextObjects.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/views/TextObjects.h"
 
 using namespace Qt::StringLiterals;
 

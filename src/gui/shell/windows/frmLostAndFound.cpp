@@ -11,7 +11,6 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/Rtf.h"
-#include "gui/editor/TextObjects.h"
 #include "gui/shell/windows/SceneRemoval.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -19,6 +18,7 @@
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/views/ListView.h"
+#include "gui/views/TextObjects.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>

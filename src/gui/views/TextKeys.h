@@ -5,7 +5,7 @@
 class QKeyEvent;
 class RichTextBox;
 
-/// The keys that the text pane of an editor takes for itself: Ctrl+B, Ctrl+I and Ctrl+U format the selection.
+/// The keys that a text to write in takes for itself: Ctrl+B, Ctrl+I and Ctrl+U format the selection.
 class TextKeys : public QObject {
   Q_OBJECT
 

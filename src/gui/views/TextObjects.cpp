@@ -1,11 +1,10 @@
-#include "gui/editor/TextObjects.h"
+#include "gui/views/TextObjects.h"
 
 #include "core/infra/Toolkit.h"
-#include "gui/editor/EditorText.h"
-#include "gui/editor/NoteWindow.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/OverActiveWindow.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "gui/views/NoteWindow.h"
 
 #include <QPointer>
 #include <QShortcut>
@@ -15,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kModule = "frmEditor";
+constexpr auto kModule = "TextObjects";
 
 bool mayOpen(const QUrl& url) {
   const QString scheme = url.scheme().toLower();
@@ -44,10 +43,8 @@ void TextObjects::openNote(qsizetype position) {
   if (!window.accepted() || !pane || !window->isChanged() || pane->objectAt(position) != note) {
     return;
   }
-  RichText content = window->text();
-  nameFont(content, text_.font());
   InlineObject changed = *note;
-  changed.content = std::make_shared<const RichText>(content);
+  changed.content = std::make_shared<const RichText>(window->text());
   pane->replaceObject(position, std::make_shared<const InlineObject>(changed));
 }
 

@@ -1,11 +1,11 @@
-#include "gui/editor/NoteWindow.h"
+#include "gui/views/NoteWindow.h"
 
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
-#include "gui/editor/TextKeys.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/WindowSettings.h"
+#include "gui/views/TextKeys.h"
 
 #include <QDialogButtonBox>
 #include <QPointer>
@@ -81,7 +81,7 @@ bool NoteWindow::isChanged() const {
 }
 
 RichText NoteWindow::text() const {
-  return txtNote->richText();
+  return txtNote->namedRichText();
 }
 
 void NoteWindow::reject() {

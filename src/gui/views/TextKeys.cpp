@@ -1,4 +1,4 @@
-#include "gui/editor/TextKeys.h"
+#include "gui/views/TextKeys.h"
 
 #include "core/infra/Guard.h"
 #include "gui/toolkit/RichTextBox.h"

@@ -1,12 +1,11 @@
 // What opens out of the text of a scene: notes in a window of their own, and links.
 
-#include "gui/editor/TextObjects.h"
-
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorWindow.h"
-#include "gui/editor/NoteWindow.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "gui/views/NoteWindow.h"
+#include "gui/views/TextObjects.h"
 #include "support/ModalHelper.h"
 
 #include <QPushButton>
