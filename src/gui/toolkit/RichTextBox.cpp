@@ -106,6 +106,9 @@ void RichTextBox::changed() {
   if (quiet_ != 0) {
     return;
   }
+  // Within a larger edit, as a drop is, the document tells of its change only at the end.
+  loaded_.reset();
+  loadedRtf_.reset();
   edited_ = true;
   if (hasLists_) {
     viewport()->update();  // the numbers of items further down may have changed
