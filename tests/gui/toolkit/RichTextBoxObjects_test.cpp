@@ -165,8 +165,7 @@ TEST_F(RichTextBoxObjects, AreToldOfToTheEyeAndToAScreenReader) {
     const QPoint place = placeOf(row.position);
     QHelpEvent help(QEvent::ToolTip, place, box.viewport()->mapToGlobal(place));
     QApplication::sendEvent(box.viewport(), &help);
-    EXPECT_TRUE(row.tip.isEmpty() ? waitFor([] { return !QToolTip::isVisible(); })
-                                  : QToolTip::text().contains(row.tip))
+    EXPECT_TRUE(row.tip.isEmpty() ? waitFor([] { return !QToolTip::isVisible(); }) : QToolTip::text().contains(row.tip))
         << row.position << QToolTip::text().toStdString();
   }
 }

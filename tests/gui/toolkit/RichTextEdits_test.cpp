@@ -1,4 +1,3 @@
-#pragma GCC diagnostic ignored "-Wshadow"
 #include "core/text/Rtf.h"
 #include "core/text/RtfSamples.h"
 #include "gui/toolkit/RichMimeData.h"
@@ -10,10 +9,7 @@
 #include <QTextDocument>
 
 #include <gtest/gtest.h>
-
 #include <vector>
-#include <iostream>
-#include <QTextBlock>
 
 using namespace Qt::StringLiterals;
 
@@ -64,11 +60,11 @@ struct NumberedTexts {
   QRandomGenerator random{20};
   int last = 0;
 
-  /// At random, with at least one object.
+  /// Small, with at least one object.
   RichText next() {
     RichText text;
     do {
-      text = withFewFonts(randomRichText(random));
+      text = withFewFonts(randomRichText(random, 1));
     } while (!text.text().contains(QChar::ObjectReplacementCharacter));
     for (qsizetype at = 0; at < text.size(); ++at) {
       CharFormat format = text.charFormatAt(at);
@@ -172,7 +168,6 @@ void pressKey(Edited& edited, QRandomGenerator& random) {
     edited.model.remove(key.key == Qt::Key_Delete ? start : start - taken, taken);
   } else {
     ASSERT_EQ(key.key, Qt::Key_Return);
-    if (getenv("DBG")) { fprintf(stderr, "%s\n----\n%s\n", writeRtf(edited.model).constData(), writeRtf(edited.box.richText()).constData()); std::cerr << "mods " << int(key.modifiers) << " before " << before.toUtf8().toPercentEncoding(" \\{}").toStdString() << "\n" << edited.model << "\nbox:" << edited.box.richText() << std::endl; for (QTextBlock b=edited.box.document()->begin(); b.isValid(); b=b.next()) std::cerr << b.position() << " " << b.length() << " caret " << edited.box.textCursor().position() << "\n"; }
     ASSERT_NE(edited.model.paragraphFormatAt(start).list.style, ListMark::Style::None) << "an item ends instead";
   }
 }
@@ -251,9 +246,7 @@ struct Desk {
     Edited& edited = boxes[which];
     Edited& other = boxes[1 - which];
     random.bounded(2) == 0 ? edited.selectAny(random) : edited.caretAnywhere(random);
-    const int what = random.bounded(9);
-    if (getenv("DBG")) fprintf(stderr, "box %d step %d sel %d %d of %d\n", which, what, int(edited.box.SelStart()), int(edited.box.SelLength()), int(edited.box.Text().size()));
-    switch (what) {
+    switch (random.bounded(9)) {
       case 0:
       case 1:
         return typeWord(edited, random);
@@ -314,8 +307,8 @@ TEST(RichTextEdits, LoseNoObjectAndDoubleNone) {
 TEST(RichTextEdits, PuttingARichTextInIsWhatTheValueDoes) {
   QRandomGenerator random(7);
   RichTextBox box;
-  for (int i = 0; i < 3000; ++i) {
-    RichText text = withFewFonts(randomRichText(random));
+  for (int i = 0; i < 1000; ++i) {
+    RichText text = withFewFonts(randomRichText(random, i % 2));
     const RichText piece = withFewFonts(randomRichText(random, 1));
     box.setRichText(text);
     box.select(below(random, text.size() + 1), random.bounded(3) == 0 ? 0 : below(random, text.size() + 1));
