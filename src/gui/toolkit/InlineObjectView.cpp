@@ -22,7 +22,7 @@ using Kind = InlineObject::Kind;
 /// Of images as they are shown, in kilobytes.
 constexpr int kCached = 64 * 1024;
 /// A picture higher than this would leave no text beside it.
-constexpr double kHighest = 600;
+constexpr int kHighest = 600;
 constexpr double kMarkFont = 0.75;
 constexpr double kMarkPadding = 3;
 
@@ -82,10 +82,12 @@ void InlineObjectView::watch(QTextDocument& document) {
   sizes_.clear();
 }
 
+/// In whole pixels: an image is stretched, slowly and blurred, over a place that is a fraction larger.
 QSizeF InlineObjectView::fitted(const QSizeF& size) const {
   const double room = control_.viewport()->width() - 2 * control_.document()->documentMargin() - 2;
-  const QSizeF most(qMax(room, 32.0), kHighest);
-  return size.width() <= most.width() && size.height() <= most.height() ? size : size.scaled(most, Qt::KeepAspectRatio);
+  const QSize most(qMax(static_cast<int>(room), 32), kHighest);
+  const bool fits = size.width() <= most.width() && size.height() <= most.height();
+  return (fits ? size : size.scaled(most, Qt::KeepAspectRatio)).toSize().expandedTo({1, 1});
 }
 
 QFont InlineObjectView::markFont(const QTextFormat& format) const {

@@ -70,11 +70,11 @@ void RichTextBox::load(const RichText& text) {
   fresh->setUndoRedoEnabled(false);
   fresh->setDefaultFont(font());
   fresh->setDocumentMargin(document()->documentMargin());
+  // Without a size nothing is laid out before the control gives it its own.
+  fresh->setPageSize({0, 0});
   objects_->watch(*fresh);
   RichTextDocument::fill(*fresh, text);
   makeRoom(*fresh, text);
-  // Without a size nothing is laid out before the control gives it its own.
-  fresh->setPageSize({0, 0});
   quietly([&] {
     QTextDocument* const old = document();
     const bool isOurs = old->parent() == this;
