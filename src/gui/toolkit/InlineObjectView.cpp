@@ -48,6 +48,22 @@ std::optional<RtfPicture> pictureOf(const InlineObject& object) {
   return shown != nullptr ? findRtfPicture(shown->bytes.view()) : std::nullopt;
 }
 
+/// A little smaller or larger it is drawn between its pixels, which is far faster than their averages and looks the
+/// same.
+QImage scaledTo(const QImage& image, QSize pixels) {
+  const bool isNear = pixels.width() * 2 >= image.width() && pixels.height() * 2 >= image.height();
+  if (image.size() == pixels || !isNear) {
+    return image.size() == pixels ? image : image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
+  QImage drawn(pixels, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  drawn.fill(Qt::transparent);
+  QPainter painter(&drawn);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(drawn.rect(), image);
+  return drawn;
+}
+
 /// Signs that every font has.
 QString signOf(Kind kind) {
   switch (kind) {
@@ -145,7 +161,7 @@ QImage InlineObjectView::image(const Object& object, QSize pixels) {
   if (image.isNull()) {
     return image;
   }
-  image = image.size() == pixels ? image : image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  image = scaledTo(image, pixels);
   images_.insert(object.get(), new Shown{object, image},
                  static_cast<int>(qMin<qint64>(image.sizeInBytes() >> 10, kCached)) + 1);
   return image;

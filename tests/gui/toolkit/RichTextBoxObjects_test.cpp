@@ -3,8 +3,10 @@
 #include "support/WaitFor.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QHelpEvent>
+#include <QImage>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
@@ -247,5 +249,29 @@ TEST_F(RichTextBoxObjects, NoFirstLineIsCutOff) {
     EXPECT_GE(box.cursorRect().left(), 0);
     EXPECT_LE(box.cursorRect().right(), box.viewport()->width());
     EXPECT_FALSE(box.isEdited());
+  }
+}
+
+/// Larger than the control, and smaller by half.
+TEST_F(RichTextBoxObjects, PicturesFillTheirPlaceWhateverItsSize) {
+  for (const int pixels : {100, 700, 2000}) {
+    QImage plain(pixels, pixels, QImage::Format_RGB32);
+    plain.fill(QColor(200, 30, 60));
+    QByteArray file;
+    QBuffer buffer(&file);
+    buffer.open(QIODevice::WriteOnly);
+    plain.save(&buffer, "PNG");
+    box.resize(500, 700);
+    box.setTextRTF("{\\rtf1{\\pict\\pngblip " + file.toHex() + "}}");
+    const QImage shown = box.viewport()->grab().toImage();
+    const int side = qMin(pixels, box.viewport()->width() - 2 * static_cast<int>(box.document()->documentMargin()) - 2);
+    int across = 0;
+    int down = 0;
+    for (int i = 0; i < qMin(shown.width(), shown.height()); ++i) {
+      across += shown.pixelColor(i, side / 2) == plain.pixelColor(0, 0) ? 1 : 0;
+      down += shown.pixelColor(side / 2, i) == plain.pixelColor(0, 0) ? 1 : 0;
+    }
+    EXPECT_EQ(across, side) << pixels;
+    EXPECT_EQ(down, side) << pixels;
   }
 }
