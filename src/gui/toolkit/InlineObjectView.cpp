@@ -22,7 +22,7 @@ using Kind = InlineObject::Kind;
 /// Of images as they are shown, in kilobytes.
 constexpr int kCached = 64 * 1024;
 /// A picture higher than this would leave no text beside it.
-constexpr double kHighest = 600;
+constexpr int kHighest = 600;
 constexpr double kMarkFont = 0.75;
 constexpr double kMarkPadding = 3;
 
@@ -46,6 +46,22 @@ const InlineObject* pictured(const InlineObject& object) {
 std::optional<RtfPicture> pictureOf(const InlineObject& object) {
   const InlineObject* const shown = pictured(object);
   return shown != nullptr ? findRtfPicture(shown->bytes.view()) : std::nullopt;
+}
+
+/// A little smaller or larger it is drawn between its pixels, which is far faster than their averages and looks the
+/// same.
+QImage scaledTo(const QImage& image, QSize pixels) {
+  const bool isNear = pixels.width() * 2 >= image.width() && pixels.height() * 2 >= image.height();
+  if (image.size() == pixels || !isNear) {
+    return image.size() == pixels ? image : image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
+  QImage drawn(pixels, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  drawn.fill(Qt::transparent);
+  QPainter painter(&drawn);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(drawn.rect(), image);
+  return drawn;
 }
 
 /// Signs that every font has.
@@ -82,10 +98,12 @@ void InlineObjectView::watch(QTextDocument& document) {
   sizes_.clear();
 }
 
+/// In whole pixels: an image is stretched, slowly and blurred, over a place that is a fraction larger.
 QSizeF InlineObjectView::fitted(const QSizeF& size) const {
   const double room = control_.viewport()->width() - 2 * control_.document()->documentMargin() - 2;
-  const QSizeF most(qMax(room, 32.0), kHighest);
-  return size.width() <= most.width() && size.height() <= most.height() ? size : size.scaled(most, Qt::KeepAspectRatio);
+  const QSize most(qMax(static_cast<int>(room), 32), kHighest);
+  const bool fits = size.width() <= most.width() && size.height() <= most.height();
+  return (fits ? size : size.scaled(most, Qt::KeepAspectRatio)).toSize().expandedTo({1, 1});
 }
 
 QFont InlineObjectView::markFont(const QTextFormat& format) const {
@@ -143,7 +161,7 @@ QImage InlineObjectView::image(const Object& object, QSize pixels) {
   if (image.isNull()) {
     return image;
   }
-  image = image.size() == pixels ? image : image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  image = scaledTo(image, pixels);
   images_.insert(object.get(), new Shown{object, image},
                  static_cast<int>(qMin<qint64>(image.sizeInBytes() >> 10, kCached)) + 1);
   return image;

@@ -70,11 +70,11 @@ void RichTextBox::load(const RichText& text) {
   fresh->setUndoRedoEnabled(false);
   fresh->setDefaultFont(font());
   fresh->setDocumentMargin(document()->documentMargin());
+  // Without a size nothing is laid out before the control gives it its own.
+  fresh->setPageSize({0, 0});
   objects_->watch(*fresh);
   RichTextDocument::fill(*fresh, text);
   makeRoom(*fresh, text);
-  // Without a size nothing is laid out before the control gives it its own.
-  fresh->setPageSize({0, 0});
   quietly([&] {
     QTextDocument* const old = document();
     const bool isOurs = old->parent() == this;
@@ -106,6 +106,9 @@ void RichTextBox::changed() {
   if (quiet_ != 0) {
     return;
   }
+  // Within a larger edit, as a drop is, the document tells of its change only at the end.
+  loaded_.reset();
+  loadedRtf_.reset();
   edited_ = true;
   if (hasLists_) {
     viewport()->update();  // the numbers of items further down may have changed

@@ -144,7 +144,7 @@ class RichTextBox : public QTextEdit {
 
   void load(const RichText& text);
   bool endListAtCaret(const QKeyEvent& key);
-  void goOnBehindReturn();
+  void beginParagraph();
   void leaveFieldAtCaret();
   void directByLetters(const QString& typed);
   int characterAt(QPoint inViewport) const;

@@ -68,15 +68,16 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
     event->accept();
     return;
   }
+  if (event->matches(QKeySequence::InsertParagraphSeparator) && !isReadOnly()) {
+    event->accept();
+    beginParagraph();
+    return;
+  }
   const bool wasEmpty = textCursor().block().length() == 1;
   if (!event->text().isEmpty() && event->text()[0].isPrint()) {
     leaveFieldAtCaret();
   }
-  const int blocks = document()->blockCount();
   QTextEdit::keyPressEvent(event);
-  if (isReturn(*event) && document()->blockCount() > blocks) {
-    goOnBehindReturn();
-  }
   if (wasEmpty) {
     directByLetters(event->text());
   }
@@ -105,8 +106,12 @@ bool RichTextBox::endListAtCaret(const QKeyEvent& key) {
   return true;
 }
 
-/// What belongs to one paragraph alone stays with the one in front.
-void RichTextBox::goOnBehindReturn() {
+/// Formatted like the one in front, an empty one too, where the control's own Return would take the formats away
+/// instead. What belongs to one paragraph alone stays with the one in front.
+void RichTextBox::beginParagraph() {
+  QTextCursor cursor = textCursor();
+  cursor.insertBlock();
+  setTextCursor(cursor);
   const ParagraphFormat format = selectedParagraph();
   if (format.pageBreakBefore || format.list.start > 0) {
     changeParagraphs([](ParagraphFormat& changed) {
@@ -114,6 +119,7 @@ void RichTextBox::goOnBehindReturn() {
       changed.list.start = 0;
     });
   }
+  ensureCursorVisible();
 }
 
 /// What is typed behind a link is no part of it.

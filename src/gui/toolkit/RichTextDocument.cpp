@@ -21,7 +21,7 @@ constexpr int kBoldFrom = QFont::DemiBold;
 constexpr double kRoomForMark = 16;
 
 /// What a control has no exact form for travels in the formats beside it. The number of an object tells the formats of
-/// many apart without a look into them.
+/// many apart without a look into them; it is an int, the only whole number that goes into the hash of a format.
 enum Property { ParagraphProperty = QTextFormat::UserProperty + 1, CharProperty, ObjectNumberProperty };
 /// And in the document itself, in twips.
 constexpr auto kDefaultTab = "defaultTab";
@@ -251,7 +251,7 @@ QTextCharFormat toQt(const CharFormat& format) {
   showOwnLook(result, format);
   if (format.object) {
     result.setObjectType(objectType);
-    result.setProperty(ObjectNumberProperty, static_cast<qulonglong>(reinterpret_cast<quintptr>(format.object.get())));
+    result.setProperty(ObjectNumberProperty, static_cast<int>(qHash(format.object.get())));
   }
   return result;
 }
