@@ -34,10 +34,6 @@ constexpr const char* kUnderlineWords[] = {"\\ulnone", "\\ul",     "\\uldb",    
                                            "\\ulth",   "\\ulthd",  "\\ulthdash", "\\ulhwave", "\\ululdbwave"};
 constexpr const char* kParagraphWords[kParagraphSwitches.size()] = {"\\pagebb", "\\keepn", "\\keep"};
 constexpr const char* kLeaderWords[] = {nullptr, "\\tldot", "\\tlmdot", "\\tlhyph", "\\tlul", "\\tlth", "\\tleq"};
-constexpr const char* kNumeralWords[] = {nullptr,     "\\pnlvlblt", "\\pndec", "\\pnucltr",
-                                         "\\pnlcltr", "\\pnucrm",   "\\pnlcrm"};
-constexpr QStringView kBulletFont = u"Symbol";
-constexpr char16_t kSymbolBullet = 0xF0B7;
 
 /// True for ASCII that stands for itself in RTF.
 constexpr std::array<bool, 128> kPlain = [] {
@@ -109,6 +105,7 @@ QByteArray RtfWriter::write() {
 }
 
 void RtfWriter::collect(const RichText& text) {
+  lists_.add(text);
   for (qsizetype i = 0; i < text.runCount(); ++i) {
     const CharFormat* const format = text.run(i).format;
     if (!styles_.contains(format)) {
@@ -218,7 +215,11 @@ void RtfWriter::writeHead() {
     word("\\blue", static_cast<int>(colour >> 16));
     out_.put(";");
   }
-  out_.put("}\r\n\\viewkind4\\uc1");
+  out_.put("}\r\n");
+  if (!lists_.lists().isEmpty()) {
+    writeLists();
+  }
+  out_.put("\\viewkind4\\uc1");
   needsBlank_ = true;
   if (text_.defaultTab() > 0) {
     word("\\deftab", text_.defaultTab());
@@ -251,77 +252,6 @@ void RtfWriter::word(const char* name, int number) {
   needsBlank_ = true;
 }
 
-/// In front of every paragraph of the list, for those who know no \pn.
-void RtfWriter::putLabel(const ListMark& mark) {
-  part_.numbering.next(mark);
-  out_.put("{\\pntext");
-  needsBlank_ = true;
-  if (mark.style == ListMark::Style::Bullet) {
-    const QString font = bulletFont(mark);
-    if (!font.isEmpty()) {
-      word("\\f", fontNumber(font));
-    }
-    putBullet(mark);
-  } else {
-    units(part_.numbering.label(mark));
-  }
-  out_.put("\\tab}");
-  needsBlank_ = false;
-}
-
-/// The sign of the usual bullet is the symbol font's; any other stands in the font that it came with.
-QString RtfWriter::bulletFont(const ListMark& mark) {
-  const bool isUsual = mark.fontName.isEmpty() && mark.before == ListMark::bullet().before;
-  return isUsual ? kBulletFont.toString() : mark.fontName;
-}
-
-void RtfWriter::putBullet(const ListMark& mark) {
-  const bool isUsual = mark.fontName.isEmpty() && mark.before == ListMark::bullet().before;
-  if (isUsual) {
-    symbols(QString(QChar(kSymbolBullet)));
-  } else if (isSymbolFont(mark.fontName)) {
-    symbols(mark.before);
-  } else {
-    units(mark.before);
-  }
-}
-
-void RtfWriter::putList(const ListMark& mark) {
-  out_.put("{\\*\\pn");
-  needsBlank_ = true;
-  const bool isBullet = mark.style == ListMark::Style::Bullet;
-  if (isBullet) {
-    word("\\pnlvlblt");
-  }
-  if (!isBullet || mark.level > 0) {
-    word("\\pnlvl", mark.level + 1);
-  }
-  if (isBullet && !bulletFont(mark).isEmpty()) {
-    word("\\pnf", fontNumber(bulletFont(mark)));
-  }
-  if (!isBullet) {
-    word(kNumeralWords[static_cast<size_t>(mark.style)]);
-  }
-  if (mark.withParents) {
-    word("\\pnprev");
-  }
-  if (mark.start > 0) {
-    word("\\pnstart", mark.start);
-  }
-  out_.put("\\pnindent0{\\pntxtb");
-  needsBlank_ = true;
-  if (isBullet) {
-    putBullet(mark);
-  } else {
-    units(mark.before);
-    out_.put("}{\\pntxta");
-    needsBlank_ = true;
-    units(mark.after);
-  }
-  out_.put("}}");
-  needsBlank_ = false;
-}
-
 void RtfWriter::startParagraph() {
   const ParagraphFormat& format = *part_.text->paragraph(part_.paragraph).format;
   const bool isNew = &format != part_.paragraphFormat;
@@ -333,9 +263,13 @@ void RtfWriter::startParagraph() {
   } else {
     part_.numbering.endLists();
   }
+  const int list = lists_.numberOf(*part_.text, part_.paragraph);
+  const bool isOther = list != std::exchange(part_.list, list);
   if (isNew) {
     part_.paragraphFormat = &format;
     putFormat(format);
+  } else if (isOther) {
+    word("\\ls", list);
   }
 }
 

@@ -232,7 +232,7 @@ TEST(Rtf, BulletsAreWrittenAsOtherProgramsReadThem) {
   const QByteArray rtf = writeRtf(text);
   EXPECT_TRUE(rtf.contains("{\\f1\\fnil\\fcharset2 Symbol;}")) << rtf;
   EXPECT_TRUE(rtf.contains(
-      "\\pard{\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}\\li200 a\\par \r\n"
+      "\\pard{\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}\\ls1\\li200 a\\par \r\n"
       "{\\pntext\\f1\\'b7\\tab}b\\par"))
       << rtf;
 }
