@@ -219,7 +219,8 @@ void RtfWriter::writeHead() {
   if (!lists_.lists().isEmpty()) {
     writeLists();
   }
-  out_.put("\\viewkind4\\uc1");
+  // Without a name some programs take blanks that stand side by side for fixed ones.
+  out_.put("{\\*\\generator Quillane 4;}\\viewkind4\\uc1");
   needsBlank_ = true;
   if (text_.defaultTab() > 0) {
     word("\\deftab", text_.defaultTab());
