@@ -113,6 +113,10 @@ CharFormat normalised(CharFormat format) {
     *language = std::clamp(*language, 0, kMaxLanguage);
   }
   format.letterSpacing = withinPage(format.letterSpacing);
+  const bool hasOther = format.associated != AssociatedLook() || !format.associatedFont.isEmpty();
+  if (hasOther && format.direction == CharLook::Direction::None) {  // other letters than those of which direction?
+    format.direction = CharLook::Direction::LeftToRight;
+  }
   keepColourBits(format.colour);
   keepColourBits(format.background);
   return format;

@@ -44,6 +44,10 @@ constexpr std::array<bool, 128> kPlain = [] {
   return plain;
 }();
 
+bool isRightToLeft(const CharLook& look) {
+  return look.direction == CharLook::Direction::RightToLeft;
+}
+
 char* copy(char* out, const char* text) {
   return std::copy(text, text + std::strlen(text), out);
 }
@@ -308,6 +312,7 @@ void RtfWriter::putFormat(const ParagraphFormat& format) {
     word("\\cbpat", colourNumber(format.background));
   }
   putTabs(format.tabStops);
+  putDirection(part_.style.direction);  // for some programs a paragraph's defaults end it
 }
 
 void RtfWriter::putTabs(const QList<TabStop>& stops) {
@@ -338,12 +343,14 @@ void RtfWriter::setFormat(const CharFormat& format) {
 }
 
 void RtfWriter::change(const Style& from, const Style& to) {
-  // No word takes these back but the one that takes back all.
+  // No word takes these back but the one that takes back all. And the words mean the letters of one direction: behind a
+  // turn none of them holds.
   const bool goesBack = (to.halfPoints == 0 && from.halfPoints != 0) || (to.language == 0 && from.language != 0) ||
                         (to.font < 0 && from.font >= 0) || (to.associatedFont < 0 && from.associatedFont >= 0) ||
                         (to.associated.halfPoints == 0 && from.associated.halfPoints != 0) ||
                         (to.associated.language == 0 && from.associated.language != 0) ||
-                        (to.direction == CharLook::Direction::None && from.direction != to.direction);
+                        (to.direction == CharLook::Direction::None && from.direction != to.direction) ||
+                        isRightToLeft(from) != isRightToLeft(to);
   if (!goesBack) {
     changeLook(from, to);
     return;
@@ -355,14 +362,30 @@ void RtfWriter::change(const Style& from, const Style& to) {
   changeLook(plainStyle(), to);
 }
 
+void RtfWriter::putDirection(CharLook::Direction direction) {
+  if (direction != CharLook::Direction::None) {
+    word(direction == CharLook::Direction::RightToLeft ? "\\rtlch" : "\\ltrch");
+  }
+}
+
 void RtfWriter::changeLook(const Style& from, const Style& to) {
   const auto number = [this](const char* name, int old, int now) {
     if (old != now) {
       word(name, now);
     }
   };
-  if (from.direction != to.direction) {
-    word(to.direction == CharLook::Direction::RightToLeft ? "\\rtlch" : "\\ltrch");
+  // The letters of the other kind are told of first, behind the word of their own direction.
+  const bool isOther = from.associated != to.associated || from.associatedFont != to.associatedFont;
+  if (isOther) {
+    putDirection(isRightToLeft(to) ? CharLook::Direction::LeftToRight : CharLook::Direction::RightToLeft);
+    number("\\ab", from.associated.bold, to.associated.bold);
+    number("\\ai", from.associated.italic, to.associated.italic);
+    number("\\alang", from.associated.language, to.associated.language);
+    number("\\af", from.associatedFont, to.associatedFont);
+    number("\\afs", from.associated.halfPoints, to.associated.halfPoints);
+  }
+  if (isOther || from.direction != to.direction) {
+    putDirection(to.direction);
   }
   number("\\cf", from.colour, to.colour);
   number("\\highlight", from.background, to.background);
@@ -381,11 +404,6 @@ void RtfWriter::changeLook(const Style& from, const Style& to) {
   }
   number("\\expndtw", from.letterSpacing, to.letterSpacing);
   number("\\lang", from.language, to.language);
-  number("\\ab", from.associated.bold, to.associated.bold);
-  number("\\ai", from.associated.italic, to.associated.italic);
-  number("\\alang", from.associated.language, to.associated.language);
-  number("\\af", from.associatedFont, to.associatedFont);
-  number("\\afs", from.associated.halfPoints, to.associated.halfPoints);
   number("\\f", from.font, to.font);
   number("\\fs", from.halfPoints, to.halfPoints);
 }

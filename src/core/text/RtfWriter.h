@@ -88,6 +88,7 @@ class RtfWriter {
   void putTabs(const QList<TabStop>& stops);
   void setFormat(const CharFormat& format);
   void change(const Style& from, const Style& to);
+  void putDirection(CharLook::Direction direction);
   void changeLook(const Style& from, const Style& to);
   void openField(const QString& instruction);
   void closeField();

@@ -250,6 +250,15 @@ TEST(Rtf, RaisedAndLoweredLettersAreEndedByTheirOwnWord) {
   EXPECT_TRUE(writeRtf(readRtf("{\\rtf1 x{\\sub 2}\\par}")).contains("x\\sub 2\\nosupersub\\par"));
 }
 
+TEST(Rtf, LettersOfTheOtherDirectionAreToldOfInFrontBehindTheirOwnWord) {
+  const QByteArray rtf = writeRtf(
+      readRtf("{\\rtf1{\\fonttbl{\\f0 A;}{\\f1 B;}}\\rtlch\\af1\\ab\\ltrch\\f0 a\\par\\pard\\qc b\\rtlch c\\ab d}"));
+  EXPECT_TRUE(rtf.contains(
+      "\\pard\\rtlch\\ab1\\af2\\ltrch\\f1 a\\par \r\n\\pard\\qc\\ltrch b\\plain\\ltrch\\ab1\\af2\\rtlch\\f1 cd"))
+      << rtf;
+  EXPECT_TRUE(writeRtf(readRtf("{\\rtf1\\ai a}")).contains("\\rtlch\\ai1\\ltrch a"));
+}
+
 TEST(Rtf, WritesSevenBitsWithFallbacksThatEveryoneReads) {
   const QByteArray rtf = writeRtf(RichText::fromPlain(u"“Ж1”\t{é}\x2028😀"_s));
   EXPECT_TRUE(rtf.contains("\\'93\\u1046\\'3f1\\'94\\tab\\{\\'e9\\}\\line\\u-10179\\'3f\\u-8704\\'3f\\par")) << rtf;
