@@ -38,15 +38,21 @@ QString cleanField(QString field) {
   return field.trimmed().left(kMaxField).trimmed();
 }
 
-/// The next argument of a field: in quotes or up to a blank.
-QStringView takeArgument(QStringView& rest) {
+/// The next argument of a field: in quotes, where a backslash may stand before a quote or another one, or up to a
+/// blank.
+QString takeArgument(QStringView& rest) {
   rest = rest.trimmed();
   const bool isQuoted = rest.startsWith(u'"');
-  const qsizetype start = isQuoted ? 1 : 0;
-  const qsizetype found = rest.indexOf(isQuoted ? u'"' : u' ', start);
-  const qsizetype end = found < 0 ? rest.size() : found;
-  const QStringView argument = rest.sliced(start, end - start);
-  rest = rest.sliced(std::min(end + 1, rest.size()));
+  const QChar last = isQuoted ? u'"' : u' ';
+  QString argument;
+  qsizetype at = isQuoted ? 1 : 0;
+  for (; at < rest.size() && rest[at] != last; ++at) {
+    const bool isEscape =
+        isQuoted && rest[at] == u'\\' && at + 1 < rest.size() && (rest[at + 1] == u'"' || rest[at + 1] == u'\\');
+    at += isEscape ? 1 : 0;
+    argument += rest[at];
+  }
+  rest = rest.sliced(std::min(at + 1, rest.size()));
   return argument;
 }
 
@@ -81,14 +87,14 @@ QString linkAddress(QStringView field) {
   QString address;
   QString place;
   while (!rest.isEmpty()) {
-    const QStringView argument = takeArgument(rest);
+    const QString argument = takeArgument(rest);
     if (argument.compare(u"\\l", Qt::CaseInsensitive) == 0) {
-      place = takeArgument(rest).toString();
+      place = takeArgument(rest);
     } else if (argument.compare(u"\\o", Qt::CaseInsensitive) == 0 ||
                argument.compare(u"\\t", Qt::CaseInsensitive) == 0) {
       takeArgument(rest);
     } else if (address.isEmpty() && !argument.startsWith(u'\\')) {
-      address = argument.toString();
+      address = argument;
     }
   }
   return place.isEmpty() ? address : address + u'#' + place;
@@ -107,6 +113,10 @@ CharFormat normalised(CharFormat format) {
     *language = std::clamp(*language, 0, kMaxLanguage);
   }
   format.letterSpacing = withinPage(format.letterSpacing);
+  const bool hasOther = format.associated != AssociatedLook() || !format.associatedFont.isEmpty();
+  if (hasOther && format.direction == CharLook::Direction::None) {  // other letters than those of which direction?
+    format.direction = CharLook::Direction::LeftToRight;
+  }
   keepColourBits(format.colour);
   keepColourBits(format.background);
   return format;

@@ -261,6 +261,8 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       return sink_.wantsFormats() ? enterTable(Destination::Lists) : skipGroup();
     case RtfAction::ListPart:
       return listPart(static_cast<RtfListPart>(word.value), token);
+    case RtfAction::ListNumber:
+      return listNumber(token.number);
     case RtfAction::Field:
       return enterField();
     case RtfAction::Instruction:

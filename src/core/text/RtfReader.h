@@ -159,6 +159,7 @@ class RtfReader {
 
   void numberingPart(RtfListPart part, const RtfToken& token);
   void listPart(RtfListPart part, const RtfToken& token);
+  void listNumber(int number);
 
   void enterField();
   void enterNote(InlineObject::Kind kind, const RtfToken& token);

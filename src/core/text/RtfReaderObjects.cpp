@@ -107,6 +107,15 @@ void RtfReader::listPart(RtfListPart part, const RtfToken& token) {
   lists_.part(part, token.number);
 }
 
+/// The same word gives a list its number and names it in the paragraphs.
+void RtfReader::listNumber(int number) {
+  if (group_.destination == Destination::Lists) {
+    lists_.name(number);
+  } else {
+    sink_.format(RtfProperty::ListNumber, number);
+  }
+}
+
 void RtfReader::enterField() {
   if (!inBody()) {
     skipGroup();

@@ -312,7 +312,7 @@ constexpr RtfWord kWords[] = {
     format("ltrpar", RtfProperty::LeftToRight),
     format("rtlpar", RtfProperty::RightToLeft),
     format("cbpat", RtfProperty::ParagraphBackground),
-    format("ls", RtfProperty::ListNumber),
+    action("ls", RtfAction::ListNumber),
     format("ilvl", RtfProperty::ListLevel),
     format("tldot", RtfProperty::LeaderDots),
     format("tlmdot", RtfProperty::LeaderMiddleDots),

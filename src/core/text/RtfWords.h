@@ -26,6 +26,7 @@ enum class RtfAction : quint8 {
   NumberingPart,  ///< value: an RtfListPart
   ListTable,
   ListPart,  ///< value: an RtfListPart
+  ListNumber,
   Field,
   Instruction,
   FieldResult,

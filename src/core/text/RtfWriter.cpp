@@ -34,10 +34,6 @@ constexpr const char* kUnderlineWords[] = {"\\ulnone", "\\ul",     "\\uldb",    
                                            "\\ulth",   "\\ulthd",  "\\ulthdash", "\\ulhwave", "\\ululdbwave"};
 constexpr const char* kParagraphWords[kParagraphSwitches.size()] = {"\\pagebb", "\\keepn", "\\keep"};
 constexpr const char* kLeaderWords[] = {nullptr, "\\tldot", "\\tlmdot", "\\tlhyph", "\\tlul", "\\tlth", "\\tleq"};
-constexpr const char* kNumeralWords[] = {nullptr,     "\\pnlvlblt", "\\pndec", "\\pnucltr",
-                                         "\\pnlcltr", "\\pnucrm",   "\\pnlcrm"};
-constexpr QStringView kBulletFont = u"Symbol";
-constexpr char16_t kSymbolBullet = 0xF0B7;
 
 /// True for ASCII that stands for itself in RTF.
 constexpr std::array<bool, 128> kPlain = [] {
@@ -47,6 +43,10 @@ constexpr std::array<bool, 128> kPlain = [] {
   }
   return plain;
 }();
+
+bool isRightToLeft(const CharLook& look) {
+  return look.direction == CharLook::Direction::RightToLeft;
+}
 
 char* copy(char* out, const char* text) {
   return std::copy(text, text + std::strlen(text), out);
@@ -109,6 +109,7 @@ QByteArray RtfWriter::write() {
 }
 
 void RtfWriter::collect(const RichText& text) {
+  lists_.add(text);
   for (qsizetype i = 0; i < text.runCount(); ++i) {
     const CharFormat* const format = text.run(i).format;
     if (!styles_.contains(format)) {
@@ -218,7 +219,12 @@ void RtfWriter::writeHead() {
     word("\\blue", static_cast<int>(colour >> 16));
     out_.put(";");
   }
-  out_.put("}\r\n\\viewkind4\\uc1");
+  out_.put("}\r\n");
+  if (!lists_.lists().isEmpty()) {
+    writeLists();
+  }
+  // Without a name some programs take blanks that stand side by side for fixed ones.
+  out_.put("{\\*\\generator Quillane 4;}\\viewkind4\\uc1");
   needsBlank_ = true;
   if (text_.defaultTab() > 0) {
     word("\\deftab", text_.defaultTab());
@@ -251,77 +257,6 @@ void RtfWriter::word(const char* name, int number) {
   needsBlank_ = true;
 }
 
-/// In front of every paragraph of the list, for those who know no \pn.
-void RtfWriter::putLabel(const ListMark& mark) {
-  part_.numbering.next(mark);
-  out_.put("{\\pntext");
-  needsBlank_ = true;
-  if (mark.style == ListMark::Style::Bullet) {
-    const QString font = bulletFont(mark);
-    if (!font.isEmpty()) {
-      word("\\f", fontNumber(font));
-    }
-    putBullet(mark);
-  } else {
-    units(part_.numbering.label(mark));
-  }
-  out_.put("\\tab}");
-  needsBlank_ = false;
-}
-
-/// The sign of the usual bullet is the symbol font's; any other stands in the font that it came with.
-QString RtfWriter::bulletFont(const ListMark& mark) {
-  const bool isUsual = mark.fontName.isEmpty() && mark.before == ListMark::bullet().before;
-  return isUsual ? kBulletFont.toString() : mark.fontName;
-}
-
-void RtfWriter::putBullet(const ListMark& mark) {
-  const bool isUsual = mark.fontName.isEmpty() && mark.before == ListMark::bullet().before;
-  if (isUsual) {
-    symbols(QString(QChar(kSymbolBullet)));
-  } else if (isSymbolFont(mark.fontName)) {
-    symbols(mark.before);
-  } else {
-    units(mark.before);
-  }
-}
-
-void RtfWriter::putList(const ListMark& mark) {
-  out_.put("{\\*\\pn");
-  needsBlank_ = true;
-  const bool isBullet = mark.style == ListMark::Style::Bullet;
-  if (isBullet) {
-    word("\\pnlvlblt");
-  }
-  if (!isBullet || mark.level > 0) {
-    word("\\pnlvl", mark.level + 1);
-  }
-  if (isBullet && !bulletFont(mark).isEmpty()) {
-    word("\\pnf", fontNumber(bulletFont(mark)));
-  }
-  if (!isBullet) {
-    word(kNumeralWords[static_cast<size_t>(mark.style)]);
-  }
-  if (mark.withParents) {
-    word("\\pnprev");
-  }
-  if (mark.start > 0) {
-    word("\\pnstart", mark.start);
-  }
-  out_.put("\\pnindent0{\\pntxtb");
-  needsBlank_ = true;
-  if (isBullet) {
-    putBullet(mark);
-  } else {
-    units(mark.before);
-    out_.put("}{\\pntxta");
-    needsBlank_ = true;
-    units(mark.after);
-  }
-  out_.put("}}");
-  needsBlank_ = false;
-}
-
 void RtfWriter::startParagraph() {
   const ParagraphFormat& format = *part_.text->paragraph(part_.paragraph).format;
   const bool isNew = &format != part_.paragraphFormat;
@@ -333,9 +268,13 @@ void RtfWriter::startParagraph() {
   } else {
     part_.numbering.endLists();
   }
+  const int list = lists_.numberOf(*part_.text, part_.paragraph);
+  const bool isOther = list != std::exchange(part_.list, list);
   if (isNew) {
     part_.paragraphFormat = &format;
     putFormat(format);
+  } else if (isOther) {
+    word("\\ls", list);
   }
 }
 
@@ -373,6 +312,7 @@ void RtfWriter::putFormat(const ParagraphFormat& format) {
     word("\\cbpat", colourNumber(format.background));
   }
   putTabs(format.tabStops);
+  putDirection(part_.style.direction);  // for some programs a paragraph's defaults end it
 }
 
 void RtfWriter::putTabs(const QList<TabStop>& stops) {
@@ -403,12 +343,14 @@ void RtfWriter::setFormat(const CharFormat& format) {
 }
 
 void RtfWriter::change(const Style& from, const Style& to) {
-  // No word takes these back but the one that takes back all.
+  // No word takes these back but the one that takes back all. And the words mean the letters of one direction: behind a
+  // turn none of them holds.
   const bool goesBack = (to.halfPoints == 0 && from.halfPoints != 0) || (to.language == 0 && from.language != 0) ||
                         (to.font < 0 && from.font >= 0) || (to.associatedFont < 0 && from.associatedFont >= 0) ||
                         (to.associated.halfPoints == 0 && from.associated.halfPoints != 0) ||
                         (to.associated.language == 0 && from.associated.language != 0) ||
-                        (to.direction == CharLook::Direction::None && from.direction != to.direction);
+                        (to.direction == CharLook::Direction::None && from.direction != to.direction) ||
+                        isRightToLeft(from) != isRightToLeft(to);
   if (!goesBack) {
     changeLook(from, to);
     return;
@@ -420,14 +362,30 @@ void RtfWriter::change(const Style& from, const Style& to) {
   changeLook(plainStyle(), to);
 }
 
+void RtfWriter::putDirection(CharLook::Direction direction) {
+  if (direction != CharLook::Direction::None) {
+    word(direction == CharLook::Direction::RightToLeft ? "\\rtlch" : "\\ltrch");
+  }
+}
+
 void RtfWriter::changeLook(const Style& from, const Style& to) {
   const auto number = [this](const char* name, int old, int now) {
     if (old != now) {
       word(name, now);
     }
   };
-  if (from.direction != to.direction) {
-    word(to.direction == CharLook::Direction::RightToLeft ? "\\rtlch" : "\\ltrch");
+  // The letters of the other kind are told of first, behind the word of their own direction.
+  const bool isOther = from.associated != to.associated || from.associatedFont != to.associatedFont;
+  if (isOther) {
+    putDirection(isRightToLeft(to) ? CharLook::Direction::LeftToRight : CharLook::Direction::RightToLeft);
+    number("\\ab", from.associated.bold, to.associated.bold);
+    number("\\ai", from.associated.italic, to.associated.italic);
+    number("\\alang", from.associated.language, to.associated.language);
+    number("\\af", from.associatedFont, to.associatedFont);
+    number("\\afs", from.associated.halfPoints, to.associated.halfPoints);
+  }
+  if (isOther || from.direction != to.direction) {
+    putDirection(to.direction);
   }
   number("\\cf", from.colour, to.colour);
   number("\\highlight", from.background, to.background);
@@ -446,11 +404,6 @@ void RtfWriter::changeLook(const Style& from, const Style& to) {
   }
   number("\\expndtw", from.letterSpacing, to.letterSpacing);
   number("\\lang", from.language, to.language);
-  number("\\ab", from.associated.bold, to.associated.bold);
-  number("\\ai", from.associated.italic, to.associated.italic);
-  number("\\alang", from.associated.language, to.associated.language);
-  number("\\af", from.associatedFont, to.associatedFont);
-  number("\\afs", from.associated.halfPoints, to.associated.halfPoints);
   number("\\f", from.font, to.font);
   number("\\fs", from.halfPoints, to.halfPoints);
 }

@@ -2,6 +2,7 @@
 
 #include "core/text/ListMark.h"
 #include "core/text/RichText.h"
+#include "core/text/RtfListTable.h"
 #include "core/text/RtfLook.h"
 
 #include <QByteArray>
@@ -57,10 +58,12 @@ class RtfWriter {
     const CharFormat* charFormat = nullptr;            ///< In force; none when only the style is known.
     Style style{};
     ListNumbering numbering{};
+    int list = 0;  ///< Of the paragraph; 0: none.
     /// The field that is open, and what holds again behind it.
     QString field{};
     Style styleBehind{};
     const ParagraphFormat* paragraphBehind = nullptr;
+    int listBehind = 0;
   };
 
   void collect(const RichText& text);
@@ -71,6 +74,9 @@ class RtfWriter {
   int colourNumber(const std::optional<quint32>& colour);
   void writeHead();
   void writeFontName(const QString& name);
+  void writeLists();
+  void writeList(const RtfListTable::List& list, int number);
+  void writeLevel(const RtfListTable::Level& level);
   void writePart(const RichText& text, PartKind kind);
 
   void startParagraph();
@@ -82,6 +88,7 @@ class RtfWriter {
   void putTabs(const QList<TabStop>& stops);
   void setFormat(const CharFormat& format);
   void change(const Style& from, const Style& to);
+  void putDirection(CharLook::Direction direction);
   void changeLook(const Style& from, const Style& to);
   void openField(const QString& instruction);
   void closeField();
@@ -102,6 +109,7 @@ class RtfWriter {
   QHash<QString, int> fontNumbers_;
   QList<quint32> colours_;
   QHash<quint32, int> colourNumbers_;
+  RtfListTable lists_;
   /// Some text states no font: no font is the default one then, so that the reader's own holds for it.
   bool hasUnnamed_ = false;
   Part part_;

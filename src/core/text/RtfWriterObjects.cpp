@@ -24,6 +24,7 @@ void RtfWriter::openField(const QString& instruction) {
   part_.field = instruction;
   part_.styleBehind = part_.style;
   part_.paragraphBehind = part_.paragraphFormat;
+  part_.listBehind = part_.list;
   out_.put("{\\field{\\*\\fldinst ");
   putInstruction(instruction);
   out_.put("}{\\fldrslt");
@@ -39,7 +40,7 @@ void RtfWriter::closeField() {
   needsBlank_ = false;
   part_.style = part_.styleBehind;
   part_.charFormat = nullptr;
-  if (part_.paragraphFormat != part_.paragraphBehind) {
+  if (part_.paragraphFormat != part_.paragraphBehind || part_.list != part_.listBehind) {
     word("\\pard");
     putFormat(*part_.paragraphFormat);
   }

@@ -22,6 +22,31 @@ RichText sample() {
   return text;
 }
 
+std::shared_ptr<const InlineObject> bookmark() {
+  InlineObject mark;
+  mark.kind = InlineObject::Kind::BookmarkStart;
+  mark.label = u"here"_s;
+  return std::make_shared<const InlineObject>(mark);
+}
+
+/// "ab", an object in bold, "cd": all positions one letter each.
+RichText withObject() {
+  RichText text = RichText::fromPlain(u"abcd"_s);
+  text.insert(2, RichText::fromObject(bookmark(), kBold));
+  return text;
+}
+
+QList<qsizetype> objectsIn(const RichText& text) {
+  QList<qsizetype> places;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    if (text.charFormatAt(at).object) {
+      EXPECT_EQ(text.text()[at], QChar(QChar::ObjectReplacementCharacter));
+      places.append(at);
+    }
+  }
+  return places;
+}
+
 /// What every text keeps to, whatever was done to it.
 void expectSound(const RichText& text) {
   const QString& plain = text.text();
@@ -181,4 +206,79 @@ TEST(RichText, StaysSoundUnderAnyEdits) {
     expectSound(text.slice(position(), random.bounded(9)));
     ASSERT_FALSE(testing::Test::HasFatalFailure());
   }
+}
+
+TEST(RichText, NewTextTakesNoObjectOn) {
+  struct Case {
+    qsizetype from, length;
+    QString plain;
+    QList<qsizetype> objects;
+  };
+  for (const Case& c : {Case{2, 0, u"abXYcd"_s, {4}}, Case{3, 0, u"abXYcd"_s, {2}}, Case{2, 1, u"abXYcd"_s, {}},
+                        Case{1, 2, u"aXYcd"_s, {}}, Case{2, 2, u"abXYd"_s, {}}, Case{3, 1, u"abXYd"_s, {2}}}) {
+    RichText text = withObject();
+    text.replace(c.from, c.length, u"XY\uFFFC"_s);
+    EXPECT_EQ(text.plainText(), c.plain) << c.from << ' ' << c.length;
+    EXPECT_EQ(objectsIn(text), c.objects) << c.from << ' ' << c.length;
+    expectSound(text);
+  }
+  RichText alone = RichText::fromObject(bookmark(), kBold);
+  alone.append(u"x"_s);
+  EXPECT_EQ(alone.plainText(), u"x"_s);
+  EXPECT_TRUE(alone.charFormatAt(1).bold) << "but how it looks";
+}
+
+TEST(RichText, AnObjectIsAPositionAndNoText) {
+  RichText text = withObject();
+  EXPECT_EQ(text.size(), 5);
+  EXPECT_EQ(text.plainText(), u"abcd"_s);
+  EXPECT_EQ(text.slice(1, 3).plainText(), u"bc"_s);
+  EXPECT_EQ(objectsIn(text.slice(1, 3)), QList<qsizetype>{1});
+  const RichText twice = [&] {
+    RichText two = text;
+    two.insert(2, text.slice(2, 1));
+    return two;
+  }();
+  EXPECT_EQ(objectsIn(twice), (QList<qsizetype>{2, 3}));
+  text.remove(2, 1);
+  EXPECT_EQ(text, RichText::fromPlain(u"abcd"_s));
+  RichText hidden = RichText::fromPlain(u"a\nb\nc"_s);
+  hidden.formatCharacters(1, 3, [](CharFormat& format) { format.hidden = true; });
+  EXPECT_EQ(hidden.plainText(), u"a\r\nc"_s) << "a hidden paragraph end joins";
+}
+
+TEST(RichText, ReplacingNeverFindsAnObject) {
+  RichText text = withObject();
+  EXPECT_EQ(text.replaceAll(u"\uFFFC"_s, u"x"_s, Qt::CaseSensitive), 0);
+  EXPECT_EQ(text.replaceAll(u"bc"_s, u"x"_s, Qt::CaseSensitive), 0) << "it stands between";
+  EXPECT_EQ(text.replaceAll(u"b"_s, u"x"_s, Qt::CaseSensitive), 1);
+  EXPECT_EQ(text.replaceAll(u"c"_s, u""_s, Qt::CaseSensitive), 1);
+  EXPECT_EQ(text.plainText(), u"axd"_s);
+  EXPECT_EQ(objectsIn(text), QList<qsizetype>{2});
+}
+
+TEST(RichText, FormattingLeavesObjectsAlone) {
+  RichText text = withObject();
+  text.formatCharacters(0, -1, [](CharFormat& format) { format = CharFormat{{.italic = true}, u"Arial"_s}; });
+  EXPECT_EQ(objectsIn(text), QList<qsizetype>{2});
+  EXPECT_EQ(*text.charFormatAt(2).object, *bookmark());
+  EXPECT_TRUE(text.charFormatAt(2).italic && !text.charFormatAt(2).bold);
+  text.formatCharacters(0, 2, [](CharFormat& format) { format.object = bookmark(); });
+  EXPECT_EQ(objectsIn(text), QList<qsizetype>{2}) << "and makes none";
+}
+
+TEST(RichText, TextBehindALinkIsNoPartOfIt) {
+  CharFormat link;
+  link.field = u"HYPERLINK \"https://example.org\""_s;
+  RichText text = RichText::fromPlain(u"see "_s);
+  text.append(RichText::fromPlain(u"this"_s, link));
+  text.append(u"."_s);
+  text.insert(4, u"all "_s);
+  text.insert(10, u"x"_s);
+  EXPECT_EQ(text.text(), u"see all thxis."_s);
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    EXPECT_EQ(!text.charFormatAt(at).field.isEmpty(), at >= 8 && at < 13) << at;
+  }
+  text.replace(8, 5, u"that"_s);
+  EXPECT_FALSE(text.charFormatAt(8).field.isEmpty()) << "what replaces it is";
 }

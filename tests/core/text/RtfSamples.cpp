@@ -3,6 +3,7 @@
 #include "core/text/Rtf.h"
 #include "support/TestHome.h"
 
+#include <QDir>
 #include <QFile>
 #include <QStringList>
 
@@ -11,6 +12,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString kSampleFolder = QStringLiteral(QUILLANE_SOURCE_DIR "/tests/samples/rtf/");
 
 template <class List>
 auto anyOf(QRandomGenerator& random, const List& list) {
@@ -218,6 +221,14 @@ QList<CorpusFile> rtfCorpus() {
     }
   }
   return files;
+}
+
+QByteArray rtfSampleFile(const QString& name) {
+  return readBytes(kSampleFolder + name + u".rtf"_s);
+}
+
+QStringList rtfSampleFiles() {
+  return QDir(kSampleFolder).entryList({u"*.rtf"_s}, QDir::Files, QDir::Name);
 }
 
 QString withoutTrailingLineEnds(QString text) {

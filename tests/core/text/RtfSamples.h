@@ -23,6 +23,11 @@ struct CorpusFile {
 /// The shared RTF files of other programs; empty where they are absent.
 QList<CorpusFile> rtfCorpus();
 
+/// A file of tests/samples/rtf, each of which holds one kind of thing as word processors write it.
+QByteArray rtfSampleFile(const QString& name);
+/// The names of all of them, sorted.
+QStringList rtfSampleFiles();
+
 /// For messages: the differing end of two texts would be hidden in long ones.
 QString withoutTrailingLineEnds(QString text);
 

@@ -91,10 +91,20 @@ TEST(Rtf, DecodesBytesByTheFontInForce) {
        u"\xFFFD"
        u"b"_s},
       {"an encoding of whole characters is no code page", "{\\rtf1\\ansi\\ansicpg1200\\'93}", u"“"_s},
-      {"a byte order mark and blanks in front", "\xEF\xBB\xBF \r\n{\\rtf1 a}", u"a"_s},
       {"code page 0", "{\\rtf1\\ansi\\ansicpg0\\'93}", u"“"_s},
       {"UTF-8", "{\\rtf1\\ansicpg65001\xE2\x82\xAC\\'f0\\'9f\\'98\\'80\xC3}", u"€😀\xFFFD"_s},
       {"the five holes of our code page", "{\\rtf1\\'81\\'8d\\'8f\\'90\\'9d}", u"\x81\x8D\x8F\x90\x9D"_s},
+  });
+}
+
+TEST(Rtf, BeginsBehindWhatSomeProgramsPutInFront) {
+  expectReadings({
+      {"a byte order mark and blanks", "\xEF\xBB\xBF \r\n{\\rtf1 a}", u"a"_s},
+      {"blanks and a byte order mark", "\r\n \t\xEF\xBB\xBF{\\rtf1 a}", u"a"_s},
+      {"a lone slash", "/{\\rtf1 a}", u"a"_s},
+      {"all of it", " \xEF\xBB\xBF\n/ \r\n{\\rtf1 a}", u"a"_s},
+      {"two slashes are text", "//{\\rtf1 a}", u"//{\\rtf1 a}"_s},
+      {"and so is what only looks alike", " {\\rt1 a}", u" {\\rt1 a}"_s},
   });
 }
 
@@ -108,8 +118,13 @@ TEST(Rtf, TellsTextFromWhatIsNone) {
       {"blanks between groups are text", "{\\rtf1{a} {b}}", u"a b"_s},
       {"escaped braces", "{\\rtf1 \\{\\\\\\}}", u"{\\}"_s},
       {"hidden text", "{\\rtf1 a{\\v b}c\\v d\\v0 e\\v f\\plain g}", u"aceg"_s},
+      {"hidden line ends", "{\\rtf1 a{\\v\\par}b{\\v\\line}c\\par{\\v d\\par}e{\\v\\par}}", u"abc\r\ne"_s},
       {"\\bin may hold braces", "{\\rtf1 a{\\pict\\bin4 }}{{}b}", u"ab"_s},
       {"unknown ignorable groups", "{\\rtf1 a{\\*\\nobodyknows b{c}}d{\\nobodyknows e}}", u"ade"_s},
+      {"\\* means that at the start of a group alone",
+       "{\\rtf1 a{b\\*\\nobodyknows c}{\\b\\*\\nobodyknows d}{\\*\\b e}{\\*f}{\\*\r\n\\nobodyknows g}}", u"abcdef"_s},
+      {"words among the properties of a row",
+       "{\\rtf1 a\\nestcell{\\*\\nesttableprops b\\trowd\\nestrow}{\\nonesttables\\par}c}", u"a\tb\r\nc"_s},
       {"known destinations without a star",
        "{\\rtf1{\\info{\\title x}}{\\stylesheet{\\s0 N;}}{\\header h}{\\footnote f}a}", u"a"_s},
       {"fields", "{\\rtf1{\\field{\\*\\fldinst HYPERLINK}{\\fldrslt shown}}}", u"shown"_s},
@@ -217,7 +232,7 @@ TEST(Rtf, BulletsAreWrittenAsOtherProgramsReadThem) {
   const QByteArray rtf = writeRtf(text);
   EXPECT_TRUE(rtf.contains("{\\f1\\fnil\\fcharset2 Symbol;}")) << rtf;
   EXPECT_TRUE(rtf.contains(
-      "\\pard{\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}\\li200 a\\par \r\n"
+      "\\pard{\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}\\ls1\\li200 a\\par \r\n"
       "{\\pntext\\f1\\'b7\\tab}b\\par"))
       << rtf;
 }
@@ -226,6 +241,22 @@ TEST(Rtf, SymbolFontsStaySymbolFonts) {
   const QByteArray rtf = writeRtf(readRtf("{\\rtf1{\\fonttbl{\\f3\\fcharset2 Wingdings;}}\\f3 J \\'e0\\u946?}"));
   EXPECT_TRUE(rtf.contains("\\fcharset2 Wingdings;}")) << rtf;
   EXPECT_TRUE(rtf.contains("\\'4a \\'e0\\u946\\'3f")) << rtf;
+}
+
+TEST(Rtf, RaisedAndLoweredLettersAreEndedByTheirOwnWord) {
+  const QByteArray sized = "{\\rtf1{\\fonttbl{\\f0 Arial;}}x{\\f0\\fs30\\super 2}y\\par}";
+  EXPECT_TRUE(writeRtf(readRtf(sized)).contains("\\super\\f1\\fs30 2\\nosupersub\\plain y\\par"))
+      << writeRtf(readRtf(sized));
+  EXPECT_TRUE(writeRtf(readRtf("{\\rtf1 x{\\sub 2}\\par}")).contains("x\\sub 2\\nosupersub\\par"));
+}
+
+TEST(Rtf, LettersOfTheOtherDirectionAreToldOfInFrontBehindTheirOwnWord) {
+  const QByteArray rtf = writeRtf(
+      readRtf("{\\rtf1{\\fonttbl{\\f0 A;}{\\f1 B;}}\\rtlch\\af1\\ab\\ltrch\\f0 a\\par\\pard\\qc b\\rtlch c\\ab d}"));
+  EXPECT_TRUE(rtf.contains(
+      "\\pard\\rtlch\\ab1\\af2\\ltrch\\f1 a\\par \r\n\\pard\\qc\\ltrch b\\plain\\ltrch\\ab1\\af2\\rtlch\\f1 cd"))
+      << rtf;
+  EXPECT_TRUE(writeRtf(readRtf("{\\rtf1\\ai a}")).contains("\\rtlch\\ai1\\ltrch a"));
 }
 
 TEST(Rtf, WritesSevenBitsWithFallbacksThatEveryoneReads) {

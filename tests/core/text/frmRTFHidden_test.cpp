@@ -71,3 +71,23 @@ TEST(RtfWorker, BuildsADocumentOfTextAndRtf) {
   EXPECT_EQ(alignments(text), wanted) << "what was centred, and no more";
   EXPECT_TRUE(text.charFormatAt(text.plainText().lastIndexOf(u"red"_s)).bold);
 }
+
+TEST(RtfWorker, GivesRtfWhateverItWasGiven) {
+  struct Case {
+    const char* what;
+    QByteArray given;
+    QString plain;
+  };
+  for (const Case& c : {Case{"nothing", "", QString()}, Case{"plain text", "caf\xe9\r\nnext", u"café\r\nnext"_s},
+                        Case{"a mark in front", "\xEF\xBB\xBF" + kScene, u"The red Red fox."_s},
+                        Case{"blanks and a slash in front", " \r\n/" + kScene, u"The red Red fox."_s}}) {
+    frmRTFHidden worker;
+    worker.SetRTF(c.given);
+    EXPECT_TRUE(worker.GetRTF().startsWith("{\\rtf1")) << c.what;
+    EXPECT_EQ(rtfToPlainText(worker.GetRTF()), c.plain) << c.what;
+    EXPECT_EQ(worker.GetPlain(), c.plain) << c.what;
+  }
+  frmRTFHidden worker;
+  worker.SetRTF(" /" + kScene);
+  EXPECT_EQ(worker.GetRTF(), kScene) << "what follows stays byte for byte";
+}
