@@ -29,15 +29,21 @@ QString authorOf(const InlineObject& object) {
 
 bool operator==(const InlineObject& a, const InlineObject& b) {
   return a.kind == b.kind && a.isNumbered == b.isNumbered && a.label == b.label && a.details == b.details &&
-         a.bytes == b.bytes && sameContent(a.content, b.content);
+         a.bytes == b.bytes && a.tail == b.tail && sameContent(a.content, b.content);
 }
 
-/// Pictures of one program begin alike; their ends tell them apart.
+/// Pictures of one program begin and end alike, and many are blank somewhere: stretches from all over tell them apart.
 size_t hashOf(const InlineObject& object) noexcept {
-  constexpr qsizetype kEnough = 64;
+  constexpr qsizetype kStretches = 32;
+  constexpr qsizetype kStretch = 64;
   const QByteArrayView bytes = object.bytes.view();
-  return qHashMulti(0, int(object.kind), object.label, bytes.size(), bytes.last(qMin(kEnough, bytes.size())),
-                    object.content ? object.content->text() : QString());
+  size_t hash =
+      qHashMulti(0, int(object.kind), object.label, bytes.size(), object.content ? object.content->text() : QString());
+  const qsizetype step = qMax(kStretch, bytes.size() / kStretches);
+  for (qsizetype at = 0; at < bytes.size(); at += step) {
+    hash = qHash(bytes.sliced(at, qMin(kStretch, bytes.size() - at)), hash);
+  }
+  return hash;
 }
 
 bool isNote(Kind kind) {

@@ -57,6 +57,8 @@ struct InlineObject {
   /// The inside of an RTF group, written as it was read: all of a picture, of an object what stands in front of its
   /// result.
   SharedBytes bytes{};
+  /// Of an object: what stands behind its result.
+  SharedBytes tail{};
   QList<Detail> details{};
   /// Of a note, a comment, an entry; what an object shows of itself. None: nothing.
   std::shared_ptr<const RichText> content{};

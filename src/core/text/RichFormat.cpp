@@ -8,7 +8,7 @@ constexpr int kMaxHalfPoints = 3276;
 constexpr int kMaxTwips = 31680;
 constexpr int kMaxTabStops = 64;
 constexpr int kMaxFontName = 128;
-constexpr qsizetype kMaxField = 4096;
+constexpr qsizetype kMaxField = 1 << 16;
 constexpr int kMaxLanguage = 0xFFFF;
 constexpr quint32 kColourBits = 0xFFFFFF;
 

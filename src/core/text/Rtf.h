@@ -15,14 +15,16 @@
 /// every paragraph with \par: reading what was written gives an equal text.
 
 /// What an RTF text may hold that a rich text can't, and that is gone from what is written of it.
-enum class RtfLoss : quint8 {
+enum class RtfLoss : quint16 {
   TableLayout = 1,  ///< Borders and columns; the words stay.
   HeadersFooters = 2,
   Deletions = 4,  ///< Struck out in a tracked draft.
   TextBoxes = 8,
   Styles = 16,
   NestedFields = 32,  ///< Fields in the result of another; their text stays.
-  FormFields = 64,
+  FieldData = 64,     ///< Of forms and of other programs.
+  ParagraphBorders = 128,
+  Sections = 256,
 };
 Q_DECLARE_FLAGS(RtfLosses, RtfLoss)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RtfLosses)

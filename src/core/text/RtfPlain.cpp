@@ -102,13 +102,16 @@ bool isRtf(QByteArrayView bytes) {
 }
 
 QStringList namesOf(RtfLosses losses) {
-  static constexpr std::pair<RtfLoss, const char16_t*> kNames[] = {{RtfLoss::TableLayout, u"table borders"},
-                                                                   {RtfLoss::HeadersFooters, u"headers and footers"},
-                                                                   {RtfLoss::Deletions, u"tracked deletions"},
-                                                                   {RtfLoss::TextBoxes, u"text boxes"},
-                                                                   {RtfLoss::Styles, u"styles"},
-                                                                   {RtfLoss::NestedFields, u"fields inside fields"},
-                                                                   {RtfLoss::FormFields, u"form fields"}};
+  static constexpr std::pair<RtfLoss, const char16_t*> kNames[] = {
+      {RtfLoss::TableLayout, u"table borders"},
+      {RtfLoss::HeadersFooters, u"headers and footers"},
+      {RtfLoss::Deletions, u"tracked deletions"},
+      {RtfLoss::TextBoxes, u"text boxes"},
+      {RtfLoss::Styles, u"styles"},
+      {RtfLoss::NestedFields, u"fields inside fields"},
+      {RtfLoss::FieldData, u"data of fields"},
+      {RtfLoss::ParagraphBorders, u"borders of paragraphs"},
+      {RtfLoss::Sections, u"sections"}};
   QStringList names;
   for (const auto& [loss, name] : kNames) {
     if (losses.testFlag(loss)) {

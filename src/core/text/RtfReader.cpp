@@ -13,7 +13,7 @@ namespace {
 constexpr size_t kMaxDepth = 4000;
 constexpr qint32 kMaxFallback = 1 << 20;
 constexpr qsizetype kMaxFontName = 256;
-constexpr qsizetype kMaxWords = 4096;
+constexpr qsizetype kMaxWords = 1 << 16;
 
 }  // namespace
 
@@ -191,6 +191,7 @@ void RtfReader::symbol(char symbol) {
 void RtfReader::word(const RtfToken& token) {
   flushBytes();
   const bool starred = std::exchange(starred_, false);
+  const bool slotted = std::exchange(isSlotted_, false);
   justOpened_ = false;
   if (fallbacks_ > 0 && !completesPair(token)) {
     --fallbacks_;
@@ -213,7 +214,9 @@ void RtfReader::word(const RtfToken& token) {
     }
     return;
   }
-  act(*known, token);
+  if (known->action != RtfAction::AssociatedFont || !slotted) {
+    act(*known, token);
+  }
 }
 
 void RtfReader::act(const RtfWord& word, const RtfToken& token) {
@@ -231,16 +234,24 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
     case RtfAction::ParagraphEnd:
     case RtfAction::LineBreak:
     case RtfAction::PageBreak:
+      return lineEnd(word.action);
     case RtfAction::SoftEnd:
+      lose(word.value);
       return lineEnd(word.action);
     case RtfAction::Unicode:
       return unicode(token.number);
     case RtfAction::FallbackLength:
       group_.fallbackLength = token.hasNumber ? std::clamp(token.number, 0, kMaxFallback) : 1;
       return;
-    case RtfAction::SkipGroup:
-      lose(word.value);
+    case RtfAction::SkipGroup: {
+      // What a link's data say stands in its instruction too.
+      const bool isTold = group_.destination == Destination::Instruction && words_.trimmed().startsWith(u"HYPERLINK");
+      lose(isTold ? 0 : word.value);
       return skipGroup();
+    }
+    case RtfAction::FontSlot:
+      isSlotted_ = true;
+      return;
     case RtfAction::FontTable:
       return isOfDocument() ? enterTable(Destination::Fonts) : skipGroup();
     case RtfAction::ColourTable:
@@ -297,9 +308,9 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       }
       return;
     case RtfAction::DefaultLanguage:
-      return sink_.defaultLanguage(token.number);
+      return isOfDocument() ? sink_.defaultLanguage(token.number) : void();
     case RtfAction::DefaultTab:
-      return sink_.defaultTab(token.number);
+      return isOfDocument() ? sink_.defaultTab(token.number) : void();
     case RtfAction::Font:
       return selectFont(token.number);
     case RtfAction::AssociatedFont:
@@ -374,6 +385,7 @@ void RtfReader::lineEnd(RtfAction action) {
     endLine(isParagraph);
   }
   if (action == RtfAction::PageBreak) {
+    came(Line::Broken);  // the page that begins has a paragraph, be it an empty one
     sink_.breakPage();
   }
 }

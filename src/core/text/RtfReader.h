@@ -68,7 +68,7 @@ class RtfSink {
   virtual void openText() {}
   virtual std::shared_ptr<const RichText> closeText() { return {}; }
   /// `bytes` are among those that are read.
-  virtual void object(InlineObject, QByteArrayView /*bytes*/) {}
+  virtual void object(InlineObject, QByteArrayView /*bytes*/, QByteArrayView /*tail*/) {}
 
  private:
   bool wantsFormats_;
@@ -126,6 +126,7 @@ class RtfReader {
     // Of the bytes that are kept as they are; nothing: none, or up to the end of the group.
     const char* begin = nullptr;
     const char* end = nullptr;
+    const char* behindResult = nullptr;
   };
 
   void open();
@@ -173,7 +174,7 @@ class RtfReader {
   void endRole(const Group& closed);
   void enterFieldResult();
   QByteArrayView restOfGroup(const RtfToken& token);
-  void putObject(InlineObject object, QByteArrayView bytes);
+  void putObject(InlineObject object, QByteArrayView bytes, QByteArrayView tail = {});
 
   void byte(uchar byte);
   void flushBytes();
@@ -212,6 +213,7 @@ class RtfReader {
 
   Line line_ = Line::Empty;
   qint64 place_ = 0;          ///< Grows with all that comes.
+  qint64 numberPlace_ = -1;   ///< Where the number of a note stood last.
   bool endIsHidden_ = false;  ///< The last paragraph end was hidden.
   std::vector<OpenObject> objects_;
 
@@ -229,7 +231,8 @@ class RtfReader {
   QList<InlineObject::Detail> details_;  ///< Of the comment that follows.
   ListMark numbering_;                   ///< Of the group that is open.
   int markFont_ = -1;
-  bool isBehind_ = false;  ///< The words of a mark stand behind its number.
+  bool isSlotted_ = false;  ///< The last word was one whose font is that of a few letters alone.
+  bool isBehind_ = false;   ///< The words of a mark stand behind its number.
 
   int declaredFont_ = 0;
   quint32 colour_ = 0;

@@ -118,6 +118,9 @@ void RtfReader::listNumber(int number) {
 
 void RtfReader::enterField() {
   if (!inBody()) {
+    if (group_.destination == Destination::Instruction) {
+      losses_ |= RtfLoss::NestedFields;
+    }
     skipGroup();
     return;
   }
@@ -129,7 +132,7 @@ void RtfReader::enterField() {
 
 void RtfReader::enterFieldResult() {
   const bool isOfField = inBody() && hasOwnGroup() && outer_.back().role == Role::Field;
-  if (isOfField && outer_.back().resultBegin < 0) {
+  if (isOfField && group_.role == Role::None && outer_.back().resultBegin < 0) {
     outer_.back().resultBegin = place_;
     sink_.fieldResult();
   }
@@ -162,6 +165,7 @@ void RtfReader::enterNote(InlineObject::Kind kind, const RtfToken& token) {
   InlineObject& object = objects_.back().object;
   object.kind = kind;
   object.details = std::move(before);
+  object.isNumbered = kind == InlineObject::Kind::Footnote && numberPlace_ == place_ - 1;
   if (kind == InlineObject::Kind::Entry) {
     object.label = QString::fromLatin1(token.first, token.length);
   }
@@ -171,7 +175,10 @@ void RtfReader::enterNote(InlineObject::Kind kind, const RtfToken& token) {
 
 void RtfReader::noteWord(RtfAction action) {
   InlineObject* const note = objects_.empty() ? nullptr : &objects_.back().object;
-  if (note == nullptr || (note->kind != InlineObject::Kind::Footnote && note->kind != InlineObject::Kind::Endnote)) {
+  const bool isInNote =
+      note != nullptr && (note->kind == InlineObject::Kind::Footnote || note->kind == InlineObject::Kind::Endnote);
+  if (!isInNote) {
+    numberPlace_ = action == RtfAction::OwnNumber && inBody() ? place_ : numberPlace_;
     return;
   }
   if (action == RtfAction::OwnNumber) {
@@ -217,16 +224,22 @@ void RtfReader::endRole(const Group& closed) {
   }
   came(Line::Begun);
   if (closed.role == Role::Result) {
+    objects_.back().behindResult = groupEnd_ != nullptr ? groupEnd_ + 1 : nullptr;
     return;
   }
   OpenObject ended = std::move(objects_.back());
   objects_.pop_back();
-  const char* const end = ended.end != nullptr ? ended.end : groupEnd_;
-  const bool isWhole = ended.begin == nullptr || end != nullptr;
-  if (isWhole) {  // what was cut off would take in all that is written behind it
-    putObject(std::move(ended.object),
-              ended.begin != nullptr ? QByteArrayView(ended.begin, end - ended.begin) : QByteArrayView());
+  if (ended.begin == nullptr) {
+    putObject(std::move(ended.object), {});
+    return;
   }
+  if (groupEnd_ == nullptr) {
+    return;  // what was cut off would take in all that is written behind it
+  }
+  const char* const end = ended.end != nullptr ? ended.end : groupEnd_;
+  const bool hasTail = ended.behindResult != nullptr && ended.behindResult < groupEnd_;
+  putObject(std::move(ended.object), QByteArrayView(ended.begin, end - ended.begin),
+            hasTail ? QByteArrayView(ended.behindResult, groupEnd_ - ended.behindResult) : QByteArrayView());
 }
 
 QByteArrayView RtfReader::restOfGroup(const RtfToken& token) {
@@ -255,20 +268,23 @@ void RtfReader::takeShape(const RtfToken& token) {
     }
     return;
   }
+  const bool hasPicture = bytes.contains("\\pict");
   if (bytes.contains("\\shptxt") || bytes.contains("\\dptxbxtext")) {
-    came(Line::Begun);
     losses_ |= RtfLoss::TextBoxes;
-    return;
+    if (!hasPicture) {
+      came(Line::Begun);
+      return;
+    }
   }
   InlineObject shape;
-  shape.kind = bytes.contains("\\pict") ? InlineObject::Kind::Picture : InlineObject::Kind::Embedded;
+  shape.kind = hasPicture ? InlineObject::Kind::Picture : InlineObject::Kind::Embedded;
   putObject(std::move(shape), bytes);
 }
 
-void RtfReader::putObject(InlineObject object, QByteArrayView bytes) {
+void RtfReader::putObject(InlineObject object, QByteArrayView bytes, QByteArrayView tail) {
   const bool isVerbatim = object.kind == InlineObject::Kind::Picture || object.kind == InlineObject::Kind::Embedded;
   came(Line::Begun);
   if (sink_.wantsFormats() && !(isVerbatim && bytes.isEmpty())) {
-    sink_.object(std::move(object), bytes);
+    sink_.object(std::move(object), bytes, tail);
   }
 }

@@ -10,6 +10,7 @@
 namespace {
 
 constexpr qsizetype kMaxTabStops = 64;
+constexpr int kTwipsPerQuarterPoint = 5;
 
 struct Formats {
   RtfLook characters;
@@ -107,7 +108,7 @@ class RichSink final : public RtfSink {
   void closeField(bool isEmpty) override;
   void openText() override;
   std::shared_ptr<const RichText> closeText() override;
-  void object(InlineObject object, QByteArrayView bytes) override;
+  void object(InlineObject object, QByteArrayView bytes, QByteArrayView tail) override;
 
   bool hasNestedFields() const { return hasNestedFields_; }
 
@@ -200,6 +201,9 @@ void RichSink::formatLook(RtfProperty property, bool on, int value) {
       return;
     case Property::LetterSpacing:
       look.letterSpacing = value;
+      return;
+    case Property::LetterSpacingQuarters:
+      look.letterSpacing = value * kTwipsPerQuarterPoint;
       return;
     case Property::Language:
       look.language = value;
@@ -399,13 +403,14 @@ bool RichSink::extendsLast(QByteArrayView bytes) const {
     return false;
   }
   QByteArray between(lastBytes_.end(), bytes.begin() - lastBytes_.end());
-  for (const char blank : {' ', '\r', '\n'}) {
-    between.replace(blank, "");
-  }
+  between.removeIf([](char byte) { return byte == '\r' || byte == '\n' || byte == '\0'; });
   return between == "}{" || between == "}{\\*";
 }
 
-void RichSink::object(InlineObject object, QByteArrayView bytes) {
+void RichSink::object(InlineObject object, QByteArrayView bytes, QByteArrayView tail) {
+  if (!tail.isEmpty()) {
+    object.tail = SharedBytes(bytes_, tail.data() - bytes_.constData(), tail.size());
+  }
   if (bytes.isEmpty()) {
     append(std::move(object));
     return;
@@ -443,7 +448,7 @@ RichText readRtf(const QByteArray& bytes, RtfLosses* losses) {
   reader.read();
   if (losses != nullptr) {
     *losses = reader.losses();
-    losses->setFlag(RtfLoss::NestedFields, sink.hasNestedFields());
+    *losses |= sink.hasNestedFields() ? RtfLoss::NestedFields : RtfLosses();
   }
   return sink.take();
 }

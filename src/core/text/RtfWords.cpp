@@ -23,6 +23,9 @@ constexpr RtfWord skipped(std::string_view name) {
 constexpr RtfWord lost(std::string_view name, RtfLoss loss) {
   return action(name, RtfAction::SkipGroup, static_cast<quint16>(loss));
 }
+constexpr RtfWord told(std::string_view name, RtfLoss loss) {
+  return action(name, RtfAction::Loss, static_cast<quint16>(loss));
+}
 constexpr RtfWord pn(std::string_view name, RtfListPart part) {
   return action(name, RtfAction::NumberingPart, static_cast<quint16>(part));
 }
@@ -44,7 +47,7 @@ constexpr RtfWord kWords[] = {
     action("line", RtfAction::LineBreak),
     action("page", RtfAction::PageBreak),
     action("column", RtfAction::SoftEnd),
-    action("sect", RtfAction::SoftEnd),
+    action("sect", RtfAction::SoftEnd, static_cast<quint16>(RtfLoss::Sections)),
     character("tab", u'\t'),
     character("cell", u'\t'),
     character("nestcell", u'\t'),
@@ -114,7 +117,12 @@ constexpr RtfWord kWords[] = {
     action("blue", RtfAction::Blue),
     action("fldrslt", RtfAction::FieldResult),
     action("nesttableprops", RtfAction::KeepGroup),
-    action("trowd", RtfAction::Loss, static_cast<quint16>(RtfLoss::TableLayout)),
+    told("trowd", RtfLoss::TableLayout),
+    told("brdrt", RtfLoss::ParagraphBorders),
+    told("brdrb", RtfLoss::ParagraphBorders),
+    told("brdrl", RtfLoss::ParagraphBorders),
+    told("brdrr", RtfLoss::ParagraphBorders),
+    told("box", RtfLoss::ParagraphBorders),
 
     // what stands in the text and is none
     action("pict", RtfAction::Picture),
@@ -156,7 +164,7 @@ constexpr RtfWord kWords[] = {
     skipped("comment"),
     skipped("company"),
     skipped("creatim"),
-    skipped("datafield"),
+    lost("datafield", RtfLoss::FieldData),
     skipped("datastore"),
     skipped("defchp"),
     skipped("defpap"),
@@ -179,7 +187,7 @@ constexpr RtfWord kWords[] = {
     lost("footerf", RtfLoss::HeadersFooters),
     lost("footerl", RtfLoss::HeadersFooters),
     lost("footerr", RtfLoss::HeadersFooters),
-    lost("formfield", RtfLoss::FormFields),
+    lost("formfield", RtfLoss::FieldData),
     skipped("ftncn"),
     skipped("ftnsep"),
     skipped("ftnsepc"),
@@ -246,6 +254,9 @@ constexpr RtfWord kWords[] = {
     action("deflang", RtfAction::DefaultLanguage),
     action("deftab", RtfAction::DefaultTab),
     action("af", RtfAction::AssociatedFont),
+    action("loch", RtfAction::FontSlot),
+    action("hich", RtfAction::FontSlot),
+    action("dbch", RtfAction::FontSlot),
     format("b", RtfProperty::Bold),
     format("i", RtfProperty::Italic),
     format("strike", RtfProperty::StrikeOut),
@@ -271,6 +282,7 @@ constexpr RtfWord kWords[] = {
     format("ulw", RtfProperty::WordUnderline),
     format("ulwave", RtfProperty::WavyUnderline),
     format("ulnone", RtfProperty::NoUnderline),
+    format("expnd", RtfProperty::LetterSpacingQuarters),
     format("expndtw", RtfProperty::LetterSpacing),
     format("lang", RtfProperty::Language),
     format("ltrch", RtfProperty::LeftToRightRun),

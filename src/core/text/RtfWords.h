@@ -46,6 +46,7 @@ enum class RtfAction : quint8 {
   DefaultTab,
   Font,
   AssociatedFont,
+  FontSlot,  ///< the font that is told next is for some letters alone
   FontCharset,
   FontCodePage,
   Red,
@@ -72,7 +73,8 @@ enum class RtfProperty : quint8 {
   NoUnderline, SingleUnderline, DoubleUnderline, DottedUnderline, WavyUnderline, WordUnderline, DashedUnderline,
   LongDashedUnderline, DashDottedUnderline, DashDoubleDottedUnderline, ThickUnderline, ThickDottedUnderline,
   ThickDashedUnderline, HeavyWavyUnderline, DoubleWavyUnderline,
-  Subscript, Superscript, NormalScript, Raised, Lowered, FontSize, Colour, Background, LetterSpacing, Language,
+  Subscript, Superscript, NormalScript, Raised, Lowered, FontSize, Colour, Background, LetterSpacing, LetterSpacingQuarters,
+  Language,
   LeftToRightRun, RightToLeftRun, AssociatedBold, AssociatedItalic, AssociatedSize, AssociatedLanguage,
   ParagraphDefaults,
   AlignLeft, AlignCentre, AlignRight, AlignJustify,

@@ -389,6 +389,7 @@ void RtfWriter::changeLook(const Style& from, const Style& to) {
   }
   number("\\cf", from.colour, to.colour);
   number("\\highlight", from.background, to.background);
+  number("\\chcbpat", from.background, to.background);  // some programs know a few colours of the other alone
   for (size_t i = 0; i < kCharSwitches.size(); ++i) {
     const bool isOn = to.*kCharSwitches[i];
     if (isOn != from.*kCharSwitches[i]) {

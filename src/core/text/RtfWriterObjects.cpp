@@ -61,6 +61,9 @@ void RtfWriter::putObject(const InlineObject& object) {
     case Kind::Picture:
     case Kind::Embedded: {
       const QByteArrayView bytes = object.bytes.view();
+      if (bytes.startsWith("\\nonshppict")) {
+        out_.put("{}");  // else it would be taken for another form of the picture in front
+      }
       out_.put(bytes.startsWith("\\shppict") || bytes.startsWith("\\do") ? "{\\*" : "{");
       out_.put(bytes);
       if (object.content) {
@@ -68,6 +71,7 @@ void RtfWriter::putObject(const InlineObject& object) {
         putContent(object);
         out_.put("}");
       }
+      out_.put(object.tail.view());
       out_.put("}");
       break;
     }

@@ -95,7 +95,7 @@ void frmEditor::buildLayout() {
   giveName(*txtMain, u"txtMain"_s, u"Scene text"_s);
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
-  new TextObjects(*txtMain);
+  objects_ = new TextObjects(*txtMain);
   auto* upper = new QWidget(this);
   fontBar_ = new FontBar(*txtMain, upper);
   auto* upperLayout = new QVBoxLayout(upper);

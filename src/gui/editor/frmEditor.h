@@ -18,6 +18,7 @@ class QEventLoop;
 class QPushButton;
 class QTabWidget;
 class RichTextBox;
+class TextObjects;
 class clsScene;
 
 /// The window in which one scene is written. It holds no data of its own: it copies the scene into its controls,
@@ -42,7 +43,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void HideWindow() override { hide(); }
   void Unload() override;
   void SaveQuietly() override;
-  bool HoldsUnsaved() const override { return Dirty && !leaving_; }
+  bool HoldsUnsaved() const override;
   /// What could not be saved keeps the window too.
   bool AskIfSave() override;
   void LetGo() override;
@@ -112,6 +113,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   QEventLoop* modalLoop_ = nullptr;
 
   RichTextBox* txtMain = nullptr;
+  TextObjects* objects_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QTabWidget* TabStrip1 = nullptr;
   std::vector<EditorTab*> tabs_;

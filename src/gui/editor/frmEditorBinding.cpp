@@ -18,6 +18,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/Twips.h"
+#include "gui/views/TextObjects.h"
 #include "gui/views/frmWordCount.h"
 
 using namespace Qt::StringLiterals;
@@ -30,6 +31,10 @@ constexpr int kWordCountMs = 3000;
 constexpr int kHintMs = 4000;
 
 }  // namespace
+
+bool frmEditor::HoldsUnsaved() const {
+  return (Dirty || objects_->holdsUnsaved()) && !leaving_;
+}
 
 std::shared_ptr<clsScene> frmEditor::scene() const {
   auto found = g_Project->SceneByID(SceneID);
@@ -111,7 +116,10 @@ bool frmEditor::keepOriginal(clsScene& of, bool mayAsk) {
   if (!losses_ || !txtMain->isEdited()) {
     return true;
   }
-  if (!backUpOriginal(of) && mayAsk) {
+  if (!backUpOriginal(of)) {
+    if (!mayAsk) {
+      return false;
+    }
     const Answer answer = toolkit().MsgBox(
         u"The text as it was could not be copied to the backup folder. Saving it now loses: %1.\n\nSave all the same?"_s
             .arg(namesOf(losses_).join(u", "_s)),
@@ -221,6 +229,7 @@ QString frmEditor::whereSaved() const {
 
 // Should the scene's own file not take it, there is one more.
 void frmEditor::SaveQuietly() {
+  objects_->takeOpenNote();
   if (!Dirty) {
     return;
   }
@@ -229,15 +238,21 @@ void frmEditor::SaveQuietly() {
     keepWithoutBook();
     return;
   }
-  keepOriginal(*saved, false);
+  // Nobody can be asked whether the only copy may be written over.
+  if (!keepOriginal(*saved, false)) {
+    keepWithoutBook();
+    return;
+  }
   SaveChanges(false);
   Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved); });
 }
 
 void frmEditor::keepWithoutBook() {
   clsScene kept;
+  if (const auto opened = opened_.lock()) {
+    kept.setTextRTF(opened->TextRTF());
+  }
   FormToData(kept);
-  kept.setTextRTF(textToSave());
   RescueFolder(*g_Project).keep(kept);
 }
 

@@ -2,10 +2,12 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "gui/toolkit/Colours.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/views/TextKeys.h"
+#include "gui/views/TextObjects.h"
 
 #include <QDialogButtonBox>
 #include <QPointer>
@@ -29,13 +31,6 @@ QString captionOf(InlineObject::Kind kind) {
   }
 }
 
-/// The palette colours a note, as it does all text that is shown here.
-RichText shown(const InlineObject& note) {
-  RichText text = note.content ? *note.content : RichText();
-  text.formatCharacters(0, -1, [](CharFormat& format) { format.colour.reset(); });
-  return text;
-}
-
 }  // namespace
 
 NoteWindow::NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidget* parent)
@@ -44,7 +39,7 @@ NoteWindow::NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidg
   setWindowTitle(captionOf(note.kind));
   giveName(*txtNote, u"txtNote"_s, captionOf(note.kind));
   txtNote->setFont(owner.font());
-  txtNote->setRichText(shown(note));
+  txtNote->setRichText(readable(note));
   txtNote->setTabChangesFocus(true);
   txtNote->setLocked(owner.Locked());
   if (!owner.Locked()) {
@@ -53,11 +48,25 @@ NoteWindow::NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidg
   auto* column = new QVBoxLayout(this);
   column->addWidget(txtNote, 1);
   column->addWidget(buttons());
+  new TextObjects(*txtNote);
   resize(fontMetrics().averageCharWidth() * kLettersAndLines.width(),
          fontMetrics().lineSpacing() * kLettersAndLines.height());
   restoreWindow(objectName(), *this);
   txtNote->moveCursor(owner.Locked() ? QTextCursor::Start : QTextCursor::End);
   txtNote->setFocus();
+}
+
+/// Told colours have counterparts on a dark desktop; the note goes out with those that came in.
+RichText NoteWindow::readable(const InlineObject& note) {
+  RichText text = note.content ? *note.content : RichText();
+  text.formatCharacters(0, -1, [this](CharFormat& format) {
+    if (format.colour) {
+      const quint32 shown = Colours::fromQt(Colours::readable(*format.colour, txtNote->palette()));
+      toldColours_.insert(shown, *format.colour);
+      format.colour = shown;
+    }
+  });
+  return text;
 }
 
 QWidget* NoteWindow::buttons() {
@@ -81,7 +90,13 @@ bool NoteWindow::isChanged() const {
 }
 
 RichText NoteWindow::text() const {
-  return txtNote->namedRichText();
+  RichText text = txtNote->namedRichText();
+  text.formatCharacters(0, -1, [this](CharFormat& format) {
+    if (format.colour) {
+      format.colour = toldColours_.value(*format.colour, *format.colour);
+    }
+  });
+  return text;
 }
 
 void NoteWindow::reject() {

@@ -3,6 +3,7 @@
 #include "core/text/RichText.h"
 
 #include <QDialog>
+#include <QHash>
 
 class RichTextBox;
 
@@ -23,7 +24,10 @@ class NoteWindow : public QDialog {
   void done(int result) override;
 
  private:
+  RichText readable(const InlineObject& note);
   QWidget* buttons();
 
   RichTextBox* txtNote;
+  /// Colours that were made readable here, and what they are in the text.
+  QHash<quint32, quint32> toldColours_;
 };

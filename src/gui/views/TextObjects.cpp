@@ -35,17 +35,39 @@ TextObjects::TextObjects(RichTextBox& text) : QObject(&text), text_(text) {
 
 void TextObjects::openNote(qsizetype position) {
   const auto note = text_.objectAt(position);
-  if (!note) {
+  if (!note || window_) {
     return;
   }
-  const QPointer<RichTextBox> pane(&text_);
+  position_ = position;
+  note_ = note;
+  const QPointer<TextObjects> alive(this);
   const OverActiveWindow<NoteWindow> window(*note, text_);
-  if (!window.accepted() || !pane || !window->isChanged() || pane->objectAt(position) != note) {
-    return;
+  window_ = window.operator->();
+  while (window.accepted() && alive && window->isChanged() && !take(*window.operator->())) {
+    toolkit().MsgBox(
+        u"This note isn't in the text any more, so it can't be changed. Please copy its text to keep it."_s);
   }
-  InlineObject changed = *note;
-  changed.content = std::make_shared<const RichText>(window->text());
-  pane->replaceObject(position, std::make_shared<const InlineObject>(changed));
+}
+
+bool TextObjects::take(const NoteWindow& window) {
+  if (text_.objectAt(position_) != note_) {
+    return false;
+  }
+  InlineObject changed = *note_;
+  changed.content = std::make_shared<const RichText>(window.text());
+  note_ = std::make_shared<const InlineObject>(changed);
+  text_.replaceObject(position_, note_);
+  return true;
+}
+
+bool TextObjects::holdsUnsaved() const {
+  return window_ && window_->isChanged();
+}
+
+void TextObjects::takeOpenNote() {
+  if (holdsUnsaved()) {
+    take(*window_);
+  }
 }
 
 void TextObjects::openLink(const QString& address) {

@@ -1,7 +1,13 @@
 #pragma once
 
-#include <QObject>
+#include "core/text/InlineObject.h"
 
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+class NoteWindow;
 class RichTextBox;
 
 /// What opens out of a text: the notes in it, in a window of their own, and its links. In a locked text notes can be
@@ -13,10 +19,21 @@ class TextObjects : public QObject {
   /// Belongs to the pane.
   explicit TextObjects(RichTextBox& text);
 
+  /// A note that is being written holds what the text doesn't yet.
+  bool holdsUnsaved() const;
+  /// That goes into the text, without a question.
+  void takeOpenNote();
+
  private:
   void openNote(qsizetype position);
   /// Only addresses of the web and of mail, and only after they were shown: a text from elsewhere can name any.
   void openLink(const QString& address);
 
+  /// False, and the user has been told, when the note has left the text.
+  bool take(const NoteWindow& window);
+
   RichTextBox& text_;
+  QPointer<NoteWindow> window_;
+  qsizetype position_ = 0;
+  std::shared_ptr<const InlineObject> note_;
 };

@@ -180,7 +180,7 @@ const QList<Sample> kSamples{
      u"Heading|left\tright\t|Kept and put in.|Beside the box.|Name: ⟦field FORMTEXT⟧Anna⟦/field⟧.|⟦field TOC \\h⟧One "
      "3⟦/field⟧"_s,
      RtfLoss::TableLayout | RtfLoss::HeadersFooters | RtfLoss::Deletions | RtfLoss::TextBoxes | RtfLoss::Styles |
-         RtfLoss::NestedFields | RtfLoss::FormFields},
+         RtfLoss::NestedFields | RtfLoss::FieldData},
 };
 
 }  // namespace
@@ -354,4 +354,40 @@ TEST(RtfObjects, ParagraphsAreKept) {
   chapter.list.withParents = true;
   const auto [text, again] = readTwice(u"lists"_s);
   EXPECT_EQ(again.paragraphFormatAt(text.text().indexOf(u"chapter"_s)), chapter);
+}
+
+TEST(RtfObjects, WhatStandsInOddPlacesIsKeptOnce) {
+  const auto same = [](const QByteArray& body, const QString& text) {
+    const QByteArray rtf = "{\\rtf1{\\fonttbl{\\f0 Arial;}{\\f1 Other;}{\\f2 East;}}" + body + "}";
+    const RichText read = readRtf(rtf);
+    EXPECT_EQ(read.text(), text) << body;
+    EXPECT_EQ(rtfToPlainText(rtf), read.plainText()) << body;
+    EXPECT_EQ(readRtf(writeRtf(read)), read) << body;
+    return read;
+  };
+  same("a{\\*\\shppict{\\pict\\pngblip 8950}} {\\nonshppict{\\pict\\wmetafile8 77}}b", u"a\uFFFC \uFFFCb"_s);
+  same("a{\\*\\shppict{\\pict\\pngblip 8950}}\r\n{\\nonshppict{\\pict\\wmetafile8 77}}b", u"a\uFFFCb"_s);
+  RichText apart =
+      same("{\\*\\shppict{\\pict\\pngblip 8950}}x{\\nonshppict{\\pict\\wmetafile8 77}}", u"\uFFFCx\uFFFC"_s);
+  apart.remove(1, 1);
+  EXPECT_EQ(readRtf(writeRtf(apart)), apart) << "two pictures that came to stand side by side";
+
+  const RichText object = same("{\\object\\objemb{\\result r}{\\*\\objdata 0102}}", u"\uFFFC"_s);
+  EXPECT_TRUE(writeRtf(object).contains("{\\*\\objdata 0102}"));
+  const RichText numbered = same("b{\\super\\chftn}{\\footnote m}", u"b\uFFFC"_s);
+  EXPECT_TRUE(numbered.charFormatAt(1).object->isNumbered);
+  EXPECT_EQ(
+      same("\\rtlch\\af1\\ab\\ltrch\\loch\\af0\\hich\\af0\\dbch\\af2\\f0 x", u"x"_s).charFormatAt(0).associatedFont,
+      u"Other"_s);
+  EXPECT_EQ(same("a{\\footnote\\deftab100 n}", u"a\uFFFC"_s).defaultTab(), 0);
+  same("{\\field{\\footnote\\fldrslt}\\par}", u"\uFFFC\r\n"_s);
+  EXPECT_TRUE(same("a\\par\\page", u"a\r\n"_s).paragraphFormatAt(3).pageBreakBefore);
+  same("{\\shp{\\*\\shpinst{\\shptxt t}{\\sp{\\sn pib}{\\sv {\\pict\\pngblip 89}}}}}", u"\uFFFC"_s);
+
+  const QByteArray citation =
+      "ADDIN CITATION " + QByteArray("{x} ").repeated(2500).replace("{", "\\{").replace("}", "\\}");
+  EXPECT_GT(same("{\\field{\\*\\fldinst " + citation + "}{\\fldrslt r}}", u"r"_s).charFormatAt(0).field.size(), 9000);
+  RtfLosses losses;
+  readRtf("{\\rtf1{\\field{\\*\\fldinst IF {\\field{\\*\\fldinst PAGE}} = 1}{\\fldrslt r}}\\brdrb\\sect}", &losses);
+  EXPECT_EQ(losses, RtfLoss::NestedFields | RtfLoss::ParagraphBorders | RtfLoss::Sections);
 }
