@@ -4,6 +4,9 @@
 
 namespace {
 
+/// What the paragraphs can name.
+constexpr qsizetype kMaxLists = 2000;
+
 bool isAlike(ListMark a, const ListMark& b) {
   a.start = b.start;
   return a == b;
@@ -38,6 +41,10 @@ int RtfListTable::next(State& state, const ListMark& mark) {
   const auto at = static_cast<size_t>(mark.level);
   const int number = state.numbering.next(mark);
   if (!goesOn(state, mark, number)) {
+    if (lists_.size() == kMaxLists) {
+      state.list = 0;
+      return 0;
+    }
     begin(state, mark);
   }
   Level& level = lists_[state.list - 1][at];

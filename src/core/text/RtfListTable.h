@@ -22,7 +22,7 @@ class RtfListTable {
   void add(const RichText& text);
 
   const QList<List>& lists() const { return lists_; }
-  /// From 1 on; 0 for a paragraph that is in no list.
+  /// From 1 on; 0 for a paragraph that is in no list, or in one more than the table holds.
   int numberOf(const RichText& text, qsizetype paragraph) const;
 
  private:

@@ -109,7 +109,6 @@ QByteArray RtfWriter::write() {
 }
 
 void RtfWriter::collect(const RichText& text) {
-  lists_.add(text);
   for (qsizetype i = 0; i < text.runCount(); ++i) {
     const CharFormat* const format = text.run(i).format;
     if (!styles_.contains(format)) {
@@ -120,16 +119,25 @@ void RtfWriter::collect(const RichText& text) {
     }
   }
   const ParagraphFormat* last = nullptr;
+  bool hasLists = false;
   for (qsizetype i = 0; i < text.paragraphCount(); ++i) {
     const ParagraphFormat* const format = text.paragraph(i).format;
-    if (format != last && format->list.style == ListMark::Style::Bullet && !bulletFont(format->list).isEmpty()) {
-      fontNumber(bulletFont(format->list));
-    }
     if (format != last) {
-      colourNumber(format->background);
+      hasLists = hasLists || format->list.style != ListMark::Style::None;
+      collect(*format);
     }
     last = format;
   }
+  if (hasLists) {
+    lists_.add(text);
+  }
+}
+
+void RtfWriter::collect(const ParagraphFormat& format) {
+  if (format.list.style == ListMark::Style::Bullet && !bulletFont(format.list).isEmpty()) {
+    fontNumber(bulletFont(format.list));
+  }
+  colourNumber(format.background);
 }
 
 void RtfWriter::writePart(const RichText& text, PartKind kind) {

@@ -67,6 +67,7 @@ class RtfWriter {
   };
 
   void collect(const RichText& text);
+  void collect(const ParagraphFormat& format);
   Style styleOf(const CharFormat& format);
   /// What holds where no word has set anything.
   Style plainStyle() const;

@@ -179,8 +179,10 @@ void RtfWriter::putList(const ListMark& mark) {
   }
   out_.put("}}");
   needsBlank_ = false;
-  word("\\ls", part_.list);
-  if (mark.level > 0) {
+  if (part_.list > 0) {
+    word("\\ls", part_.list);
+  }
+  if (part_.list > 0 && mark.level > 0) {
     word("\\ilvl", mark.level);
   }
 }

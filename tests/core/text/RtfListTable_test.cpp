@@ -113,3 +113,12 @@ TEST(RtfListTable, ParagraphsThatGoOnAreOneList) {
     EXPECT_EQ(table.lists().size(), c.lists) << c.what;
   }
 }
+
+TEST(RtfListTable, HoldsNoMoreListsThanCanBeNamed) {
+  RichText text = textOf(QList<ListMark>(2100, item(Style::Decimal, 0, 7)));
+  RtfListTable table;
+  table.add(text);
+  EXPECT_EQ(table.lists().size(), 2000);
+  EXPECT_EQ(table.numberOf(text, 1999), 2000);
+  EXPECT_EQ(table.numberOf(text, 2000), 0);
+}
