@@ -1,10 +1,12 @@
 #include "core/text/Rtf.h"
+#include "gui/toolkit/RichMimeData.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/WaitFor.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QHelpEvent>
 #include <QImage>
 #include <QMimeData>
@@ -274,4 +276,25 @@ TEST_F(RichTextBoxObjects, PicturesFillTheirPlaceWhateverItsSize) {
     EXPECT_EQ(across, side) << pixels;
     EXPECT_EQ(down, side) << pixels;
   }
+}
+
+TEST_F(RichTextBoxObjects, AreDroppedWhereThePointerIs) {
+  const RichMimeData data(box.richText().slice(kNote, 2));
+  const auto drop = [&](QPoint place) {
+    const auto both = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(place, both, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(box.viewport(), &enter);
+    QDropEvent dropped(place, both, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(box.viewport(), &dropped);
+  };
+  QStringList heard;
+  QObject::connect(&box, &RichTextBox::Changed, &box, [&] { heard.append(box.richText().text()); });
+  drop(placeOf(0) - QPoint(2, 0));
+  const QString after = kObject + u"c"_s + kText;
+  EXPECT_EQ(box.Text(), after);
+  EXPECT_EQ(heard.last(), after);
+  EXPECT_EQ(*box.objectAt(0), *box.objectAt(2 + kNote));
+  box.setLocked(true);
+  drop(placeOf(0));
+  EXPECT_EQ(box.Text(), after);
 }
