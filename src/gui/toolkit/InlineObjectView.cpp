@@ -139,7 +139,7 @@ void InlineObjectView::drawObject(QPainter* painter, const QRectF& rect, QTextDo
   if (!object) {
     return;
   }
-  if (!pictureOf(*object)) {
+  if (!sizes_.contains(object.get())) {
     drawMark(*painter, rect, *object, format);
     return;
   }
@@ -152,16 +152,14 @@ void InlineObjectView::drawObject(QPainter* painter, const QRectF& rect, QTextDo
 }
 
 QImage InlineObjectView::image(const Object& object, QSize pixels) {
-  if (const Shown* const known = images_.object(object.get()); known != nullptr && known->image.size() == pixels) {
+  const Shown* const known = images_.object(object.get());
+  if (known != nullptr && (known->image.isNull() || known->image.size() == pixels)) {
     return known->image;
   }
   const auto picture = pictureOf(*object);
   QImage image = picture ? pictureImage(*picture) : QImage();
   ++decoded_;
-  if (image.isNull()) {
-    return image;
-  }
-  image = scaledTo(image, pixels);
+  image = image.isNull() ? image : scaledTo(image, pixels);
   images_.insert(object.get(), new Shown{object, image},
                  static_cast<int>(qMin<qint64>(image.sizeInBytes() >> 10, kCached)) + 1);
   return image;

@@ -73,7 +73,8 @@ void drawLabel(QPainter& painter, const QTextEdit& control, const QTextBlock& bl
 
 void drawListLabels(QPainter& painter, const QTextEdit& control) {
   const int bottom = control.viewport()->height();
-  QTextBlock block = control.cursorForPosition({0, 0}).block();
+  const QTextBlock first = control.cursorForPosition({0, 0}).block();
+  QTextBlock block = first;
   while (isItem(block) && isItem(block.previous())) {
     block = block.previous();  // numbers count from the first item of the list on
   }
@@ -82,6 +83,9 @@ void drawListLabels(QPainter& painter, const QTextEdit& control) {
   for (; block.isValid(); block = block.next()) {
     const ParagraphFormat format = formatOf(block);
     numbering.next(format.list);
+    if (block.position() < first.position()) {
+      continue;
+    }
     const QRect line = control.cursorRect(QTextCursor(block));
     if (line.top() > bottom) {
       return;

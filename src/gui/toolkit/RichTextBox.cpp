@@ -29,15 +29,16 @@ QString documentText(const QString& text) {
 }
 
 /// First lines that hang out over the margin would be cut off.
-void makeRoom(QTextDocument& document, const RichText& text) {
+void growMargins(QTextDocument& document, const RichText& text) {
   const RichTextDocument::Overhang overhang = RichTextDocument::overhang(text);
-  if (overhang.left <= 0 && overhang.right <= 0) {
-    return;
-  }
   QTextFrameFormat frame = document.rootFrame()->frameFormat();
-  frame.setLeftMargin(document.documentMargin() + overhang.left);
-  frame.setRightMargin(document.documentMargin() + overhang.right);
-  document.rootFrame()->setFrameFormat(frame);
+  const double left = document.documentMargin() + overhang.left;
+  const double right = document.documentMargin() + overhang.right;
+  if (left > frame.leftMargin() || right > frame.rightMargin()) {
+    frame.setLeftMargin(qMax(left, frame.leftMargin()));
+    frame.setRightMargin(qMax(right, frame.rightMargin()));
+    document.rootFrame()->setFrameFormat(frame);
+  }
 }
 
 /// Words take on colours as marks.
@@ -73,8 +74,8 @@ void RichTextBox::load(const RichText& text) {
   // Without a size nothing is laid out before the control gives it its own.
   fresh->setPageSize({0, 0});
   objects_->watch(*fresh);
-  RichTextDocument::fill(*fresh, text);
-  makeRoom(*fresh, text);
+  RichTextDocument::fill(*fresh, text, palette());
+  growMargins(*fresh, text);
   quietly([&] {
     QTextDocument* const old = document();
     const bool isOurs = old->parent() == this;
@@ -87,6 +88,7 @@ void RichTextBox::load(const RichText& text) {
   original_ = text;
   edited_ = false;
   hasLists_ = RichTextDocument::hasLists(text);
+  hasOwnLooks_ = RichTextDocument::hasOwnLooks(text);
   loaded_ = text;
   plain_.reset();
 }
@@ -234,7 +236,7 @@ void RichTextBox::setSelText(const QString& text) {
     CharFormat format = RichTextDocument::fromQt(selectedFormat());
     format.object.reset();
     plain_.reset();
-    cursor.insertText(documentText(text), RichTextDocument::toQt(format));
+    cursor.insertText(documentText(text), RichTextDocument::toQt(format, palette()));
     setTextCursor(cursor);
     plain_.reset();
   });
@@ -251,11 +253,13 @@ void RichTextBox::setSelRichText(const RichText& text) {
   }
   quietly([&] {
     QTextCursor cursor = textCursor();
-    RichTextDocument::insert(cursor, text);
+    RichTextDocument::insert(cursor, text, palette());
+    growMargins(*document(), text);
     setTextCursor(cursor);
     plain_.reset();
   });
   hasLists_ = hasLists_ || RichTextDocument::hasLists(text);
+  hasOwnLooks_ = hasOwnLooks_ || RichTextDocument::hasOwnLooks(text);
   changed();
 }
 
@@ -273,7 +277,7 @@ void RichTextBox::replaceObject(qsizetype position, std::shared_ptr<const Inline
     QTextCursor cursor = cursorOver(position, 1);
     CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
     format.object = std::move(object);
-    cursor.insertText(QString(QChar(QChar::ObjectReplacementCharacter)), RichTextDocument::toQt(format));
+    cursor.insertText(QString(QChar(QChar::ObjectReplacementCharacter)), RichTextDocument::toQt(format, palette()));
   });
   changed();
 }

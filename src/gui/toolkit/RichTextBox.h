@@ -125,6 +125,7 @@ class RichTextBox : public QTextEdit {
  protected:
   bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -147,6 +148,8 @@ class RichTextBox : public QTextEdit {
   void beginParagraph();
   void leaveFieldAtCaret();
   void directByLetters(const QString& typed);
+  void directPasted(int from);
+  void refreshLooks(int from, int to);
   int characterAt(QPoint inViewport) const;
   CharFormat formatOfCharacter(int documentPosition) const;
   static QString describe(const CharFormat& format);
@@ -171,6 +174,8 @@ class RichTextBox : public QTextEdit {
   RichText original_;
   bool edited_ = false;
   bool hasLists_ = false;
+  /// Some text has a look that depends on the palette.
+  bool hasOwnLooks_ = false;
   InlineObjectView* objects_;
   std::optional<quint32> backColour_;
   int quiet_ = 0;

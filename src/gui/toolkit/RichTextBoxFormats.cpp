@@ -47,6 +47,7 @@ void RichTextBox::mergeSelected(const QTextCharFormat& change) {
     }
     cursor.endEditBlock();
     setTextCursor(cursor);
+    refreshLooks(cursor.selectionStart(), cursor.selectionEnd());
   });
 }
 
@@ -178,14 +179,10 @@ RichText RichTextBox::namedRichText() const {
 }
 
 CharFormat RichTextBox::formatAt(qsizetype position) const {
-  QTextCursor cursor(document());
-  const int at = toDocument(position);
-  cursor.setPosition(std::min(at + 1, document()->characterCount() - 1));
-  CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
-  if (document()->characterAt(at) != QChar::ObjectReplacementCharacter) {
-    format.object.reset();
+  if (document()->isEmpty()) {
+    return RichTextDocument::fromQt(QTextCursor(document()).charFormat());
   }
-  return format;
+  return formatOfCharacter(std::min(toDocument(position), document()->characterCount() - 2));
 }
 
 void RichTextBox::colourRanges(const std::vector<ColouredRange>& ranges) {
@@ -200,6 +197,12 @@ void RichTextBox::colourRanges(const std::vector<ColouredRange>& ranges) {
       cursorOver(range.start, range.length).mergeCharFormat(foregroundOf(range.colour));
     }
     batch.endEditBlock();
+    for (const ColouredRange& range : ranges) {
+      if (hasOwnLooks_ && !range.colour) {  // an unmarked link is a link again
+        const QTextCursor unmarked = cursorOver(range.start, range.length);
+        refreshLooks(unmarked.selectionStart(), unmarked.selectionEnd());
+      }
+    }
   });
   verticalScrollBar()->setValue(scrolled);
 }

@@ -74,23 +74,29 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const bool wasEmpty = textCursor().block().length() == 1;
-  if (!event->text().isEmpty() && event->text()[0].isPrint()) {
+  const bool isLetter = !event->text().isEmpty() && event->text()[0].isPrint();
+  if (isLetter || event->matches(QKeySequence::InsertLineSeparator)) {
     leaveFieldAtCaret();
   }
   QTextEdit::keyPressEvent(event);
-  if (wasEmpty) {
+  if (wasEmpty && textCursor().block().length() > 1) {
     directByLetters(event->text());
   }
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
   const bool wasEmpty = textCursor().block().length() == 1;
-  if (!event->commitString().isEmpty()) {
+  QString committed = event->commitString();
+  if (committed.contains(QChar::ObjectReplacementCharacter)) {  // stands for an object, and none comes along
+    committed.remove(QChar::ObjectReplacementCharacter);
+    event->setCommitString(committed, event->replacementStart(), event->replacementLength());
+  }
+  if (!committed.isEmpty()) {
     leaveFieldAtCaret();
   }
   QTextEdit::inputMethodEvent(event);
-  if (wasEmpty) {
-    directByLetters(event->commitString());
+  if (wasEmpty && textCursor().block().length() > 1) {
+    directByLetters(committed);
   }
 }
 
@@ -109,6 +115,7 @@ bool RichTextBox::endListAtCaret(const QKeyEvent& key) {
 /// Formatted like the one in front, an empty one too, where the control's own Return would take the formats away
 /// instead. What belongs to one paragraph alone stays with the one in front.
 void RichTextBox::beginParagraph() {
+  leaveFieldAtCaret();
   QTextCursor cursor = textCursor();
   cursor.insertBlock();
   setTextCursor(cursor);
@@ -122,7 +129,7 @@ void RichTextBox::beginParagraph() {
   ensureCursorVisible();
 }
 
-/// What is typed behind a link is no part of it.
+/// What is typed behind a link is no part of it, nor what is typed in front of it where a paragraph begins with it.
 void RichTextBox::leaveFieldAtCaret() {
   QTextCursor cursor = textCursor();
   CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
@@ -130,11 +137,12 @@ void RichTextBox::leaveFieldAtCaret() {
     return;
   }
   cursor.movePosition(QTextCursor::NextCharacter);
-  const bool goesOn = !textCursor().atBlockEnd() && RichTextDocument::fromQt(cursor.charFormat()).field == format.field;
+  const bool isInside = !textCursor().atBlockStart() && !textCursor().atBlockEnd();
+  const bool goesOn = isInside && RichTextDocument::fromQt(cursor.charFormat()).field == format.field;
   if (!goesOn) {
     format.field.clear();
     format.object.reset();
-    setCurrentCharFormat(RichTextDocument::toQt(format));
+    setCurrentCharFormat(RichTextDocument::toQt(format, palette()));
   }
 }
 
@@ -154,6 +162,35 @@ void RichTextBox::directByLetters(const QString& typed) {
   });
 }
 
+/// The paragraphs that came in run as their letters do, and so does the one that they came into if it was empty.
+void RichTextBox::directPasted(int from) {
+  const QTextCursor end = textCursor();
+  const QTextBlock last = end.block();
+  QTextBlock block = document()->findBlock(from);
+  block = block.position() == from ? block : block.next();
+  for (; block.isValid() && block.position() <= last.position(); block = block.next()) {
+    const bool isWhole = block != last || end.atBlockEnd();
+    if (isWhole && block.length() > 1) {
+      setTextCursor(QTextCursor(block));
+      directByLetters(block.text());
+    }
+  }
+  setTextCursor(end);
+}
+
+void RichTextBox::refreshLooks(int from, int to) {
+  if (hasOwnLooks_) {
+    quietly([&] { RichTextDocument::refreshLooks(*document(), from, to, palette()); });
+  }
+}
+
+void RichTextBox::changeEvent(QEvent* event) {
+  QTextEdit::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) {
+    refreshLooks(0, document()->characterCount());
+  }
+}
+
 QMimeData* RichTextBox::createMimeDataFromSelection() const {
   return new RichMimeData(SelRichText());
 }
@@ -171,7 +208,9 @@ void RichTextBox::insertFromMimeData(const QMimeData* source) {
     setSelRichText(RichMimeData::textIn(*source));
   } else {
     leaveFieldAtCaret();
+    const int from = textCursor().selectionStart();
     setSelText(source->text());
+    directPasted(from);
   }
   ensureCursorVisible();
 }
@@ -188,8 +227,8 @@ CharFormat RichTextBox::formatOfCharacter(int documentPosition) const {
   QTextCursor cursor(document());
   cursor.setPosition(documentPosition + 1);
   CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
-  if (document()->characterAt(documentPosition) != QChar::ObjectReplacementCharacter) {
-    format.object.reset();
+  if (cursor.charFormat().objectType() != RichTextDocument::objectType) {
+    format.object.reset();  // text typed behind an object inherits its format, but is none
   }
   return format;
 }

@@ -3,7 +3,6 @@
 #include "gui/toolkit/Colours.h"
 
 #include <QBrush>
-#include <QGuiApplication>
 #include <QHash>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -20,9 +19,9 @@ constexpr double kFactorOfSingle = 240;
 constexpr int kBoldFrom = QFont::DemiBold;
 constexpr double kRoomForMark = 16;
 
-/// What a control has no exact form for travels in the formats beside it. The number of an object tells the formats of
-/// many apart without a look into them; it is an int, the only whole number that goes into the hash of a format.
-enum Property { ParagraphProperty = QTextFormat::UserProperty + 1, CharProperty, ObjectNumberProperty };
+/// What a control has no exact form for travels in the formats beside it. Its hash tells many formats apart without a
+/// look into them; it is an int, the only whole number that goes into the hash that Qt makes.
+enum Property { ParagraphProperty = QTextFormat::UserProperty + 1, CharProperty, HashProperty };
 /// And in the document itself, in twips.
 constexpr auto kDefaultTab = "defaultTab";
 
@@ -90,11 +89,23 @@ bool isLink(const CharFormat& format) {
   return !format.field.isEmpty() && !linkAddress(format.field).isEmpty();
 }
 
+/// As faint as it may be to be read with ease.
+QColor dimmed(const QPalette& palette) {
+  const QColor text = palette.color(QPalette::Text);
+  const QColor ground = palette.color(QPalette::Base);
+  QColor faint = text;
+  for (int share = 95;
+       share >= 50 && Colours::contrast(Colours::mixed(text, ground, share), ground) >= Colours::kEnoughContrast;
+       share -= 5) {
+    faint = Colours::mixed(text, ground, share);
+  }
+  return faint;
+}
+
 /// The look of what its format leaves open, which must be readable on any palette.
-void showOwnLook(QTextCharFormat& shown, const CharFormat& format) {
-  const QPalette palette = QGuiApplication::palette();
+void showOwnLook(QTextCharFormat& shown, const CharFormat& format, const QPalette& palette) {
   if (format.hidden) {
-    shown.setForeground(palette.color(QPalette::PlaceholderText));
+    shown.setForeground(dimmed(palette));
     shown.setUnderlineStyle(QTextCharFormat::DotLine);
   } else if (isLink(format)) {
     shown.setForeground(Colours::readable(Colours::fromQt(palette.color(QPalette::Link)), palette));
@@ -137,7 +148,8 @@ void setLineSpacing(QTextBlockFormat& block, const ParagraphFormat& format) {
 /// Puts a text into a document piece by piece, at the cursor; the paragraph that the cursor is in stays as it is.
 class Filler {
  public:
-  Filler(QTextCursor& cursor, const RichText& text) : cursor_(cursor), text_(text) {}
+  Filler(QTextCursor& cursor, const RichText& text, const QPalette& palette)
+      : cursor_(cursor), text_(text), palette_(palette) {}
 
   void fill() { text_.visit(*this); }
 
@@ -164,7 +176,7 @@ class Filler {
   const QTextCharFormat& charFormat(const CharFormat& format) {
     auto known = charFormats_.find(&format);
     if (known == charFormats_.end()) {
-      known = charFormats_.insert(&format, RichTextDocument::toQt(format));
+      known = charFormats_.insert(&format, RichTextDocument::toQt(format, palette_));
     }
     return *known;
   }
@@ -178,6 +190,7 @@ class Filler {
 
   QTextCursor& cursor_;
   const RichText& text_;
+  const QPalette& palette_;
   qsizetype paragraph_ = 0;
   QHash<const CharFormat*, QTextCharFormat> charFormats_;
   QHash<const ParagraphFormat*, QTextBlockFormat> blockFormats_;
@@ -219,7 +232,7 @@ Q_DECLARE_METATYPE(CharFormat)
 
 namespace RichTextDocument {
 
-QTextCharFormat toQt(const CharFormat& format) {
+QTextCharFormat toQt(const CharFormat& format, const QPalette& palette) {
   QTextCharFormat result;
   if (!format.fontName.isEmpty()) {
     result.setFontFamilies({format.fontName});
@@ -248,10 +261,10 @@ QTextCharFormat toQt(const CharFormat& format) {
     return result;
   }
   result.setProperty(CharProperty, QVariant::fromValue(format));
-  showOwnLook(result, format);
+  result.setProperty(HashProperty, static_cast<int>(qHash(format)));
+  showOwnLook(result, format, palette);
   if (format.object) {
     result.setObjectType(objectType);
-    result.setProperty(ObjectNumberProperty, static_cast<int>(qHash(format.object.get())));
   }
   return result;
 }
@@ -317,10 +330,10 @@ ParagraphFormat fromQt(const QTextBlockFormat& format) {
   return format.property(ParagraphProperty).value<ParagraphFormat>();
 }
 
-void fill(QTextDocument& document, const RichText& text) {
+void fill(QTextDocument& document, const RichText& text, const QPalette& palette) {
   QTextCursor cursor(&document);
   cursor.beginEditBlock();
-  Filler filler(cursor, text);
+  Filler filler(cursor, text, palette);
   filler.formatParagraph(text.paragraph(0));
   filler.fill();
   cursor.endEditBlock();
@@ -368,7 +381,7 @@ RichText read(const QTextDocument& document) {
   }
 }
 
-void insert(QTextCursor& cursor, const RichText& text) {
+void insert(QTextCursor& cursor, const RichText& text, const QPalette& palette) {
   QTextDocument& document = *cursor.document();
   const QTextBlock first = document.findBlock(cursor.selectionStart());
   const QTextBlock last = document.findBlock(cursor.selectionEnd());
@@ -386,7 +399,7 @@ void insert(QTextCursor& cursor, const RichText& text) {
   cursor.beginEditBlock();
   cursor.removeSelectedText();
   const int start = cursor.position();
-  Filler filler(cursor, text);
+  Filler filler(cursor, text, palette);
   filler.fill();
   const int end = cursor.position();
   if (takesEnd) {
@@ -405,6 +418,47 @@ void insert(QTextCursor& cursor, const RichText& text) {
     cursor.setPosition(end);
   }
   cursor.endEditBlock();
+}
+
+void refreshLooks(QTextDocument& document, int from, int to, const QPalette& palette) {
+  struct Stretch {
+    int from;
+    int to;
+    QTextCharFormat look;
+  };
+  std::vector<Stretch> stretches;
+  for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < to; block = block.next()) {
+    for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+      const QTextFragment fragment = piece.fragment();
+      const int start = qMax(from, fragment.position());
+      const int end = qMin(to, fragment.position() + fragment.length());
+      const CharFormat format = fromQt(fragment.charFormat());
+      if (start < end && hasOwnColour(format)) {
+        QTextCharFormat look;
+        look.setForeground(brushOf(format.colour));
+        look.setUnderlineStyle(shownAs(format.underline));
+        showOwnLook(look, format, palette);
+        stretches.push_back({start, end, look});
+      }
+    }
+  }
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  for (const Stretch& stretch : stretches) {
+    cursor.setPosition(stretch.from);
+    cursor.setPosition(stretch.to, QTextCursor::KeepAnchor);
+    cursor.mergeCharFormat(stretch.look);
+  }
+  cursor.endEditBlock();
+}
+
+bool hasOwnLooks(const RichText& text) {
+  for (qsizetype i = 0; i < text.runCount(); ++i) {
+    if (hasOwnColour(*text.run(i).format)) {
+      return true;
+    }
+  }
+  return false;
 }
 
 Overhang overhang(const RichText& text) {

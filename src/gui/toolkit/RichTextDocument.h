@@ -2,6 +2,8 @@
 
 #include "core/text/RichText.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <QTextCharFormat>
 #include <QTextFormat>
 
@@ -15,18 +17,22 @@ namespace RichTextDocument {
 
 inline constexpr int objectType = QTextFormat::UserObject;
 
-/// What the format does not state is left to the document's default font and to the palette.
-QTextCharFormat toQt(const CharFormat& format);
+/// What the format does not state is left to the document's default font and to the palette, on which the looks that
+/// are not the format's own can be read.
+QTextCharFormat toQt(const CharFormat& format, const QPalette& palette = QGuiApplication::palette());
 /// With the object, if the format is that of one.
 CharFormat fromQt(const QTextCharFormat& format);
 QTextBlockFormat toQt(const ParagraphFormat& format);
 ParagraphFormat fromQt(const QTextBlockFormat& format);
 
 /// Fills an empty document; fast while no control shows it.
-void fill(QTextDocument& document, const RichText& text);
+void fill(QTextDocument& document, const RichText& text, const QPalette& palette = QGuiApplication::palette());
 RichText read(const QTextDocument& document);
 /// Puts the text in place of the selection, as RichText::replace does; the cursor goes behind it.
-void insert(QTextCursor& cursor, const RichText& text);
+void insert(QTextCursor& cursor, const RichText& text, const QPalette& palette = QGuiApplication::palette());
+/// Gives links, hidden text and the like from one place to another their own look again, on this palette.
+void refreshLooks(QTextDocument& document, int from, int to, const QPalette& palette);
+bool hasOwnLooks(const RichText& text);
 
 /// How far the first lines of paragraphs hang out over the margins, in pixels.
 struct Overhang {

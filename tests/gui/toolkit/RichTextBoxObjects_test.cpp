@@ -1,4 +1,5 @@
 #include "core/text/Rtf.h"
+#include "gui/toolkit/Colours.h"
 #include "gui/toolkit/RichMimeData.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/WaitFor.h"
@@ -130,6 +131,66 @@ TEST_F(RichTextBoxObjects, ALinkEndsWithItsLastLetter) {
   box.paste();
   EXPECT_EQ(fieldAt(kBehindLink + 1), QString());
   EXPECT_EQ(box.PlainText(), u"abcdeflixnkpastedyz gh"_s);
+}
+
+TEST_F(RichTextBoxObjects, ALinkLeavesNothingOnThePartsOfTheTextAroundIt) {
+  box.setTextRTF("{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"http://a\"}{\\fldrslt link}}\\par}");
+  QTest::keyClick(&box, Qt::Key_End);
+  QTest::keyClick(&box, Qt::Key_Return);
+  type(box, u"x"_s);
+  box.setSelStart(0);
+  type(box, u"y"_s);
+  const RichText text = box.richText();
+  EXPECT_EQ(text.text(), u"ylink\r\nx"_s);
+  for (const auto& [position, isLink] :
+       {std::pair{0, false}, {1, true}, {4, true}, {5, false}, {7, false}, {8, false}}) {
+    EXPECT_EQ(text.charFormatAt(position).field.isEmpty(), !isLink) << position;
+  }
+}
+
+TEST_F(RichTextBoxObjects, OwnLooksCanBeReadOnAnyGroundAndComeBackBehindMarks) {
+  box.setTextRTF("{\\rtf1{\\v hid}{\\field{\\*\\fldinst HYPERLINK \"http://a\"}{\\fldrslt link}}\\par}");
+  const auto shownAt = [this](int position) {
+    QTextCursor cursor(box.document());
+    cursor.setPosition(position + 1);
+    return cursor.charFormat();
+  };
+  const auto colourAt = [&](int position) { return shownAt(position).foreground().color(); };
+  for (const QColor& ground : {QColor(Qt::white), QColor(Qt::black), QColor(0x80, 0x80, 0x60)}) {
+    QPalette palette = box.palette();
+    palette.setColor(QPalette::Base, ground);
+    palette.setColor(QPalette::Text, Colours::textOn(ground));
+    box.setPalette(palette);
+    EXPECT_GE(Colours::contrast(colourAt(0), ground), 4.4) << qPrintable(ground.name());
+    EXPECT_GE(Colours::contrast(colourAt(3), ground), 4.4) << qPrintable(ground.name());
+  }
+  const QColor link = colourAt(3);
+  box.colourRanges({{3, 4, 192}});
+  EXPECT_NE(colourAt(3), link);
+  box.colourRanges({{3, 4, std::nullopt}});
+  EXPECT_EQ(colourAt(3), link);
+  box.select(3, 4);
+  box.setSelUnderline(false);
+  EXPECT_EQ(shownAt(3).underlineStyle(), QTextCharFormat::SingleUnderline) << "what is shown is the link's own";
+  EXPECT_FALSE(box.isEdited());
+}
+
+TEST_F(RichTextBoxObjects, WhatIsPastedStandsAsIfItHadBeenTyped) {
+  RichTextBox fresh;
+  QApplication::clipboard()->setText(u"שלום\nplain\nعربي"_s);
+  fresh.paste();
+  const RichText text = fresh.richText();
+  ASSERT_EQ(text.paragraphCount(), 3);
+  for (qsizetype i = 0; i < 3; ++i) {
+    EXPECT_EQ(text.paragraph(i).format->rightToLeft, i != 1) << i;
+  }
+  EXPECT_EQ(fresh.SelStart(), text.size());
+  fresh.resize(300, 200);
+  fresh.setRichText({});
+  fresh.show();
+  fresh.setSelRichText(RichText::fromPlain(u"hangs out"_s, {}, {.leftIndent = 0, .firstIndent = -900}));
+  fresh.setSelStart(0);
+  EXPECT_GE(fresh.cursorRect().left(), 0);
 }
 
 TEST_F(RichTextBoxObjects, ParagraphsRunAsTheirFirstLettersDo) {
