@@ -1,12 +1,15 @@
 #include "gui/editor/DescriptionTab.h"
 
 #include "core/model/clsScene.h"
+#include "gui/editor/KeysPressed.h"
+#include "gui/editor/SceneOverview.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/MemoEdit.h"
 
 #include <QFormLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -14,17 +17,25 @@ DescriptionTab::DescriptionTab(QWidget* parent)
     : EditorTab(u"Description"_s, u"Edit the scene title and description"_s, parent),
       txtTitle(makeLineEdit(u"txtTitle"_s, u"Scene title"_s, this)),
       txtDesc(new MemoEdit(this)) {
-  txtTitle->installEventFilter(this);
+  txtTitle->setMaxLength(std::numeric_limits<int>::max());
   giveName(*txtDesc, u"txtDesc"_s, u"Scene description"_s);
   auto* layout = new QFormLayout(this);
   layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   layout->addRow(makeLabelOf(u"Title:"_s, *txtTitle), txtTitle);
   layout->addRow(makeLabelOf(u"Description:"_s, *txtDesc), txtDesc);
+  connect(new KeysPressed(*txtTitle), &KeysPressed::pressed, this, &DescriptionTab::changed);
   connect(txtTitle, &QLineEdit::textEdited, this, &DescriptionTab::changed);
+  connect(txtTitle, &QLineEdit::textChanged, this, &DescriptionTab::titleChanged);
+  connect(txtTitle, &QLineEdit::textChanged, this, &DescriptionTab::shownChanged);
   connect(txtDesc, &MemoEdit::textChanged, this, &DescriptionTab::changed);
+  connect(txtDesc, &MemoEdit::textChanged, this, &DescriptionTab::shownChanged);
 }
 
-void DescriptionTab::DataToForm(const clsScene& scene) {
+QString DescriptionTab::Title() const {
+  return txtTitle->text();
+}
+
+void DescriptionTab::DataToForm(clsScene& scene) {
   txtTitle->setText(scene.Title);
   txtTitle->setCursorPosition(0);
   txtDesc->setText(scene.DescText);
@@ -35,13 +46,7 @@ void DescriptionTab::FormToData(clsScene& scene) const {
   scene.DescText = txtDesc->Text();
 }
 
-bool DescriptionTab::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == txtTitle && event->type() == QEvent::KeyPress) {
-    // Any key counts, arrows too; those that move on to the next control are not meant for the title.
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Tab && key != Qt::Key_Backtab) {
-      Q_EMIT changed();
-    }
-  }
-  return EditorTab::eventFilter(watched, event);
+void DescriptionTab::describe(SceneOverview& shown) const {
+  shown.Title = txtTitle->text();
+  shown.DescText = txtDesc->Text();
 }

@@ -12,11 +12,14 @@ class DescriptionTab : public EditorTab {
  public:
   explicit DescriptionTab(QWidget* parent = nullptr);
 
-  void DataToForm(const clsScene& scene) override;
-  void FormToData(clsScene& scene) const override;
+  QString Title() const;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void DataToForm(clsScene& scene) override;
+  void FormToData(clsScene& scene) const override;
+  void describe(SceneOverview& shown) const override;
+
+ Q_SIGNALS:
+  void titleChanged(const QString& title);
 
  private:
   QLineEdit* txtTitle;

@@ -1,18 +1,16 @@
 #include "gui/editor/FontBar.h"
 
 #include "core/infra/Numbers.h"
+#include "gui/editor/EditorCombo.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
 #include "gui/toolkit/RichTextBox.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QToolButton>
-#include <QWheelEvent>
 
 #include <utility>
 
@@ -25,15 +23,6 @@ constexpr auto kModule = "frmEditor";
 /// A typed size is taken from the lower limit on and below the upper one.
 constexpr double kSmallestSize = 5;
 constexpr double kTooLarge = 32;
-
-/// Stays as it is under the mouse wheel: scrolling past it must not format the text.
-class BarCombo : public QComboBox {
- public:
-  using QComboBox::QComboBox;
-
- protected:
-  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
 
 }  // namespace
 
@@ -59,14 +48,11 @@ FontBar::FontBar(RichTextBox& text, QWidget* parent)
 }
 
 QComboBox* FontBar::makeCombo(const char* name, const QString& tip) {
-  auto* combo = new BarCombo(this);
-  giveName(*combo, QString::fromLatin1(name), tip);
+  auto* combo = new EditorCombo(QString::fromLatin1(name), tip, this);
   combo->setToolTip(tip);
   combo->setEditable(true);
   combo->lineEdit()->setAccessibleName(tip);
-  combo->view()->setAccessibleName(tip);
   combo->setInsertPolicy(QComboBox::NoInsert);
-  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   return combo;
 }
 

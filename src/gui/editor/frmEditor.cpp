@@ -4,9 +4,10 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
-#include "gui/editor/EditorTab.h"
-#include "gui/editor/EditorTabs.h"
+#include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/FontBar.h"
+#include "gui/editor/SceneNavigator.h"
+#include "gui/editor/ViewpointBox.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
@@ -18,20 +19,24 @@
 #include "gui/views/TextKeys.h"
 #include "gui/views/TextObjects.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QGridLayout>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
-#include <QTabWidget>
+#include <QTabBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 // The window itself: its parts, its place on the screen, its life. What passes between it and the scene is in
-// frmEditorBinding.cpp.
+// frmEditorBinding.cpp, the way to other scenes in frmEditorMoves.cpp.
 
 namespace {
 
@@ -52,6 +57,8 @@ frmEditor::frmEditor() {
   createActions();
   buildLayout();
   connectSignals();
+  connectMoves();
+  connectCharacters();
   readSettings();
   TimerLoadFonts.start();
 }
@@ -97,10 +104,9 @@ void frmEditor::buildLayout() {
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
   auto* upper = new QWidget(this);
-  fontBar_ = new FontBar(*txtMain, upper);
   auto* upperLayout = new QVBoxLayout(upper);
   upperLayout->setContentsMargins(0, 0, 0, 0);
-  upperLayout->addWidget(fontBar_);
+  upperLayout->addWidget(buildBars());
   upperLayout->addWidget(txtMain, 1);
 
   auto* split = new QSplitter(Qt::Vertical, this);
@@ -118,31 +124,43 @@ void frmEditor::buildLayout() {
   txtMain->setFocus();
 }
 
-QWidget* frmEditor::buildLowerPart() {
-  auto* lower = new QWidget(this);
-  TabStrip1 = new QTabWidget(lower);
-  giveName(*TabStrip1, u"TabStrip1"_s, u"Planning data of the scene"_s);
-  tabs_ = addEditorTabs(*TabStrip1);
+QWidget* frmEditor::buildBars() {
+  auto* bars = new QWidget(this);
+  navigator_ = new SceneNavigator(bars);
+  fontBar_ = new FontBar(*txtMain, bars);
+  cmdHide = makeBarButton(u"cmdHide"_s, {}, {}, bars);
+  auto* layout = new QGridLayout(bars);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(navigator_, 0, 0, 1, 2);
+  layout->addWidget(fontBar_, 1, 0);
+  layout->addWidget(cmdHide, 1, 1);
+  return bars;
+}
 
-  auto* buttons = new QVBoxLayout;
+QWidget* frmEditor::buildLowerPart() {
+  lower_ = new QWidget(this);
+  TabStrip1 = new EditorTabStrip(lower_);
+  viewpoint_ = new ViewpointBox(lower_);
   cmdSave = makeButton(u"cmdSave"_s, u"Save"_s);
   cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && Exit"_s);
-  buttons->addWidget(cmdSave);
-  buttons->addWidget(cmdSaveAndExit);
-  buttons->addStretch();
-  auto* layout = new QHBoxLayout(lower);
+  auto* side = new QVBoxLayout;
+  side->addWidget(viewpoint_);
+  side->addStretch();
+  side->addWidget(cmdSave);
+  side->addWidget(cmdSaveAndExit);
+  auto* layout = new QHBoxLayout(lower_);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(TabStrip1, 1);
-  layout->addLayout(buttons);
-  return lower;
+  layout->addLayout(side);
+  return lower_;
 }
 
 void frmEditor::connectSignals() {
   connect(txtMain, &RichTextBox::Changed, this, guarded("txtMain_Change", kModule, this, &frmEditor::textChanged));
-  for (const EditorTab* const tab : tabs_) {
-    connect(tab, &EditorTab::changed, this, &frmEditor::markDirty);
-  }
+  connect(TabStrip1, &EditorTabStrip::changed, this, &frmEditor::markDirty);
+  connect(TabStrip1, &EditorTabStrip::titleChanged, navigator_, &SceneNavigator::showTitle);
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
+  connect(cmdHide, &QToolButton::clicked, this, guarded("cmdHide_Click", kModule, this, &frmEditor::cmdHide_Click));
   connect(cmdSave, &QPushButton::clicked, this, [this] {
     const Guard guard("cmdSave_Click", kModule);
     guard([this] { storeWindowSettings(); });
@@ -168,6 +186,35 @@ void frmEditor::readSettings() {
   const qint32 tab = Numbers::ToInt(Settings().sGet(u"EditorDefaultTab"_s, 0));
   CurrentTab = static_cast<qint16>(tab >= 0 && tab < TabStrip1->count() ? tab : 0);
   TabStrip1->setCurrentIndex(CurrentTab);
+  ControlsHidden = Numbers::ToBool(Settings().sGet(u"EditorMaxed"_s, false));
+  RedrawForm();
+}
+
+void frmEditor::RedrawForm() {
+  lower_->setVisible(!ControlsHidden);
+  cmdHide->setArrowType(ControlsHidden ? Qt::UpArrow : Qt::DownArrow);
+  const QString what = ControlsHidden ? u"Show the planning data below the text"_s : u"Let the text fill the window"_s;
+  cmdHide->setToolTip(what);
+  cmdHide->setAccessibleName(what);
+}
+
+void frmEditor::cmdHide_Click() {
+  ControlsHidden = !ControlsHidden;
+  Settings().sSet(u"EditorMaxed"_s, ControlsHidden);
+  RedrawForm();
+  txtMain->setFocus();
+}
+
+// Tab writes a tab into the text, so this is the way out of it.
+void frmEditor::keyPressEvent(QKeyEvent* event) {
+  const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+  if (!isTab || !event->modifiers().testFlag(Qt::ControlModifier) || !txtMain->hasFocus()) {
+    QMainWindow::keyPressEvent(event);
+  } else if (event->key() == Qt::Key_Backtab || ControlsHidden) {
+    focusNextPrevChild(event->key() == Qt::Key_Tab);
+  } else {
+    TabStrip1->tabBar()->setFocus(Qt::TabFocusReason);
+  }
 }
 
 void frmEditor::applyEditorFont() {
@@ -187,14 +234,30 @@ void frmEditor::storeWindowSettings() {
 }
 
 void frmEditor::DisableOrEnable(bool enabled) {
-  for (QPushButton* const button : findChildren<QPushButton*>()) {
-    button->setEnabled(enabled);
+  if (!enabled) {
+    focusBefore_ = focusWidget();
+  }
+  // The lists of chapters and scenes lead to other windows as the buttons beside them do.
+  navigator_->setEnabled(enabled);
+  for (QAbstractButton* const button : findChildren<QAbstractButton*>()) {
+    if (button->objectName().startsWith(u"cmd"_s)) {
+      button->setEnabled(enabled);
+    }
+  }
+  if (enabled && focusBefore_) {
+    focusBefore_->setFocus();
+    focusBefore_ = nullptr;
   }
 }
 
 void frmEditor::setCaption(const QString& title) {
   // Without a title the window would bear the name of the program's file.
-  setWindowTitle(literalTitle(title.trimmed().isEmpty() ? u"Untitled scene"_s : title));
+  setWindowTitle(literalTitle(title.trimmed().isEmpty() ? u"Untitled scene"_s : title) + u"[*]"_s);
+}
+
+void frmEditor::setDirty(bool dirty) {
+  Dirty = dirty;
+  setWindowModified(dirty);
 }
 
 void frmEditor::Show() {
@@ -227,6 +290,7 @@ void frmEditor::Unload() {
   leaving_ = true;
   TimerWC.stop();
   TimerLoadFonts.stop();
+  TimerExit.stop();
   hide();
   if (modalLoop_ != nullptr) {
     modalLoop_->quit();

@@ -5,20 +5,23 @@
 #include "gui/editor/EditorColours.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 class EditorStatusBar;
-class EditorTab;
+class EditorTabStrip;
 class FontBar;
 class QEventLoop;
 class QPushButton;
-class QTabWidget;
+class QToolButton;
 class RichTextBox;
+class SceneNavigator;
 class TextObjects;
+class ViewpointBox;
 class clsScene;
 
 /// The window in which one scene is written. It holds no data of its own: it copies the scene into its controls,
@@ -35,6 +38,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// Copies the controls into the scene, the text in the one colour of saved text. A text that nobody edited stays as
   /// the scene has it, byte for byte.
   void FormToData(clsScene& scene);
+  /// Shows the scene's place in the book and its cast as they are now; what was typed or chosen here stays.
+  void FindInCombos(clsScene& scene);
 
   void Show() override;
   void Activate() override;
@@ -56,17 +61,26 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void createActions();
   void buildLayout();
+  QWidget* buildBars();
   QWidget* buildLowerPart();
   void connectSignals();
+  void connectMoves();
+  void connectCharacters();
   void readSettings();
   void storeWindowSettings();
   void DisableOrEnable(bool enabled);
   void setCaption(const QString& title);
-  void markDirty() { Dirty = true; }
+  void setDirty(bool dirty);
+  void markDirty() { setDirty(true); }
+  void RedrawForm();
+  void cmdHide_Click();
+  /// For a moment in the panel for hints.
+  void showHint(const QString& text);
 
   void ShowScene();
   void DataToForm(qint32 id, bool loadText);
@@ -92,6 +106,18 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void ExitForm();
   void saveAndExit();
   void closeForm();
+  void refreshNavigator();
+  void saveAndMove(int step);
+  void cmbScene_Click(qint32 sceneID);
+  void SwitchChapter(qint32 chapterID);
+  void MoveToNext();
+  /// Saves, opens the scene whose ID the function gives, and closes this window behind it. Where any of that fails, or
+  /// the ID is 0, this window stays.
+  void handOver(const std::function<qint32()>& target);
+  bool openNext(qint32 sceneID);
+  void retire();
+  void EditChar(qint32 id, qint32 tab);
+  void cmdAddChar_Click();
   /// Null once the scene has left the book: its ID may be another one's by then, or another book's.
   std::shared_ptr<clsScene> scene() const;
 
@@ -103,6 +129,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   bool savedChanges_ = false;
   bool leaving_ = false;
   qint16 CurrentTab = 0;
+  /// Tabs and what stands beside them are hidden, the text fills the window.
+  bool ControlsHidden = false;
   EditorColours colours_;
   /// What of the scene's text the next save loses.
   RtfLosses losses_;
@@ -110,13 +138,19 @@ class frmEditor : public QMainWindow, public SceneEditor {
   std::optional<QString> LastCountedText;
   QTimer TimerWC;
   QTimer TimerLoadFonts;
+  QTimer TimerExit;
   QEventLoop* modalLoop_ = nullptr;
+  /// Where the keyboard was before the buttons were disabled.
+  QPointer<QWidget> focusBefore_;
 
   RichTextBox* txtMain = nullptr;
   TextObjects* objects_ = nullptr;
+  SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
-  QTabWidget* TabStrip1 = nullptr;
-  std::vector<EditorTab*> tabs_;
+  QToolButton* cmdHide = nullptr;
+  QWidget* lower_ = nullptr;
+  EditorTabStrip* TabStrip1 = nullptr;
+  ViewpointBox* viewpoint_ = nullptr;
   QPushButton* cmdSave = nullptr;
   QPushButton* cmdSaveAndExit = nullptr;
   EditorStatusBar* StatusBar1 = nullptr;

@@ -1,4 +1,5 @@
 #include "core/infra/BusyPointer.h"
+#include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/clsHashTable.h"
@@ -13,8 +14,9 @@
 #include "core/text/modWordcount.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
-#include "gui/editor/EditorTab.h"
+#include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/EditorText.h"
+#include "gui/editor/ViewpointBox.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/Twips.h"
@@ -50,7 +52,7 @@ void frmEditor::EditScene(qint32 id) {
   setCaption(shown->Title);
   StatusBar1->setPanel(EditorStatusBar::autosave, u"Last Autosave: None"_s);
   ShowScene();
-  Dirty = false;
+  setDirty(false);
   DisableOrEnable(true);
   if (fontsWaiting) {
     TimerLoadFonts.start();
@@ -60,20 +62,20 @@ void frmEditor::EditScene(qint32 id) {
 void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
   txtMain->setSelStart(0);
-  Dirty = false;
+  setDirty(false);
 }
 
 void frmEditor::DataToForm(qint32 id, bool loadText) {
   const auto shown = g_Project->SceneByID(id);
-  StatusBar1->setPanel(EditorStatusBar::chapterTitle, g_Project->ChapterByID(shown->BelongsToChID)->Title);
-  for (EditorTab* const tab : tabs_) {
-    tab->DataToForm(*shown);
-  }
+  TabStrip1->DataToForm(*shown);
+  viewpoint_->DataToForm(*shown);
+  FindInCombos(*shown);
   if (loadText) {
     loadMainText(*shown);
   }
   ShowSceneWordCount();
-  Dirty = false;
+  TabStrip1->TabIcons();
+  setDirty(false);
 }
 
 void frmEditor::loadMainText(const clsScene& from) {
@@ -101,9 +103,8 @@ QByteArray frmEditor::textToSave() const {
 
 void frmEditor::FormToData(clsScene& into) {
   TimerWC.stop();
-  for (const EditorTab* const tab : tabs_) {
-    tab->FormToData(into);
-  }
+  viewpoint_->FormToData(into);
+  TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
     into.setTextRTF(textToSave());
@@ -179,9 +180,13 @@ void frmEditor::mnuTop20_Click() {
 
 void frmEditor::mnuOpenNote_Click() {
   if (!txtMain->openAtCaret()) {
-    StatusBar1->setPanel(EditorStatusBar::hint, u"There is no note or link at the caret"_s);
-    QTimer::singleShot(kHintMs, this, &frmEditor::tellLosses);
+    showHint(u"There is no note or link at the caret"_s);
   }
+}
+
+void frmEditor::showHint(const QString& text) {
+  StatusBar1->setPanel(EditorStatusBar::hint, text);
+  QTimer::singleShot(kHintMs, this, &frmEditor::tellLosses);
 }
 
 bool frmEditor::SaveChanges(bool) {
@@ -207,20 +212,22 @@ bool frmEditor::SaveChanges(bool) {
   LastEditorLeft = Twips::fromPixels(x());
   LastEditorTop = Twips::fromPixels(y());
   setCaption(saved->Title);
+  TabStrip1->TabIcons();
   ShowSceneWordCount();
+  TabStrip1->refresh(*saved);
   savedChanges_ = true;
   if (Changed) {
     Changed();
   }
   // What could not be written stays due. The texts of a book that has no place are kept by the book until it has one.
-  Dirty = g_Project->HasPlace() && saved->RTFChanged();
+  setDirty(g_Project->HasPlace() && saved->RTFChanged());
   StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"Not saved yet"_s : whereSaved());
   return true;
 }
 
 QString frmEditor::whereSaved() const {
   if (g_Project->HasPlace()) {
-    return u"Last Autosave: None"_s;
+    return u"Saved: "_s + Clock::now().toString(u"HH:mm:ss"_s);
   }
   const QString why = g_Project->ReadOnly() ? u"Read-only"_s : u"No file yet"_s;
   const RescueFolder rescue(*g_Project);
@@ -324,5 +331,3 @@ void frmEditor::setCurrentSearchString(const QString&) {}
 void frmEditor::MarkCharacters() {}
 
 void frmEditor::UnmarkCharacters() {}
-
-void frmEditor::UpdateCombos() {}

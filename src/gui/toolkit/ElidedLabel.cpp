@@ -1,5 +1,6 @@
 #include "gui/toolkit/ElidedLabel.h"
 
+#include "gui/toolkit/Controls.h"
 #include "gui/toolkit/PlainToolTip.h"
 
 #include <QHelpEvent>
@@ -32,4 +33,10 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(), shownText(),
                         foregroundRole());
+}
+
+ElidedLabel* makeElidedLabel(const QString& name, QWidget* parent) {
+  auto* const label = new ElidedLabel(parent);
+  giveName(*label, name);
+  return label;
 }

@@ -19,3 +19,5 @@ class ElidedLabel : public QLabel {
  private:
   QString shownText() const;
 };
+
+ElidedLabel* makeElidedLabel(const QString& name, QWidget* parent);

@@ -1,0 +1,39 @@
+#include "gui/editor/CharactersTab.h"
+
+#include "core/model/clsScene.h"
+#include "gui/toolkit/Controls.h"
+#include "gui/views/ListView.h"
+#include "gui/views/modFillList.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+CharactersTab::CharactersTab(QWidget* parent)
+    : EditorTab(u"Characters"_s, u"Add or remove characters from this scene"_s, parent),
+      ListChar{makeList(0, u"In this scene"_s, u"Nobody is in this scene"_s),
+               makeList(1, u"All characters"_s, u"The book has no characters yet"_s)} {
+  auto* row = new QHBoxLayout(this);
+  row->addWidget(ListChar[0]);
+  row->addWidget(ListChar[1]);
+}
+
+ListView* CharactersTab::makeList(int index, const QString& title, const QString& whenEmpty) {
+  auto* const list = new ListView({title, u"Full name"_s}, this);
+  giveName(*list, u"ListChar(%1)"_s.arg(index), title);
+  list->setEmptyText(whenEmpty);
+  list->setFillRule({1, {}, {}, {}});
+  const auto open = [this, list] {
+    if (list->SelectedTag() != 0) {
+      Q_EMIT characterWanted(list->SelectedTag());
+    }
+  };
+  connect(list, &ListView::rowOpened, this, open);
+  connect(list, &ListView::enterPressed, this, open);
+  return list;
+}
+
+void CharactersTab::refresh(clsScene& scene) {
+  modFillList::FillAllCharList(*ListChar[1], true, false);
+  modFillList::FillCharInScene(*ListChar[0], scene.ID(), true, false);
+}

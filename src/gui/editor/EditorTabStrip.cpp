@@ -1,0 +1,91 @@
+#include "gui/editor/EditorTabStrip.h"
+
+#include "gui/editor/CharactersTab.h"
+#include "gui/editor/DescriptionTab.h"
+#include "gui/editor/GoalsTab.h"
+#include "gui/editor/NotesTab.h"
+#include "gui/editor/OverviewTab.h"
+#include "gui/editor/SceneOverview.h"
+#include "gui/editor/StatusTab.h"
+#include "gui/editor/TimeTab.h"
+#include "gui/editor/ViewpointTab.h"
+#include "gui/toolkit/Controls.h"
+#include "gui/toolkit/Icons.h"
+
+#include <QTabBar>
+
+using namespace Qt::StringLiterals;
+
+EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
+  giveName(*this, u"TabStrip1"_s, u"Planning data of the scene"_s);
+  description_ = add<DescriptionTab>();
+  add<StatusTab>();
+  add<GoalsTab>();
+  add<TimeTab>();
+  add<NotesTab>();
+  add<CharactersTab>();
+  viewpoint_ = add<ViewpointTab>();
+  overview_ = add<OverviewTab>();
+  connect(description_, &DescriptionTab::titleChanged, this, &EditorTabStrip::titleChanged);
+  connect(this, &QTabWidget::currentChanged, this, &EditorTabStrip::mirror);
+}
+
+template <class Tab>
+Tab* EditorTabStrip::add() {
+  auto* const tab = new Tab(this);
+  const int index = addTab(tab, tab->caption());
+  setTabToolTip(index, tab->stripTip());
+  tab->setObjectName(u"Frame(%1)"_s.arg(index));
+  connect(tab, &EditorTab::changed, this, &EditorTabStrip::changed);
+  connect(tab, &EditorTab::shownChanged, this, &EditorTabStrip::mirror);
+  connect(tab, &EditorTab::characterWanted, this, &EditorTabStrip::characterWanted);
+  tabs_.push_back(tab);
+  return tab;
+}
+
+void EditorTabStrip::DataToForm(clsScene& scene) {
+  for (EditorTab* const tab : tabs_) {
+    tab->DataToForm(scene);
+  }
+}
+
+void EditorTabStrip::FormToData(clsScene& scene) const {
+  for (const EditorTab* const tab : tabs_) {
+    tab->FormToData(scene);
+  }
+}
+
+void EditorTabStrip::refresh(clsScene& scene) {
+  for (EditorTab* const tab : tabs_) {
+    tab->refresh(scene);
+  }
+}
+
+void EditorTabStrip::TabIcons() {
+  for (const EditorTab* const tab : tabs_) {
+    const int index = indexOf(tab);
+    const char* const sign = tab->sign();
+    setTabIcon(index, sign == nullptr ? QIcon() : icon(sign));
+    tabBar()->setAccessibleTabName(index, sign == nullptr ? tab->caption() : tab->caption() + u", filled in"_s);
+  }
+}
+
+void EditorTabStrip::DisplayCharacter(qint32 id) {
+  viewpoint_->DisplayCharacter(id);
+}
+
+QString EditorTabStrip::Title() const {
+  return description_->Title();
+}
+
+/// Costs nothing while the mirror isn't seen.
+void EditorTabStrip::mirror() {
+  if (overview_ == nullptr || currentWidget() != overview_) {
+    return;
+  }
+  SceneOverview shown;
+  for (const EditorTab* const tab : tabs_) {
+    tab->describe(shown);
+  }
+  overview_->mirror(shown);
+}

@@ -1,0 +1,79 @@
+#include "gui/editor/ViewpointTab.h"
+
+#include "core/model/Globals.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+#include "gui/toolkit/Controls.h"
+#include "gui/toolkit/ElidedLabel.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString describe(const clsCharacter& character) {
+  QString text = character.DescText;
+  if (!character.Goals.isEmpty()) {
+    text += u"\r\n\r\nGOALS: "_s + character.Goals;
+  }
+  if (!character.Bio.isEmpty()) {
+    text += u"\r\n\r\nBIO: "_s + character.Bio;
+  }
+  return text.isEmpty() ? u"No description"_s : text;
+}
+
+}  // namespace
+
+ViewpointTab::ViewpointTab(QWidget* parent)
+    : EditorTab(u"Viewpoint Details"_s, u"Shows the description, bio, goals and notes for the viewpoint character"_s,
+                parent),
+      lblFullName(makeElidedLabel(u"lblFullName"_s, this)),
+      lblAltNames(makeElidedLabel(u"lblAltNames"_s, this)),
+      txtCharDesc(makeReadOnlyText(u"txtCharDesc"_s, u"Description of the viewpoint character"_s, this)),
+      txtCharNotes(makeReadOnlyText(u"txtCharNotes"_s, u"Notes on the viewpoint character"_s, this)) {
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(lblFullName, 0, 0);
+  grid->addWidget(lblAltNames, 0, 1);
+  grid->addWidget(txtCharDesc, 1, 0);
+  grid->addWidget(txtCharNotes, 1, 1);
+  grid->setColumnStretch(0, 3);
+  grid->setColumnStretch(1, 2);
+  for (QPlainTextEdit* const text : {txtCharDesc, txtCharNotes}) {
+    // As low as the other pages are.
+    text->setMinimumHeight(text->fontMetrics().lineSpacing() * 3);
+    text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  }
+  // The characters that these open are fixed ones, whoever is shown.
+  opens_ = {{lblAltNames, 1}, {lblFullName, 1}, {txtCharDesc->viewport(), 2}, {txtCharNotes->viewport(), 4}};
+  for (QWidget* const clicked :
+       std::initializer_list<QWidget*>{lblAltNames, lblFullName, txtCharDesc->viewport(), txtCharNotes->viewport()}) {
+    clicked->installEventFilter(this);
+  }
+  DisplayCharacter(0);
+}
+
+void ViewpointTab::DisplayCharacter(qint32 id) {
+  if (id == 0) {
+    lblFullName->setText(u"No viewpoint character"_s);
+    lblAltNames->clear();
+    txtCharDesc->clear();
+    txtCharNotes->clear();
+    return;
+  }
+  const auto shown = g_Project->CharByID(id);
+  lblFullName->setText(u"Full name: "_s + shown->FullName);
+  lblAltNames->setText(u"AKA: "_s + shown->AlternateNames);
+  txtCharDesc->setPlainText(::describe(*shown));
+  txtCharNotes->setPlainText(shown->Notes.isEmpty() ? u"No notes."_s : u"Notes: "_s + shown->Notes);
+}
+
+bool ViewpointTab::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonDblClick && opens_.contains(watched)) {
+    Q_EMIT characterWanted(opens_.value(watched));
+    return true;
+  }
+  return EditorTab::eventFilter(watched, event);
+}

@@ -1,0 +1,70 @@
+#include "core/infra/Guard.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsScene.h"
+#include "gui/editor/Cast.h"
+#include "gui/editor/EditorStatusBar.h"
+#include "gui/editor/EditorTabStrip.h"
+#include "gui/editor/SceneNavigator.h"
+#include "gui/editor/ViewpointBox.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/toolkit/GuardedSlot.h"
+
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+// The cast beside the text, and what of the book around the scene is shown.
+
+namespace {
+
+constexpr auto kModule = "frmEditor";
+
+}  // namespace
+
+void frmEditor::connectCharacters() {
+  connect(viewpoint_, &ViewpointBox::changed, this, &frmEditor::markDirty);
+  connect(viewpoint_, &ViewpointBox::viewpointShown, TabStrip1, &EditorTabStrip::DisplayCharacter);
+  const auto edit = [this](qint32 id) { EditChar(id, 0); };
+  connect(viewpoint_, &ViewpointBox::editCharWanted, this, guarded("cmdEditChar_Click", kModule, edit));
+  connect(viewpoint_, &ViewpointBox::addCharWanted, this,
+          guarded("cmdAddChar_Click", kModule, this, &frmEditor::cmdAddChar_Click));
+  connect(TabStrip1, &EditorTabStrip::characterWanted, this, guarded("ListChar_DblClick", kModule, edit));
+}
+
+void frmEditor::FindInCombos(clsScene& of) {
+  StatusBar1->setPanel(EditorStatusBar::chapterTitle, g_Project->ChapterByID(of.BelongsToChID)->Title);
+  navigator_->find(of, TabStrip1->Title());
+  viewpoint_->refresh(of);
+  TabStrip1->refresh(of);
+}
+
+void frmEditor::UpdateCombos() {
+  if (const auto shown = scene()) {
+    FindInCombos(*shown);
+  }
+}
+
+void frmEditor::EditChar(qint32 id, qint32 tab) {
+  if (!isInCast(id)) {
+    showHint(id == 0 ? u"No viewpoint character is selected"_s : u"There is no such character"_s);
+    return;
+  }
+  const QPointer<frmEditor> alive(this);
+  g_Project->UnMarkAllCharInEditorWindows();
+  if (g_Project->CharByID(id)->Edit(tab)) {
+    g_Project->UpdateCombosInEditorWindows();
+  }
+  g_Project->MarkAllCharInEditorWindows();
+  if (alive && Changed) {
+    Changed();
+  }
+}
+
+void frmEditor::cmdAddChar_Click() {
+  const QPointer<frmEditor> alive(this);
+  g_Project->AddEditCharacters(0);
+  g_Project->UpdateCombosInEditorWindows();
+  if (alive && Changed) {
+    Changed();
+  }
+}
