@@ -6,6 +6,7 @@
 #include "gui/views/modFillList.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +23,11 @@ ListView* CharactersTab::makeList(int index, const QString& title, const QString
   auto* const list = new ListView({title, u"Full name"_s}, this);
   giveName(*list, u"ListChar(%1)"_s.arg(index), title);
   list->setEmptyText(whenEmpty);
+  list->header()->resizeSection(0, list->widthFor(0, u"Somebody's name"));
   list->setFillRule({1, {}, {}, {}});
+  list->fillRoom();
+  // As low as the other pages: the text has the room.
+  list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   const auto open = [this, list] {
     if (list->SelectedTag() != 0) {
       Q_EMIT characterWanted(list->SelectedTag());

@@ -13,8 +13,8 @@ class CharactersTab : public EditorTab {
  public:
   explicit CharactersTab(QWidget* parent = nullptr);
 
-  void DataToForm(clsScene& scene) override { refresh(scene); }
-  /// Nothing: who is in the scene is written when it changes.
+  // Who is in the scene is shown by refresh(), and written when it changes.
+  void DataToForm(clsScene&) override {}
   void FormToData(clsScene&) const override {}
   void refresh(clsScene& scene) override;
 

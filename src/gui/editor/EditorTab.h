@@ -16,7 +16,7 @@ class EditorTab : public QWidget {
   const QString& caption() const { return caption_; }
   const QString& stripTip() const { return stripTip_; }
 
-  /// Shows the scene. What it emits meanwhile counts for nothing.
+  /// Shows the scene, once refresh() has seen it. What it emits meanwhile counts for nothing.
   virtual void DataToForm(clsScene& scene) = 0;
   /// Writes into the scene what is shown.
   virtual void FormToData(clsScene& scene) const = 0;

@@ -46,7 +46,9 @@ OverviewTab::Goal OverviewTab::makeGoal(const QString& letterName, const QString
   QPlainTextEdit* const text = makeReadOnlyText(textName, {}, this);
   text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   text->setMinimumHeight(text->fontMetrics().lineSpacing() + 2 * text->frameWidth() + 8);
-  return {makeLabel(letterName, {}, this), text};
+  QLabel* const letter = makeLabel(letterName, {}, this);
+  letter->setContentsMargins(0, text->frameWidth() + qRound(text->document()->documentMargin()), 0, 0);
+  return {letter, text};
 }
 
 void OverviewTab::buildLayout() {

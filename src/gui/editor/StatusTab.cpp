@@ -13,12 +13,15 @@
 #include <QGridLayout>
 #include <QPushButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kHighestRating = 10;
-constexpr int kNameLetters = 16;
+/// What is seen of a long name.
+constexpr int kNameLetters = 30;
 
 const QString& fieldTitle(size_t index) {
   return g_Project->FieldTitle(static_cast<int>(index) + 1);
@@ -39,13 +42,13 @@ StatusTab::StatusTab(QWidget* parent)
   grid->addWidget(cmbPlot, 0, 1);
   grid->addWidget(makeLabelOf(u"Status:"_s, *cmbStatus), 1, 0);
   grid->addWidget(cmbStatus, 1, 1);
+  QPushButton* const cmdHelp = makeButton(u"cmdHelp"_s, u"Help"_s);
+  cmdHelp->setAccessibleName(u"Help on ratings"_s);
+  grid->addWidget(cmdHelp, 2, 1, Qt::AlignLeft);
   grid->setColumnMinimumWidth(2, 16);
   for (size_t i = 0; i < kRatings; ++i) {
     addRating(*grid, i);
   }
-  QPushButton* const cmdHelp = makeButton(u"cmdHelp"_s, u"Help"_s);
-  cmdHelp->setAccessibleName(u"Help on ratings"_s);
-  grid->addWidget(cmdHelp, 2, 1, Qt::AlignLeft);
   grid->setColumnStretch(5, 1);
   grid->setRowStretch(static_cast<int>(kRatings), 1);
   connect(cmdHelp, &QPushButton::clicked, this, guarded("cmdHelp_Click", "frmEditor", this, &StatusTab::cmdHelp_Click));
@@ -55,8 +58,9 @@ StatusTab::StatusTab(QWidget* parent)
 void StatusTab::addRating(QGridLayout& grid, size_t index) {
   // A writer's own name for a rating may be of any length.
   auto* const name = makeElidedLabel(u"lblFieldTitle(%1)"_s.arg(index), this);
-  name->setMinimumWidth(name->fontMetrics().averageCharWidth() * kNameLetters);
+  name->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
   auto* const value = new EditorCombo(u"cmbFieldValue(%1)"_s.arg(index), {}, this);
+  value->setMinimumContentsLength(3);
   for (int rating = 1; rating <= kHighestRating; ++rating) {
     value->addItem(QString::number(rating));
   }
@@ -85,10 +89,16 @@ void StatusTab::showNames() {
     lblFieldTitle[i]->setText(fieldTitle(i) + u':');
     cmbFieldValue[i]->setAccessibleName(fieldTitle(i));
   }
+  int width = 0;
+  for (const ElidedLabel* const name : lblFieldTitle) {
+    width = std::max(width, name->sizeHint().width());
+  }
+  for (ElidedLabel* const name : lblFieldTitle) {
+    name->setFixedWidth(std::min(width, fontMetrics().averageCharWidth() * kNameLetters));
+  }
 }
 
 void StatusTab::DataToForm(clsScene& scene) {
-  showNames();
   cmbPlot->setCurrentIndex(scene.SubPlot ? 1 : 0);
   cmbStatus->selectIndex(scene.Status - 1);
   for (size_t i = 0; i < kRatings; ++i) {

@@ -5,8 +5,8 @@
 #include <array>
 
 class EditorCombo;
+class ElidedLabel;
 class QGridLayout;
-class QLabel;
 
 /// The tab "Status": plot, status and the four ratings of the scene. A rating that was chosen is taken up by the next
 /// save and asks for none itself.
@@ -32,5 +32,5 @@ class StatusTab : public EditorTab {
   EditorCombo* cmbPlot;
   EditorCombo* cmbStatus;
   std::array<EditorCombo*, kRatings> cmbFieldValue{};
-  std::array<QLabel*, kRatings> lblFieldTitle{};
+  std::array<ElidedLabel*, kRatings> lblFieldTitle{};
 };

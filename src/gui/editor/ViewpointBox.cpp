@@ -7,9 +7,9 @@
 #include "gui/editor/KeysPressed.h"
 #include "gui/toolkit/Controls.h"
 
-#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -23,15 +23,17 @@ ViewpointBox::ViewpointBox(QWidget* parent)
   cmdEditChar->setAccessibleName(u"Edit the viewpoint character"_s);
   cmdAddChar->setToolTip(cmdAddChar->accessibleName());
   cmdEditChar->setToolTip(cmdEditChar->accessibleName());
-  auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->addWidget(makeLabelOf(u"Viewpoint:"_s, *cmbViewpoint), 0, 0, 1, 2);
-  grid->addWidget(cmbViewpoint, 1, 0, 1, 2);
-  grid->addWidget(cmdAddChar, 2, 0);
-  grid->addWidget(cmdEditChar, 2, 1);
+  cmbViewpoint->setMinimumContentsLength(13);
+  auto* buttons = new QHBoxLayout;
   for (QPushButton* const button : {cmdAddChar, cmdEditChar}) {
-    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 20);
+    button->setMinimumWidth(1);
+    buttons->addWidget(button, 1);
   }
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(makeLabelOf(u"Viewpoint:"_s, *cmbViewpoint));
+  column->addWidget(cmbViewpoint);
+  column->addLayout(buttons);
   // There is no list of characters to be shown without its window.
   cmdAddChar->setVisible(entityDialogs().list != nullptr);
 

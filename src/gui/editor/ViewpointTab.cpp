@@ -39,6 +39,7 @@ ViewpointTab::ViewpointTab(QWidget* parent)
   grid->addWidget(lblAltNames, 0, 1);
   grid->addWidget(txtCharDesc, 1, 0);
   grid->addWidget(txtCharNotes, 1, 1);
+  grid->setRowStretch(1, 1);
   grid->setColumnStretch(0, 3);
   grid->setColumnStretch(1, 2);
   for (QPlainTextEdit* const text : {txtCharDesc, txtCharNotes}) {

@@ -121,6 +121,7 @@ void frmEditor::buildLayout() {
   setCentralWidget(whole);
   StatusBar1 = new EditorStatusBar(this);
   setStatusBar(StatusBar1);
+  setTabOrder(cmdHide, txtMain);
   txtMain->setFocus();
 }
 

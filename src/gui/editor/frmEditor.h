@@ -83,6 +83,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void showHint(const QString& text);
 
   void ShowScene();
+  void showPlace(clsScene& scene);
   void DataToForm(qint32 id, bool loadText);
   void loadMainText(const clsScene& scene);
   QByteArray textToSave() const;

@@ -67,9 +67,10 @@ void frmEditor::ShowScene() {
 
 void frmEditor::DataToForm(qint32 id, bool loadText) {
   const auto shown = g_Project->SceneByID(id);
+  TabStrip1->refresh(*shown);
   TabStrip1->DataToForm(*shown);
   viewpoint_->DataToForm(*shown);
-  FindInCombos(*shown);
+  showPlace(*shown);
   if (loadText) {
     loadMainText(*shown);
   }

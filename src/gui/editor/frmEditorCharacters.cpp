@@ -31,9 +31,13 @@ void frmEditor::connectCharacters() {
   connect(TabStrip1, &EditorTabStrip::characterWanted, this, guarded("ListChar_DblClick", kModule, edit));
 }
 
-void frmEditor::FindInCombos(clsScene& of) {
+void frmEditor::showPlace(clsScene& of) {
   StatusBar1->setPanel(EditorStatusBar::chapterTitle, g_Project->ChapterByID(of.BelongsToChID)->Title);
   navigator_->find(of, TabStrip1->Title());
+}
+
+void frmEditor::FindInCombos(clsScene& of) {
+  showPlace(of);
   viewpoint_->refresh(of);
   TabStrip1->refresh(of);
 }
