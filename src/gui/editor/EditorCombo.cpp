@@ -1,7 +1,5 @@
 #include "gui/editor/EditorCombo.h"
 
-#include "gui/toolkit/Controls.h"
-
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QWheelEvent>
@@ -16,9 +14,14 @@ bool movesTheChoice(int key) {
 }  // namespace
 
 EditorCombo::EditorCombo(const QString& name, const QString& spokenName, QWidget* parent) : QComboBox(parent) {
-  giveName(*this, name, spokenName);
-  view()->setAccessibleName(spokenName);
+  setObjectName(name);
+  setSpokenName(spokenName);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+}
+
+void EditorCombo::setSpokenName(const QString& spokenName) {
+  setAccessibleName(spokenName);
+  view()->setAccessibleName(spokenName);
 }
 
 void EditorCombo::selectIndex(int index) {

@@ -7,8 +7,11 @@ class EditorCombo : public QComboBox {
   Q_OBJECT
 
  public:
-  /// Its list is spoken of by the same name. Asks for a few letters' room, whatever it holds.
+  /// Asks for a few letters' room, whatever it holds.
   EditorCombo(const QString& name, const QString& spokenName, QWidget* parent = nullptr);
+
+  /// Box and list are spoken of by this name.
+  void setSpokenName(const QString& spokenName);
 
   /// An entry that stands for what has this ID.
   void addID(const QString& text, qint32 id) { addItem(text, id); }

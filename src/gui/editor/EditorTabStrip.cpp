@@ -13,6 +13,7 @@
 #include "gui/toolkit/Icons.h"
 
 #include <QTabBar>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,10 @@ EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
   add<CharactersTab>();
   viewpoint_ = add<ViewpointTab>();
   overview_ = add<OverviewTab>();
+  // Arrow keys on the bar reach all tabs, so the buttons that scroll it needn't be stopped at.
+  for (QToolButton* const button : tabBar()->findChildren<QToolButton*>()) {
+    button->setFocusPolicy(Qt::NoFocus);
+  }
   connect(description_, &DescriptionTab::titleChanged, this, &EditorTabStrip::titleChanged);
   connect(this, &QTabWidget::currentChanged, this, &EditorTabStrip::mirror);
 }

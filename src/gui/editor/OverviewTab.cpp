@@ -27,8 +27,9 @@ OverviewTab::OverviewTab(QWidget* parent)
     : EditorTab(u"Overview"_s, u"You can't edit anything on this tab. Use the other tabs to make changes."_s, parent),
       lblOVTitle(makeElidedLabel(u"lblOVTitle"_s, this)),
       txtOVDesc(makeReadOnlyText(u"txtOVDesc"_s, u"Scene description"_s, this)),
-      goals_{makeGoal(u"lblGoal(1)"_s, u"lblOVGoal"_s), makeGoal(u"lblConflict(1)"_s, u"lblOVConflict"_s),
-             makeGoal(u"lblOutcome(1)"_s, u"lblOVOutcome"_s)},
+      goals_{makeGoal(u"lblGoal(1)"_s, u"lblOVGoal"_s, u"Goal"_s),
+             makeGoal(u"lblConflict(1)"_s, u"lblOVConflict"_s, u"Conflict"_s),
+             makeGoal(u"lblOutcome(1)"_s, u"lblOVOutcome"_s, u"Outcome"_s)},
       lblOVAction(makeElidedLabel(u"lblOVAction"_s, this)),
       lblOVPlot(makeElidedLabel(u"lblOVPlot"_s, this)),
       lblOVStatus(makeElidedLabel(u"lblOVStatus"_s, this)) {
@@ -42,8 +43,8 @@ OverviewTab::OverviewTab(QWidget* parent)
   buildLayout();
 }
 
-OverviewTab::Goal OverviewTab::makeGoal(const QString& letterName, const QString& textName) {
-  QPlainTextEdit* const text = makeReadOnlyText(textName, {}, this);
+OverviewTab::Goal OverviewTab::makeGoal(const QString& letterName, const QString& textName, const QString& spokenName) {
+  QPlainTextEdit* const text = makeReadOnlyText(textName, spokenName, this);
   text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   text->setMinimumHeight(text->fontMetrics().lineSpacing() + 2 * text->frameWidth() + 8);
   QLabel* const letter = makeLabel(letterName, {}, this);

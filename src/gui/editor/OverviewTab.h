@@ -26,7 +26,7 @@ class OverviewTab : public EditorTab {
     QPlainTextEdit* text = nullptr;
   };
 
-  Goal makeGoal(const QString& letterName, const QString& textName);
+  Goal makeGoal(const QString& letterName, const QString& textName, const QString& spokenName);
   void buildLayout();
 
   ElidedLabel* lblOVTitle;

@@ -53,6 +53,7 @@ StatusTab::StatusTab(QWidget* parent)
   grid->setRowStretch(static_cast<int>(kRatings), 1);
   connect(cmdHelp, &QPushButton::clicked, this, guarded("cmdHelp_Click", "frmEditor", this, &StatusTab::cmdHelp_Click));
   connectSignals();
+  showNames();
 }
 
 void StatusTab::addRating(QGridLayout& grid, size_t index) {
@@ -87,7 +88,7 @@ void StatusTab::showNames() {
   cmbStatus->setCurrentIndex(chosen);
   for (size_t i = 0; i < kRatings; ++i) {
     lblFieldTitle[i]->setText(fieldTitle(i) + u':');
-    cmbFieldValue[i]->setAccessibleName(fieldTitle(i));
+    cmbFieldValue[i]->setSpokenName(fieldTitle(i));
   }
   int width = 0;
   for (const ElidedLabel* const name : lblFieldTitle) {

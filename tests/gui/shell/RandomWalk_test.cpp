@@ -375,7 +375,10 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     }
     if (save) {
       auto& text = childOf<RichTextBox>(openEditor(), u"txtMain"_s);
-      QString& written = book_.scenes[book_.open].text;
+      ShadowBook::Scene& scene = book_.scenes[book_.open];
+      // The editor's list of states begins with the first: a scene that never had one gets that.
+      scene.status = std::max(scene.status, 1);
+      QString& written = scene.text;
       written = someWords();
       QTest::keyClick(&text, Qt::Key_A, Qt::ControlModifier);
       QTest::keyClick(&text, Qt::Key_Delete);
@@ -428,7 +431,7 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
       book_.chapters[chapter].title = title;
     } else {
       book_.chapters[chapter].scenes += newScene;
-      book_.scenes.insert(newScene, {title, {}, {}, {}, false, 0, {}});
+      book_.scenes.insert(newScene, {title, {}, {}, {}, false, 1, {}});
       comeBack();
     }
   }
