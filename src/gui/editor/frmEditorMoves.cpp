@@ -7,6 +7,7 @@
 #include "gui/editor/SceneNavigator.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/views/TextObjects.h"
 
 #include <QPointer>
 #include <QShortcut>
@@ -124,6 +125,7 @@ void frmEditor::retire() {
   if (leaving_) {
     return;
   }
+  objects_->takeOpenNote();
   if (Dirty && !saveWhole()) {
     DisableOrEnable(true);
     refreshNavigator();
