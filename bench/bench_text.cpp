@@ -2,7 +2,6 @@
 // in the same run. Takes the novel where the shared test material is present, else text of our own making.
 #include "Paired.h"
 #include "Yardsticks.h"
-#include "core/infra/Paths.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/clsScene.h"
@@ -280,8 +279,8 @@ void forceWordcount(benchmark::State& state) {
 /// The lists' words, read as plainly as can be.
 std::unordered_set<std::string> plainLists() {
   std::unordered_set<std::string> words;
-  for (const QString& name : cSharedSpell::listNames()) {
-    std::ifstream file(Paths::installed(u"Dict/"_s + name).toStdString());
+  for (size_t list = 0; list < WordLists::kCount; ++list) {
+    std::ifstream file(WordLists::pathOf(list).toStdString());
     for (std::string word; std::getline(file, word);) {
       words.insert(word);
     }

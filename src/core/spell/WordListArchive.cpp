@@ -2,7 +2,7 @@
 
 #include "core/infra/Paths.h"
 #include "core/infra/cSharedFileSubs.h"
-#include "core/spell/cSharedSpell.h"
+#include "core/spell/WordLists.h"
 
 #include <algorithm>
 
@@ -24,19 +24,15 @@ QString WordListArchive::path() {
   return Paths::programFolder() + fileName();
 }
 
-QString WordListArchive::folder() {
-  return Paths::programFolder() + u"Dict"_s + Paths::separator();
-}
-
 bool WordListArchive::install(const QString& member, QByteArrayView content) {
   const QString name = Files().FileOnly(member);
-  const auto& lists = cSharedSpell::listNames();
+  const auto& lists = WordLists::names();
   const auto known = std::find_if(lists.begin() + 1, lists.end(),
                                   [&](const QString& list) { return list.compare(name, Qt::CaseInsensitive) == 0; });
   if (known == lists.end()) {
     return false;
   }
-  Files().MkMissingDir(folder());
-  Files().ReplaceFile(folder() + *known, content);
+  Files().MkMissingDir(WordLists::folder());
+  Files().ReplaceFile(WordLists::folder() + *known, content);
   return true;
 }

@@ -13,8 +13,6 @@ QString page();
 /// The archive's own file name, and the path that it is fetched to.
 QString fileName();
 QString path();
-/// The folder that the lists go to, with a trailing separator.
-QString folder();
 
 /// Puts one member of the archive, its name as it stands there and its content, in its place; an old list of the name
 /// is replaced whole. Nothing when the checker reads no list of that name; above all, an archive never replaces the

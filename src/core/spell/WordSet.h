@@ -10,7 +10,7 @@
 class WordKey {
  public:
   explicit WordKey(QStringView word);
-  /// UTF-8; what isn't valid reads as replacement characters.
+  /// UTF-8, a byte order mark in front being passed over; what isn't valid reads as replacement characters.
   explicit WordKey(QByteArrayView word);
 
   QByteArrayView bytes() const { return bytes_; }

@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char* kModule = "cDict";
-constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
 
 bool isBlank(char c) {
   return c == ' ' || c == '\t' || c == '\0';
@@ -49,11 +48,7 @@ void addLines(WordSet& words, QByteArrayView text) {
   }
 }
 
-void addWordsOf(WordSet& words, const QByteArray& file) {
-  QByteArrayView bytes(file);
-  if (bytes.startsWith(kByteOrderMark)) {
-    bytes = bytes.sliced(kByteOrderMark.size());
-  }
+void addWordsOf(WordSet& words, QByteArrayView bytes) {
   if (bytes.isValidUtf8()) {
     addLines(words, bytes);
   } else {

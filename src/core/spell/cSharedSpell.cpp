@@ -1,6 +1,5 @@
 #include "core/spell/cSharedSpell.h"
 
-#include "core/infra/Blanks.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
@@ -20,15 +19,8 @@ namespace {
 
 constexpr QStringView kPossessive(u"'s");
 
-/// The custom list is the writer's own and stands with the program's data; the others may be installed elsewhere.
-QString pathOf(size_t list) {
-  const QString& name = cSharedSpell::listNames().at(list);
-  return list == cSharedSpell::kCustom ? WordListArchive::folder() + name
-                                       : Paths::installed(u"Dict"_s + Paths::separator() + name);
-}
-
 bool isWordPart(QChar character) {
-  return character.isLetterOrNumber();
+  return character.isLetterOrNumber() || character.isMark() || character.isSurrogate();
 }
 
 /// Without what stands around a word in a text: quotes, commas, blanks.
@@ -40,19 +32,12 @@ QString bare(const QString& word) {
 
 }  // namespace
 
-const std::array<QString, cSharedSpell::kLists>& cSharedSpell::listNames() {
-  static const std::array<QString, kLists> names = {u"Custom.txt"_s,   u"2of12inf.txt"_s, u"5desk.txt"_s,
-                                                    u"2of4brif.txt"_s, u"2of12.txt"_s,    u"6of12.txt"_s,
-                                                    u"3esl.txt"_s};
-  return names;
-}
-
 bool cSharedSpell::DictionaryFound() const {
   if (initialised_) {
     return available_;
   }
-  for (size_t list = kCustom + 1; list < kLists; ++list) {
-    const QString path = pathOf(list);
+  for (size_t list = WordLists::kCustom + 1; list < WordLists::kCount; ++list) {
+    const QString path = WordLists::pathOf(list);
     if (Files().FileExists(path) && Files().FileSize(path) > 0) {
       return true;
     }
@@ -70,13 +55,13 @@ bool cSharedSpell::DictAvailable() {
 void cSharedSpell::InitDict() {
   initialised_ = true;
   available_ = false;
-  if (!Files().FolderExists(Paths::installed(u"Dict"_s))) {
+  if (!WordLists::isFolderThere()) {
     return;
   }
   const Guard guard("InitDict", "cSharedSpell");
-  for (size_t list = 0; list < kLists; ++list) {
+  for (size_t list = 0; list < WordLists::kCount; ++list) {
     bool loaded = false;
-    dicts_[list].LoadDict(pathOf(list), true, loaded);
+    dicts_[list].LoadDict(WordLists::pathOf(list), true, loaded);
     guard([] { Subs().RegularDoEvents(); });
   }
   available_ = std::any_of(dicts_.begin() + 1, dicts_.end(), [](const cDict& dict) { return dict.Loaded; });
@@ -125,7 +110,10 @@ QString cSharedSpell::AddWordToCustomDict(const QString& word) {
     InitDict();
   }
   const QString added = bare(word);
-  QStringList words{added};
+  QStringList words;
+  if (std::none_of(added.begin(), added.end(), [](QChar c) { return c.isSpace(); })) {
+    words.append(added);
+  }
   QString cleaned = added;
   CleanUpScene(cleaned);
   WordTokens::each(cleaned, [&](qsizetype, QStringView piece) {
@@ -133,7 +121,7 @@ QString cSharedSpell::AddWordToCustomDict(const QString& word) {
       words.append(piece.toString());
     }
   });
-  return dicts_[kCustom].AddNewWords(words);
+  return dicts_[WordLists::kCustom].AddNewWords(words);
 }
 
 void cSharedSpell::ShowInstructions() const {

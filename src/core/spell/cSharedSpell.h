@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/spell/TextMarks.h"
+#include "core/spell/WordLists.h"
 #include "core/spell/cDict.h"
 
 #include <QString>
@@ -12,17 +13,11 @@
 /// no window: an editor colours what it is told.
 class cSharedSpell {
  public:
-  static constexpr size_t kLists = 7;
-  static constexpr size_t kCustom = 0;
-
-  /// The lists' file names, the custom one first.
-  static const std::array<QString, kLists>& listNames();
-
   bool Initialised() const { return initialised_; }
   /// Whether a list besides the custom one was loaded; false until the load has ended.
   bool Available() const { return available_; }
   /// The lists, the custom one first.
-  const std::array<cDict, kLists>& Dicts() const { return dicts_; }
+  const std::array<cDict, WordLists::kCount>& Dicts() const { return dicts_; }
 
   /// Whether there is a list to check with, found out without reading any: for the start, and for menus.
   bool DictionaryFound() const;
@@ -43,7 +38,7 @@ class cSharedSpell {
   /// with the next one.
   QString AddWordToCustomDict(const QString& word);
   /// Tries again to write what could not be written; for the end of the program.
-  QString SaveCustomDict() { return dicts_[kCustom].SaveNewWords(); }
+  QString SaveCustomDict() { return dicts_[WordLists::kCustom].SaveNewWords(); }
 
   /// Tells how to install the lists by hand.
   void ShowInstructions() const;
@@ -53,7 +48,7 @@ class cSharedSpell {
 
   bool initialised_ = false;
   bool available_ = false;
-  std::array<cDict, kLists> dicts_;
+  std::array<cDict, WordLists::kCount> dicts_;
 };
 
 /// The application's one instance.

@@ -56,12 +56,13 @@ TEST(cDict, ReadsWhateverListItIsGiven) {
   }
 }
 
+/// With line ends that don't tell beforehand how many there are.
 TEST(cDict, AMillionWordsAreAllFoundAndNoOther) {
   constexpr int kWords = 1'000'000;
   const ScratchFolder folder;
   QByteArray file;
   for (int i = 0; i < kWords; ++i) {
-    file += "Word" + QByteArray::number(i * 2) + "\r\n";
+    file += "Word" + QByteArray::number(i * 2) + '\r';
   }
   put(folder.path(u"list.txt"_s), file);
   cDict dict;

@@ -162,6 +162,7 @@ TEST_F(Spelling, AnAddedWordIsRightNowAndInTheNextRun) {
        {Case{u"dgo"_s, u"dgo Dgo's"_s, "dgo\r\n"}, Case{u" “dgo,” "_s, u"dgo"_s, "dgo\r\n"},
         Case{u"dog"_s, u"dog"_s, "dog\r\n"}, Case{u"...,"_s, u""_s, "(none)"},
         Case{u"naïve"_s, u"naïve"_s, "na\xC3\xAFve\r\nna\r\nve\r\n"}, Case{u"O'Nan"_s, u"O'Nan's"_s, "O'Nan\r\n"},
+        Case{u"the dgo, dog teh"_s, u"dgo teh"_s, "dgo\r\nteh\r\n"},
         Case{u"dog-dgo"_s, u"dgo"_s, "dog-dgo\r\ndgo\r\n"}}) {
     QFile::remove(folder.path(u"Dict/Custom.txt"_s));
     cSharedSpell mine;
