@@ -329,33 +329,6 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
   }
 }
 
-/// Taken until the text begins, though some programs have it behind the font table.
-void RtfReader::setDocumentCodePage(int codePage) {
-  if (codePage > 0 && line_ == Line::Empty && isOfDocument()) {
-    documentCodePage_ = codePage;
-    decoder_ = nullptr;
-  }
-}
-
-void RtfReader::enterUnicodePart() {
-  if (group_.destination == Destination::Alternative && tooDeep_ == 0 && outer_.size() >= 2) {
-    group_.destination = outer_[outer_.size() - 2].destination;
-  }
-}
-
-void RtfReader::selectFont(int number) {
-  if (group_.destination == Destination::Lists) {
-    lists_.levelFont(tables_.fonts.value(number).name);
-    return;
-  }
-  if (group_.destination != Destination::Fonts) {
-    group_.font = number;
-    sink_.font(number);
-    return;
-  }
-  declareFont(number);
-}
-
 void RtfReader::plainWord() {
   group_.isHidden = group_.isDeleted = false;
   group_.font = -1;
