@@ -1,12 +1,17 @@
 #include "core/persist/BackupsView.h"
 
 #include "core/infra/Guard.h"
+#include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/ZipContents.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/text/Rtf.h"
+
+#include <QDate>
+#include <QHash>
 
 #include <algorithm>
 
@@ -26,12 +31,72 @@ QList<FileObject> filesIn(const clsProject& project, const QString& folder, cons
   return files;
 }
 
-/// "RTF_00001" of "RTF_00001_Scene_2.rtf", "RTF_00001_Original_2.rtf" and "RTF/RTF_00001.rtf".
-QString stemOf(const QString& name) {
-  const QString root = Files().FileWithoutExt(Files().FileOnly(name));
-  const qsizetype end = std::max(root.lastIndexOf(u"_Scene_"_s), root.lastIndexOf(u"_Original"_s));
-  return end < 0 ? root : root.first(end);
+const QString kOriginal = u"_Original"_s;
+
+/// What a scene's file is known by, whatever folder and letters it has.
+QString keyOf(const QString& name) {
+  return Files().FileWithoutExt(Files().FileOnly(name)).toLower();
 }
+
+/// The key of the file that a copy was made of: "rtf_00001" for "RTF_00001_Scene_2.rtf" and "RTF_00001_Original_2.rtf".
+QString sourceOf(const QString& copy) {
+  const QString key = keyOf(copy);
+  const qsizetype end = std::max(key.lastIndexOf(u"_scene_"_s), key.lastIndexOf(kOriginal.toLower()));
+  return end < 0 ? key : key.first(end);
+}
+
+/// The scenes that have a file, with the newest copy that is younger than that so far.
+class YoungerCopies {
+ public:
+  explicit YoungerCopies(const clsProject& project) : project_(project) {
+    for (const auto& scene : project.Scenes) {
+      if (!scene->RTFFilename().isEmpty()) {
+        newest_.insert(keyOf(scene->RTFFilename()), {scene, {{}, {}, 0, Files().FileDate(scene->RTFFileWithPath())}});
+      }
+    }
+  }
+
+  /// A folder for each day: of days before a scene was saved nothing is looked at but the names, for there may be years
+  /// of them.
+  void lookInto(const QString& folder) {
+    const QDate day = QDate::fromString(folder, Qt::ISODate);
+    const QString path = Files().AddSlashIfMissing(Files().Combine(backupsOf(project_), folder));
+    for (const QString& name : day.isValid() ? namesWith(path, ".rtf") : QStringList()) {
+      const auto found = name.contains(kOriginal) ? newest_.end() : newest_.find(sourceOf(name));
+      if (found != newest_.end() && (!found->copy.Date.isValid() || day >= found->copy.Date.date())) {
+        take(*found, {name, path + name, Files().FileSize(path + name), Files().FileDate(path + name)});
+      }
+    }
+  }
+
+  QList<YoungerCopy> result() const {
+    QList<YoungerCopy> copies;
+    for (const auto& scene : project_.Scenes) {
+      const YoungerCopy found = newest_.value(keyOf(scene->RTFFilename()));
+      if (found.scene == scene && !found.copy.Path.isEmpty() && hasOtherWords(found)) {
+        copies.append(found);
+      }
+    }
+    return copies;
+  }
+
+ private:
+  static void take(YoungerCopy& newest, const FileObject& copy) {
+    if (copy.Date.isValid() && (!newest.copy.Date.isValid() || copy.Date > newest.copy.Date)) {
+      newest.copy = copy;
+    }
+  }
+
+  /// The colours of names and misspellings come and go without a save.
+  static bool hasOtherWords(const YoungerCopy& found) {
+    QByteArray text;
+    return Files().LoadTextFile(found.copy.Path, text) && text != found.scene->TextRTF() &&
+           rtfToPlainText(text) != found.scene->ConvertedToBodyText();
+  }
+
+  const clsProject& project_;
+  QHash<QString, YoungerCopy> newest_;
+};
 
 }  // namespace
 
@@ -52,14 +117,23 @@ QList<FileObject> backupArchives(const clsProject& project, const QString& folde
 }
 
 std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name) {
-  const QString stem = stemOf(name);
-  for (const auto& scene : project.Scenes) {
-    const QString own = Files().FileWithoutExt(scene->RTFFilename());
-    if (!own.isEmpty() && own.compare(stem, Qt::CaseInsensitive) == 0) {
-      return scene;
+  // A member of an archive has the name of the scene's own file.
+  for (const QString& key : {keyOf(name), sourceOf(name)}) {
+    for (const auto& scene : project.Scenes) {
+      if (!scene->RTFFilename().isEmpty() && keyOf(scene->RTFFilename()) == key) {
+        return scene;
+      }
     }
   }
   return {};
+}
+
+QList<YoungerCopy> youngerCopies(const clsProject& project) {
+  YoungerCopies copies(project);
+  for (const QString& folder : backupFolders(project)) {
+    copies.lookInto(folder);
+  }
+  return copies.result();
 }
 
 bool deleteBackup(const clsProject& project, const QString& path) {

@@ -24,6 +24,16 @@ QList<FileObject> backupArchives(const clsProject& project, const QString& folde
 /// Null when there is none.
 std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name);
 
+/// The newest copy of a scene's text that is younger than its file.
+struct YoungerCopy {
+  std::shared_ptr<clsScene> scene;
+  FileObject copy;
+};
+
+/// Those whose words differ from the scene's, in the order of the scenes: what was typed and never reached the scene's
+/// file. Copies that were kept of a text that was to be replaced are passed over.
+QList<YoungerCopy> youngerCopies(const clsProject& project);
+
 /// Erases a file below the folder of backups, and no other, wherever links lead. False, and logged, when it is still
 /// there.
 bool deleteBackup(const clsProject& project, const QString& path);

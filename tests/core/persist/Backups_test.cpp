@@ -203,3 +203,28 @@ TEST_F(Backups, TheViewerSeesCopiesAndArchivesAndTouchesNothingElse) {
   EXPECT_TRUE(deleteBackup(*g_Project, copies.first().Path));
   EXPECT_EQ(backupCopies(*g_Project, u"2026-11-20"_s).size(), 1);
 }
+
+TEST_F(Backups, ACopyThatIsYoungerThanItsSceneAndHasOtherWordsIsFound) {
+  const QDateTime saved = Files().FileDate(sceneAt(1)->RTFFileWithPath());
+  const auto copy = [&](const QString& name, const QByteArray& text, int days) {
+    const QString folder = g_Project->Path() + u"Autobackups/"_s + saved.date().addDays(days).toString(Qt::ISODate);
+    QDir().mkpath(folder);
+    writeFile(folder + u'/' + name, text);
+    Files().SetFileDateTime(folder + u'/' + name, saved.addDays(days));
+  };
+  const auto name = [](qint32 scene, const QString& ending) {
+    return Files().FileWithoutExt(sceneAt(scene)->RTFFilename()) + ending;
+  };
+  copy(name(1, u"_Scene_1.rtf"_s), simpleRtf("older words"), -1);
+  copy(name(1, u"_Original.rtf"_s), simpleRtf("kept words"), 3);
+  copy(name(2, u"_Scene_2.rtf"_s), QByteArray(sceneAt(2)->TextRTF()).replace("\\pard", "\\pard\\cf0"), 1);
+  copy(u"RTF_99999_Scene_1.rtf"_s, simpleRtf("of no scene"), 1);
+  EXPECT_TRUE(youngerCopies(*g_Project).isEmpty());
+
+  copy(name(3, u"_Scene_1.rtf"_s), simpleRtf("typed"), 1);
+  copy(name(3, u"_Scene_2_9.05AM.rtf"_s), simpleRtf("typed last"), 2);
+  const QList<YoungerCopy> found = youngerCopies(*g_Project);
+  ASSERT_EQ(found.size(), 1);
+  EXPECT_EQ(found.first().scene, sceneAt(3));
+  EXPECT_EQ(fileBytes(found.first().copy.Path), simpleRtf("typed last"));
+}
