@@ -18,6 +18,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+ZipImage::File readFile(const QString& path, const QString& name) {
+  ZipImage::File file{name, {}, {}};
+  std::optional<QByteArray> content = readWholeFile(path, Links::Followed, &file.stamp);
+  if (!content) {
+    throw RuntimeError(RuntimeError::FileNotFound);
+  }
+  file.content = *std::move(content);
+  return file;
+}
+
+}  // namespace
+
 void cSHAREDZipFiles::Setup() {
   files_.clear();
   known_.clear();
@@ -102,18 +116,11 @@ int cSHAREDZipFiles::addBatch(ZipImage& image, const QStringList& files) {
       continue;
     }
     taken_.insert(name);
-    const FileStamp there = FileStamp::lookAt(path);
-    if ((KeepUnchanged && image.hasUnchanged(name, there)) || (UpdatingZip && image.hasAsYoung(name, there))) {
+    if (isUpToDate(image, name, path)) {
       continue;
     }
     try {
-      ZipImage::File file{name, {}, {}};
-      std::optional<QByteArray> content = readWholeFile(path, Links::Followed, &file.stamp);
-      if (!content) {
-        throw RuntimeError(RuntimeError::FileNotFound);
-      }
-      file.content = *std::move(content);
-      batch.append(std::move(file));
+      batch.append(readFile(path, name));
       print(u"adding: "_s + name);
     } catch (const RuntimeError& error) {
       const bool isFolder = QFileInfo(path).isDir();
@@ -124,6 +131,11 @@ int cSHAREDZipFiles::addBatch(ZipImage& image, const QStringList& files) {
     code = fail(added, ZipFileName, ZipLibrary::get().describe(added));
   }
   return code;
+}
+
+bool cSHAREDZipFiles::isUpToDate(const ZipImage& image, const QString& name, const QString& path) const {
+  const FileStamp there = FileStamp::lookAt(path);
+  return (KeepUnchanged && image.hasUnchanged(name, there)) || (UpdatingZip && image.hasAsYoung(name, there));
 }
 
 QStringList cSHAREDZipFiles::filesToPack() const {

@@ -61,6 +61,7 @@ class cSHAREDZipFiles {
   int pack();
   int addBatches(ZipImage& image);
   int addBatch(ZipImage& image, const QStringList& files);
+  bool isUpToDate(const ZipImage& image, const QString& name, const QString& path) const;
   QStringList filesToPack() const;
   QString memberName(const QString& file) const;
   int fail(int code, const QString& file, const QString& cause);

@@ -155,10 +155,11 @@ TEST_F(Zip, ManyBatchesMakeOneArchive) {
 TEST_F(Zip, WhatIsUnchangedIsntPackedAgain) {
   zip_.KeepUnchanged = true;
   ASSERT_EQ(pack({u"book/Book.qn4"_s, u"book/RTF/1.rtf"_s}), 0);
-  const QByteArray first = fileBytes(archive_);
+  const QDateTime packed = QDateTime::currentDateTime().addDays(-1);
+  Files().SetFileDateTime(archive_, packed);
   EXPECT_EQ(pack({u"book/Book.qn4"_s, u"book/RTF/1.rtf"_s}), 0);
   EXPECT_FALSE(zip_.GetLastMessage().contains(u"adding"_s));
-  EXPECT_EQ(fileBytes(archive_), first);
+  EXPECT_LT(QFileInfo(archive_).lastModified(), packed.addSecs(60));
 
   // Within the same second, of the same length.
   const QDateTime time = QFileInfo(path(u"book/Book.qn4"_s)).lastModified();
