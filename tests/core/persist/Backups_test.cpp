@@ -3,6 +3,7 @@
 #include "core/persist/Backups.h"
 
 #include "core/infra/Clock.h"
+#include "core/infra/FolderLock.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
@@ -169,8 +170,12 @@ TEST_F(Backups, NoneIsMadeWhereThereIsNothingOrNoTimeForIt) {
     const BusyMark busy(*g_Project);
     EXPECT_EQ(backUpProject(*g_Project, false, false).result, Result::Skipped);
   }
-  g_Project->FileWithPath.clear();
+  newProject();
   EXPECT_EQ(backUpProject(*g_Project, true, false).result, Result::Skipped);
+  const FolderLock elsewhere(QDir::cleanPath(scratch_.path(u"book"_s)));
+  screen_.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_EQ(backUpProject(*g_Project, true, false).causes, QStringList{u"The book is opened read-only."_s});
   EXPECT_FALSE(QFile::exists(scratch_.path(u"book/Autobackups"_s)));
 }
 
