@@ -114,13 +114,21 @@ TEST_F(Zip, TheListTakesAFileOnce) {
 
 TEST_F(Zip, PacksUnderNamesBelowTheRootAndMergesByName) {
   EXPECT_EQ(pack({u"book/Book.qn4"_s, u"book/RTF/1.rtf"_s, u"Settings.ini"_s}), 0);
-  // The first member, and the last: what stands before that is taken over as it is.
-  for (const QString& name : {u"book/Book.qn4"_s, u"Settings.ini"_s}) {
-    writeFile(path(name), "changed");
-    EXPECT_EQ(pack({name}), 0);
+  // The first member, and the last, in archives of all lengths: what stands before that is taken over as it is.
+  QByteArray book;
+  for (int i = 0; i < 400; ++i) {
+    book += QByteArray::number(i * 7919);
+  }
+  writeFile(path(u"book/Book.qn4"_s), book);
+  EXPECT_EQ(pack({u"book/Book.qn4"_s}), 0);
+  QByteArray settings;
+  for (char letter = 'a'; letter <= 'z'; ++letter) {
+    settings += letter;
+    writeFile(path(u"Settings.ini"_s), settings);
+    ASSERT_EQ(pack({u"Settings.ini"_s}), 0);
   }
   const QMap<QString, QByteArray> expected{
-      {u"Book.qn4"_s, "changed"}, {u"RTF/1.rtf"_s, "scene one"}, {u"Settings.ini"_s, "changed"}};
+      {u"Book.qn4"_s, book}, {u"RTF/1.rtf"_s, "scene one"}, {u"Settings.ini"_s, settings}};
   EXPECT_EQ(membersOf(archive_), expected);
   EXPECT_TRUE(othersCanRead(archive_));
   EXPECT_TRUE(zip_.GetLastMessage().contains(u"adding: Settings.ini"_s));
