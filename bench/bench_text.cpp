@@ -1,9 +1,11 @@
-// Word counting, HTML tools, word usage and the hash table, each beside the plain work that is its yardstick in the
-// same run. Takes the novel where the shared test material is present, else text of our own making.
+// Word counting, HTML tools, word usage, the hash table and spelling, each beside the plain work that is its yardstick
+// in the same run. Takes the novel where the shared test material is present, else text of our own making.
 #include "Paired.h"
 #include "Yardsticks.h"
+#include "core/infra/cSharedLogging.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/clsScene.h"
+#include "core/spell/cSharedSpell.h"
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
@@ -13,11 +15,14 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <memory>
 #include <numeric>
 #include <random>
+#include <string>
 #include <type_traits>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -271,10 +276,70 @@ void forceWordcount(benchmark::State& state) {
   state.counters["scenes"] = static_cast<double>(texts.size());
 }
 
+/// The lists' words, read as plainly as can be.
+std::unordered_set<std::string> plainLists() {
+  std::unordered_set<std::string> words;
+  for (size_t list = 0; list < WordLists::kCount; ++list) {
+    std::ifstream file(WordLists::pathOf(list).toStdString());
+    for (std::string word; std::getline(file, word);) {
+      words.insert(word);
+    }
+  }
+  return words;
+}
+
+/// All lists that stand beside the program, beside reading them into a set.
+void loadLists(benchmark::State& state) {
+  comparePaired(
+      state, nothing, [] { benchmark::DoNotOptimize(plainLists()); }, nothing,
+      [] {
+        cSharedSpell spell;
+        spell.InitDict();
+        benchmark::DoNotOptimize(spell.Available());
+      });
+  state.counters["words"] = static_cast<double>(plainLists().size());
+}
+
+/// So many words of the novel with forty names, beside looking each word up in the set.
+void checkSpelling(benchmark::State& state, qsizetype words) {
+  const QStringList split = novel().simplified().split(u' ').first(words);
+  const QString text = split.join(u' ');
+  QStringList names;
+  for (const QString& word : split) {
+    if (names.size() < 40 && word.size() > 3 && word.front().isUpper() && !names.contains(word)) {
+      names.append(word);
+    }
+  }
+  const std::unordered_set<std::string> set = plainLists();
+  cSharedSpell spell;
+  spell.InitDict();
+  size_t marks = 0;
+  comparePaired(
+      state, nothing,
+      [&] {
+        size_t unknown = 0;
+        for (const QString& word : text.split(u' ')) {
+          unknown += set.contains(word.toLower().toStdString()) ? 0 : 1;
+        }
+        benchmark::DoNotOptimize(unknown);
+      },
+      nothing, [&] { marks = laidOver(spell.Misspellings(text), findNames(text, names)).size(); });
+  state.counters["marks"] = static_cast<double>(marks);
+}
+void checkScene(benchmark::State& state) {
+  constexpr qsizetype kWords = 5000;
+  checkSpelling(state, kWords);
+}
+void checkLongScene(benchmark::State& state) {
+  constexpr qsizetype kWords = 50'000;
+  checkSpelling(state, kWords);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
+  Logging().NOLOGGING = true;
   const std::pair<const char*, void (*)(benchmark::State&)> all[] = {
       {"CalcWordCount", calcWordCount},     {"HtmlEncode", htmlEncode},
       {"HtmlDecode", htmlDecode},           {"EncodeMime64", base64Encode},
@@ -282,7 +347,8 @@ int main(int argc, char** argv) {
       {"HtmlToPlainText", htmlToPlainText}, {"RemoveExtraSpaces", removeExtraSpaces},
       {"BreakAndHash", breakAndHash},       {"HashLookUpByID", lookUpByID},
       {"HashCountByText", countByText},     {"HashInsertByText", insertByText},
-      {"ForceWordcount", forceWordcount}};
+      {"ForceWordcount", forceWordcount},   {"LoadLists", loadLists},
+      {"CheckScene", checkScene},           {"CheckLongScene", checkLongScene}};
   for (const auto& [name, measured] : all) {
     benchmark::RegisterBenchmark(name, measured)->UseManualTime()->Unit(benchmark::kMillisecond);
   }

@@ -58,6 +58,23 @@ const char* endOfText(const char* at, const char* end) {
   return std::find_if_not(at, end, isText);
 }
 
+/// The next brace or backslash. Pictures are millions of digits: whole blocks are looked at without a branch.
+const char* nextSpecial(const char* at, const char* end) {
+  constexpr int kBlock = 128;
+  const auto isSpecial = [](char byte) { return byte == '\\' || byte == '{' || byte == '}'; };
+  while (end - at >= kBlock) {
+    unsigned char found = 0;
+    for (int i = 0; i < kBlock; ++i) {
+      found |= static_cast<unsigned char>((at[i] == '\\') | (at[i] == '{') | (at[i] == '}'));
+    }
+    if (found != 0) {
+      break;
+    }
+    at += kBlock;
+  }
+  return std::find_if(at, end, isSpecial);
+}
+
 bool isLetter(char byte) {
   return static_cast<uchar>((byte | 0x20) - 'a') < 26;
 }
@@ -167,14 +184,17 @@ void RtfLexer::skipBinary(const RtfToken& word) {
 
 void RtfLexer::skipGroup() {
   RtfToken token;
-  for (qint64 depth = 1; at_ != end_;) {
+  for (qint64 depth = 1; depth > 0;) {
+    at_ = nextSpecial(at_, end_);
+    if (at_ == end_) {
+      return;
+    }
     const char* const before = at_;
     next(token);
     depth += token.kind == RtfToken::Kind::Open ? 1 : 0;
     depth -= token.kind == RtfToken::Kind::Close ? 1 : 0;
     if (depth == 0) {
       at_ = before;
-      return;
     }
   }
 }

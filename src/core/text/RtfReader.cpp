@@ -26,7 +26,7 @@ void RtfReader::read() {
         text(token);
         break;
       case RtfToken::Kind::Byte:
-        starred_ = justOpened_ = false;
+        before_ = Before::Other;
         if (!skipsAsFallback()) {
           byte(static_cast<uchar>(token.number));
         }
@@ -53,14 +53,13 @@ void RtfReader::read() {
   groupEnd_ = nullptr;
   while (!objects_.empty() && close()) {  // a text that was cut off
   }
-  sink_.finish(line_ == Line::Closed && (sink_.wantsFormats() || !endIsHidden_));
+  sink_.finish(line_ == Line::Closed && (wantsFormats_ || !endIsHidden_));
 }
 
 void RtfReader::open() {
   flushBytes();
   fallbacks_ = 0;
-  starred_ = false;
-  justOpened_ = true;
+  before_ = Before::Open;
   opened_ = lexer_.position() - 1;
   if (outer_.size() >= kMaxDepth) {
     ++tooDeep_;
@@ -77,7 +76,7 @@ void RtfReader::open() {
 bool RtfReader::close() {
   flushBytes();
   fallbacks_ = 0;
-  starred_ = justOpened_ = false;
+  before_ = Before::Other;
   if (tooDeep_ > 0) {
     --tooDeep_;
     return true;
@@ -116,7 +115,7 @@ bool RtfReader::completesPair(const RtfToken& token) const {
 }
 
 void RtfReader::text(RtfToken& token) {
-  starred_ = justOpened_ = false;
+  before_ = Before::Other;
   if (fallbacks_ > 0) {
     const auto skipped = static_cast<qint32>(std::min<qsizetype>(fallbacks_, token.length));
     fallbacks_ -= skipped;
@@ -156,8 +155,7 @@ void RtfReader::symbol(char symbol) {
   if (!isText) {
     flushBytes();
   }
-  starred_ = symbol == '*' && justOpened_;
-  justOpened_ = false;
+  before_ = symbol == '*' && before_ == Before::Open ? Before::Star : Before::Other;
   if (skipsAsFallback()) {
     return;
   }
@@ -190,9 +188,7 @@ void RtfReader::symbol(char symbol) {
 
 void RtfReader::word(const RtfToken& token) {
   flushBytes();
-  const bool starred = std::exchange(starred_, false);
-  const bool slotted = std::exchange(isSlotted_, false);
-  justOpened_ = false;
+  const Before before = std::exchange(before_, Before::Other);
   if (fallbacks_ > 0 && !completesPair(token)) {
     --fallbacks_;
     return;
@@ -200,7 +196,7 @@ void RtfReader::word(const RtfToken& token) {
   const RtfWord* const known = findRtfWord(token.first, token.length);
   const bool isNoPart =
       group_.destination == Destination::Alternative && (known == nullptr || known->action != RtfAction::UnicodePart);
-  if (isNoPart || (starred && known == nullptr)) {
+  if (isNoPart || (before == Before::Star && known == nullptr)) {
     skipGroup();
     return;
   }
@@ -208,13 +204,13 @@ void RtfReader::word(const RtfToken& token) {
     return;
   }
   if (known->action == RtfAction::Format) {
-    if (sink_.wantsFormats()) {
+    if (wantsFormats_) {
       sink_.format(static_cast<RtfProperty>(known->value),
                    token.hasNumber ? std::optional<int>(token.number) : std::nullopt);
     }
     return;
   }
-  if (known->action != RtfAction::AssociatedFont || !slotted) {
+  if (known->action != RtfAction::AssociatedFont || before != Before::FontSlot) {
     act(*known, token);
   }
 }
@@ -250,7 +246,7 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       return skipGroup();
     }
     case RtfAction::FontSlot:
-      isSlotted_ = true;
+      before_ = Before::FontSlot;
       return;
     case RtfAction::FontTable:
       return isOfDocument() ? enterTable(Destination::Fonts) : skipGroup();
@@ -269,7 +265,7 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
     case RtfAction::NumberingPart:
       return numberingPart(static_cast<RtfListPart>(word.value), token);
     case RtfAction::ListTable:
-      return sink_.wantsFormats() ? enterTable(Destination::Lists) : skipGroup();
+      return wantsFormats_ ? enterTable(Destination::Lists) : skipGroup();
     case RtfAction::ListPart:
       return listPart(static_cast<RtfListPart>(word.value), token);
     case RtfAction::ListNumber:
@@ -331,33 +327,6 @@ void RtfReader::act(const RtfWord& word, const RtfToken& token) {
       group_.isDeleted = isOn;
       return lose(static_cast<quint16>(isOn ? RtfLoss::Deletions : RtfLoss()));
   }
-}
-
-/// Taken until the text begins, though some programs have it behind the font table.
-void RtfReader::setDocumentCodePage(int codePage) {
-  if (codePage > 0 && line_ == Line::Empty && isOfDocument()) {
-    documentCodePage_ = codePage;
-    decoder_ = nullptr;
-  }
-}
-
-void RtfReader::enterUnicodePart() {
-  if (group_.destination == Destination::Alternative && tooDeep_ == 0 && outer_.size() >= 2) {
-    group_.destination = outer_[outer_.size() - 2].destination;
-  }
-}
-
-void RtfReader::selectFont(int number) {
-  if (group_.destination == Destination::Lists) {
-    lists_.levelFont(tables_.fonts.value(number).name);
-    return;
-  }
-  if (group_.destination != Destination::Fonts) {
-    group_.font = number;
-    sink_.font(number);
-    return;
-  }
-  declareFont(number);
 }
 
 void RtfReader::plainWord() {

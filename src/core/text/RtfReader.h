@@ -78,7 +78,7 @@ class RtfSink {
 /// space are linear in them. One object reads one text.
 class RtfReader {
  public:
-  RtfReader(QByteArrayView rtf, RtfSink& sink) : lexer_(rtf), sink_(sink) {}
+  RtfReader(QByteArrayView rtf, RtfSink& sink) : lexer_(rtf), sink_(sink), wantsFormats_(sink.wantsFormats()) {}
 
   void read();
   const RtfTables& tables() const { return tables_; }
@@ -110,9 +110,10 @@ class RtfReader {
     bool isHidden = false;
     bool isDeleted = false;
     int fallbackLength = 1;
-    int font = -1;            ///< -1: the default font
-    qint64 resultBegin = -1;  ///< Of a field: the place where its result begins; none before that.
+    int font = -1;  ///< -1: the default font
   };
+  /// What the last token was, where that matters.
+  enum class Before : quint8 { Other, Open, Star, FontSlot };
   /// What stands at the place in the body that is read.
   enum class Line : quint8 {
     Empty,   ///< Nothing yet.
@@ -191,12 +192,13 @@ class RtfReader {
   bool isOfDocument() const { return group_.destination == Destination::Body && objects_.empty(); }
   bool takesWords() const;
   /// What comes to a sink: hidden text does where it is a format.
-  bool isShown() const { return !group_.isHidden || sink_.wantsFormats(); }
+  bool isShown() const { return !group_.isHidden || wantsFormats_; }
   bool skipsAsFallback();
   bool completesPair(const RtfToken& token) const;
 
   RtfLexer lexer_;
   RtfSink& sink_;
+  const bool wantsFormats_;
   RtfTables tables_;
   RtfLists lists_;
   RtfLosses losses_;
@@ -206,8 +208,7 @@ class RtfReader {
   qint64 tooDeep_ = 0;              ///< Groups open beyond those that are stacked.
   const char* opened_ = nullptr;    ///< Where the last brace that was opened stands.
   const char* groupEnd_ = nullptr;  ///< And the last that was closed; nothing behind the end of the text.
-  bool justOpened_ = false;         ///< The brace was the last token.
-  bool starred_ = false;
+  Before before_ = Before::Other;
   qint32 fallbacks_ = 0;       ///< Items still to skip behind a \uN.
   bool isHalfOfPair_ = false;  ///< The last \uN was a high surrogate.
 
@@ -216,6 +217,7 @@ class RtfReader {
   qint64 numberPlace_ = -1;   ///< Where the number of a note stood last.
   bool endIsHidden_ = false;  ///< The last paragraph end was hidden.
   std::vector<OpenObject> objects_;
+  std::vector<qint64> fieldResults_;  ///< Of the open fields: where the result begins; -1 before that.
 
   int documentCodePage_ = 1252;
   bool hasAnsiCodePage_ = false;
@@ -231,8 +233,7 @@ class RtfReader {
   QList<InlineObject::Detail> details_;  ///< Of the comment that follows.
   ListMark numbering_;                   ///< Of the group that is open.
   int markFont_ = -1;
-  bool isSlotted_ = false;  ///< The last word was one whose font is that of a few letters alone.
-  bool isBehind_ = false;   ///< The words of a mark stand behind its number.
+  bool isBehind_ = false;  ///< The words of a mark stand behind its number.
 
   int declaredFont_ = 0;
   quint32 colour_ = 0;

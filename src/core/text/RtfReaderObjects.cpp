@@ -24,7 +24,7 @@ void RtfReader::enterWords(Destination destination, const RtfToken& token, quint
   const bool fits = group_.destination == Destination::Body ||
                     (destination == Destination::MarkText && group_.destination == Destination::Numbering) ||
                     (destination == Destination::LevelText && group_.destination == Destination::Lists);
-  if (!fits || group_.isDeleted || !hasOwnGroup() || !sink_.wantsFormats()) {
+  if (!fits || group_.isDeleted || !hasOwnGroup() || !wantsFormats_) {
     skipGroup();
     return;
   }
@@ -126,14 +126,15 @@ void RtfReader::enterField() {
   }
   if (hasOwnGroup() && group_.role == Role::None) {
     group_.role = Role::Field;
+    fieldResults_.push_back(-1);
     sink_.openField();
   }
 }
 
 void RtfReader::enterFieldResult() {
   const bool isOfField = inBody() && hasOwnGroup() && outer_.back().role == Role::Field;
-  if (isOfField && group_.role == Role::None && outer_.back().resultBegin < 0) {
-    outer_.back().resultBegin = place_;
+  if (isOfField && group_.role == Role::None && fieldResults_.back() < 0) {
+    fieldResults_.back() = place_;
     sink_.fieldResult();
   }
 }
@@ -143,8 +144,7 @@ bool RtfReader::beginsObject(Role role) {
   if (counts) {
     came(Line::Begun);
   }
-  if (!counts || !sink_.wantsFormats() || !hasOwnGroup() || group_.role != Role::None ||
-      objects_.size() >= kMaxObjects) {
+  if (!counts || !wantsFormats_ || !hasOwnGroup() || group_.role != Role::None || objects_.size() >= kMaxObjects) {
     skipGroup();
     return false;
   }
@@ -215,7 +215,9 @@ void RtfReader::enterObjectResult() {
 
 void RtfReader::endRole(const Group& closed) {
   if (closed.role == Role::Field) {
-    const bool isEmpty = closed.resultBegin < 0 || closed.resultBegin == place_;
+    const qint64 begin = fieldResults_.back();
+    fieldResults_.pop_back();
+    const bool isEmpty = begin < 0 || begin == place_;
     if (isEmpty) {
       came(Line::Begun);
     }
@@ -262,7 +264,7 @@ void RtfReader::takePicture(const RtfToken& token) {
 void RtfReader::takeShape(const RtfToken& token) {
   const bool counts = inBody();
   const QByteArrayView bytes = restOfGroup(token);
-  if (!counts || !sink_.wantsFormats()) {
+  if (!counts || !wantsFormats_) {
     if (counts) {
       came(Line::Begun);
     }
@@ -284,7 +286,7 @@ void RtfReader::takeShape(const RtfToken& token) {
 void RtfReader::putObject(InlineObject object, QByteArrayView bytes, QByteArrayView tail) {
   const bool isVerbatim = object.kind == InlineObject::Kind::Picture || object.kind == InlineObject::Kind::Embedded;
   came(Line::Begun);
-  if (sink_.wantsFormats() && !(isVerbatim && bytes.isEmpty())) {
+  if (wantsFormats_ && !(isVerbatim && bytes.isEmpty())) {
     sink_.object(std::move(object), bytes, tail);
   }
 }

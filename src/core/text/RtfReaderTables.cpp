@@ -1,4 +1,4 @@
-// What an RTF text declares ahead of its body: fonts and colours.
+// What an RTF text declares ahead of its body: code page, fonts and colours.
 #include "core/text/RtfReader.h"
 
 #include <algorithm>
@@ -39,6 +39,33 @@ void RtfReader::tableText(const char* text, qsizetype length) {
       declaredFont_ = -1;  // what follows up to the next \f belongs to no font
     }
   }
+}
+
+/// Taken until the text begins, though some programs have it behind the font table.
+void RtfReader::setDocumentCodePage(int codePage) {
+  if (codePage > 0 && line_ == Line::Empty && isOfDocument()) {
+    documentCodePage_ = codePage;
+    decoder_ = nullptr;
+  }
+}
+
+void RtfReader::enterUnicodePart() {
+  if (group_.destination == Destination::Alternative && tooDeep_ == 0 && outer_.size() >= 2) {
+    group_.destination = outer_[outer_.size() - 2].destination;
+  }
+}
+
+void RtfReader::selectFont(int number) {
+  if (group_.destination == Destination::Lists) {
+    lists_.levelFont(tables_.fonts.value(number).name);
+    return;
+  }
+  if (group_.destination != Destination::Fonts) {
+    group_.font = number;
+    sink_.font(number);
+    return;
+  }
+  declareFont(number);
 }
 
 void RtfReader::declareFont(int number) {

@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -115,11 +116,20 @@ class RichSink final : public RtfSink {
  private:
   using Property = RtfProperty;
 
+  struct KnownLook {
+    RtfLook look;
+    int number = -1;
+  };
   struct Text {
     explicit Text(qsizetype sizeHint) : builder(sizeHint) {}
     RichText::Builder builder;
     ListNumbering numbering;
     QHash<RtfLook, int> known;
+    // A text goes to and fro between few formats, which are found faster by looking at them than by hashing.
+    std::array<KnownLook, 4> recent{};
+    size_t nextRecent = 0;
+    ParagraphFormat lastParagraph;
+    int lastNumber = -1;
     // Of the current paragraph; they stand in front of the words that reset it.
     QString label;
     int labelFont = -1;
@@ -274,6 +284,11 @@ int RichSink::charNumber() {
     return now_.charNumber;
   }
   Text& into = text();
+  for (const KnownLook& recent : into.recent) {
+    if (recent.number >= 0 && recent.look == now_.characters) {
+      return now_.charNumber = recent.number;
+    }
+  }
   const auto known = into.known.constFind(now_.characters);
   if (known != into.known.constEnd()) {
     now_.charNumber = *known;
@@ -281,6 +296,7 @@ int RichSink::charNumber() {
     now_.charNumber = into.builder.charFormat(charFormat());
     into.known.insert(now_.characters, now_.charNumber);
   }
+  into.recent[into.nextRecent++ % into.recent.size()] = {now_.characters, now_.charNumber};
   return now_.charNumber;
 }
 
@@ -292,10 +308,14 @@ int RichSink::paragraphNumber() {
     return listedNumber();
   }
   into.numbering.endLists();
-  if (now_.paragraphNumber < 0) {
-    now_.paragraphNumber = builder().paragraphFormat(now_.paragraph);
+  if (now_.paragraphNumber >= 0) {
+    return now_.paragraphNumber;
   }
-  return now_.paragraphNumber;
+  if (into.lastNumber < 0 || into.lastParagraph != now_.paragraph) {
+    into.lastParagraph = now_.paragraph;
+    into.lastNumber = into.builder.paragraphFormat(now_.paragraph);
+  }
+  return now_.paragraphNumber = into.lastNumber;
 }
 
 /// Of a paragraph that has something of its own.

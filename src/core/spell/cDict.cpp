@@ -1,0 +1,131 @@
+#include "core/spell/cDict.h"
+
+#include "core/infra/CodePage.h"
+#include "core/infra/Guard.h"
+#include "core/infra/NativeFile.h"
+#include "core/infra/Paths.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLogging.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char* kModule = "cDict";
+
+bool isBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\0';
+}
+
+QByteArrayView withoutBlanks(QByteArrayView line) {
+  while (!line.isEmpty() && isBlank(line.back())) {
+    line.chop(1);
+  }
+  while (!line.isEmpty() && isBlank(line.front())) {
+    line = line.sliced(1);
+  }
+  return line;
+}
+
+bool isLineEnd(char c) {
+  return c == '\n' || c == '\r';
+}
+
+void addLines(WordSet& words, QByteArrayView text) {
+  // A damaged file may be all line ends, so that their number promises no words.
+  constexpr std::ptrdiff_t kMostExpected = 1'000'000;
+  words.reserve(words.size() +
+                static_cast<size_t>(std::min(kMostExpected, std::count(text.begin(), text.end(), '\n'))));
+  for (auto at = text.begin(); at != text.end();) {
+    const auto end = std::find_if(at, text.end(), isLineEnd);
+    words.insert(WordKey(withoutBlanks(QByteArrayView(at, end - at))));
+    at = std::find_if_not(end, text.end(), isLineEnd);
+  }
+}
+
+void addWordsOf(WordSet& words, QByteArrayView bytes) {
+  if (bytes.isValidUtf8()) {
+    addLines(words, bytes);
+  } else {
+    addLines(words, CodePage::fromBytes(bytes).toUtf8());
+  }
+}
+
+/// The file's bytes with these lines behind them, in the encoding that it has. A file of Windows-1252 that the new
+/// words don't fit into becomes one of UTF-8.
+QByteArray withLines(const QByteArray& file, const QStringList& lines) {
+  QString added = lines.join(u"\r\n"_s) + u"\r\n"_s;
+  if (!file.isEmpty() && !isLineEnd(file.back())) {
+    added.prepend(u"\r\n"_s);
+  }
+  if (QByteArrayView(file).isValidUtf8()) {
+    return file + added.toUtf8();
+  }
+  return CodePage::canEncode(added) ? file + CodePage::toBytes(added) : (CodePage::fromBytes(file) + added).toUtf8();
+}
+
+}  // namespace
+
+void cDict::LoadDict(const QString& file, bool clear, bool& result) {
+  Filename = file;
+  if (clear) {
+    Words.clear();
+  }
+  std::optional<QByteArray> content;
+  const bool readable = Guard("LoadDict", kModule)([&] { content = readWholeFile(Paths::native(file)); });
+  if (content) {
+    Guard("LoadDict", kModule)([&] { addWordsOf(Words, *content); });
+  }
+  for (const QString& word : std::as_const(unsaved_)) {
+    Words.insert(WordKey(word));
+  }
+  WordTotal = static_cast<qint32>(Words.size());
+  Loaded = result = !Words.isEmpty();
+  if (readable && (!content || content->isEmpty())) {
+    Logging().LogEvent(content ? file + u" is empty"_s : u"Could not find "_s + file);
+  } else if (readable && Loaded) {
+    Logging().LogEvent(u"Loaded dictionary '"_s + file + u"' and total words now equal "_s +
+                       QString::number(WordTotal) + u'.');
+  }
+}
+
+QString cDict::AddNewWords(const QStringList& words) {
+  if (Filename.isEmpty()) {
+    return {};
+  }
+  for (const QString& given : words) {
+    // A line end in a word would make two of it when the file is read.
+    for (const QString& line : QString(given).replace(u'\r', u'\n').split(u'\n')) {
+      const QString word = line.trimmed();
+      if (Words.insert(WordKey(word))) {
+        unsaved_.append(word);
+      }
+    }
+  }
+  WordTotal = static_cast<qint32>(Words.size());
+  Loaded = !Words.isEmpty();
+  return SaveNewWords();
+}
+
+QString cDict::SaveNewWords() {
+  if (unsaved_.isEmpty()) {
+    return {};
+  }
+  const QString cause = Guard("AddNewWord", kModule).causeOf([&] {
+    // What another copy of the program, or the writer's own hand, has put there meanwhile stays.
+    const QByteArray now = readWholeFile(Paths::native(Filename)).value_or(QByteArray());
+    if (now.isEmpty()) {
+      Files().MkMissingDir(Files().PathOnly(Filename));
+    }
+    Files().ReplaceFile(Filename, withLines(now, unsaved_));
+  });
+  if (cause.isEmpty()) {
+    unsaved_.clear();
+  }
+  return cause;
+}

@@ -1,0 +1,201 @@
+#include "core/spell/cSharedSpell.h"
+
+#include "SpellFiles.h"
+#include "core/infra/Clock.h"
+#include "core/spell/NumberWords.h"
+#include "core/spell/WordListArchive.h"
+#include "support/ScriptedToolkit.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A checker that knows these words.
+class Spelling : public testing::Test {
+ protected:
+  void SetUp() override {
+    put(folder.path(u"Dict/2of12.txt"_s),
+        "I\r\ndon't\r\ndog\r\ndogs\r\nParis\r\nwell\r\nknown\r\ncaf\xE9\r\nthe\r\nt\r\n");
+  }
+
+  /// The text with each marked word in brackets.
+  QString marked(QString text) {
+    TextMarks marks = spell.Misspellings(text);
+    for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark) {
+      text.insert(mark->end(), u']').insert(mark->start, u'[');
+    }
+    return text;
+  }
+
+  ProgramFolder folder;
+  cSharedSpell spell;
+};
+
+}  // namespace
+
+TEST_F(Spelling, AWordIsRightWhenAListHoldsItAndNumbersAndDatesAre) {
+  for (const char16_t* right : {u"dog", u"Dog", u"DOG", u"dog's", u"Dog'S", u"don't", u"DON'T", u"paris", u"café",
+                                u"CAFÉ", u"12", u"3/4/2005", u"10pm", u"d'sog"}) {
+    EXPECT_TRUE(spell.WordOK(QString::fromUtf16(right))) << QString::fromUtf16(right).toStdString();
+  }
+  for (const char16_t* wrong : {u"", u"'s", u"dgo", u"dgo's", u"dogs'", u"cafe", u"don", u"12th", u"dog,", u" dog"}) {
+    EXPECT_FALSE(spell.WordOK(QString::fromUtf16(wrong))) << QString::fromUtf16(wrong).toStdString();
+  }
+}
+
+TEST(NumberWords, FiguresThatAreNumbersAndDates) {
+  for (const char16_t* number : {u"0", u"12", u"-3.5", u"+1", u"1,000,000", u"1e5", u".5"}) {
+    EXPECT_TRUE(NumberWords::isNumeric(number)) << QString::fromUtf16(number).toStdString();
+  }
+  for (const char16_t* other : {u"", u"e", u"-", u",", u"1x", u"12th", u"1e", u"1.2.3", u"inf", u"\u0661"}) {
+    EXPECT_FALSE(NumberWords::isNumeric(other)) << QString::fromUtf16(other).toStdString();
+  }
+  for (const char16_t* date : {u"3/4/2005", u"31/12/99", u"12-31-1999", u"2005-04-03", u"3.4.2005", u"29/2", u"29/2/00",
+                               u"10:30", u"23:59:59", u"10pm", u"5AM", u"10:30pm"}) {
+    EXPECT_TRUE(NumberWords::isDate(date)) << QString::fromUtf16(date).toStdString();
+  }
+  for (const char16_t* other : {u"", u"3", u"31/31/2005", u"32/1", u"29/2/2005", u"3/4-2005", u"1/2/3/4", u"24:00",
+                                u"13pm", u"pm", u"3/", u"/3/4", u"3/4/20055", u"10:30:00:00", u"11th"}) {
+    EXPECT_FALSE(NumberWords::isDate(other)) << QString::fromUtf16(other).toStdString();
+  }
+}
+
+TEST_F(Spelling, ATextFallsIntoWordsAndEachMarkStandsInItsPlace) {
+  for (const char16_t* text : {u"",
+                               u"   ",
+                               u"\r\n",
+                               u"The dog.",
+                               u"[Teh] dog, [teh] dog!",
+                               u"[dgo]",
+                               u"the\r\n[dgo]\tdog",
+                               u"'dog' 'the dogs'",
+                               u"''[dgo]''",
+                               u"the dogs' [dgo's]",
+                               u"''' ' ''",
+                               u"dog's DOG'S",
+                               u"don't the’t [don]’[re] “dog”",
+                               u"well-known well—[nown]",
+                               u"12 3/4/2005 -5 [12th]",
+                               u"[na]ï[ve] café [CAF]É",
+                               u"\U0001F600[dgo]\U0001F600dog",
+                               u"жук dog",
+                               u"dog\u00A0the\u2028[teh]",
+                               u"the_dog [dog2]"}) {
+    const QString expected = QString::fromUtf16(text);
+    EXPECT_EQ(marked(QString(expected).remove(u'[').remove(u']')), expected);
+  }
+}
+
+TEST_F(Spelling, ACleanedTextKeepsItsLengthAndOnlyWhatWordsAreMadeOf) {
+  QString all;
+  for (char16_t unit = 1; unit < 0x3000; ++unit) {
+    all += QChar(unit);
+  }
+  QString cleaned = all;
+  spell.CleanUpScene(cleaned);
+  ASSERT_EQ(cleaned.size(), all.size());
+  QString kept;
+  for (qsizetype i = 0; i < all.size(); ++i) {
+    EXPECT_TRUE(cleaned[i] == all[i] || cleaned[i] == u' ');
+    kept += cleaned[i] == u' ' ? QString() : QString(cleaned[i]);
+  }
+  EXPECT_EQ(kept, u"'0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyzáéíñóú"_s);
+}
+
+TEST_F(Spelling, NothingIsReadBeforeTheFirstCheck) {
+  EXPECT_TRUE(spell.DictionaryFound());
+  EXPECT_FALSE(spell.Initialised());
+  EXPECT_TRUE(spell.DictAvailable());
+  EXPECT_TRUE(spell.Initialised());
+  EXPECT_EQ(spell.Dicts()[4].WordTotal, 10);
+  EXPECT_FALSE(spell.Dicts()[1].Loaded);
+}
+
+TEST_F(Spelling, WhoAsksWhileTheListsAreReadFindsNone) {
+  ScriptedToolkit toolkit;
+  // The program yields but a few times a second.
+  const qint64 limit = Clock::ticks() + 60'000;
+  bool asked = false;
+  while (!asked && Clock::ticks() < limit) {
+    cSharedSpell loading;
+    toolkit.onYield = [&] {
+      asked = true;
+      EXPECT_FALSE(loading.DictAvailable());
+      EXPECT_TRUE(loading.Misspellings(u"dgo"_s).empty());
+    };
+    EXPECT_TRUE(loading.DictAvailable());
+    EXPECT_EQ(loading.Misspellings(u"dgo"_s).size(), 1U);
+  }
+  EXPECT_TRUE(asked);
+}
+
+TEST(SpellingWithoutLists, TheCustomListAloneIsNoDictionary) {
+  for (const char* custom : {"", "dog\n"}) {
+    const ProgramFolder folder;
+    put(folder.path(u"Dict/Custom.txt"_s), custom);
+    put(folder.path(u"Dict/5desk.txt"_s), "");
+    cSharedSpell spell;
+    EXPECT_FALSE(spell.DictionaryFound());
+    EXPECT_FALSE(spell.DictAvailable());
+    EXPECT_TRUE(spell.Misspellings(u"dgo"_s).empty());
+    EXPECT_EQ(spell.WordOK(u"dog"_s), *custom != '\0');
+  }
+}
+
+TEST(SpellingWithoutLists, WithoutAFolderNothingIsAddedOrMade) {
+  const ProgramFolder folder;
+  cSharedSpell spell;
+  EXPECT_FALSE(spell.DictAvailable());
+  EXPECT_EQ(spell.AddWordToCustomDict(u"dog"_s), QString());
+  EXPECT_FALSE(QFileInfo::exists(folder.path(u"Dict"_s)));
+}
+
+TEST_F(Spelling, AnAddedWordIsRightNowAndInTheNextRun) {
+  struct Case {
+    QString added;
+    QString text;
+    QByteArray file;
+  };
+  for (const Case& known :
+       {Case{u"dgo"_s, u"dgo Dgo's"_s, "dgo\r\n"}, Case{u" “dgo,” "_s, u"dgo"_s, "dgo\r\n"},
+        Case{u"dog"_s, u"dog"_s, "dog\r\n"}, Case{u"...,"_s, u""_s, "(none)"},
+        Case{u"naïve"_s, u"naïve"_s, "na\xC3\xAFve\r\nna\r\nve\r\n"}, Case{u"O'Nan"_s, u"O'Nan's"_s, "O'Nan\r\n"},
+        Case{u"the dgo, dog teh"_s, u"dgo teh"_s, "dgo\r\nteh\r\n"},
+        Case{u"dog-dgo"_s, u"dgo"_s, "dog-dgo\r\ndgo\r\n"}}) {
+    QFile::remove(folder.path(u"Dict/Custom.txt"_s));
+    cSharedSpell mine;
+    EXPECT_EQ(mine.AddWordToCustomDict(known.added), QString());
+    EXPECT_EQ(contentOf(folder.path(u"Dict/Custom.txt"_s)), known.file) << known.added.toStdString();
+    EXPECT_TRUE(mine.Misspellings(known.text).empty()) << known.text.toStdString();
+    cSharedSpell next;
+    EXPECT_TRUE(next.Misspellings(known.text).empty()) << known.text.toStdString();
+  }
+}
+
+TEST_F(Spelling, ListsOfAnArchiveAreReadAndTheCustomOneIsNeverReplaced) {
+  put(folder.path(u"Dict/Custom.txt"_s), "mine\r\n");
+  EXPECT_TRUE(WordListArchive::install(u"12dicts/2OF12INF.TXT"_s, "dgo\r\n"));
+  for (const char16_t* other : {u"Custom.txt", u"dict/custom.TXT", u"readme.html", u"../../2of12inf.txt.sh", u""}) {
+    EXPECT_FALSE(WordListArchive::install(QString::fromUtf16(other), "yours\r\n"));
+  }
+  spell.InitDict();
+  EXPECT_EQ(marked(u"dgo mine yours"_s), u"dgo mine [yours]"_s);
+  EXPECT_EQ(QDir(folder.path(u"Dict"_s)).entryList(QDir::Files),
+            QStringList({u"2of12.txt"_s, u"2of12inf.txt"_s, u"Custom.txt"_s}));
+  EXPECT_EQ(WordListArchive::fileName(), u"12dicts-5.0.zip"_s);
+}
+
+TEST_F(Spelling, ListsThatAreInstalledElsewhereServeBesideTheWritersOwn) {
+  put(folder.path(u"../share/quillane4/Dict/5desk.txt"_s), "dgo\r\n");
+  EXPECT_EQ(marked(u"dgo dog teh"_s), u"dgo dog [teh]"_s);
+}
+
+TEST_F(Spelling, TheInstructionsNameTheFolder) {
+  ScriptedToolkit toolkit;
+  toolkit.expectBox(u"To enable spell checking, follow these instructions:\n1) Download the latest 12dicts from "_s +
+                    WordListArchive::page() + u"\n2) Extract to "_s + folder.path(u"Dict"_s) +
+                    u"\n3) Restart this program"_s);
+  spell.ShowInstructions();
+}
