@@ -32,6 +32,7 @@ constexpr std::array kDescriptions{
     Described{RuntimeError::PathAccess, "Path/File access error"},
     Described{RuntimeError::PathNotFound, "Path not found"},
     Described{RuntimeError::NoObject, "Object variable or With block variable not set"},
+    Described{RuntimeError::InvalidFileFormat, "Invalid file format"},
     Described{RuntimeError::DuplicateKey, "This key is already associated with an element of this collection"},
 };
 
@@ -62,8 +63,8 @@ int numberOfErrno(int code) {
 
 RuntimeError::RuntimeError(int number) : RuntimeError(number, descriptionOf(number)) {}
 
-RuntimeError::RuntimeError(int number, QString description)
-    : number_(number), description_(std::move(description)), what_(description_.toUtf8()) {}
+RuntimeError::RuntimeError(int number, QString description, QString source)
+    : number_(number), description_(std::move(description)), source_(std::move(source)), what_(description_.toUtf8()) {}
 
 QString RuntimeError::descriptionOf(int number) {
   for (const Described& entry : kDescriptions) {

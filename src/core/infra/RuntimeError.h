@@ -25,15 +25,18 @@ class RuntimeError : public std::exception {
     PathAccess = 75,
     PathNotFound = 76,
     NoObject = 91,
+    InvalidFileFormat = 321,
     DuplicateKey = 457
   };
 
   /// With the number's usual description.
   explicit RuntimeError(int number);
-  RuntimeError(int number, QString description);
+  /// The source is the routine that raises it, where callers know it by that.
+  RuntimeError(int number, QString description, QString source = {});
 
   int number() const { return number_; }
   const QString& description() const { return description_; }
+  const QString& source() const { return source_; }
   const char* what() const noexcept override { return what_.constData(); }
 
   /// The usual description of a number; "Application-defined or object-defined error" for an unknown one.
@@ -46,5 +49,6 @@ class RuntimeError : public std::exception {
  private:
   int number_;
   QString description_;
+  QString source_;
   QByteArray what_;
 };

@@ -82,6 +82,12 @@ class clsProject {
   bool IsInOwnFolder() const;
   /// The folder of the day's backups, ending in a separator.
   QString TodaysBackupFolder() const;
+  void MakeAutoBackupFolder() const;
+  /// Packs one file into an archive; false, and logged, when that failed.
+  bool BackupThisFile(const QString& File, const QString& ZipName) const;
+  /// Packs the project file and the settings into the day's archive, with the scenes' files into the complete one; with
+  /// WeekdayFile into one that bears the day's name. False, and logged, when anything of it is not in there.
+  bool BackupProject(bool Complete, bool WeekdayFile);
   /// Words of all chapters.
   qint32 Wordcount(bool includeUnused) const;
   qint32 ChapterCount() const { return Chapters.Count(); }

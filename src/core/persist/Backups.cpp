@@ -2,7 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
-#include "core/infra/ZipReader.h"
+#include "core/infra/ZipContents.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"

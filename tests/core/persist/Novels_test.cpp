@@ -3,6 +3,8 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/BackupsProject.h"
+#include "support/Archives.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
@@ -78,6 +80,19 @@ TEST_F(Novels, WithoutCachedCountsDifferInTheCountsAlone) {
     after[name] = before.value(name);
     EXPECT_TRUE(after == before);
   }
+}
+
+TEST_F(Novels, AreWholeInTheirCompleteBackup) {
+  const ScratchFolder scratch;
+  const QString path = makeNovel(scratch.path(), u"war-and-peace"_s, {});
+  const auto files = filesBelow(scratch.path());
+  newProject();
+  ASSERT_TRUE(g_Project->Load(path, false));
+  const BackupOutcome outcome = backUpProject(*g_Project, true, false);
+  EXPECT_EQ(outcome.causes, QStringList());
+  EXPECT_TRUE(othersCanRead(outcome.archive));
+  EXPECT_TRUE(verifyBackup(*g_Project, outcome.archive).isWhole());
+  EXPECT_TRUE(membersOf(outcome.archive) == files);
 }
 
 // What a scene counts is its words, not how they were written down. The whole novels were counted by other means:

@@ -1,0 +1,175 @@
+#include "core/persist/BackupsView.h"
+
+#include "core/infra/Guard.h"
+#include "core/infra/NativeFile.h"
+#include "core/infra/Paths.h"
+#include "core/infra/RuntimeError.h"
+#include "core/infra/ZipContents.h"
+#include "core/infra/cSharedLogging.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/text/Rtf.h"
+
+#include <QDate>
+#include <QHash>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kModule = "Backups";
+
+QString backupsOf(const clsProject& project) {
+  return project.Path() + u"Autobackups"_s;
+}
+
+QList<FileObject> filesIn(const clsProject& project, const QString& folder, const QString& extension) {
+  QList<FileObject> files;
+  Files().FillFileObjects(Files().Combine(backupsOf(project), folder), extension, files);
+  return files;
+}
+
+const QString kOriginal = u"_Original"_s;
+
+/// What a scene's file is known by, whatever folder and letters it has.
+QString keyOf(const QString& name) {
+  return Files().FileWithoutExt(Files().FileOnly(name)).toLower();
+}
+
+/// The key of the file that a copy was made of: "rtf_00001" for "RTF_00001_Scene_2.rtf" and "RTF_00001_Original_2.rtf".
+QString sourceOf(const QString& copy) {
+  const QString key = keyOf(copy);
+  const qsizetype end = std::max(key.lastIndexOf(u"_scene_"_s), key.lastIndexOf(kOriginal.toLower()));
+  return end < 0 ? key : key.first(end);
+}
+
+/// The scenes that have a file, with the newest copy that is younger than that so far.
+class YoungerCopies {
+ public:
+  explicit YoungerCopies(const clsProject& project) : project_(project) {
+    for (const auto& scene : project.Scenes) {
+      if (!scene->RTFFilename().isEmpty()) {
+        newest_.insert(keyOf(scene->RTFFilename()), {scene, {{}, {}, 0, Files().FileDate(scene->RTFFileWithPath())}});
+      }
+    }
+  }
+
+  /// A folder for each day: of days before a scene was saved nothing is looked at but the names, for there may be years
+  /// of them.
+  void lookInto(const QString& folder) {
+    const QDate day = QDate::fromString(folder, Qt::ISODate);
+    const QString path = Files().AddSlashIfMissing(Files().Combine(backupsOf(project_), folder));
+    for (const QString& name : day.isValid() ? namesWith(path, ".rtf") : QStringList()) {
+      const auto found = name.contains(kOriginal) ? newest_.end() : newest_.find(sourceOf(name));
+      if (found != newest_.end() && (!found->copy.Date.isValid() || day >= found->copy.Date.date())) {
+        take(*found, {name, path + name, Files().FileSize(path + name), Files().FileDate(path + name)});
+      }
+    }
+  }
+
+  QList<YoungerCopy> result() const {
+    QList<YoungerCopy> copies;
+    for (const auto& scene : project_.Scenes) {
+      const YoungerCopy found = newest_.value(keyOf(scene->RTFFilename()));
+      if (found.scene == scene && !found.copy.Path.isEmpty() && hasOtherWords(found)) {
+        copies.append(found);
+      }
+    }
+    return copies;
+  }
+
+ private:
+  static void take(YoungerCopy& newest, const FileObject& copy) {
+    if (copy.Date.isValid() && (!newest.copy.Date.isValid() || copy.Date > newest.copy.Date)) {
+      newest.copy = copy;
+    }
+  }
+
+  /// The colours of names and misspellings come and go without a save.
+  static bool hasOtherWords(const YoungerCopy& found) {
+    QByteArray text;
+    return Files().LoadTextFile(found.copy.Path, text) && text != found.scene->TextRTF() &&
+           rtfToPlainText(text) != found.scene->ConvertedToBodyText();
+  }
+
+  const clsProject& project_;
+  QHash<QString, YoungerCopy> newest_;
+};
+
+}  // namespace
+
+QStringList backupFolders(const clsProject& project) {
+  QStringList folders;
+  if (!project.FileWithPath.isEmpty()) {
+    Files().FillFolders(backupsOf(project), folders);
+  }
+  return folders;
+}
+
+QList<FileObject> backupCopies(const clsProject& project, const QString& folder) {
+  return filesIn(project, folder, u"rtf"_s);
+}
+
+QList<FileObject> backupArchives(const clsProject& project, const QString& folder) {
+  return filesIn(project, folder, u"zip"_s);
+}
+
+std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name) {
+  // A member of an archive has the name of the scene's own file.
+  for (const QString& key : {keyOf(name), sourceOf(name)}) {
+    for (const auto& scene : project.Scenes) {
+      if (!scene->RTFFilename().isEmpty() && keyOf(scene->RTFFilename()) == key) {
+        return scene;
+      }
+    }
+  }
+  return {};
+}
+
+QList<YoungerCopy> youngerCopies(const clsProject& project) {
+  YoungerCopies copies(project);
+  for (const QString& folder : backupFolders(project)) {
+    copies.lookInto(folder);
+  }
+  return copies.result();
+}
+
+bool deleteBackup(const clsProject& project, const QString& path) {
+  const QString backups = Paths::identity(backupsOf(project)) + u'/';
+  if (!Paths::identity(path).startsWith(backups)) {
+    Logging().AddDebug(u"Not a backup of this book, and not deleted: "_s + path, u"deleteBackup"_s,
+                       QString::fromLatin1(kModule));
+    return false;
+  }
+  return Files().EraseFile(path);
+}
+
+ArchiveListing filesInBackup(const QString& archive) {
+  ArchiveListing listing;
+  listing.failure = Guard("filesInBackup", kModule).causeOf([&] {
+    const ZipContents contents(archive);
+    for (const ZipMember& member : contents.members()) {
+      if (!member.isFolder()) {
+        listing.files.append({member.name, member.date, member.size});
+      }
+    }
+  });
+  return listing;
+}
+
+RestoredFile restoreFromBackup(const QString& archive, const QString& name) {
+  RestoredFile restored;
+  restored.failure = Guard("restoreFromBackup", kModule).causeOf([&] {
+    const ZipContents contents(archive);
+    const QList<ZipMember>& members = contents.members();
+    const auto found =
+        std::find_if(members.begin(), members.end(), [&](const ZipMember& member) { return member.name == name; });
+    if (found == members.end()) {
+      throw RuntimeError(RuntimeError::FileNotFound, name + u" is not in the archive"_s);
+    }
+    restored.content = contents.read(found - members.begin());
+  });
+  return restored;
+}

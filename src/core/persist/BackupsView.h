@@ -1,0 +1,64 @@
+#pragma once
+
+#include "core/infra/cSharedFileSubs.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class clsProject;
+class clsScene;
+
+/// The names of the folders of backups, sorted; none when there are none.
+QStringList backupFolders(const clsProject& project);
+
+/// The copies of scenes in one of them, sorted by name, and the archives.
+QList<FileObject> backupCopies(const clsProject& project, const QString& folder);
+QList<FileObject> backupArchives(const clsProject& project, const QString& folder);
+
+/// Where a copy in the folders of backups comes from, or a member of an archive: the scene whose file begins its name.
+/// Null when there is none.
+std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name);
+
+/// The newest copy of a scene's text that is younger than its file.
+struct YoungerCopy {
+  std::shared_ptr<clsScene> scene;
+  FileObject copy;
+};
+
+/// Those whose words differ from the scene's, in the order of the scenes: what was typed and never reached the scene's
+/// file. Copies that were kept of a text that was to be replaced are passed over.
+QList<YoungerCopy> youngerCopies(const clsProject& project);
+
+/// Erases a file below the folder of backups, and no other, wherever links lead. False, and logged, when it is still
+/// there.
+bool deleteBackup(const clsProject& project, const QString& path);
+
+/// One file in an archive.
+struct ArchivedFile {
+  /// With its folders, parted by "/".
+  QString name;
+  QDateTime date;
+  qint64 size = 0;
+};
+
+struct ArchiveListing {
+  QList<ArchivedFile> files;
+  /// Why the archive can't be read, as it may be told to the user; empty when it could.
+  QString failure;
+};
+
+ArchiveListing filesInBackup(const QString& archive);
+
+struct RestoredFile {
+  QByteArray content;
+  /// Why there is none, as it may be told to the user; empty when there is.
+  QString failure;
+};
+
+/// The content of one file in an archive, by its whole name; its checksum is compared. Nothing is written.
+RestoredFile restoreFromBackup(const QString& archive, const QString& name);
