@@ -11,7 +11,6 @@
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
-#include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/toolkit/WindowSettings.h"
@@ -20,12 +19,10 @@
 #include "gui/views/TextObjects.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGridLayout>
 #include <QKeyEvent>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -36,7 +33,7 @@
 using namespace Qt::StringLiterals;
 
 // The window itself: its parts, its place on the screen, its life. What passes between it and the scene is in
-// frmEditorBinding.cpp, the way to other scenes in frmEditorMoves.cpp.
+// frmEditorBinding.cpp, the way to other scenes in frmEditorMoves.cpp, its menus in frmEditorMenus.cpp.
 
 namespace {
 
@@ -54,7 +51,7 @@ constexpr qreal kTextMargin = 10;
 frmEditor::frmEditor() {
   setObjectName(u"frmEditor"_s);
   setWindowIcon(icon("quillane"));
-  createActions();
+  createMenus();
   buildLayout();
   connectSignals();
   connectMoves();
@@ -64,38 +61,6 @@ frmEditor::frmEditor() {
 }
 
 frmEditor::~frmEditor() = default;
-
-void frmEditor::createActions() {
-  const auto addMenu = [this](const char* name, const QString& caption) {
-    QMenu* const menu = menuBar()->addMenu(caption);
-    menu->setObjectName(QString::fromLatin1(name));
-    return menu;
-  };
-  const auto add = [this](QMenu* menu, const char* name, const QString& caption, auto run) {
-    QAction* const action = menu->addAction(caption);
-    action->setObjectName(QString::fromLatin1(name));
-    connect(action, &QAction::triggered, this,
-            [handler = QByteArray(name) + "_Click", run] { Guard(handler.constData(), kModule)(run); });
-    return action;
-  };
-  QMenu* const file = addMenu("mnuFile", u"File"_s);
-  add(file, "mnuSave", u"Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
-  add(file, "mnuSaveAndExit", u"Save && Exit"_s, [this] {
-    if (saveWhole()) {
-      ExitForm();
-    }
-  });
-  file->addSeparator();
-  add(file, "mnuExit", u"Close"_s, [this] { closeForm(); });
-  QMenu* const tools = addMenu("mnuTools", u"Tools"_s);
-  add(tools, "mnuOpenNote", u"Open note or link"_s, [this] {
-    mnuOpenNote_Click();
-  })->setShortcut(QKeySequence(u"Ctrl+Return"_s));
-  add(tools, "mnuTop20", u"Show word usage"_s, [this] { mnuTop20_Click(); });
-  assignMnemonics(menuBar()->actions());
-  assignMnemonics(file->actions());
-  assignMnemonics(tools->actions());
-}
 
 void frmEditor::buildLayout() {
   txtMain = new RichTextBox(this);

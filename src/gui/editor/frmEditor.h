@@ -15,7 +15,9 @@
 class EditorStatusBar;
 class EditorTabStrip;
 class FontBar;
+class QAction;
 class QEventLoop;
+class QMenu;
 class QPushButton;
 class QToolButton;
 class RichTextBox;
@@ -64,7 +66,12 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void createActions();
+  void createMenus();
+  void createFileMenu();
+  void createToolsMenu();
+  QMenu* addMenu(const QString& name, const QString& caption);
+  /// What runs is guarded under the entry's name.
+  QAction* addEntry(QMenu* menu, const QString& name, const QString& caption, std::function<void()> run);
   void buildLayout();
   QWidget* buildBars();
   QWidget* buildLowerPart();
