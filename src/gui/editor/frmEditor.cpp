@@ -53,6 +53,7 @@ frmEditor::frmEditor() {
   setWindowIcon(icon("quillane"));
   createMenus();
   buildLayout();
+  connectUndo();
   connectSignals();
   connectMoves();
   connectCharacters();

@@ -22,6 +22,7 @@ class QPushButton;
 class QToolButton;
 class RichTextBox;
 class SceneNavigator;
+class TextHistory;
 class TextObjects;
 class ViewpointBox;
 class clsScene;
@@ -68,6 +69,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
  private:
   void createMenus();
   void createFileMenu();
+  void createEditMenu();
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
   /// What runs is guarded under the entry's name.
@@ -90,6 +92,13 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void showHint(const QString& text);
 
   void ShowScene();
+  void createUndoEntries(QMenu* edit);
+  void connectUndo();
+  /// What of undo and redo there is to do; while the menu is up also in a field.
+  void showUndo(bool exactly);
+  void mnuUndo_Click();
+  void mnuRedo_Click();
+
   void showPlace(clsScene& scene);
   void DataToForm(qint32 id, bool loadText);
   void loadMainText(const clsScene& scene);
@@ -153,6 +162,9 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
   RichTextBox* txtMain = nullptr;
   TextObjects* objects_ = nullptr;
+  TextHistory* history_ = nullptr;
+  QAction* mnuUndo_ = nullptr;
+  QAction* mnuRedo_ = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QToolButton* cmdHide = nullptr;

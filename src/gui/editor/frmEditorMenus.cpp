@@ -18,6 +18,7 @@ constexpr auto kModule = "frmEditor";
 
 void frmEditor::createMenus() {
   createFileMenu();
+  createEditMenu();
   createToolsMenu();
   assignMnemonics(menuBar()->actions());
   for (const QAction* const menu : menuBar()->actions()) {
@@ -49,6 +50,11 @@ void frmEditor::createFileMenu() {
   });
   file->addSeparator();
   addEntry(file, u"mnuExit"_s, u"Close"_s, [this] { closeForm(); });
+}
+
+void frmEditor::createEditMenu() {
+  QMenu* const edit = addMenu(u"mnuEdit"_s, u"Edit"_s);
+  createUndoEntries(edit);
 }
 
 void frmEditor::createToolsMenu() {

@@ -107,6 +107,12 @@ class RichTextBox : public QTextEdit {
   /// given or, negated, are not.
   void Span(const QString& characters, bool forward, bool negate);
 
+  /// What the work does is one change: Changed is emitted once, behind it.
+  void asOneChange(const std::function<void()>& work);
+  /// While an input method puts a text together, none of which is in the text yet: a number that no other such text
+  /// has. 0 otherwise.
+  int composition() const { return composition_; }
+
   quint32 BackColor() const;
   /// A number with the top bit set is the palette's own colour.
   void setBackColor(quint32 colour);
@@ -117,6 +123,10 @@ class RichTextBox : public QTextEdit {
  Q_SIGNALS:
   /// The text or its formatting was changed, by the user or by a setSel... function other than setSelColor.
   void Changed();
+  /// Another document stands here.
+  void loaded();
+  /// The document was altered, in its own positions, and not only by marks. Formats may stand as they stood.
+  void altered(int from, int removed, int added);
   /// A footnote, an endnote or a comment was asked for.
   void noteActivated(qsizetype position);
   /// A link was asked for: by Ctrl and a click, or from the keyboard. Nobody has looked at the address yet.
@@ -157,6 +167,7 @@ class RichTextBox : public QTextEdit {
   void tellOfCaret();
   void watch();
   void quietly(const std::function<void()>& work);
+  void marking(const std::function<void()>& work);
   void changed();
   const Plain& plain() const;
   int toDocument(qsizetype position) const;
@@ -179,4 +190,10 @@ class RichTextBox : public QTextEdit {
   InlineObjectView* objects_;
   std::optional<quint32> backColour_;
   int quiet_ = 0;
+  /// Only the looks of marks and of links change.
+  bool marking_ = false;
+  int together_ = 0;
+  bool changedTogether_ = false;
+  int composition_ = 0;
+  int lastComposition_ = 0;
 };
