@@ -123,6 +123,7 @@ void RichTextBox::load(const RichText& text) {
   hasOwnLooks_ = RichTextDocument::hasOwnLooks(text);
   loaded_ = text;
   plain_.reset();
+  Q_EMIT Loaded();
 }
 
 void RichTextBox::watch() {

@@ -112,6 +112,10 @@ class RichTextBox : public QTextEdit {
   /// given or, negated, are not.
   void Span(const QString& characters, bool forward, bool negate);
 
+  /// Positions as the document counts them, in which a line end is one, and back.
+  int toDocument(qsizetype position) const;
+  qsizetype fromDocument(int position) const;
+
   quint32 BackColor() const;
   /// A number with the top bit set is the palette's own colour.
   void setBackColor(quint32 colour);
@@ -120,6 +124,8 @@ class RichTextBox : public QTextEdit {
   void setLocked(bool locked);
 
  Q_SIGNALS:
+  /// Another text was loaded: document() is another one.
+  void Loaded();
   /// The text or its formatting was changed, by the user or by a setSel... function other than setSelColor.
   void Changed();
   /// A footnote, an endnote or a comment was asked for.
@@ -165,8 +171,6 @@ class RichTextBox : public QTextEdit {
   void quietly(const std::function<void()>& work);
   void changed();
   const Plain& plain() const;
-  int toDocument(qsizetype position) const;
-  qsizetype fromDocument(int position) const;
   QTextCursor cursorOver(qsizetype start, qsizetype length) const;
   QTextCharFormat selectedFormat() const;
   void mergeSelected(const QTextCharFormat& change);
