@@ -12,8 +12,10 @@
 #include <memory>
 #include <optional>
 
+class EditorFind;
 class EditorStatusBar;
 class EditorTabStrip;
+class FieldClipboard;
 class FontBar;
 class QAction;
 class QEventLoop;
@@ -70,6 +72,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void createMenus();
   void createFileMenu();
   void createEditMenu();
+  void createRightClickMenu();
+  void followClipboard(QMenu& menu);
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
   /// What runs is guarded under the entry's name.
@@ -165,6 +169,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   TextHistory* history_ = nullptr;
   QAction* mnuUndo_ = nullptr;
   QAction* mnuRedo_ = nullptr;
+  EditorFind* find_ = nullptr;
+  FieldClipboard* clipboard_ = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QToolButton* cmdHide = nullptr;

@@ -1,36 +1,15 @@
+#include "gui/editor/FieldClipboard.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/TextHistory.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QMenu>
-#include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
 
-// Undo and redo: of the text, and of the other fields while one of them is being written in.
-
-namespace {
-
-QLineEdit* lineIn(QWidget* control) {
-  const auto* const combo = qobject_cast<QComboBox*>(control);
-  auto* const line = combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(control);
-  return line != nullptr && !line->isReadOnly() ? line : nullptr;
-}
-
-QPlainTextEdit* memoIn(QWidget* control) {
-  auto* const memo = qobject_cast<QPlainTextEdit*>(control);
-  return memo != nullptr && !memo->isReadOnly() ? memo : nullptr;
-}
-
-bool isField(QWidget* control) {
-  return lineIn(control) != nullptr || memoIn(control) != nullptr;
-}
-
-}  // namespace
+// Undo and redo: of the text, and of another field while that is being written in.
 
 void frmEditor::createUndoEntries(QMenu* edit) {
   mnuUndo_ = addEntry(edit, u"mnuUndo"_s, u"Undo"_s, [this] { mnuUndo_Click(); });
@@ -47,38 +26,28 @@ void frmEditor::connectUndo() {
   showUndo(false);
 }
 
-/// A field tells only when it is asked what it can do; until then its keys stay alive.
+/// A field tells what it can do only when it is asked; until then its keys stay alive.
 void frmEditor::showUndo(bool exactly) {
-  QWidget* const control = focusWidget();
-  bool canUndo = history_->canUndo();
-  bool canRedo = history_->canRedo();
-  if (isField(control)) {
-    const auto* const line = lineIn(control);
-    const auto* const memo = memoIn(control);
-    canUndo = !exactly || (line != nullptr ? line->isUndoAvailable() : memo->document()->isUndoAvailable());
-    canRedo = !exactly || (line != nullptr ? line->isRedoAvailable() : memo->document()->isRedoAvailable());
+  if (clipboard_->writesInField()) {
+    mnuUndo_->setEnabled(!exactly || clipboard_->canUndo());
+    mnuRedo_->setEnabled(!exactly || clipboard_->canRedo());
+  } else {
+    mnuUndo_->setEnabled(history_->canUndo());
+    mnuRedo_->setEnabled(history_->canRedo());
   }
-  mnuUndo_->setEnabled(canUndo);
-  mnuRedo_->setEnabled(canRedo);
 }
 
 void frmEditor::mnuUndo_Click() {
-  QWidget* const control = focusWidget();
-  if (auto* const line = lineIn(control)) {
-    line->undo();
-  } else if (auto* const memo = memoIn(control)) {
-    memo->undo();
+  if (clipboard_->writesInField()) {
+    clipboard_->undo();
   } else {
     history_->undo();
   }
 }
 
 void frmEditor::mnuRedo_Click() {
-  QWidget* const control = focusWidget();
-  if (auto* const line = lineIn(control)) {
-    line->redo();
-  } else if (auto* const memo = memoIn(control)) {
-    memo->redo();
+  if (clipboard_->writesInField()) {
+    clipboard_->redo();
   } else {
     history_->redo();
   }

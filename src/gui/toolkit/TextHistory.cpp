@@ -17,7 +17,7 @@ constexpr qsizetype kLongText = 1000;
 
 TextHistory::TextHistory(RichTextBox& box, std::function<RichTextBox::Colour()> textColour)
     : QObject(&box), box_(box), textColour_(std::move(textColour)) {
-  connect(&box, &RichTextBox::loaded, this, &TextHistory::startOver);
+  connect(&box, &RichTextBox::Loaded, this, &TextHistory::startOver);
   connect(&box, &RichTextBox::altered, this, &TextHistory::takeUp);
   connect(&box, &RichTextBox::Changed, this, &TextHistory::PushUndoState);
   clear();

@@ -236,7 +236,7 @@ TEST(TextHistoryTest, WhatAnInputMethodPutsTogetherIsOneStepAndNothingBeforeItIs
 TEST(TextHistoryTest, AChapterThatIsCutAndPutBackAgainAndAgainIsHeldOnce) {
   Written written{RichText::fromPlain(QString(u"A line of a long chapter.\r\n"_s).repeated(4000))};
   const RichText chapter = written.now();
-  for (int turn = 0; turn < 20; ++turn) {
+  for (int turn = 0; turn < 8; ++turn) {
     written.box.selectAll();
     written.box.setSelText({});
     written.changed();
@@ -245,7 +245,7 @@ TEST(TextHistoryTest, AChapterThatIsCutAndPutBackAgainAndAgainIsHeldOnce) {
     written.box.setSelBold(!written.box.SelBold());
     written.changed();
   }
-  for (int step = 0; step < 30; ++step) {
+  for (int step = 0; step < 12; ++step) {
     written.undo();
     ASSERT_NO_FATAL_FAILURE(written.expectState(std::to_string(step)));
   }
