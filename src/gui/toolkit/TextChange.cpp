@@ -6,6 +6,7 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -54,62 +55,117 @@ qsizetype sameLooksBehind(const Part& a, const Part& b, qsizetype limit) {
   return limit;
 }
 
-/// What differs between two parts, found from the back, so that of several like letters the one at `sure` is the one
-/// that came or went: up to there nothing has changed.
-void addHunk(std::vector<TextChange::Hunk>& hunks, Part was, Part is, qsizetype sure, qsizetype origin) {
-  const qsizetype limit = std::max<qsizetype>(0, qMin(was.size(), is.size()) - sure);
-  qsizetype behind = sameLettersBehind(was.text().last(limit), is.text().last(limit));
-  behind = sameLooksBehind(was, is, behind);
-  if (behind > 0 && was.text()[was.size() - behind].isLowSurrogate()) {
-    --behind;
-  }
-  was.to -= behind;
-  is.to -= behind;
-  const qsizetype rest = qMin(was.size(), is.size());
-  qsizetype front = sameLettersInFront(was.text().first(rest), is.text().first(rest));
-  front = sameLooksInFront(was, is, front);
-  if (front > 0 && was.text()[front - 1].isHighSurrogate()) {
-    --front;
-  }
-  was.from += front;
-  is.from += front;
-  if (was.size() == 0 && is.size() == 0) {
-    return;
-  }
-  const bool sameLetters = was.text() == is.text();
-  hunks.push_back({origin + is.from, is.size(), sameLetters ? QString() : was.text().toString(),
-                   cutOut(was.stretch.letters, was.from, was.to)});
-}
+/// Takes down what differs between two stretches, the later one beginning at this place.
+class Differences {
+ public:
+  Differences(TextChange& change, const TextStretch& was, const TextStretch& is, qsizetype origin)
+      : change_(change), was_(was), is_(is), origin_(origin) {}
 
-qsizetype endOfParagraph(const QString& text, qsizetype from) {
-  const qsizetype found = text.indexOf(QChar(QChar::ParagraphSeparator), from);
-  return found < 0 ? text.size() : found;
-}
-
-bool partsParagraphs(const TextChange::Hunk& hunk, const TextStretch& is, qsizetype origin) {
-  const auto now = QStringView(is.text).sliced(hunk.at - origin, hunk.length);
-  return hunk.text.contains(QChar(QChar::ParagraphSeparator)) || now.contains(QChar(QChar::ParagraphSeparator));
-}
-
-/// Paragraph by paragraph where there are as many as before: what was replaced all over a text is small then.
-std::vector<TextChange::Hunk> hunksOf(const TextStretch& was, const TextStretch& is, qsizetype sure, qsizetype origin) {
-  std::vector<TextChange::Hunk> hunks;
-  if (was.text == is.text || was.blocks.size() != is.blocks.size()) {
-    addHunk(hunks, {was, 0, was.text.size()}, {is, 0, is.text.size()}, sure, origin);
-    return hunks;
+  /// Up to `sure` nothing has changed. Paragraph by paragraph where there are as many as before: what was replaced all
+  /// over a text is small then.
+  void find(qsizetype sure) {
+    if (was_.text == is_.text || was_.blocks.size() != is_.blocks.size()) {
+      add({was_, 0, was_.text.size()}, {is_, 0, is_.text.size()}, sure);
+      return;
+    }
+    Part was{was_, 0, 0};
+    Part is{is_, 0, 0};
+    for (size_t i = 0; i < is_.blocks.size(); ++i) {
+      was.to = endOfParagraph(was_.text, was.from);
+      is.to = endOfParagraph(is_.text, is.from);
+      addParagraph(was, is, qMin(sure, qMin(was.size(), is.size())));
+      sure = 0;
+      was.from = was.to + 1;
+      is.from = is.to + 1;
+    }
   }
-  qsizetype before = 0;
-  qsizetype now = 0;
-  for (size_t i = 0; i < is.blocks.size(); ++i) {
-    const Part wasBlock{was, before, endOfParagraph(was.text, before)};
-    const Part isBlock{is, now, endOfParagraph(is.text, now)};
-    addHunk(hunks, wasBlock, isBlock, qMin(sure, qMin(wasBlock.size(), isBlock.size())), origin);
-    sure = 0;
-    before = wasBlock.to + 1;
-    now = isBlock.to + 1;
+
+ private:
+  static qsizetype endOfParagraph(const QString& text, qsizetype from) {
+    const qsizetype found = text.indexOf(QChar(QChar::ParagraphSeparator), from);
+    return found < 0 ? text.size() : found;
   }
-  return hunks;
-}
+
+  /// Words that stay between others that change are found where all look the same.
+  void addParagraph(Part was, Part is, qsizetype sure) {
+    if (was_.blocks.size() == 1 || !looksAlike(was, is)) {
+      add(was, is, sure);
+      return;
+    }
+    while (was.size() > 0 || is.size() > 0) {
+      const qsizetype same = sameLettersInFront(was.text(), is.text());
+      was.from += same;
+      is.from += same;
+      const auto [skipWas, skipIs] = nextAgreement(was.text(), is.text());
+      add({was_, was.from, was.from + skipWas}, {is_, is.from, is.from + skipIs}, 0);
+      was.from += skipWas;
+      is.from += skipIs;
+    }
+  }
+  static bool looksAlike(const Part& was, const Part& is) {
+    const Spans a = cutOut(was.stretch.letters, was.from, was.to);
+    const Spans b = cutOut(is.stretch.letters, is.from, is.to);
+    return a.count() == 1 && b.count() == 1 && a[0].format == b[0].format;
+  }
+  /// How much of both differs until they agree again, to their ends if they don't within a short way.
+  static std::pair<qsizetype, qsizetype> nextAgreement(QStringView was, QStringView is) {
+    constexpr qsizetype kFarthest = 48;
+    constexpr qsizetype kAgreed = 5;
+    for (qsizetype both = 1; both <= kFarthest; ++both) {
+      for (qsizetype a = qMax<qsizetype>(0, both - is.size()); a <= qMin(both, was.size()); ++a) {
+        const QStringView restWas = was.sliced(a);
+        const QStringView restIs = is.sliced(both - a);
+        const bool agree = restWas.first(qMin(kAgreed, restWas.size())) == restIs.first(qMin(kAgreed, restIs.size()));
+        if (agree && (restWas.isEmpty() || !restWas[0].isLowSurrogate())) {
+          return {a, both - a};
+        }
+      }
+    }
+    return {was.size(), is.size()};
+  }
+
+  /// One hunk, found from the back, so that of several like letters the one at `sure` is the one that came or went.
+  void add(Part was, Part is, qsizetype sure) {
+    const qsizetype limit = std::max<qsizetype>(0, qMin(was.size(), is.size()) - sure);
+    qsizetype behind = sameLettersBehind(was.text().last(limit), is.text().last(limit));
+    behind = sameLooksBehind(was, is, behind);
+    if (behind > 0 && was.text()[was.size() - behind].isLowSurrogate()) {
+      --behind;
+    }
+    was.to -= behind;
+    is.to -= behind;
+    const qsizetype rest = qMin(was.size(), is.size());
+    qsizetype front = sameLettersInFront(was.text().first(rest), is.text().first(rest));
+    front = sameLooksInFront(was, is, front);
+    if (front > 0 && was.text()[front - 1].isHighSurrogate()) {
+      --front;
+    }
+    was.from += front;
+    is.from += front;
+    if (was.size() > 0 || is.size() > 0) {
+      takeDown(was, is);
+    }
+  }
+
+  void takeDown(const Part& was, const Part& is) {
+    const bool sameWords = was.text() == is.text();
+    change_.hunks.push_back(
+        {static_cast<int>(origin_ + is.from), static_cast<int>(is.size()), static_cast<int>(was.size()), sameWords});
+    if (!sameWords) {
+      change_.text += was.text();
+    }
+    const Spans looks = cutOut(was_.letters, was.from, was.to);
+    const qsizetype start = change_.letters.end();
+    for (qsizetype i = 0; i < looks.count(); ++i) {
+      change_.letters.pushMerged(start + looks[i].end, looks[i].format);
+    }
+  }
+
+  TextChange& change_;
+  const TextStretch& was_;
+  const TextStretch& is_;
+  qsizetype origin_;
+};
 
 bool sameStretch(const TextStretch& a, const TextStretch& b) {
   return a.text == b.text && a.blocks == b.blocks && a.letters.count() == b.letters.count() &&
@@ -128,18 +184,20 @@ class Restorer {
   Restorer(QTextCursor& cursor, LookTable& looks, RichTextBox::Colour colour, const QPalette& palette)
       : cursor_(cursor), looks_(looks), colour_(colour), palette_(palette) {}
 
-  void restore(const TextChange::Hunk& hunk) {
-    if (hunk.hasOtherLook()) {
-      for (qsizetype i = 0; i < hunk.letters.count(); ++i) {
-        const qsizetype start = hunk.letters.startOf(i);
-        select(cursor_, hunk.at + start, hunk.letters[i].end - start).setCharFormat(look(hunk.letters[i].format));
-      }
-      return;
+  /// The hunk's text and looks begin at these places.
+  void restore(const TextChange& change, const TextChange::Hunk& hunk, qsizetype textAt, qsizetype lookAt) {
+    const Spans looks = cutOut(change.letters, lookAt, lookAt + hunk.before);
+    if (!hunk.sameWords) {
+      select(cursor_, hunk.at, hunk.length).removeSelectedText();
     }
-    select(cursor_, hunk.at, hunk.length).removeSelectedText();
-    for (qsizetype i = 0; i < hunk.letters.count(); ++i) {
-      const qsizetype start = hunk.letters.startOf(i);
-      insert(QStringView(hunk.text).sliced(start, hunk.letters[i].end - start), look(hunk.letters[i].format));
+    for (qsizetype i = 0; i < looks.count(); ++i) {
+      const qsizetype start = looks.startOf(i);
+      const qsizetype length = looks[i].end - start;
+      if (hunk.sameWords) {
+        select(cursor_, hunk.at + start, length).setCharFormat(look(looks[i].format));
+      } else {
+        insert(QStringView(change.text).sliced(textAt + start, length), look(looks[i].format));
+      }
     }
   }
 
@@ -209,11 +267,11 @@ std::optional<TextChange> DocumentCopy::follow(const QTextDocument& document, in
 
   TextChange change;
   change.firstBlock = first.blockNumber();
-  change.hunks = hunksOf(was, is, qMax<qsizetype>(0, from - start), start);
-  const bool mayHaveChanged = was.blocks != is.blocks || was.text.isEmpty() || is.text.isEmpty() ||
-                              std::any_of(change.hunks.begin(), change.hunks.end(),
-                                          [&](const auto& hunk) { return partsParagraphs(hunk, is, start); });
-  if (mayHaveChanged) {
+  Differences(change, was, is, start).find(qMax<qsizetype>(0, from - start));
+  change.text.squeeze();
+  change.hunks.shrink_to_fit();
+  const bool staysInParagraphs = was.blocks == is.blocks && (was.blocks.size() == 1 || was.text != is.text);
+  if (!staysInParagraphs || was.text.isEmpty() || is.text.isEmpty()) {
     change.blocks = was.blocks;
   }
 
@@ -232,14 +290,19 @@ std::optional<TextChange> DocumentCopy::follow(const QTextDocument& document, in
 
 bool DocumentCopy::isWhatWasBefore(const TextChange& change) const {
   return change.hunks.size() == 1 && change.hunks[0].length == 0 &&
-         sameStretch({change.hunks[0].text, change.hunks[0].letters, change.blocks}, whole_);
+         sameStretch({change.text, change.letters, change.blocks}, whole_);
 }
 
 void putBack(QTextCursor cursor, const TextChange& change, LookTable& looks, RichTextBox::Colour colour,
              const QPalette& palette) {
   Restorer restorer(cursor, looks, colour, palette);
-  std::for_each(change.hunks.rbegin(), change.hunks.rend(),
-                [&](const TextChange::Hunk& hunk) { restorer.restore(hunk); });
+  qsizetype textAt = change.text.size();
+  qsizetype lookAt = change.letters.end();
+  std::for_each(change.hunks.rbegin(), change.hunks.rend(), [&](const TextChange::Hunk& hunk) {
+    textAt -= hunk.sameWords ? 0 : hunk.before;
+    lookAt -= hunk.before;
+    restorer.restore(change, hunk, textAt, lookAt);
+  });
   for (size_t i = 0; i < change.blocks.size(); ++i) {
     restorer.format(change.firstBlock + static_cast<int>(i), change.blocks[i]);
   }

@@ -9,17 +9,17 @@
 /// What a change of a document took away, and where it stood: enough to put it back. Positions are those behind the
 /// change.
 struct TextChange {
+  /// Small: what was replaced all over a text has thousands.
   struct Hunk {
-    qsizetype at;
-    qsizetype length;  ///< Of what stands there now.
-    QString text;      ///< What stood there. Nothing when the letters are the same and only look otherwise.
-    Spans letters;
-
-    bool hasOtherLook() const { return text.isEmpty() && letters.count() > 0; }
-    qsizetype lengthBefore() const { return letters.end(); }
+    int at;
+    int length;      ///< Of what stands there now.
+    int before;      ///< Of what stood there.
+    bool sameWords;  ///< They only looked otherwise; their text isn't kept.
   };
 
   std::vector<Hunk> hunks;  ///< In order, apart from each other.
+  QString text;             ///< What stood there, of one hunk behind the other.
+  Spans letters;            ///< Its looks, those of hunks without text too.
   int firstBlock = 0;
   std::vector<TextStretch::Block> blocks;  ///< How the paragraphs stood, when that may have changed.
 };

@@ -136,7 +136,7 @@ void TextHistory::placeCaret(const TextChange& change) {
   QTextCursor caret = box_.textCursor();
   if (!change.hunks.empty()) {
     const TextChange::Hunk& first = change.hunks.front();
-    caret.setPosition(static_cast<int>(first.at + first.lengthBefore()));
+    caret.setPosition(first.at + first.before);
   } else {
     caret.setPosition(box_.document()->findBlockByNumber(change.firstBlock).position());
   }
@@ -145,20 +145,16 @@ void TextHistory::placeCaret(const TextChange& change) {
 
 /// Cutting a chapter and putting it back, again and again, holds it once.
 void TextHistory::shareTexts(Step& step) {
-  const auto share = [](QString& text, const Step& with) {
-    for (const TextChange& change : with.changes) {
-      for (const TextChange::Hunk& hunk : change.hunks) {
-        if (hunk.text == text) {
-          text = hunk.text;
-          return;
-        }
-      }
-    }
-  };
   for (TextChange& change : step.changes) {
-    for (TextChange::Hunk& hunk : change.hunks) {
-      if (hunk.text.size() >= kLongText) {
-        std::for_each(UndoStack.begin(), UndoStack.end(), [&](const Step& with) { share(hunk.text, with); });
+    if (change.text.size() < kLongText) {
+      continue;
+    }
+    for (const Step& with : UndoStack) {
+      const auto same = std::find_if(with.changes.begin(), with.changes.end(),
+                                     [&](const TextChange& other) { return other.text == change.text; });
+      if (same != with.changes.end()) {
+        change.text = same->text;
+        break;
       }
     }
   }

@@ -130,6 +130,9 @@ void changeAnyhow(Written& written, QRandomGenerator& random) {
         box.setSelStart(0);
         box.setSelText(u"y"_s);
       });
+    case 12:
+      box.replaceAll(QString(QChar(u'a' + below(3))), below(2) == 0 ? u"b"_s : u"two "_s, Qt::CaseInsensitive);
+      return;
     default:
       return type(box, QString(QChar(u'a' + below(3))));
   }
