@@ -72,15 +72,20 @@ void layOut(const QTextEdit& box) {
   benchmark::DoNotOptimize(box.document()->size());
 }
 
-frmEditor* openEditor() {
-  g_Project->SceneByID(1)->Edit();
+frmEditor* shownEditor() {
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     if (auto* const editor = dynamic_cast<frmEditor*>(window)) {
-      layOut(*editor->findChild<RichTextBox*>(u"txtMain"_s));
       return editor;
     }
   }
   return nullptr;
+}
+
+frmEditor* openEditor() {
+  g_Project->SceneByID(1)->Edit();
+  frmEditor* const editor = shownEditor();
+  layOut(*editor->findChild<RichTextBox*>(u"txtMain"_s));
+  return editor;
 }
 
 void closeEditor(frmEditor* editor) {
@@ -144,6 +149,53 @@ void open(benchmark::State& state, const QString& text) {
   closeEditor(editor);
 }
 
+/// Waits until a text that can be written in has been painted, in whatever window comes.
+class TextPainted : public QObject {
+ public:
+  TextPainted() { qApp->installEventFilter(this); }
+  void wait() const {
+    while (!isPainted_) {
+      QCoreApplication::processEvents();
+    }
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const auto* const box = qobject_cast<QTextEdit*>(watched->parent());
+    isPainted_ = isPainted_ || (event->type() == QEvent::Paint && box != nullptr && !box->document()->isEmpty());
+    return false;
+  }
+
+ private:
+  bool isPainted_ = false;
+};
+
+/// Until the text is there to be read.
+void openPainted(benchmark::State& state, const QString& text) {
+  frmEditor* editor = openEditor();
+  const QSize size = editor->findChild<RichTextBox*>(u"txtMain"_s)->size();
+  std::unique_ptr<QTextEdit> bare;
+  comparePaired(
+      state, [&] { bare.reset(); },
+      [&] {
+        const TextPainted painted;
+        bare = std::make_unique<QTextEdit>();
+        bare->setFont(QFont(u"Arial"_s, 10));
+        bare->resize(size);
+        bare->setPlainText(text);
+        bare->show();
+        painted.wait();
+      },
+      [&] { closeEditor(editor); },
+      [&] {
+        const TextPainted painted;
+        g_Project->SceneByID(1)->Edit();
+        painted.wait();
+        editor = shownEditor();
+      });
+  closeEditor(editor);
+}
+
 void undo(benchmark::State& state, const QString& text) {
   Shown shown(text);
   comparePaired(
@@ -190,6 +242,7 @@ void addAll(const QString& text) {
   add("Key", key)->Iterations(400);
   add("Undo", undo)->Iterations(200);
   add("Open", open)->Iterations(15);
+  add("OpenPainted", openPainted)->Iterations(15);
   addMemory("Memory/letters", text, [](RichTextBox& pane, int step) {
     pane.setSelStart(step * 1000);
     press(pane, u"x"_s);

@@ -102,6 +102,7 @@ void TextHistory::joinLast(Step step) {
 void TextHistory::undo() {
   if (canUndo() && !box_.Locked()) {
     go(UndoPos - 1, UndoPos - 1);
+    Q_EMIT undone();
   }
 }
 

@@ -36,6 +36,8 @@ class TextHistory : public QObject {
  Q_SIGNALS:
   /// There is something to undo or to redo now, or no more.
   void availabilityChanged();
+  /// A step was taken back. Marks that lay over what stood there went with it.
+  void undone();
 
  private:
   /// In the order in which it happened.

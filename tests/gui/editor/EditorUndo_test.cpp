@@ -106,4 +106,22 @@ TEST_F(EditorUndoTest, AFieldThatIsWrittenInUndoesItsOwnWordsAndLeavesTheTextAlo
   EXPECT_NE(pane_->Text(), text) << "elsewhere in the window the keys are the text's";
 }
 
+TEST_F(EditorUndoTest, WhatAnInputMethodIsStillPuttingTogetherIsNeitherSavedNorCounted) {
+  pane_->moveCursor(QTextCursor::End);
+  QInputMethodEvent composing(u" ni hao"_s, {});
+  QCoreApplication::sendEvent(pane_, &composing);
+  EXPECT_FALSE(isEnabled("mnuUndo"));
+  EXPECT_FALSE(editor_->isWindowModified());
+  trigger(*editor_, "mnuSave");
+  EXPECT_EQ(textInFile(), u"One two three"_s);
+  EXPECT_EQ(panel(*editor_, 3), u"Scene: 3 words"_s);
+  QInputMethodEvent composed;
+  composed.setCommitString(u" 你好"_s);
+  QCoreApplication::sendEvent(pane_, &composed);
+  trigger(*editor_, "mnuSave");
+  EXPECT_EQ(textInFile(), u"One two three 你好"_s);
+  press(Qt::Key_Z);
+  EXPECT_EQ(pane_->Text(), u"One two three"_s);
+}
+
 }  // namespace
