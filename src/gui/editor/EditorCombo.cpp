@@ -15,13 +15,14 @@ bool movesTheChoice(int key) {
 
 EditorCombo::EditorCombo(const QString& name, const QString& spokenName, QWidget* parent) : QComboBox(parent) {
   setObjectName(name);
-  setSpokenName(spokenName);
+  setAccessibleName(spokenName);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 }
 
-void EditorCombo::setSpokenName(const QString& spokenName) {
-  setAccessibleName(spokenName);
-  view()->setAccessibleName(spokenName);
+// A list is made when it is first seen: the window has many, and most stay closed.
+void EditorCombo::showPopup() {
+  view()->setAccessibleName(accessibleName());
+  QComboBox::showPopup();
 }
 
 void EditorCombo::selectIndex(int index) {

@@ -7,11 +7,8 @@ class EditorCombo : public QComboBox {
   Q_OBJECT
 
  public:
-  /// Asks for a few letters' room, whatever it holds.
+  /// Asks for a few letters' room, whatever it holds. Box and list are spoken of by the box's accessible name.
   EditorCombo(const QString& name, const QString& spokenName, QWidget* parent = nullptr);
-
-  /// Box and list are spoken of by this name.
-  void setSpokenName(const QString& spokenName);
 
   /// An entry that stands for what has this ID.
   void addID(const QString& text, qint32 id) { addItem(text, id); }
@@ -23,6 +20,8 @@ class EditorCombo : public QComboBox {
   /// Selects the entry at an index: the first for -1, which is a value that was never set. One that the list doesn't
   /// reach selects none, so that whoever reads it back leaves the value alone.
   void selectIndex(int index);
+
+  void showPopup() override;
 
  protected:
   void wheelEvent(QWheelEvent* event) override;

@@ -88,7 +88,7 @@ void StatusTab::showNames() {
   cmbStatus->setCurrentIndex(chosen);
   for (size_t i = 0; i < kRatings; ++i) {
     lblFieldTitle[i]->setText(fieldTitle(i) + u':');
-    cmbFieldValue[i]->setSpokenName(fieldTitle(i).isEmpty() ? u"Rating %1"_s.arg(i + 1) : fieldTitle(i));
+    cmbFieldValue[i]->setAccessibleName(fieldTitle(i).isEmpty() ? u"Rating %1"_s.arg(i + 1) : fieldTitle(i));
   }
   int width = 0;
   for (const ElidedLabel* const name : lblFieldTitle) {

@@ -7,6 +7,7 @@
 #include "gui/views/NoteWindow.h"
 #include "gui/views/TextObjects.h"
 #include "support/ModalHelper.h"
+#include "support/WaitFor.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -76,6 +77,7 @@ TEST_F(TextObjectsTest, ANoteIsReadAndChangedInAWindowOfItsOwn) {
 TEST_F(TextObjectsTest, ANoteIsUndoneByItselfAndKeepsItsColours) {
   RichTextBox& pane = openWith("{\\rtf1{\\colortbl;\\red180\\green0\\blue0;}a{\\footnote one {\\cf1 red} word}b}");
   const WhenModal window([](QWidget& modal) {
+    EXPECT_TRUE(waitUntilActive(modal));
     RichTextBox& note = noteIn(modal);
     const RichText before = note.richText();
     const qsizetype red = note.Text().indexOf(u"red"_s);
