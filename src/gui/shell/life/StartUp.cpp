@@ -297,8 +297,21 @@ void StartUp::offerRescued() const {
   }
 }
 
+void StartUp::tellOfRescuedTexts() const {
+  const QString folder = Settings().sGet(u"RescuedTexts"_s).toString();
+  if (folder.isEmpty()) {
+    return;
+  }
+  Settings().DeleteSettingByName(u"RescuedTexts"_s);
+  toolkit().MsgBox(
+      u"The computer ended Quillane while the text of a scene could not be saved in its own place. It was kept in the "
+      u"folder\n"_s +
+      folder);
+}
+
 void StartUp::tellOfStart() const {
   offerRescued();
+  tellOfRescuedTexts();
   QStringList told;
   if (!notFound_.isEmpty()) {
     told += notFound_ + u" wasn't found."_s;

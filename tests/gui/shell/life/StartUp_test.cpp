@@ -198,6 +198,14 @@ TEST_F(StartUpTest, TellsWhenTheLastRunDidNotComeToItsEnd) {
   EXPECT_TRUE(logText().contains(u", The last run did not end properly\r\n"_s));
 }
 
+TEST_F(StartUpTest, TellsOnceOfTextsThatWereKeptElsewhere) {
+  writeSettings({u"RescuedTexts,"_s + folder.path(u"Rescue"_s)});
+  toolkit.expectBox(u"It was kept in the folder\n"_s + folder.path(u"Rescue"_s));
+  start();
+  window().EndAtOnce();
+  start();
+}
+
 TEST_F(StartUpTest, ASecondCopyLeavesTheLogOfTheFirstAlone) {
   const QString log = Paths::programFolder() + u"log.txt"_s;
   const QString own = Paths::programFolder() + u"log_copy.txt"_s;
