@@ -199,9 +199,7 @@ void StartUp::showStatusBar() const {
   main_.status().setVersion(version);
   main_.showTotal();
   const qint32 lastBackup = Numbers::ToInt(Settings().sGet(u"LastFullBackup"_s, 0));
-  // Only where there is something to follow the reminder with.
-  main_.status().setBackupReminder(main_.menus().isBuilt(u"mnuBackupProject"_s) &&
-                                   lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
+  main_.status().setBackupReminder(lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
   Logging().LogEvent(u"Quillane 4 startup: "_s + version);
 }
 
