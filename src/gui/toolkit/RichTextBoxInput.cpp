@@ -137,12 +137,14 @@ bool RichTextBox::endListAtCaret(const QKeyEvent& key) {
   const ParagraphFormat nextFormat = next.isValid() ? RichTextDocument::fromQt(next.blockFormat()) : ParagraphFormat();
   const bool listGoesOn = number > 1 && nextFormat.list.isNumbered() && nextFormat.list.start == 0 &&
                           nextFormat.list.level == selectedParagraph().list.level;
-  changeParagraphs([](ParagraphFormat& format) { format.list = {}; });
-  if (listGoesOn) {
-    setTextCursor(QTextCursor(next));
-    changeParagraphs([number](ParagraphFormat& format) { format.list.start = number; });
-    setTextCursor(cursor);
-  }
+  asOneChange([&] {
+    changeParagraphs([](ParagraphFormat& format) { format.list = {}; });
+    if (listGoesOn) {
+      setTextCursor(QTextCursor(next));
+      changeParagraphs([number](ParagraphFormat& format) { format.list.start = number; });
+      setTextCursor(cursor);
+    }
+  });
   return true;
 }
 
