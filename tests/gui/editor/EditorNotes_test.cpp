@@ -115,6 +115,8 @@ TEST_F(TextObjectsTest, WhereThereIsNothingToOpenTheWriterIsTold) {
   openWith(kWithNotes);
   openAtCaret(0);
   EXPECT_EQ(panel(*editor_, 4), u"There is no note or link at the caret"_s);
+  trigger(*editor_, "mnuExit");
+  deleteUnloaded();
   openWith("{\\rtf1{\\*\\bkmkstart here}a\\par}");
   openAtCaret(0);
   EXPECT_TRUE(panel(*editor_, 4).contains(u"here"_s)) << "what has no more than a name is told";
@@ -163,11 +165,13 @@ TEST_F(TextObjectsTest, AnEndThatAsksNothingKeepsWhatStandsInANoteOfANote) {
     QTest::keyClicks(&noteIn(outer), u"1"_s);
     const WhenModal nested([this, &outer](QWidget& inner) {
       ASSERT_NE(&inner, &outer);
+      EXPECT_TRUE(waitUntilActive(inner));
       QTest::keyClicks(&noteIn(inner), u"2"_s);
       editor_->SaveQuietly();
       QTest::keyClick(&inner, Qt::Key_S, Qt::ControlModifier);
     });
     Q_EMIT noteIn(outer).noteActivated(5);
+    EXPECT_TRUE(waitUntilActive(outer));
     QTest::keyClick(&outer, Qt::Key_Return, Qt::ControlModifier);
   });
   openAtCaret(1);
