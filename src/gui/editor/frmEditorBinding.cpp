@@ -113,7 +113,9 @@ void frmEditor::FormToData(clsScene& into) {
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
     into.setTextRTF(textToSave());
-    txtMain->setUnedited();
+    if (&into == scene().get()) {  // any other is a copy, and the scene still waits for the text
+      txtMain->setUnedited();
+    }
   }
   TimerWC.start(kWordCountMs);
 }
