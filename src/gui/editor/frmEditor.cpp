@@ -2,11 +2,13 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/SceneNavigator.h"
+#include "gui/editor/TextMarkLayer.h"
 #include "gui/editor/ViewpointBox.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -68,6 +70,8 @@ void frmEditor::buildLayout() {
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
+  marks_ = new TextMarkLayer(*txtMain);
+  characters_ = new CharacterMarks(*txtMain, *marks_);
   auto* upper = new QWidget(this);
   auto* upperLayout = new QVBoxLayout(upper);
   upperLayout->setContentsMargins(0, 0, 0, 0);

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+class CharacterMarks;
 class EditorStatusBar;
 class EditorTabStrip;
 class FontBar;
@@ -22,6 +23,7 @@ class QPushButton;
 class QToolButton;
 class RichTextBox;
 class SceneNavigator;
+class TextMarkLayer;
 class TextObjects;
 class ViewpointBox;
 class clsScene;
@@ -126,6 +128,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void retire();
   void EditChar(qint32 id, qint32 tab);
   void cmdAddChar_Click();
+  void mnuChar_Click(bool highlight);
   /// Null once the scene has left the book: its ID may be another one's by then, or another book's.
   std::shared_ptr<clsScene> scene() const;
 
@@ -153,6 +156,9 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
   RichTextBox* txtMain = nullptr;
   TextObjects* objects_ = nullptr;
+  TextMarkLayer* marks_ = nullptr;
+  CharacterMarks* characters_ = nullptr;
+  QAction* mnuChar = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QToolButton* cmdHide = nullptr;

@@ -12,6 +12,7 @@
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
@@ -62,6 +63,7 @@ void frmEditor::EditScene(qint32 id) {
 void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
   txtMain->setSelStart(0);
+  MarkCharacters();
   setDirty(false);
 }
 
@@ -180,8 +182,13 @@ void frmEditor::mnuTop20_Click() {
 }
 
 void frmEditor::mnuOpenNote_Click() {
-  if (!txtMain->openAtCaret()) {
-    showHint(u"There is no note or link at the caret"_s);
+  if (txtMain->openAtCaret()) {
+    return;
+  }
+  if (const qint32 id = characters_->characterAt(txtMain->SelStart()); id != 0) {
+    EditChar(id, 0);
+  } else {
+    showHint(u"There is no note, link or marked name at the caret"_s);
   }
 }
 
@@ -215,6 +222,7 @@ bool frmEditor::SaveChanges(bool) {
   setCaption(saved->Title);
   TabStrip1->TabIcons();
   ShowSceneWordCount();
+  MarkCharacters();
   TabStrip1->refresh(*saved);
   savedChanges_ = true;
   if (Changed) {
@@ -328,7 +336,3 @@ void frmEditor::closeForm() {
 }
 
 void frmEditor::setCurrentSearchString(const QString&) {}
-
-void frmEditor::MarkCharacters() {}
-
-void frmEditor::UnmarkCharacters() {}

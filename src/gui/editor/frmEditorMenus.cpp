@@ -53,8 +53,11 @@ void frmEditor::createFileMenu() {
 
 void frmEditor::createToolsMenu() {
   QMenu* const tools = addMenu(u"mnuTools"_s, u"Tools"_s);
-  addEntry(tools, u"mnuOpenNote"_s, u"Open note or link"_s, [this] {
+  addEntry(tools, u"mnuOpenNote"_s, u"Open note, link or name"_s, [this] {
     mnuOpenNote_Click();
   })->setShortcut(QKeySequence(u"Ctrl+Return"_s));
+  mnuChar =
+      addEntry(tools, u"mnuChar"_s, u"Highlight known characters"_s, [this] { mnuChar_Click(mnuChar->isChecked()); });
+  mnuChar->setCheckable(true);
   addEntry(tools, u"mnuTop20"_s, u"Show word usage"_s, [this] { mnuTop20_Click(); });
 }
