@@ -13,6 +13,7 @@
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
 #include "gui/editor/CharacterMarks.h"
+#include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
@@ -303,6 +304,7 @@ bool frmEditor::AskIfSave() {
 void frmEditor::ExitForm() {
   TimerWC.stop();
   leaving_ = true;
+  find_->close();
   if (!Finished) {
     // Nobody is left to unload the window.
     Unload();
@@ -335,4 +337,6 @@ void frmEditor::closeForm() {
   }
 }
 
-void frmEditor::setCurrentSearchString(const QString&) {}
+void frmEditor::setCurrentSearchString(const QString& text) {
+  find_->search(text);
+}

@@ -58,6 +58,11 @@ class RichTextBox : public QTextEdit {
   QString SelText() const;
   /// Takes the place of the selection, in the format of its first character; the caret goes behind it.
   void setSelText(const QString& text);
+  /// Puts `with` in the place of every match, from the front and none overlapping, each in the format of its first
+  /// character; what comes in isn't searched. One change, and none without a match. The caret stays where it stands in
+  /// the text, nothing is selected then. Returns the number of matches; an empty `find`, and one with an object's sign
+  /// in it, has none.
+  qsizetype replaceAll(const QString& find, const QString& with, Qt::CaseSensitivity caseSensitivity);
   QByteArray SelRTF() const;
   RichText SelRichText() const;
   /// Takes the place of the selection with its formats, as RichText::replace does; the caret goes behind it.
@@ -158,6 +163,7 @@ class RichTextBox : public QTextEdit {
   void refreshLooks(int from, int to);
   int characterAt(QPoint inViewport) const;
   CharFormat formatOfCharacter(int documentPosition) const;
+  QTextCharFormat formatInPlaceOf(int documentPosition) const;
   static QString describe(const CharFormat& format);
   bool activate(int documentPosition);
   void tellOfCaret();
