@@ -99,10 +99,10 @@ void frmEditor::tellLosses() {
                                : QString());
 }
 
-QByteArray frmEditor::textToSave() const {
+RichText frmEditor::cleanText() const {
   RichText text = txtMain->namedRichText();
   ResetFontColour(text, colours_.textColour());
-  return writeRtf(text);
+  return text;
 }
 
 void frmEditor::FormToData(clsScene& into) {
@@ -111,7 +111,7 @@ void frmEditor::FormToData(clsScene& into) {
   TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
-    into.setTextRTF(textToSave());
+    into.setTextRTF(writeRtf(cleanText()));
     txtMain->setUnedited();
   }
   TimerWC.start(kWordCountMs);
@@ -274,8 +274,8 @@ void frmEditor::keepWithoutBook() {
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.
-bool frmEditor::saveWhole() {
-  if (!SaveChanges(false)) {
+bool frmEditor::saveWhole(bool spellCheck) {
+  if (!SaveChanges(spellCheck)) {
     return false;
   }
   if (Dirty && !scene()->SaveFailure().isEmpty()) {
