@@ -35,6 +35,7 @@ class EditorTabStrip : public QTabWidget {
   void changed();
   void titleChanged(const QString& title);
   void characterWanted(qint32 id);
+  void castWanted(const QList<qint32>& ids, bool inScene);
 
  private:
   template <class Tab>

@@ -135,6 +135,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void retire();
   void EditChar(qint32 id, qint32 tab);
   void cmdAddChar_Click();
+  /// Who is in the scene is saved at once, apart from the text.
+  void changeCast(const QList<qint32>& ids, bool inScene);
   void mnuChar_Click(bool highlight);
   bool hasPlaceInBook();
   /// In its chapter: behind this scene, or at the end.

@@ -1,6 +1,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/model/StoryMoves.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/Cast.h"
@@ -33,6 +34,8 @@ void frmEditor::connectCharacters() {
   connect(viewpoint_, &ViewpointBox::addCharWanted, this,
           guarded("cmdAddChar_Click", kModule, this, &frmEditor::cmdAddChar_Click));
   connect(TabStrip1, &EditorTabStrip::characterWanted, this, guarded("ListChar_DblClick", kModule, edit));
+  connect(TabStrip1, &EditorTabStrip::castWanted, this,
+          guarded("ListChar_OLEDragDrop", kModule, this, &frmEditor::changeCast));
   connect(characters_, &CharacterMarks::characterWanted, this, guarded("txtMain_DblClick", kModule, edit));
 }
 
@@ -50,6 +53,30 @@ void frmEditor::FindInCombos(clsScene& of) {
 void frmEditor::UpdateCombos() {
   if (const auto shown = scene()) {
     FindInCombos(*shown);
+  }
+}
+
+void frmEditor::changeCast(const QList<qint32>& ids, bool inScene) {
+  const auto changed = scene();
+  if (!changed || g_Project->IsBusy()) {
+    showHint(changed ? u"The project is being loaded or saved"_s : u"This scene isn't in the open project any more"_s);
+    return;
+  }
+  inScene ? StoryMoves::addToScene(*changed, CastKind::Character, ids)
+          : StoryMoves::removeFromScene(*changed, CastKind::Character, ids);
+  changed->Save(false, false);
+  const QPointer<frmEditor> alive(this);
+  // Why it could not be saved is told by the save.
+  const bool saved = g_Project->HasPlace() && g_Project->SaveQN4(false);
+  g_Project->UpdateCombosInEditorWindows();
+  if (!alive) {
+    return;
+  }
+  if (!saved) {
+    showHint(g_Project->ReadOnly() ? u"Read-only: changed, but not saved"_s : u"Changed, but not saved yet"_s);
+  }
+  if (Changed && !saved) {
+    Changed();
   }
 }
 

@@ -35,6 +35,10 @@ class CharacterMarksTest : public EditorTest {
       return changed;
     };
   }
+  void TearDown() override {
+    entityDialogs() = {};
+    EditorTest::TearDown();
+  }
 
   void openWith(const QByteArray& text) {
     scene()->setTextRTF(simpleRtf(text));
