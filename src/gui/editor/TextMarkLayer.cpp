@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Told colours; what is shown is their counterpart on the pane's ground.
@@ -82,6 +84,7 @@ TextMarks ofKind(const TextMarks& marks, TextMark::Kind kind) {
 TextMarkLayer::TextMarkLayer(RichTextBox& pane) : QObject(&pane), pane_(pane) {
   pane.installEventFilter(this);
   connect(&pane, &RichTextBox::Loaded, this, &TextMarkLayer::watch);
+  connect(&pane, &RichTextBox::cursorPositionChanged, this, &TextMarkLayer::tellOfCaret);
   watch();
 }
 
@@ -134,14 +137,18 @@ TextMarks TextMarkLayer::marks() const {
   return placed;
 }
 
-std::optional<TextMark> TextMarkLayer::markAt(qsizetype position) const {
-  const qsizetype at = pane_.toDocument(position);
+std::optional<TextMark> TextMarkLayer::shownAt(qsizetype position) const {
   std::optional<TextMark> found;
-  for (const TextMark& mark : shownBetween(at - 1, at + 1)) {
-    if (mark.start <= at && at <= mark.end()) {
+  for (const TextMark& mark : shownBetween(position - 1, position + 1)) {
+    if (mark.start <= position && position <= mark.end()) {
       found = mark;  // the later of two that meet here
     }
   }
+  return found;
+}
+
+std::optional<TextMark> TextMarkLayer::markAt(qsizetype position) const {
+  std::optional<TextMark> found = shownAt(pane_.toDocument(position));
   if (found) {
     const qsizetype end = pane_.fromDocument(static_cast<int>(found->end()));
     found->start = pane_.fromDocument(static_cast<int>(found->start));
@@ -153,6 +160,15 @@ std::optional<TextMark> TextMarkLayer::markAt(qsizetype position) const {
 std::optional<TextMark::Kind> TextMarkLayer::kindAt(qsizetype position) const {
   const auto mark = markAt(position);
   return mark ? std::optional(mark->kind) : std::nullopt;
+}
+
+/// A screen reader hears what the eye sees by a colour. The pane has told of objects and links by now.
+void TextMarkLayer::tellOfCaret() {
+  const auto mark = shownAt(pane_.textCursor().position());
+  if (mark && pane_.accessibleDescription().isEmpty()) {
+    pane_.setAccessibleDescription(mark->kind == TextMark::Kind::Name ? u"Name of a character"_s
+                                                                      : u"Not in the dictionary"_s);
+  }
 }
 
 /// What has become what. The document tells of a stretch that holds all that changed, be it only in its looks.

@@ -53,9 +53,12 @@ class TextMarkLayer : public QObject {
   void follow(int from, int removed, int added);
   Change takeUp(int from, int removed, int added);
   TextMarks shownBetween(qsizetype from, qsizetype to) const;
+  /// In positions of the document.
+  std::optional<TextMark> shownAt(qsizetype position) const;
   void layAll();
   void lay(int from, int to);
   bool layBlock(const QTextBlock& block) const;
+  void tellOfCaret();
   QTextLayout::FormatRange rangeOf(const TextMark& mark) const;
 
   RichTextBox& pane_;
