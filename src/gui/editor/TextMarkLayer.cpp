@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -85,6 +86,7 @@ TextMarkLayer::TextMarkLayer(RichTextBox& pane) : QObject(&pane), pane_(pane) {
   pane.installEventFilter(this);
   connect(&pane, &RichTextBox::Loaded, this, &TextMarkLayer::watch);
   connect(&pane, &RichTextBox::cursorPositionChanged, this, &TextMarkLayer::tellOfCaret);
+  chooseLooks();
   watch();
 }
 
@@ -232,10 +234,9 @@ void TextMarkLayer::lay(int from, int to) {
   }
 }
 
-QTextLayout::FormatRange TextMarkLayer::rangeOf(const TextMark& mark) const {
-  QTextCharFormat format;
-  format.setForeground(Colours::readable(mark.kind == TextMark::Kind::Name ? kName : kMisspelling, pane_.palette()));
-  return {static_cast<int>(mark.start), static_cast<int>(mark.length), format};
+void TextMarkLayer::chooseLooks() {
+  misspellingLook_.setForeground(Colours::readable(kMisspelling, pane_.palette()));
+  nameLook_.setForeground(Colours::readable(kName, pane_.palette()));
 }
 
 /// False when the block shows its marks already. Letters that an input method composes have looks of their own there.
@@ -256,7 +257,8 @@ bool TextMarkLayer::layBlock(const QTextBlock& block) const {
   for (const TextMark& mark : shownBetween(start, end)) {
     const qsizetype from = std::max<qsizetype>(mark.start, start) - start;
     const qsizetype to = std::min<qsizetype>(mark.end(), end) - start;
-    QTextLayout::FormatRange range = rangeOf({from, to - from, mark.kind});
+    QTextLayout::FormatRange range{static_cast<int>(from), static_cast<int>(to - from),
+                                   mark.kind == TextMark::Kind::Name ? nameLook_ : misspellingLook_};
     if (composedLength > 0 && range.start >= composed) {
       range.start += composedLength;
     } else if (composedLength > 0 && range.start + range.length > composed) {
@@ -272,7 +274,8 @@ bool TextMarkLayer::layBlock(const QTextBlock& block) const {
 }
 
 bool TextMarkLayer::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::PaletteChange && !isEmpty()) {
+  if (event->type() == QEvent::PaletteChange) {
+    chooseLooks();
     layAll();
   }
   return QObject::eventFilter(watched, event);

@@ -4,7 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QTextLayout>
+#include <QTextCharFormat>
 
 #include <optional>
 
@@ -59,13 +59,15 @@ class TextMarkLayer : public QObject {
   void lay(int from, int to);
   bool layBlock(const QTextBlock& block) const;
   void tellOfCaret();
-  QTextLayout::FormatRange rangeOf(const TextMark& mark) const;
+  void chooseLooks();
 
   RichTextBox& pane_;
   QPointer<QTextDocument> document_;
   // In positions of the document.
   TextMarks misspellings_;
   TextMarks names_;
+  QTextCharFormat misspellingLook_;
+  QTextCharFormat nameLook_;
   /// The document's text, as far as the marks know it; empty without marks.
   QString text_;
 };

@@ -62,8 +62,14 @@ void frmEditor::changeCast(const QList<qint32>& ids, bool inScene) {
     showHint(changed ? u"The project is being loaded or saved"_s : u"This scene isn't in the open project any more"_s);
     return;
   }
-  inScene ? StoryMoves::addToScene(*changed, CastKind::Character, ids)
-          : StoryMoves::removeFromScene(*changed, CastKind::Character, ids);
+  QList<qint32> moving = ids;
+  moving.removeIf([&](qint32 id) { return changed->CharIDs().contains(id) == inScene || !isInCast(id); });
+  if (moving.isEmpty()) {
+    showHint(inScene ? u"In this scene already"_s : u"Not in this scene"_s);
+    return;
+  }
+  inScene ? StoryMoves::addToScene(*changed, CastKind::Character, moving)
+          : StoryMoves::removeFromScene(*changed, CastKind::Character, moving);
   changed->Save(false, false);
   const QPointer<frmEditor> alive(this);
   // Why it could not be saved is told by the save.

@@ -69,6 +69,8 @@ TEST_F(CharactersTabTest, KeysDoTheSame) {
   select(all(*editor), {0});
   press(all(*editor), Qt::Key_Insert);
   EXPECT_EQ(castOf(3), QList<qint32>{1});
+  press(all(*editor), Qt::Key_Insert);
+  EXPECT_EQ(panel(*editor, 4), u"In this scene already"_s);
   select(inScene(*editor), {0});
   press(inScene(*editor), Qt::Key_Delete);
   EXPECT_EQ(castOf(3), QList<qint32>());
