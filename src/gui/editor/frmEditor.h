@@ -134,6 +134,10 @@ class frmEditor : public QMainWindow, public SceneEditor {
   bool openNext(qint32 sceneID);
   void retire();
   void EditChar(qint32 id, qint32 tab);
+  /// From a name in the text.
+  void openCharacter(qint32 id);
+  /// True when the sheet has changed him.
+  static bool showSheet(qint32 id, qint32 tab);
   void cmdAddChar_Click();
   /// Who is in the scene is saved at once, apart from the text.
   void changeCast(const QList<qint32>& ids, bool inScene);

@@ -187,7 +187,7 @@ void frmEditor::mnuOpenNote_Click() {
     return;
   }
   if (const qint32 id = characters_->characterAt(txtMain->SelStart()); id != 0) {
-    EditChar(id, 0);
+    openCharacter(id);
   } else {
     showHint(u"There is no note, link or marked name at the caret"_s);
   }

@@ -36,7 +36,8 @@ void frmEditor::connectCharacters() {
   connect(TabStrip1, &EditorTabStrip::characterWanted, this, guarded("ListChar_DblClick", kModule, edit));
   connect(TabStrip1, &EditorTabStrip::castWanted, this,
           guarded("ListChar_OLEDragDrop", kModule, this, &frmEditor::changeCast));
-  connect(characters_, &CharacterMarks::characterWanted, this, guarded("txtMain_DblClick", kModule, edit));
+  connect(characters_, &CharacterMarks::characterWanted, this,
+          guarded("txtMain_DblClick", kModule, this, &frmEditor::openCharacter));
 }
 
 void frmEditor::showPlace(clsScene& of) {
@@ -109,14 +110,27 @@ void frmEditor::EditChar(qint32 id, qint32 tab) {
     return;
   }
   const QPointer<frmEditor> alive(this);
-  g_Project->UnMarkAllCharInEditorWindows();
-  if (g_Project->CharByID(id)->Edit(tab)) {
-    g_Project->UpdateCombosInEditorWindows();
-  }
-  g_Project->MarkAllCharInEditorWindows();
+  showSheet(id, tab);
   if (alive && Changed) {
     Changed();
   }
+}
+
+void frmEditor::openCharacter(qint32 id) {
+  const QPointer<frmEditor> alive(this);
+  if (showSheet(id, 0) && alive && Changed) {
+    Changed();
+  }
+}
+
+bool frmEditor::showSheet(qint32 id, qint32 tab) {
+  g_Project->UnMarkAllCharInEditorWindows();
+  const bool changed = g_Project->CharByID(id)->Edit(tab);
+  if (changed) {
+    g_Project->UpdateCombosInEditorWindows();
+  }
+  g_Project->MarkAllCharInEditorWindows();
+  return changed;
 }
 
 void frmEditor::cmdAddChar_Click() {

@@ -30,6 +30,9 @@ class CharacterMarksTest : public EditorTest {
                                        qint32) -> std::optional<CharacterDetails> {
       opened_.append(subject.id);
       marksMeanwhile_ = markedIn(*editor_);
+      if (cancels_) {
+        return std::nullopt;
+      }
       CharacterDetails changed = details;
       changed.Title = newTitle_.isEmpty() ? changed.Title : newTitle_;
       return changed;
@@ -68,6 +71,7 @@ class CharacterMarksTest : public EditorTest {
   QList<qint32> opened_;
   QStringList marksMeanwhile_;
   QString newTitle_;
+  bool cancels_ = false;
 };
 
 TEST_F(CharacterMarksTest, NamesAreMarkedFromTheStartAndNothingIsEditedByThat) {
@@ -119,6 +123,16 @@ TEST_F(CharacterMarksTest, ADoubleClickOpensTheSheetAndARenameShowsEverywhere) {
   pane(*editor_).setSelStart(16);
   trigger(*editor_, "mnuOpenNote");
   EXPECT_EQ(opened_, (QList<qint32>{1, 1, 1})) << "from the keyboard";
+}
+
+TEST_F(CharacterMarksTest, ASheetThatIsCancelledLeavesTheBookAsItWas) {
+  openWith("Anna");
+  g_Project->SaveQN4(false);
+  cancels_ = true;
+  doubleClick(2);
+  EXPECT_EQ(opened_, QList<qint32>{1});
+  EXPECT_FALSE(g_Project->EditedSinceSave());
+  EXPECT_EQ(markedIn(*editor_), QStringList{u"Anna"_s});
 }
 
 TEST_F(CharacterMarksTest, ADoubleClickOnAnythingElseSelectsTheWord) {
