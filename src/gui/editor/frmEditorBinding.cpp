@@ -2,6 +2,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -188,9 +189,10 @@ void frmEditor::mnuOpenNote_Click() {
   }
   if (const qint32 id = characters_->characterAt(txtMain->SelStart()); id != 0) {
     openCharacter(id);
-  } else {
-    showHint(u"There is no note, link or marked name at the caret"_s);
+    return;
   }
+  const QString there = txtMain->describeAtCaret();
+  showHint(there.isEmpty() ? u"There is no note, link or marked name at the caret"_s : there);
 }
 
 void frmEditor::showHint(const QString& text) {
@@ -270,7 +272,10 @@ void frmEditor::keepWithoutBook() {
     kept.setTextRTF(opened->TextRTF());
   }
   FormToData(kept);
-  RescueFolder(*g_Project).keep(kept);
+  const RescueFolder rescue(*g_Project);
+  if (rescue.keep(kept)) {
+    Settings().sSet(u"RescuedTexts"_s, rescue.path());
+  }
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.
