@@ -271,7 +271,11 @@ void frmEditor::keepWithoutBook() {
   if (const auto opened = opened_.lock()) {
     kept.setTextRTF(opened->TextRTF());
   }
-  FormToData(kept);
+  TabStrip1->FormToData(kept);
+  // What is kept there is still to be saved here.
+  if (txtMain->isEdited() || kept.TextRTF().isEmpty()) {
+    kept.setTextRTF(writeRtf(cleanText()));
+  }
   const RescueFolder rescue(*g_Project);
   if (rescue.keep(kept)) {
     Settings().sSet(u"RescuedTexts"_s, rescue.path());
