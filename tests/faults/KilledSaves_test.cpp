@@ -86,6 +86,23 @@ TEST_F(KilledSaves, OfOneSceneLeaveItsOldTextOrItsNewOne) {
   killAtPoints(Means::Traced, u"scene"_s, u"A save of one scene, at any call"_s, calls, 15);
 }
 
+// Words may be there twice for a while; none may be missing.
+TEST_F(KilledSaves, OfASplitSceneNeverLeaveItsShorterTextWithoutThePieces) {
+  const int calls = saveWhole(Means::Preloaded, kKill, u"split"_s);
+  ASSERT_GT(calls, 10);
+  ASSERT_EQ(after_.texts.size(), before_.texts.size() + 2);
+  std::map<Age, int> ages;
+  for (const int point : faultPoints(calls, 20)) {
+    const QString when = u"killed at call %1 of %2"_s.arg(point).arg(calls);
+    EXPECT_TRUE(save(Means::Preloaded, {kKill, point}, u"split"_s).killed) << when;
+    const Age age = openedIn(bookFolder(), when);
+    EXPECT_TRUE(age != Age::TextsAhead) << when;
+    ++ages[age];
+  }
+  EXPECT_GT(ages[Age::Old], 0);
+  EXPECT_GT(ages[Age::TextsBehind], 0) << "split, and the source still whole";
+}
+
 // A half-written first save must not look like a book.
 TEST_F(KilledSaves, OfABookThatHasNoPlaceYetLeaveAWholeBookOrNone) {
   if (skips()) {

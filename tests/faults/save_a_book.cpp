@@ -4,6 +4,7 @@
 //                                                of the book's folder at SNAPSHOT and saves once more
 //   save_a_book HOME first PROJECT               saves a new book, which has to ask for its place
 //   save_a_book HOME scene PROJECT               loads a book and saves the new text of its first scene alone
+//   save_a_book HOME split PROJECT               loads a book, splits its first scene and saves what is left of that
 //
 // HOME is the folder for settings and log. It prints what a user is told, and how each save went. The exit status is 0
 // when the last save was done.
@@ -11,6 +12,8 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/SceneSplit.h"
+#include "core/text/Rtf.h"
 #include "faults/ChangedBook.h"
 #include "support/ListeningToolkit.h"
 #include "support/SampleProject.h"
@@ -75,6 +78,19 @@ bool saveScene() {
   return report(true);
 }
 
+bool splitScene() {
+  const auto scene = g_Project->SceneByID(1);
+  const std::vector<RichText> pieces = SceneSplit::cut(readRtf(scene->TextRTF()), u" ");
+  bool done = false;
+  {
+    const CountedCalls counted;
+    done = SceneSplit::addBehind(*scene, {writeRtf(pieces.at(1)), writeRtf(pieces.at(2))}).isEmpty();
+    scene->setTextRTF(writeRtf(pieces.front()));
+    scene->Save();
+  }
+  return report(done);
+}
+
 bool saveFirst(const QString& place) {
   makeSmallProject();
   screen().place = place;
@@ -89,6 +105,9 @@ bool saveAsTold(const QString& what, const QString& file, const QString& snapsho
     printTold();
     return false;
   }
+  if (what == QStringLiteral("split")) {
+    return splitScene();
+  }
   return what == QStringLiteral("scene") ? saveScene() : saveChanges(snapshot);
 }
 
@@ -99,7 +118,7 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() < 4) {
-    std::puts("save_a_book HOME change|first|scene PROJECT [SNAPSHOT]");
+    std::puts("save_a_book HOME change|first|scene|split PROJECT [SNAPSHOT]");
     return 2;
   }
   Paths::overrideFolders(arguments[1]);

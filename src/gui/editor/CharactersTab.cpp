@@ -1,5 +1,7 @@
 #include "gui/editor/CharactersTab.h"
 
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/views/ListView.h"
@@ -7,6 +9,8 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +21,34 @@ CharactersTab::CharactersTab(QWidget* parent)
   auto* row = new QHBoxLayout(this);
   row->addWidget(ListChar[0]);
   row->addWidget(ListChar[1]);
+  join(*ListChar[0], true);
+  join(*ListChar[1], false);
+}
+
+// What is dropped on the list of the scene comes in, what is dropped on the other goes out; so do the keys of the list
+// on the other side.
+void CharactersTab::join(ListView& list, bool inScene) {
+  const QString how = inScene ? u"Drag characters here to add them to the scene. Delete takes the selected ones out."_s
+                              : u"Drag characters to the scene's list, or press Insert, to add them to the scene."_s;
+  list.setToolTip(how);
+  list.setAccessibleDescription(how);
+  list.setDrags({[this] {
+                   Dragging = true;
+                   return Qt::CopyAction;
+                 },
+                 [this](int) { return Dragging && !g_Project->IsBusy() ? Qt::CopyAction : Qt::IgnoreAction; },
+                 [this, inScene](const QList<qint32>& ids, qint32) {
+                   if (std::exchange(Dragging, false)) {
+                     Q_EMIT castWanted(ids, inScene);
+                   }
+                 }});
+  connect(&list, &ListView::buttonUp, this, [this] { Dragging = false; });
+  connect(&list, &ListView::keyUp, this, [this, &list, inScene](int key) {
+    const QList<qint32> ids = list.SelectedTags();
+    if (key == (inScene ? Qt::Key_Delete : Qt::Key_Insert) && !ids.isEmpty()) {
+      Q_EMIT castWanted(ids, !inScene);
+    }
+  });
 }
 
 ListView* CharactersTab::makeList(int index, const QString& title, const QString& whenEmpty) {

@@ -24,7 +24,7 @@ EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
   add<GoalsTab>();
   add<TimeTab>();
   add<NotesTab>();
-  add<CharactersTab>();
+  connect(add<CharactersTab>(), &CharactersTab::castWanted, this, &EditorTabStrip::castWanted);
   viewpoint_ = add<ViewpointTab>();
   overview_ = add<OverviewTab>();
   // Arrow keys on the bar reach all tabs, so the buttons that scroll it needn't be stopped at.
@@ -81,6 +81,14 @@ void EditorTabStrip::DisplayCharacter(qint32 id) {
 
 QString EditorTabStrip::Title() const {
   return description_->Title();
+}
+
+void EditorTabStrip::takeTitle(const QString& title) {
+  description_->takeTitle(title);
+}
+
+void EditorTabStrip::takeDescription(const QString& text) {
+  description_->takeDescription(text);
 }
 
 /// Costs nothing while the mirror isn't seen.

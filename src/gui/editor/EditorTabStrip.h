@@ -27,11 +27,15 @@ class EditorTabStrip : public QTabWidget {
   void DisplayCharacter(qint32 id);
   /// The title as it is typed.
   QString Title() const;
+  /// As if the user had typed it in the place of what is there.
+  void takeTitle(const QString& title);
+  void takeDescription(const QString& text);
 
  Q_SIGNALS:
   void changed();
   void titleChanged(const QString& title);
   void characterWanted(qint32 id);
+  void castWanted(const QList<qint32>& ids, bool inScene);
 
  private:
   template <class Tab>

@@ -6,8 +6,11 @@
 #include <QEvent>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -82,6 +85,8 @@ TextMarks ofKind(const TextMarks& marks, TextMark::Kind kind) {
 TextMarkLayer::TextMarkLayer(RichTextBox& pane) : QObject(&pane), pane_(pane) {
   pane.installEventFilter(this);
   connect(&pane, &RichTextBox::Loaded, this, &TextMarkLayer::watch);
+  connect(&pane, &RichTextBox::cursorPositionChanged, this, &TextMarkLayer::tellOfCaret);
+  chooseLooks();
   watch();
 }
 
@@ -134,14 +139,18 @@ TextMarks TextMarkLayer::marks() const {
   return placed;
 }
 
-std::optional<TextMark> TextMarkLayer::markAt(qsizetype position) const {
-  const qsizetype at = pane_.toDocument(position);
+std::optional<TextMark> TextMarkLayer::shownAt(qsizetype position) const {
   std::optional<TextMark> found;
-  for (const TextMark& mark : shownBetween(at - 1, at + 1)) {
-    if (mark.start <= at && at <= mark.end()) {
+  for (const TextMark& mark : shownBetween(position - 1, position + 1)) {
+    if (mark.start <= position && position <= mark.end()) {
       found = mark;  // the later of two that meet here
     }
   }
+  return found;
+}
+
+std::optional<TextMark> TextMarkLayer::markAt(qsizetype position) const {
+  std::optional<TextMark> found = shownAt(pane_.toDocument(position));
   if (found) {
     const qsizetype end = pane_.fromDocument(static_cast<int>(found->end()));
     found->start = pane_.fromDocument(static_cast<int>(found->start));
@@ -153,6 +162,15 @@ std::optional<TextMark> TextMarkLayer::markAt(qsizetype position) const {
 std::optional<TextMark::Kind> TextMarkLayer::kindAt(qsizetype position) const {
   const auto mark = markAt(position);
   return mark ? std::optional(mark->kind) : std::nullopt;
+}
+
+/// A screen reader hears what the eye sees by a colour. The pane has told of objects and links by now.
+void TextMarkLayer::tellOfCaret() {
+  const auto mark = shownAt(pane_.textCursor().position());
+  if (mark && pane_.accessibleDescription().isEmpty()) {
+    pane_.setAccessibleDescription(mark->kind == TextMark::Kind::Name ? u"Name of a character"_s
+                                                                      : u"Not in the dictionary"_s);
+  }
 }
 
 /// What has become what. The document tells of a stretch that holds all that changed, be it only in its looks.
@@ -216,10 +234,9 @@ void TextMarkLayer::lay(int from, int to) {
   }
 }
 
-QTextLayout::FormatRange TextMarkLayer::rangeOf(const TextMark& mark) const {
-  QTextCharFormat format;
-  format.setForeground(Colours::readable(mark.kind == TextMark::Kind::Name ? kName : kMisspelling, pane_.palette()));
-  return {static_cast<int>(mark.start), static_cast<int>(mark.length), format};
+void TextMarkLayer::chooseLooks() {
+  misspellingLook_.setForeground(Colours::readable(kMisspelling, pane_.palette()));
+  nameLook_.setForeground(Colours::readable(kName, pane_.palette()));
 }
 
 /// False when the block shows its marks already. Letters that an input method composes have looks of their own there.
@@ -240,7 +257,8 @@ bool TextMarkLayer::layBlock(const QTextBlock& block) const {
   for (const TextMark& mark : shownBetween(start, end)) {
     const qsizetype from = std::max<qsizetype>(mark.start, start) - start;
     const qsizetype to = std::min<qsizetype>(mark.end(), end) - start;
-    QTextLayout::FormatRange range = rangeOf({from, to - from, mark.kind});
+    QTextLayout::FormatRange range{static_cast<int>(from), static_cast<int>(to - from),
+                                   mark.kind == TextMark::Kind::Name ? nameLook_ : misspellingLook_};
     if (composedLength > 0 && range.start >= composed) {
       range.start += composedLength;
     } else if (composedLength > 0 && range.start + range.length > composed) {
@@ -256,7 +274,8 @@ bool TextMarkLayer::layBlock(const QTextBlock& block) const {
 }
 
 bool TextMarkLayer::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::PaletteChange && !isEmpty()) {
+  if (event->type() == QEvent::PaletteChange) {
+    chooseLooks();
     layAll();
   }
   return QObject::eventFilter(watched, event);

@@ -4,7 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QTextLayout>
+#include <QTextCharFormat>
 
 #include <optional>
 
@@ -53,16 +53,21 @@ class TextMarkLayer : public QObject {
   void follow(int from, int removed, int added);
   Change takeUp(int from, int removed, int added);
   TextMarks shownBetween(qsizetype from, qsizetype to) const;
+  /// In positions of the document.
+  std::optional<TextMark> shownAt(qsizetype position) const;
   void layAll();
   void lay(int from, int to);
   bool layBlock(const QTextBlock& block) const;
-  QTextLayout::FormatRange rangeOf(const TextMark& mark) const;
+  void tellOfCaret();
+  void chooseLooks();
 
   RichTextBox& pane_;
   QPointer<QTextDocument> document_;
   // In positions of the document.
   TextMarks misspellings_;
   TextMarks names_;
+  QTextCharFormat misspellingLook_;
+  QTextCharFormat nameLook_;
   /// The document's text, as far as the marks know it; empty without marks.
   QString text_;
 };

@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
@@ -9,6 +10,7 @@
 #include "gui/editor/FieldClipboard.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/SceneNavigator.h"
+#include "gui/editor/TextMarkLayer.h"
 #include "gui/editor/ViewpointBox.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -71,6 +73,8 @@ void frmEditor::buildLayout() {
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
+  marks_ = new TextMarkLayer(*txtMain);
+  characters_ = new CharacterMarks(*txtMain, *marks_);
   find_ = new EditorFind(*txtMain, *this);
   auto* upper = new QWidget(this);
   auto* upperLayout = new QVBoxLayout(upper);

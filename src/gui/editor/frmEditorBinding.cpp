@@ -13,6 +13,7 @@
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
@@ -65,6 +66,7 @@ void frmEditor::EditScene(qint32 id) {
 void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
   txtMain->setSelStart(0);
+  MarkCharacters();
   setDirty(false);
 }
 
@@ -100,10 +102,10 @@ void frmEditor::tellLosses() {
                                : QString());
 }
 
-QByteArray frmEditor::textToSave() const {
+RichText frmEditor::cleanText() const {
   RichText text = txtMain->namedRichText();
   ResetFontColour(text, colours_.textColour());
-  return writeRtf(text);
+  return text;
 }
 
 void frmEditor::FormToData(clsScene& into) {
@@ -112,7 +114,7 @@ void frmEditor::FormToData(clsScene& into) {
   TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
-    into.setTextRTF(textToSave());
+    into.setTextRTF(writeRtf(cleanText()));
     if (&into == scene().get()) {  // any other is a copy, and the scene still waits for the text
       txtMain->setUnedited();
     }
@@ -186,10 +188,15 @@ void frmEditor::mnuTop20_Click() {
 }
 
 void frmEditor::mnuOpenNote_Click() {
-  if (!txtMain->openAtCaret()) {
-    const QString there = txtMain->describeAtCaret();
-    showHint(there.isEmpty() ? u"There is no note or link at the caret"_s : there);
+  if (txtMain->openAtCaret()) {
+    return;
   }
+  if (const qint32 id = characters_->characterAt(txtMain->SelStart()); id != 0) {
+    openCharacter(id);
+    return;
+  }
+  const QString there = txtMain->describeAtCaret();
+  showHint(there.isEmpty() ? u"There is no note, link or marked name at the caret"_s : there);
 }
 
 void frmEditor::showHint(const QString& text) {
@@ -222,6 +229,7 @@ bool frmEditor::SaveChanges(bool) {
   setCaption(saved->Title);
   TabStrip1->TabIcons();
   ShowSceneWordCount();
+  MarkCharacters();
   TabStrip1->refresh(*saved);
   savedChanges_ = true;
   if (Changed) {
@@ -267,7 +275,11 @@ void frmEditor::keepWithoutBook() {
   if (const auto opened = opened_.lock()) {
     kept.setTextRTF(opened->TextRTF());
   }
-  FormToData(kept);
+  TabStrip1->FormToData(kept);
+  // What is kept there is still to be saved here.
+  if (txtMain->isEdited() || kept.TextRTF().isEmpty()) {
+    kept.setTextRTF(writeRtf(cleanText()));
+  }
   const RescueFolder rescue(*g_Project);
   if (rescue.keep(kept)) {
     Settings().sSet(u"RescuedTexts"_s, rescue.path());
@@ -275,8 +287,8 @@ void frmEditor::keepWithoutBook() {
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.
-bool frmEditor::saveWhole() {
-  if (!SaveChanges(false)) {
+bool frmEditor::saveWhole(bool spellCheck) {
+  if (!SaveChanges(spellCheck)) {
     return false;
   }
   if (Dirty && !scene()->SaveFailure().isEmpty()) {
@@ -341,7 +353,3 @@ void frmEditor::closeForm() {
 void frmEditor::setCurrentSearchString(const QString& text) {
   find_->search(text);
 }
-
-void frmEditor::MarkCharacters() {}
-
-void frmEditor::UnmarkCharacters() {}

@@ -1,7 +1,11 @@
 #include "core/infra/Guard.h"
+#include "core/infra/Numbers.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/StoryMoves.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/Cast.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/SceneNavigator.h"
@@ -9,6 +13,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
 
+#include <QAction>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +34,10 @@ void frmEditor::connectCharacters() {
   connect(viewpoint_, &ViewpointBox::addCharWanted, this,
           guarded("cmdAddChar_Click", kModule, this, &frmEditor::cmdAddChar_Click));
   connect(TabStrip1, &EditorTabStrip::characterWanted, this, guarded("ListChar_DblClick", kModule, edit));
+  connect(TabStrip1, &EditorTabStrip::castWanted, this,
+          guarded("ListChar_OLEDragDrop", kModule, this, &frmEditor::changeCast));
+  connect(characters_, &CharacterMarks::characterWanted, this,
+          guarded("txtMain_DblClick", kModule, this, &frmEditor::openCharacter));
 }
 
 void frmEditor::showPlace(clsScene& of) {
@@ -48,20 +57,80 @@ void frmEditor::UpdateCombos() {
   }
 }
 
+void frmEditor::changeCast(const QList<qint32>& ids, bool inScene) {
+  const auto changed = scene();
+  if (!changed || g_Project->IsBusy()) {
+    showHint(changed ? u"The project is being loaded or saved"_s : u"This scene isn't in the open project any more"_s);
+    return;
+  }
+  QList<qint32> moving = ids;
+  moving.removeIf([&](qint32 id) { return changed->CharIDs().contains(id) == inScene || !isInCast(id); });
+  if (moving.isEmpty()) {
+    showHint(inScene ? u"In this scene already"_s : u"Not in this scene"_s);
+    return;
+  }
+  inScene ? StoryMoves::addToScene(*changed, CastKind::Character, moving)
+          : StoryMoves::removeFromScene(*changed, CastKind::Character, moving);
+  changed->Save(false, false);
+  const QPointer<frmEditor> alive(this);
+  // Why it could not be saved is told by the save.
+  const bool saved = g_Project->HasPlace() && g_Project->SaveQN4(false);
+  g_Project->UpdateCombosInEditorWindows();
+  if (!alive) {
+    return;
+  }
+  if (!saved) {
+    showHint(g_Project->ReadOnly() ? u"Read-only: changed, but not saved"_s : u"Changed, but not saved yet"_s);
+  }
+  if (Changed && !saved) {
+    Changed();
+  }
+}
+
+// One setting for all editors: each follows it, whichever has changed it.
+void frmEditor::MarkCharacters() {
+  const bool highlight = Numbers::ToBool(Settings().sGet(u"HighlightChar"_s, false));
+  mnuChar->setChecked(highlight);
+  highlight ? characters_->show() : characters_->hide();
+}
+
+void frmEditor::UnmarkCharacters() {
+  characters_->hide();
+}
+
+void frmEditor::mnuChar_Click(bool highlight) {
+  Settings().sSet(u"HighlightChar"_s, highlight);
+  MarkCharacters();
+  g_Project->MarkAllCharInEditorWindows();
+}
+
 void frmEditor::EditChar(qint32 id, qint32 tab) {
   if (!isInCast(id)) {
     showHint(id == 0 ? u"No viewpoint character is selected"_s : u"There is no such character"_s);
     return;
   }
   const QPointer<frmEditor> alive(this);
-  g_Project->UnMarkAllCharInEditorWindows();
-  if (g_Project->CharByID(id)->Edit(tab)) {
-    g_Project->UpdateCombosInEditorWindows();
-  }
-  g_Project->MarkAllCharInEditorWindows();
+  showSheet(id, tab);
   if (alive && Changed) {
     Changed();
   }
+}
+
+void frmEditor::openCharacter(qint32 id) {
+  const QPointer<frmEditor> alive(this);
+  if (showSheet(id, 0) && alive && Changed) {
+    Changed();
+  }
+}
+
+bool frmEditor::showSheet(qint32 id, qint32 tab) {
+  g_Project->UnMarkAllCharInEditorWindows();
+  const bool changed = g_Project->CharByID(id)->Edit(tab);
+  if (changed) {
+    g_Project->UpdateCombosInEditorWindows();
+  }
+  g_Project->MarkAllCharInEditorWindows();
+  return changed;
 }
 
 void frmEditor::cmdAddChar_Click() {

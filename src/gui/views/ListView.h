@@ -9,7 +9,7 @@
 class QMimeData;
 
 /// How a list takes part in drags of rows. What is dragged is the tags of the selected rows in list order. Only a list
-/// of this program that has picked up rows gives such a drag.
+/// of the same window that has picked up rows gives such a drag.
 struct ListDrags {
   /// Rows are picked up: the effect that the drag has. Empty for a list that gives none away.
   std::function<Qt::DropAction()> begun = {};

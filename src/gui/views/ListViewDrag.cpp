@@ -49,6 +49,13 @@ DragUnderWay& dragUnderWay() {
   return drag;
 }
 
+/// Rows of another window may be of another kind. What the desktop sends without a source was made by hand.
+bool brings(const QDropEvent& event, const QWidget& list) {
+  const auto* const source = qobject_cast<QWidget*>(event.source());
+  const bool isOfWindow = source == nullptr || source->window() == list.window();
+  return isOfWindow && event.mimeData()->hasFormat(rowsForm());
+}
+
 QPixmap pictureOf(const QString& text, const QWidget& list) {
   const QFontMetrics metrics = list.fontMetrics();
   const QSize size(metrics.horizontalAdvance(text) + 16, metrics.height() + 8);
@@ -128,11 +135,11 @@ void ListView::clearDropHighlight() {
 void ListView::dragEnterEvent(QDragEnterEvent* event) {
   dragMoveEvent(event);
   // Each move is asked about anew, which only happens to what was let in.
-  event->setAccepted(drags_.over && event->mimeData()->hasFormat(rowsForm()));
+  event->setAccepted(drags_.over && brings(*event, *this));
 }
 
 void ListView::dragMoveEvent(QDragMoveEvent* event) {
-  const bool ours = drags_.over && event->mimeData()->hasFormat(rowsForm());
+  const bool ours = drags_.over && brings(*event, *this);
   const QPoint place = event->position().toPoint();
   const Qt::DropAction effect = ours ? drags_.over(indexAt(place).row()) : Qt::IgnoreAction;
   const int margin = autoScrollMargin();
@@ -150,7 +157,7 @@ void ListView::dragLeaveEvent(QDragLeaveEvent*) {
 
 void ListView::dropEvent(QDropEvent* event) {
   stopAutoScroll();
-  const QByteArray tags = event->mimeData()->data(rowsForm());
+  const QByteArray tags = brings(*event, *this) ? event->mimeData()->data(rowsForm()) : QByteArray();
   const int row = indexAt(event->position().toPoint()).row();
   const Qt::DropAction effect = drags_.over && !tags.isEmpty() ? drags_.over(row) : Qt::IgnoreAction;
   event->setDropAction(effect);

@@ -168,6 +168,15 @@ TEST_F(TextMarkLayerTest, AnInputMethodComposesInsideMarks) {
   EXPECT_EQ(drawn(), told());
 }
 
+TEST_F(TextMarkLayerTest, AScreenReaderHearsOfTheMarkAtTheCaret) {
+  box.setSelStart(6);
+  EXPECT_EQ(box.accessibleDescription(), u"Not in the dictionary"_s);
+  box.setSelStart(14);
+  EXPECT_EQ(box.accessibleDescription(), u"Name of a character"_s);
+  box.setSelStart(0);
+  EXPECT_EQ(box.accessibleDescription(), QString());
+}
+
 TEST_F(TextMarkLayerTest, MarksReadOnADarkGround) {
   QPalette dark;
   dark.setColor(QPalette::Base, QColor(30, 30, 30));
