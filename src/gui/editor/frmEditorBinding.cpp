@@ -62,6 +62,7 @@ void frmEditor::EditScene(qint32 id) {
 void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
   txtMain->setSelStart(0);
+  beginCopies();
   setDirty(false);
 }
 
@@ -104,14 +105,21 @@ QByteArray frmEditor::textToSave() const {
 
 void frmEditor::FormToData(clsScene& into) {
   TimerWC.stop();
+  TimerBackup.stop();
   viewpoint_->FormToData(into);
   TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
     into.setTextRTF(textToSave());
-    txtMain->setUnedited();
+  } else if (before_) {
+    // What was typed was taken back.
+    into.setTextRTF(before_->TextRTF());
+  }
+  if (scene().get() == &into) {
+    AutoBackup(into, into.TextRTF());
   }
   TimerWC.start(kWordCountMs);
+  restartCopies();
 }
 
 bool frmEditor::keepOriginal(clsScene& of, bool mayAsk) {
@@ -168,6 +176,7 @@ void frmEditor::showChapterWordCount(qint32 wordsHere) {
 // What stood there of the book is true no more.
 void frmEditor::LetGo() {
   StatusBar1->setPanel(EditorStatusBar::autosave, u"No longer in the open book"_s);
+  StatusBar1->setToolTip({});
   StatusBar1->setPanel(EditorStatusBar::chapterWords, {});
   StatusBar1->setPanel(EditorStatusBar::chapterTitle, {});
 }
@@ -201,6 +210,8 @@ bool frmEditor::SaveChanges(bool) {
     return false;
   }
   FormToData(*saved);
+  txtMain->setUnedited();
+  before_.reset();
   const QByteArray given = saved->TextRTF();
   saved->Save(false, true);
   if (!saved->InScenes()) {
@@ -209,6 +220,7 @@ bool frmEditor::SaveChanges(bool) {
   if (saved->TextRTF() != given) {
     // Another program had changed the file, and the user took that.
     loadMainText(*saved);
+    copies_.begin();
   }
   LastEditorLeft = Twips::fromPixels(x());
   LastEditorTop = Twips::fromPixels(y());
@@ -286,6 +298,7 @@ bool frmEditor::AskIfSave() {
       return saveWhole();
     case Answer::No:
       savedChanges_ = false;
+      dropTyped();
       return true;
     default:
       return false;
@@ -294,6 +307,7 @@ bool frmEditor::AskIfSave() {
 
 void frmEditor::ExitForm() {
   TimerWC.stop();
+  TimerBackup.stop();
   leaving_ = true;
   if (!Finished) {
     // Nobody is left to unload the window.

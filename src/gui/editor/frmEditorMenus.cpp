@@ -1,6 +1,7 @@
 // The menus of the editor's window, a function for each.
 
 #include "gui/editor/frmEditor.h"
+#include "gui/editor/frmEditorSettings.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
 
@@ -57,4 +58,6 @@ void frmEditor::createToolsMenu() {
     mnuOpenNote_Click();
   })->setShortcut(QKeySequence(u"Ctrl+Return"_s));
   addEntry(tools, u"mnuTop20"_s, u"Show word usage"_s, [this] { mnuTop20_Click(); });
+  tools->addSeparator();
+  addEntry(tools, u"mnuSettings"_s, u"Editor Settings"_s, [this] { frmEditorSettings::edit(*this); });
 }
