@@ -15,8 +15,7 @@ void SceneCopies::begin() {
   ownFile_.clear();
 }
 
-SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rtf,
-                                           const std::function<QByteArray()>& shown) {
+SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rtf) {
   const bool isNew = rtf != LastBackupText;
   if (!isNew && isInFile_) {
     return {};
@@ -27,7 +26,7 @@ SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rt
     if (!settings.AutoBackupSequential) {
       writeOver(scene, rtf);
     } else if (isDue) {
-      writeNext(scene, shown());
+      writeNext(scene, rtf);
     }
   });
   if (!failure.isEmpty()) {
@@ -47,8 +46,8 @@ void SceneCopies::writeOver(clsScene& scene, const QByteArray& rtf) {
   ownFile_ = path;
 }
 
-void SceneCopies::writeNext(clsScene& scene, const QByteArray& shown) {
-  SceneCopy::write(SceneCopy::nameOf(scene) + u'_' + Clock::now().toString(SceneCopy::kTime) + u".rtf"_s, shown);
+void SceneCopies::writeNext(clsScene& scene, const QByteArray& rtf) {
+  SceneCopy::write(SceneCopy::nameOf(scene) + u'_' + Clock::now().toString(SceneCopy::kTime) + u".rtf"_s, rtf);
   BackupTicks = 0;
   BackupNow = false;
 }

@@ -3,8 +3,6 @@
 #include <QByteArray>
 #include <QString>
 
-#include <functional>
-
 class clsScene;
 
 /// The safety copies that an editor keeps of its scene's text in the day's folder of backups: one file, written over,
@@ -22,13 +20,12 @@ class SceneCopies {
     /// Why it failed, as it may be told to the user.
     QString failure = {};
   };
-  /// Sees to it that there is a copy of the text; `shown` gives it with the colours that the editor marks words with,
-  /// which files at intervals keep. What could not be written counts as never seen.
-  Check AutoBackup(clsScene& scene, const QByteArray& rtf, const std::function<QByteArray()>& shown);
+  /// Sees to it that there is a copy of the text. What could not be written counts as never seen.
+  Check AutoBackup(clsScene& scene, const QByteArray& rtf);
 
  private:
   void writeOver(clsScene& scene, const QByteArray& rtf);
-  void writeNext(clsScene& scene, const QByteArray& shown);
+  void writeNext(clsScene& scene, const QByteArray& rtf);
 
   /// The text that was checked last, and whether that stands in a file.
   QByteArray LastBackupText;

@@ -14,8 +14,10 @@
 #include <memory>
 #include <optional>
 
+class EditorFind;
 class EditorStatusBar;
 class EditorTabStrip;
+class FieldClipboard;
 class FontBar;
 class QAction;
 class QEventLoop;
@@ -70,6 +72,9 @@ class frmEditor : public QMainWindow, public SceneEditor {
  private:
   void createMenus();
   void createFileMenu();
+  void createEditMenu();
+  void createRightClickMenu();
+  void followClipboard(QMenu& menu);
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
   /// What runs is guarded under the entry's name.
@@ -172,6 +177,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
   RichTextBox* txtMain = nullptr;
   TextObjects* objects_ = nullptr;
+  EditorFind* find_ = nullptr;
+  FieldClipboard* clipboard_ = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QToolButton* cmdHide = nullptr;

@@ -12,6 +12,7 @@
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
+#include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
@@ -309,6 +310,7 @@ void frmEditor::ExitForm() {
   TimerWC.stop();
   TimerBackup.stop();
   leaving_ = true;
+  find_->close();
   if (!Finished) {
     // Nobody is left to unload the window.
     Unload();
@@ -341,7 +343,9 @@ void frmEditor::closeForm() {
   }
 }
 
-void frmEditor::setCurrentSearchString(const QString&) {}
+void frmEditor::setCurrentSearchString(const QString& text) {
+  find_->search(text);
+}
 
 void frmEditor::MarkCharacters() {}
 

@@ -12,7 +12,6 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/PlainToolTip.h"
-#include "gui/toolkit/RichTextBox.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +49,13 @@ void frmEditor::TimerBackup_Timer() {
   }
   copies_.countRun();
   const Guard guard("TimerBackup_Timer", kModule);
-  guard([&] { Dirty&& typedSinceCopy_ ? keepTyped(*shown) : AutoBackup(*shown, shown->TextRTF()); });
+  guard([&] {
+    if (typedSinceCopy_) {
+      keepTyped(*shown);
+    } else {
+      AutoBackup(*shown, shown->TextRTF());
+    }
+  });
   guard([this] { showCopyPlace(); });
   TimerBackup.start(kNextCopyMs);
 }
@@ -81,8 +86,7 @@ void frmEditor::AutoBackup(clsScene& shown, const QByteArray& rtf) {
   if (!g_Project->HasPlace()) {
     return;
   }
-  const auto check =
-      copies_.AutoBackup(shown, rtf, [&] { return Dirty && txtMain->isEdited() ? txtMain->TextRTF() : rtf; });
+  const auto check = copies_.AutoBackup(shown, rtf);
   if (check.result != SceneCopies::Check::Result::NothingNew) {
     tellCopy(check.failure);
   }

@@ -194,22 +194,18 @@ TEST_F(EditorCopies, FilesAtIntervalsComeAtTheFirstCheckAndThenAfterSoManyRunsOf
   EXPECT_EQ(words(copy(u"RTF_00001_Scene_1_12.09pm.rtf"_s)), u"one two threexxxxxxxx"_s);
 }
 
-TEST_F(EditorCopies, FilesAtIntervalsAreReadAtEachCheckAndKeepTheColoursOfTheEditor) {
+TEST_F(EditorCopies, TheSettingsAreReadAtEachCheck) {
   setTime(9, 0);
   frmEditor* const editor = open();
   typeAndTick(*editor, u"a"_s);
   Settings().sSet(u"AutoBackupSequential"_s, true);
   Settings().sSet(u"SequentialFrequency"_s, 0);
-  auto& pane = control<RichTextBox>(*editor, "txtMain");
   for (int minute = 1; minute < 3; ++minute) {
     setTime(9, minute);
-    pane.colourRanges({{0, 3, 0xFFU}});
     typeAndTick(*editor, u"b"_s);
   }
   EXPECT_EQ(copyNames(), (QStringList{u"RTF_00001_Scene_1.rtf"_s, u"RTF_00001_Scene_1_9.01am.rtf"_s,
                                       u"RTF_00001_Scene_1_9.02am.rtf"_s}));
-  EXPECT_EQ(readRtf(copy(u"RTF_00001_Scene_1_9.02am.rtf"_s)).charFormatAt(1).colour, 0xFFU);
-  EXPECT_EQ(readRtf(scene()->TextRTF()).charFormatAt(1).colour, std::nullopt);
 }
 
 TEST_F(EditorCopies, TheNameHoldsThePlaceAndAMovedSceneBeginsAnotherSeries) {
