@@ -293,7 +293,7 @@ bool SceneFile::keepUndecodedText() const {
 void SceneFile::writePlainMirror(const QString& folder) const {
   QString name = Files().FileWithoutExt(scene_.rtfFilename_) + u".txt"_s;
   name.replace(u"RTF_"_s, u"Plain_"_s);
-  if (scene_.mirroredStamp_ == scene_.textStamp_ && QFileInfo::exists(folder + name)) {
+  if (scene_.mirroredStamp_ == scene_.textStamp_ && QFileInfo(folder + name).isFile()) {
     return;
   }
   const QString& text = scene_.ConvertedToBodyText();

@@ -21,6 +21,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -229,6 +230,40 @@ TEST_F(EditorCopies, ABookWithoutAPlaceHasWhatIsTypedInTheRescueFolder) {
   EXPECT_TRUE(RescueFolder(*g_Project).holds(*scene()));
   EXPECT_TRUE(QDir::setCurrent(place));
   EXPECT_TRUE(filesBelow(folder.path(u"here"_s)).isEmpty());
+}
+
+// The timers come round in the middle of the saves too, where those yield.
+TEST_F(EditorCopies, TwoEditorsAndTheBookAreSavedSideBySide) {
+  makeLargerProject(12, 3);
+  g_Project->FileWithPath = folder.path(u"Side/Small.qn4"_s);
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  const std::array editors{open(1), open(2)};
+  for (int round = 0; round < 12; ++round) {
+    for (size_t i = 0; i < editors.size(); ++i) {
+      type(*editors[i], u" %1"_s.arg(round * 2 + static_cast<int>(i)));
+      control<QTimer>(*editors[i], "TimerBackup").start(0);
+    }
+    toolkit.onYield = [] { QCoreApplication::processEvents(); };
+    ASSERT_TRUE(g_Project->SaveQN4(round % 2 == 0));
+    for (size_t i = 0; i < editors.size(); ++i) {
+      ASSERT_TRUE(waitFor([&] { return control<QTimer>(*editors[i], "TimerBackup").interval() > 0; }));
+      const auto id = static_cast<qint32>(i) + 1;
+      const QString shown = control<RichTextBox>(*editors[i], "txtMain").Text();
+      EXPECT_EQ(scene(id)->ConvertedToBodyText(), shown);
+      EXPECT_EQ(words(copy(u"RTF_0000%1_Scene_%1.rtf"_s.arg(id))), shown);
+      if (round % 3 == static_cast<int>(i)) {
+        trigger(*editors[i], "mnuSave");
+        EXPECT_EQ(textInFile(id), shown);
+      }
+    }
+  }
+  const QStringList shown{control<RichTextBox>(*editors[0], "txtMain").Text(),
+                          control<RichTextBox>(*editors[1], "txtMain").Text()};
+  trigger(*editors[0], "mnuSaveAndExit");
+  trigger(*editors[1], "mnuSaveAndExit");
+  ASSERT_TRUE(g_Project->SaveQN4(false) && g_Project->Load(folder.path(u"Side/Small.qn4"_s), false));
+  EXPECT_EQ((QStringList{scene(1)->ConvertedToBodyText(), scene(2)->ConvertedToBodyText()}), shown);
+  EXPECT_TRUE(shown[0].endsWith(u" 20 22"_s) && shown[1].endsWith(u" 21 23"_s));
 }
 
 }  // namespace
