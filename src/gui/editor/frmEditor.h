@@ -42,7 +42,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
   void EditScene(qint32 id) override;
   /// Copies the controls into the scene, the text in the one colour of saved text. A text that nobody edited stays as
-  /// the scene has it, byte for byte.
+  /// the scene has it, byte for byte. A scene of the book gets its safety copy too.
   void FormToData(clsScene& scene);
   /// Shows the scene's place in the book and its cast as they are now; what was typed or chosen here stays.
   void FindInCombos(clsScene& scene);
