@@ -139,7 +139,8 @@ QMap<QString, QByteArray> filesBelow(const QString& folder) {
   QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
   while (walk.hasNext()) {
     const QString path = walk.next();
-    if (walk.fileName() != FolderLock::fileName()) {
+    const bool isArchive = path.contains(u"/Autobackups/"_s) && path.endsWith(u".zip"_s);
+    if (walk.fileName() != FolderLock::fileName() && !isArchive) {
       files.insert(path.mid(folder.size() + 1), fileBytes(path));
     }
   }

@@ -33,7 +33,7 @@ void cSHAREDSubs::NormalMouse() {
 
 void cSHAREDSubs::RegularDoEvents() {
   const qint64 now = Clock::ticks();
-  if (now - lastYield_ < kMillisecondsBetweenYields) {
+  if (YieldPause::isActive() || now - lastYield_ < kMillisecondsBetweenYields) {
     return;
   }
   lastYield_ = now;

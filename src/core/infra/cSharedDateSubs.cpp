@@ -5,6 +5,9 @@
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedLogging.h"
 
+#include <QLocale>
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -155,6 +158,16 @@ QDateTime cSharedDateSubs::RemoveSeconds(const QDateTime& time) const {
   QDateTime result = time;
   result.setTime({time.time().hour(), time.time().minute()});
   return result;
+}
+
+// Some locales have seconds in their short form, and some part it with blanks of other kinds.
+QString cSharedDateSubs::HourAndMinute(const QTime& time) {
+  static const QRegularExpression seconds(u"[^a-zA-Z\\s]?s+"_s);
+  return QLocale().toString(time, QLocale().timeFormat(QLocale::ShortFormat).remove(seconds)).simplified();
+}
+
+QString cSharedDateSubs::ShortFormatDateTime(const QDateTime& time) const {
+  return time.isValid() ? ShortFormatDate(time.date()) + u' ' + HourAndMinute(time.time()) : QString();
 }
 
 QString cSharedDateSubs::ConvertMyDateVar(const QString& text) const {

@@ -41,6 +41,9 @@ class cSharedDateSubs {
   QString ShortFormatDate(const QDate& date) const;
   QString LocalDateFormat() const { return DateFormatString(); }
   QDateTime RemoveSeconds(const QDateTime& time) const;
+  /// As the locale has them, without seconds; and the same behind the date. Empty for an invalid time.
+  static QString HourAndMinute(const QTime& time);
+  QString ShortFormatDateTime(const QDateTime& time) const;
   /// Expands "$DATE$", "$TIME$" and their kin with the present time; case doesn't matter.
   QString ConvertMyDateVar(const QString& text) const;
 

@@ -2,9 +2,7 @@
 
 #include "core/infra/Clock.h"
 #include "core/infra/RuntimeError.h"
-
-#include <QLocale>
-#include <QRegularExpression>
+#include "core/infra/cSharedDateSubs.h"
 
 #include <utility>
 
@@ -24,12 +22,6 @@ QString inPlainWords(const QString& why) {
     }
   }
   return why.simplified();
-}
-
-/// Some locales have seconds in their short form.
-QString hourAndMinute(const QDateTime& time) {
-  static const QRegularExpression seconds(u"[^a-zA-Z\\s]?s+"_s);
-  return QLocale().toString(time.time(), QLocale().timeFormat(QLocale::ShortFormat).remove(seconds));
 }
 
 }  // namespace
@@ -62,5 +54,5 @@ QString SaveNote::text() const {
   if (failed()) {
     return why_.isEmpty() ? u"Not saved"_s : u"Not saved: "_s + why_;
   }
-  return savedAt_.isValid() ? u"Saved "_s + hourAndMinute(savedAt_) : QString();
+  return savedAt_.isValid() ? u"Saved "_s + cSharedDateSubs::HourAndMinute(savedAt_.time()) : QString();
 }

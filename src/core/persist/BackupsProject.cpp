@@ -4,6 +4,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/ZipContents.h"
+#include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSHAREDZipFiles.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
@@ -108,16 +109,24 @@ class Packing {
   Guard guard_{"BackupProject", "clsProject"};
 };
 
-void pack(clsProject& project, bool complete, BackupOutcome& outcome) {
+/// Packed anew as a whole: that is what mends one that was damaged.
+void packAll(clsProject& project, BackupOutcome& outcome) {
+  const LongWork work(project, u"Making Backup"_s, true);
   Packing packing(project, outcome);
   packing.addProject();
-  if (complete) {
-    for (const auto& scene : project.Scenes) {
-      packing.addScene(*scene);
-    }
+  for (const auto& scene : project.Scenes) {
+    packing.addScene(*scene);
   }
-  // The complete one is packed anew as a whole: that is what mends one that was damaged.
-  packing.run(!complete);
+  packing.run(false);
+}
+
+// It comes unasked at any moment, so nothing that is typed into it may be lost.
+void packProject(clsProject& project, BackupOutcome& outcome) {
+  const BusyMark busy(project);
+  const YieldPause pause;
+  Packing packing(project, outcome);
+  packing.addProject();
+  packing.run(true);
 }
 
 }  // namespace
@@ -133,10 +142,7 @@ BackupOutcome backUpProject(clsProject& project, bool complete, bool weekdayFile
   if (!Files().FolderExists(project.Path())) {
     outcome.causes.append(u"The folder %1 is not there."_s.arg(project.Path()));
   } else {
-    Guard("BackupProject", "clsProject")([&] {
-      LongWork work(project, u"Making Backup"_s, complete);
-      pack(project, complete, outcome);
-    });
+    Guard("BackupProject", "clsProject")([&] { complete ? packAll(project, outcome) : packProject(project, outcome); });
   }
   const bool made = outcome.causes.isEmpty();
   outcome.result = made ? Result::Made : Result::Failed;

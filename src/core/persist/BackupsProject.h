@@ -18,7 +18,8 @@ struct BackupOutcome {
   QStringList causes;
 };
 
-/// What BackupProject does, with its causes. Input is held back meanwhile; of a complete one the progress is shown.
+/// What BackupProject does, with its causes. Of a complete one the progress is shown, and input is held back meanwhile;
+/// the other one is made in one go.
 BackupOutcome backUpProject(clsProject& project, bool complete, bool weekdayFile);
 
 /// What a look at every member of an archive has found.

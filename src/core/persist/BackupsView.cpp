@@ -11,9 +11,9 @@
 #include "core/text/Rtf.h"
 
 #include <QDate>
-#include <QHash>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -116,16 +116,37 @@ QList<FileObject> backupArchives(const clsProject& project, const QString& folde
   return filesIn(project, folder, u"zip"_s);
 }
 
-std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name) {
-  // A member of an archive has the name of the scene's own file.
-  for (const QString& key : {keyOf(name), sourceOf(name)}) {
-    for (const auto& scene : project.Scenes) {
-      if (!scene->RTFFilename().isEmpty() && keyOf(scene->RTFFilename()) == key) {
-        return scene;
+QString newestCompleteBackup(const clsProject& project) {
+  const QString name = Files().FileWithoutExt(Files().FileOnly(project.FileWithPath)) + u"_complete.zip"_s;
+  FileObject newest;
+  for (const QString& folder : backupFolders(project)) {
+    for (const FileObject& archive : backupArchives(project, folder)) {
+      const bool isComplete = archive.Name.compare(name, Qt::CaseInsensitive) == 0;
+      if (isComplete && (newest.Path.isEmpty() || archive.Date > newest.Date)) {
+        newest = archive;
       }
     }
   }
-  return {};
+  return newest.Path;
+}
+
+CopySources::CopySources(const clsProject& project) {
+  for (const auto& scene : project.Scenes) {
+    const QString key = keyOf(scene->RTFFilename());
+    if (!key.isEmpty() && !scenes_.contains(key)) {
+      scenes_.insert(key, scene);
+    }
+  }
+}
+
+// A member of an archive has the name of the scene's own file.
+std::shared_ptr<clsScene> CopySources::sceneOf(const QString& copy) const {
+  const auto own = scenes_.value(keyOf(copy));
+  return own ? own : scenes_.value(sourceOf(copy));
+}
+
+std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name) {
+  return CopySources(project).sceneOf(name);
 }
 
 QList<YoungerCopy> youngerCopies(const clsProject& project) {
@@ -157,6 +178,18 @@ ArchiveListing filesInBackup(const QString& archive) {
     }
   });
   return listing;
+}
+
+RestoredFile readBackupCopy(const QString& path) {
+  RestoredFile restored;
+  restored.failure = Guard("readBackupCopy", kModule).causeOf([&] {
+    std::optional<QByteArray> content = readWholeFile(path);
+    if (!content) {
+      throw RuntimeError(RuntimeError::FileNotFound);
+    }
+    restored.content = *std::move(content);
+  });
+  return restored;
 }
 
 RestoredFile restoreFromBackup(const QString& archive, const QString& name) {

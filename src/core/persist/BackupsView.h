@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -20,8 +21,23 @@ QStringList backupFolders(const clsProject& project);
 QList<FileObject> backupCopies(const clsProject& project, const QString& folder);
 QList<FileObject> backupArchives(const clsProject& project, const QString& folder);
 
-/// Where a copy in the folders of backups comes from, or a member of an archive: the scene whose file begins its name.
-/// Null when there is none.
+/// Full path of the youngest archive that the whole book was packed into; empty when there is none.
+QString newestCompleteBackup(const clsProject& project);
+
+/// Where copies in the folders of backups come from, or members of an archive, by the names of the scenes' files at the
+/// time that it is made.
+class CopySources {
+ public:
+  explicit CopySources(const clsProject& project);
+
+  /// The scene whose file begins this name; null when there is none.
+  std::shared_ptr<clsScene> sceneOf(const QString& copy) const;
+
+ private:
+  QHash<QString, std::shared_ptr<clsScene>> scenes_;
+};
+
+/// The same for one copy.
 std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name);
 
 /// The newest copy of a scene's text that is younger than its file.
@@ -60,5 +76,7 @@ struct RestoredFile {
   QString failure;
 };
 
+/// The content of a copy in the folders of backups.
+RestoredFile readBackupCopy(const QString& path);
 /// The content of one file in an archive, by its whole name; its checksum is compared. Nothing is written.
 RestoredFile restoreFromBackup(const QString& archive, const QString& name);

@@ -25,6 +25,7 @@ enum class RtfLoss : quint16 {
   FieldData = 64,     ///< Of forms and of other programs.
   ParagraphBorders = 128,
   Sections = 256,
+  Damaged = 512,  ///< Words behind the last brace, or of a text without one: a picture may have swallowed them.
 };
 Q_DECLARE_FLAGS(RtfLosses, RtfLoss)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RtfLosses)

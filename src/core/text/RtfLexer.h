@@ -33,6 +33,7 @@ class RtfLexer {
   /// Where the next token begins.
   const char* position() const { return at_; }
   bool atEnd() const { return at_ == end_; }
+  QByteArrayView rest() const { return {at_, end_}; }
   /// Goes to the brace that closes the group, from anywhere in it; to the end when there is none.
   void skipGroup();
 

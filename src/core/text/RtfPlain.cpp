@@ -103,7 +103,8 @@ bool isRtf(QByteArrayView bytes) {
 
 QStringList namesOf(RtfLosses losses) {
   static constexpr std::pair<RtfLoss, const char16_t*> kNames[] = {
-      {RtfLoss::TableLayout, u"table borders"},
+      {RtfLoss::Damaged, u"words behind a damaged place"},
+      {RtfLoss::TableLayout, u"table layout"},
       {RtfLoss::HeadersFooters, u"headers and footers"},
       {RtfLoss::Deletions, u"tracked deletions"},
       {RtfLoss::TextBoxes, u"text boxes"},

@@ -15,6 +15,14 @@ constexpr qint32 kMaxFallback = 1 << 20;
 constexpr qsizetype kMaxFontName = 256;
 constexpr qsizetype kMaxWords = 1 << 16;
 
+/// Whether anything but what writers put behind the last brace is left.
+bool holdsMore(QByteArrayView rest) {
+  return std::any_of(rest.begin(), rest.end(), [](char byte) {
+    constexpr char kEndOfFile = 0x1A;
+    return byte != '\0' && byte != '\r' && byte != '\n' && byte != ' ' && byte != '\t' && byte != kEndOfFile;
+  });
+}
+
 }  // namespace
 
 void RtfReader::read() {
@@ -43,6 +51,7 @@ void RtfReader::read() {
       case RtfToken::Kind::Close:
         groupEnd_ = lexer_.position() - 1;
         more = close();
+        isClosed_ = !more;
         break;
       case RtfToken::Kind::End:
         more = false;
@@ -50,6 +59,9 @@ void RtfReader::read() {
     }
   }
   flushBytes();
+  if (!isClosed_ || holdsMore(lexer_.rest())) {
+    losses_ |= RtfLoss::Damaged;
+  }
   groupEnd_ = nullptr;
   while (!objects_.empty() && close()) {  // a text that was cut off
   }

@@ -202,6 +202,8 @@ class RtfReader {
   RtfTables tables_;
   RtfLists lists_;
   RtfLosses losses_;
+  /// The document's own brace was seen; where it is missing a picture or the like may have swallowed words.
+  bool isClosed_ = false;
 
   Group group_;
   std::vector<Group> outer_;

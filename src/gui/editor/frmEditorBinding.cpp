@@ -2,6 +2,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -191,7 +192,8 @@ void frmEditor::mnuTop20_Click() {
 
 void frmEditor::mnuOpenNote_Click() {
   if (!txtMain->openAtCaret()) {
-    showHint(u"There is no note or link at the caret"_s);
+    const QString there = txtMain->describeAtCaret();
+    showHint(there.isEmpty() ? u"There is no note or link at the caret"_s : there);
   }
 }
 
@@ -274,7 +276,10 @@ void frmEditor::keepWithoutBook() {
     kept.setTextRTF(opened->TextRTF());
   }
   FormToData(kept);
-  RescueFolder(*g_Project).keep(kept);
+  const RescueFolder rescue(*g_Project);
+  if (rescue.keep(kept)) {
+    Settings().sSet(u"RescuedTexts"_s, rescue.path());
+  }
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.

@@ -188,6 +188,11 @@ void InlineObjectView::drawMissing(QPainter& painter, const QRectF& rect) const 
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(rect.adjusted(0.5, 0.5, -0.5, -0.5));
   painter.setFont(QGuiApplication::font());
-  painter.drawText(rect.adjusted(2, 2, -2, -2), Qt::AlignCenter | Qt::TextWordWrap, u"Picture"_s);
+  const QString word = u"Picture"_s;
+  const QRectF inside = rect.adjusted(2, 2, -2, -2);
+  const QRectF needed = QFontMetricsF(painter.font()).boundingRect(word);
+  if (needed.width() <= inside.width() && needed.height() <= inside.height()) {
+    painter.drawText(inside, Qt::AlignCenter, word);
+  }
   painter.restore();
 }

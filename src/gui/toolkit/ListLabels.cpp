@@ -66,18 +66,34 @@ void drawLabel(QPainter& painter, const QTextEdit& control, const QTextBlock& bl
   const double left = format.rightToLeft ? line.right() + hang - width : line.left() - hang;
   const QTextLine first = block.layout()->lineAt(0);
   painter.setFont(font);
+  painter.setLayoutDirection(format.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
   painter.drawText(QPointF(left, line.top() + (first.isValid() ? first.ascent() : line.height())), label);
+}
+
+/// Numbers count from the first item of a list on.
+QTextBlock firstOfList(QTextBlock block) {
+  while (isItem(block) && isItem(block.previous())) {
+    block = block.previous();
+  }
+  return block;
 }
 
 }  // namespace
 
+int numberOfItem(const QTextBlock& paragraph) {
+  ListNumbering numbering;
+  int number = 0;
+  QTextBlock block = firstOfList(paragraph);
+  for (; block.isValid() && block.position() <= paragraph.position(); block = block.next()) {
+    number = numbering.next(formatOf(block).list);
+  }
+  return number;
+}
+
 void drawListLabels(QPainter& painter, const QTextEdit& control) {
   const int bottom = control.viewport()->height();
   const QTextBlock first = control.cursorForPosition({0, 0}).block();
-  QTextBlock block = first;
-  while (isItem(block) && isItem(block.previous())) {
-    block = block.previous();  // numbers count from the first item of the list on
-  }
+  QTextBlock block = firstOfList(first);
   painter.setPen(control.palette().color(QPalette::Text));
   ListNumbering numbering;
   for (; block.isValid(); block = block.next()) {

@@ -74,6 +74,8 @@ class RichTextBox : public QTextEdit {
   void replaceObject(qsizetype position, std::shared_ptr<const InlineObject> object);
   /// Opens the note or the link that the caret is at, behind or in; false when there is none.
   bool openAtCaret();
+  /// What stands at the caret, or in front of it, and is no letter; empty for letters.
+  QString describeAtCaret() const;
 
   // Formats of the selection's first character, or of text typed at the caret. Setting one formats the
   // selection, or what is typed next.
@@ -139,10 +141,13 @@ class RichTextBox : public QTextEdit {
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  /// Takes the selection away when it was moved to another text that takes all of it.
+  void endDrag(Qt::DropAction action, const QObject* target);
   QMimeData* createMimeDataFromSelection() const override;
   bool canInsertFromMimeData(const QMimeData* source) const override;
   void insertFromMimeData(const QMimeData* source) override;
@@ -157,7 +162,9 @@ class RichTextBox : public QTextEdit {
   void load(const RichText& text);
   bool endListAtCaret(const QKeyEvent& key);
   void beginParagraph();
-  void leaveFieldAtCaret();
+  void leaveRangeAtCaret();
+  void narrowToLetters(int character);
+  void dragSelection();
   void directByLetters(const QString& typed);
   void directPasted(int from);
   void refreshLooks(int from, int to);
@@ -189,4 +196,6 @@ class RichTextBox : public QTextEdit {
   InlineObjectView* objects_;
   std::optional<quint32> backColour_;
   int quiet_ = 0;
+  /// Where the selection was taken hold of.
+  std::optional<QPoint> dragFrom_;
 };

@@ -6,16 +6,20 @@
 #include "gui/toolkit/RichTextDocument.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QDrag>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QToolTip>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -76,7 +80,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
   const bool wasEmpty = textCursor().block().length() == 1;
   const bool isLetter = !event->text().isEmpty() && event->text()[0].isPrint();
   if (isLetter || event->matches(QKeySequence::InsertLineSeparator)) {
-    leaveFieldAtCaret();
+    leaveRangeAtCaret();
   }
   QTextEdit::keyPressEvent(event);
   if (wasEmpty && textCursor().block().length() > 1) {
@@ -92,7 +96,7 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
     event->setCommitString(committed, event->replacementStart(), event->replacementLength());
   }
   if (!committed.isEmpty()) {
-    leaveFieldAtCaret();
+    leaveRangeAtCaret();
   }
   QTextEdit::inputMethodEvent(event);
   if (wasEmpty && textCursor().block().length() > 1) {
@@ -101,6 +105,7 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 /// Return in an empty item, and Backspace in front of any, makes an ordinary paragraph of it that stands as it stood.
+/// Items behind it keep counting.
 bool RichTextBox::endListAtCaret(const QKeyEvent& key) {
   const QTextCursor cursor = textCursor();
   const bool isThere = isReturn(key) ? cursor.block().length() == 1 : cursor.atBlockStart();
@@ -108,14 +113,24 @@ bool RichTextBox::endListAtCaret(const QKeyEvent& key) {
   if (cursor.hasSelection() || !isThere || !isPlainKey || selectedParagraph().list.style == ListMark::Style::None) {
     return false;
   }
+  const int number = numberOfItem(cursor.block());
+  const QTextBlock next = cursor.block().next();
+  const ParagraphFormat nextFormat = next.isValid() ? RichTextDocument::fromQt(next.blockFormat()) : ParagraphFormat();
+  const bool listGoesOn = number > 1 && nextFormat.list.isNumbered() && nextFormat.list.start == 0 &&
+                          nextFormat.list.level == selectedParagraph().list.level;
   changeParagraphs([](ParagraphFormat& format) { format.list = {}; });
+  if (listGoesOn) {
+    setTextCursor(QTextCursor(next));
+    changeParagraphs([number](ParagraphFormat& format) { format.list.start = number; });
+    setTextCursor(cursor);
+  }
   return true;
 }
 
 /// Formatted like the one in front, an empty one too, where the control's own Return would take the formats away
 /// instead. What belongs to one paragraph alone stays with the one in front.
 void RichTextBox::beginParagraph() {
-  leaveFieldAtCaret();
+  leaveRangeAtCaret();
   QTextCursor cursor = textCursor();
   cursor.insertBlock();
   setTextCursor(cursor);
@@ -129,21 +144,24 @@ void RichTextBox::beginParagraph() {
   ensureCursorVisible();
 }
 
-/// What is typed behind a link is no part of it, nor what is typed in front of it where a paragraph begins with it.
-void RichTextBox::leaveFieldAtCaret() {
+/// What is typed behind a link or a hidden text is no part of it, nor what is typed in front of it where a paragraph
+/// begins with it.
+void RichTextBox::leaveRangeAtCaret() {
   QTextCursor cursor = textCursor();
   CharFormat format = RichTextDocument::fromQt(cursor.charFormat());
-  if (cursor.hasSelection() || format.field.isEmpty()) {
+  if (cursor.hasSelection() || (format.field.isEmpty() && !format.hidden)) {
     return;
   }
   cursor.movePosition(QTextCursor::NextCharacter);
   const bool isInside = !textCursor().atBlockStart() && !textCursor().atBlockEnd();
-  const bool goesOn = isInside && RichTextDocument::fromQt(cursor.charFormat()).field == format.field;
-  if (!goesOn) {
-    format.field.clear();
-    format.object.reset();
-    setCurrentCharFormat(RichTextDocument::toQt(format, palette()));
+  const CharFormat next = isInside ? RichTextDocument::fromQt(cursor.charFormat()) : CharFormat();
+  if (next.field == format.field && next.hidden == format.hidden) {
+    return;
   }
+  format.field = next.field == format.field ? format.field : QString();
+  format.hidden = format.hidden && next.hidden;
+  format.object.reset();
+  setCurrentCharFormat(RichTextDocument::toQt(format, palette()));
 }
 
 /// A new paragraph runs as the letters that it begins with.
@@ -207,7 +225,7 @@ void RichTextBox::insertFromMimeData(const QMimeData* source) {
   if (RichMimeData::isIn(*source)) {
     setSelRichText(RichMimeData::textIn(*source));
   } else {
-    leaveFieldAtCaret();
+    leaveRangeAtCaret();
     const int from = textCursor().selectionStart();
     setSelText(source->text());
     directPasted(from);
@@ -259,6 +277,7 @@ bool RichTextBox::viewportEvent(QEvent* event) {
 }
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
+  dragFrom_.reset();
   const bool isPlainClick = event->button() == Qt::LeftButton && !textCursor().hasSelection();
   QTextEdit::mouseReleaseEvent(event);
   if (isPlainClick && event->modifiers() == Qt::ControlModifier) {
@@ -275,9 +294,62 @@ void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event) {
     return;
   }
   QTextEdit::mouseDoubleClickEvent(event);
+  narrowToLetters(character);
+}
+
+/// A word that was pointed at ends where an object stands: typed over, it must not take a comment along.
+void RichTextBox::narrowToLetters(int character) {
+  QTextCursor cursor = textCursor();
+  const QString selected = cursor.selectedText();
+  if (!selected.contains(QChar::ObjectReplacementCharacter)) {
+    return;
+  }
+  const qsizetype at = std::clamp<qsizetype>(character - cursor.selectionStart(), 0, selected.size() - 1);
+  const bool isObject = selected[at] == QChar::ObjectReplacementCharacter;
+  const qsizetype before = isObject ? at - 1 : selected.lastIndexOf(QChar::ObjectReplacementCharacter, at);
+  const qsizetype behind = isObject ? at + 1 : selected.indexOf(QChar::ObjectReplacementCharacter, at);
+  const int from = cursor.selectionStart();
+  cursor.setPosition(from + static_cast<int>(before + 1));
+  cursor.setPosition(from + static_cast<int>(behind < 0 ? selected.size() : behind), QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+}
+
+void RichTextBox::mousePressEvent(QMouseEvent* event) {
+  const QTextCursor selected = textCursor();
+  const int place = cursorForPosition(event->pos()).position();
+  const bool isInSelection = place >= selected.selectionStart() && place <= selected.selectionEnd();
+  const bool mayDrag = event->button() == Qt::LeftButton && selected.hasSelection() && isInSelection;
+  dragFrom_ = mayDrag ? std::optional(event->pos()) : std::nullopt;
+  QTextEdit::mousePressEvent(event);
+}
+
+void RichTextBox::dragSelection() {
+  auto* const drag = new QDrag(viewport());
+  drag->setMimeData(createMimeDataFromSelection());
+  const Qt::DropActions actions = Locked() ? Qt::DropActions(Qt::CopyAction) : Qt::CopyAction | Qt::MoveAction;
+  const QPointer<RichTextBox> alive(this);
+  const Qt::DropAction action = drag->exec(actions, Locked() ? Qt::CopyAction : Qt::MoveAction);
+  if (alive) {
+    endDrag(action, drag->target());
+  }
+}
+
+/// What was dragged here and there within this text is gone from its place by now.
+void RichTextBox::endDrag(Qt::DropAction action, const QObject* target) {
+  const auto* const box = target == nullptr ? nullptr : qobject_cast<const RichTextBox*>(target->parent());
+  // Anywhere else but the letters is lost on the way: there it is a copy.
+  if (action == Qt::MoveAction && box != nullptr && box != this && !Locked()) {
+    textCursor().removeSelectedText();
+  }
 }
 
 void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
+  const bool isHeld = dragFrom_ && event->buttons().testFlag(Qt::LeftButton);
+  if (isHeld && (event->pos() - *dragFrom_).manhattanLength() > QApplication::startDragDistance()) {
+    dragFrom_.reset();
+    dragSelection();
+    return;
+  }
   QTextEdit::mouseMoveEvent(event);
   const bool opens = event->modifiers() == Qt::ControlModifier && event->buttons() == Qt::NoButton &&
                      !linkAddress(formatOfCharacter(characterAt(event->pos())).field).isEmpty();
@@ -305,13 +377,15 @@ bool RichTextBox::openAtCaret() {
   return activate(caret) || activate(caret - 1);
 }
 
+QString RichTextBox::describeAtCaret() const {
+  const int caret = textCursor().position();
+  const QString behind = describe(formatOfCharacter(caret));
+  return behind.isEmpty() ? describe(formatOfCharacter(caret - 1)) : behind;
+}
+
 /// A screen reader hears of what stands at the caret and is no letter.
 void RichTextBox::tellOfCaret() {
-  const int caret = textCursor().position();
-  QString told = describe(formatOfCharacter(caret));
-  if (told.isEmpty()) {
-    told = describe(formatOfCharacter(caret - 1));
-  }
+  const QString told = describeAtCaret();
   if (told != accessibleDescription()) {
     setAccessibleDescription(told);
   }

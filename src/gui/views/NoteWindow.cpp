@@ -12,6 +12,7 @@
 #include <QDialogButtonBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -48,7 +49,7 @@ NoteWindow::NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidg
   auto* column = new QVBoxLayout(this);
   column->addWidget(txtNote, 1);
   column->addWidget(buttons());
-  new TextObjects(*txtNote);
+  objects_ = new TextObjects(*txtNote);
   resize(fontMetrics().averageCharWidth() * kLettersAndLines.width(),
          fontMetrics().lineSpacing() * kLettersAndLines.height());
   restoreWindow(objectName(), *this);
@@ -76,7 +77,10 @@ QWidget* NoteWindow::buttons() {
   } else {
     auto* const ok = makeButton(u"cmdOK"_s, u"&OK"_s);
     ok->setToolTip(u"Takes the text (Ctrl+Return)"_s);
-    ok->setShortcut(QKeySequence(u"Ctrl+Return"_s));
+    // Beside the key in its caption.
+    for (const QString& keys : {u"Ctrl+Return"_s, u"Ctrl+S"_s}) {
+      connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, ok, [ok] { ok->click(); });
+    }
     row->addButton(ok, QDialogButtonBox::AcceptRole);
     row->addButton(makeButton(u"cmdExit"_s, u"&Cancel"_s), QDialogButtonBox::RejectRole);
   }
@@ -86,7 +90,11 @@ QWidget* NoteWindow::buttons() {
 }
 
 bool NoteWindow::isChanged() const {
-  return txtNote->isEdited();
+  return txtNote->isEdited() || objects_->holdsUnsaved();
+}
+
+void NoteWindow::takeOpenNote() {
+  objects_->takeOpenNote();
 }
 
 RichText NoteWindow::text() const {

@@ -6,6 +6,7 @@
 #include <QHash>
 
 class RichTextBox;
+class TextObjects;
 
 /// The text of a footnote, an endnote or a comment, to be read and changed, or read alone where the text that it
 /// belongs to is locked. Whoever leaves with changes is asked.
@@ -19,6 +20,8 @@ class NoteWindow : public QDialog {
   /// True when the text was changed.
   bool isChanged() const;
   RichText text() const;
+  /// What was changed in a note of this one goes into its text, as if that window had been left with its button.
+  void takeOpenNote();
 
   void reject() override;
   void done(int result) override;
@@ -28,6 +31,7 @@ class NoteWindow : public QDialog {
   QWidget* buttons();
 
   RichTextBox* txtNote;
+  TextObjects* objects_ = nullptr;
   /// Colours that were made readable here, and what they are in the text.
   QHash<quint32, quint32> toldColours_;
 };

@@ -21,6 +21,16 @@ bool mayOpen(const QUrl& url) {
   return url.isValid() && (scheme == u"http" || scheme == u"https" || scheme == u"mailto");
 }
 
+/// With places where a line may end: a long address would leave the box.
+QString breakable(const QString& address) {
+  constexpr int kPiece = 60;
+  QString pieces;
+  for (qsizetype at = 0; at < address.size(); at += kPiece) {
+    pieces += (at > 0 ? u"\n"_s : QString()) + address.mid(at, kPiece);
+  }
+  return pieces;
+}
+
 }  // namespace
 
 TextObjects::TextObjects(RichTextBox& text) : QObject(&text), text_(text) {
@@ -66,6 +76,7 @@ bool TextObjects::holdsUnsaved() const {
 
 void TextObjects::takeOpenNote() {
   if (holdsUnsaved()) {
+    window_->takeOpenNote();
     take(*window_);
   }
 }
@@ -73,11 +84,11 @@ void TextObjects::takeOpenNote() {
 void TextObjects::openLink(const QString& address) {
   const QUrl url(address, QUrl::TolerantMode);
   if (!mayOpen(url)) {
-    toolkit().MsgBox(
-        u"This link leads to\n\n%1\n\nOnly addresses of the web and of mail are opened from here."_s.arg(address));
+    toolkit().MsgBox(u"This link leads to\n\n%1\n\nOnly addresses of the web and of mail are opened from here."_s.arg(
+        breakable(address)));
     return;
   }
-  const Answer answer = toolkit().MsgBox(u"Open this address?\n\n%1"_s.arg(address), Buttons::YesNo);
+  const Answer answer = toolkit().MsgBox(u"Open this address?\n\n%1"_s.arg(breakable(address)), Buttons::YesNo);
   if (answer == Answer::Yes && !toolkit().openDocument(address)) {
     toolkit().MsgBox(u"%1 could not be opened."_s.arg(address));
   }

@@ -391,3 +391,18 @@ TEST(RtfObjects, WhatStandsInOddPlacesIsKeptOnce) {
   readRtf("{\\rtf1{\\field{\\*\\fldinst IF {\\field{\\*\\fldinst PAGE}} = 1}{\\fldrslt r}}\\brdrb\\sect}", &losses);
   EXPECT_EQ(losses, RtfLoss::NestedFields | RtfLoss::ParagraphBorders | RtfLoss::Sections);
 }
+
+TEST(RtfObjects, WordsBehindADamagedPlaceAreToldOf) {
+  const QByteArray whole = "{\\rtf1 a{\\b b}{\\pict\\pngblip 00}";
+  for (const char* const tail : {"}", "} \r\n", "}\x1A"}) {
+    RtfLosses losses;
+    readRtf(whole + tail, &losses);
+    EXPECT_FALSE(losses) << tail;
+  }
+  for (const char* const tail :
+       {"} } after\\par more}", "{\\pict\\pngblip 00 \\par after}", "{\\pict\\bin9999 00}}", "{\\*\\x y}{", ""}) {
+    RtfLosses losses;
+    EXPECT_EQ(readRtf(whole + tail, &losses).plainText().first(2), u"ab"_s);
+    EXPECT_TRUE(losses.testFlag(RtfLoss::Damaged)) << tail;
+  }
+}

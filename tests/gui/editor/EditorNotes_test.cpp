@@ -7,6 +7,7 @@
 #include "gui/views/NoteWindow.h"
 #include "gui/views/TextObjects.h"
 #include "support/ModalHelper.h"
+#include "support/SampleProject.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -52,6 +53,7 @@ TEST_F(TextObjectsTest, ANoteIsReadAndChangedInAWindowOfItsOwn) {
     const WhenModal window([](QWidget& modal) {
       EXPECT_EQ(modal.windowTitle(), u"Footnote"_s);
       EXPECT_EQ(noteIn(modal).Text(), u" old words"_s);
+      EXPECT_EQ(childOf<QPushButton>(modal, u"cmdOK"_s).shortcut(), QKeySequence(u"Alt+O"_s));
       QTest::keyClicks(&noteIn(modal), u", new ones"_s);
       QTest::mouseClick(&childOf<QPushButton>(modal, u"cmdOK"_s), Qt::LeftButton);
     });
@@ -91,6 +93,9 @@ TEST_F(TextObjectsTest, WhereThereIsNothingToOpenTheWriterIsTold) {
   openWith(kWithNotes);
   openAtCaret(0);
   EXPECT_EQ(panel(*editor_, 4), u"There is no note or link at the caret"_s);
+  openWith("{\\rtf1{\\*\\bkmkstart here}a\\par}");
+  openAtCaret(0);
+  EXPECT_TRUE(panel(*editor_, 4).contains(u"here"_s)) << "what has no more than a name is told";
 }
 
 TEST_F(TextObjectsTest, LinksOpenOnlyToTheWebAndMailAndAfterTheirAddressWasShown) {
@@ -128,4 +133,23 @@ TEST_F(TextObjectsTest, InALockedTextANoteIsReadAndNoMore) {
   });
   pane.setSelStart(1);
   EXPECT_TRUE(pane.openAtCaret());
+}
+
+TEST_F(TextObjectsTest, AnEndThatAsksNothingKeepsWhatStandsInANoteOfANote) {
+  openWith("{\\rtf1 a{\\footnote outer{\\footnote inner}}\\par}");
+  const WhenModal window([this](QWidget& outer) {
+    QTest::keyClicks(&noteIn(outer), u"1"_s);
+    const WhenModal nested([this, &outer](QWidget& inner) {
+      ASSERT_NE(&inner, &outer);
+      QTest::keyClicks(&noteIn(inner), u"2"_s);
+      editor_->SaveQuietly();
+      QTest::keyClick(&inner, Qt::Key_S, Qt::ControlModifier);
+    });
+    Q_EMIT noteIn(outer).noteActivated(5);
+    QTest::keyClick(&outer, Qt::Key_Return, Qt::ControlModifier);
+  });
+  openAtCaret(1);
+  const RichText outer = readRtf(fileBytes(scene()->RTFFileWithPath())).charFormatAt(1).object->content->slice(0);
+  EXPECT_EQ(outer.plainText(), u"outer1"_s);
+  EXPECT_EQ(outer.charFormatAt(5).object->content->plainText(), u"inner2"_s);
 }

@@ -136,7 +136,7 @@ TEST_F(EditorTextTest, WhatCanNotBeKeptIsToldAndTheFileAsItWasIsKeptBesideTheBoo
   scene()->Save(false, true);
   frmEditor* const editor = open();
   EXPECT_EQ(panel(*editor, 4),
-            u"Not kept when saved: table borders, headers and footers, tracked deletions, text boxes, styles"_s);
+            u"Not kept when saved: table layout, headers and footers, tracked deletions, text boxes, styles"_s);
   const QDir backups(g_Project->TodaysBackupFolder());
   trigger(*editor, "mnuSave");
   EXPECT_FALSE(backups.exists(u"RTF_00001_Original.rtf"_s)) << "nothing was lost yet";
@@ -160,6 +160,10 @@ TEST_F(EditorTextTest, WithoutACopyOfWhatWouldBeLostTheUserDecides) {
       Answer::No);
   trigger(*editor, "mnuSave");
   EXPECT_EQ(fileBytes(scene()->RTFFileWithPath()), rtf);
+  editor->SaveQuietly();
+  const QDir rescued(Settings().sGet(u"RescuedTexts"_s).toString(), u"*.rtf"_s);
+  ASSERT_EQ(rescued.count(), 1U) << "where nobody can be asked it is kept, and told of at the next start";
+  EXPECT_EQ(readRtf(fileBytes(rescued.filePath(rescued[0]))).plainText(), u"ax"_s);
   toolkit.expectBox(
       u"The text as it was could not be copied to the backup folder. Saving it now loses: headers and "
       u"footers.\n\nSave all the same?"_s,

@@ -11,6 +11,7 @@
 #include "gui/sheets/frmEditThing.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmAbout.h"
+#include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/shell/windows/frmEditProject.h"
 #include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/shell/windows/frmProjectWizard.h"
@@ -79,6 +80,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   fSHAREDLogViewer log;
   frmAbout about(&window());
   const frmLostAndFound lost(&window());
+  const frmBackupViewer backups(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
   const frmProjectWizard wizard(&window());
   const SheetSubject subject{EntityKind::Item, 1, nullptr};

@@ -1,5 +1,6 @@
 #include "core/text/Rtf.h"
 #include "gui/toolkit/Colours.h"
+#include "gui/toolkit/ListLabels.h"
 #include "gui/toolkit/RichMimeData.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/WaitFor.h"
@@ -10,6 +11,7 @@
 #include <QDropEvent>
 #include <QHelpEvent>
 #include <QImage>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
@@ -18,6 +20,7 @@
 #include <QToolTip>
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -358,4 +361,59 @@ TEST_F(RichTextBoxObjects, AreDroppedWhereThePointerIs) {
   box.setLocked(true);
   drop(placeOf(0));
   EXPECT_EQ(box.Text(), after);
+}
+
+TEST_F(RichTextBoxObjects, ADoubleClickTakesAWordWithoutThem) {
+  const std::tuple<qsizetype, QString> clicks[] = {{0, u"ab"_s}, {3, u"cd"_s}, {7, u"eflink"_s}, {14, u"gh"_s}};
+  for (const auto& [position, word] : clicks) {
+    QTest::mouseDClick(box.viewport(), Qt::LeftButton, {}, placeOf(position));
+    EXPECT_EQ(box.SelText(), word) << position;
+  }
+}
+
+TEST_F(RichTextBoxObjects, StayWhereTheyAreDraggedToWhatTakesLettersAlone) {
+  struct Dragged : RichTextBox {
+    using RichTextBox::endDrag;
+  } from;
+  RichTextBox other;
+  QLineEdit field;
+  const struct {
+    Qt::DropAction action;
+    const QObject* target;
+    bool goes;
+  } cases[] = {{Qt::MoveAction, &field, false},
+               {Qt::MoveAction, nullptr, false},
+               {Qt::CopyAction, other.viewport(), false},
+               {Qt::MoveAction, other.viewport(), true}};
+  for (const auto& drag : cases) {
+    from.setTextRTF(kRtf);
+    from.setSelStart(1);
+    from.setSelLength(3);
+    from.endDrag(drag.action, drag.target);
+    EXPECT_EQ(from.Text(), drag.goes ? u"a"_s + kText.sliced(4) : kText);
+  }
+}
+
+TEST_F(RichTextBoxObjects, WhatIsTypedBehindHiddenWordsIsSeen) {
+  box.setTextRTF("{\\rtf1 a{\\v bc} d\\par{\\v ef}\\par}");
+  for (const auto& [position, hidden] : {std::pair(2, true), {4, false}, {9, false}}) {
+    box.setSelStart(position);
+    type(box, u"x"_s);
+    EXPECT_EQ(box.formatAt(position).hidden, hidden) << position;
+  }
+}
+
+TEST_F(RichTextBoxObjects, ItemsBehindAnEndedOneKeepCounting) {
+  const auto item = [](const QByteArray& number) {
+    return "\\pard{\\pntext " + number + ".\\tab}{\\*\\pn\\pnlvlbody\\pndec{\\pntxta .}}";
+  };
+  box.setTextRTF("{\\rtf1" + item("1") + "one\\par" + item("2") + "\\par" + item("3") + "three\\par}");
+  const auto numberOf = [&](int paragraph) { return numberOfItem(box.document()->findBlockByNumber(paragraph)); };
+  ASSERT_EQ(numberOf(2), 3);
+  box.setSelStart(5);
+  QTest::keyClick(&box, Qt::Key_Return);
+  EXPECT_EQ(numberOf(0), 1);
+  EXPECT_EQ(numberOf(1), 0);
+  EXPECT_EQ(numberOf(2), 2);
+  EXPECT_EQ(box.SelStart(), 5);
 }

@@ -1,5 +1,6 @@
 #include "gui/shell/commands/Commands.h"
 
+#include "gui/shell/commands/BackupCommands.h"
 #include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ChapterCommands.h"
 #include "gui/shell/commands/NewProjectCommands.h"
@@ -18,5 +19,6 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ChapterCommands>(main));
   main.addCommands(std::make_unique<SceneCommands>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
+  main.addCommands(std::make_unique<BackupCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
 }

@@ -7,6 +7,7 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/persist/RescueFolder.h"
+#include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
@@ -70,6 +71,8 @@ void frmMain::EndProgram() {
   Timer3.stop();
   const Guard guard("EndProgram", "frmMain");
   guard([&] { storeSettings(); });
+  // The book as it was opened.
+  guard([&] { backups_->makeDue(); });
   toolkit().DoEvents();
   // A project without a file is empty, unless a save was given up: then the book is in memory alone, and the save
   // asks once more.

@@ -199,9 +199,7 @@ void StartUp::showStatusBar() const {
   main_.status().setVersion(version);
   main_.showTotal();
   const qint32 lastBackup = Numbers::ToInt(Settings().sGet(u"LastFullBackup"_s, 0));
-  // Only where there is something to follow the reminder with.
-  main_.status().setBackupReminder(main_.menus().isBuilt(u"mnuBackupProject"_s) &&
-                                   lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
+  main_.status().setBackupReminder(lastBackup < Clock::dayNumber(Clock::today()) - kBackupDays);
   Logging().LogEvent(u"Quillane 4 startup: "_s + version);
 }
 
@@ -297,8 +295,21 @@ void StartUp::offerRescued() const {
   }
 }
 
+void StartUp::tellOfRescuedTexts() const {
+  const QString folder = Settings().sGet(u"RescuedTexts"_s).toString();
+  if (folder.isEmpty()) {
+    return;
+  }
+  Settings().DeleteSettingByName(u"RescuedTexts"_s);
+  toolkit().MsgBox(
+      u"The computer ended Quillane while the text of a scene could not be saved in its own place. It was kept in the "
+      u"folder\n"_s +
+      folder);
+}
+
 void StartUp::tellOfStart() const {
   offerRescued();
+  tellOfRescuedTexts();
   QStringList told;
   if (!notFound_.isEmpty()) {
     told += notFound_ + u" wasn't found."_s;

@@ -38,6 +38,7 @@ class StartUp {
   void finish();
   void tellOfStart() const;
   void offerRescued() const;
+  void tellOfRescuedTexts() const;
 
   frmMain& main_;
   /// A file that was named and isn't there.

@@ -185,6 +185,7 @@ constexpr std::array kTools{
     separator("mnuWindow"),
     menu("mnuBackupMenu", u"Backups", "mnuWindow"),
     entry("mnuBackupProject", u"Backup Entire Project", "mnuBackupMenu"),
+    entry("mnuVerifyBackup", u"Verify Backup", "mnuBackupMenu"),
     entry("mnuSaveToSingleFile", u"Save project content to single file", "mnuBackupMenu"),
     entry("mnuSetupAutobackup", u"Set Autobackup options", "mnuBackupMenu"),
     entry("mnuAutobackups", u"View Autobackups", "mnuBackupMenu"),

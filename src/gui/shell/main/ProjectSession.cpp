@@ -4,6 +4,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/RecentProjects.h"
@@ -27,6 +28,7 @@ void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
   main_.EnableMenus();
   main_.ProjectChanged = false;
   main_.RefreshAll();
+  main_.backups().bookOpened();
 }
 
 bool ProjectSession::readProject(const QString& path, bool showProgress) {
@@ -36,11 +38,13 @@ bool ProjectSession::readProject(const QString& path, bool showProgress) {
 
 // The rows stand for what is cleared while the windows repaint.
 void ProjectSession::leaveProject() {
+  main_.backups().bookLeaves();
   g_Project->CloseEditorWindows();
   main_.panes().ClearLists();
 }
 
 void ProjectSession::showEmptyProject() {
+  main_.backups().bookLeaves();
   // Scenes that were open give up their locks.
   g_Project->Clear();
   g_Project = std::make_unique<clsProject>();

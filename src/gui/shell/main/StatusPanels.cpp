@@ -1,8 +1,10 @@
 #include "gui/shell/main/StatusPanels.h"
 
+#include "core/infra/FirstOf.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/PlainToolTip.h"
 
 #include <QLabel>
 #include <QLocale>
@@ -108,6 +110,20 @@ void StatusPanels::setVersion(const QString& version) {
 }
 
 void StatusPanels::setBackupReminder(bool due) {
-  backup_->setText(due ? u"  Use Tools - Backups and make a full backup!  "_s : QString());
-  backup_->setVisible(due);
+  backupDue_ = due;
+  showBackupPanel();
+}
+
+void StatusPanels::setBackupFailure(const QStringList& causes) {
+  backupFailure_ = causes;
+  showBackupPanel();
+}
+
+void StatusPanels::showBackupPanel() {
+  const bool failed = !backupFailure_.isEmpty();
+  backup_->setText(failed       ? u"  The last backup failed  "_s
+                   : backupDue_ ? u"  Use Tools - Backups and make a full backup!  "_s
+                                : QString());
+  backup_->setToolTip(failed ? plainToolTip(firstOf(backupFailure_).join(u'\n')) : QString());
+  backup_->setVisible(failed || backupDue_);
 }

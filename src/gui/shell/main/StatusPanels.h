@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 
 #include <functional>
@@ -29,9 +30,12 @@ class StatusPanels {
   void setTotal(qint32 words);
   void setVersion(const QString& version);
   void setBackupReminder(bool due);
+  /// In the reminder's place until it is set to nothing: why the last backup was not made.
+  void setBackupFailure(const QStringList& causes);
 
  private:
   void showFirstPanel();
+  void showBackupPanel();
 
   QString resting() const;
 
@@ -42,6 +46,8 @@ class StatusPanels {
   QString hint_;
   QString offer_;
   std::function<void()> load_;
+  bool backupDue_ = false;
+  QStringList backupFailure_;
   ElidedLabel* message_;
   QPushButton* loadIt_;
   QLabel* total_;

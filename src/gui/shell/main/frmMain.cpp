@@ -9,6 +9,7 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/ChangeScan.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/DiskWatch.h"
@@ -104,6 +105,7 @@ void frmMain::createParts() {
   popups_ = new PopupMenus(*this);
   scan_ = std::make_unique<ChangeScan>(*this);
   disk_ = std::make_unique<DiskWatch>(*this);
+  backups_ = std::make_unique<BookBackups>(*this);
   Timer3.setObjectName(u"Timer3"_s);
   Timer3.setParent(this);
   Timer3.setInterval(5s);

@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+class BookBackups;
 class ChangeScan;
 class CommandGroup;
 class DiskWatch;
@@ -94,6 +95,7 @@ class frmMain : public QMainWindow {
   MainMenuBar& menus() { return *menus_; }
   StatusPanels& status() { return *status_; }
   ProjectSession& session() { return session_; }
+  BookBackups& backups() { return *backups_; }
 
   /// Takes a group of commands and binds it to the menu.
   void addCommands(std::unique_ptr<CommandGroup> group);
@@ -131,6 +133,7 @@ class frmMain : public QMainWindow {
   PopupMenus* popups_ = nullptr;
   std::unique_ptr<ChangeScan> scan_;
   std::unique_ptr<DiskWatch> disk_;
+  std::unique_ptr<BookBackups> backups_;
   ProjectSession session_;
   std::vector<std::unique_ptr<CommandGroup>> commands_;
   /// What the menus were last told of a project and of open editors.

@@ -52,8 +52,9 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
   startWith(path);
   for (const char* command :
        {"mnuLoadProj", "mnuRecent(1)", "mnuSaveProj", "mnuCloseProject", "mnuNewProj", "mnuProjectGen",
-        "mnuWordUsageCount", "mnuLostAndFound", "mnuSettings", "mnuFileNew", "mnuEditChapter", "mnuMarkChaptersUnused",
-        "mnuRemoveChapter", "mnuAddScene", "mnuStatus(0)", "mnuRemoveScene"}) {
+        "mnuWordUsageCount", "mnuLostAndFound", "mnuBackupProject", "mnuVerifyBackup", "mnuAutobackups", "mnuSettings",
+        "mnuFileNew", "mnuEditChapter", "mnuMarkChaptersUnused", "mnuRemoveChapter", "mnuAddScene", "mnuStatus(0)",
+        "mnuRemoveScene"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;

@@ -14,7 +14,6 @@
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/life/InstanceCheck.h"
 #include "gui/shell/life/RegisterWindows.h"
-#include "gui/shell/main/MenuBindings.h"
 #include "support/ModalHelper.h"
 #include "support/Required.h"
 #include "support/SampleProject.h"
@@ -34,32 +33,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Stands for a command that the start points to.
-class BuiltLater : public CommandGroup {
- public:
-  void bind(MenuBindings& menu) override {
-    menu.bind("mnuBackupProject", [] {});
-  }
-};
-
 const QString kGreeting =
     u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard' to help you get "
     u"started:\n"
     "Just click the Project menu, followed by 'New Project Wizard'"_s;
 
-void addLaterCommands(frmMain& main) {
-  main.addCommands(std::make_unique<BuiltLater>());
-}
-
 }  // namespace
 
 using StartUpTest = ShellTest;
 
-// Whoever is new here is shown the way to the wizard, and not reminded of a backup that nothing makes.
 TEST_F(StartUpTest, AFirstRunGreetsAndStartsWithAllDefaults) {
   toolkit.expectBox(kGreeting);
   start();
-  EXPECT_EQ(panel("backup"), QString());
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
   EXPECT_EQ(g_FontSize, 10);
   EXPECT_EQ(g_FontName, u"Times New Roman"_s);
@@ -198,6 +183,14 @@ TEST_F(StartUpTest, TellsWhenTheLastRunDidNotComeToItsEnd) {
   EXPECT_TRUE(logText().contains(u", The last run did not end properly\r\n"_s));
 }
 
+TEST_F(StartUpTest, TellsOnceOfTextsThatWereKeptElsewhere) {
+  writeSettings({u"RescuedTexts,"_s + folder.path(u"Rescue"_s)});
+  toolkit.expectBox(u"It was kept in the folder\n"_s + folder.path(u"Rescue"_s));
+  start();
+  window().EndAtOnce();
+  start();
+}
+
 TEST_F(StartUpTest, ASecondCopyLeavesTheLogOfTheFirstAlone) {
   const QString log = Paths::programFolder() + u"log.txt"_s;
   const QString own = Paths::programFolder() + u"log_copy.txt"_s;
@@ -225,8 +218,7 @@ TEST_F(StartUpTest, ALastProjectThatHasGoneOpensNothingAndSaysNothing) {
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
 }
 
-TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeekWhereOneCanBeMade) {
-  prepare = addLaterCommands;
+TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeek) {
   Clock::set(QDateTime(QDate(2026, 3, 15), QTime(12, 0)));
   const qint32 today = Clock::dayNumber(QDate(2026, 3, 15));
   const QString reminder = u"  Use Tools - Backups and make a full backup!  "_s;

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "gui/shell/main/MenuBindings.h"
+
+class frmMain;
+
+/// The commands of the Backups menu that make backups of the whole book, look whether one is whole, and show them.
+class BackupCommands : public CommandGroup {
+ public:
+  explicit BackupCommands(frmMain& main) : main_(main) {}
+
+  void bind(MenuBindings& menu) override;
+
+ private:
+  void mnuBackupProject_Click();
+  void mnuVerifyBackup_Click();
+  void mnuAutobackups_Click();
+
+  frmMain& main_;
+};
