@@ -26,14 +26,14 @@ QString program(const QString& name) {
 }  // namespace
 
 FaultyRun saveWithFault(Means means, const Fault& fault, const QString& folder, const QString& home,
-                        const QStringList& arguments) {
+                        const QStringList& arguments, const QString& name) {
   const QString counts = home + u"/count"_s;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(u"FAULT_BELOW"_s, folder);
   environment.insert(u"FAULT_COUNT"_s, counts);
   environment.insert(u"FAULT_AT"_s, QString::number(fault.at));
   environment.insert(u"FAULT_HOW"_s, fault.how);
-  QStringList command{program(u"save_a_book"_s), home};
+  QStringList command{program(name), home};
   command += arguments;
   if (means == Means::Preloaded) {
     environment.insert(u"LD_PRELOAD"_s, program(u"libfaultycalls.so"_s));

@@ -22,10 +22,10 @@ struct FaultyRun {
   int calls = 0;
 };
 
-/// Runs save_a_book. The fault strikes below `folder` where the means looks at that; `home` is a folder for settings
-/// and counts.
+/// Runs save_a_book, or the program of this name. The fault strikes below `folder` where the means looks at that;
+/// `home` is a folder for settings and counts.
 FaultyRun saveWithFault(Means means, const Fault& fault, const QString& folder, const QString& home,
-                        const QStringList& arguments);
+                        const QStringList& arguments, const QString& name = QStringLiteral("save_a_book"));
 
 /// Empty where the system lets us trace processes and bring this fault in, else why not.
 QString whyNotTraced(const QString& how, const QString& home);

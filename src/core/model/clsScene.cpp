@@ -101,8 +101,13 @@ void clsScene::ForceWordcount() {
   wordsStale_ = false;
 }
 
+void clsScene::HoldCounts() {
+  Wordcount();
+  countsHeld_ = true;
+}
+
 qint32 clsScene::Wordcount() {
-  if (wordsStale_) {
+  if (wordsStale_ && !countsHeld_) {
     ForceWordcount();
   }
   return wordcount_;
@@ -204,4 +209,5 @@ void clsScene::Clear() {
   plainText_.clear();
   ++textStamp_;
   wordsStale_ = true;
+  countsHeld_ = false;
 }

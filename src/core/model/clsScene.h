@@ -88,6 +88,9 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   qint32 Lettercount();
   /// Counts now, stale or not.
   void ForceWordcount();
+  /// From now on the counts stay those of the text that is there, whatever comes, until that is written or saved by
+  /// itself: what an editor puts here between its saves doesn't count yet.
+  void HoldCounts();
 
   qint32 CharCount() const { return characters_.Count(); }
   qint32 LocationCount() const { return locations_.Count(); }
@@ -161,6 +164,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   friend class DiskConflicts;
   friend class ProjectRepair;
   friend class ProjectSaver;
+  friend class SceneBefore;
   friend class SceneFile;
   friend class clsScenes;
 
@@ -178,6 +182,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   WatchedFlag inScenes_;
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
+  bool countsHeld_ = false;
   WatchedFlag rtfChanged_;
   /// What the file looked like when it was last read or written. Its content is the text itself until that changes.
   FileStamp stored_;

@@ -5,10 +5,10 @@
 #include "core/infra/ZipContents.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
-#include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/ConflictCopy.h"
+#include "core/persist/SceneCopy.h"
 #include "core/persist/WholeFile.h"
 
 #include <QDir>
@@ -77,16 +77,14 @@ std::optional<Backup> newestBackup(const QString& projectFile) {
 }
 
 bool backUpScene(clsScene& scene) {
-  // A folder that has gone isn't made anew.
-  if (!g_Project->HasPlace() || !Files().FolderExists(g_Project->Path())) {
+  if (!g_Project->HasPlace()) {
     return false;
   }
-  const QString folder = g_Project->TodaysBackupFolder();
-  Files().MkMissingDir(folder);
-  const qint32 place = g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID());
-  return Files().SaveTextFile(
-      folder + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s + QString::number(place) + u".rtf"_s,
-      QByteArrayView(scene.TextRTF()));
+  return Guard("backUpScene", "Backups")([&] {
+    const QString path = SceneCopy::nameOf(scene) + u".rtf"_s;
+    SceneCopy::putAside(scene, path, scene.TextRTF());
+    SceneCopy::write(path, scene.TextRTF());
+  });
 }
 
 bool backUpOriginal(clsScene& scene) {

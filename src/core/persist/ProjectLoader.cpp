@@ -18,6 +18,7 @@
 #include "core/persist/ProjectRepair.h"
 #include "core/persist/ProjectSummary.h"
 #include "core/persist/RescueFolder.h"
+#include "core/persist/SceneFile.h"
 #include "core/persist/WholeFile.h"
 #include "core/persist/modConstXML.h"
 #include "core/text/TagView.h"
@@ -145,6 +146,8 @@ bool ProjectLoader::loadQN4(const QString& file, bool showProgress) {
     project_.Clear();
     return false;
   }
+  // What was cut off, or is a backup's, says nothing of the texts that stand there.
+  recountYounger(file, isComplete ? stamp : FileStamp());
   project_.incompleteFile_ = isComplete ? QString() : file;
   project_.storedIn_ = file;
   project_.stored_ = stamp;
@@ -157,6 +160,15 @@ bool ProjectLoader::loadQN4(const QString& file, bool showProgress) {
   }
   tellFindings();
   return true;
+}
+
+void ProjectLoader::recountYounger(const QString& file, const FileStamp& projectFile) const {
+  if (extensionOf(file) == u"qnc4"_s) {
+    return;  // its texts are its own
+  }
+  for (const auto& scene : project_.Scenes) {
+    SceneFile(*scene).recountIfYoungerThan(projectFile);
+  }
 }
 
 bool ProjectLoader::readBook(const QString& file, QByteArrayView text, bool showProgress) {

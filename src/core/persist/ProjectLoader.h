@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/infra/FileStamp.h"
+
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
@@ -27,6 +29,8 @@ class ProjectLoader {
   void beginEmptyBook(const QString& file);
   QString whatWasFound(bool isRead) const;
   qsizetype filesBesideIt(const QString& file) const;
+  /// Texts that an editor has saved behind the project file, or another program wrote.
+  void recountYounger(const QString& file, const FileStamp& projectFile) const;
   void tellFailure() const;
   void tellFindings() const;
   void tellUnreadTexts() const;

@@ -73,6 +73,7 @@ void flushRTFFolder() {
 // What a window saves by itself: there is somebody to ask.
 void clsScene::SaveRTF(bool force) {
   SceneFile file(*this);
+  countsHeld_ = false;
   saveFailure_.clear();
   if (!g_Project->HasPlace()) {
     RescueFolder(*g_Project).keep(*this);
@@ -204,6 +205,12 @@ void SceneFile::knowFile() const {
   }
 }
 
+void SceneFile::recountIfYoungerThan(const FileStamp& projectFile) const {
+  if (scene_.stored_.modified > projectFile.modified) {
+    scene_.wordsStale_ = true;
+  }
+}
+
 std::optional<SceneFile::Changed> SceneFile::changedByOthers() const {
   const FileStamp now = FileStamp::lookAt(path());
   if (scene_.rtfFilename_.isEmpty() || !now.isKnown() || scene_.stored_.looksLike(now) ||
@@ -255,6 +262,7 @@ bool SceneFile::writeText(Others others) {
     }
   }
   scene_.rtfChanged_ = !failure_.isEmpty();
+  scene_.countsHeld_ = scene_.countsHeld_ && scene_.rtfChanged_;
   if (scene_.rtfChanged_) {
     logUnsaved(path() + u" ("_s + failure_ + u')');
   }
@@ -285,7 +293,7 @@ bool SceneFile::keepUndecodedText() const {
 void SceneFile::writePlainMirror(const QString& folder) const {
   QString name = Files().FileWithoutExt(scene_.rtfFilename_) + u".txt"_s;
   name.replace(u"RTF_"_s, u"Plain_"_s);
-  if (scene_.mirroredStamp_ == scene_.textStamp_ && QFileInfo::exists(folder + name)) {
+  if (scene_.mirroredStamp_ == scene_.textStamp_ && QFileInfo(folder + name).isFile()) {
     return;
   }
   const QString& text = scene_.ConvertedToBodyText();

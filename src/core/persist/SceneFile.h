@@ -33,6 +33,9 @@ class SceneFile {
   bool load(SceneFolder& folder) const;
   /// Takes what stands on the disk under the scene's name for known, whatever the scene holds.
   void knowFile() const;
+  /// A text that was written behind the project file has other words than that tells: they are counted anew when they
+  /// are asked for.
+  void recountIfYoungerThan(const FileStamp& projectFile) const;
   /// What another program has made of the file since it was last read or written; nothing when it is as it was, or
   /// isn't there, or holds what the scene holds.
   struct Changed {

@@ -23,6 +23,8 @@ QString bareFileName(const QString& stored) {
 
 void clsScene::DataAsXML(QByteArray& out, bool singleFile) {
   using namespace modConstXML;
+  // The text that goes along is what counts there.
+  countsHeld_ = countsHeld_ && !singleFile;
   ElementWriter element(out, kScene);
   element.integer(kID, ID());
   element.text(kTitle, Title);

@@ -4,7 +4,8 @@
 
 class QWidget;
 
-/// Tells of each key that goes down in a control, arrows too, but not of those that move on to the next one.
+/// Tells of each key that goes down in a control, arrows too, but not of those that move on or call a
+/// command.
 class KeysPressed : public QObject {
   Q_OBJECT
 

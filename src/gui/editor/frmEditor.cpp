@@ -37,7 +37,8 @@
 using namespace Qt::StringLiterals;
 
 // The window itself: its parts, its place on the screen, its life. What passes between it and the scene is in
-// frmEditorBinding.cpp, the way to other scenes in frmEditorMoves.cpp, its menus in frmEditorMenus.cpp.
+// frmEditorBinding.cpp, what is kept between saves in frmEditorCopies.cpp, the way to other scenes in
+// frmEditorMoves.cpp, its menus in frmEditorMenus.cpp.
 
 namespace {
 
@@ -61,6 +62,7 @@ frmEditor::frmEditor() {
   connectSignals();
   connectMoves();
   connectCharacters();
+  connectCopies();
   readSettings();
   TimerLoadFonts.start();
 }
@@ -233,6 +235,7 @@ void frmEditor::setCaption(const QString& title) {
 
 void frmEditor::setDirty(bool dirty) {
   Dirty = dirty;
+  typedSinceCopy_ = dirty;
   setWindowModified(dirty);
 }
 
@@ -265,6 +268,7 @@ void frmEditor::ShowModal() {
 void frmEditor::Unload() {
   leaving_ = true;
   TimerWC.stop();
+  TimerBackup.stop();
   TimerLoadFonts.stop();
   TimerExit.stop();
   find_->close();

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/model/SceneBefore.h"
 #include "core/model/SceneEditor.h"
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorColours.h"
+#include "gui/editor/SceneCopies.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -43,7 +45,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
   void EditScene(qint32 id) override;
   /// Copies the controls into the scene, the text in the one colour of saved text. A text that nobody edited stays as
-  /// the scene has it, byte for byte.
+  /// the scene has it, byte for byte. A scene of the book gets its safety copy too.
   void FormToData(clsScene& scene);
   /// Shows the scene's place in the book and its cast as they are now; what was typed or chosen here stays.
   void FindInCombos(clsScene& scene);
@@ -87,6 +89,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void connectSignals();
   void connectMoves();
   void connectCharacters();
+  void connectCopies();
   void readSettings();
   void storeWindowSettings();
   void DisableOrEnable(bool enabled);
@@ -128,6 +131,16 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// For the status bar.
   QString whereSaved() const;
   void keepWithoutBook();
+  // Between the saves.
+  void beginCopies();
+  void restartCopies();
+  void TimerBackup_Timer();
+  void keepTyped(clsScene& shown);
+  void AutoBackup(clsScene& shown, const QByteArray& rtf);
+  void tellCopy(const QString& failure);
+  void showCopyPlace();
+  /// The scene holds again what it held before the timer put there what isn't wanted.
+  void dropTyped();
   void ExitForm();
   void saveAndExit();
   void closeForm();
@@ -177,6 +190,12 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// Nothing was counted yet.
   std::optional<QString> LastCountedText;
   QTimer TimerWC;
+  QTimer TimerBackup;
+  SceneCopies copies_;
+  /// As the scene was when it was saved last, once the timer has put there what was typed.
+  std::optional<SceneBefore> before_;
+  /// Something changed that the timer hasn't taken up.
+  bool typedSinceCopy_ = false;
   QTimer TimerLoadFonts;
   QTimer TimerExit;
   QEventLoop* modalLoop_ = nullptr;

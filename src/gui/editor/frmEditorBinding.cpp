@@ -67,6 +67,7 @@ void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
   txtMain->setSelStart(0);
   MarkCharacters();
+  beginCopies();
   setDirty(false);
 }
 
@@ -110,16 +111,21 @@ RichText frmEditor::cleanText() const {
 
 void frmEditor::FormToData(clsScene& into) {
   TimerWC.stop();
+  TimerBackup.stop();
   viewpoint_->FormToData(into);
   TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
     into.setTextRTF(writeRtf(cleanText()));
-    if (&into == scene().get()) {  // any other is a copy, and the scene still waits for the text
-      txtMain->setUnedited();
-    }
+  } else if (before_) {
+    // What was typed was taken back.
+    into.setTextRTF(before_->TextRTF());
+  }
+  if (scene().get() == &into) {
+    AutoBackup(into, into.TextRTF());
   }
   TimerWC.start(kWordCountMs);
+  restartCopies();
 }
 
 bool frmEditor::keepOriginal(clsScene& of, bool mayAsk) {
@@ -176,6 +182,7 @@ void frmEditor::showChapterWordCount(qint32 wordsHere) {
 // What stood there of the book is true no more.
 void frmEditor::LetGo() {
   StatusBar1->setPanel(EditorStatusBar::autosave, u"No longer in the open book"_s);
+  StatusBar1->setToolTip({});
   StatusBar1->setPanel(EditorStatusBar::chapterWords, {});
   StatusBar1->setPanel(EditorStatusBar::chapterTitle, {});
 }
@@ -215,6 +222,8 @@ bool frmEditor::SaveChanges(bool) {
     return false;
   }
   FormToData(*saved);
+  txtMain->setUnedited();
+  before_.reset();
   const QByteArray given = saved->TextRTF();
   saved->Save(false, true);
   if (!saved->InScenes()) {
@@ -223,6 +232,7 @@ bool frmEditor::SaveChanges(bool) {
   if (saved->TextRTF() != given) {
     // Another program had changed the file, and the user took that.
     loadMainText(*saved);
+    copies_.begin();
   }
   LastEditorLeft = Twips::fromPixels(x());
   LastEditorTop = Twips::fromPixels(y());
@@ -308,6 +318,7 @@ bool frmEditor::AskIfSave() {
       return saveWhole();
     case Answer::No:
       savedChanges_ = false;
+      dropTyped();
       return true;
     default:
       return false;
@@ -316,6 +327,7 @@ bool frmEditor::AskIfSave() {
 
 void frmEditor::ExitForm() {
   TimerWC.stop();
+  TimerBackup.stop();
   leaving_ = true;
   find_->close();
   if (!Finished) {

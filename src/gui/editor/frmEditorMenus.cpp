@@ -9,6 +9,7 @@
 #include "gui/editor/WordLookup.h"
 #include "gui/editor/WritingTips.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/editor/frmEditorSettings.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -138,4 +139,6 @@ void frmEditor::createToolsMenu() {
   addEntry(tools, u"mnuTop20"_s, u"Show word usage"_s, [this] { mnuTop20_Click(); });
   addEntry(tools, u"mnuWritingTips"_s, u"Writing Tips"_s, [] { toolkit().MsgBox(nextWritingTip()); });
   addEntry(tools, u"mnuPageling"_s, u"View scene in Pageling"_s, [this] { viewInReader(txtMain->TextRTF()); });
+  tools->addSeparator();
+  addEntry(tools, u"mnuSettings"_s, u"Editor Settings"_s, [this] { frmEditorSettings::edit(*this); });
 }

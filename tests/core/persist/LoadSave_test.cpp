@@ -304,6 +304,38 @@ TEST_F(LoadSave, SaveAsWritesEveryTextIntoTheNewFolder) {
   EXPECT_EQ(g_Project->FileWithPath, scratch_.path(u"copy/Copy.qn4"_s));
 }
 
+TEST_F(LoadSave, ATextThatIsYoungerThanTheProjectFileIsCountedAnew) {
+  QByteArray book = fileBytes(path_);
+  book.replace("<WordCount>3<", "<WordCount>77<").replace("<WordCount>2<", "<WordCount>88<");
+  writeFile(path_, book);
+  const auto age = [&](const QString& name, int seconds) {
+    QFile file(scratch_.path(u"RTF/"_s + name));
+    EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+    EXPECT_TRUE(file.setFileTime(QFileInfo(path_).lastModified().addSecs(seconds), QFile::FileModificationTime));
+  };
+  age(u"RTF_00001.rtf"_s, 1);
+  age(u"RTF_00002.rtf"_s, -1);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_EQ(sceneAt(1)->Wordcount(), 3);
+  EXPECT_EQ(sceneAt(2)->Wordcount(), 88) << "the file was not looked into";
+}
+
+TEST_F(LoadSave, CountsThatAreHeldStayUntilTheTextIsWritten) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  const auto scene = sceneAt(1);
+  scene->HoldCounts();
+  scene->setTextRTF(simpleRtf("five words of an editor"));
+  EXPECT_EQ(scene->Wordcount(), 3);
+  QByteArray single;
+  scene->DataAsXML(single, true);
+  EXPECT_TRUE(single.contains("<WordCount>5<")) << "there the text goes along";
+  scene->HoldCounts();
+  scene->setTextRTF(simpleRtf("two words"));
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(fileBytes(path_).contains("<WordCount>2<"));
+  EXPECT_EQ(scene->Wordcount(), 2);
+}
+
 TEST_F(LoadSave, ThePlainMirrorIsWrittenOnlyWhenSwitchedOn) {
   ASSERT_TRUE(g_Project->Load(path_, false));
   ASSERT_TRUE(g_Project->SaveQN4(true));
@@ -311,6 +343,13 @@ TEST_F(LoadSave, ThePlainMirrorIsWrittenOnlyWhenSwitchedOn) {
   Settings().sSet(u"CreateTextToo"_s, true);
   ASSERT_TRUE(g_Project->SaveQN4(false));
   EXPECT_EQ(fileBytes(scratch_.path(u"Data/Plain_00001.txt"_s)).trimmed(), "one two three");
+  logText();
+  ASSERT_TRUE(QFile::remove(scratch_.path(u"Data/Plain_00001.txt"_s)) &&
+              QDir().mkpath(scratch_.path(u"Data/Plain_00001.txt/in the way"_s)));
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(logText().contains(u"Could not save "_s + scratch_.path(u"Data/Plain_00001.txt"_s)));
+  ASSERT_TRUE(QDir(scratch_.path(u"Data/Plain_00001.txt"_s)).removeRecursively());
+  ASSERT_TRUE(g_Project->SaveQN4(false));
   Settings().sSet(u"CreateTextToo"_s, u" 0 "_s);
   ASSERT_TRUE(QFile::remove(scratch_.path(u"Data/Plain_00001.txt"_s)));
   ASSERT_TRUE(g_Project->SaveQN4(false));

@@ -133,6 +133,12 @@ TEST_F(EditorTest, WhatTheUserDoesToTheFieldsMarksTheWindowChanged) {
       {"letter in the title", titleKey(Qt::Key_X), true},
       {"arrow in the title", titleKey(Qt::Key_Right), true},
       {"Tab out of the title", titleKey(Qt::Key_Tab), false},
+      {"the way to a menu",
+       [this](frmEditor& editor) {
+         QTest::keyClick(&control<QLineEdit>(editor, "txtTitle"), Qt::Key_Alt);
+         QTest::keyClick(&control<QLineEdit>(editor, "txtTitle"), Qt::Key_F4, Qt::AltModifier);
+       },
+       false},
       {"paste into the title",
        [this](frmEditor& editor) {
          control<QLineEdit>(editor, "txtTitle").selectAll();

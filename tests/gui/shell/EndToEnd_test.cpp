@@ -73,12 +73,16 @@ void EndToEndTest::typeInEditor(qint32 id) {
 void EndToEndTest::compareDisk(const QString& project, const QString& sceneFile, const QStringList& countLines) {
   auto after = filesBelow(folder.path(u"book"_s));
   // What of the scene can't be kept, a style sheet for one, is kept beside the book as it was.
-  const QString copy = u"Autobackups/%1/%2_Original.rtf"_s.arg(QDate::currentDate().toString(Qt::ISODate),
-                                                               QFileInfo(sceneFile).completeBaseName());
+  const QString copies =
+      u"Autobackups/%1/%2"_s.arg(QDate::currentDate().toString(Qt::ISODate), QFileInfo(sceneFile).completeBaseName());
+  const QString copy = copies + u"_Original.rtf"_s;
   RtfLosses losses;
   readRtf(before_[sceneFile], &losses);
   ASSERT_EQ(after.contains(copy), static_cast<bool>(losses));
   EXPECT_TRUE(!losses || after.take(copy) == before_[sceneFile]);
+  const QStringList safetyCopies = QStringList(after.keys()).filter(copies + u"_Scene_"_s);
+  ASSERT_EQ(safetyCopies.size(), 1);
+  EXPECT_EQ(after.take(safetyCopies.first()), after[sceneFile]);
   EXPECT_EQ(after.keys(), before_.keys());
   const QString projectFile = QFileInfo(project).fileName();
   for (auto file = before_.cbegin(); file != before_.cend(); ++file) {

@@ -1,0 +1,121 @@
+// What an editor does between two saves so that little is lost whatever happens: the scene in memory gets what was
+// typed, and the day's folder of backups a copy of the text.
+
+#include "core/infra/Clock.h"
+#include "core/infra/Guard.h"
+#include "core/infra/Paths.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/persist/RescueFolder.h"
+#include "gui/editor/EditorStatusBar.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/PlainToolTip.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kModule = "frmEditor";
+constexpr int kFirstCopyMs = 5000;
+constexpr int kNextCopyMs = 60000;
+
+QString timeNow() {
+  return Clock::now().toString(u"HH:mm:ss"_s);
+}
+
+}  // namespace
+
+void frmEditor::connectCopies() {
+  TimerBackup.setObjectName(u"TimerBackup"_s);
+  TimerBackup.setParent(this);
+  TimerBackup.setSingleShot(true);
+  connect(&TimerBackup, &QTimer::timeout, this,
+          guarded("TimerBackup_Timer", kModule, this, &frmEditor::TimerBackup_Timer));
+}
+
+void frmEditor::beginCopies() {
+  copies_.begin();
+  before_.reset();
+  showCopyPlace();
+  TimerBackup.start(kFirstCopyMs);
+}
+
+void frmEditor::TimerBackup_Timer() {
+  const auto shown = scene();
+  if (!shown || leaving_) {
+    return;
+  }
+  copies_.countRun();
+  const Guard guard("TimerBackup_Timer", kModule);
+  guard([&] {
+    if (typedSinceCopy_) {
+      keepTyped(*shown);
+    } else {
+      AutoBackup(*shown, shown->TextRTF());
+    }
+  });
+  guard([this] { showCopyPlace(); });
+  TimerBackup.start(kNextCopyMs);
+}
+
+/// The window stays changed: nothing of this is a save, and what is dropped at the end goes back to what was there.
+void frmEditor::keepTyped(clsScene& shown) {
+  if (!keepOriginal(shown, false)) {
+    // Nothing may take the place of the only copy, so the scene stays as it is.
+    AutoBackup(shown, textToSave());
+    return;
+  }
+  if (!before_) {
+    before_.emplace(shown);
+  }
+  shown.HoldCounts();
+  FormToData(shown);
+  if (!g_Project->HasPlace()) {
+    tellCopy(RescueFolder(*g_Project).keep(shown) ? QString() : u"The rescue folder takes no text."_s);
+  }
+}
+
+void frmEditor::restartCopies() {
+  typedSinceCopy_ = false;
+  TimerBackup.start(kNextCopyMs);
+}
+
+void frmEditor::AutoBackup(clsScene& shown, const QByteArray& rtf) {
+  if (!g_Project->HasPlace()) {
+    return;
+  }
+  const auto check = copies_.AutoBackup(shown, rtf);
+  if (check.result != SceneCopies::Check::Result::NothingNew) {
+    tellCopy(check.failure);
+  }
+}
+
+/// An empty failure is none.
+void frmEditor::tellCopy(const QString& failure) {
+  if (failure.isEmpty()) {
+    StatusBar1->setPanel(EditorStatusBar::autosave, u"Autosaved: "_s + timeNow());
+    return;
+  }
+  StatusBar1->setPanel(EditorStatusBar::autosave, u"Autosave failed: "_s + timeNow(),
+                       u"There is no copy of what was typed last, and it is tried again every minute. Please save the "
+                       "scene.\n\n"_s +
+                           failure);
+}
+
+void frmEditor::showCopyPlace() {
+  const QString folder =
+      g_Project->HasPlace() ? g_Project->Path() + u"Autobackup"_s : Paths::programFolder() + u"Rescue"_s;
+  StatusBar1->setToolTip(
+      plainToolTip(u"This file will be backed up to "_s + folder + u" at 1 minute intervals (If changes occur)"_s));
+}
+
+void frmEditor::dropTyped() {
+  if (const auto shown = scene(); shown && before_) {
+    before_->giveBack(*shown);
+    before_.reset();
+  }
+  // Should the window stay, its text is to be kept again.
+  typedSinceCopy_ = true;
+}
