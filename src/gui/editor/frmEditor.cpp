@@ -19,6 +19,7 @@
 #include "gui/views/TextObjects.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGridLayout>
@@ -43,7 +44,6 @@ constexpr auto kModule = "frmEditor";
 constexpr double MinWidth = 10032;
 constexpr double MinHeight = 7020;
 constexpr QSize kFirstSize(920, 680);
-constexpr int kLoadFontsMs = 100;
 constexpr qreal kTextMargin = 10;
 
 }  // namespace
@@ -56,6 +56,7 @@ frmEditor::frmEditor() {
   connectSignals();
   connectMoves();
   connectCharacters();
+  connectFormat();
   readSettings();
   TimerLoadFonts.start();
 }
@@ -135,10 +136,6 @@ void frmEditor::connectSignals() {
   connect(cmdSaveAndExit, &QPushButton::clicked, this,
           guarded("cmdSaveAndExit_Click", kModule, this, &frmEditor::saveAndExit));
   connect(&TimerWC, &QTimer::timeout, this, guarded("TimerWC_Timer", kModule, this, &frmEditor::ShowSceneWordCount));
-  TimerLoadFonts.setSingleShot(true);
-  TimerLoadFonts.setInterval(kLoadFontsMs);
-  connect(&TimerLoadFonts, &QTimer::timeout, this,
-          guarded("TimerLoadFonts_Timer", kModule, fontBar_, &FontBar::fillLists));
 }
 
 void frmEditor::readSettings() {
@@ -183,16 +180,6 @@ void frmEditor::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void frmEditor::applyEditorFont() {
-  const QString name = Settings().sGet(u"EditorFontName"_s, u"Arial"_s).toString().trimmed();
-  const QString size = Settings().sGet(u"EditorFontSize"_s, u"10"_s).toString().trimmed();
-  const double points = Numbers::Val(size);
-  QFont font(name.isEmpty() ? u"Arial"_s : name);
-  font.setPointSizeF(points >= 1 && points <= 400 ? points : 10);
-  txtMain->setFont(font);
-  fontBar_->showChoice(font.family(), QString::number(font.pointSizeF()));
-}
-
 void frmEditor::storeWindowSettings() {
   storeWindow(u"Editor"_s, *this);
   colours_.toSettings();
@@ -226,9 +213,23 @@ void frmEditor::setDirty(bool dirty) {
   setWindowModified(dirty);
 }
 
+/// Where the other editors stand. One that is handing over to this one makes room for it.
+QList<QPoint> frmEditor::placesOfOthers() const {
+  QList<QPoint> places;
+  for (const QWidget* const window : QApplication::topLevelWidgets()) {
+    const auto* const other = qobject_cast<const frmEditor*>(window);
+    const bool isInTheWay = other != nullptr && other != this && other->isVisible() && !other->isMinimized() &&
+                            !other->isMaximized() && !other->handingOver_;
+    if (isInTheWay) {
+      places.append(other->pos());
+    }
+  }
+  return places;
+}
+
 void frmEditor::Show() {
   if (!isMaximized()) {
-    placeEditor(*this);
+    placeEditor(*this, placesOfOthers());
   }
   show();
   raise();

@@ -62,12 +62,14 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void UpdateCombos() override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void createMenus();
   void createFileMenu();
+  void createFormatMenu();
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
   /// What runs is guarded under the entry's name.
@@ -78,9 +80,11 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void connectSignals();
   void connectMoves();
   void connectCharacters();
+  void connectFormat();
   void readSettings();
   void storeWindowSettings();
   void DisableOrEnable(bool enabled);
+  QList<QPoint> placesOfOthers() const;
   void setCaption(const QString& title);
   void setDirty(bool dirty);
   void markDirty() { setDirty(true); }
@@ -99,6 +103,10 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// it. False when that failed and the user wants no save without it.
   bool keepOriginal(clsScene& scene, bool mayAsk);
   void applyEditorFont();
+  void mnuSelectFont_Click();
+  void mnuBGColour_Click();
+  void mnuFGColour_Click();
+  void takeColours(const EditorColours& colours);
   void mnuOpenNote_Click();
   void textChanged();
   void mnuTop20_Click();
@@ -124,6 +132,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void handOver(const std::function<qint32()>& target);
   bool openNext(qint32 sceneID);
   void retire();
+  /// Goes nowhere after all.
+  void stay();
   void EditChar(qint32 id, qint32 tab);
   void cmdAddChar_Click();
   /// Null once the scene has left the book: its ID may be another one's by then, or another book's.
@@ -136,6 +146,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   bool Dirty = false;
   bool savedChanges_ = false;
   bool leaving_ = false;
+  /// Another scene's window is opening in place of this one.
+  bool handingOver_ = false;
   qint16 CurrentTab = 0;
   /// Tabs and what stands beside them are hidden, the text fills the window.
   bool ControlsHidden = false;

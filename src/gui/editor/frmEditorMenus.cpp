@@ -18,6 +18,7 @@ constexpr auto kModule = "frmEditor";
 
 void frmEditor::createMenus() {
   createFileMenu();
+  createFormatMenu();
   createToolsMenu();
   assignMnemonics(menuBar()->actions());
   for (const QAction* const menu : menuBar()->actions()) {
@@ -49,6 +50,15 @@ void frmEditor::createFileMenu() {
   });
   file->addSeparator();
   addEntry(file, u"mnuExit"_s, u"Close"_s, [this] { closeForm(); });
+}
+
+void frmEditor::createFormatMenu() {
+  QMenu* const format = addMenu(u"mnuFormat"_s, u"Format"_s);
+  addEntry(format, u"mnuSelectFont"_s, u"Default Font"_s, [this] { mnuSelectFont_Click(); });
+  format->addSeparator();
+  addEntry(format, u"mnuBGColour"_s, u"Set editor background colour"_s, [this] { mnuBGColour_Click(); });
+  addEntry(format, u"mnuFGColour"_s, u"Set editor font colour"_s, [this] { mnuFGColour_Click(); });
+  addEntry(format, u"mnuAutomaticColours"_s, u"Use the desktop's colours"_s, [this] { takeColours({}); });
 }
 
 void frmEditor::createToolsMenu() {
