@@ -3,7 +3,7 @@
 
 PACKAGES=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev libqt6svg6 libzip-dev libgtest-dev
+  qt6-base-dev libqt6svg6 libzip-dev libcurl4-openssl-dev libgtest-dev
   fonts-dejavu-core fonts-liberation
   wamerican-large wbritish-large
   xvfb xauth openbox imagemagick x11-utils xdotool procps python3

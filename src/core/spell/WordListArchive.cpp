@@ -1,10 +1,9 @@
 #include "core/spell/WordListArchive.h"
 
 #include "core/infra/Paths.h"
+#include "core/infra/cSHAREDUnzip2.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/spell/WordLists.h"
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -24,15 +23,22 @@ QString WordListArchive::path() {
   return Paths::programFolder() + fileName();
 }
 
-bool WordListArchive::install(const QString& member, QByteArrayView content) {
-  const QString name = Files().FileOnly(member);
-  const auto& lists = WordLists::names();
-  const auto known = std::find_if(lists.begin() + 1, lists.end(),
-                                  [&](const QString& list) { return list.compare(name, Qt::CaseInsensitive) == 0; });
-  if (known == lists.end()) {
+bool WordListArchive::unpack() {
+  Files().MkMissingDir(WordLists::folder());
+  cSHAREDUnzip2 archive;
+  archive.Zipfile = path();
+  archive.UnzipFolder = WordLists::folder();
+  archive.OverwriteExisting = true;
+  if (!archive.Directory()) {
     return false;
   }
-  Files().MkMissingDir(WordLists::folder());
-  Files().ReplaceFile(WordLists::folder() + *known, content);
-  return true;
+  bool anySelected = false;
+  for (qint32 index = 1; index <= archive.FileCount(); ++index) {
+    const QString& custom = WordLists::names()[WordLists::kCustom];
+    const bool selected = archive.Filename(index).compare(custom, Qt::CaseInsensitive) != 0;
+    archive.setFileSelected(index, selected);
+    anySelected = anySelected || selected;
+  }
+  // With nothing selected all would be unpacked.
+  return anySelected && archive.Unzip();
 }

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QByteArrayView>
 #include <QString>
 
-/// The word lists as they are fetched: an archive of several, from which the ones that the spell checker reads are put
-/// in their place.
+/// The word lists as they are fetched: an archive of several.
 namespace WordListArchive {
 
 /// Where the archive is fetched from, and the page that tells of it.
@@ -14,9 +12,8 @@ QString page();
 QString fileName();
 QString path();
 
-/// Puts one member of the archive, its name as it stands there and its content, in its place; an old list of the name
-/// is replaced whole. Nothing when the checker reads no list of that name; above all, an archive never replaces the
-/// writer's custom one. Throws RuntimeError as ReplaceFile does. True when it was written.
-bool install(const QString& member, QByteArrayView content);
+/// Unpacks the archive at `path` into the folder of the lists, which is made where it is missing; what is there of the
+/// same names is replaced, the writer's custom list never. False, and logged, when not all of it could be unpacked.
+bool unpack();
 
 }  // namespace WordListArchive

@@ -36,24 +36,21 @@ bool isLineEnd(char c) {
   return c == '\n' || c == '\r';
 }
 
-void addLines(WordSet& words, QByteArrayView text) {
-  // A damaged file may be all line ends, so that their number promises no words.
+/// A damaged file may be all line ends, so that their number promises no words.
+size_t wordsExpected(const QByteArray& text) {
   constexpr std::ptrdiff_t kMostExpected = 1'000'000;
-  words.reserve(words.size() +
-                static_cast<size_t>(std::min(kMostExpected, std::count(text.begin(), text.end(), '\n'))));
-  for (auto at = text.begin(); at != text.end();) {
+  return static_cast<size_t>(std::min(kMostExpected, std::count(text.begin(), text.end(), '\n')));
+}
+
+/// Adds so many lines and returns where the next one begins.
+qsizetype addLines(WordSet& words, const QByteArray& text, qsizetype from, int lines) {
+  auto at = text.begin() + from;
+  for (; at != text.end() && lines > 0; --lines) {
     const auto end = std::find_if(at, text.end(), isLineEnd);
     words.insert(WordKey(withoutBlanks(QByteArrayView(at, end - at))));
     at = std::find_if_not(end, text.end(), isLineEnd);
   }
-}
-
-void addWordsOf(WordSet& words, QByteArrayView bytes) {
-  if (bytes.isValidUtf8()) {
-    addLines(words, bytes);
-  } else {
-    addLines(words, CodePage::fromBytes(bytes).toUtf8());
-  }
+  return at - text.begin();
 }
 
 /// The file's bytes with these lines behind them, in the encoding that it has. A file of Windows-1252 that the new
@@ -72,24 +69,55 @@ QByteArray withLines(const QByteArray& file, const QStringList& lines) {
 }  // namespace
 
 void cDict::LoadDict(const QString& file, bool clear, bool& result) {
+  BeginLoad(file, clear);
+  while (!LoadSome()) {
+  }
+  result = Loaded;
+}
+
+void cDict::BeginLoad(const QString& file, bool clear) {
   Filename = file;
   if (clear) {
     Words.clear();
   }
-  std::optional<QByteArray> content;
-  const bool readable = Guard("LoadDict", kModule)([&] { content = readWholeFile(Paths::native(file)); });
-  if (content) {
-    Guard("LoadDict", kModule)([&] { addWordsOf(Words, *content); });
+  Source& source = loading_.emplace();
+  source.wasRead = Guard("LoadDict", kModule)([&] {
+    const std::optional<QByteArray> content = readWholeFile(Paths::native(file));
+    source.isThere = content.has_value();
+    source.utf8 = content.value_or(QByteArray());
+    if (!source.utf8.isValidUtf8()) {
+      source.utf8 = CodePage::fromBytes(source.utf8).toUtf8();
+    }
+    Words.reserve(Words.size() + wordsExpected(source.utf8));
+  });
+}
+
+bool cDict::LoadSome() {
+  constexpr int kLines = 10'000;
+  if (!loading_) {
+    return true;
   }
+  const bool goesOn =
+      Guard("LoadDict", kModule)([this] { loading_->at = addLines(Words, loading_->utf8, loading_->at, kLines); });
+  if (goesOn && loading_->at < loading_->utf8.size()) {
+    return false;
+  }
+  endLoad();
+  return true;
+}
+
+void cDict::endLoad() {
+  const Source source = std::move(*loading_);
+  loading_.reset();
   for (const QString& word : std::as_const(unsaved_)) {
     Words.insert(WordKey(word));
   }
   WordTotal = static_cast<qint32>(Words.size());
-  Loaded = result = !Words.isEmpty();
-  if (readable && (!content || content->isEmpty())) {
-    Logging().LogEvent(content ? file + u" is empty"_s : u"Could not find "_s + file);
-  } else if (readable && Loaded) {
-    Logging().LogEvent(u"Loaded dictionary '"_s + file + u"' and total words now equal "_s +
+  Loaded = !Words.isEmpty();
+  if (source.wasRead && source.utf8.isEmpty()) {
+    Logging().LogEvent(source.isThere ? Filename + u" is empty"_s : u"Could not find "_s + Filename);
+  } else if (source.wasRead && Loaded) {
+    Logging().LogEvent(u"Loaded dictionary '"_s + Filename + u"' and total words now equal "_s +
                        QString::number(WordTotal) + u'.');
   }
 }

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +34,7 @@ QString bare(const QString& word) {
 }  // namespace
 
 bool cSharedSpell::DictionaryFound() const {
-  if (initialised_) {
+  if (loaded_) {
     return available_;
   }
   for (size_t list = WordLists::kCustom + 1; list < WordLists::kCount; ++list) {
@@ -46,26 +47,53 @@ bool cSharedSpell::DictionaryFound() const {
 }
 
 bool cSharedSpell::DictAvailable() {
-  if (!initialised_) {
-    InitDict();
-  }
+  finishLoad();
   return available_;
 }
 
 void cSharedSpell::InitDict() {
+  initialised_ = false;
+  loaded_ = false;
+  finishLoad();
+}
+
+void cSharedSpell::beginLoad() {
   initialised_ = true;
   available_ = false;
-  if (!WordLists::isFolderThere()) {
+  loaded_ = !WordLists::isFolderThere();
+  reading_ = 0;
+  if (!loaded_) {
+    dicts_[reading_].BeginLoad(WordLists::pathOf(reading_), true);
+  }
+}
+
+bool cSharedSpell::LoadSome() {
+  if (!initialised_) {
+    beginLoad();
+  }
+  if (loaded_ || !dicts_[reading_].LoadSome()) {
+    return loaded_;
+  }
+  if (++reading_ < WordLists::kCount) {
+    dicts_[reading_].BeginLoad(WordLists::pathOf(reading_), true);
+    return false;
+  }
+  loaded_ = true;
+  available_ = std::any_of(dicts_.begin() + 1, dicts_.end(), [](const cDict& dict) { return dict.Loaded; });
+  Logging().LogEvent(u"Dictionaries initialised"_s);
+  return true;
+}
+
+// Who asks while this yields has to do with what there is.
+void cSharedSpell::finishLoad() {
+  if (loaded_ || std::exchange(finishing_, true)) {
     return;
   }
   const Guard guard("InitDict", "cSharedSpell");
-  for (size_t list = 0; list < WordLists::kCount; ++list) {
-    bool loaded = false;
-    dicts_[list].LoadDict(WordLists::pathOf(list), true, loaded);
+  while (!LoadSome()) {
     guard([] { Subs().RegularDoEvents(); });
   }
-  available_ = std::any_of(dicts_.begin() + 1, dicts_.end(), [](const cDict& dict) { return dict.Loaded; });
-  Logging().LogEvent(u"Dictionaries initialised"_s);
+  finishing_ = false;
 }
 
 bool cSharedSpell::isListed(QStringView word) const {
@@ -74,9 +102,7 @@ bool cSharedSpell::isListed(QStringView word) const {
 }
 
 bool cSharedSpell::WordOK(QStringView word) {
-  if (!initialised_) {
-    InitDict();
-  }
+  finishLoad();
   if (NumberWords::isNumeric(word) || NumberWords::isDate(word) || isListed(word)) {
     return true;
   }
@@ -106,9 +132,7 @@ TextMarks cSharedSpell::Misspellings(const QString& text) {
 }
 
 QString cSharedSpell::AddWordToCustomDict(const QString& word) {
-  if (!initialised_) {
-    InitDict();
-  }
+  finishLoad();
   const QString added = bare(word);
   QStringList words;
   if (std::none_of(added.begin(), added.end(), [](QChar c) { return c.isSpace(); })) {

@@ -23,9 +23,12 @@ class cSharedSpell {
   bool DictionaryFound() const;
   /// The same for sure: the lists are read first if they weren't yet.
   bool DictAvailable();
-  /// Reads all lists, anew when they were read before. Yields to the message loop between them; who asks meanwhile
-  /// finds none available.
+  /// Reads all lists, anew when they were read before. Yields to the message loop meanwhile; who asks then finds none
+  /// available.
   void InitDict();
+  /// Reads the lists a little at a time, a few milliseconds at a call, for when there is nothing else to do. True once
+  /// there is nothing left to read.
+  bool LoadSome();
 
   /// Numbers and dates are right, and what a list holds as it stands or without its "'s".
   bool WordOK(QStringView word);
@@ -45,8 +48,15 @@ class cSharedSpell {
 
  private:
   bool isListed(QStringView word) const;
+  void beginLoad();
+  void finishLoad();
 
   bool initialised_ = false;
+  /// All that there are to read were read.
+  bool loaded_ = false;
+  bool finishing_ = false;
+  /// The list that is being read.
+  size_t reading_ = 0;
   bool available_ = false;
   std::array<cDict, WordLists::kCount> dicts_;
 };

@@ -2,9 +2,11 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
+#include "gui/editor/FieldClipboard.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/SceneNavigator.h"
 #include "gui/editor/ViewpointBox.h"
@@ -51,8 +53,8 @@ constexpr qreal kTextMargin = 10;
 frmEditor::frmEditor() {
   setObjectName(u"frmEditor"_s);
   setWindowIcon(icon("quillane"));
-  createMenus();
   buildLayout();
+  createMenus();
   connectSignals();
   connectMoves();
   connectCharacters();
@@ -69,6 +71,7 @@ void frmEditor::buildLayout() {
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
+  find_ = new EditorFind(*txtMain, *this);
   auto* upper = new QWidget(this);
   auto* upperLayout = new QVBoxLayout(upper);
   upperLayout->setContentsMargins(0, 0, 0, 0);
@@ -87,6 +90,7 @@ void frmEditor::buildLayout() {
   setCentralWidget(whole);
   StatusBar1 = new EditorStatusBar(this);
   setStatusBar(StatusBar1);
+  clipboard_ = new FieldClipboard(*txtMain);
   setTabOrder(cmdHide, txtMain);
   txtMain->setFocus();
 }
@@ -124,6 +128,7 @@ QWidget* frmEditor::buildLowerPart() {
 
 void frmEditor::connectSignals() {
   connect(txtMain, &RichTextBox::Changed, this, guarded("txtMain_Change", kModule, this, &frmEditor::textChanged));
+  connect(find_, &EditorFind::told, this, &frmEditor::showHint);
   connect(TabStrip1, &EditorTabStrip::changed, this, &frmEditor::markDirty);
   connect(TabStrip1, &EditorTabStrip::titleChanged, navigator_, &SceneNavigator::showTitle);
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
@@ -258,6 +263,7 @@ void frmEditor::Unload() {
   TimerWC.stop();
   TimerLoadFonts.stop();
   TimerExit.stop();
+  find_->close();
   hide();
   if (modalLoop_ != nullptr) {
     modalLoop_->quit();

@@ -12,8 +12,10 @@
 #include <memory>
 #include <optional>
 
+class EditorFind;
 class EditorStatusBar;
 class EditorTabStrip;
+class FieldClipboard;
 class FontBar;
 class QAction;
 class QEventLoop;
@@ -69,6 +71,9 @@ class frmEditor : public QMainWindow, public SceneEditor {
  private:
   void createMenus();
   void createFileMenu();
+  void createEditMenu();
+  void createRightClickMenu();
+  void followClipboard(QMenu& menu);
   void createFormatMenu();
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
@@ -165,6 +170,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
   RichTextBox* txtMain = nullptr;
   TextObjects* objects_ = nullptr;
+  EditorFind* find_ = nullptr;
+  FieldClipboard* clipboard_ = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QToolButton* cmdHide = nullptr;

@@ -12,6 +12,7 @@
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
+#include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
@@ -295,6 +296,7 @@ bool frmEditor::AskIfSave() {
 void frmEditor::ExitForm() {
   TimerWC.stop();
   leaving_ = true;
+  find_->close();
   if (!Finished) {
     // Nobody is left to unload the window.
     Unload();
@@ -327,7 +329,9 @@ void frmEditor::closeForm() {
   }
 }
 
-void frmEditor::setCurrentSearchString(const QString&) {}
+void frmEditor::setCurrentSearchString(const QString& text) {
+  find_->search(text);
+}
 
 void frmEditor::MarkCharacters() {}
 

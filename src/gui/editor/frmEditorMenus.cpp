@@ -1,8 +1,13 @@
 // The menus of the editor's window, a function for each.
 
+#include "gui/editor/EditorFind.h"
+#include "gui/editor/FieldClipboard.h"
+#include "gui/editor/RightClick.h"
+#include "gui/editor/WordLookup.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
+#include "gui/toolkit/RichTextBox.h"
 
 #include <QAction>
 #include <QMenu>
@@ -18,12 +23,14 @@ constexpr auto kModule = "frmEditor";
 
 void frmEditor::createMenus() {
   createFileMenu();
+  createEditMenu();
   createFormatMenu();
   createToolsMenu();
   assignMnemonics(menuBar()->actions());
   for (const QAction* const menu : menuBar()->actions()) {
     assignMnemonics(menu->menu()->actions());
   }
+  createRightClickMenu();
 }
 
 QMenu* frmEditor::addMenu(const QString& name, const QString& caption) {
@@ -52,6 +59,44 @@ void frmEditor::createFileMenu() {
   addEntry(file, u"mnuExit"_s, u"Close"_s, [this] { closeForm(); });
 }
 
+void frmEditor::createEditMenu() {
+  QMenu* const edit = addMenu(u"mnuEdit"_s, u"Edit"_s);
+  addEntry(edit, u"mnuCut"_s, u"Cut"_s, [this] { clipboard_->cut(); })->setShortcut(QKeySequence::Cut);
+  addEntry(edit, u"mnuCopy"_s, u"Copy"_s, [this] { clipboard_->copy(); })->setShortcut(QKeySequence::Copy);
+  addEntry(edit, u"mnuPaste"_s, u"Paste"_s, [this] { clipboard_->paste(); })->setShortcut(QKeySequence::Paste);
+  edit->addSeparator();
+  const auto add = [&](const char* name, const QString& caption, QKeySequence key, std::function<void()> run) {
+    addEntry(edit, QString::fromLatin1(name), caption, std::move(run))->setShortcut(key);
+  };
+  add("mnuFind", u"Find"_s, QKeySequence(u"Ctrl+F"_s), [this] { find_->ShowFind(false); });
+  add("mnuReplace", u"Replace"_s, QKeySequence(u"Ctrl+H"_s), [this] { find_->ShowFind(true); });
+  add("mnuFindNext", u"Find next"_s, QKeySequence(u"F3"_s), [this] { find_->FindNext(); });
+  add("mnuFindPrev", u"Find previous"_s, QKeySequence(u"Shift+F3"_s), [this] { find_->FindPrev(); });
+  followClipboard(*edit);
+}
+
+/// Enabled while the menu is open as there is something to cut, copy or paste; while it isn't, their keys find out.
+void frmEditor::followClipboard(QMenu& menu) {
+  const auto enable = [this](bool cut, bool copy, bool paste) {
+    findChild<QAction*>(u"mnuCut"_s)->setEnabled(cut);
+    findChild<QAction*>(u"mnuCopy"_s)->setEnabled(copy);
+    findChild<QAction*>(u"mnuPaste"_s)->setEnabled(paste);
+  };
+  connect(&menu, &QMenu::aboutToShow, this,
+          [this, enable] { enable(clipboard_->canCut(), clipboard_->canCopy(), clipboard_->canPaste()); });
+  connect(&menu, &QMenu::aboutToHide, this, [enable] { enable(true, true, true); });
+}
+
+void frmEditor::createRightClickMenu() {
+  auto* const menu = new QMenu(this);
+  menu->setObjectName(u"mnuRightClick"_s);
+  for (const char* const name : {"mnuCut", "mnuCopy", "mnuPaste"}) {
+    menu->addAction(findChild<QAction*>(QString::fromLatin1(name)));
+  }
+  followClipboard(*menu);
+  new RightClick(*txtMain, *menu);
+}
+
 void frmEditor::createFormatMenu() {
   QMenu* const format = addMenu(u"mnuFormat"_s, u"Format"_s);
   addEntry(format, u"mnuSelectFont"_s, u"Default Font"_s, [this] { mnuSelectFont_Click(); });
@@ -66,5 +111,8 @@ void frmEditor::createToolsMenu() {
   addEntry(tools, u"mnuOpenNote"_s, u"Open note or link"_s, [this] {
     mnuOpenNote_Click();
   })->setShortcut(QKeySequence(u"Ctrl+Return"_s));
+  const auto selected = [this] { return txtMain->SelRichText().plainText(); };
+  addEntry(tools, u"mnuDictionary"_s, u"Dictionary Lookup"_s, [=] { lookUpInDictionary(selected()); });
+  addEntry(tools, u"mnuThesaurus"_s, u"Thesaurus Lookup"_s, [=] { lookUpInThesaurus(selected()); });
   addEntry(tools, u"mnuTop20"_s, u"Show word usage"_s, [this] { mnuTop20_Click(); });
 }

@@ -6,6 +6,8 @@
 #include "gui/toolkit/RichTextDocument.h"
 
 #include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStringMatcher>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextFrame>
@@ -39,6 +41,36 @@ void growMargins(QTextDocument& document, const RichText& text) {
     frame.setRightMargin(qMax(right, frame.rightMargin()));
     document.rootFrame()->setFrameFormat(frame);
   }
+}
+
+/// Positions of the document.
+struct DocumentRange {
+  int from;
+  int to;
+};
+
+std::vector<qsizetype> matchesIn(const QString& text, const QString& find, Qt::CaseSensitivity caseSensitivity) {
+  std::vector<qsizetype> starts;
+  if (find.isEmpty() || find.contains(QChar(QChar::ObjectReplacementCharacter))) {
+    return starts;
+  }
+  const QStringMatcher matcher(find, caseSensitivity);
+  for (qsizetype at = matcher.indexIn(text); at >= 0; at = matcher.indexIn(text, at + find.size())) {
+    starts.push_back(at);
+  }
+  return starts;
+}
+
+/// Where the caret stands once all ranges have become so long; in front of one that it was in.
+int caretAfter(int caret, const std::vector<DocumentRange>& ranges, int length) {
+  int shift = 0;
+  for (const DocumentRange& range : ranges) {
+    if (range.to > caret) {
+      return std::min(range.from, caret) + shift;
+    }
+    shift += length - (range.to - range.from);
+  }
+  return caret + shift;
 }
 
 /// Words take on colours as marks.
@@ -91,6 +123,7 @@ void RichTextBox::load(const RichText& text) {
   hasOwnLooks_ = RichTextDocument::hasOwnLooks(text);
   loaded_ = text;
   plain_.reset();
+  Q_EMIT Loaded();
 }
 
 void RichTextBox::watch() {
@@ -241,6 +274,44 @@ void RichTextBox::setSelText(const QString& text) {
     plain_.reset();
   });
   changed();
+}
+
+qsizetype RichTextBox::replaceAll(const QString& find, const QString& with, Qt::CaseSensitivity caseSensitivity) {
+  std::vector<DocumentRange> matches;
+  for (const qsizetype start : matchesIn(Text(), find, caseSensitivity)) {
+    matches.push_back({toDocument(start), toDocument(start + find.size())});
+  }
+  if (matches.empty()) {
+    return 0;
+  }
+  const QString replacement = documentText(with);
+  const int caret = caretAfter(textCursor().position(), matches, static_cast<int>(replacement.size()));
+  const int heightBefore = cursorRect().top();
+  quietly([&] {
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    std::for_each(matches.rbegin(), matches.rend(), [&](const DocumentRange& match) {
+      const QTextCharFormat format = formatInPlaceOf(match.from);
+      cursor.setPosition(match.from);
+      cursor.setPosition(match.to, QTextCursor::KeepAnchor);
+      cursor.insertText(replacement, format);
+    });
+    cursor.endEditBlock();
+    plain_.reset();
+    cursor.setPosition(caret);
+    setTextCursor(cursor);
+    // What the writer was looking at stays where it was.
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect().top() - heightBefore);
+  });
+  changed();
+  return static_cast<qsizetype>(matches.size());
+}
+
+/// What new text takes on where it stands for the character.
+QTextCharFormat RichTextBox::formatInPlaceOf(int documentPosition) const {
+  CharFormat format = formatOfCharacter(documentPosition);
+  format.object.reset();
+  return RichTextDocument::toQt(format, palette());
 }
 
 RichText RichTextBox::SelRichText() const {

@@ -58,6 +58,11 @@ class RichTextBox : public QTextEdit {
   QString SelText() const;
   /// Takes the place of the selection, in the format of its first character; the caret goes behind it.
   void setSelText(const QString& text);
+  /// Puts `with` in the place of every match, from the front and none overlapping, each in the format of its first
+  /// character; what comes in isn't searched. One change, and none without a match. The caret stays where it stands in
+  /// the text, nothing is selected then. Returns the number of matches; an empty `find`, and one with an object's sign
+  /// in it, has none.
+  qsizetype replaceAll(const QString& find, const QString& with, Qt::CaseSensitivity caseSensitivity);
   QByteArray SelRTF() const;
   RichText SelRichText() const;
   /// Takes the place of the selection with its formats, as RichText::replace does; the caret goes behind it.
@@ -123,6 +128,10 @@ class RichTextBox : public QTextEdit {
   /// given or, negated, are not.
   void Span(const QString& characters, bool forward, bool negate);
 
+  /// Positions as the document counts them, in which a line end is one, and back.
+  int toDocument(qsizetype position) const;
+  qsizetype fromDocument(int position) const;
+
   quint32 BackColor() const;
   /// A number with the top bit set is the palette's own colour.
   void setBackColor(quint32 colour);
@@ -131,6 +140,8 @@ class RichTextBox : public QTextEdit {
   void setLocked(bool locked);
 
  Q_SIGNALS:
+  /// Another text was loaded: document() is another one.
+  void Loaded();
   /// The text or its formatting was changed, by the user or by a setSel... function other than setSelColor.
   void Changed();
   /// A footnote, an endnote or a comment was asked for.
@@ -168,6 +179,7 @@ class RichTextBox : public QTextEdit {
   void refreshLooks(int from, int to);
   int characterAt(QPoint inViewport) const;
   CharFormat formatOfCharacter(int documentPosition) const;
+  QTextCharFormat formatInPlaceOf(int documentPosition) const;
   static QString describe(const CharFormat& format);
   bool activate(int documentPosition);
   void tellOfCaret();
@@ -175,8 +187,6 @@ class RichTextBox : public QTextEdit {
   void quietly(const std::function<void()>& work);
   void changed();
   const Plain& plain() const;
-  int toDocument(qsizetype position) const;
-  qsizetype fromDocument(int position) const;
   QTextCursor cursorOver(qsizetype start, qsizetype length) const;
   QTextCharFormat selectedFormat() const;
   double ownFontSize() const;

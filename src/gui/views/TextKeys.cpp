@@ -5,22 +5,36 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
 TextKeys::TextKeys(RichTextBox& text) : QObject(&text), text_(text) {
   text.installEventFilter(this);
 }
 
 bool TextKeys::isOurs(const QKeyEvent& key) const {
-  return key.modifiers() == Qt::ControlModifier &&
-         (key.key() == Qt::Key_B || key.key() == Qt::Key_I || key.key() == Qt::Key_U);
+  constexpr std::array ours = {Qt::Key_B, Qt::Key_I, Qt::Key_U, Qt::Key_W, Qt::Key_L, Qt::Key_E, Qt::Key_R};
+  return key.modifiers() == Qt::ControlModifier && std::find(ours.begin(), ours.end(), key.key()) != ours.end();
 }
 
 void TextKeys::run(int key) {
-  if (key == Qt::Key_B) {
-    text_.setSelBold(!text_.SelBold());
-  } else if (key == Qt::Key_I) {
-    text_.setSelItalic(!text_.SelItalic());
-  } else {
-    text_.setSelUnderline(!text_.SelUnderline());
+  switch (key) {
+    case Qt::Key_B:
+      text_.toggleSelBold();
+      break;
+    case Qt::Key_I:
+      text_.toggleSelItalic();
+      break;
+    case Qt::Key_U:
+      text_.toggleSelUnderline();
+      break;
+    case Qt::Key_W:
+      text_.Span(u" ,;:.?!"_s, true, true);
+      break;
+    default:
+      break;
   }
 }
 

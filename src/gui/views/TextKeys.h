@@ -5,7 +5,8 @@
 class QKeyEvent;
 class RichTextBox;
 
-/// The keys that a text to write in takes for itself: Ctrl+B, Ctrl+I and Ctrl+U format the selection.
+/// The keys that a text to write in takes for itself: Ctrl+B, Ctrl+I and Ctrl+U format the selection, Ctrl+W extends it
+/// to the end of the word; Ctrl+L, Ctrl+E and Ctrl+R do nothing, so that no control aligns paragraphs with them.
 class TextKeys : public QObject {
   Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "SpellFiles.h"
 #include "core/infra/Clock.h"
+#include "core/infra/cSHAREDZipFiles.h"
 #include "core/spell/NumberWords.h"
 #include "core/spell/WordListArchive.h"
 #include "support/ScriptedToolkit.h"
@@ -113,6 +114,26 @@ TEST_F(Spelling, NothingIsReadBeforeTheFirstCheck) {
   EXPECT_FALSE(spell.Dicts()[1].Loaded);
 }
 
+TEST_F(Spelling, ListsAreReadALittleAtATimeAndACheckWaitsForTheRest) {
+  QByteArray many;
+  for (int word = 0; word < 40'000; ++word) {
+    many += "word" + QByteArray::number(word) + "\r\n";
+  }
+  put(folder.path(u"Dict/3esl.txt"_s), many);
+  int steps = 1;
+  while (!spell.LoadSome()) {
+    EXPECT_FALSE(spell.Available());
+    ++steps;
+  }
+  EXPECT_GE(steps, 8);
+  EXPECT_EQ(spell.Dicts()[6].WordTotal, 40'000);
+  EXPECT_EQ(marked(u"dog dgo word39999"_s), u"dog [dgo] word39999"_s);
+
+  cSharedSpell begun;
+  EXPECT_FALSE(begun.LoadSome());
+  EXPECT_EQ(begun.Misspellings(u"dog dgo word39999"_s).size(), 1U);
+}
+
 TEST_F(Spelling, WhoAsksWhileTheListsAreReadFindsNone) {
   ScriptedToolkit toolkit;
   // The program yields but a few times a second.
@@ -174,16 +195,24 @@ TEST_F(Spelling, AnAddedWordIsRightNowAndInTheNextRun) {
   }
 }
 
-TEST_F(Spelling, ListsOfAnArchiveAreReadAndTheCustomOneIsNeverReplaced) {
+TEST_F(Spelling, ListsOfAnArchiveReplaceTheOldOnesAndNeverTheCustomOne) {
   put(folder.path(u"Dict/Custom.txt"_s), "mine\r\n");
-  EXPECT_TRUE(WordListArchive::install(u"12dicts/2OF12INF.TXT"_s, "dgo\r\n"));
-  for (const char16_t* other : {u"Custom.txt", u"dict/custom.TXT", u"readme.html", u"../../2of12inf.txt.sh", u""}) {
-    EXPECT_FALSE(WordListArchive::install(QString::fromUtf16(other), "yours\r\n"));
-  }
+  put(folder.path(u"Dict/2of12inf.txt"_s), "old\r\n");
+  EXPECT_FALSE(WordListArchive::unpack()) << "there is no archive";
+  put(folder.path(u"from/12dicts/2of12inf.txt"_s), "dgo\r\n");
+  put(folder.path(u"from/12dicts/readme.html"_s), "read");
+  put(folder.path(u"from/CUSTOM.txt"_s), "yours\r\n");
+  cSHAREDZipFiles zip;
+  zip.ZipFileName = WordListArchive::path();
+  zip.RootDirectory = folder.path(u"from"_s);
+  zip.RecurseFolders = true;
+  zip.AddFile(folder.path(u"from"_s));
+  zip.MakeZipFile();
+  EXPECT_TRUE(WordListArchive::unpack());
   spell.InitDict();
-  EXPECT_EQ(marked(u"dgo mine yours"_s), u"dgo mine [yours]"_s);
+  EXPECT_EQ(marked(u"dgo mine yours old"_s), u"dgo mine [yours] [old]"_s);
   EXPECT_EQ(QDir(folder.path(u"Dict"_s)).entryList(QDir::Files),
-            QStringList({u"2of12.txt"_s, u"2of12inf.txt"_s, u"Custom.txt"_s}));
+            QStringList({u"2of12.txt"_s, u"2of12inf.txt"_s, u"Custom.txt"_s, u"readme.html"_s}));
   EXPECT_EQ(WordListArchive::fileName(), u"12dicts-5.0.zip"_s);
 }
 

@@ -6,8 +6,7 @@
 
 class frmMain;
 
-/// The commands of the Tools, Language and Help menus that open a window of their own or set what the program looks
-/// like.
+/// Commands that open a window of their own or set what the program looks like.
 class ToolCommands : public CommandGroup {
  public:
   explicit ToolCommands(frmMain& main) : main_(main) {}
@@ -22,6 +21,7 @@ class ToolCommands : public CommandGroup {
   void mnuLanguage_Click(const QString& language);
   void mnuAbout_Click();
   void mnuManual_Click();
+  void defineProblemWords();
 
   frmMain& main_;
 };

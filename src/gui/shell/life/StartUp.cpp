@@ -14,6 +14,7 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "core/spell/cSharedSpell.h"
 #include "gui/shell/commands/Commands.h"
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/main/ChapterPane.h"
@@ -102,6 +103,7 @@ void StartUp::run() {
   showStatusBar();
   g_Project = std::make_unique<clsProject>();
   restoreLayout();
+  lookForDictionaries();
   openProject();
   g_Project->FileWithPath.isEmpty() ? main_.DisableMenus() : main_.EnableMenus();
   finish();
@@ -223,6 +225,17 @@ void StartUp::restoreList(const QString& name, ListView& list) const {
   const bool stored = Settings().IsSettingPresent(name + u"1_W"_s);
   if (truth(Settings().sGet(name + u"Filled"_s, !stored))) {
     main_.panes().fillWhenShown(list);
+  }
+}
+
+// The lists themselves are read with the first check, in the background.
+void StartUp::lookForDictionaries() const {
+  splashStatus(u"Loading Dictionaries"_s);
+  if (Spell().DictionaryFound()) {
+    Logging().LogEvent(u"One or more dictionaries found: spell check enabled"_s);
+  } else {
+    Logging().LogEvent(u"No dictionaries found: spell check disabled"_s);
+    Logging().LogEvent(u"(See the help file if you'd like to add a dictionary to Quillane)"_s);
   }
 }
 

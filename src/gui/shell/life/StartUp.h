@@ -31,6 +31,7 @@ class StartUp {
   void showStatusBar() const;
   void restoreLayout() const;
   void restoreList(const QString& name, ListView& list) const;
+  void lookForDictionaries() const;
   void openProject();
   void openFromCommandLine(const QString& path);
   void openLast(const QString& path) const;

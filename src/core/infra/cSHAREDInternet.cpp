@@ -1,0 +1,188 @@
+#include "core/infra/cSHAREDInternet.h"
+
+#include "core/infra/Clock.h"
+#include "core/infra/CurlLibrary.h"
+#include "core/infra/Guard.h"
+#include "core/infra/Maker.h"
+#include "core/infra/NativeFile.h"
+#include "core/infra/Paths.h"
+#include "core/infra/RuntimeError.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSubs.h"
+#include "core/infra/cSharedLogging.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Between two yields. Who goes on typing while a file comes doesn't feel it.
+constexpr int kPauseMs = 5;
+constexpr long kMostRedirections = 10;
+
+[[noreturn]] void fail(const QString& why) {
+  throw RuntimeError(RuntimeError::DeviceError, why);
+}
+
+}  // namespace
+
+/// One request, and where its bytes go.
+class cSHAREDInternet::Transfer {
+ public:
+  Transfer(const QString& address, ReplacementFile& file, qint64 mostBytes);
+  ~Transfer();
+  Transfer(const Transfer&) = delete;
+  Transfer& operator=(const Transfer&) = delete;
+
+  /// Waits a moment for more. False once all has come; throws what kept it from coming.
+  bool goOn();
+  qint64 received() const { return received_; }
+  /// 0 as long as it isn't known.
+  qint64 announced() const;
+
+ private:
+  template <class Value>
+  void set(CURLoption option, Value value) {
+    curl_.setOption(request_, option, value);
+  }
+  void describe(const QString& address);
+  void take(QByteArrayView bytes);
+  void finish(CURLcode result) const;
+  /// Called by the library, which no exception may travel through.
+  static size_t receive(const char* bytes, size_t size, size_t count, void* transfer) noexcept;
+
+  const CurlLibrary& curl_ = CurlLibrary::get();
+  CURL* const request_ = curl_.makeRequest();
+  CURLM* const queue_ = curl_.makeQueue();
+  ReplacementFile& file_;
+  qint64 mostBytes_;
+  qint64 received_ = 0;
+  std::exception_ptr failure_;
+  std::array<char, CURL_ERROR_SIZE> why_{};
+};
+
+cSHAREDInternet::Transfer::Transfer(const QString& address, ReplacementFile& file, qint64 mostBytes)
+    : file_(file), mostBytes_(mostBytes) {
+  describe(address);
+  curl_.add(queue_, request_);
+}
+
+cSHAREDInternet::Transfer::~Transfer() {
+  curl_.remove(queue_, request_);
+  curl_.freeRequest(request_);
+  curl_.freeQueue(queue_);
+}
+
+void cSHAREDInternet::Transfer::describe(const QString& address) {
+  const QByteArray url = address.toUtf8();
+  const bool isSecure = address.startsWith(u"https:"_s, Qt::CaseInsensitive);
+  const QByteArray program = QByteArray(Maker::kProgramTitle) + '/' + Subs().AppVersion().toLatin1();
+  set(CURLOPT_URL, url.constData());
+  set(CURLOPT_PROTOCOLS_STR, "http,https");
+  set(CURLOPT_REDIR_PROTOCOLS_STR, isSecure ? "https" : "http,https");
+  set(CURLOPT_FOLLOWLOCATION, 1L);
+  set(CURLOPT_MAXREDIRS, kMostRedirections);
+  set(CURLOPT_FAILONERROR, 1L);
+  set(CURLOPT_NOSIGNAL, 1L);
+  set(CURLOPT_USERAGENT, program.constData());
+  set(CURLOPT_ERRORBUFFER, why_.data());
+  set(CURLOPT_WRITEFUNCTION, &Transfer::receive);
+  set(CURLOPT_WRITEDATA, static_cast<void*>(this));
+}
+
+size_t cSHAREDInternet::Transfer::receive(const char* bytes, size_t size, size_t count, void* transfer) noexcept {
+  auto& self = *static_cast<Transfer*>(transfer);
+  try {
+    self.take(QByteArrayView(bytes, static_cast<qsizetype>(size * count)));
+    return size * count;
+  } catch (...) {
+    self.failure_ = std::current_exception();
+    return 0;
+  }
+}
+
+void cSHAREDInternet::Transfer::take(QByteArrayView bytes) {
+  received_ += bytes.size();
+  if (received_ > mostBytes_ || announced() > mostBytes_) {
+    fail(u"The file is too long"_s);
+  }
+  file_.write(bytes);
+}
+
+qint64 cSHAREDInternet::Transfer::announced() const {
+  curl_off_t length = 0;
+  curl_.getInfo(request_, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+  return std::max<qint64>(length, 0);
+}
+
+bool cSHAREDInternet::Transfer::goOn() {
+  int running = 0;
+  curl_.perform(queue_, &running);
+  int waiting = 0;
+  if (const CURLMsg* const told = curl_.readInfo(queue_, &waiting); told != nullptr) {
+    finish(told->data.result);
+    return false;
+  }
+  curl_.poll(queue_, nullptr, 0, kPauseMs, nullptr);
+  return true;
+}
+
+void cSHAREDInternet::Transfer::finish(CURLcode result) const {
+  if (failure_) {
+    std::rethrow_exception(failure_);
+  }
+  if (result != CURLE_OK) {
+    fail(QString::fromUtf8(why_.front() != '\0' ? why_.data() : curl_.describe(result)));
+  }
+}
+
+bool cSHAREDInternet::GetFile(const QString& Address, const QString& LocalFile) {
+  if (std::exchange(running_, true)) {
+    return false;
+  }
+  cancelled_ = false;
+  expected_ = 0;
+  Logging().LogEvent(u"Trying to download "_s + Address);
+  const bool fetched = Guard("GetFile", "cSHAREDInternet")([&] { fetch(Address, LocalFile); });
+  running_ = false;
+  if (cancelled_) {
+    Logging().LogEvent(u"Download cancelled"_s);
+  }
+  return fetched && !cancelled_;
+}
+
+void cSHAREDInternet::fetch(const QString& address, const QString& file) {
+  if (address.isEmpty()) {
+    fail(u"No address specified"_s);
+  }
+  ReplacementFile replacement(Paths::native(file));
+  Transfer transfer(address, replacement, MostBytes);
+  follow(transfer);
+  if (!cancelled_) {
+    replacement.commit(ReplacementFile::Durability::OnDisk);
+  }
+}
+
+void cSHAREDInternet::follow(Transfer& transfer) {
+  qint64 told = 0;
+  qint64 lastStep = Clock::ticks();
+  bool isRunning = true;
+  while (isRunning && !cancelled_) {
+    isRunning = transfer.goOn();
+    if (transfer.received() != told) {
+      told = transfer.received();
+      lastStep = Clock::ticks();
+      expected_ = transfer.announced();
+      if (Progress) {
+        Progress(told);
+      }
+    } else if (isRunning && Clock::ticks() - lastStep > TimeoutMs) {
+      fail(u"Transfer timed out"_s);
+    }
+    toolkit().DoEvents();
+  }
+}

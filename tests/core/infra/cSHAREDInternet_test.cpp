@@ -1,0 +1,108 @@
+#include "core/infra/cSHAREDInternet.h"
+
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+#include "support/WebServer.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kMost = 100'000;
+const QByteArray kOld = "what stood there before";
+
+class Internet : public testing::Test {
+ protected:
+  void SetUp() override { ASSERT_TRUE(write(kOld)); }
+
+  bool write(const QByteArray& bytes) const {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+  }
+  QByteArray content() const {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+  }
+  /// Nothing is left beside the file.
+  qsizetype files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(); }
+
+  ScriptedToolkit toolkit;
+  ScratchFolder folder;
+  const QString path = folder.path(u"list.zip"_s);
+  cSHAREDInternet internet;
+};
+
+TEST_F(Internet, AFileIsTakenWholeAndItsProgressTold) {
+  const QByteArray body(90'000, 'z');
+  const WebServer server({{u"/list.zip"_s, WebServer::ok(body)},
+                          {u"/moved"_s, WebServer::moved("/list.zip")},
+                          {u"/unannounced"_s, "HTTP/1.1 200 OK\r\n\r\n" + body},
+                          {u"/empty"_s, WebServer::ok({})}});
+  internet.MostBytes = kMost;
+  qint64 last = 0;
+  internet.Progress = [&last](qint64 received) {
+    EXPECT_GT(received, last);
+    last = received;
+  };
+  for (const auto& [from, expected] :
+       {std::pair{u"/list.zip"_s, body.size()}, {u"/moved"_s, body.size()}, {u"/unannounced"_s, qsizetype{0}}}) {
+    last = 0;
+    ASSERT_TRUE(write(kOld));
+    EXPECT_TRUE(internet.GetFile(server.address(from), path)) << from.toStdString();
+    EXPECT_EQ(content(), body) << from.toStdString();
+    EXPECT_EQ(internet.ExpectedFilesize(), expected) << from.toStdString();
+    EXPECT_EQ(last, body.size());
+  }
+  EXPECT_TRUE(internet.GetFile(server.address(u"/empty"_s), path));
+  EXPECT_EQ(content(), QByteArray());
+  EXPECT_GT(toolkit.yields, 0);
+}
+
+TEST_F(Internet, AFailedTransferLeavesWhatStoodThere) {
+  const QByteArray tooLong(kMost + 1, 'z');
+  const WebServer server({{u"/short"_s, WebServer::ok("zz", 3)},
+                          {u"/long"_s, WebServer::ok(tooLong)},
+                          {u"/endless"_s, "HTTP/1.1 200 OK\r\n\r\n" + tooLong},
+                          {u"/gone"_s, "HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\nGone"},
+                          {u"/circle"_s, WebServer::moved("/circle")},
+                          {u"/file"_s, WebServer::moved("file://" + path.toUtf8())},
+                          {u"/nonsense"_s, "\r\n\r\n"}});
+  internet.MostBytes = kMost;
+  internet.TimeoutMs = 50;
+  QStringList addresses = {u""_s, u"ftp://127.0.0.1/list.zip"_s, QString(u"file://"_s + path), u"http://"_s};
+  for (const QString& from :
+       {u"/short"_s, u"/long"_s, u"/endless"_s, u"/gone"_s, u"/circle"_s, u"/file"_s, u"/nonsense"_s, u"/silent"_s}) {
+    addresses += server.address(from);
+  }
+  for (const QString& address : addresses) {
+    EXPECT_FALSE(internet.GetFile(address, path)) << address.toStdString();
+    EXPECT_EQ(content(), kOld) << address.toStdString();
+    EXPECT_EQ(files(), 1) << address.toStdString();
+  }
+}
+
+TEST_F(Internet, AFileThatCannotBeWrittenFails) {
+  const WebServer server({{u"/list.zip"_s, WebServer::ok("zip")}});
+  EXPECT_FALSE(internet.GetFile(server.address(u"/list.zip"_s), folder.path(u"none/list.zip"_s)));
+  EXPECT_TRUE(internet.GetFile(server.address(u"/list.zip"_s), path)) << "the next one is a new beginning";
+}
+
+TEST_F(Internet, ACancelledTransferEndsAtOnceAndOneRunsAtATime) {
+  const WebServer server({});
+  bool second = true;
+  toolkit.onYield = [&] {
+    second = internet.GetFile(server.address(u"/silent"_s), path);
+    internet.Cancel();
+  };
+  EXPECT_FALSE(internet.GetFile(server.address(u"/silent"_s), path));
+  EXPECT_FALSE(second);
+  EXPECT_EQ(content(), kOld);
+  EXPECT_EQ(files(), 1);
+}
+
+}  // namespace
