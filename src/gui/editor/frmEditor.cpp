@@ -9,6 +9,7 @@
 #include "gui/editor/FieldClipboard.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/SceneNavigator.h"
+#include "gui/editor/TextPage.h"
 #include "gui/editor/ViewpointBox.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -46,7 +47,6 @@ constexpr auto kModule = "frmEditor";
 constexpr double MinWidth = 10032;
 constexpr double MinHeight = 7020;
 constexpr QSize kFirstSize(920, 680);
-constexpr qreal kTextMargin = 10;
 
 }  // namespace
 
@@ -68,7 +68,7 @@ frmEditor::~frmEditor() = default;
 void frmEditor::buildLayout() {
   txtMain = new RichTextBox(this);
   giveName(*txtMain, u"txtMain"_s, u"Scene text"_s);
-  txtMain->document()->setDocumentMargin(kTextMargin);
+  new TextPage(*txtMain);
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
   find_ = new EditorFind(*txtMain, *this);

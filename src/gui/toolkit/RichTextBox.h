@@ -132,6 +132,8 @@ class RichTextBox : public QTextEdit {
   int toDocument(qsizetype position) const;
   qsizetype fromDocument(int position) const;
 
+  /// Pixels that stay free on both sides.
+  void setSideMargins(int pixels) { setViewportMargins(pixels, 0, pixels, 0); }
   quint32 BackColor() const;
   /// A number with the top bit set is the palette's own colour.
   void setBackColor(quint32 colour);
