@@ -92,6 +92,9 @@ void frmEditor::buildLayout() {
   setStatusBar(StatusBar1);
   clipboard_ = new FieldClipboard(*txtMain);
   setTabOrder(cmdHide, txtMain);
+  for (QPushButton* const button : findChildren<QPushButton*>()) {
+    button->setAutoDefault(true);  // Return presses the one that has the keyboard
+  }
   txtMain->setFocus();
 }
 
@@ -112,8 +115,8 @@ QWidget* frmEditor::buildLowerPart() {
   lower_ = new QWidget(this);
   TabStrip1 = new EditorTabStrip(lower_);
   viewpoint_ = new ViewpointBox(lower_);
-  cmdSave = makeButton(u"cmdSave"_s, u"Save"_s);
-  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && Exit"_s);
+  cmdSave = makeButton(u"cmdSave"_s, u"S&ave"_s);
+  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && E&xit"_s);
   auto* side = new QVBoxLayout;
   side->addWidget(viewpoint_);
   side->addStretch();

@@ -112,6 +112,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void mnuBGColour_Click();
   void mnuFGColour_Click();
   void takeColours(const EditorColours& colours);
+  void showColours(const EditorColours& colours);
   void mnuOpenNote_Click();
   void textChanged();
   void mnuTop20_Click();

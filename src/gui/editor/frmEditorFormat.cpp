@@ -9,6 +9,7 @@
 #include "gui/views/frmPickFont.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QEvent>
 #include <QMenu>
 #include <QPointer>
@@ -82,11 +83,20 @@ void frmEditor::mnuFGColour_Click() {
   }
 }
 
+/// All editors look alike: one that kept the old colours would put them back into the settings when it is saved.
 void frmEditor::takeColours(const EditorColours& colours) {
+  colours.toSettings();
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (auto* const editor = qobject_cast<frmEditor*>(window)) {
+      editor->showColours(colours);
+    }
+  }
+}
+
+void frmEditor::showColours(const EditorColours& colours) {
   const bool recolours = colours.EditorFG != colours_.EditorFG;
   colours_ = colours;
   colours_.applyTo(*txtMain);
-  colours_.toSettings();
   if (recolours) {
     txtMain->colourRanges({{0, txtMain->Text().size(), colours_.textColour()}});
   }

@@ -2,6 +2,7 @@
 
 #include "core/infra/cSHAREDSettings.h"
 #include "core/text/Rtf.h"
+#include "gui/editor/EditorColours.h"
 #include "gui/editor/EditorWindow.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -67,11 +68,14 @@ TEST_F(EditorFormatTest, TheDefaultFontIsChosenFromListsAndTheSelectionTakesIt) 
 }
 
 TEST_F(EditorFormatTest, ColoursTakeEffectAtOnceAreKeptAndMakeNoUnsavedText) {
+  frmEditor* const other = open(2);
   frmEditor* const editor = open();
   const auto stated = [&] { return pane(*editor).richText().charFormatAt(1).colour; };
   pickColour(*editor, "mnuBGColour", 0xE0FFFF);
   EXPECT_EQ(pane(*editor).BackColor(), 0xE0FFFFU);
   EXPECT_EQ(Settings().sGet(u"EditorBG"_s), QString::number(0xE0FFFF));
+  click(*other, "cmdSave");
+  EXPECT_EQ(EditorColours::fromSettings().EditorBG, 0xE0FFFFU) << "put back by an editor that kept the old one";
   pickColour(*editor, "mnuFGColour", 0x802010);
   EXPECT_EQ(stated(), 0x802010U);
   EXPECT_EQ(Settings().sGet(u"EditorFG"_s), QString::number(0x802010));
