@@ -109,6 +109,10 @@ RichText frmEditor::cleanText() const {
   return text;
 }
 
+QByteArray frmEditor::textToSave() const {
+  return writeRtf(cleanText());
+}
+
 void frmEditor::FormToData(clsScene& into) {
   TimerWC.stop();
   TimerBackup.stop();
@@ -116,7 +120,7 @@ void frmEditor::FormToData(clsScene& into) {
   TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
-    into.setTextRTF(writeRtf(cleanText()));
+    into.setTextRTF(textToSave());
   } else if (before_) {
     // What was typed was taken back.
     into.setTextRTF(before_->TextRTF());
@@ -288,7 +292,7 @@ void frmEditor::keepWithoutBook() {
   TabStrip1->FormToData(kept);
   // What is kept there is still to be saved here.
   if (txtMain->isEdited() || kept.TextRTF().isEmpty()) {
-    kept.setTextRTF(writeRtf(cleanText()));
+    kept.setTextRTF(textToSave());
   }
   const RescueFolder rescue(*g_Project);
   if (rescue.keep(kept)) {
