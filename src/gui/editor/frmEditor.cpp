@@ -4,11 +4,13 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
+#include "gui/editor/EditorSpelling.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/FieldClipboard.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/SceneNavigator.h"
+#include "gui/editor/TextMarkLayer.h"
 #include "gui/editor/ViewpointBox.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -71,6 +73,7 @@ void frmEditor::buildLayout() {
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
   find_ = new EditorFind(*txtMain, *this);
+  marks_ = new TextMarkLayer(*txtMain);
   auto* upper = new QWidget(this);
   auto* upperLayout = new QVBoxLayout(upper);
   upperLayout->setContentsMargins(0, 0, 0, 0);
@@ -263,6 +266,7 @@ void frmEditor::Unload() {
   TimerLoadFonts.stop();
   TimerExit.stop();
   find_->close();
+  spelling_->stop();
   hide();
   if (modalLoop_ != nullptr) {
     modalLoop_->quit();

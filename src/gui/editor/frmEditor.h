@@ -13,6 +13,7 @@
 #include <optional>
 
 class EditorFind;
+class EditorSpelling;
 class EditorStatusBar;
 class EditorTabStrip;
 class FieldClipboard;
@@ -24,6 +25,7 @@ class QPushButton;
 class QToolButton;
 class RichTextBox;
 class SceneNavigator;
+class TextMarkLayer;
 class TextObjects;
 class ViewpointBox;
 class clsScene;
@@ -73,6 +75,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void createEditMenu();
   void createRightClickMenu();
   void followClipboard(QMenu& menu);
+  void createSpellingMenu();
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
   /// What runs is guarded under the entry's name.
@@ -160,6 +163,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   TextObjects* objects_ = nullptr;
   EditorFind* find_ = nullptr;
   FieldClipboard* clipboard_ = nullptr;
+  TextMarkLayer* marks_ = nullptr;
+  EditorSpelling* spelling_ = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QToolButton* cmdHide = nullptr;

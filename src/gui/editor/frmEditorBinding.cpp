@@ -14,6 +14,7 @@
 #include "core/text/modWordcount.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
+#include "gui/editor/EditorSpelling.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/EditorText.h"
@@ -62,6 +63,7 @@ void frmEditor::EditScene(qint32 id) {
 
 void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
+  spelling_->begin();
   txtMain->setSelStart(0);
   setDirty(false);
 }
@@ -191,7 +193,7 @@ void frmEditor::showHint(const QString& text) {
   QTimer::singleShot(kHintMs, this, &frmEditor::tellLosses);
 }
 
-bool frmEditor::SaveChanges(bool) {
+bool frmEditor::SaveChanges(bool spellCheck) {
   const auto saved = scene();
   if (!saved) {
     toolkit().MsgBox(
@@ -215,6 +217,9 @@ bool frmEditor::SaveChanges(bool) {
   LastEditorTop = Twips::fromPixels(y());
   setCaption(saved->Title);
   TabStrip1->TabIcons();
+  if (spellCheck) {
+    spelling_->SpellCheckEditor(false);
+  }
   ShowSceneWordCount();
   TabStrip1->refresh(*saved);
   savedChanges_ = true;
