@@ -44,7 +44,7 @@ bool hasSelection(const TextBox& box) {
 
 }  // namespace
 
-FieldClipboard::FieldClipboard(QWidget& text) : QObject(text.window()), text_(text) {
+FieldClipboard::FieldClipboard(QWidget& text) : QObject(&text), text_(text) {
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
 }
 
@@ -69,8 +69,7 @@ bool FieldClipboard::canCut() const {
 
 bool FieldClipboard::canPaste() const {
   const QMimeData* const held = QGuiApplication::clipboard()->mimeData();
-  return held != nullptr && held->hasText() &&
-         with(field(), [](auto& box) { return !box.isReadOnly(); });
+  return held != nullptr && held->hasText() && with(field(), [](auto& box) { return !box.isReadOnly(); });
 }
 
 void FieldClipboard::cut() {

@@ -11,7 +11,7 @@ class FieldClipboard : public QObject {
   Q_OBJECT
 
  public:
-  /// Owned by the window that the text is in.
+  /// Belongs to the text.
   explicit FieldClipboard(QWidget& text);
 
   bool canCut() const;

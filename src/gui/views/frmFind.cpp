@@ -152,6 +152,7 @@ void frmFind::offerReplace(bool offered) {
   for (QWidget* const control : std::initializer_list<QWidget*>{lblReplace, cmbReplace, cmdReplace, cmdReplaceAll}) {
     control->setVisible(offered);
   }
+  layout()->activate();
   adjustSize();
 }
 
