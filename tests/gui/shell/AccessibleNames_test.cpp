@@ -13,6 +13,7 @@
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmEditProject.h"
 #include "gui/shell/windows/frmLostAndFound.h"
+#include "gui/shell/windows/frmProblemWords.h"
 #include "gui/shell/windows/frmProjectWizard.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
@@ -80,6 +81,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   frmAbout about(&window());
   const frmLostAndFound lost(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
+  const frmProblemWords problems(&window());
   const frmProjectWizard wizard(&window());
   const SheetSubject subject{EntityKind::Item, 1, nullptr};
   const frmEditChapter chapter(subject);
