@@ -191,6 +191,16 @@ TEST_F(EditorFindTest, ASelectionWithinALineIsWhatIsLookedFor) {
   EXPECT_EQ(askedFor(20, 0), u"first"_s);
 }
 
+TEST_F(EditorFindTest, ASearchThatComesFromOutsideShowsItsFirstMatchAndGoesOn) {
+  RichTextBox& pane = openWith(u"cat, dog, Cat"_s);
+  scene()->setCurrentSearchString(u"bird"_s);
+  EXPECT_EQ(shown(pane), u"||cat, dog, Cat"_s);
+  scene()->setCurrentSearchString(u"cat"_s);
+  EXPECT_EQ(shown(pane), u"|cat|, dog, Cat"_s);
+  trigger(*editor_, "mnuFindNext");
+  EXPECT_EQ(shown(pane), u"cat, dog, |Cat|"_s);
+}
+
 TEST_F(EditorFindTest, EachEditorHasItsOwnSearchAndItsDialogGoesWithIt) {
   RichTextBox& pane = openWith(u"x one two"_s);
   ask(u"two"_s);

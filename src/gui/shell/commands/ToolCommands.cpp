@@ -68,7 +68,6 @@ void ToolCommands::mnuManual_Click() {
 // What took a while to think of is on the disk at once, not only when the program ends.
 void ToolCommands::defineProblemWords() {
   const frmProblemWords* const form = frmProblemWords::showOver(main_);
-  QObject::connect(form, &QDialog::accepted, &main_, guarded("mnuUDW_Click", "frmMain", [] {
-                     Settings().SaveSettings(g_SettingsFile);
-                   }));
+  QObject::connect(form, &QDialog::accepted, &main_,
+                   guarded("mnuUDW_Click", "frmMain", [] { Settings().SaveSettings(g_SettingsFile); }));
 }
