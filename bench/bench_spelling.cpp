@@ -86,8 +86,11 @@ void check(benchmark::State& state, qsizetype words) {
         QApplication::processEvents();
       },
       [&] {
-        layer.setMarks(TextMark::Kind::Misspelling, Spell().Misspellings(box.Text()));
-        layer.setMarks(TextMark::Kind::Name, findNames(box.Text(), names));
+        {
+          const TextMarkLayer::Together together(layer);
+          layer.setMarks(TextMark::Kind::Misspelling, Spell().Misspellings(box.Text()));
+          layer.setMarks(TextMark::Kind::Name, findNames(box.Text(), names));
+        }
         QApplication::processEvents();
       });
   state.counters["marks"] = static_cast<double>(told.size());

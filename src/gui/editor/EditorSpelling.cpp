@@ -85,8 +85,10 @@ void EditorSpelling::loadSome() {
 
 // Names go last: they are shown where both are.
 void EditorSpelling::check() {
-  if (Spell().DictAvailable()) {
-    marks_.setMarks(TextMark::Kind::Misspelling, Spell().Misspellings(text_.Text()));
+  const TextMarks wrong = Spell().Misspellings(text_.Text());
+  const TextMarkLayer::Together together(marks_);
+  if (Spell().Available()) {
+    marks_.setMarks(TextMark::Kind::Misspelling, wrong);
   }
   MarkNames();
   Logging().LogEvent(u"Spell check complete"_s);
@@ -94,6 +96,7 @@ void EditorSpelling::check() {
 
 void EditorSpelling::mnuClear_Click() {
   idle_.stop();
+  const TextMarkLayer::Together together(marks_);
   marks_.setMarks(TextMark::Kind::Misspelling, {});
   MarkNames();
   text_.setFocus();

@@ -90,9 +90,14 @@ void frmProblemWords::connectSignals() {
   connect(cmdAdd, &QPushButton::clicked, this, add);
   connect(cmdEdit, &QPushButton::clicked, this, edit);
   connect(cmdDelete, &QPushButton::clicked, this, remove);
-  connect(new QShortcut(Qt::Key_Insert, lstWords), &QShortcut::activated, this, add);
-  connect(new QShortcut(Qt::Key_F2, lstWords), &QShortcut::activated, this, edit);
-  connect(new QShortcut(Qt::Key_Delete, lstWords), &QShortcut::activated, this, remove);
+  const auto onKey = [this](Qt::Key key, auto run) {
+    auto* const shortcut = new QShortcut(key, lstWords);
+    shortcut->setContext(Qt::WidgetShortcut);
+    connect(shortcut, &QShortcut::activated, this, run);
+  };
+  onKey(Qt::Key_Insert, add);
+  onKey(Qt::Key_F2, edit);
+  onKey(Qt::Key_Delete, remove);
   connect(lstWords, &QListWidget::itemDoubleClicked, this, edit);
   connect(lstWords, &QListWidget::itemSelectionChanged, this, &frmProblemWords::enableButtons);
   connect(cmdOK, &QPushButton::clicked, this, guarded("cmdOK_Click", kModule, this, &frmProblemWords::cmdOK_Click));

@@ -5,6 +5,7 @@
 #include "core/spell/ProblemWords.h"
 #include "gui/shell/MainWindow.h"
 #include "support/Required.h"
+#include "support/WaitFor.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -22,9 +23,10 @@ class ProblemWordsTest : public ShellTest {
       isRunning_ = true;
     }
     trigger("mnuUDW(0)");
-    auto* const form = window().findChild<frmProblemWords*>();
-    list_ = &childOf<QListWidget>(required(form, u"frmProblemWords"_s), u"lstWords"_s);
-    return *form;
+    auto& form = required(window().findChild<frmProblemWords*>(), u"frmProblemWords"_s);
+    EXPECT_TRUE(waitUntilActive(form));
+    list_ = &childOf<QListWidget>(form, u"lstWords"_s);
+    return form;
   }
   QStringList shown() const {
     QStringList words;
