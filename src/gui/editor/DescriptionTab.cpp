@@ -35,6 +35,17 @@ QString DescriptionTab::Title() const {
   return txtTitle->text();
 }
 
+void DescriptionTab::takeTitle(const QString& title) {
+  txtTitle->selectAll();
+  txtTitle->insert(title);
+  Q_EMIT changed();
+}
+
+void DescriptionTab::takeDescription(const QString& text) {
+  txtDesc->selectAll();
+  txtDesc->insertPlainText(text);
+}
+
 void DescriptionTab::DataToForm(clsScene& scene) {
   txtTitle->setText(scene.Title);
   txtTitle->setCursorPosition(0);

@@ -13,6 +13,9 @@ class DescriptionTab : public EditorTab {
   explicit DescriptionTab(QWidget* parent = nullptr);
 
   QString Title() const;
+  /// In the place of what is there, which the field's own undo brings back.
+  void takeTitle(const QString& title);
+  void takeDescription(const QString& text);
 
   void DataToForm(clsScene& scene) override;
   void FormToData(clsScene& scene) const override;

@@ -83,6 +83,14 @@ QString EditorTabStrip::Title() const {
   return description_->Title();
 }
 
+void EditorTabStrip::takeTitle(const QString& title) {
+  description_->takeTitle(title);
+}
+
+void EditorTabStrip::takeDescription(const QString& text) {
+  description_->takeDescription(text);
+}
+
 /// Costs nothing while the mirror isn't seen.
 void EditorTabStrip::mirror() {
   if (overview_ == nullptr || currentWidget() != overview_) {

@@ -27,6 +27,9 @@ class EditorTabStrip : public QTabWidget {
   void DisplayCharacter(qint32 id);
   /// The title as it is typed.
   QString Title() const;
+  /// As if the user had typed it in the place of what is there.
+  void takeTitle(const QString& title);
+  void takeDescription(const QString& text);
 
  Q_SIGNALS:
   void changed();

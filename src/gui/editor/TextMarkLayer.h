@@ -20,8 +20,8 @@ class TextMarkLayer : public QObject {
   Q_OBJECT
 
  public:
-  /// While one lives, marks that are set are not shown yet: all are in one step when it goes. Nothing else may happen to
-  /// the text meanwhile.
+  /// While one lives, marks that are set are not shown yet: all are in one step when it goes. Nothing else may happen
+  /// to the text meanwhile.
   class Together {
    public:
     explicit Together(TextMarkLayer& layer) : layer_(layer) { ++layer.held_; }

@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorSpelling.h"
@@ -72,8 +73,9 @@ void frmEditor::buildLayout() {
   txtMain->document()->setDocumentMargin(kTextMargin);
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
-  find_ = new EditorFind(*txtMain, *this);
   marks_ = new TextMarkLayer(*txtMain);
+  characters_ = new CharacterMarks(*txtMain, *marks_);
+  find_ = new EditorFind(*txtMain, *this);
   auto* upper = new QWidget(this);
   auto* upperLayout = new QVBoxLayout(upper);
   upperLayout->setContentsMargins(0, 0, 0, 0);

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+class CharacterMarks;
 class EditorFind;
 class EditorSpelling;
 class EditorStatusBar;
@@ -24,6 +25,7 @@ class QMenu;
 class QPushButton;
 class QToolButton;
 class RichTextBox;
+class RightClick;
 class SceneNavigator;
 class TextMarkLayer;
 class TextObjects;
@@ -75,7 +77,9 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void createEditMenu();
   void createRightClickMenu();
   void followClipboard(QMenu& menu);
+  void createSceneMenu();
   void createSpellingMenu();
+  void offerSpelling(QMenu& menu, RightClick& clicks);
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
   /// What runs is guarded under the entry's name.
@@ -101,7 +105,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void showPlace(clsScene& scene);
   void DataToForm(qint32 id, bool loadText);
   void loadMainText(const clsScene& scene);
-  QByteArray textToSave() const;
+  /// As it is saved: in the one colour of saved text, each font by its name.
+  RichText cleanText() const;
   void tellLosses();
   /// Puts a copy of the scene's text as it was into the day's backups, if what is going to be saved lacks something of
   /// it. False when that failed and the user wants no save without it.
@@ -115,7 +120,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// False, and the user has been told, when there is no scene to save to any more.
   bool SaveChanges(bool spellCheck);
   /// The same, and told, when the text could not be written to its file.
-  bool saveWhole();
+  bool saveWhole(bool spellCheck = false);
   /// For the status bar.
   QString whereSaved() const;
   void keepWithoutBook();
@@ -134,6 +139,15 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void retire();
   void EditChar(qint32 id, qint32 tab);
   void cmdAddChar_Click();
+  void mnuChar_Click(bool highlight);
+  bool hasPlaceInBook();
+  /// In its chapter: behind this scene, or at the end.
+  void addScene(bool behindThisOne);
+  void splitOnCustom();
+  bool mayBeSplit();
+  void splitScene(const QString& separator);
+  void cutAt(const QString& separator);
+  void cutSelection(void (EditorTabStrip::*into)(const QString&));
   /// Null once the scene has left the book: its ID may be another one's by then, or another book's.
   std::shared_ptr<clsScene> scene() const;
 
@@ -161,9 +175,11 @@ class frmEditor : public QMainWindow, public SceneEditor {
 
   RichTextBox* txtMain = nullptr;
   TextObjects* objects_ = nullptr;
+  TextMarkLayer* marks_ = nullptr;
+  CharacterMarks* characters_ = nullptr;
+  QAction* mnuChar = nullptr;
   EditorFind* find_ = nullptr;
   FieldClipboard* clipboard_ = nullptr;
-  TextMarkLayer* marks_ = nullptr;
   EditorSpelling* spelling_ = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;

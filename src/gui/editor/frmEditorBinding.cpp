@@ -12,6 +12,7 @@
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 #include "core/text/modWordcount.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorSpelling.h"
@@ -65,6 +66,7 @@ void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
   spelling_->begin();
   txtMain->setSelStart(0);
+  MarkCharacters();
   setDirty(false);
 }
 
@@ -99,10 +101,10 @@ void frmEditor::tellLosses() {
                                : QString());
 }
 
-QByteArray frmEditor::textToSave() const {
+RichText frmEditor::cleanText() const {
   RichText text = txtMain->namedRichText();
   ResetFontColour(text, colours_.textColour());
-  return writeRtf(text);
+  return text;
 }
 
 void frmEditor::FormToData(clsScene& into) {
@@ -111,7 +113,7 @@ void frmEditor::FormToData(clsScene& into) {
   TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew) {
-    into.setTextRTF(textToSave());
+    into.setTextRTF(writeRtf(cleanText()));
     txtMain->setUnedited();
   }
   TimerWC.start(kWordCountMs);
@@ -183,8 +185,13 @@ void frmEditor::mnuTop20_Click() {
 }
 
 void frmEditor::mnuOpenNote_Click() {
-  if (!txtMain->openAtCaret()) {
-    showHint(u"There is no note or link at the caret"_s);
+  if (txtMain->openAtCaret()) {
+    return;
+  }
+  if (const qint32 id = characters_->characterAt(txtMain->SelStart()); id != 0) {
+    EditChar(id, 0);
+  } else {
+    showHint(u"There is no note, link or marked name at the caret"_s);
   }
 }
 
@@ -217,9 +224,7 @@ bool frmEditor::SaveChanges(bool spellCheck) {
   LastEditorTop = Twips::fromPixels(y());
   setCaption(saved->Title);
   TabStrip1->TabIcons();
-  if (spellCheck) {
-    spelling_->SpellCheckEditor(false);
-  }
+  spellCheck ? spelling_->SpellCheckEditor(false) : MarkCharacters();
   ShowSceneWordCount();
   TabStrip1->refresh(*saved);
   savedChanges_ = true;
@@ -271,8 +276,8 @@ void frmEditor::keepWithoutBook() {
 }
 
 // A window that goes takes the text along: it stays as long as that stands nowhere else.
-bool frmEditor::saveWhole() {
-  if (!SaveChanges(false)) {
+bool frmEditor::saveWhole(bool spellCheck) {
+  if (!SaveChanges(spellCheck)) {
     return false;
   }
   if (Dirty && !scene()->SaveFailure().isEmpty()) {
@@ -337,7 +342,3 @@ void frmEditor::closeForm() {
 void frmEditor::setCurrentSearchString(const QString& text) {
   find_->search(text);
 }
-
-void frmEditor::MarkCharacters() {}
-
-void frmEditor::UnmarkCharacters() {}

@@ -1,7 +1,10 @@
 #include "core/infra/Guard.h"
+#include "core/infra/Numbers.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/Cast.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/SceneNavigator.h"
@@ -9,6 +12,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
 
+#include <QAction>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +33,7 @@ void frmEditor::connectCharacters() {
   connect(viewpoint_, &ViewpointBox::addCharWanted, this,
           guarded("cmdAddChar_Click", kModule, this, &frmEditor::cmdAddChar_Click));
   connect(TabStrip1, &EditorTabStrip::characterWanted, this, guarded("ListChar_DblClick", kModule, edit));
+  connect(characters_, &CharacterMarks::characterWanted, this, guarded("txtMain_DblClick", kModule, edit));
 }
 
 void frmEditor::showPlace(clsScene& of) {
@@ -46,6 +51,23 @@ void frmEditor::UpdateCombos() {
   if (const auto shown = scene()) {
     FindInCombos(*shown);
   }
+}
+
+// One setting for all editors: each follows it, whichever has changed it.
+void frmEditor::MarkCharacters() {
+  const bool highlight = Numbers::ToBool(Settings().sGet(u"HighlightChar"_s, false));
+  mnuChar->setChecked(highlight);
+  highlight ? characters_->show() : characters_->hide();
+}
+
+void frmEditor::UnmarkCharacters() {
+  characters_->hide();
+}
+
+void frmEditor::mnuChar_Click(bool highlight) {
+  Settings().sSet(u"HighlightChar"_s, highlight);
+  MarkCharacters();
+  g_Project->MarkAllCharInEditorWindows();
 }
 
 void frmEditor::EditChar(qint32 id, qint32 tab) {

@@ -1,11 +1,13 @@
 // The menus of the editor's window, a function for each.
 
-#include "core/model/clsScene.h"
+#include "core/infra/Toolkit.h"
 #include "gui/editor/EditorFind.h"
-#include "gui/editor/EditorSpelling.h"
+#include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/FieldClipboard.h"
 #include "gui/editor/RightClick.h"
+#include "gui/editor/SceneReader.h"
 #include "gui/editor/WordLookup.h"
+#include "gui/editor/WritingTips.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
@@ -26,6 +28,7 @@ constexpr auto kModule = "frmEditor";
 void frmEditor::createMenus() {
   createFileMenu();
   createEditMenu();
+  createSceneMenu();
   createSpellingMenu();
   createToolsMenu();
   assignMnemonics(menuBar()->actions());
@@ -74,6 +77,14 @@ void frmEditor::createEditMenu() {
   add("mnuReplace", u"Replace"_s, QKeySequence(u"Ctrl+H"_s), [this] { find_->ShowFind(true); });
   add("mnuFindNext", u"Find next"_s, QKeySequence(u"F3"_s), [this] { find_->FindNext(); });
   add("mnuFindPrev", u"Find previous"_s, QKeySequence(u"Shift+F3"_s), [this] { find_->FindPrev(); });
+  edit->addSeparator();
+  const auto addCut = [&](const QString& name, const QString& caption, void (EditorTabStrip::*into)(const QString&)) {
+    QAction* const entry = addEntry(edit, name, caption, [this, into] { cutSelection(into); });
+    entry->setEnabled(false);
+    connect(txtMain, &QTextEdit::copyAvailable, entry, &QAction::setEnabled);
+  };
+  addCut(u"mnuCutForTitle"_s, u"Cut for scene title"_s, &EditorTabStrip::takeTitle);
+  addCut(u"mnuCutForDesc"_s, u"Cut for scene description"_s, &EditorTabStrip::takeDescription);
   followClipboard(*edit);
 }
 
@@ -96,42 +107,34 @@ void frmEditor::createRightClickMenu() {
     menu->addAction(findChild<QAction*>(QString::fromLatin1(name)));
   }
   followClipboard(*menu);
-  auto* const clicks = new RightClick(*txtMain, *menu);
-  QAction* const pbarSpell = menu->addSeparator();
-  pbarSpell->setObjectName(u"pbarSpell"_s);
-  QAction* const word = addEntry(menu, u"mnuAddWordToCustom"_s, u"&Add selection to custom dictionary"_s,
-                                 [this] { spelling_->mnuAddWordToCustom_Click(); });
-  connect(clicks, &RightClick::asked, this, [this, pbarSpell, word] {
-    const bool isWrong = spelling_->selectMisspelling();
-    pbarSpell->setVisible(isWrong);
-    word->setVisible(isWrong);
-  });
+  offerSpelling(*menu, *new RightClick(*txtMain, *menu));
 }
 
-void frmEditor::createSpellingMenu() {
-  QMenu* const menu = addMenu(u"mnuSpelling"_s, u"Spelling"_s);
-  const auto add = [&](const char* name, const QString& caption, void (EditorSpelling::*run)()) {
-    return addEntry(menu, QString::fromLatin1(name), caption, [this, run] { (spelling_->*run)(); });
-  };
-  const EditorSpelling::Entries entries{
-      menu, add("mnuClear", u"Clear"_s, &EditorSpelling::mnuClear_Click),
-      add("mnuSpellingOn", u"Spell check on display and save"_s, &EditorSpelling::mnuSpellingOn_Click),
-      add("mnuCheckNow", u"Check Now"_s, &EditorSpelling::mnuCheckNow_Click),
-      add("mnuInstallDictionary", u"Install Dictionary"_s, &EditorSpelling::mnuInstallDictionary_Click)};
-  spelling_ = new EditorSpelling(*txtMain, *marks_, entries);
-  connect(spelling_, &EditorSpelling::told, this, [this](const QString& what) {
-    const auto shown = scene();
-    setCaption(!what.isEmpty() ? what : shown ? shown->Title : QString());
-  });
+void frmEditor::createSceneMenu() {
+  QMenu* const menu = addMenu(u"mnuScene"_s, u"Scene"_s);
+  addEntry(menu, u"mnuNewScene"_s, u"Add Scene"_s, [this] { addScene(false); });
+  addEntry(menu, u"mnuInsertScene"_s, u"Insert Scene"_s, [this] { addScene(true); });
+  menu->addSeparator();
+  int index = 0;
+  for (const QString& separator : {u"* * *"_s, u"***"_s, u"#"_s}) {
+    addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index++), u"Split scene on '"_s + separator + u'\'',
+             [this, separator] { splitScene(separator); });
+  }
+  addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index), u"Split scene on custom"_s, [this] { splitOnCustom(); });
 }
 
 void frmEditor::createToolsMenu() {
   QMenu* const tools = addMenu(u"mnuTools"_s, u"Tools"_s);
-  addEntry(tools, u"mnuOpenNote"_s, u"Open note or link"_s, [this] {
+  addEntry(tools, u"mnuOpenNote"_s, u"Open note, link or name"_s, [this] {
     mnuOpenNote_Click();
   })->setShortcut(QKeySequence(u"Ctrl+Return"_s));
+  mnuChar =
+      addEntry(tools, u"mnuChar"_s, u"Highlight known characters"_s, [this] { mnuChar_Click(mnuChar->isChecked()); });
+  mnuChar->setCheckable(true);
   const auto selected = [this] { return txtMain->SelRichText().plainText(); };
   addEntry(tools, u"mnuDictionary"_s, u"Dictionary Lookup"_s, [=] { lookUpInDictionary(selected()); });
   addEntry(tools, u"mnuThesaurus"_s, u"Thesaurus Lookup"_s, [=] { lookUpInThesaurus(selected()); });
   addEntry(tools, u"mnuTop20"_s, u"Show word usage"_s, [this] { mnuTop20_Click(); });
+  addEntry(tools, u"mnuWritingTips"_s, u"Writing Tips"_s, [] { toolkit().MsgBox(nextWritingTip()); });
+  addEntry(tools, u"mnuPageling"_s, u"View scene in Pageling"_s, [this] { viewInReader(txtMain->TextRTF()); });
 }

@@ -90,7 +90,7 @@ TEST_F(TextObjectsTest, WhoeverLeavesANoteWithChangesIsAsked) {
 TEST_F(TextObjectsTest, WhereThereIsNothingToOpenTheWriterIsTold) {
   openWith(kWithNotes);
   openAtCaret(0);
-  EXPECT_EQ(panel(*editor_, 4), u"There is no note or link at the caret"_s);
+  EXPECT_EQ(panel(*editor_, 4), u"There is no note, link or marked name at the caret"_s);
 }
 
 TEST_F(TextObjectsTest, LinksOpenOnlyToTheWebAndMailAndAfterTheirAddressWasShown) {

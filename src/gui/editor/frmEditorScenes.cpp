@@ -1,0 +1,159 @@
+#include "core/infra/BusyPointer.h"
+#include "core/infra/Toolkit.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/persist/SceneSplit.h"
+#include "core/text/Rtf.h"
+#include "gui/editor/EditorTabStrip.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/toolkit/RichTextBox.h"
+
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+// From the text into the book: scenes that are added to this one or cut out of it, and passages that become its title
+// or its description.
+
+namespace {
+
+/// What of a text is no letter.
+RichText objectsOf(const RichText& text) {
+  RichText objects;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    if (text.charFormatAt(at).object) {
+      objects.append(text.slice(at, 1));
+    }
+  }
+  return objects;
+}
+
+}  // namespace
+
+/// False, and the user has been told, when no scene can be put beside this one.
+bool frmEditor::hasPlaceInBook() {
+  const auto shown = scene();
+  if (!shown) {
+    toolkit().MsgBox(
+        u"This scene isn't in the open project any more, so no scene can be put behind it. Please copy "
+        "its text to keep it."_s);
+    return false;
+  }
+  if (g_Project->ChapterByID(shown->BelongsToChID)->SceneIndex(SceneID) == 0) {
+    toolkit().MsgBox(u"This scene stands in no chapter, so no scene can be put behind it."_s);
+    return false;
+  }
+  if (g_Project->IsBusy()) {
+    showHint(u"The project is being loaded or saved"_s);
+    return false;
+  }
+  return true;
+}
+
+void frmEditor::addScene(bool behindThisOne) {
+  if (!hasPlaceInBook() || !saveWhole() || !hasPlaceInBook()) {
+    return;
+  }
+  const QPointer<frmEditor> alive(this);
+  const auto chapter = g_Project->ChapterByID(scene()->BelongsToChID);
+  if (!g_Project->CreateNewScene(chapter->ID(), behindThisOne ? chapter->SceneIndex(SceneID) + 1 : 0) || !alive) {
+    return;
+  }
+  refreshNavigator();
+  if (Changed) {
+    Changed();
+  }
+}
+
+void frmEditor::splitOnCustom() {
+  const QString separator = toolkit().InputBox(u"Enter the characters you want to split this scene on (e.g. '%-%')"_s,
+                                               u"Custom scene splitting"_s, {});
+  if (!separator.isEmpty()) {
+    splitScene(separator);
+  }
+}
+
+/// False, and the user has been told, when the book can't take what is cut out of this scene.
+bool frmEditor::mayBeSplit() {
+  if (!hasPlaceInBook()) {
+    return false;
+  }
+  if (g_Project->ReadOnly()) {
+    toolkit().MsgBox(u"The book was opened read-only, so nothing is saved to its place and no scene can be split."_s);
+    return false;
+  }
+  return true;
+}
+
+void frmEditor::splitScene(const QString& separator) {
+  if (!mayBeSplit()) {
+    return;
+  }
+  const auto isThere = [&] {
+    if (!txtMain->Text().contains(separator)) {
+      toolkit().MsgBox(u"I can't see any "_s + separator + u" separators in the text. Split cancelled."_s);
+      return false;
+    }
+    return true;
+  };
+  if (!isThere() || toolkit().MsgBox(u"Are you sure you want to split this scene on '"_s + separator + u"' markers?"_s,
+                                     Buttons::YesNo) != Answer::Yes) {
+    return;
+  }
+  // A book without a file gets one now: the pieces are written before the project file that names them.
+  const bool saved = saveWhole(true) && (g_Project->HasPlace() || g_Project->SaveQN4(false));
+  // Questions may have been up meanwhile, and another text may have been taken.
+  if (saved && mayBeSplit() && isThere()) {
+    cutAt(separator);
+  }
+}
+
+void frmEditor::cutAt(const QString& separator) {
+  const BusyPointer pointer;
+  const auto source = scene();
+  const std::vector<RichText> pieces = SceneSplit::cut(cleanText(), separator);
+  std::vector<QByteArray> texts;
+  for (size_t i = 1; i < pieces.size(); ++i) {
+    texts.push_back(writeRtf(pieces[i]));
+  }
+  const QPointer<frmEditor> alive(this);
+  const QString failure = SceneSplit::addBehind(*source, texts);
+  if (!failure.isEmpty()) {
+    toolkit().MsgBox(u"The scene was not split, and nothing has changed.\n\n"_s + failure);
+  }
+  if (!alive || !failure.isEmpty()) {
+    return;
+  }
+  const qsizetype kept = pieces.front().size();
+  txtMain->select(kept, txtMain->Text().size() - kept);
+  txtMain->setSelText({});
+  source->ForceWordcount();
+  FindInCombos(*source);
+  showHint(u"The scene is split into %1"_s.arg(pieces.size()));
+  if (Changed) {
+    Changed();
+  }
+}
+
+// What is no letter has no place in a title, and stays where it is.
+void frmEditor::cutSelection(void (EditorTabStrip::*into)(const QString&)) {
+  if (txtMain->SelLength() == 0) {
+    showHint(u"Select the words first"_s);
+    return;
+  }
+  const RichText objects = objectsOf(txtMain->SelRichText());
+  QString words = txtMain->SelText();
+  words.remove(u"\r\n"_s).remove(QChar(QChar::ObjectReplacementCharacter));
+  if (words.isEmpty()) {
+    showHint(u"There are no words in the selection"_s);
+    return;
+  }
+  (TabStrip1->*into)(words);
+  objects.isEmpty() ? txtMain->setSelText({}) : txtMain->setSelRichText(objects);
+  markDirty();
+  if (!objects.isEmpty()) {
+    showHint(u"What is no text stays in the scene"_s);
+  }
+}
