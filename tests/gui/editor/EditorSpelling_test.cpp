@@ -27,12 +27,12 @@ namespace {
 class EditorSpellingTest : public EditorTest {
  protected:
   void SetUp() override {
-    EditorTest::SetUp();
-    put(program.path(u"Dict/2of12.txt"_s), "dog\r\ndogs\r\none\r\ntwo\r\nthree\r\n");
     for (const char* const library : kHelperLibraries) {
       const QString name = QString::fromLatin1(library);
       QFile::link(QCoreApplication::applicationDirPath() + u'/' + name, program.path(name));
     }
+    put(program.path(u"Dict/2of12.txt"_s), "dog\r\ndogs\r\none\r\ntwo\r\nthree\r\n");
+    EditorTest::SetUp();
     Spell() = cSharedSpell();
   }
   void TearDown() override {
@@ -154,6 +154,17 @@ TEST_F(EditorSpellingTest, ASaveChecksWhereCheckingIsOnAndTypingDoesNot) {
   trigger(editor, "mnuSpellingOn");
   EXPECT_FALSE(Settings().sGet(u"AutoSpell"_s).toBool());
   EXPECT_EQ(textInFile(), u"dog dgo"_s);
+}
+
+TEST_F(EditorSpellingTest, ANameGoesOverAMisspellingAndStaysWhenTheCheckIsCleared) {
+  Settings().sSet(u"HighlightChar"_s, true);
+  frmEditor& editor = openWith(u"Zoë dog Zoëz"_s);
+  EXPECT_EQ(marked(), u"[Zoë] dog [Zoë]z"_s);
+  trigger(editor, "mnuCheckNow");
+  EXPECT_EQ(marked(), u"[Zoë] dog [Zoë][z]"_s);
+  EXPECT_FALSE(rightClick(editor, 1)) << "it is no misspelling";
+  trigger(editor, "mnuClear");
+  EXPECT_EQ(marked(), u"[Zoë] dog [Zoë]z"_s);
 }
 
 TEST_F(EditorSpellingTest, ARightClickOnAMisspelledWordOffersToAddIt) {
