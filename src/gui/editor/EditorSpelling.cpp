@@ -76,6 +76,10 @@ void EditorSpelling::SpellCheckEditor(bool force) {
   }
 }
 
+void EditorSpelling::checkSoon() {
+  entries_.mnuSpellingOn->isChecked() ? idle_.start() : MarkNames();
+}
+
 void EditorSpelling::loadSome() {
   if (Spell().LoadSome()) {
     idle_.stop();

@@ -42,6 +42,8 @@ class EditorSpelling : public QObject {
 
   /// Checks when it is on or forced; marks the names in any case.
   void SpellCheckEditor(bool force);
+  /// The same without force, when there is nothing else to do: whoever goes on at once isn't held up.
+  void checkSoon();
   void mnuClear_Click();
   void mnuSpellingOn_Click();
   void mnuCheckNow_Click();

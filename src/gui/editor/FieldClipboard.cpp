@@ -42,6 +42,24 @@ bool hasSelection(const TextBox& box) {
   return box.textCursor().hasSelection();
 }
 
+bool canUndoIn(const QLineEdit& line) {
+  return line.isUndoAvailable();
+}
+
+bool canRedoIn(const QLineEdit& line) {
+  return line.isRedoAvailable();
+}
+
+template <class TextBox>
+bool canUndoIn(const TextBox& box) {
+  return box.document()->isUndoAvailable();
+}
+
+template <class TextBox>
+bool canRedoIn(const TextBox& box) {
+  return box.document()->isRedoAvailable();
+}
+
 }  // namespace
 
 FieldClipboard::FieldClipboard(QWidget& text) : QObject(&text), text_(text) {
@@ -82,4 +100,28 @@ void FieldClipboard::copy() {
 
 void FieldClipboard::paste() {
   with(field(), [](auto& box) { box.paste(); });
+}
+
+bool FieldClipboard::writesInField() const {
+  return field_ && field_ != &text_ && with(*field_, [](auto& box) { return !box.isReadOnly(); });
+}
+
+bool FieldClipboard::canUndo() const {
+  return writesInField() && with(*field_, [](auto& box) { return canUndoIn(box); });
+}
+
+bool FieldClipboard::canRedo() const {
+  return writesInField() && with(*field_, [](auto& box) { return canRedoIn(box); });
+}
+
+void FieldClipboard::undo() {
+  if (writesInField()) {
+    with(*field_, [](auto& box) { box.undo(); });
+  }
+}
+
+void FieldClipboard::redo() {
+  if (writesInField()) {
+    with(*field_, [](auto& box) { box.redo(); });
+  }
 }

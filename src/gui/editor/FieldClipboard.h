@@ -5,8 +5,8 @@
 
 class QWidget;
 
-/// Cut, copy and paste of a window's menu: in the field that has the keyboard, else in the window's text. An open menu
-/// doesn't take the keyboard in this sense, nor does another window.
+/// Cut, copy and paste of a window's menu: in the field that has the keyboard, else in the window's text; and what such
+/// a field can undo. An open menu doesn't take the keyboard in this sense, nor does another window.
 class FieldClipboard : public QObject {
   Q_OBJECT
 
@@ -20,6 +20,14 @@ class FieldClipboard : public QObject {
   void cut();
   void copy();
   void paste();
+
+  /// A field has the keyboard that isn't the text and can be written in.
+  bool writesInField() const;
+  // Of such a field alone.
+  bool canUndo() const;
+  bool canRedo() const;
+  void undo();
+  void redo();
 
  private:
   void follow(QWidget* focused);

@@ -58,6 +58,7 @@ frmEditor::frmEditor() {
   setWindowIcon(icon("quillane"));
   buildLayout();
   createMenus();
+  connectUndo();
   connectSignals();
   connectMoves();
   connectCharacters();

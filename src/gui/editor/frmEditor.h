@@ -27,6 +27,7 @@ class QToolButton;
 class RichTextBox;
 class RightClick;
 class SceneNavigator;
+class TextHistory;
 class TextMarkLayer;
 class TextObjects;
 class ViewpointBox;
@@ -102,6 +103,13 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void showHint(const QString& text);
 
   void ShowScene();
+  void createUndoEntries(QMenu* edit);
+  void connectUndo();
+  /// What of undo and redo there is to do; while the menu is up also in a field.
+  void showUndo(bool exactly);
+  void mnuUndo_Click();
+  void mnuRedo_Click();
+
   void showPlace(clsScene& scene);
   void DataToForm(qint32 id, bool loadText);
   void loadMainText(const clsScene& scene);
@@ -178,6 +186,9 @@ class frmEditor : public QMainWindow, public SceneEditor {
   TextMarkLayer* marks_ = nullptr;
   CharacterMarks* characters_ = nullptr;
   QAction* mnuChar = nullptr;
+  TextHistory* history_ = nullptr;
+  QAction* mnuUndo_ = nullptr;
+  QAction* mnuRedo_ = nullptr;
   EditorFind* find_ = nullptr;
   FieldClipboard* clipboard_ = nullptr;
   EditorSpelling* spelling_ = nullptr;

@@ -22,6 +22,7 @@
 #include "gui/editor/ViewpointBox.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/TextHistory.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/views/TextObjects.h"
 #include "gui/views/frmWordCount.h"
@@ -90,6 +91,7 @@ void frmEditor::loadMainText(const clsScene& from) {
   ResetFontColour(text, colours_.textColour());
   SetMainIndent(text);
   txtMain->setRichText(text);
+  history_->clear();
   tellLosses();
 }
 

@@ -66,6 +66,8 @@ void frmEditor::createFileMenu() {
 
 void frmEditor::createEditMenu() {
   QMenu* const edit = addMenu(u"mnuEdit"_s, u"Edit"_s);
+  createUndoEntries(edit);
+  edit->addSeparator();
   addEntry(edit, u"mnuCut"_s, u"Cut"_s, [this] { clipboard_->cut(); })->setShortcut(QKeySequence::Cut);
   addEntry(edit, u"mnuCopy"_s, u"Copy"_s, [this] { clipboard_->copy(); })->setShortcut(QKeySequence::Copy);
   addEntry(edit, u"mnuPaste"_s, u"Paste"_s, [this] { clipboard_->paste(); })->setShortcut(QKeySequence::Paste);

@@ -13,6 +13,7 @@
 #include <QTextFrame>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -127,11 +128,14 @@ void RichTextBox::load(const RichText& text) {
 }
 
 void RichTextBox::watch() {
-  connect(document(), &QTextDocument::contentsChange, this, [this](int, int removed, int added) {
+  connect(document(), &QTextDocument::contentsChange, this, [this](int from, int removed, int added) {
     loaded_.reset();
     loadedRtf_.reset();
     if (quiet_ == 0 || removed != added) {
       plain_.reset();
+    }
+    if (!marking_) {
+      Q_EMIT altered(from, removed, added);
     }
   });
   connect(document(), &QTextDocument::contentsChanged, this, &RichTextBox::changed);
@@ -145,16 +149,35 @@ void RichTextBox::changed() {
   loaded_.reset();
   loadedRtf_.reset();
   edited_ = true;
+  if (together_ != 0) {
+    changedTogether_ = true;
+    return;
+  }
   if (hasLists_) {
     viewport()->update();  // the numbers of items further down may have changed
   }
   Q_EMIT Changed();
 }
 
+void RichTextBox::asOneChange(const std::function<void()>& work) {
+  {
+    const QScopedValueRollback together(together_, together_ + 1);
+    work();
+  }
+  if (together_ == 0 && std::exchange(changedTogether_, false)) {
+    changed();
+  }
+}
+
 /// For changes that are none of the user's, or that announce themselves once when they are done.
 void RichTextBox::quietly(const std::function<void()>& work) {
   const QScopedValueRollback quiet(quiet_, quiet_ + 1);
   work();
+}
+
+void RichTextBox::marking(const std::function<void()>& work) {
+  const QScopedValueRollback marks(marking_, true);
+  quietly(work);
 }
 
 RichText RichTextBox::richText() const {

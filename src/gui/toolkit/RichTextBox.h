@@ -112,6 +112,12 @@ class RichTextBox : public QTextEdit {
   /// given or, negated, are not.
   void Span(const QString& characters, bool forward, bool negate);
 
+  /// What the work does is one change: Changed is emitted once, behind it.
+  void asOneChange(const std::function<void()>& work);
+  /// While an input method puts a text together, none of which is in the text yet: a number that no other such text
+  /// has. 0 otherwise.
+  int composition() const { return composition_; }
+
   /// Positions as the document counts them, in which a line end is one, and back.
   int toDocument(qsizetype position) const;
   qsizetype fromDocument(int position) const;
@@ -128,6 +134,8 @@ class RichTextBox : public QTextEdit {
   void Loaded();
   /// The text or its formatting was changed, by the user or by a setSel... function other than setSelColor.
   void Changed();
+  /// The document was altered, in its own positions, and not only by marks. Formats may stand as they stood.
+  void altered(int from, int removed, int added);
   /// A footnote, an endnote or a comment was asked for.
   void noteActivated(qsizetype position);
   /// A link was asked for: by Ctrl and a click, or from the keyboard. Nobody has looked at the address yet.
@@ -169,6 +177,7 @@ class RichTextBox : public QTextEdit {
   void tellOfCaret();
   void watch();
   void quietly(const std::function<void()>& work);
+  void marking(const std::function<void()>& work);
   void changed();
   const Plain& plain() const;
   QTextCursor cursorOver(qsizetype start, qsizetype length) const;
@@ -189,4 +198,10 @@ class RichTextBox : public QTextEdit {
   InlineObjectView* objects_;
   std::optional<quint32> backColour_;
   int quiet_ = 0;
+  /// Only the looks of marks and of links change.
+  bool marking_ = false;
+  int together_ = 0;
+  bool changedTogether_ = false;
+  int composition_ = 0;
+  int lastComposition_ = 0;
 };

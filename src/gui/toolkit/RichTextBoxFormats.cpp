@@ -56,7 +56,7 @@ RichTextBox::Colour RichTextBox::SelColor() const {
 }
 
 void RichTextBox::setSelColor(Colour colour) {
-  mergeSelected(foregroundOf(colour));
+  marking([&] { mergeSelected(foregroundOf(colour)); });
 }
 
 QString RichTextBox::SelFontName() const {
@@ -190,7 +190,7 @@ void RichTextBox::colourRanges(const std::vector<ColouredRange>& ranges) {
     return;
   }
   const int scrolled = verticalScrollBar()->value();
-  quietly([&] {
+  marking([&] {
     QTextCursor batch(document());
     batch.beginEditBlock();
     for (const ColouredRange& range : ranges) {

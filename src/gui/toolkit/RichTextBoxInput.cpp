@@ -70,18 +70,20 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
   }
   if (event->matches(QKeySequence::InsertParagraphSeparator) && !isReadOnly()) {
     event->accept();
-    beginParagraph();
+    asOneChange([this] { beginParagraph(); });
     return;
   }
   const bool wasEmpty = textCursor().block().length() == 1;
   const bool isLetter = !event->text().isEmpty() && event->text()[0].isPrint();
-  if (isLetter || event->matches(QKeySequence::InsertLineSeparator)) {
-    leaveFieldAtCaret();
-  }
-  QTextEdit::keyPressEvent(event);
-  if (wasEmpty && textCursor().block().length() > 1) {
-    directByLetters(event->text());
-  }
+  asOneChange([&] {
+    if (isLetter || event->matches(QKeySequence::InsertLineSeparator)) {
+      leaveFieldAtCaret();
+    }
+    QTextEdit::keyPressEvent(event);
+    if (wasEmpty && textCursor().block().length() > 1) {
+      directByLetters(event->text());
+    }
+  });
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
@@ -91,12 +93,21 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
     committed.remove(QChar::ObjectReplacementCharacter);
     event->setCommitString(committed, event->replacementStart(), event->replacementLength());
   }
-  if (!committed.isEmpty()) {
-    leaveFieldAtCaret();
+  if (composition_ == 0 && !event->preeditString().isEmpty()) {
+    composition_ = ++lastComposition_;
   }
-  QTextEdit::inputMethodEvent(event);
-  if (wasEmpty && textCursor().block().length() > 1) {
-    directByLetters(committed);
+  const bool goesOn = committed.isEmpty() && !event->preeditString().isEmpty();
+  asOneChange([&] {
+    if (!committed.isEmpty()) {
+      leaveFieldAtCaret();
+    }
+    QTextEdit::inputMethodEvent(event);
+    if (wasEmpty && textCursor().block().length() > 1) {
+      directByLetters(committed);
+    }
+  });
+  if (!goesOn) {
+    composition_ = 0;
   }
 }
 
@@ -180,7 +191,7 @@ void RichTextBox::directPasted(int from) {
 
 void RichTextBox::refreshLooks(int from, int to) {
   if (hasOwnLooks_) {
-    quietly([&] { RichTextDocument::refreshLooks(*document(), from, to, palette()); });
+    marking([&] { RichTextDocument::refreshLooks(*document(), from, to, palette()); });
   }
 }
 
@@ -204,14 +215,16 @@ void RichTextBox::insertFromMimeData(const QMimeData* source) {
   if (isReadOnly()) {
     return;
   }
-  if (RichMimeData::isIn(*source)) {
-    setSelRichText(RichMimeData::textIn(*source));
-  } else {
+  asOneChange([&] {
+    if (RichMimeData::isIn(*source)) {
+      setSelRichText(RichMimeData::textIn(*source));
+      return;
+    }
     leaveFieldAtCaret();
     const int from = textCursor().selectionStart();
     setSelText(source->text());
     directPasted(from);
-  }
+  });
   ensureCursorVisible();
 }
 

@@ -1,6 +1,7 @@
 #include "gui/toolkit/RichTextDocument.h"
 
 #include "gui/toolkit/Colours.h"
+#include "gui/toolkit/KnownNumbers.h"
 
 #include <QBrush>
 #include <QHash>
@@ -206,25 +207,6 @@ void setDefaultTab(QTextDocument& document, int twips) {
   document.setDefaultTextOption(option);
 }
 
-/// The builder's number of each of the document's formats, looked up once.
-class KnownNumbers {
- public:
-  template <class Look>
-  int operator()(int index, Look&& look) {
-    const auto slot = static_cast<size_t>(index);
-    if (slot >= numbers_.size()) {
-      numbers_.resize(slot + 1, -1);
-    }
-    if (numbers_[slot] < 0) {
-      numbers_[slot] = look();
-    }
-    return numbers_[slot];
-  }
-
- private:
-  std::vector<int> numbers_;
-};
-
 }  // namespace
 
 Q_DECLARE_METATYPE(ParagraphFormat)
@@ -340,6 +322,10 @@ void fill(QTextDocument& document, const RichText& text, const QPalette& palette
   setDefaultTab(document, text.defaultTab());
 }
 
+bool isObject(const QTextCharFormat& format, QStringView text) {
+  return format.objectType() == objectType && text.startsWith(QChar(QChar::ObjectReplacementCharacter));
+}
+
 RichText read(const QTextDocument& document) {
   RichText::Builder builder(document.characterCount());
   builder.setDefaultTab(document.property(kDefaultTab).toInt());
@@ -360,9 +346,7 @@ RichText read(const QTextDocument& document) {
     for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
       const QTextFragment fragment = piece.fragment();
       const QString text = fragment.text();
-      const bool isObject =
-          fragment.charFormat().objectType() == objectType && text.startsWith(QChar(QChar::ObjectReplacementCharacter));
-      if (!isObject) {
+      if (!isObject(fragment.charFormat(), text)) {
         builder.append(text, textNumber(fragment.charFormatIndex(), fragment.charFormat()), paragraph);
         continue;
       }

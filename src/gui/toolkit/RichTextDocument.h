@@ -25,6 +25,9 @@ CharFormat fromQt(const QTextCharFormat& format);
 QTextBlockFormat toQt(const ParagraphFormat& format);
 ParagraphFormat fromQt(const QTextBlockFormat& format);
 
+/// Whether a stretch of this format stands for an object: text that was typed behind one inherits its format.
+bool isObject(const QTextCharFormat& format, QStringView text);
+
 /// Fills an empty document; fast while no control shows it.
 void fill(QTextDocument& document, const RichText& text, const QPalette& palette = QGuiApplication::palette());
 RichText read(const QTextDocument& document);

@@ -1,0 +1,170 @@
+#include "gui/toolkit/TextHistory.h"
+
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace {
+
+/// From here on it pays to look whether a text is held already.
+constexpr qsizetype kLongText = 1000;
+
+}  // namespace
+
+TextHistory::TextHistory(RichTextBox& box, std::function<RichTextBox::Colour()> textColour)
+    : QObject(&box), box_(box), textColour_(std::move(textColour)) {
+  connect(&box, &RichTextBox::Loaded, this, &TextHistory::startOver);
+  connect(&box, &RichTextBox::altered, this, &TextHistory::takeUp);
+  connect(&box, &RichTextBox::Changed, this, &TextHistory::PushUndoState);
+  clear();
+}
+
+void TextHistory::clear() {
+  UndoStack.clear();
+  UndoPos = 0;
+  open_ = {};
+  looks_ = {};
+  copy_ = {};
+  loaded_ = box_.richText();
+  tell();
+}
+
+/// A text that was put in place of another without a new beginning is one change of it.
+void TextHistory::startOver() {
+  if (UndoStack.empty()) {
+    clear();
+    return;
+  }
+  looks_.forgetDocument();
+  constexpr int all = std::numeric_limits<int>::max();
+  takeUp(0, all, all);
+  PushUndoState();
+}
+
+void TextHistory::takeUp(int from, int removed, int added) {
+  if (loaded_) {
+    copy_ = DocumentCopy(*loaded_, looks_);
+    loaded_.reset();
+  }
+  if (open_.changes.empty()) {
+    wasEmpty_ = copy_.isEmpty();
+  }
+  if (auto change = copy_.follow(*box_.document(), from, removed, added, looks_)) {
+    open_.changes.push_back(std::move(*change));
+  }
+}
+
+void TextHistory::PushUndoState() {
+  if (open_.changes.empty()) {
+    return;
+  }
+  open_.composition = box_.composition();
+  shareTexts(open_);
+  push(std::exchange(open_, {}));
+  tell();
+}
+
+void TextHistory::push(Step step) {
+  if (going_) {
+    UndoStack[*going_] = std::move(step);
+    return;
+  }
+  UndoStack.resize(UndoPos);
+  const bool composedInto = UndoPos > 0 && step.composition != 0 && step.composition == UndoStack.back().composition;
+  if (wasEmpty_ || composedInto) {
+    joinLast(std::move(step));
+    return;
+  }
+  if (UndoStack.size() == kSteps) {
+    UndoStack.erase(UndoStack.begin());
+  }
+  UndoStack.push_back(std::move(step));
+  UndoPos = UndoStack.size();
+}
+
+void TextHistory::joinLast(Step step) {
+  if (UndoPos == 0) {
+    return;
+  }
+  std::vector<TextChange>& changes = UndoStack.back().changes;
+  if (changes.size() == 1 && copy_.isWhatWasBefore(changes[0])) {  // all was cut and put back
+    UndoStack.pop_back();
+    --UndoPos;
+    return;
+  }
+  std::move(step.changes.begin(), step.changes.end(), std::back_inserter(changes));
+}
+
+void TextHistory::undo() {
+  if (canUndo() && !box_.Locked()) {
+    go(UndoPos - 1, UndoPos - 1);
+    Q_EMIT undone();
+  }
+}
+
+void TextHistory::redo() {
+  if (canRedo() && !box_.Locked()) {
+    go(UndoPos, UndoPos + 1);
+  }
+}
+
+/// The step gives way to the one that takes it back again.
+void TextHistory::go(size_t from, size_t to) {
+  const Step step = std::move(UndoStack[from]);
+  going_ = from;
+  UndoPos = to;
+  box_.asOneChange([&] {
+    QTextCursor cursor(box_.document());
+    cursor.beginEditBlock();
+    std::for_each(step.changes.rbegin(), step.changes.rend(),
+                  [&](const TextChange& change) { putBack(cursor, change, looks_, textColour_(), box_.palette()); });
+    cursor.endEditBlock();
+    placeCaret(step.changes.front());
+  });
+  going_.reset();
+  if (UndoStack[from].changes.empty()) {  // it had changed nothing that is told apart
+    UndoStack.erase(UndoStack.begin() + static_cast<std::ptrdiff_t>(from));
+    UndoPos = from;
+  }
+  tell();
+}
+
+void TextHistory::placeCaret(const TextChange& change) {
+  QTextCursor caret = box_.textCursor();
+  if (!change.hunks.empty()) {
+    const TextChange::Hunk& first = change.hunks.front();
+    caret.setPosition(first.at + first.before);
+  } else {
+    caret.setPosition(box_.document()->findBlockByNumber(change.firstBlock).position());
+  }
+  box_.setTextCursor(caret);
+}
+
+/// Cutting a chapter and putting it back, again and again, holds it once.
+void TextHistory::shareTexts(Step& step) {
+  for (TextChange& change : step.changes) {
+    if (change.text.size() < kLongText) {
+      continue;
+    }
+    for (const Step& with : UndoStack) {
+      const auto same = std::find_if(with.changes.begin(), with.changes.end(),
+                                     [&](const TextChange& other) { return other.text == change.text; });
+      if (same != with.changes.end()) {
+        change.text = same->text;
+        break;
+      }
+    }
+  }
+}
+
+void TextHistory::tell() {
+  if (couldUndo_ != canUndo() || couldRedo_ != canRedo()) {
+    couldUndo_ = canUndo();
+    couldRedo_ = canRedo();
+    Q_EMIT availabilityChanged();
+  }
+}
