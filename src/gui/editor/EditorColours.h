@@ -20,4 +20,6 @@ struct EditorColours {
   std::optional<quint32> textColour() const;
   /// Background and automatic text colour of the pane; text is readable on a background of the user's own.
   void applyTo(RichTextBox& pane) const;
+
+  bool operator==(const EditorColours&) const = default;
 };

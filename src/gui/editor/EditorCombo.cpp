@@ -1,7 +1,14 @@
 #include "gui/editor/EditorCombo.h"
 
+#include "gui/toolkit/PlainToolTip.h"
+
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 namespace {
@@ -29,12 +36,44 @@ void EditorCombo::selectIndex(int index) {
   setCurrentIndex(wanted < count() ? wanted : -1);
 }
 
+QString EditorCombo::shownText() const {
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  const QRect room = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+  constexpr int frame = 4;
+  return fontMetrics().elidedText(option.currentText, Qt::ElideRight, room.width() - frame);
+}
+
+bool EditorCombo::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && !isEditable() && shownText() != currentText()) {
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(currentText()), this);
+    return true;
+  }
+  return QComboBox::event(event);
+}
+
+void EditorCombo::paintEvent(QPaintEvent* event) {
+  if (isEditable() || currentIndex() < 0) {
+    QComboBox::paintEvent(event);
+    return;
+  }
+  QStylePainter painter(this);
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  option.currentText = shownText();
+  painter.drawComplexControl(QStyle::CC_ComboBox, option);
+  painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
 void EditorCombo::wheelEvent(QWheelEvent* event) {
   event->ignore();
 }
 
 void NavigationCombo::showPopup() {
   Q_EMIT opening();
+  // Titles are read whole where the window has the room.
+  const int widest = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+  view()->setMinimumWidth(qMin(widest, window()->width() / 2));
   EditorCombo::showPopup();
 }
 

@@ -2,7 +2,8 @@
 
 #include <QComboBox>
 
-/// A box of choices on the editor. The mouse wheel passes it by: scrolling must not choose anything.
+/// A box of choices on the editor. The mouse wheel passes it by: scrolling must not choose anything. Of a long entry it
+/// shows the beginning, and its tool tip all.
 class EditorCombo : public QComboBox {
   Q_OBJECT
 
@@ -25,7 +26,13 @@ class EditorCombo : public QComboBox {
   void selectIndex(int index);
 
  protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  /// The entry as it is shown.
+  QString shownText() const;
 };
 
 /// One whose choice leads to another window. Arrow keys and letters open the list instead of choosing at once, so that

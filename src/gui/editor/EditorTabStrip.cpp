@@ -19,14 +19,14 @@ using namespace Qt::StringLiterals;
 
 EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
   giveName(*this, u"TabStrip1"_s, u"Planning data of the scene"_s);
-  description_ = add<DescriptionTab>();
-  add<StatusTab>();
-  add<GoalsTab>();
-  add<TimeTab>();
+  description_ = add<DescriptionTab>(u'D');
+  add<StatusTab>(u'u');
+  add<GoalsTab>(u'G');
+  add<TimeTab>(u'm');
   add<NotesTab>();
   add<CharactersTab>();
-  viewpoint_ = add<ViewpointTab>();
-  overview_ = add<OverviewTab>();
+  viewpoint_ = add<ViewpointTab>(u'l');
+  overview_ = add<OverviewTab>(u'w');
   // Arrow keys on the bar reach all tabs, so the buttons that scroll it needn't be stopped at.
   for (QToolButton* const button : tabBar()->findChildren<QToolButton*>()) {
     button->setFocusPolicy(Qt::NoFocus);
@@ -36,9 +36,13 @@ EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
 }
 
 template <class Tab>
-Tab* EditorTabStrip::add() {
+Tab* EditorTabStrip::add(QChar key) {
   auto* const tab = new Tab(this);
-  const int index = addTab(tab, tab->caption());
+  QString marked = tab->caption();
+  if (!key.isNull()) {
+    marked.insert(marked.indexOf(key), u'&');
+  }
+  const int index = addTab(tab, marked);
   setTabToolTip(index, tab->stripTip());
   tab->setObjectName(u"Frame(%1)"_s.arg(index));
   connect(tab, &EditorTab::changed, this, &EditorTabStrip::changed);

@@ -37,8 +37,9 @@ class EditorTabStrip : public QTabWidget {
   void characterWanted(qint32 id);
 
  private:
+  /// The key is a letter of its caption; not all of them have one that is free in the window.
   template <class Tab>
-  Tab* add();
+  Tab* add(QChar key = {});
   void mirror();
 
   std::vector<EditorTab*> tabs_;

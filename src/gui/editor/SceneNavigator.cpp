@@ -26,8 +26,8 @@ SceneNavigator::SceneNavigator(QWidget* parent)
     : QWidget(parent),
       cmbChapter(new NavigationCombo(u"cmbChapter"_s, u"Chapter"_s, this)),
       cmbScene(new NavigationCombo(u"cmbScene"_s, u"Scene"_s, this)),
-      cmdSaveAndPrev(makeButton(u"cmdSaveAndPrev"_s, u"Save && Prev"_s, this)),
-      cmdSaveAndNext(makeButton(u"cmdSaveAndNext"_s, u"Save && Next"_s, this)) {
+      cmdSaveAndPrev(makeButton(u"cmdSaveAndPrev"_s, u"Save && P&rev"_s, this)),
+      cmdSaveAndNext(makeButton(u"cmdSaveAndNext"_s, u"Save && &Next"_s, this)) {
   buildLayout();
   cmbChapter->setToolTip(u"Save and go to another chapter (F6: the next one)"_s);
   cmbScene->setToolTip(u"Save and go to another scene of the chapter"_s);
@@ -45,10 +45,10 @@ SceneNavigator::SceneNavigator(QWidget* parent)
 void SceneNavigator::buildLayout() {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
-  for (NavigationCombo* const box : {cmbChapter, cmbScene}) {
+  for (const auto& [box, caption] : {std::pair{cmbChapter, u"C&hapter:"_s}, {cmbScene, u"S&cene:"_s}}) {
     box->setMinimumContentsLength(8);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    row->addWidget(makeLabelOf(box->accessibleName() + u':', *box));
+    row->addWidget(makeLabelOf(caption, *box));
     row->addWidget(box, 1);
   }
   row->addWidget(cmdSaveAndPrev);

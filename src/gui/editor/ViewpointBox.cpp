@@ -17,7 +17,7 @@ ViewpointBox::ViewpointBox(QWidget* parent)
     : QWidget(parent),
       cmbViewpoint(new EditorCombo(u"cmbViewpoint"_s, u"Viewpoint"_s, this)),
       cmdAddChar(makeButton(u"cmdAddChar"_s, u"Cast..."_s, this)),
-      cmdEditChar(makeButton(u"cmdEditChar"_s, u"Edit..."_s, this)) {
+      cmdEditChar(makeButton(u"cmdEditChar"_s, u"Ed&it..."_s, this)) {
   cmbViewpoint->setPlaceholderText(u"(nobody)"_s);
   cmdAddChar->setAccessibleName(u"Add or edit characters"_s);
   cmdEditChar->setAccessibleName(u"Edit the viewpoint character"_s);
@@ -31,7 +31,7 @@ ViewpointBox::ViewpointBox(QWidget* parent)
   }
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(makeLabelOf(u"Viewpoint:"_s, *cmbViewpoint));
+  column->addWidget(makeLabelOf(u"&Viewpoint:"_s, *cmbViewpoint));
   column->addWidget(cmbViewpoint);
   column->addLayout(buttons);
   // There is no list of characters to be shown without its window.

@@ -12,6 +12,7 @@
 #include "gui/editor/FontBar.h"
 #include "gui/editor/SceneNavigator.h"
 #include "gui/editor/TextMarkLayer.h"
+#include "gui/editor/TextPage.h"
 #include "gui/editor/ViewpointBox.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -24,6 +25,7 @@
 #include "gui/views/TextObjects.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGridLayout>
@@ -48,8 +50,6 @@ constexpr auto kModule = "frmEditor";
 constexpr double MinWidth = 10032;
 constexpr double MinHeight = 7020;
 constexpr QSize kFirstSize(920, 680);
-constexpr int kLoadFontsMs = 100;
-constexpr qreal kTextMargin = 10;
 
 }  // namespace
 
@@ -62,6 +62,7 @@ frmEditor::frmEditor() {
   connectSignals();
   connectMoves();
   connectCharacters();
+  connectFormat();
   readSettings();
   TimerLoadFonts.start();
 }
@@ -71,7 +72,7 @@ frmEditor::~frmEditor() = default;
 void frmEditor::buildLayout() {
   txtMain = new RichTextBox(this);
   giveName(*txtMain, u"txtMain"_s, u"Scene text"_s);
-  txtMain->document()->setDocumentMargin(kTextMargin);
+  new TextPage(*txtMain);
   new TextKeys(*txtMain);
   objects_ = new TextObjects(*txtMain);
   marks_ = new TextMarkLayer(*txtMain);
@@ -97,6 +98,9 @@ void frmEditor::buildLayout() {
   setStatusBar(StatusBar1);
   clipboard_ = new FieldClipboard(*txtMain);
   setTabOrder(cmdHide, txtMain);
+  for (QPushButton* const button : findChildren<QPushButton*>()) {
+    button->setAutoDefault(true);  // Return presses the one that has the keyboard
+  }
   txtMain->setFocus();
 }
 
@@ -117,8 +121,8 @@ QWidget* frmEditor::buildLowerPart() {
   lower_ = new QWidget(this);
   TabStrip1 = new EditorTabStrip(lower_);
   viewpoint_ = new ViewpointBox(lower_);
-  cmdSave = makeButton(u"cmdSave"_s, u"Save"_s);
-  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && Exit"_s);
+  cmdSave = makeButton(u"cmdSave"_s, u"S&ave"_s);
+  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && E&xit"_s);
   auto* side = new QVBoxLayout;
   side->addWidget(viewpoint_);
   side->addStretch();
@@ -146,10 +150,6 @@ void frmEditor::connectSignals() {
   connect(cmdSaveAndExit, &QPushButton::clicked, this,
           guarded("cmdSaveAndExit_Click", kModule, this, &frmEditor::saveAndExit));
   connect(&TimerWC, &QTimer::timeout, this, guarded("TimerWC_Timer", kModule, this, &frmEditor::ShowSceneWordCount));
-  TimerLoadFonts.setSingleShot(true);
-  TimerLoadFonts.setInterval(kLoadFontsMs);
-  connect(&TimerLoadFonts, &QTimer::timeout, this,
-          guarded("TimerLoadFonts_Timer", kModule, fontBar_, &FontBar::fillLists));
 }
 
 void frmEditor::readSettings() {
@@ -194,16 +194,6 @@ void frmEditor::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void frmEditor::applyEditorFont() {
-  const QString name = Settings().sGet(u"EditorFontName"_s, u"Arial"_s).toString().trimmed();
-  const QString size = Settings().sGet(u"EditorFontSize"_s, u"10"_s).toString().trimmed();
-  const double points = Numbers::Val(size);
-  QFont font(name.isEmpty() ? u"Arial"_s : name);
-  font.setPointSizeF(points >= 1 && points <= 400 ? points : 10);
-  txtMain->setFont(font);
-  fontBar_->showChoice(font.family(), QString::number(font.pointSizeF()));
-}
-
 void frmEditor::storeWindowSettings() {
   storeWindow(u"Editor"_s, *this);
   colours_.toSettings();
@@ -237,9 +227,23 @@ void frmEditor::setDirty(bool dirty) {
   setWindowModified(dirty);
 }
 
+/// Where the other editors stand. One that is handing over to this one makes room for it.
+QList<QPoint> frmEditor::placesOfOthers() const {
+  QList<QPoint> places;
+  for (const QWidget* const window : QApplication::topLevelWidgets()) {
+    const auto* const other = qobject_cast<const frmEditor*>(window);
+    const bool isInTheWay = other != nullptr && other != this && other->isVisible() && !other->isMinimized() &&
+                            !other->isMaximized() && !other->handingOver_;
+    if (isInTheWay) {
+      places.append(other->pos());
+    }
+  }
+  return places;
+}
+
 void frmEditor::Show() {
   if (!isMaximized()) {
-    placeEditor(*this);
+    placeEditor(*this, placesOfOthers());
   }
   show();
   raise();

@@ -69,6 +69,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void UpdateCombos() override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -79,6 +80,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void createRightClickMenu();
   void followClipboard(QMenu& menu);
   void createSceneMenu();
+  void createFormatMenu();
   void createSpellingMenu();
   void offerSpelling(QMenu& menu, RightClick& clicks);
   void createToolsMenu();
@@ -91,9 +93,11 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void connectSignals();
   void connectMoves();
   void connectCharacters();
+  void connectFormat();
   void readSettings();
   void storeWindowSettings();
   void DisableOrEnable(bool enabled);
+  QList<QPoint> placesOfOthers() const;
   void setCaption(const QString& title);
   void setDirty(bool dirty);
   void markDirty() { setDirty(true); }
@@ -120,6 +124,11 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// it. False when that failed and the user wants no save without it.
   bool keepOriginal(clsScene& scene, bool mayAsk);
   void applyEditorFont();
+  void mnuSelectFont_Click();
+  void mnuBGColour_Click();
+  void mnuFGColour_Click();
+  void takeColours(const EditorColours& colours);
+  void showColours(const EditorColours& colours);
   void mnuOpenNote_Click();
   void textChanged();
   void mnuTop20_Click();
@@ -145,6 +154,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void handOver(const std::function<qint32()>& target);
   bool openNext(qint32 sceneID);
   void retire();
+  /// Goes nowhere after all.
+  void stay();
   void EditChar(qint32 id, qint32 tab);
   void cmdAddChar_Click();
   void mnuChar_Click(bool highlight);
@@ -166,6 +177,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   bool Dirty = false;
   bool savedChanges_ = false;
   bool leaving_ = false;
+  /// Another scene's window is opening in place of this one.
+  bool handingOver_ = false;
   qint16 CurrentTab = 0;
   /// Tabs and what stands beside them are hidden, the text fills the window.
   bool ControlsHidden = false;

@@ -29,6 +29,7 @@ void frmEditor::createMenus() {
   createFileMenu();
   createEditMenu();
   createSceneMenu();
+  createFormatMenu();
   createSpellingMenu();
   createToolsMenu();
   assignMnemonics(menuBar()->actions());
@@ -123,6 +124,15 @@ void frmEditor::createSceneMenu() {
              [this, separator] { splitScene(separator); });
   }
   addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index), u"Split scene on custom"_s, [this] { splitOnCustom(); });
+}
+
+void frmEditor::createFormatMenu() {
+  QMenu* const format = addMenu(u"mnuFormat"_s, u"Format"_s);
+  addEntry(format, u"mnuSelectFont"_s, u"Default Font"_s, [this] { mnuSelectFont_Click(); });
+  format->addSeparator();
+  addEntry(format, u"mnuBGColour"_s, u"Set editor background colour"_s, [this] { mnuBGColour_Click(); });
+  addEntry(format, u"mnuFGColour"_s, u"Set editor font colour"_s, [this] { mnuFGColour_Click(); });
+  addEntry(format, u"mnuAutomaticColours"_s, u"Use the desktop's colours"_s, [this] { takeColours({}); });
 }
 
 void frmEditor::createToolsMenu() {

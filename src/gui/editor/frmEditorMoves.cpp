@@ -96,6 +96,7 @@ void frmEditor::handOver(const std::function<qint32()>& target) {
   }
   const QPointer<frmEditor> alive(this);
   DisableOrEnable(false);
+  handingOver_ = true;
   bool going = false;
   Guard("Edit", kModule)([&] { going = saveWhole() && openNext(target()); });
   if (!alive) {
@@ -104,9 +105,14 @@ void frmEditor::handOver(const std::function<qint32()>& target) {
   if (going) {
     TimerExit.start();
   } else {
-    DisableOrEnable(true);
-    refreshNavigator();
+    stay();
   }
+}
+
+void frmEditor::stay() {
+  handingOver_ = false;
+  DisableOrEnable(true);
+  refreshNavigator();
 }
 
 /// True when the scene's window is up; false too for the ID 0.
@@ -127,8 +133,7 @@ void frmEditor::retire() {
   }
   objects_->takeOpenNote();
   if (Dirty && !saveWhole()) {
-    DisableOrEnable(true);
-    refreshNavigator();
+    stay();
     return;
   }
   ExitForm();

@@ -93,6 +93,22 @@ class RichTextBox : public QTextEdit {
   bool SelUnderline() const;
   void setSelUnderline(bool on);
 
+  /// What all of the selection has in common, or text typed at the caret: none where it differs.
+  struct CommonFormat {
+    std::optional<QString> fontName;
+    std::optional<double> fontSize;
+    std::optional<bool> bold;
+    std::optional<bool> italic;
+    std::optional<bool> underline;
+
+    bool operator==(const CommonFormat&) const = default;
+  };
+  CommonFormat SelFormat() const;
+  // On, unless all of the selection has it already.
+  void toggleSelBold() { setSelBold(SelFormat().bold != true); }
+  void toggleSelItalic() { setSelItalic(SelFormat().italic != true); }
+  void toggleSelUnderline() { setSelUnderline(SelFormat().underline != true); }
+
   // Formats of the paragraphs that the selection touches; lengths are twips.
   /// Distance of the first line from the margin. Setting it moves the other lines along.
   int SelIndent() const;
@@ -122,6 +138,8 @@ class RichTextBox : public QTextEdit {
   int toDocument(qsizetype position) const;
   qsizetype fromDocument(int position) const;
 
+  /// Pixels that stay free on both sides.
+  void setSideMargins(int pixels) { setViewportMargins(pixels, 0, pixels, 0); }
   quint32 BackColor() const;
   /// A number with the top bit set is the palette's own colour.
   void setBackColor(quint32 colour);
@@ -182,6 +200,8 @@ class RichTextBox : public QTextEdit {
   const Plain& plain() const;
   QTextCursor cursorOver(qsizetype start, qsizetype length) const;
   QTextCharFormat selectedFormat() const;
+  double ownFontSize() const;
+  CommonFormat commonFormat(const QTextCharFormat& format) const;
   void mergeSelected(const QTextCharFormat& change);
   ParagraphFormat selectedParagraph() const;
   void changeParagraphs(const std::function<void(ParagraphFormat&)>& change);

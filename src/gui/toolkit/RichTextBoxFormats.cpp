@@ -9,6 +9,7 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 // Formats of the selection, of paragraphs and of marked words, and the colours of the control.
 
@@ -21,6 +22,13 @@ QTextCharFormat foregroundOf(const RichTextBox::Colour& colour) {
   QTextCharFormat change;
   change.setForeground(RichTextDocument::toQt(format).foreground());
   return change;
+}
+
+template <class Value>
+void keepCommon(std::optional<Value>& common, const std::optional<Value>& other) {
+  if (common != other) {
+    common.reset();
+  }
 }
 
 }  // namespace
@@ -71,9 +79,14 @@ void RichTextBox::setSelFontName(const QString& name) {
   changed();
 }
 
+/// The control's own size, which may stand in pixels.
+double RichTextBox::ownFontSize() const {
+  return font().pointSizeF() > 0 ? font().pointSizeF() : QFontInfo(font()).pointSizeF();
+}
+
 double RichTextBox::SelFontSize() const {
   const double points = selectedFormat().fontPointSize();
-  return points > 0 ? points : QFontInfo(font()).pointSizeF();  // whose own size may stand in pixels
+  return points > 0 ? points : ownFontSize();
 }
 
 void RichTextBox::setSelFontSize(double points) {
@@ -117,6 +130,37 @@ void RichTextBox::setSelUnderline(bool on) {
   change.setFontUnderline(on);
   mergeSelected(change);
   changed();
+}
+
+RichTextBox::CommonFormat RichTextBox::commonFormat(const QTextCharFormat& format) const {
+  const CharFormat text = RichTextDocument::fromQt(format);
+  const double points = format.fontPointSize();
+  return {text.fontName.isEmpty() ? font().family() : text.fontName, points > 0 ? points : ownFontSize(), text.bold,
+          text.italic, text.underline != CharLook::Underline::None};
+}
+
+RichTextBox::CommonFormat RichTextBox::SelFormat() const {
+  CommonFormat common = commonFormat(selectedFormat());
+  const QTextCursor selected = textCursor();
+  int lastIndex = -1;
+  for (QTextBlock block = document()->findBlock(selected.selectionStart());
+       selected.hasSelection() && block.isValid() && block.position() < selected.selectionEnd(); block = block.next()) {
+    for (auto part = block.begin(); part != block.end() && common != CommonFormat(); ++part) {
+      const QTextFragment fragment = part.fragment();
+      const bool isSelected = fragment.position() < selected.selectionEnd() &&
+                              fragment.position() + fragment.length() > selected.selectionStart();
+      if (!isSelected || std::exchange(lastIndex, fragment.charFormatIndex()) == fragment.charFormatIndex()) {
+        continue;
+      }
+      const CommonFormat other = commonFormat(fragment.charFormat());
+      keepCommon(common.fontName, other.fontName);
+      keepCommon(common.fontSize, other.fontSize);
+      keepCommon(common.bold, other.bold);
+      keepCommon(common.italic, other.italic);
+      keepCommon(common.underline, other.underline);
+    }
+  }
+  return common;
 }
 
 ParagraphFormat RichTextBox::selectedParagraph() const {
@@ -170,7 +214,7 @@ void RichTextBox::setSelAlignment(ParagraphFormat::Alignment alignment) {
 
 RichText RichTextBox::namedRichText() const {
   RichText text = richText();
-  const int halfPoints = qRound(QFontInfo(font()).pointSizeF() * 2);
+  const int halfPoints = qRound(ownFontSize() * 2);
   text.formatCharacters(0, -1, [&](CharFormat& format) {
     format.fontName = format.fontName.isEmpty() ? font().family() : format.fontName;
     format.halfPoints = format.halfPoints == 0 ? halfPoints : format.halfPoints;

@@ -134,11 +134,13 @@ QList<QTextOption::Tab> tabsOf(const QList<TabStop>& stops) {
   return tabs;
 }
 
+/// A text that leaves its lines' height open has lines that are easy on the eye, in hundredths.
+constexpr double kUnstatedLine = 120;
+
 void setLineSpacing(QTextBlockFormat& block, const ParagraphFormat& format) {
   if (format.lineSpacing == 0) {
-    return;
-  }
-  if (format.lineSpacingIsFactor) {
+    block.setLineHeight(kUnstatedLine, QTextBlockFormat::ProportionalHeight);
+  } else if (format.lineSpacingIsFactor) {
     block.setLineHeight(qAbs(format.lineSpacing) / kFactorOfSingle * 100, QTextBlockFormat::ProportionalHeight);
   } else {
     block.setLineHeight(pixels(qAbs(format.lineSpacing)),

@@ -22,13 +22,13 @@ bool TextKeys::isOurs(const QKeyEvent& key) const {
 void TextKeys::run(int key) {
   switch (key) {
     case Qt::Key_B:
-      text_.setSelBold(!text_.SelBold());
+      text_.toggleSelBold();
       break;
     case Qt::Key_I:
-      text_.setSelItalic(!text_.SelItalic());
+      text_.toggleSelItalic();
       break;
     case Qt::Key_U:
-      text_.setSelUnderline(!text_.SelUnderline());
+      text_.toggleSelUnderline();
       break;
     case Qt::Key_W:
       text_.Span(u" ,;:.?!"_s, true, true);

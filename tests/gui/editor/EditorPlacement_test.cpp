@@ -52,6 +52,37 @@ TEST(EditorPlacement, ASecondScreenHasAMiddleOfItsOwn) {
   EXPECT_EQ(editorPlace(1500, 0, kWindow, second).topLeft(), QPoint(1200, 200));
 }
 
+TEST(EditorPlacement, AWindowStandsOnNoOtherAndInTheRoomAsLongAsItFits) {
+  for (const QRect& room : {QRect(0, 0, 1024, 700), QRect(60, 30, 1920, 1000), QRect(-1280, 0, 1280, 700)}) {
+    const QSize smallest(670, 500);
+    const QRect first = editorPlace(0, 0, QSize(920, 690), room);
+    QList<QPoint> others;
+    for (int i = 0; i < 10; ++i) {
+      const QRect place = editorPlaceBeside(first, others, smallest, room);
+      EXPECT_TRUE(room.contains(place));
+      EXPECT_FALSE(others.contains(place.topLeft())) << i;
+      EXPECT_TRUE(place.width() >= smallest.width() && place.height() >= smallest.height());
+      EXPECT_TRUE(i != 1 || (place.x() > first.x() && place.y() > first.y()));
+      others.append(place.topLeft());
+    }
+  }
+}
+
+TEST_F(EditorTest, AnotherEditorStandsBesideTheFirstAndTheNextSceneInItsPlace) {
+  frmEditor* const first = open();
+  const QPoint place = first->pos();
+  frmEditor* const second = open(2);
+  EXPECT_GT(second->x(), place.x());
+  EXPECT_GT(second->y(), place.y());
+  second->close();
+  deleteUnloaded();
+  click(*first, "cmdSaveAndNext");
+  for (const frmEditor* const editor : editorWindows()) {
+    EXPECT_EQ(editor->pos(), place);
+  }
+  EXPECT_EQ(editorWindows().size(), 2);
+}
+
 TEST_F(EditorTest, StandsOnTheScreenWithItsFrameHoweverLargeItWas) {
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
   Settings().sSet(QStringLiteral("EditorWindowWidth"), 4500);  // too narrow to be maximised

@@ -156,6 +156,28 @@ TEST_F(EditorSpellingTest, ASaveChecksWhereCheckingIsOnAndTypingDoesNot) {
   EXPECT_EQ(textInFile(), u"dog dgo"_s);
 }
 
+TEST_F(EditorSpellingTest, AnUndoneStepAndANewFontColourAreFollowedByACheckWhereCheckingIsOn) {
+  for (const bool on : {true, false}) {
+    Settings().sSet(u"AutoSpell"_s, on);
+    const QString expected = on ? u"dog [dgo]"_s : u"dog dgo"_s;
+    frmEditor& editor = openWith(u"dog dgo"_s);
+    Spell().InitDict();
+    type(editor, u" teh"_s);
+    while (pane_->Text() != u"dog dgo"_s) {
+      ASSERT_TRUE(control<QAction>(editor, "mnuUndo").isEnabled());
+      trigger(editor, "mnuUndo");
+    }
+    EXPECT_TRUE(waitFor([&] { return marked() == expected; }));
+    trigger(editor, "mnuClear");
+    toolkit.expectColour(0x00FF00);
+    trigger(editor, "mnuFGColour");
+    EXPECT_TRUE(waitFor([&] { return marked() == expected; }));
+    trigger(editor, "mnuSaveAndExit");
+    deleteUnloaded();
+    scene()->setTextRTF({});
+  }
+}
+
 TEST_F(EditorSpellingTest, ANameGoesOverAMisspellingAndStaysWhenTheCheckIsCleared) {
   Settings().sSet(u"HighlightChar"_s, true);
   frmEditor& editor = openWith(u"Zoë dog Zoëz"_s);

@@ -14,8 +14,10 @@
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -391,6 +393,36 @@ TEST_F(EditorTabsTest, TheKeyboardFollowsTheEye) {
             u"cmbChapter cmbScene cmdSaveAndPrev cmdSaveAndNext cmbFont cmbFontSize cmdBold cmdItalic "
             "cmdUnderline cmdHide txtMain qt_tabwidget_tabbar txtTitle txtDesc cmbViewpoint cmdEditChar "
             "cmdSave cmdSaveAndExit"_s);
+}
+
+TEST_F(EditorTabsTest, NoTwoControlsThatAreSeenTogetherHaveTheSameKey) {
+  frmEditor* const editor = open();
+  QStringList captions;
+  for (const QAction* const menu : editor->menuBar()->actions()) {
+    captions.append(menu->text());
+  }
+  for (const QAbstractButton* const button : editor->findChildren<QAbstractButton*>()) {
+    captions.append(button->text());
+  }
+  const auto& strip = control<QTabWidget>(*editor, "TabStrip1");
+  for (int tab = 0; tab < strip.count(); ++tab) {
+    captions.append(strip.tabText(tab));
+  }
+  for (const QLabel* const label : editor->findChildren<QLabel*>()) {
+    captions.append(label->buddy() != nullptr && label->isVisible() ? label->text() : QString());
+  }
+  QStringList keys;
+  for (const QString& caption : captions) {
+    const QKeySequence key = QKeySequence::mnemonic(caption);
+    EXPECT_TRUE(key.isEmpty() || !keys.contains(key.toString())) << caption;
+    keys.append(key.toString());
+  }
+  EXPECT_TRUE(keys.contains(u"Alt+H"_s) && keys.contains(u"Alt+D"_s));
+  auto& chapters = control<QComboBox>(*editor, "cmbChapter");
+  QTest::keyClick(editor, Qt::Key_H, Qt::AltModifier);
+  EXPECT_TRUE(chapters.hasFocus());
+  QTest::keyClick(editor, Qt::Key_G, Qt::AltModifier);
+  EXPECT_EQ(strip.currentIndex(), 2);
 }
 
 }  // namespace

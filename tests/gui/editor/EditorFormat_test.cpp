@@ -1,0 +1,140 @@
+// The menu for the looks of the text: the default font and the two colours.
+
+#include "core/infra/cSHAREDSettings.h"
+#include "core/text/Rtf.h"
+#include "gui/editor/EditorColours.h"
+#include "gui/editor/EditorWindow.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/views/FontLists.h"
+#include "gui/views/frmPickFont.h"
+#include "support/ModalHelper.h"
+#include "support/SampleProject.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class EditorFormatTest : public EditorTest {
+ protected:
+  RichTextBox& pane(frmEditor& editor) { return control<RichTextBox>(editor, "txtMain"); }
+  void pickColour(frmEditor& editor, const char* action, std::optional<quint32> colour) {
+    toolkit.expectColour(colour);
+    trigger(editor, action);
+  }
+};
+
+TEST_F(EditorFormatTest, TheDefaultFontIsChosenFromListsAndTheSelectionTakesIt) {
+  Settings().sSet(u"EditorFontName"_s, u"Nowhere Serif [Adobe]"_s);
+  Settings().sSet(u"EditorFontSize"_s, u"40"_s);
+  frmEditor* const editor = open();
+  const QString family = fontFamilies().last();
+  pane(*editor).select(0, 3);
+  {
+    const WhenModal cancel([&](QWidget& window) {
+      EXPECT_EQ(childOf<QListWidget>(window, u"lstFonts"_s).currentItem()->text(),
+                u"Nowhere Serif (replaced by %1)"_s.arg(standInFor(u"Nowhere Serif"_s)));
+      EXPECT_EQ(childOf<QListWidget>(window, u"lstSizes"_s).currentItem()->text(), u"40"_s);
+      QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    trigger(*editor, "mnuSelectFont");
+  }
+  EXPECT_FALSE(editor->isWindowModified());
+  {
+    const WhenModal choose([&](QWidget& window) {
+      auto& fonts = childOf<QListWidget>(window, u"lstFonts"_s);
+      auto& sizes = childOf<QListWidget>(window, u"lstSizes"_s);
+      fonts.setCurrentRow(fonts.count() - 1);
+      sizes.setCurrentItem(sizes.findItems(u"14"_s, Qt::MatchExactly).first());
+      QTest::keyClick(&sizes, Qt::Key_Return);
+    });
+    trigger(*editor, "mnuSelectFont");
+  }
+  EXPECT_EQ(DefaultFont::fromSettings(), (DefaultFont{family, 14}));
+  EXPECT_EQ(control<QComboBox>(*editor, "cmbFont").currentText(), family);
+  EXPECT_EQ(pane(*editor).font().family(), family) << "text that states no font has the default one";
+  const RichText text = pane(*editor).richText();
+  EXPECT_EQ(text.charFormatAt(1).fontName, family);
+  EXPECT_EQ(text.charFormatAt(1).halfPoints, 28);
+  EXPECT_EQ(text.charFormatAt(5).fontName, u"Arial"_s) << "which is stated";
+  trigger(*editor, "mnuSave");
+}
+
+TEST_F(EditorFormatTest, ColoursTakeEffectAtOnceAreKeptAndMakeNoUnsavedText) {
+  frmEditor* const other = open(2);
+  frmEditor* const editor = open();
+  const auto stated = [&] { return pane(*editor).richText().charFormatAt(1).colour; };
+  pickColour(*editor, "mnuBGColour", 0xE0FFFF);
+  EXPECT_EQ(pane(*editor).BackColor(), 0xE0FFFFU);
+  EXPECT_EQ(Settings().sGet(u"EditorBG"_s), QString::number(0xE0FFFF));
+  click(*other, "cmdSave");
+  EXPECT_EQ(EditorColours::fromSettings().EditorBG, 0xE0FFFFU) << "put back by an editor that kept the old one";
+  pickColour(*editor, "mnuFGColour", 0x802010);
+  EXPECT_EQ(stated(), 0x802010U);
+  EXPECT_EQ(Settings().sGet(u"EditorFG"_s), QString::number(0x802010));
+  pickColour(*editor, "mnuFGColour", {});
+  EXPECT_EQ(stated(), 0x802010U);
+  EXPECT_FALSE(editor->isWindowModified());
+  type(*editor, u"!"_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(readRtf(scene()->TextRTF()).charFormatAt(1).colour, 0x802010U);
+  trigger(*editor, "mnuAutomaticColours");
+  EXPECT_EQ(stated(), std::nullopt);
+  EXPECT_EQ(pane(*editor).palette(), QApplication::palette());
+  type(*editor, u"!"_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(readRtf(scene()->TextRTF()).charFormatAt(1).colour, std::nullopt);
+}
+
+TEST_F(EditorFormatTest, WhatTheDesktopShowsIsNoColourOfTheUsersOwn) {
+  const QPalette desktop = QApplication::palette();
+  QPalette dark(desktop);
+  dark.setColor(QPalette::Text, Qt::white);
+  dark.setColor(QPalette::Base, Qt::black);
+  QApplication::setPalette(dark);
+  frmEditor* const editor = open();
+  pickColour(*editor, "mnuFGColour", 0xFFFFFF);
+  type(*editor, u"!"_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(readRtf(scene()->TextRTF()).charFormatAt(1).colour, std::nullopt) << "white words on paper";
+  QApplication::setPalette(desktop);
+}
+
+TEST_F(EditorFormatTest, AWideWindowShowsItsLinesInTheMiddleAndTheMouseWorksBesideThem) {
+  QByteArray paragraphs;
+  for (int i = 0; i < 100; ++i) {
+    paragraphs += "Some words that fill a line.\\par ";
+  }
+  scene()->setTextRTF("{\\rtf1 " + paragraphs + "}");
+  frmEditor* const editor = open();
+  RichTextBox& text = pane(*editor);
+  const QRect narrow = text.viewport()->geometry();
+  editor->resize(1700, 600);
+  QCoreApplication::processEvents();
+  const QRect lines = text.viewport()->geometry();
+  EXPECT_LT(lines.width(), 1000);
+  EXPECT_GE(lines.width(), narrow.width()) << "a narrow window gives the text all its room";
+  EXPECT_NEAR(lines.center().x(), text.width() / 2, 20);
+  const int second = text.cursorRect().center().y() + 2 * text.cursorRect().height();
+  QTest::mouseClick(&text, Qt::LeftButton, {}, QPoint(5, second));
+  EXPECT_GT(text.SelStart(), 0);
+  const qsizetype caret = text.SelStart();
+  QTest::mousePress(&text, Qt::LeftButton, {}, QPoint(5, second));
+  QTest::mouseMove(&text, QPoint(text.width() - 40, second));
+  QTest::mouseRelease(&text, Qt::LeftButton, {}, QPoint(text.width() - 40, second));
+  EXPECT_EQ(text.SelStart(), caret);
+  EXPECT_EQ(text.SelText(), u"Some words that fill a line."_s);
+  QWheelEvent turn(QPointF(5, second), text.mapToGlobal(QPointF(5, second)), {}, {0, -240}, {}, {}, Qt::NoScrollPhase,
+                   false);
+  QCoreApplication::sendEvent(&text, &turn);
+  EXPECT_GT(text.verticalScrollBar()->value(), 0);
+}
+
+}  // namespace
