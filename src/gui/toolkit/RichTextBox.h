@@ -183,6 +183,7 @@ class RichTextBox : public QTextEdit {
   void load(const RichText& text);
   bool endListAtCaret(const QKeyEvent& key);
   void beginParagraph();
+  void takeComposed(QInputMethodEvent* event);
   void leaveFieldAtCaret();
   void directByLetters(const QString& typed);
   void directPasted(int from);

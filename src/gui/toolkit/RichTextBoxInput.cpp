@@ -87,27 +87,35 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
-  const bool wasEmpty = textCursor().block().length() == 1;
   QString committed = event->commitString();
   if (committed.contains(QChar::ObjectReplacementCharacter)) {  // stands for an object, and none comes along
     committed.remove(QChar::ObjectReplacementCharacter);
     event->setCommitString(committed, event->replacementStart(), event->replacementLength());
   }
-  if (composition_ == 0 && !event->preeditString().isEmpty()) {
+  const bool composes = !event->preeditString().isEmpty();
+  if (composition_ == 0 && composes) {
     composition_ = ++lastComposition_;
   }
-  const bool goesOn = committed.isEmpty() && !event->preeditString().isEmpty();
-  asOneChange([&] {
-    if (!committed.isEmpty()) {
-      leaveFieldAtCaret();
-    }
-    QTextEdit::inputMethodEvent(event);
-    if (wasEmpty && textCursor().block().length() > 1) {
-      directByLetters(committed);
-    }
-  });
-  if (!goesOn) {
+  const bool changesText = !committed.isEmpty() || event->replacementLength() > 0 || textCursor().hasSelection();
+  if (changesText) {
+    asOneChange([&] { takeComposed(event); });
+  } else {
+    quietly([&] { QTextEdit::inputMethodEvent(event); });
+  }
+  if (!composes || !committed.isEmpty()) {
     composition_ = 0;
+  }
+}
+
+void RichTextBox::takeComposed(QInputMethodEvent* event) {
+  const bool wasEmpty = textCursor().block().length() == 1;
+  const QString committed = event->commitString();
+  if (!committed.isEmpty()) {
+    leaveFieldAtCaret();
+  }
+  QTextEdit::inputMethodEvent(event);
+  if (wasEmpty && textCursor().block().length() > 1) {
+    directByLetters(committed);
   }
 }
 
