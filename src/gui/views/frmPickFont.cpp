@@ -43,6 +43,7 @@ frmPickFont::frmPickFont(QWidget* parent)
       lblSample(makeLabel(u"lblSample"_s, u"It was a dark and stormy night; the rain fell in torrents."_s, this)) {
   setObjectName(u"frmPickFont"_s);
   setWindowTitle(u"Default Font"_s);
+  lstSizes->setMaximumWidth(lstSizes->minimumWidth());
   buildLayout();
   fillLists(DefaultFont::fromSettings());
   for (const QListWidget* const list : {lstFonts, lstSizes}) {
