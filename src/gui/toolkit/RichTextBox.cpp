@@ -128,14 +128,11 @@ void RichTextBox::load(const RichText& text) {
 }
 
 void RichTextBox::watch() {
-  connect(document(), &QTextDocument::contentsChange, this, [this](int from, int removed, int added) {
+  connect(document(), &QTextDocument::contentsChange, this, [this](int, int removed, int added) {
     loaded_.reset();
     loadedRtf_.reset();
     if (quiet_ == 0 || removed != added) {
       plain_.reset();
-    }
-    if (!marking_) {
-      Q_EMIT altered(from, removed, added);
     }
   });
   connect(document(), &QTextDocument::contentsChanged, this, &RichTextBox::changed);
@@ -173,11 +170,6 @@ void RichTextBox::asOneChange(const std::function<void()>& work) {
 void RichTextBox::quietly(const std::function<void()>& work) {
   const QScopedValueRollback quiet(quiet_, quiet_ + 1);
   work();
-}
-
-void RichTextBox::marking(const std::function<void()>& work) {
-  const QScopedValueRollback marks(marking_, true);
-  quietly(work);
 }
 
 RichText RichTextBox::richText() const {

@@ -152,8 +152,6 @@ class RichTextBox : public QTextEdit {
   void Loaded();
   /// The text or its formatting was changed, by the user or by a setSel... function other than setSelColor.
   void Changed();
-  /// The document was altered, in its own positions, and not only by marks. Formats may stand as they stood.
-  void altered(int from, int removed, int added);
   /// A footnote, an endnote or a comment was asked for.
   void noteActivated(qsizetype position);
   /// A link was asked for: by Ctrl and a click, or from the keyboard. Nobody has looked at the address yet.
@@ -196,7 +194,6 @@ class RichTextBox : public QTextEdit {
   void tellOfCaret();
   void watch();
   void quietly(const std::function<void()>& work);
-  void marking(const std::function<void()>& work);
   void changed();
   const Plain& plain() const;
   QTextCursor cursorOver(qsizetype start, qsizetype length) const;
@@ -219,8 +216,6 @@ class RichTextBox : public QTextEdit {
   InlineObjectView* objects_;
   std::optional<quint32> backColour_;
   int quiet_ = 0;
-  /// Only the looks of marks and of links change.
-  bool marking_ = false;
   int together_ = 0;
   bool changedTogether_ = false;
   int composition_ = 0;

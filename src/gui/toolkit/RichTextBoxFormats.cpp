@@ -64,7 +64,7 @@ RichTextBox::Colour RichTextBox::SelColor() const {
 }
 
 void RichTextBox::setSelColor(Colour colour) {
-  marking([&] { mergeSelected(foregroundOf(colour)); });
+  mergeSelected(foregroundOf(colour));
 }
 
 QString RichTextBox::SelFontName() const {
@@ -234,7 +234,7 @@ void RichTextBox::colourRanges(const std::vector<ColouredRange>& ranges) {
     return;
   }
   const int scrolled = verticalScrollBar()->value();
-  marking([&] {
+  quietly([&] {
     QTextCursor batch(document());
     batch.beginEditBlock();
     for (const ColouredRange& range : ranges) {

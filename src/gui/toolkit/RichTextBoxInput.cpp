@@ -199,7 +199,7 @@ void RichTextBox::directPasted(int from) {
 
 void RichTextBox::refreshLooks(int from, int to) {
   if (hasOwnLooks_) {
-    marking([&] { RichTextDocument::refreshLooks(*document(), from, to, palette()); });
+    quietly([&] { RichTextDocument::refreshLooks(*document(), from, to, palette()); });
   }
 }
 

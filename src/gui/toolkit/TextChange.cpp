@@ -218,7 +218,7 @@ class Restorer {
  private:
   QTextCharFormat look(int number) const {
     CharFormat format = looks_.letters(number);
-    format.colour = colour_;
+    format.colour = looks_.keepsColours() ? format.colour : colour_;
     return RichTextDocument::toQt(format, palette_);
   }
 

@@ -42,6 +42,6 @@ class DocumentCopy {
   TextStretch whole_;
 };
 
-/// Makes of the document at the cursor what stood there before the change.
+/// Makes of the document at the cursor what stood there before the change, in this colour where colours only mark.
 void putBack(QTextCursor cursor, const TextChange& change, LookTable& looks, RichTextBox::Colour colour,
              const QPalette& palette);

@@ -18,8 +18,8 @@ constexpr qsizetype kLongText = 1000;
 TextHistory::TextHistory(RichTextBox& box, std::function<RichTextBox::Colour()> textColour)
     : QObject(&box), box_(box), textColour_(std::move(textColour)) {
   connect(&box, &RichTextBox::Loaded, this, &TextHistory::startOver);
-  connect(&box, &RichTextBox::altered, this, &TextHistory::takeUp);
   connect(&box, &RichTextBox::Changed, this, &TextHistory::PushUndoState);
+  watch();
   clear();
 }
 
@@ -27,14 +27,19 @@ void TextHistory::clear() {
   UndoStack.clear();
   UndoPos = 0;
   open_ = {};
-  looks_ = {};
+  looks_ = LookTable(!textColour_);
   copy_ = {};
   loaded_ = box_.richText();
   tell();
 }
 
+void TextHistory::watch() {
+  connect(box_.document(), &QTextDocument::contentsChange, this, &TextHistory::takeUp);
+}
+
 /// A text that was put in place of another without a new beginning is one change of it.
 void TextHistory::startOver() {
+  watch();
   if (UndoStack.empty()) {
     clear();
     return;
@@ -115,13 +120,14 @@ void TextHistory::redo() {
 /// The step gives way to the one that takes it back again.
 void TextHistory::go(size_t from, size_t to) {
   const Step step = std::move(UndoStack[from]);
+  const RichTextBox::Colour colour = textColour_ ? textColour_() : std::nullopt;
   going_ = from;
   UndoPos = to;
   box_.asOneChange([&] {
     QTextCursor cursor(box_.document());
     cursor.beginEditBlock();
     std::for_each(step.changes.rbegin(), step.changes.rend(),
-                  [&](const TextChange& change) { putBack(cursor, change, looks_, textColour_(), box_.palette()); });
+                  [&](const TextChange& change) { putBack(cursor, change, looks_, colour, box_.palette()); });
     cursor.endEditBlock();
     placeCaret(step.changes.front());
   });

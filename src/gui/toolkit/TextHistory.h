@@ -9,7 +9,7 @@
 #include <vector>
 
 /// Takes changes of a text back, and back again: letters, formats and objects, 50 steps. A step is what one Changed of
-/// the box tells of. Marks are no step and come back with none: what is put back has the one colour of all text.
+/// the box tells of. Where all text has one colour others are marks: they are no step, and what is put back has none.
 ///
 /// An empty text is none of the states that can be gone back to, unless it is the last: what is written into it belongs
 /// to the step that emptied it (so all that was cut and put back is no step), and before a text that was opened empty
@@ -22,8 +22,8 @@ class TextHistory : public QObject {
  public:
   static constexpr size_t kSteps = 50;
 
-  /// Belongs to the box. The colour is asked for when text is put back.
-  TextHistory(RichTextBox& box, std::function<RichTextBox::Colour()> textColour);
+  /// Belongs to the box. The one colour is asked for when text is put back; without it colours are a part of the text.
+  explicit TextHistory(RichTextBox& box, std::function<RichTextBox::Colour()> textColour = {});
 
   /// What the box shows, or is given next, is where it begins.
   void clear();
@@ -46,6 +46,7 @@ class TextHistory : public QObject {
     int composition = 0;
   };
 
+  void watch();
   void startOver();
   void takeUp(int from, int removed, int added);
   void PushUndoState();

@@ -54,7 +54,7 @@ class Taker {
 }  // namespace
 
 int LookTable::number(CharFormat format) {
-  format.colour.reset();
+  format.colour = keepsColours_ ? format.colour : std::nullopt;
   return letters_.intern(std::move(format));
 }
 

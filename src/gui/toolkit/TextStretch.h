@@ -9,9 +9,12 @@
 
 #include <vector>
 
-/// Formats without the colours that mark words, each once, named by number.
+/// Formats, each once, named by number; without their colours where those only mark words.
 class LookTable {
  public:
+  explicit LookTable(bool keepsColours = false) : keepsColours_(keepsColours) {}
+
+  bool keepsColours() const { return keepsColours_; }
   int number(CharFormat format);
   int number(const ParagraphFormat& format) { return paragraphs_.intern(format); }
   const CharFormat& letters(int number) const { return letters_[number]; }
@@ -25,6 +28,7 @@ class LookTable {
   void forgetDocument();
 
  private:
+  bool keepsColours_;
   FormatTable<CharFormat> letters_;
   FormatTable<ParagraphFormat> paragraphs_;
   KnownNumbers knownLetters_;

@@ -5,6 +5,7 @@
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/TextHistory.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/views/TextKeys.h"
 #include "gui/views/TextObjects.h"
@@ -12,6 +13,7 @@
 #include <QDialogButtonBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -44,6 +46,7 @@ NoteWindow::NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidg
   txtNote->setLocked(owner.Locked());
   if (!owner.Locked()) {
     new TextKeys(*txtNote);
+    undoWithKeys();
   }
   auto* column = new QVBoxLayout(this);
   column->addWidget(txtNote, 1);
@@ -54,6 +57,16 @@ NoteWindow::NoteWindow(const InlineObject& note, const RichTextBox& owner, QWidg
   restoreWindow(objectName(), *this);
   txtNote->moveCursor(owner.Locked() ? QTextCursor::Start : QTextCursor::End);
   txtNote->setFocus();
+}
+
+void NoteWindow::undoWithKeys() {
+  auto* const history = new TextHistory(*txtNote);
+  const auto add = [this, history](const QString& key, void (TextHistory::*run)()) {
+    connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, history, run);
+  };
+  add(u"Ctrl+Z"_s, &TextHistory::undo);
+  add(u"Ctrl+Y"_s, &TextHistory::redo);
+  add(u"Ctrl+Shift+Z"_s, &TextHistory::redo);
 }
 
 /// Told colours have counterparts on a dark desktop; the note goes out with those that came in.

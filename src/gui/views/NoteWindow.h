@@ -24,6 +24,7 @@ class NoteWindow : public QDialog {
   void done(int result) override;
 
  private:
+  void undoWithKeys();
   RichText readable(const InlineObject& note);
   QWidget* buttons();
 

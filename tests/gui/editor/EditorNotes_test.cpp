@@ -73,6 +73,26 @@ TEST_F(TextObjectsTest, ANoteIsReadAndChangedInAWindowOfItsOwn) {
   EXPECT_TRUE(scene()->TextRTF().contains("{\\*\\atnauthor Jane}"));
 }
 
+TEST_F(TextObjectsTest, ANoteIsUndoneByItselfAndKeepsItsColours) {
+  RichTextBox& pane = openWith("{\\rtf1{\\colortbl;\\red180\\green0\\blue0;}a{\\footnote one {\\cf1 red} word}b}");
+  const WhenModal window([](QWidget& modal) {
+    RichTextBox& note = noteIn(modal);
+    const RichText before = note.richText();
+    const qsizetype red = note.Text().indexOf(u"red"_s);
+    note.select(red, 5);
+    QTest::keyClick(&note, Qt::Key_Delete);
+    QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(note.richText(), before);
+    EXPECT_TRUE(note.formatAt(red).colour);
+    QTest::keyClick(&note, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_FALSE(note.Text().contains(u"red"_s));
+    QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&modal, Qt::Key_Escape);
+  });
+  openAtCaret(1);
+  EXPECT_FALSE(pane.isEdited());
+}
+
 TEST_F(TextObjectsTest, WhoeverLeavesANoteWithChangesIsAsked) {
   RichTextBox& pane = openWith(kWithNotes);
   for (const Answer answer : {Answer::No, Answer::Yes}) {
