@@ -27,6 +27,14 @@ TextPage::TextPage(RichTextBox& text) : QObject(&text), text_(text) {
   text.verticalScrollBar()->setCursor(Qt::ArrowCursor);
   text.horizontalScrollBar()->setCursor(Qt::ArrowCursor);
   text.installEventFilter(this);
+  connect(&text, &RichTextBox::cursorPositionChanged, this, &TextPage::showTop);
+}
+
+/// The caret on the first letter would be in sight without the room above it, too.
+void TextPage::showTop() {
+  if (text_.textCursor().atStart()) {
+    text_.verticalScrollBar()->setValue(0);
+  }
 }
 
 void TextPage::lay() {
@@ -38,6 +46,8 @@ void TextPage::lay() {
 bool TextPage::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) {
     lay();
+  } else if (event->type() == QEvent::Show) {
+    showTop();
   }
   return (!passing_ && passOn(*event)) || QObject::eventFilter(watched, event);
 }

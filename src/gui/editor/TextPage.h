@@ -19,6 +19,7 @@ class TextPage : public QObject {
 
  private:
   void lay();
+  void showTop();
   bool passOn(QEvent& event);
   bool passOnMouse(const QMouseEvent& event);
 

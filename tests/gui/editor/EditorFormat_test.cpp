@@ -115,6 +115,10 @@ TEST_F(EditorFormatTest, AWideWindowShowsItsLinesInTheMiddleAndTheMouseWorksBesi
   scene()->setTextRTF("{\\rtf1 " + paragraphs + "}");
   frmEditor* const editor = open();
   RichTextBox& text = pane(*editor);
+  EXPECT_EQ(text.verticalScrollBar()->value(), 0) << "the room above the first line is seen";
+  text.moveCursor(QTextCursor::End);
+  text.moveCursor(QTextCursor::Start);
+  EXPECT_EQ(text.verticalScrollBar()->value(), 0);
   const QRect narrow = text.viewport()->geometry();
   editor->resize(1700, 600);
   QCoreApplication::processEvents();

@@ -172,6 +172,8 @@ TEST_F(EditorSpellingTest, AnUndoneStepAndANewFontColourAreFollowedByACheckWhere
     toolkit.expectColour(0x00FF00);
     trigger(editor, "mnuFGColour");
     EXPECT_TRUE(waitFor([&] { return marked() == expected; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(marked(), expected);
     trigger(editor, "mnuSaveAndExit");
     deleteUnloaded();
     scene()->setTextRTF({});
