@@ -7,11 +7,13 @@
 #include "gui/toolkit/WindowSettings.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -90,18 +92,24 @@ void frmProblemWords::connectSignals() {
   connect(cmdAdd, &QPushButton::clicked, this, add);
   connect(cmdEdit, &QPushButton::clicked, this, edit);
   connect(cmdDelete, &QPushButton::clicked, this, remove);
-  const auto onKey = [this](Qt::Key key, auto run) {
-    auto* const shortcut = new QShortcut(key, lstWords);
-    shortcut->setContext(Qt::WidgetShortcut);
-    connect(shortcut, &QShortcut::activated, this, run);
-  };
-  onKey(Qt::Key_Insert, add);
-  onKey(Qt::Key_F2, edit);
-  onKey(Qt::Key_Delete, remove);
+  lstWords->installEventFilter(this);
   connect(lstWords, &QListWidget::itemDoubleClicked, this, edit);
   connect(lstWords, &QListWidget::itemSelectionChanged, this, &frmProblemWords::enableButtons);
   connect(cmdOK, &QPushButton::clicked, this, guarded("cmdOK_Click", kModule, this, &frmProblemWords::cmdOK_Click));
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+bool frmProblemWords::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    for (const auto& [key, button] :
+         {std::pair{Qt::Key_Insert, cmdAdd}, {Qt::Key_F2, cmdEdit}, {Qt::Key_Delete, cmdDelete}}) {
+      if (static_cast<QKeyEvent*>(event)->key() == key) {
+        button->click();
+        return true;
+      }
+    }
+  }
+  return QDialog::eventFilter(watched, event);
 }
 
 void frmProblemWords::enableButtons() {
