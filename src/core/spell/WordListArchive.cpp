@@ -7,8 +7,17 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString& overridden() {
+  static QString address;
+  return address;
+}
+
+}  // namespace
+
 QString WordListArchive::address() {
-  return u"https://downloads.sourceforge.net/wordlist/12dicts-5.0.zip"_s;
+  return !overridden().isEmpty() ? overridden() : u"https://downloads.sourceforge.net/wordlist/12dicts-5.0.zip"_s;
 }
 
 QString WordListArchive::page() {
@@ -41,4 +50,8 @@ bool WordListArchive::unpack() {
   }
   // With nothing selected all would be unpacked.
   return anySelected && archive.Unzip();
+}
+
+void WordListArchive::overrideAddress(const QString& address) {
+  overridden() = address;
 }

@@ -16,4 +16,7 @@ QString path();
 /// same names is replaced, the writer's custom list never. False, and logged, when not all of it could be unpacked.
 bool unpack();
 
+/// For tests: fetched from here; empty for the real address.
+void overrideAddress(const QString& address);
+
 }  // namespace WordListArchive

@@ -215,6 +215,10 @@ TextMarks TextMarkLayer::shownBetween(qsizetype from, qsizetype to) const {
 }
 
 void TextMarkLayer::layAll() {
+  isDue_ = held_ > 0;
+  if (isDue_) {
+    return;
+  }
   text_ = isEmpty() ? QString() : document_->toRawText();
   lay(0, document_->characterCount());
 }

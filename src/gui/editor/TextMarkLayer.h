@@ -20,6 +20,23 @@ class TextMarkLayer : public QObject {
   Q_OBJECT
 
  public:
+  /// While one lives, marks that are set are not shown yet: all are in one step when it goes. Nothing else may happen
+  /// to the text meanwhile.
+  class Together {
+   public:
+    explicit Together(TextMarkLayer& layer) : layer_(layer) { ++layer.held_; }
+    ~Together() {
+      if (--layer_.held_ == 0 && layer_.isDue_) {
+        layer_.layAll();
+      }
+    }
+    Together(const Together&) = delete;
+    Together& operator=(const Together&) = delete;
+
+   private:
+    TextMarkLayer& layer_;
+  };
+
   /// Belongs to the pane.
   explicit TextMarkLayer(RichTextBox& pane);
 
@@ -70,4 +87,6 @@ class TextMarkLayer : public QObject {
   QTextCharFormat nameLook_;
   /// The document's text, as far as the marks know it; empty without marks.
   QString text_;
+  int held_ = 0;
+  bool isDue_ = false;
 };

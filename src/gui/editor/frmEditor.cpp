@@ -5,6 +5,7 @@
 #include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
+#include "gui/editor/EditorSpelling.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/FieldClipboard.h"
@@ -276,6 +277,7 @@ void frmEditor::Unload() {
   TimerLoadFonts.stop();
   TimerExit.stop();
   find_->close();
+  spelling_->stop();
   hide();
   if (modalLoop_ != nullptr) {
     modalLoop_->quit();

@@ -16,6 +16,7 @@
 
 class CharacterMarks;
 class EditorFind;
+class EditorSpelling;
 class EditorStatusBar;
 class EditorTabStrip;
 class FieldClipboard;
@@ -26,6 +27,7 @@ class QMenu;
 class QPushButton;
 class QToolButton;
 class RichTextBox;
+class RightClick;
 class SceneNavigator;
 class TextHistory;
 class TextMarkLayer;
@@ -81,6 +83,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void followClipboard(QMenu& menu);
   void createSceneMenu();
   void createFormatMenu();
+  void createSpellingMenu();
+  void offerSpelling(QMenu& menu, RightClick& clicks);
   void createToolsMenu();
   QMenu* addMenu(const QString& name, const QString& caption);
   /// What runs is guarded under the entry's name.
@@ -226,6 +230,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   QAction* mnuChar = nullptr;
   EditorFind* find_ = nullptr;
   FieldClipboard* clipboard_ = nullptr;
+  EditorSpelling* spelling_ = nullptr;
   SceneNavigator* navigator_ = nullptr;
   FontBar* fontBar_ = nullptr;
   QToolButton* cmdHide = nullptr;

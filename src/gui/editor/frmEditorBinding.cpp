@@ -16,6 +16,7 @@
 #include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
+#include "gui/editor/EditorSpelling.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/EditorText.h"
@@ -65,6 +66,7 @@ void frmEditor::EditScene(qint32 id) {
 
 void frmEditor::ShowScene() {
   DataToForm(SceneID, true);
+  spelling_->begin();
   txtMain->setSelStart(0);
   MarkCharacters();
   beginCopies();
@@ -215,7 +217,7 @@ void frmEditor::showHint(const QString& text) {
   QTimer::singleShot(kHintMs, this, &frmEditor::tellLosses);
 }
 
-bool frmEditor::SaveChanges(bool) {
+bool frmEditor::SaveChanges(bool spellCheck) {
   const auto saved = scene();
   if (!saved) {
     toolkit().MsgBox(
@@ -242,8 +244,8 @@ bool frmEditor::SaveChanges(bool) {
   LastEditorTop = Twips::fromPixels(y());
   setCaption(saved->Title);
   TabStrip1->TabIcons();
+  spellCheck ? spelling_->SpellCheckEditor(false) : MarkCharacters();
   ShowSceneWordCount();
-  MarkCharacters();
   TabStrip1->refresh(*saved);
   savedChanges_ = true;
   if (Changed) {

@@ -1,6 +1,7 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "gui/editor/EditorSpelling.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -99,5 +100,6 @@ void frmEditor::showColours(const EditorColours& colours) {
   colours_.applyTo(*txtMain);
   if (recolours) {
     txtMain->colourRanges({{0, txtMain->Text().size(), colours_.textColour()}});
+    spelling_->checkSoon();
   }
 }

@@ -31,6 +31,7 @@ void frmEditor::createMenus() {
   createEditMenu();
   createSceneMenu();
   createFormatMenu();
+  createSpellingMenu();
   createToolsMenu();
   assignMnemonics(menuBar()->actions());
   for (const QAction* const menu : menuBar()->actions()) {
@@ -110,7 +111,7 @@ void frmEditor::createRightClickMenu() {
     menu->addAction(findChild<QAction*>(QString::fromLatin1(name)));
   }
   followClipboard(*menu);
-  new RightClick(*txtMain, *menu);
+  offerSpelling(*menu, *new RightClick(*txtMain, *menu));
 }
 
 void frmEditor::createSceneMenu() {

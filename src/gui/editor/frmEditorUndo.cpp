@@ -1,3 +1,4 @@
+#include "gui/editor/EditorSpelling.h"
 #include "gui/editor/FieldClipboard.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -22,6 +23,7 @@ void frmEditor::createUndoEntries(QMenu* edit) {
 void frmEditor::connectUndo() {
   history_ = new TextHistory(*txtMain, [this] { return colours_.textColour(); });
   connect(history_, &TextHistory::availabilityChanged, this, [this] { showUndo(false); });
+  connect(history_, &TextHistory::undone, spelling_, &EditorSpelling::checkSoon);
   connect(qApp, &QApplication::focusChanged, this, [this] { showUndo(false); });
   showUndo(false);
 }

@@ -80,7 +80,12 @@ class EditorWalkTest : public EditorTest {
     const bool CharLook::*const look = bold ? &CharLook::bold : &CharLook::italic;
     press(bold ? Qt::Key_B : Qt::Key_I, Qt::ControlModifier);
     change([&](RichText& is) {
-      const bool on = !(is.charFormatAt(from).*look);
+      // Off when all that is selected has it.
+      const QString& letters = is.text();
+      bool on = false;
+      for (qsizetype at = from; at < from + length; ++at) {
+        on = on || (letters[at] != u'\r' && letters[at] != u'\n' && !(is.charFormatAt(at).*look));
+      }
       is.formatCharacters(from, length, [&](CharFormat& format) { format.*(const_cast<bool CharLook::*>(look)) = on; });
     });
   }

@@ -14,6 +14,7 @@
 #include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/shell/windows/frmEditProject.h"
 #include "gui/shell/windows/frmLostAndFound.h"
+#include "gui/shell/windows/frmProblemWords.h"
 #include "gui/shell/windows/frmProjectWizard.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
@@ -82,6 +83,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmLostAndFound lost(&window());
   const frmBackupViewer backups(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
+  const frmProblemWords problems(&window());
   const frmProjectWizard wizard(&window());
   const SheetSubject subject{EntityKind::Item, 1, nullptr};
   const frmEditChapter chapter(subject);

@@ -7,6 +7,7 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/persist/RescueFolder.h"
+#include "core/spell/cSharedSpell.h"
 #include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
@@ -98,6 +99,7 @@ void frmMain::EndProgram() {
   if (settingsLoaded_) {
     guard([&] { Settings().SaveSettings(g_SettingsFile); });
   }
+  guard([] { Spell().SaveCustomDict(); });
   unloadForms();
   if (!InstallerPath.isEmpty()) {
     guard([&] { toolkit().runProgram(InstallerPath, {}, false); });
@@ -172,6 +174,7 @@ void frmMain::finishAtOnce(int waits) {
       Settings().SaveSettings(g_SettingsFile);
     }
   });
+  guard([] { Spell().SaveCustomDict(); });
   Logging().LogEnd();
   endProcess();
 }

@@ -7,11 +7,13 @@
 #include "gui/toolkit/WindowSettings.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -90,13 +92,24 @@ void frmProblemWords::connectSignals() {
   connect(cmdAdd, &QPushButton::clicked, this, add);
   connect(cmdEdit, &QPushButton::clicked, this, edit);
   connect(cmdDelete, &QPushButton::clicked, this, remove);
-  connect(new QShortcut(Qt::Key_Insert, lstWords), &QShortcut::activated, this, add);
-  connect(new QShortcut(Qt::Key_F2, lstWords), &QShortcut::activated, this, edit);
-  connect(new QShortcut(Qt::Key_Delete, lstWords), &QShortcut::activated, this, remove);
+  lstWords->installEventFilter(this);
   connect(lstWords, &QListWidget::itemDoubleClicked, this, edit);
   connect(lstWords, &QListWidget::itemSelectionChanged, this, &frmProblemWords::enableButtons);
   connect(cmdOK, &QPushButton::clicked, this, guarded("cmdOK_Click", kModule, this, &frmProblemWords::cmdOK_Click));
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+bool frmProblemWords::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    for (const auto& [key, button] :
+         {std::pair{Qt::Key_Insert, cmdAdd}, {Qt::Key_F2, cmdEdit}, {Qt::Key_Delete, cmdDelete}}) {
+      if (static_cast<QKeyEvent*>(event)->key() == key) {
+        button->click();
+        return true;
+      }
+    }
+  }
+  return QDialog::eventFilter(watched, event);
 }
 
 void frmProblemWords::enableButtons() {

@@ -18,6 +18,10 @@ class frmProblemWords : public QDialog {
   void reject() override;
   void done(int result) override;
 
+ protected:
+  /// Keys of the list.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void createControls();
   void buildLayout();

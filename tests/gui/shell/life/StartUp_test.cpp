@@ -10,6 +10,7 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/spell/cSharedSpell.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/life/InstanceCheck.h"
@@ -128,6 +129,24 @@ TEST_F(StartUpTest, OpensTheLastProject) {
   EXPECT_TRUE(logText().contains(u"Loading last project: "_s + last));
   EXPECT_EQ(toolkit.progressWindowsShown, 1);
   EXPECT_FALSE(window().ProjectChanged);
+}
+
+TEST_F(StartUpTest, TellsOfDictionariesWithoutReadingThem) {
+  const QString lists = Paths::programFolder() + u"Dict/"_s;
+  for (const bool found : {false, true}) {
+    Spell() = cSharedSpell();
+    if (found) {
+      QDir().mkpath(lists);
+      writeFile(lists + u"2of12.txt"_s, "dog\r\n");
+    }
+    startWith(smallProject());
+    Logging().WriteActionsToLog();
+    EXPECT_EQ(logText().contains(u"One or more dictionaries found: spell check enabled"_s), found);
+    EXPECT_EQ(logText().contains(u"No dictionaries found: spell check disabled"_s), !found);
+    EXPECT_FALSE(Spell().Initialised());
+    EXPECT_FALSE(logText().contains(u"Dictionaries initialised"_s));
+  }
+  QDir(lists).removeRecursively();
 }
 
 TEST_F(StartUpTest, TheCommandLineGoesBeforeTheLastProject) {

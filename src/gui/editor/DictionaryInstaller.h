@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/infra/cSHAREDInternet.h"
+
+#include <functional>
+
+class QString;
+
+/// Fetches the word lists from the web and puts them in their place. The program goes on meanwhile.
+class DictionaryInstaller {
+ public:
+  /// What is being done, for the caption of the window that asked for it.
+  std::function<void(const QString& what)> Status;
+
+  /// True once it has run to its end and told how that was; false when it was cancelled. One at a time in the program.
+  bool run();
+  /// Gives up and says nothing more.
+  void Cancel();
+  static bool isRunning();
+
+ private:
+  /// What the user is told in the end.
+  QString install();
+  void tellProgress(qint64 received) const;
+
+  cSHAREDInternet internet_;
+  bool cancelled_ = false;
+};
