@@ -26,10 +26,12 @@ EditorCombo::EditorCombo(const QString& name, const QString& spokenName, QWidget
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 }
 
-// A list is made when it is first seen: the window has many, and most stay closed.
-void EditorCombo::showPopup() {
-  view()->setAccessibleName(accessibleName());
-  QComboBox::showPopup();
+// A list is made when it is first seen, or a screen reader first asks: the window has many, and most stay closed.
+void EditorCombo::childEvent(QChildEvent* event) {
+  QComboBox::childEvent(event);
+  if (event->polished() && event->child()->inherits("QComboBoxPrivateContainer")) {
+    view()->setAccessibleName(accessibleName());
+  }
 }
 
 void EditorCombo::selectIndex(int index) {
@@ -75,7 +77,7 @@ void NavigationCombo::showPopup() {
   // Titles are read whole where the window has the room.
   const int widest = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
   view()->setMinimumWidth(qMin(widest, window()->width() / 2));
-  EditorCombo::showPopup();
+  QComboBox::showPopup();
 }
 
 void NavigationCombo::keyPressEvent(QKeyEvent* event) {

@@ -22,10 +22,9 @@ class EditorCombo : public QComboBox {
   /// reach selects none, so that whoever reads it back leaves the value alone.
   void selectIndex(int index);
 
-  void showPopup() override;
-
  protected:
   bool event(QEvent* event) override;
+  void childEvent(QChildEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 

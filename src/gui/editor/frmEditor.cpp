@@ -69,7 +69,10 @@ frmEditor::frmEditor() {
   TimerLoadFonts.start();
 }
 
-frmEditor::~frmEditor() = default;
+// The focus leaves the controls while they go one after the other.
+frmEditor::~frmEditor() {
+  disconnect(qApp, nullptr, this, nullptr);
+}
 
 void frmEditor::buildLayout() {
   txtMain = new RichTextBox(this);
