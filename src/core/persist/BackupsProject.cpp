@@ -79,6 +79,7 @@ class Packing {
   }
 
   void run(bool keepUnchanged) {
+    setAsideWhatIsNoArchive();
     zip_.KeepUnchanged = keepUnchanged;
     Files().MkMissingDir(Files().PathOnly(outcome_.archive));
     const QString cause = guard_.causeOf([&] { zip_.MakeZipFile(); });
@@ -92,6 +93,16 @@ class Packing {
   }
 
  private:
+  /// Nothing can be added to it, so there would be no backup all day.
+  void setAsideWhatIsNoArchive() const {
+    if (!Files().FileExists(outcome_.archive) ||
+        guard_.causeOf([&] { const ZipContents contents(outcome_.archive); }).isEmpty()) {
+      return;
+    }
+    Files().MoveFile(outcome_.archive,
+                     Files().FileWithoutExt(outcome_.archive) + Clock::now().toString(u"'_damaged_'HHmmss'.zip'"_s));
+  }
+
   /// What was cut off must not take the place of a whole copy.
   bool wouldSpoilBackup() const {
     std::optional<QByteArray> text;

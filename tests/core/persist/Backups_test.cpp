@@ -111,6 +111,12 @@ TEST_F(Backups, ADamagedMemberIsMendedByTheNextCompleteBackup) {
   writeFile(archive, bytes);
   EXPECT_TRUE(g_Project->BackupProject(true, false));
   EXPECT_TRUE(verifyBackup(*g_Project, archive).isWhole());
+  writeFile(archive, "no archive");
+  EXPECT_TRUE(g_Project->BackupProject(true, false));
+  EXPECT_TRUE(verifyBackup(*g_Project, archive).isWhole());
+  const QDir day(g_Project->TodaysBackupFolder(), u"*_complete_damaged_*.zip"_s);
+  ASSERT_EQ(day.count(), 1U);
+  EXPECT_EQ(fileBytes(day.filePath(day[0])), "no archive");
 }
 
 TEST_F(Backups, WhatIsNotInTheArchiveIsTold) {
