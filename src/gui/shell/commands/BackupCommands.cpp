@@ -8,6 +8,7 @@
 #include "core/model/clsProject.h"
 #include "core/persist/BackupsProject.h"
 #include "core/persist/BackupsView.h"
+#include "gui/editor/frmEditorSettings.h"
 #include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/StatusPanels.h"
@@ -32,6 +33,7 @@ QString whatIsMissing() {
 void BackupCommands::bind(MenuBindings& menu) {
   menu.bind("mnuBackupProject", [this] { mnuBackupProject_Click(); });
   menu.bind("mnuVerifyBackup", [this] { mnuVerifyBackup_Click(); });
+  menu.bind("mnuSetupAutobackup", [this] { frmEditorSettings::edit(main_); });
   menu.bind("mnuAutobackups", [this] { mnuAutobackups_Click(); });
 }
 

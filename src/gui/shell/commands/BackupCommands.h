@@ -4,7 +4,8 @@
 
 class frmMain;
 
-/// The commands of the Backups menu that make backups of the whole book, look whether one is whole, and show them.
+/// The commands of the Backups menu that make backups of the whole book, look whether one is whole, show them, and
+/// settle how the copies of texts are made.
 class BackupCommands : public CommandGroup {
  public:
   explicit BackupCommands(frmMain& main) : main_(main) {}

@@ -3,9 +3,12 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "gui/shell/BackupTest.h"
 #include "support/Archives.h"
+#include "support/ModalHelper.h"
 
 #include <QFile>
 #include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
 
 using namespace Qt::StringLiterals;
 
@@ -85,4 +88,13 @@ TEST_F(BackupCommandsTest, AWholeNovelIsPackedSoThatOthersCanReadIt) {
   const QString packed = g_Project->TodaysBackupFolder() + u"war-and-peace_complete.zip"_s;
   EXPECT_TRUE(othersCanRead(packed));
   EXPECT_EQ(membersOf(packed).size(), 2 + g_Project->SceneCount());
+}
+
+TEST_F(BackupCommandsTest, HowCopiesAreMadeIsSettledHereToo) {
+  const WhenModal settings([](QWidget& modal) {
+    childOf<QRadioButton>(modal, u"optSequential"_s).click();
+    childOf<QPushButton>(modal, u"cmdOK"_s).click();
+  });
+  trigger("mnuSetupAutobackup");
+  EXPECT_TRUE(Settings().sGet(u"AutoBackupSequential"_s, false).toBool());
 }
