@@ -23,6 +23,7 @@ namespace {
 
 constexpr int kScenes = 40;
 constexpr int kEditsEach = 60;
+constexpr int kVisitsToASplit = 8;
 constexpr size_t kStates = 51;
 
 class EditorWalkTest : public EditorTest {
@@ -146,6 +147,24 @@ class EditorWalkTest : public EditorTest {
     }
   }
 
+  /// What stands behind some place becomes a scene of its own, which nobody opens.
+  void split() {
+    const qsizetype at = below(pane_->Text().size() + 1);
+    pane_->setSelStart(at);
+    const qsizetype typed = pane_->SelStart();  // no position parts a line end
+    QTest::keyClick(pane_, '#');
+    change([&](RichText& is) { is.insert(typed, u"#"_s); });
+    const RichText behind = text().slice(typed + 1);
+    toolkit.expectBox(u"Are you sure you want to split this scene on '#' markers?"_s, Answer::Yes);
+    trigger(*editor_, "mnuSplitScene(2)");
+    change([&](RichText& is) { is.remove(typed, is.size() - typed); });
+    qint32 made = 0;
+    for (const auto& one : g_Project->Scenes) {
+      made = qMax(made, one->ID());
+    }
+    expected_[made] = named(behind);
+  }
+
   /// To the neighbour; what was left is in its file then.
   void move() {
     const RichText left = named(text());
@@ -193,6 +212,12 @@ TEST_F(EditorWalkTest, WhatAnyEditsHaveMadeOfTheScenesIsWhatIsSavedAndLoadedAgai
       edit();
       ASSERT_EQ(pane_->Text(), text().text()) << "scene " << id_ << ", visit " << visited << ", step " << step;
     }
+    if (visited % kVisitsToASplit == 0) {
+      split();
+      ASSERT_EQ(pane_->Text(), text().text()) << "scene " << id_ << ", split at visit " << visited;
+      undo();
+      redo();
+    }
     ASSERT_NO_FATAL_FAILURE(move()) << "visit " << visited;
   }
   trigger(*editor_, "mnuSaveAndExit");
@@ -200,7 +225,7 @@ TEST_F(EditorWalkTest, WhatAnyEditsHaveMadeOfTheScenesIsWhatIsSavedAndLoadedAgai
   ASSERT_TRUE(g_Project->SaveQN4(true));
   g_Project = std::make_unique<clsProject>();
   ASSERT_TRUE(g_Project->Load(folder.path(u"Small/Small.qn4"_s), false));
-  EXPECT_EQ(expected_.size(), 5U);
+  EXPECT_EQ(expected_.size(), 5U + kScenes / kVisitsToASplit);
   for (const auto& [id, text] : expected_) {
     EXPECT_EQ(readRtf(scene(id)->TextRTF()), text) << id;
   }
