@@ -49,11 +49,8 @@ void SceneBefore::giveBackViewpoint(clsScene& scene) const {
   if (now == viewpointID_) {
     return;
   }
-  if (viewpointID_ == 0) {
-    scene.RemoveCharByID(now);
-  } else if (scene.CharIDs().contains(viewpointID_)) {
+  // Who is in the scene is saved apart, and stays.
+  if (scene.CharIDs().contains(viewpointID_)) {
     scene.ChangeViewpointByID(viewpointID_);
-  } else {
-    scene.SetViewpointByID(viewpointID_);
   }
 }

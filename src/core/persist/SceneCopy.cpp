@@ -31,7 +31,9 @@ void write(const QString& path, const QByteArray& rtf) {
 
 void putAside(clsScene& scene, const QString& path, const QByteArray& newText) {
   const QFileInfo old(path);
-  if (!old.isFile() || old.lastModified() <= QFileInfo(scene.RTFFileWithPath()).lastModified()) {
+  const QFileInfo file(scene.RTFFilename().isEmpty() ? QString() : scene.RTFFileWithPath());
+  // Of a scene without a file it may be all that is left of one that was never saved.
+  if (!old.isFile() || old.size() == 0 || (file.isFile() && old.lastModified() <= file.lastModified())) {
     return;
   }
   QByteArray text;

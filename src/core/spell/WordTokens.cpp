@@ -29,6 +29,10 @@ void WordTokens::cleanUp(QString& text) {
     return;
   }
   for (QChar& character : text) {
+    constexpr QChar kTypographic(0x2019);
+    if (character == kTypographic) {
+      character = u'\'';
+    }
     const char16_t unit = character.unicode();
     if (unit >= kKept.size() || !kKept[unit]) {
       character = u' ';

@@ -112,7 +112,12 @@ void EditorSpelling::mnuSpellingOn_Click() {
 
 // Who asks for it doesn't wait for an idle moment.
 void EditorSpelling::mnuCheckNow_Click() {
-  if (Spell().DictAvailable()) {
+  const QPointer<EditorSpelling> alive(this);
+  const bool available = Spell().DictAvailable();
+  if (!alive) {
+    return;  // the lists took their time, and the window was closed
+  }
+  if (available) {
     idle_.stop();
     SpellCheckEditor(true);
   } else {

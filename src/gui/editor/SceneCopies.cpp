@@ -17,7 +17,8 @@ void SceneCopies::begin() {
 
 SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rtf) {
   const bool isNew = rtf != LastBackupText;
-  if (!isNew && isInFile_) {
+  // Nothing is no copy worth the place of another.
+  if (!isNew && (isInFile_ || rtf.isEmpty())) {
     return {};
   }
   const auto settings = EditorSettings::fromSettings();
@@ -37,8 +38,7 @@ SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rt
   return {isNew || isDue ? Check::Result::Done : Check::Result::NothingNew};
 }
 
-void SceneCopies::writeOver(clsScene& scene, const QByteArray& rtf) {
-  const QString path = SceneCopy::nameOf(scene) + u".rtf"_s;
+void SceneCopies::writeTo(const QString& path, clsScene& scene, const QByteArray& rtf) {
   if (path != ownFile_) {
     SceneCopy::putAside(scene, path, rtf);
   }
@@ -46,8 +46,12 @@ void SceneCopies::writeOver(clsScene& scene, const QByteArray& rtf) {
   ownFile_ = path;
 }
 
+void SceneCopies::writeOver(clsScene& scene, const QByteArray& rtf) {
+  writeTo(SceneCopy::nameOf(scene) + u".rtf"_s, scene, rtf);
+}
+
 void SceneCopies::writeNext(clsScene& scene, const QByteArray& rtf) {
-  SceneCopy::write(SceneCopy::nameOf(scene) + u'_' + Clock::now().toString(SceneCopy::kTime) + u".rtf"_s, rtf);
+  writeTo(SceneCopy::nameOf(scene) + u'_' + Clock::now().toString(SceneCopy::kTime) + u".rtf"_s, scene, rtf);
   BackupTicks = 0;
   BackupNow = false;
 }

@@ -24,6 +24,7 @@ class SceneCopies {
   Check AutoBackup(clsScene& scene, const QByteArray& rtf);
 
  private:
+  void writeTo(const QString& path, clsScene& scene, const QByteArray& rtf);
   void writeOver(clsScene& scene, const QByteArray& rtf);
   void writeNext(clsScene& scene, const QByteArray& rtf);
 

@@ -14,7 +14,7 @@ namespace {
 /// Stands for the word in an address.
 constexpr auto kWord = "@@@"_L1;
 constexpr auto kDictionary = "https://en.wiktionary.org/wiki/Special:Search?search=@@@"_L1;
-constexpr auto kThesaurus = "https://en.wiktionary.org/wiki/Thesaurus:@@@"_L1;
+constexpr auto kThesaurus = "https://en.wiktionary.org/wiki/Special:Search?search=Thesaurus:@@@"_L1;
 
 /// Written back, so that whoever wants another site finds the key in the settings file.
 QString addressSetting(const QString& key, QLatin1StringView otherwise) {

@@ -154,6 +154,8 @@ void frmEditor::connectSignals() {
   });
   connect(cmdSaveAndExit, &QPushButton::clicked, this,
           guarded("cmdSaveAndExit_Click", kModule, this, &frmEditor::saveAndExit));
+  hintTime_.setSingleShot(true);
+  connect(&hintTime_, &QTimer::timeout, this, &frmEditor::tellLosses);
   connect(&TimerWC, &QTimer::timeout, this, guarded("TimerWC_Timer", kModule, this, &frmEditor::ShowSceneWordCount));
 }
 
@@ -212,7 +214,7 @@ void frmEditor::DisableOrEnable(bool enabled) {
   // The lists of chapters and scenes lead to other windows as the buttons beside them do.
   navigator_->setEnabled(enabled);
   for (QAbstractButton* const button : findChildren<QAbstractButton*>()) {
-    if (button->objectName().startsWith(u"cmd"_s)) {
+    if (button->window() == this && button->objectName().startsWith(u"cmd"_s)) {
       button->setEnabled(enabled);
     }
   }

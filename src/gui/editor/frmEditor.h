@@ -208,6 +208,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// Nothing was counted yet.
   std::optional<QString> LastCountedText;
   QTimer TimerWC;
+  /// A hint goes when its time is over.
+  QTimer hintTime_;
   QTimer TimerBackup;
   SceneCopies copies_;
   /// As the scene was when it was saved last, once the timer has put there what was typed.

@@ -214,7 +214,7 @@ void frmEditor::mnuOpenNote_Click() {
 
 void frmEditor::showHint(const QString& text) {
   StatusBar1->setPanel(EditorStatusBar::hint, text);
-  QTimer::singleShot(kHintMs, this, &frmEditor::tellLosses);
+  hintTime_.start(kHintMs);
 }
 
 bool frmEditor::SaveChanges(bool spellCheck) {
@@ -230,8 +230,11 @@ bool frmEditor::SaveChanges(bool spellCheck) {
   FormToData(*saved);
   txtMain->setUnedited();
   before_.reset();
+  setDirty(false);
   const QByteArray given = saved->TextRTF();
   saved->Save(false, true);
+  // What came in while the save showed its progress or asked is in no file yet.
+  const bool changedMeanwhile = Dirty && saved->TextRTF() == given;
   if (!saved->InScenes()) {
     return false;  // it has gone while a question was up, and what it holds now is nobody's
   }
@@ -252,7 +255,7 @@ bool frmEditor::SaveChanges(bool spellCheck) {
     Changed();
   }
   // What could not be written stays due. The texts of a book that has no place are kept by the book until it has one.
-  setDirty(g_Project->HasPlace() && saved->RTFChanged());
+  setDirty(changedMeanwhile || (g_Project->HasPlace() && saved->RTFChanged()));
   StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"Not saved yet"_s : whereSaved());
   return true;
 }

@@ -69,10 +69,10 @@ void frmEditor::changeCast(const QList<qint32>& ids, bool inScene) {
     showHint(inScene ? u"In this scene already"_s : u"Not in this scene"_s);
     return;
   }
+  const QPointer<frmEditor> alive(this);
   inScene ? StoryMoves::addToScene(*changed, CastKind::Character, moving)
           : StoryMoves::removeFromScene(*changed, CastKind::Character, moving);
   changed->Save(false, false);
-  const QPointer<frmEditor> alive(this);
   // Why it could not be saved is told by the save.
   const bool saved = g_Project->HasPlace() && g_Project->SaveQN4(false);
   g_Project->UpdateCombosInEditorWindows();
@@ -105,6 +105,10 @@ void frmEditor::mnuChar_Click(bool highlight) {
 }
 
 void frmEditor::EditChar(qint32 id, qint32 tab) {
+  if (!scene()) {
+    showHint(u"This scene isn't in the open project any more"_s);
+    return;
+  }
   if (!isInCast(id)) {
     showHint(id == 0 ? u"No viewpoint character is selected"_s : u"There is no such character"_s);
     return;

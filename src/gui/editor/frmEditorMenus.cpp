@@ -149,7 +149,7 @@ void frmEditor::createToolsMenu() {
   addEntry(tools, u"mnuThesaurus"_s, u"Thesaurus Lookup"_s, [=] { lookUpInThesaurus(selected()); });
   addEntry(tools, u"mnuTop20"_s, u"Show word usage"_s, [this] { mnuTop20_Click(); });
   addEntry(tools, u"mnuWritingTips"_s, u"Writing Tips"_s, [] { toolkit().MsgBox(nextWritingTip()); });
-  addEntry(tools, u"mnuPageling"_s, u"View scene in Pageling"_s, [this] { viewInReader(txtMain->TextRTF()); });
+  addEntry(tools, u"mnuPageling"_s, u"View scene in Pageling"_s, [this] { viewInReader(textToSave()); });
   tools->addSeparator();
   addEntry(tools, u"mnuSettings"_s, u"Editor Settings"_s, [this] { frmEditorSettings::edit(*this); });
 }

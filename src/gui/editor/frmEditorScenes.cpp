@@ -53,10 +53,10 @@ bool frmEditor::hasPlaceInBook() {
 }
 
 void frmEditor::addScene(bool behindThisOne) {
-  if (!hasPlaceInBook() || !saveWhole() || !hasPlaceInBook()) {
+  const QPointer<frmEditor> alive(this);
+  if (!hasPlaceInBook() || !saveWhole() || !alive || !hasPlaceInBook()) {
     return;
   }
-  const QPointer<frmEditor> alive(this);
   const auto chapter = g_Project->ChapterByID(scene()->BelongsToChID);
   if (!g_Project->CreateNewScene(chapter->ID(), behindThisOne ? chapter->SceneIndex(SceneID) + 1 : 0) || !alive) {
     return;
@@ -113,7 +113,8 @@ void frmEditor::splitScene(const QString& separator) {
 void frmEditor::cutAt(const QString& separator) {
   const BusyPointer pointer;
   const auto source = scene();
-  const std::vector<RichText> pieces = SceneSplit::cut(cleanText(), separator);
+  const RichText whole = cleanText();
+  const std::vector<RichText> pieces = SceneSplit::cut(whole, separator);
   std::vector<QByteArray> texts;
   for (size_t i = 1; i < pieces.size(); ++i) {
     texts.push_back(writeRtf(pieces[i]));
@@ -126,9 +127,12 @@ void frmEditor::cutAt(const QString& separator) {
   if (!alive || !failure.isEmpty()) {
     return;
   }
-  const qsizetype kept = pieces.front().size();
-  txtMain->select(kept, txtMain->Text().size() - kept);
-  txtMain->setSelText({});
+  // What came in meanwhile is in no piece; words that stand twice are better than words that are gone.
+  if (cleanText() == whole) {
+    const qsizetype kept = pieces.front().size();
+    txtMain->select(kept, txtMain->Text().size() - kept);
+    txtMain->setSelText({});
+  }
   source->ForceWordcount();
   FindInCombos(*source);
   showHint(u"The scene is split into %1"_s.arg(pieces.size()));

@@ -46,6 +46,9 @@ bool InputShield::holdsBack(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::ShortcutOverride:
     case QEvent::Shortcut:
+    case QEvent::InputMethod:
+    case QEvent::DragEnter:
+    case QEvent::Drop:
       break;
     case QEvent::KeyPress:
     case QEvent::MouseButtonPress:

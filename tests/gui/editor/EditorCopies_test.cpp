@@ -167,6 +167,23 @@ TEST_F(EditorCopies, WordsOfAnEarlierRunArePutAsideBeforeTheCopyIsWrittenOver) {
   EXPECT_EQ(words(copy()), u"one two three!!!"_s);
 }
 
+TEST_F(EditorCopies, ACopyOfASceneThatWasNeverSavedIsNotWrittenOver) {
+  const auto unsaved = std::make_shared<clsScene>();
+  g_Project->Addscene(unsaved);
+  g_Project->ChapterByID(1)->Addscene(unsaved);
+  QDir().mkpath(copies().path());
+  const QString left = copies().filePath(u"_Scene_3.rtf"_s);
+  writeFile(left, simpleRtf("all that is left"));
+  frmEditor* const editor = open(unsaved->ID());
+  tick(*editor);
+  EXPECT_EQ(fileBytes(left), simpleRtf("all that is left")) << "nothing is no copy";
+  typeAndTick(*editor, u"x"_s);
+  EXPECT_EQ(words(fileBytes(left)), u"x"_s);
+  const QStringList aside = copyNames().filter(u"_Scene_3_"_s);
+  ASSERT_EQ(aside.size(), 1);
+  EXPECT_EQ(copy(aside[0]), simpleRtf("all that is left"));
+}
+
 TEST_F(EditorCopies, FilesAtIntervalsComeAtTheFirstCheckAndThenAfterSoManyRunsOfTheTimer) {
   Settings().sSet(u"AutoBackupSequential"_s, true);
   Settings().sSet(u"SequentialFrequency"_s, u" 3 "_s);

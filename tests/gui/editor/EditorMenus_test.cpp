@@ -137,7 +137,7 @@ TEST_F(EditorMenusTest, AWordIsLookedUpWhereTheSettingsSay) {
   EXPECT_EQ(toolkit.openedDocuments.last(), u"https://en.wiktionary.org/wiki/Special:Search?search=bold"_s);
   EXPECT_EQ(Settings().sGet(u"DictionaryURL"_s), u"https://en.wiktionary.org/wiki/Special:Search?search=@@@"_s);
   trigger(*editor_, "mnuThesaurus");
-  EXPECT_EQ(toolkit.openedDocuments.last(), u"https://en.wiktionary.org/wiki/Thesaurus:bold"_s);
+  EXPECT_EQ(toolkit.openedDocuments.last(), u"https://en.wiktionary.org/wiki/Special:Search?search=Thesaurus:bold"_s);
   EXPECT_TRUE(Settings().IsSettingPresent(u"ThesaurusURL"_s));
 
   Settings().sSet(u"DictionaryURL"_s, u"http://words.example/@@@?again=@@@"_s);

@@ -128,13 +128,14 @@ TEST_F(TextObjectsTest, LinksOpenOnlyToTheWebAndMailAndAfterTheirAddressWasShown
     bool mayOpen;
     Answer answer;
   } cases[] = {{u"https://example.org/a?b=1#c"_s, true, Answer::Yes}, {u"mailto:jane@example.org"_s, true, Answer::Yes},
-               {u"http://example.org/"_s, true, Answer::No},          {u"file:///etc/passwd"_s, false, Answer::Ok},
-               {u"javascript:alert(1)"_s, false, Answer::Ok},         {u"#chapter2"_s, false, Answer::Ok}};
+               {u"http://example.org/"_s, true, Answer::No},          {u"file:///etc/passwd"_s, false, Answer::Yes},
+               {u"javascript:alert(1)"_s, false, Answer::Yes},        {u"#chapter2"_s, false, Answer::Yes}};
   for (const auto& link : cases) {
     RichTextBox pane;
     const TextObjects objects(pane);
     const qsizetype before = toolkit.openedDocuments.size();
-    toolkit.expectBox(link.address, link.answer);
+    toolkit.expectBox((link.mayOpen ? u"Open this address?\n\n"_s : u"This link leads to\n\n"_s) + link.address,
+                      link.answer);
     Q_EMIT pane.linkActivated(link.address);
     const bool isOpened = link.mayOpen && link.answer == Answer::Yes;
     EXPECT_EQ(toolkit.openedDocuments.mid(before), isOpened ? QStringList{link.address} : QStringList())
