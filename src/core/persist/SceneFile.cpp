@@ -84,7 +84,9 @@ void clsScene::SaveRTF(bool force) {
   }
   DiskConflicts conflicts(*g_Project);
   conflicts.lookAt(*this);
-  if (conflicts.settle(DiskConflicts::Askers::Editor) == DiskConflicts::Outcome::GiveUp) {
+  // Only the editor's own save, the forced one, looks afterwards whether another text was taken.
+  using Askers = DiskConflicts::Askers;
+  if (conflicts.settle(force ? Askers::Editor : Askers::Project) == DiskConflicts::Outcome::GiveUp) {
     return;
   }
   // A book from a single file may have none yet; one whose own folder has gone gets none.

@@ -275,6 +275,17 @@ TEST_F(EditorTest, AnotherProgramsTextIsShownWhereTheWriterTakesIt) {
   EXPECT_FALSE(scene()->EditingScene()) << "there is nothing to ask about";
 }
 
+TEST_F(EditorTest, WhoSavesASceneWithoutShowingItCannotTakeAnotherText) {
+  frmEditor* const editor = open();
+  type(*editor, u"x"_s);
+  editor->FormToData(*scene());
+  writeFile(scene()->RTFFileWithPath(), simpleRtf("theirs"));
+  toolkit.expectChoice(u"To take the other, please close all editor windows first."_s, u"Keep both"_s);
+  scene()->Save();
+  EXPECT_EQ(textInFile(), u"one two threex"_s);
+  trigger(*editor, "mnuSaveAndExit");
+}
+
 TEST_F(EditorTest, ATextWhoseFileCannotBeWrittenStaysDue) {
   frmEditor* const editor = open();
   const QString file = scene(1)->RTFFileWithPath();
