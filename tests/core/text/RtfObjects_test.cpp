@@ -392,6 +392,13 @@ TEST(RtfObjects, WhatStandsInOddPlacesIsKeptOnce) {
   EXPECT_EQ(losses, RtfLoss::NestedFields | RtfLoss::ParagraphBorders | RtfLoss::Sections);
 }
 
+TEST(RtfObjects, AnObjectThatIsCutOffIsNone) {
+  for (const char* const cut : {"{\\object\\objemb{\\*\\objdata 00", "{\\object{\\result b", "{\\shp{\\*\\shpinst"}) {
+    EXPECT_FALSE(readRtf("{\\rtf1 a" + QByteArray(cut)).text().contains(QChar(QChar::ObjectReplacementCharacter)))
+        << cut;
+  }
+}
+
 TEST(RtfObjects, WordsBehindADamagedPlaceAreToldOf) {
   const QByteArray whole = "{\\rtf1 a{\\b b}{\\pict\\pngblip 00}";
   for (const char* const tail : {"}", "} \r\n", "}\x1A"}) {
