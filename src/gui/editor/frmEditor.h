@@ -147,7 +147,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void keepWithoutBook();
   // Between the saves.
   void beginCopies();
-  void restartCopies();
+  void restartCopies(int dueMs);
   void TimerBackup_Timer();
   void keepTyped(clsScene& shown);
   void AutoBackup(clsScene& shown, const QByteArray& rtf);

@@ -117,6 +117,7 @@ QByteArray frmEditor::textToSave() const {
 
 void frmEditor::FormToData(clsScene& into) {
   TimerWC.stop();
+  const int nextCopyMs = TimerBackup.remainingTime();
   TimerBackup.stop();
   viewpoint_->FormToData(into);
   TabStrip1->FormToData(into);
@@ -131,7 +132,7 @@ void frmEditor::FormToData(clsScene& into) {
     AutoBackup(into, into.TextRTF());
   }
   TimerWC.start(kWordCountMs);
-  restartCopies();
+  restartCopies(nextCopyMs);
 }
 
 bool frmEditor::keepOriginal(clsScene& of, bool mayAsk) {

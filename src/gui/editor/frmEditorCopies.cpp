@@ -77,9 +77,10 @@ void frmEditor::keepTyped(clsScene& shown) {
   }
 }
 
-void frmEditor::restartCopies() {
+/// When it was due it stays due: whoever saves every half minute has copies too.
+void frmEditor::restartCopies(int dueMs) {
   typedSinceCopy_ = false;
-  TimerBackup.start(kNextCopyMs);
+  TimerBackup.start(dueMs > 0 ? dueMs : kNextCopyMs);
 }
 
 void frmEditor::AutoBackup(clsScene& shown, const QByteArray& rtf) {

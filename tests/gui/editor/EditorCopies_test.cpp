@@ -212,6 +212,16 @@ TEST_F(EditorCopies, FilesAtIntervalsComeAtTheFirstCheckAndThenAfterSoManyRunsOf
   EXPECT_EQ(words(copy(u"RTF_00001_Scene_1_12.09pm.rtf"_s)), u"one two threexxxxxxxx"_s);
 }
 
+TEST_F(EditorCopies, ASaveDoesNotPutOffTheNextOne) {
+  frmEditor* const editor = open();
+  auto& timer = control<QTimer>(*editor, "TimerBackup");
+  timer.start(30000);
+  type(*editor, u"x"_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_TRUE(timer.isActive());
+  EXPECT_LT(timer.remainingTime(), 45000) << "as coarse as timers are";
+}
+
 TEST_F(EditorCopies, TheSettingsAreReadAtEachCheck) {
   setTime(9, 0);
   frmEditor* const editor = open();
