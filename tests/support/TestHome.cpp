@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
+#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
@@ -48,4 +49,13 @@ QString sharedFolder() {
     }
   }
   return {};
+}
+
+QString makeNovel(const QString& folder, const QString& novel, const QStringList& options) {
+  const QString shared = sharedFolder();
+  QProcess python;
+  python.start(
+      u"python3"_s,
+      QStringList{shared + u"/tools/make_project.py"_s, shared + u"/novels/"_s + novel + u".txt"_s, folder} + options);
+  return python.waitForFinished(120000) && python.exitCode() == 0 ? folder + u'/' + novel + u".qn4"_s : QString();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 /// Before anything else in a test program: a temporary home and program folder, a fixed locale, and the log
@@ -28,3 +29,5 @@ class ScratchFolder {
 
 /// The folder of the shared test material (novels, rich-text files, tools), or empty where it is absent.
 QString sharedFolder();
+/// Makes a project of one of the novels there in a folder. The path of its file; empty when that failed.
+QString makeNovel(const QString& folder, const QString& novel, const QStringList& options = {});

@@ -9,7 +9,6 @@
 #include "support/TestHome.h"
 
 #include <QDir>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 #include <utility>
@@ -18,15 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString makeNovel(const QString& folder, const QString& novel, const QStringList& options) {
-  const QString shared = sharedFolder();
-  QProcess python;
-  python.start(
-      u"python3"_s,
-      QStringList{shared + u"/tools/make_project.py"_s, shared + u"/novels/"_s + novel + u".txt"_s, folder} + options);
-  return python.waitForFinished(120000) && python.exitCode() == 0 ? folder + u'/' + novel + u".qn4"_s : QString();
-}
 
 /// The lines of a project file without the cached counts.
 QByteArrayList withoutCounts(const QByteArray& text) {

@@ -14,7 +14,6 @@
 
 #include <QAction>
 #include <QLocale>
-#include <QProcess>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -137,16 +136,11 @@ TEST_F(EndToEndTest, AnEditInASmallProjectComesBack) {
 }
 
 TEST_F(EndToEndTest, AnEditInANovelComesBack) {
-  const QString shared = sharedFolder();
-  if (shared.isEmpty()) {
+  if (sharedFolder().isEmpty()) {
     GTEST_SKIP() << "the shared novels are not here";
   }
-  QProcess python;
-  python.start(u"python3"_s, {shared + u"/tools/make_project.py"_s, shared + u"/novels/pride-and-prejudice.txt"_s,
-                              folder.path(u"book"_s)});
-  ASSERT_TRUE(python.waitForFinished(120000));
-  ASSERT_EQ(python.exitCode(), 0);
-  const QString project = folder.path(u"book/pride-and-prejudice.qn4"_s);
+  const QString project = makeNovel(folder.path(u"book"_s), u"pride-and-prejudice"_s);
+  ASSERT_FALSE(project.isEmpty());
   startWith(project);
   ASSERT_EQ(list("ListChapters").rowCount(), 61);
   qint32 running = 0;

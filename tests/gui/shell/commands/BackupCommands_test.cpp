@@ -6,7 +6,6 @@
 #include "support/ModalHelper.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -71,23 +70,6 @@ TEST_F(BackupCommandsTest, VerifyTellsWhatIsWholeAndWhatIsNot) {
   toolkit.expectBox(u" can't be read: "_s);
   trigger("mnuVerifyBackup");
   EXPECT_FALSE(toolkit.askedWhileHeld);
-}
-
-TEST_F(BackupCommandsTest, AWholeNovelIsPackedSoThatOthersCanReadIt) {
-  const QString shared = sharedFolder();
-  if (shared.isEmpty()) {
-    GTEST_SKIP() << "the shared novels are not here";
-  }
-  QProcess python;
-  python.start(u"python3"_s, {shared + u"/tools/make_project.py"_s, shared + u"/novels/war-and-peace.txt"_s,
-                              folder.path(u"novel"_s)});
-  ASSERT_TRUE(python.waitForFinished(120000));
-  window().LoadProject(folder.path(u"novel/war-and-peace.qn4"_s), false);
-  toolkit.expectBox(u"complete."_s);
-  trigger("mnuBackupProject");
-  const QString packed = g_Project->TodaysBackupFolder() + u"war-and-peace_complete.zip"_s;
-  EXPECT_TRUE(othersCanRead(packed));
-  EXPECT_EQ(membersOf(packed).size(), 2 + g_Project->SceneCount());
 }
 
 TEST_F(BackupCommandsTest, HowCopiesAreMadeIsSettledHereToo) {
