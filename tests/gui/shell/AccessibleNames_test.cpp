@@ -13,6 +13,7 @@
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/shell/windows/frmEditProject.h"
+#include "gui/shell/windows/frmGlobalReplace.h"
 #include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/shell/windows/frmProblemWords.h"
 #include "gui/shell/windows/frmProjectWizard.h"
@@ -84,6 +85,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmBackupViewer backups(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
   const frmProblemWords problems(&window());
+  const frmGlobalReplace replacing(&window());
   const frmProjectWizard wizard(&window());
   const SheetSubject subject{EntityKind::Item, 1, nullptr};
   const frmEditChapter chapter(subject);
