@@ -2,6 +2,7 @@
 
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
+#include "core/model/SaveSeries.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/frmRTFHidden.h"
@@ -67,6 +68,7 @@ GlobalReplace::Outcome GlobalReplace::run() const {
   frmRTFHidden worker;
   // The book isn't busy before the first save has asked what there is to ask of a book that hasn't been saved yet.
   std::optional<LongWork> work;
+  std::optional<SaveSeries> series;
   // By position: what is yielded to may change the list.
   for (qint32 i = 1; i <= g_Project->SceneCount(); ++i) {
     if (work && work->stopWanted()) {
@@ -83,6 +85,7 @@ GlobalReplace::Outcome GlobalReplace::run() const {
       break;
     }
     if (!work && outcome.scenes > 0) {
+      series.emplace();
       work.emplace(*g_Project, u"Replacing"_s, true, LongWork::Stop::Offered);
     }
     if (work) {
