@@ -43,6 +43,7 @@ frmPickChapters::frmPickChapters(QWidget* parent) : QDialog(parent) {
   createControls();
   buildLayout();
   connectSignals();
+  adjustSize();
   restoreWindow(kBlock, *this);
 }
 

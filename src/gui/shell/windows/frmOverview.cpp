@@ -29,9 +29,8 @@ frmOverview::frmOverview(QWidget* parent)
   setObjectName(u"frmOverview"_s);
   setWindowTitle(u"Project Overview"_s);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  // There is nothing to print with.
   cmdPrint->setEnabled(false);
-  cmdPrint->setToolTip(u"not in this version yet"_s);
+  cmdPrint->setToolTip(u"Printing is not in this version yet."_s);
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::reject);
 
   const int side = Twips::toPixels(kBeside / 2);

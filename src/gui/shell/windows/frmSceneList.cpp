@@ -69,7 +69,7 @@ constexpr std::array kColumns{
     ColumnLook{u"Status", {}, Qt::AlignLeft, u"2nd Edit"},
     ColumnLook{u"A", u"Action or reaction", Qt::AlignHCenter, u"A"},
     ColumnLook{u"Wds", u"Words", Qt::AlignRight, u"8,888"},
-    ColumnLook{u"D", u"Day", Qt::AlignRight, u"888"},
+    ColumnLook{u"D", u"Day", Qt::AlignRight, u"8888"},
     ColumnLook{u"H", u"Hour", Qt::AlignRight, u"88"},
     ColumnLook{u"M", u"Minute", Qt::AlignRight, u"88"},
     ColumnLook{u"VP", u"Viewpoint", Qt::AlignLeft, u"Mrs. Bennet"},

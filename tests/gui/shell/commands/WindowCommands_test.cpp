@@ -139,7 +139,7 @@ TEST_F(SceneListTest, TakesUpWhatBecomesOfScenesAndChapters) {
   EXPECT_EQ(list("ListScenes").rowCount(), 1) << "the main window follows too";
 }
 
-TEST_F(SceneListTest, OpensAndRefusesNothingElse) {
+TEST_F(SceneListTest, OpensASceneByDoubleClickAndByEnter) {
   doubleClick(scenes(), 3);
   ASSERT_NE(editor(), nullptr);
   EXPECT_TRUE(sceneAt(4)->EditingScene());
