@@ -9,6 +9,7 @@
 #include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
+#include "gui/shell/commands/WindowCommands.h"
 #include "gui/shell/main/frmMain.h"
 
 void addCommands(frmMain& main) {
@@ -21,4 +22,5 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<BackupCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
+  main.addCommands(std::make_unique<WindowCommands>(main));
 }
