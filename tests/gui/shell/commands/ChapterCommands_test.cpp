@@ -1,5 +1,6 @@
 // The commands that make, edit, mark and remove chapters.
 
+#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -63,6 +64,66 @@ TEST_F(ChapterCommandsTest, ANewChapterIsSavedAndSelected) {
   editing(u"Another"_s, Qt::Key_Escape, [this] { trigger("mnuFileNew"); });
   EXPECT_EQ(g_Project->ChapterCount(), 4);
   EXPECT_FALSE(window().ProjectChanged);
+}
+
+TEST_F(ChapterCommandsTest, ManyNewChaptersGoOnBehindTheHighestNumberThatATitleEndsIn) {
+  const QString tooMany = u"Please specify 100 chapters or less"_s;
+  // The first has nothing in front of its number.
+  const QStringList before{u"99"_s, u" Chapter 7  "_s, u"Chapter 12.9"_s};
+  struct Case {
+    QString answer;
+    QStringList made;
+    QString said;
+  };
+  const Case cases[] = {{u""_s, {}, {}},
+                        {u"two"_s, {}, u"No chapter was created: \"two\" is no number"_s},
+                        {u"-1"_s, {}, {}},
+                        {u"2.5"_s, {u"Chapter 13"_s, u"Chapter 14"_s}, u"Chapters 13 to 14 were created"_s},
+                        {u" 1 "_s, {u"Chapter 13"_s}, u"Chapter 13 was created"_s},
+                        {u"101"_s, {}, {}},
+                        {u"40000"_s, {}, {}}};
+  for (const Case& told : cases) {
+    SCOPED_TRACE(told.answer.toStdString());
+    while (g_Project->ChapterCount() > 3) {
+      g_Project->Chapters.RemoveChapterByIndex(4);
+    }
+    for (qint32 i = 1; i <= 3; ++i) {
+      chapterAt(i)->Title = before[i - 1];
+    }
+    toolkit.expectFile(told.answer);
+    if (told.answer.toDouble() > 100) {
+      toolkit.expectBox(tooMany);
+    }
+    trigger("mnuCreateChapters");
+    EXPECT_EQ(titles(), before + told.made);
+    if (!told.said.isEmpty()) {
+      EXPECT_EQ(panel("numberfiles"), told.said);
+      EXPECT_EQ(fileBytes(path).contains("Chapter%2013</Title>"), !told.made.isEmpty());
+    }
+  }
+  toolkit.expectFile(u"100"_s);
+  trigger("mnuCreateChapters");
+  EXPECT_EQ(cell("ListChapters", 102, 0), u"Chapter 112"_s);
+  Logging().WriteActionsToLog();
+  EXPECT_TRUE(logText().contains(u"Type mismatch"));
+}
+
+TEST_F(ChapterCommandsTest, RenumberingLeavesOtherTitlesAloneAndTheLogKeepsTheOldOnes) {
+  chapterAt(1)->Title = u"Prologue"_s;
+  chapterAt(2)->Title = u"Chapter 5"_s;
+  chapterAt(3)->Title = u"The chapter of lies"_s;
+  window().ProjectChanged = true;
+  trigger("mnuRenumber");
+  EXPECT_EQ(titles(), QStringList({u"Prologue"_s, u"Chapter 1"_s, u"Chapter 2"_s}));
+  EXPECT_EQ(cell("ListChapters", 2, 0), u"Chapter 2"_s);
+  EXPECT_TRUE(fileBytes(path).contains("<Title>Chapter%202</Title>"));
+  EXPECT_FALSE(window().ProjectChanged);
+  EXPECT_TRUE(logText().contains(u"Renamed chapter The chapter of lies to Chapter 2"));
+  // What has no place is a change still.
+  chapterAt(2)->Title = u"Chapter 5"_s;
+  g_Project->FileWithPath.clear();
+  trigger("mnuRenumber");
+  EXPECT_TRUE(window().ProjectChanged);
 }
 
 TEST_F(ChapterCommandsTest, AnEditedChapterIsShownAnewWhicheverWayItWasOpened) {
