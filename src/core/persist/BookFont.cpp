@@ -11,7 +11,6 @@
 #include "core/persist/DiskConflicts.h"
 #include "core/persist/OlderCopy.h"
 #include "core/persist/SceneFile.h"
-#include "core/text/Rtf.h"
 #include "core/text/frmRTFHidden.h"
 
 #include <vector>
@@ -138,6 +137,7 @@ void BookFont::change(clsScene& scene, Outcome& outcome) const {
               namesOf(losses).join(u", "_s)));
     }
     outcome.reduced.append(nameOf(scene));
+    outcome.losses |= losses;
   }
   frmRTFHidden worker;
   worker.SetText(text);

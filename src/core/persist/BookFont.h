@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/Rtf.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -19,8 +21,10 @@ class BookFont {
     qint32 done = 0;
     /// Titles of the scenes whose texts stay as they are because they weren't read when the book was opened.
     QStringList unread;
-    /// Titles of those of whose texts something could not be kept. The files as they were are with the day's backups.
+    /// Titles of those of whose texts something could not be kept, and what. The files as they were are with the day's
+    /// backups.
     QStringList reduced;
+    RtfLosses losses;
     /// Where it failed, and why. That text is as it was.
     QString failedAt;
     QString cause;

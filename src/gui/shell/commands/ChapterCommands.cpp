@@ -125,8 +125,9 @@ void ChapterCommands::createChapters(qint32 count) {
   main_.ProjectChanged = true;
   main_.session().saveChange();
   main_.RefreshAll();
-  main_.showMessage(count == 1 ? u"Chapter %1 was created"_s.arg(highest + 1)
-                               : u"Chapters %1 to %2 were created"_s.arg(highest + 1).arg(highest + count));
+  main_.showMessage(
+      count == 1 ? u"Chapter %1 was created at the end of the book"_s.arg(highest + 1)
+                 : u"Chapters %1 to %2 were created at the end of the book"_s.arg(highest + 1).arg(highest + count));
 }
 
 void ChapterCommands::mnuEditChapter_Click() {
@@ -162,8 +163,7 @@ void ChapterCommands::mnuRenumber_Click() {
   }
   main_.RefreshAll();
   g_Project->UpdateCombosInEditorWindows();
-  main_.showMessage(renamed == 1 ? u"1 chapter has another title now"_s
-                                 : u"%L1 chapters have another title now"_s.arg(renamed));
+  main_.showMessage(u"Chapters with another title: %L1. The log holds the old ones."_s.arg(renamed));
 }
 
 // Scenes that were marked by hand lose their mark.

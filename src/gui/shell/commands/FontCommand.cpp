@@ -51,16 +51,17 @@ QStringList remarksOn(const BookFont::Outcome& outcome) {
                    quoted(outcome.unread));
   }
   if (!outcome.reduced.isEmpty()) {
-    remarks.append(u"Not all that the text of %1 held could be kept. The files as they were are in %2:"_s.arg(
-                       howMany(outcome.reduced.size()), g_Project->TodaysBackupFolder()) +
-                   quoted(outcome.reduced));
+    remarks.append(
+        u"The text of %1 held what could not be kept: %2. The files as they were are in %3:"_s.arg(
+            howMany(outcome.reduced.size()), namesOf(outcome.losses).join(u", "_s), g_Project->TodaysBackupFolder()) +
+        quoted(outcome.reduced));
   }
   return remarks;
 }
 
 BookFont::Outcome setEverywhere(const DefaultFont& font) {
   LongWork work(*g_Project, u"Setting the font"_s, g_Project->SceneCount() > kScenesInAMoment, LongWork::Stop::Offered);
-  const QString what = u"Setting the font in %L1 scenes, done: "_s.arg(g_Project->SceneCount());
+  const QString what = u"Setting the font in %1 scenes, done: "_s.arg(g_Project->SceneCount());
   return BookFont(font.name, font.points).apply([&](qint32 done) {
     work.setCaption(what, done);
     return !work.stopWanted();

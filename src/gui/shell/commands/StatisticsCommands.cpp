@@ -80,6 +80,7 @@ void StatisticsCommands::mnuWordsPerCharacter_Click() {
     return;
   }
   std::optional<clsHashTable> table;
+  const qint32 before = g_Project->Wordcount(false);
   {
     const LongWork work(*g_Project, u"Counting words"_s, g_Project->SceneCount() > kScenesInAMoment,
                         LongWork::Stop::Offered);
@@ -90,6 +91,10 @@ void StatisticsCommands::mnuWordsPerCharacter_Click() {
       }
       return scene.Wordcount();
     });
+  }
+  if (g_Project->Wordcount(false) != before) {
+    // The project file told other counts than the texts have.
+    main_.RefreshAll();
   }
   if (table) {
     tellShares(*table, g_Project->Wordcount(false));

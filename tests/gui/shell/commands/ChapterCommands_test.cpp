@@ -75,13 +75,14 @@ TEST_F(ChapterCommandsTest, ManyNewChaptersGoOnBehindTheHighestNumberThatATitleE
     QStringList made;
     QString said;
   };
-  const Case cases[] = {{u""_s, {}, {}},
-                        {u"two"_s, {}, u"No chapter was created: \"two\" is no number"_s},
-                        {u"-1"_s, {}, {}},
-                        {u"2.5"_s, {u"Chapter 13"_s, u"Chapter 14"_s}, u"Chapters 13 to 14 were created"_s},
-                        {u" 1 "_s, {u"Chapter 13"_s}, u"Chapter 13 was created"_s},
-                        {u"101"_s, {}, {}},
-                        {u"40000"_s, {}, {}}};
+  const Case cases[] = {
+      {u""_s, {}, {}},
+      {u"two"_s, {}, u"No chapter was created: \"two\" is no number"_s},
+      {u"-1"_s, {}, {}},
+      {u"2.5"_s, {u"Chapter 13"_s, u"Chapter 14"_s}, u"Chapters 13 to 14 were created at the end of the book"_s},
+      {u" 1 "_s, {u"Chapter 13"_s}, u"Chapter 13 was created at the end of the book"_s},
+      {u"101"_s, {}, {}},
+      {u"40000"_s, {}, {}}};
   for (const Case& told : cases) {
     SCOPED_TRACE(told.answer.toStdString());
     while (g_Project->ChapterCount() > 3) {

@@ -133,7 +133,7 @@ TEST_F(FontCommandTest, WhatCannotBeKeptIsCopiedFirst) {
       "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\header\\pard head\\par}\\pard\\f0\\fs20 one two three\\par}";
   sceneAt(1)->setTextRTF(table);
   window().SaveProject(false);
-  toolkit.expectBox(u"Not all that the text of 1 scene held could be kept"_s);
+  toolkit.expectBox(u"The text of 1 scene held what could not be kept: "_s);
   setFont();
   EXPECT_TRUE(toolkit.boxes.last().endsWith(u"Arrival 1"));
   EXPECT_EQ(inNewFont().size(), 5);
