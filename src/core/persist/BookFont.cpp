@@ -1,5 +1,6 @@
 #include "core/persist/BookFont.h"
 
+#include "core/infra/BusyPointer.h"
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/RuntimeError.h"
@@ -69,6 +70,7 @@ bool BookFont::mayBegin() {
   if (!OlderCopy(*g_Project).mayWriteTexts()) {
     return false;
   }
+  const BusyPointer pointer;
   DiskConflicts conflicts(*g_Project);
   for (const auto& scene : g_Project->Scenes) {
     if (!scene->TextUnread()) {

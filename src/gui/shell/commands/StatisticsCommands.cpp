@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// As many are counted before a window about it could be read.
-constexpr qint32 kScenesInAMoment = 300;
+constexpr qint32 kScenesInAMoment = 3000;
 
 bool isUnused(const clsScene& scene) {
   return scene.Unused || g_Project->ChapterByID(scene.BelongsToChID)->Unused;

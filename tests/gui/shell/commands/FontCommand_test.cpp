@@ -135,7 +135,7 @@ TEST_F(FontCommandTest, WhatCannotBeKeptIsCopiedFirst) {
   window().SaveProject(false);
   toolkit.expectBox(u"The text of 1 scene held what could not be kept: "_s);
   setFont();
-  EXPECT_TRUE(toolkit.boxes.last().endsWith(u"Arrival 1"));
+  EXPECT_TRUE(toolkit.boxes.join(u' ').endsWith(u"Arrival 1"));
   EXPECT_EQ(inNewFont().size(), 5);
   const QString copies = g_Project->TodaysBackupFolder();
   const QMap<QString, QByteArray> kept = filesBelow(copies);
