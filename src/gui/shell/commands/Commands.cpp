@@ -3,6 +3,7 @@
 #include "gui/shell/commands/BackupCommands.h"
 #include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ChapterCommands.h"
+#include "gui/shell/commands/FontCommand.h"
 #include "gui/shell/commands/NewProjectCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
 #include "gui/shell/commands/SceneCommands.h"
@@ -19,6 +20,7 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<CastCommands>(main));
   main.addCommands(std::make_unique<ChapterCommands>(main));
   main.addCommands(std::make_unique<SceneCommands>(main));
+  main.addCommands(std::make_unique<FontCommand>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<BackupCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
