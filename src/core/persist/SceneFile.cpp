@@ -69,9 +69,9 @@ void logUnsaved(const QString& path) {
 // What a window saves by itself: there is somebody to ask.
 void clsScene::SaveRTF(bool force) {
   SceneFile file(*this);
-  countsHeld_ = false;
   saveFailure_.clear();
   if (!g_Project->HasPlace()) {
+    countsHeld_ = false;
     RescueFolder(*g_Project).keep(*this);
     return;
   }
