@@ -26,6 +26,15 @@ namespace {
 
 constexpr auto kModule = "frmMain";
 
+/// The dialog has the keyboard while its hits are looked at: many desktops all but hide a selection then.
+void showSelectionAsActive(QWidget& widget) {
+  QPalette palette = widget.palette();
+  for (const auto role : {QPalette::Highlight, QPalette::HighlightedText}) {
+    palette.setBrush(QPalette::Inactive, role, palette.brush(QPalette::Active, role));
+  }
+  widget.setPalette(palette);
+}
+
 }  // namespace
 
 void BookSearch::makeDialog() {
@@ -187,5 +196,6 @@ RichTextBox& BookSearch::select(const StorySearch::Hit& hit) {
   const qsizetype from = shown.positionOfRead(hit.position);
   body.select(from, shown.positionOfRead(hit.position + hit.length - 1) + 1 - from);
   body.ensureCursorVisible();
+  showSelectionAsActive(body);
   return body;
 }

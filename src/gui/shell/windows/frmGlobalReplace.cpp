@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -112,9 +113,19 @@ QGridLayout* frmGlobalReplace::buildFields() {
   return fields;
 }
 
+QHBoxLayout* frmGlobalReplace::buildNote() {
+  auto* sign = makeLabel(u"lblSign"_s, {}, this);
+  const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+  sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(size));
+  auto* note = new QHBoxLayout;
+  note->addWidget(sign);
+  note->addWidget(makeWrappedLabel(u"lblNote"_s, u"EXAMPLE: Replacing Cal with Bal will also turn Calf into Balf"_s,
+                                   kLetters, this),
+                  1);
+  return note;
+}
+
 void frmGlobalReplace::buildLayout() {
-  auto* note = makeWrappedLabel(u"lblNote"_s, u"EXAMPLE: Replacing Cal with Bal will also turn Calf into Balf"_s,
-                                kLetters, this);
   lblResult = makeWrappedLabel(u"lblResult"_s,
                                u"The texts of all scenes are searched. A complete backup of the book is made before."_s,
                                kLetters, this);
@@ -124,7 +135,7 @@ void frmGlobalReplace::buildLayout() {
   buttons->addWidget(cmdExit);
   auto* column = new QVBoxLayout(this);
   column->addLayout(buildFields());
-  column->addWidget(note);
+  column->addLayout(buildNote());
   column->addWidget(lblResult, 1);
   column->addLayout(buttons);
 }

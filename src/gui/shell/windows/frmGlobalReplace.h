@@ -9,6 +9,7 @@
 
 class QCheckBox;
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -34,6 +35,7 @@ class frmGlobalReplace : public QDialog {
   void createControls();
   void buildLayout();
   QGridLayout* buildFields();
+  QHBoxLayout* buildNote();
   void connectSignals();
   void chkCaseSensitive_Click();
   void cmdOK_Click();
