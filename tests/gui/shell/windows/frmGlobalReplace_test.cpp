@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -67,6 +68,7 @@ TEST_F(GlobalReplaceTest, EverySceneIsChangedInItsFormatsBehindABackupAndItsRowF
   EXPECT_EQ(sceneAt(1)->Title + sceneAt(1)->DescText, u"Cal 1cal and Cal"_s) << "only where the case is minded";
   EXPECT_TRUE(membersOf(archive(u"_complete.zip"_s)).value(u"RTF/RTF_00001.rtf"_s).contains("{\\b Cal} saw"));
   EXPECT_TRUE(result(form).startsWith(u"4 scenes were changed.\n"_s));
+  QMetaObject::invokeMethod(&control<QTimer>("TimerScanScenes"), "timeout");
   EXPECT_EQ(control<RichTextBox>("txtBody").Text(), kBefore) << "the scan rests while the window is open";
   // A second one doesn't write over the backup of the first.
   replace(form, u"Long "_s, {}, u"Replaced 16 occurrences"_s);
