@@ -7,6 +7,7 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedDateSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/BackupsProject.h"
@@ -62,7 +63,7 @@ void rememberSeen(const QList<YoungerCopy>& found) {
 QString offerOf(const QList<YoungerCopy>& found) {
   QStringList scenes;
   for (const YoungerCopy& copy : found) {
-    const QString title = copy.scene->Title.trimmed().isEmpty() ? u"(no title)"_s : copy.scene->Title;
+    const QString title = calledScene(copy.scene->Title);
     scenes.append(title + u" (copy of "_s + Dates().ShortFormatDateTime(copy.copy.Date) + u')');
   }
   return u"The newest backup copy of these scenes is younger than what was saved of them and holds other words:\n"_s +
