@@ -23,8 +23,8 @@ EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
   add<StatusTab>(u'u');
   add<GoalsTab>(u'G');
   add<TimeTab>(u'm');
-  add<NotesTab>();
-  connect(add<CharactersTab>(), &CharactersTab::castWanted, this, &EditorTabStrip::castWanted);
+  add<NotesTab>(u'N');
+  connect(add<CharactersTab>(u'a'), &CharactersTab::castWanted, this, &EditorTabStrip::castWanted);
   viewpoint_ = add<ViewpointTab>(u'l');
   overview_ = add<OverviewTab>(u'w');
   // Arrow keys on the bar reach all tabs, so the buttons that scroll it needn't be stopped at.
@@ -39,10 +39,7 @@ template <class Tab>
 Tab* EditorTabStrip::add(QChar key) {
   auto* const tab = new Tab(this);
   QString marked = tab->caption();
-  if (!key.isNull()) {
-    marked.insert(marked.indexOf(key), u'&');
-  }
-  const int index = addTab(tab, marked);
+  const int index = addTab(tab, marked.insert(marked.indexOf(key), u'&'));
   setTabToolTip(index, tab->stripTip());
   tab->setObjectName(u"Frame(%1)"_s.arg(index));
   connect(tab, &EditorTab::changed, this, &EditorTabStrip::changed);
