@@ -31,8 +31,17 @@ EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
   for (QToolButton* const button : tabBar()->findChildren<QToolButton*>()) {
     button->setFocusPolicy(Qt::NoFocus);
   }
+  tabBar()->installEventFilter(this);
   connect(description_, &DescriptionTab::titleChanged, this, &EditorTabStrip::titleChanged);
   connect(this, &QTabWidget::currentChanged, this, &EditorTabStrip::mirror);
+}
+
+/// The keyboard goes where its key leads, and the next Tab into the first field.
+bool EditorTabStrip::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Shortcut) {
+    tabBar()->setFocus(Qt::ShortcutFocusReason);
+  }
+  return QTabWidget::eventFilter(watched, event);
 }
 
 template <class Tab>

@@ -37,6 +37,9 @@ class EditorTabStrip : public QTabWidget {
   void characterWanted(qint32 id);
   void castWanted(const QList<qint32>& ids, bool inScene);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   /// The key is a letter of its caption that is free in the window.
   template <class Tab>
