@@ -14,6 +14,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QHash>
 #include <QInputDialog>
 #include <QLabel>
@@ -21,6 +22,9 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTranslator>
 #include <QUrl>
 
@@ -116,6 +120,22 @@ void prepare(const FileDialog& dialog, const FileQuestion& question) {
   }
 }
 
+/// A list that would lead out of the screen scrolls: the buttons stay in reach.
+void letScroll(QMessageBox& box) {
+  auto* const label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+  auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+  const int most = box.screen()->availableGeometry().height() * 2 / 3;
+  if (label == nullptr || grid == nullptr || label->sizeHint().height() <= most) {
+    return;
+  }
+  auto* const area = new QScrollArea(&box);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setMinimumSize(label->sizeHint().width() + area->verticalScrollBar()->sizeHint().width(), most);
+  delete grid->replaceWidget(label, area);
+  area->setWidget(label);
+}
+
 void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture, const QString& text) {
   box->setIcon(picture);
   box->setWindowTitle(u"Quillane"_s);
@@ -123,6 +143,7 @@ void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture
   box->setTextFormat(Qt::PlainText);
   box->setText(text);
   box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  letScroll(*box.operator->());
 }
 
 /// Marks the first letter of a word that isn't taken yet.
