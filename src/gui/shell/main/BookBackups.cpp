@@ -15,6 +15,7 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/StatusPanels.h"
 #include "gui/shell/main/frmMain.h"
+#include "gui/shell/windows/BackupCopies.h"
 #include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/ListView.h"
@@ -62,11 +63,14 @@ void rememberSeen(const QList<YoungerCopy>& found) {
 QString offerOf(const QList<YoungerCopy>& found) {
   QStringList scenes;
   for (const YoungerCopy& copy : found) {
-    const QString title = copy.scene->Title.trimmed().isEmpty() ? u"(no title)"_s : copy.scene->Title;
-    scenes.append(title + u" (copy of "_s + Dates().ShortFormatDateTime(copy.copy.Date) + u')');
+    scenes.append(titleInCopies(*copy.scene) + u" (copy of "_s + Dates().ShortFormatDateTime(copy.copy.Date) + u')');
   }
-  return u"The newest backup copy of these scenes is younger than what was saved of them and holds other words:\n"_s +
-         firstOf(scenes).join(u'\n') + u"\n\nDo you want to look at the copies?"_s;
+  const QString list = u":\n"_s + firstOf(scenes).join(u'\n') + u"\n\n"_s;
+  return found.size() == 1
+             ? u"The newest backup copy of this scene is younger than what was saved of it and holds other words"_s +
+                   list + u"Do you want to look at the copy?"_s
+             : u"The newest backup copies of these scenes are younger than what was saved of them and hold other words"_s +
+                   list + u"Do you want to look at the copies?"_s;
 }
 
 }  // namespace

@@ -28,8 +28,17 @@ void sortByScene(std::vector<BackupCopy>& copies) {
 
 }  // namespace
 
+// Members of an archive are the scenes' own files.
+bool BackupCopy::isOriginal() const {
+  return archive.isEmpty() && name.contains(u"_Original"_s, Qt::CaseInsensitive);
+}
+
 RestoredFile BackupCopy::read() const {
   return archive.isEmpty() ? readBackupCopy(path) : restoreFromBackup(archive, name);
+}
+
+QString titleInCopies(const clsScene& scene) {
+  return scene.Title.trimmed().isEmpty() ? u"Untitled scene"_s : scene.Title;
 }
 
 BackupCopies BackupCopies::inFolder(const QString& folder) {

@@ -87,6 +87,15 @@ TEST_F(BackupViewer, ShowsDaysCopiesAndTextsByKeysAlone) {
   EXPECT_FALSE(window().ProjectChanged);
 }
 
+TEST_F(BackupViewer, ARowTellsAnOriginalFromTheOtherCopies) {
+  sceneAt(1)->Title.clear();
+  writeCopy(u"RTF_00001_Original.rtf"_s, simpleRtf("as it was"), -60, kDay);
+  openViewer();
+  chooseDay(u"2026-11-20"_s);
+  EXPECT_EQ(cell("ListView1", 0, 0), u"Original: Untitled scene"_s);
+  EXPECT_EQ(cell("ListView1", 1, 0), u"Untitled scene"_s);
+}
+
 TEST_F(BackupViewer, ACopyBecomesANewSceneBehindItsOwn) {
   const QByteArray was = sceneAt(1)->TextRTF();
   openViewer();
