@@ -60,17 +60,26 @@ void rememberSeen(const QList<YoungerCopy>& found) {
   Settings().SaveSettings(g_SettingsFile);
 }
 
+/// Of one scene there may be a copy of its text and one of its plan; those of new scenes are of one each.
+bool areOfOneScene(const QList<YoungerCopy>& found) {
+  return std::all_of(found.begin(), found.end(), [&](const YoungerCopy& copy) {
+    return copy.scene == found.first().scene && (copy.scene || found.size() == 1);
+  });
+}
+
 QString offerOf(const QList<YoungerCopy>& found) {
   QStringList scenes;
   for (const YoungerCopy& copy : found) {
-    scenes.append(titleInCopies(*copy.scene) + u" (copy of "_s + Dates().ShortFormatDateTime(copy.copy.Date) + u')');
+    const QString what = copy.isOfPlan ? u"copy of its title, description, goals and notes, "_s : u"copy of "_s;
+    scenes.append(titleInCopies(copy.scene.get()) + u" ("_s + what + Dates().ShortFormatDateTime(copy.copy.Date) +
+                  u')');
   }
-  const QString list = u":\n"_s + firstOf(scenes).join(u'\n') + u"\n\n"_s;
-  return found.size() == 1
-             ? u"The newest backup copy of this scene is younger than what was saved of it and holds other words"_s +
-                   list + u"Do you want to look at the copy?"_s
-             : u"The newest backup copies of these scenes are younger than what was saved of them and hold other words"_s +
-                   list + u"Do you want to look at the copies?"_s;
+  const bool isOne = found.size() == 1;
+  const bool ofOne = areOfOneScene(found);
+  return u"The newest backup %1 of %2 %3 younger than what was saved of %4 and %5 other words:\n"_s.arg(
+             isOne ? u"copy"_s : u"copies"_s, ofOne ? u"this scene"_s : u"these scenes"_s, isOne ? u"is"_s : u"are"_s,
+             ofOne ? u"it"_s : u"them"_s, isOne ? u"holds"_s : u"hold"_s) +
+         firstOf(scenes).join(u'\n') + u"\n\nDo you want to look at the %1?"_s.arg(isOne ? u"copy"_s : u"copies"_s);
 }
 
 }  // namespace

@@ -231,11 +231,8 @@ void frmBackupViewer::showFolder() {
 }
 
 ListRow frmBackupViewer::rowOf(const BackupCopy& copy) const {
-  const auto scene = sceneOf(copy);
-  const QString title = scene ? titleInCopies(*scene) : u"(not in the book now)"_s;
-  return {{copy.isOriginal() ? u"Original: "_s + title : title, Dates().ShortFormatDateTime(copy.date),
-           copy.name.section(u'/', -1)},
-          scene ? "scene" : "file"};
+  return {{copy.title(), Dates().ShortFormatDateTime(copy.date), copy.name.section(u'/', -1)},
+          sceneOf(copy) ? "scene" : "file"};
 }
 
 const BackupCopy* frmBackupViewer::chosen() const {

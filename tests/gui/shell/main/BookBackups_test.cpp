@@ -83,8 +83,9 @@ TEST_F(BookBackupsTest, AFailureIsToldUntilABackupWorks) {
 TEST_F(BookBackupsTest, AYoungerCopyWithOtherWordsIsOfferedOnce) {
   const QString copy = writeCopy(u"RTF_00001_Scene_1.rtf"_s, simpleRtf("typed and never saved"), 5);
   writeCopy(u"RTF_00002_Scene_2.rtf"_s, simpleRtf("four five"), 5);
+  writeCopy(u"RTF_00001_Scene_1_Plan.rtf"_s, simpleRtf("planned and never saved"), 5);
   toolkit.expectBox(
-      u"backup copy of this scene is younger than what was saved of it and holds other words:\nArrival 1"_s,
+      u"backup copies of this scene are younger than what was saved of it and hold other words:\nArrival 1"_s,
       Answer::No);
   startWith(project_);
   ASSERT_TRUE(soon([this] { return !toolkit.boxes.isEmpty(); }));
@@ -118,7 +119,9 @@ TEST_F(BookBackupsTest, NoBoxComesInTheWayOfAnEditor) {
   sceneAt(2)->Edit();
   ASSERT_TRUE(archiveComes());
   EXPECT_EQ(toolkit.boxes.size(), 0);
-  toolkit.expectBox(u"Arrival 1 (copy of "_s, Answer::No);
+  toolkit.expectBox(
+      u"backup copy of this scene is younger than what was saved of it and holds other words:\nArrival 1 (copy of "_s,
+      Answer::No);
   g_Project->CloseEditorWindows();
   EXPECT_TRUE(soon([this] { return toolkit.boxes.size() == 1; }));
 }
