@@ -99,8 +99,8 @@ TEST_F(BackupViewer, ARowTellsWhatACopyIsOf) {
     titles.append(cell("ListView1", row, 0));
   }
   EXPECT_EQ(titles, (QStringList{u"Original: Untitled scene"_s, u"Untitled scene"_s, u"Plan: Untitled scene"_s,
-                                 u"Untitled scene"_s, u"Arrival 3"_s, u"(not in the book now)"_s,
-                                 u"A new scene that was never saved"_s}));
+                                 u"Untitled scene"_s, u"Departure 1"_s, u"A new scene that was never saved"_s,
+                                 u"(not in the book now)"_s}));
 }
 
 TEST_F(BackupViewer, ACopyBecomesANewSceneBehindItsOwn) {
