@@ -3,6 +3,7 @@
 #include "gui/sheets/frmEditChapter.h"
 #include "gui/sheets/frmEditCharacter.h"
 #include "gui/sheets/frmEditThing.h"
+#include "gui/sheets/frmList.h"
 #include "gui/toolkit/OverActiveWindow.h"
 
 namespace {
@@ -34,6 +35,13 @@ void bringForward(EntityKind kind, qint32 id) {
   }
 }
 
+void manage(int type, qint32 id) {
+  const OverActiveWindow<frmList> form;
+  form->SetupFor(type, true);
+  form->selectID(id);
+  form.accepted();
+}
+
 }  // namespace
 
 void registerSheets() {
@@ -42,6 +50,7 @@ void registerSheets() {
   dialogs.character = &edited<frmEditCharacter, CharacterDetails, qint32>;
   dialogs.thing = &edited<frmEditThing, ThingDetails>;
   dialogs.bringForward = &bringForward;
+  dialogs.list = &manage;
 }
 
 bool keepTypedOnSheets() {

@@ -51,10 +51,11 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
   const QString path = smallProject();
   startWith(path);
   for (const char* command :
-       {"mnuLoadProj", "mnuRecent(1)", "mnuSaveProj", "mnuCloseProject", "mnuNewProj", "mnuProjectGen",
-        "mnuWordUsageCount", "mnuLostAndFound", "mnuBackupProject", "mnuVerifyBackup", "mnuAutobackups", "mnuSettings",
-        "mnuFileNew", "mnuEditChapter", "mnuMarkChaptersUnused", "mnuRemoveChapter", "mnuAddScene", "mnuStatus(0)",
-        "mnuRemoveScene"}) {
+       {"mnuLoadProj",      "mnuRecent(1)",      "mnuSaveProj",       "mnuCloseProject",        "mnuNewProj",
+        "mnuProjectGen",    "mnuWordUsageCount", "mnuLostAndFound",   "mnuBackupProject",       "mnuVerifyBackup",
+        "mnuAutobackups",   "mnuSettings",       "mnuFileNew",        "mnuEditChapter",         "mnuMarkChaptersUnused",
+        "mnuRemoveChapter", "mnuAddScene",       "mnuStatus(0)",      "mnuRemoveScene",         "mnuEditChar",
+        "mnuAddLocation",   "mnuAddItem",        "mnuAddCharToScene", "mnuAddLocToCurrentScene"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;
