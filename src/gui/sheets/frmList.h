@@ -45,6 +45,8 @@ class frmList : public QDialog {
   void changeEvent(QEvent* event) override;
 
  private:
+  static constexpr int kName = 0;
+
   void createControls();
   void buildLayout();
   void connectSignals();
