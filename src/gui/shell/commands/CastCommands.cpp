@@ -4,6 +4,9 @@
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
 #include "core/model/StoryCast.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/sheets/frmList.h"
@@ -44,6 +47,20 @@ void add(clsScene& scene, CastKind kind, qint32 id) {
   }
 }
 
+/// The book's characters, locations and items, whole.
+QByteArray castOf(const clsProject& book) {
+  QByteArray told;
+  const auto tell = [&told](const auto& all) {
+    for (const auto& entity : all) {
+      entity->DataAsXML(told);
+    }
+  };
+  tell(book.Chars);
+  tell(book.Locations);
+  tell(book.Items);
+  return told;
+}
+
 }  // namespace
 
 CastCommands::CastCommands(frmMain& main) : main_(main) {
@@ -60,8 +77,8 @@ void CastCommands::bind(MenuBindings& menu) {
     });
   };
   bindTo("mnuEditChar", [this] { manage([](clsProject& book) { book.AddEditCharacters(0); }); });
-  bindTo("mnuAddLocation", [this] { manage([](clsProject& book) { book.AddEditLocations(); }); });
-  bindTo("mnuAddItem", [this] { manage([](clsProject& book) { book.AddEditItems(); }); });
+  bindTo("mnuAddLocation", [this] { manageAndSave([](clsProject& book) { book.AddEditLocations(); }); });
+  bindTo("mnuAddItem", [this] { manageAndSave([](clsProject& book) { book.AddEditItems(); }); });
   for (const char* const entry : {"mnuAddCharToScene", "mnuAddChar"}) {
     bindTo(entry, [this] { addToSelectedScene(CastKind::Character, kListCharacters); });
   }
@@ -92,9 +109,26 @@ void CastCommands::joinLists() {
   }
 }
 
+// Whoever has only looked has nothing to save.
 void CastCommands::manage(void (*open)(clsProject&)) {
+  const bool wasUnsaved = main_.ProjectChanged.isUnsaved();
+  const QByteArray before = castOf(*g_Project);
   open(*g_Project);
   showCast();
+  if (!wasUnsaved && castOf(*g_Project) == before) {
+    main_.ProjectChanged.setWritten();
+    main_.showTitle();
+  }
+}
+
+// The window of these saves the book as it goes.
+void CastCommands::manageAndSave(void (*open)(clsProject&)) {
+  open(*g_Project);
+  showCast();
+  if (g_Project->HasPlace() && !g_Project->HoldsUnsaved()) {
+    main_.ProjectChanged.setWritten();
+    main_.showTitle();
+  }
 }
 
 /// What the book's cast has become, in rows, display and editors.

@@ -206,6 +206,22 @@ TEST_F(CastCommandsTest, TheWindowOfEachKindOpensAndWhatIsDoneThereIsShown) {
   EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs{2});
 }
 
+TEST_F(CastCommandsTest, WhoOnlyLooksHasNothingToSave) {
+  const auto nothing = [](const frmList&) {};
+  for (const char* const entry : {"mnuEditChar", "mnuAddLocation", "mnuAddItem"}) {
+    inList(entry, true, nothing);
+    EXPECT_TRUE(window().ProjectChanged);
+    EXPECT_FALSE(window().isWindowModified()) << entry;
+  }
+  inList("mnuEditChar", true, [](frmList& form) {
+    form.selectID(3);
+    QTest::keyClick(&childOf<ListView>(form, u"ListItems"_s), Qt::Key_Up, Qt::AltModifier);
+  });
+  EXPECT_TRUE(window().isWindowModified());
+  inList("mnuEditChar", true, nothing);
+  EXPECT_TRUE(window().isWindowModified()) << "it isn't saved yet";
+}
+
 TEST_F(CastCommandsTest, ChosenCharactersComeIntoTheSceneAndTheFirstNarratesOneWithoutAViewpoint) {
   select("ListScenes", {2});
   inList("mnuAddCharToScene", true, [](frmList& form) {
