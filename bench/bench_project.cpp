@@ -8,11 +8,14 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "core/persist/BookFont.h"
+#include "core/text/Rtf.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <vector>
 
@@ -125,6 +128,50 @@ void composeText(benchmark::State& state, const QString& project) {
   Files().EraseFile(elsewhere);
 }
 
+/// A copy of a project in a folder of its own; its project file.
+QString copyOf(const QString& project, const QTemporaryDir& folder) {
+  const QString copy = folder.filePath(Files().FileOnly(project));
+  Files().CopyFile(project, copy);
+  Files().CopyFolder(Files().PathOnly(project) + u"RTF"_s, folder.filePath(u"RTF"_s));
+  return copy;
+}
+
+/// Another font for every text, beside reading, changing and writing the same ones in a loop that waits for the disk.
+void setFont(benchmark::State& state, const QString& project) {
+  const QTemporaryDir here;
+  const QTemporaryDir there;
+  const QString name = copyOf(project, here);
+  QStringList files = filesOf(copyOf(project, there));
+  files.removeIf([](const QString& file) { return !file.endsWith(u".rtf"); });
+  freshProject();
+  g_Project->Load(name, false);
+  int turn = 0;
+  QString font;
+  comparePaired(
+      state, [&] { font = ++turn % 2 == 0 ? u"Arial"_s : u"Georgia"_s; },
+      [&] {
+        for (const QString& file : files) {
+          QByteArray bytes;
+          Files().LoadTextFile(file, bytes);
+          RichText text = readRtf(bytes);
+          text.formatCharacters(0, -1, [&](CharFormat& format) {
+            format.fontName = font;
+            format.halfPoints = 24;
+          });
+          writeFile(file, writeRtf(text), true);
+        }
+      },
+      [] {},
+      [&] {
+        const bool mayBegin = BookFont::mayBegin();
+        const BookFont::Outcome outcome = BookFont(font, 12).apply([](qint32) { return true; });
+        if (!mayBegin || outcome.done != files.size()) {
+          state.SkipWithError("the font could not be set");
+        }
+      });
+  freshProject();
+}
+
 void add(const char* name, void (*measured)(benchmark::State&, const QString&), const QString& project) {
   benchmark::RegisterBenchmark((std::string(name) + '/' + Files().FileOnly(project).toStdString()).c_str(),
                                [=](benchmark::State& state) { measured(state, project); })
@@ -145,6 +192,7 @@ int main(int argc, char** argv) {
     add("Save", save, project);
     add("SaveMirrored", saveMirrored, project);
     add("SaveTextOnly", composeText, project);
+    add("SetFont", setFont, project);
   }
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -16,6 +16,7 @@
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/frmMain.h"
+#include "gui/shell/windows/frmSceneList.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "support/TestHome.h"
 
@@ -158,8 +159,12 @@ void heldKey(benchmark::State& state, Shown& shown) {
   shown.settle();
 }
 
+ChangePoller& pollerOf(const QWidget& window, const QString& timer) {
+  return dynamic_cast<ChangePoller&>(*window.findChild<QTimer*>(timer)->parent());
+}
+
 ChangePoller& scanOf(const frmMain& main) {
-  return dynamic_cast<ChangePoller&>(*main.findChild<QTimer*>(u"TimerScanScenes"_s)->parent());
+  return pollerOf(main, u"TimerScanScenes"_s);
 }
 
 /// Nothing has changed. In the half second before, other work has had the processor's caches.
@@ -202,6 +207,63 @@ void drop(benchmark::State& state, Shown& shown) {
         refreshPainted(shown);
         scanOf(shown.main).poll();
       });
+}
+
+/// The window of all scenes.
+struct ShownSceneList {
+  explicit ShownSceneList(const Shown& shown) : form(&shown.main), rows(*form.findChild<ListView*>(u"ListView1"_s)) {
+    form.show();
+    pollerOf(form, u"Timer1"_s).stop();
+    shown.settle();
+  }
+
+  frmSceneList form;
+  ListView& rows;
+};
+
+void sceneList(benchmark::State& state, Shown& shown) {
+  ShownSceneList list(shown);
+  const std::vector<PlainRow> rows = rowsOf(list.rows);
+  PlainList plain(list.rows);
+  plain.show();
+  comparePaired(
+      state,
+      [&] {
+        plain.clear();
+        shown.settle();
+      },
+      [&] {
+        const Painted painted({plain.viewport()});
+        plain.fill(rows);
+        painted.wait();
+      },
+      [&] {
+        list.form.clear();
+        shown.settle();
+      },
+      [&] {
+        const Painted painted({list.rows.viewport()});
+        list.form.UpdateItem();
+        painted.wait();
+      });
+}
+
+/// One of its ticks: 0 when nothing has changed, 1 when one scene has that is seen, 2 when all have.
+void sceneListTick(benchmark::State& state, Shown& shown) {
+  ShownSceneList list(shown);
+  ChangePoller& poller = pollerOf(list.form, u"Timer1"_s);
+  const QList<qint32> all = list.rows.rows().tags();
+  const QList<qint32> changed = state.range(0) == 2 ? all : all.mid(1, state.range(0));
+  for (auto turn : state) {
+    for (const qint32 id : changed) {
+      g_SceneChanges.MarkUpdated(id);
+    }
+    const Painted painted(changed.isEmpty() ? QList<QWidget*>() : QList<QWidget*>{list.rows.viewport()});
+    state.SetIterationTime(secondsOf([&] {
+      poller.poll();
+      painted.wait();
+    }));
+  }
 }
 
 /// What the rows of the two lists take, ours and Qt's.
@@ -271,6 +333,8 @@ void addAll(Shown& shown) {
   add("Tick", tick, shown)->UseManualTime()->Iterations(500);
   add("TickAfterAChange", tickAfterAChange, shown);
   add("Drop", drop, shown)->UseManualTime()->MinTime(2);
+  add("SceneList", sceneList, shown)->UseManualTime()->MinTime(2);
+  add("SceneListTick", sceneListTick, shown)->ArgName("changed")->DenseRange(0, 2)->UseManualTime()->MinTime(1);
   add("Memory", memory, shown)->Iterations(1);
   add("FlatBook", flatBook, shown)->Iterations(5);
 }

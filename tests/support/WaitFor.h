@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QTest>
 #include <QWidget>
 
@@ -14,6 +15,8 @@ bool waitFor(const Condition& holds) {
 
 /// Only the active window hears keys and shortcuts.
 inline bool waitUntilActive(QWidget& window) {
+  // Another window may be on its way to be the active one.
+  QCoreApplication::processEvents();
   window.activateWindow();
   return QTest::qWaitForWindowActive(&window, kPatience);
 }

@@ -5,34 +5,42 @@
 #include <tuple>
 
 SceneBefore::SceneBefore(const clsScene& scene)
-    : title_(scene.Title),
-      descText_(scene.DescText),
-      goal_(scene.Goal),
-      conflict_(scene.Conflict),
-      outcome_(scene.Outcome),
-      notes_(scene.Notes),
-      time_{scene.Day, scene.Hour, scene.Minute, scene.LastsDays, scene.LastsHours, scene.LastsMinutes},
-      field_(scene.field_),
-      status_(scene.Status),
-      reactionScene_(scene.ReactionScene),
-      subPlot_(scene.SubPlot),
-      viewpointID_(scene.ViewPointID()),
-      textRTF_(scene.textRTF_),
-      rtfChanged_(scene.rtfChanged_) {}
+    : plan_(planOf(scene)), textRTF_(scene.textRTF_), rtfChanged_(scene.rtfChanged_) {}
+
+SceneBefore::Plan SceneBefore::planOf(const clsScene& scene) {
+  return {
+      .Title = scene.Title,
+      .DescText = scene.DescText,
+      .Goal = scene.Goal,
+      .Conflict = scene.Conflict,
+      .Outcome = scene.Outcome,
+      .Notes = scene.Notes,
+      .time = {scene.Day, scene.Hour, scene.Minute, scene.LastsDays, scene.LastsHours, scene.LastsMinutes},
+      .field = scene.field_,
+      .Status = scene.Status,
+      .ReactionScene = scene.ReactionScene,
+      .SubPlot = scene.SubPlot,
+      .viewpointID = scene.ViewPointID(),
+  };
+}
+
+bool SceneBefore::planDiffers(const clsScene& scene) const {
+  return planOf(scene) != plan_;
+}
 
 void SceneBefore::giveBack(clsScene& scene) const {
-  scene.Title = title_;
-  scene.DescText = descText_;
-  scene.Goal = goal_;
-  scene.Conflict = conflict_;
-  scene.Outcome = outcome_;
-  scene.Notes = notes_;
+  scene.Title = plan_.Title;
+  scene.DescText = plan_.DescText;
+  scene.Goal = plan_.Goal;
+  scene.Conflict = plan_.Conflict;
+  scene.Outcome = plan_.Outcome;
+  scene.Notes = plan_.Notes;
   std::tie(scene.Day, scene.Hour, scene.Minute, scene.LastsDays, scene.LastsHours, scene.LastsMinutes) =
-      std::tuple_cat(time_);
-  scene.field_ = field_;
-  scene.Status = status_;
-  scene.ReactionScene = reactionScene_;
-  scene.SubPlot = subPlot_;
+      std::tuple_cat(plan_.time);
+  scene.field_ = plan_.field;
+  scene.Status = plan_.Status;
+  scene.ReactionScene = plan_.ReactionScene;
+  scene.SubPlot = plan_.SubPlot;
   giveBackViewpoint(scene);
   scene.countsHeld_ = false;
   if (scene.textRTF_ == textRTF_) {
@@ -46,11 +54,11 @@ void SceneBefore::giveBack(clsScene& scene) const {
 
 void SceneBefore::giveBackViewpoint(clsScene& scene) const {
   const qint32 now = scene.ViewPointID();
-  if (now == viewpointID_) {
+  if (now == plan_.viewpointID) {
     return;
   }
   // Who is in the scene is saved apart, and stays.
-  if (scene.CharIDs().contains(viewpointID_)) {
-    scene.ChangeViewpointByID(viewpointID_);
+  if (scene.CharIDs().contains(plan_.viewpointID)) {
+    scene.ChangeViewpointByID(plan_.viewpointID);
   }
 }

@@ -14,24 +14,33 @@ class SceneBefore {
   explicit SceneBefore(const clsScene& scene);
 
   const QByteArray& TextRTF() const { return textRTF_; }
+  /// True when the scene differs in what stands in the project file, the text left out.
+  bool planDiffers(const clsScene& scene) const;
   void giveBack(clsScene& scene) const;
 
  private:
+  struct Plan {
+    QString Title;
+    QString DescText;
+    QString Goal;
+    QString Conflict;
+    QString Outcome;
+    QString Notes;
+    std::array<qint16, 6> time;
+    std::array<qint16, 6> field;
+    qint16 Status;
+    bool ReactionScene;
+    bool SubPlot;
+    qint32 viewpointID;
+
+    bool operator==(const Plan&) const = default;
+  };
+  static Plan planOf(const clsScene& scene);
+
   /// Where another one has taken its place meanwhile.
   void giveBackViewpoint(clsScene& scene) const;
 
-  QString title_;
-  QString descText_;
-  QString goal_;
-  QString conflict_;
-  QString outcome_;
-  QString notes_;
-  std::array<qint16, 6> time_;
-  std::array<qint16, 6> field_{};
-  qint16 status_;
-  bool reactionScene_;
-  bool subPlot_;
-  qint32 viewpointID_;
+  Plan plan_;
   QByteArray textRTF_;
   bool rtfChanged_;
 };

@@ -82,7 +82,7 @@ bool backUpScene(clsScene& scene) {
   }
   return Guard("backUpScene", "Backups")([&] {
     const QString path = SceneCopy::nameOf(scene) + u".rtf"_s;
-    SceneCopy::putAside(scene, path, scene.TextRTF());
+    SceneCopy::putAside(path, scene.TextRTF(), SceneCopy::textSaved(scene));
     SceneCopy::write(path, scene.TextRTF());
   });
 }

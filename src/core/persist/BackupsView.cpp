@@ -8,6 +8,9 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/SceneCopy.h"
+#include "core/text/InlineObject.h"
+#include "core/text/RichText.h"
 #include "core/text/Rtf.h"
 
 #include <QDate>
@@ -45,26 +48,48 @@ QString sourceOf(const QString& copy) {
   return end < 0 ? key : key.first(end);
 }
 
-/// The scenes that have a file, with the newest copy that is younger than that so far.
+bool isOfPlan(const QString& copy) {
+  return keyOf(copy).contains(SceneCopy::kPlan, Qt::CaseInsensitive);
+}
+
+/// Notes in the text too.
+QString wordsOf(const RichText& text) {
+  QString words = text.text();
+  for (qsizetype i = 0; i < text.runCount(); ++i) {
+    const auto& object = text.run(i).format->object;
+    words += object && object->content ? u'\n' + wordsOf(*object->content) : QString();
+  }
+  return words;
+}
+
+/// The newest copy for each scene so far that is younger than what was saved.
 class YoungerCopies {
  public:
-  explicit YoungerCopies(const clsProject& project) : project_(project) {
+  explicit YoungerCopies(const clsProject& project)
+      : project_(project), planSaved_(Files().FileDate(project.FileWithPath)) {
     for (const auto& scene : project.Scenes) {
       if (!scene->RTFFilename().isEmpty()) {
-        newest_.insert(keyOf(scene->RTFFilename()), {scene, {{}, {}, 0, Files().FileDate(scene->RTFFileWithPath())}});
+        const QString key = keyOf(scene->RTFFilename());
+        texts_.insert(key, {scene, {{}, {}, 0, Files().FileDate(scene->RTFFileWithPath())}});
+        plans_.insert(key, {scene, {{}, {}, 0, planSaved_}, true});
       }
     }
   }
 
-  /// A folder for each day: of days before a scene was saved nothing is looked at but the names, for there may be years
-  /// of them.
+  /// A folder for each day: of days before something was saved nothing is looked at but the names, for there may be
+  /// years of them.
   void lookInto(const QString& folder) {
     const QDate day = QDate::fromString(folder, Qt::ISODate);
     const QString path = Files().AddSlashIfMissing(Files().Combine(backupsOf(project_), folder));
     for (const QString& name : day.isValid() ? namesWith(path, ".rtf") : QStringList()) {
-      const auto found = name.contains(kOriginal) ? newest_.end() : newest_.find(sourceOf(name));
-      if (found != newest_.end() && (!found->copy.Date.isValid() || day >= found->copy.Date.date())) {
-        take(*found, {name, path + name, Files().FileSize(path + name), Files().FileDate(path + name)});
+      if (SceneCopy::isOfUnsaved(name)) {
+        lookAtUnsaved(name, path, day);
+        continue;
+      }
+      auto& newest = isOfPlan(name) ? plans_ : texts_;
+      const auto found = name.contains(kOriginal) ? newest.end() : newest.find(sourceOf(name));
+      if (found != newest.end() && mayBeYounger(day, found->copy.Date)) {
+        take(*found, fileAt(name, path));
       }
     }
   }
@@ -72,30 +97,57 @@ class YoungerCopies {
   QList<YoungerCopy> result() const {
     QList<YoungerCopy> copies;
     for (const auto& scene : project_.Scenes) {
-      const YoungerCopy found = newest_.value(keyOf(scene->RTFFilename()));
-      if (found.scene == scene && !found.copy.Path.isEmpty() && hasOtherWords(found)) {
-        copies.append(found);
+      const QString key = keyOf(scene->RTFFilename());
+      for (const YoungerCopy& found : {texts_.value(key), plans_.value(key)}) {
+        if (found.scene == scene && !found.copy.Path.isEmpty() && hasOtherWords(found)) {
+          copies.append(found);
+        }
       }
     }
-    return copies;
+    return copies + unsaved_;
   }
 
  private:
+  static bool mayBeYounger(const QDate& day, const QDateTime& saved) { return !saved.isValid() || day >= saved.date(); }
+
+  static FileObject fileAt(const QString& name, const QString& path) {
+    return {name, path + name, Files().FileSize(path + name), Files().FileDate(path + name)};
+  }
+
   static void take(YoungerCopy& newest, const FileObject& copy) {
     if (copy.Date.isValid() && (!newest.copy.Date.isValid() || copy.Date > newest.copy.Date)) {
       newest.copy = copy;
     }
   }
 
+  // A project that was saved since names the scene, if it was still there.
+  void lookAtUnsaved(const QString& name, const QString& path, const QDate& day) {
+    if (mayBeYounger(day, planSaved_)) {
+      const FileObject copy = fileAt(name, path);
+      if (copy.Size > 0 && copy.Date.isValid() && (!planSaved_.isValid() || copy.Date > planSaved_)) {
+        unsaved_.append({nullptr, copy, isOfPlan(name)});
+      }
+    }
+  }
+
   /// The colours of names and misspellings come and go without a save.
   static bool hasOtherWords(const YoungerCopy& found) {
     QByteArray text;
-    return Files().LoadTextFile(found.copy.Path, text) && text != found.scene->TextRTF() &&
-           rtfToPlainText(text) != found.scene->ConvertedToBodyText();
+    if (!Files().LoadTextFile(found.copy.Path, text)) {
+      return false;
+    }
+    if (found.isOfPlan) {
+      return rtfToPlainText(text) != RichText::fromPlain(SceneCopy::planOf(*found.scene)).text();
+    }
+    const QByteArray saved = found.scene->TextRTF();
+    return text != saved && wordsOf(readRtf(text)) != wordsOf(readRtf(saved));
   }
 
   const clsProject& project_;
-  QHash<QString, YoungerCopy> newest_;
+  const QDateTime planSaved_;
+  QHash<QString, YoungerCopy> texts_;
+  QHash<QString, YoungerCopy> plans_;
+  QList<YoungerCopy> unsaved_;
 };
 
 }  // namespace

@@ -40,14 +40,18 @@ class CopySources {
 /// The same for one copy.
 std::shared_ptr<clsScene> sceneOfCopy(const clsProject& project, const QString& name);
 
-/// The newest copy of a scene's text that is younger than its file.
+/// What was typed and never reached the book.
 struct YoungerCopy {
+  /// Null for one that was never saved.
   std::shared_ptr<clsScene> scene;
   FileObject copy;
+  /// Of title, description, goals and notes, not of the text.
+  bool isOfPlan = false;
 };
 
-/// Those whose words differ from the scene's, in the order of the scenes: what was typed and never reached the scene's
-/// file. Copies that were kept of a text that was to be replaced are passed over.
+/// The newest copies of texts that are younger than the scene's file, and of plans that are younger than the project
+/// file, where they hold other words, in the order of the scenes; then those of scenes that were never saved. Copies
+/// that were kept of a text that was to be replaced are passed over.
 QList<YoungerCopy> youngerCopies(const clsProject& project);
 
 /// Erases a file below the folder of backups, and no other, wherever links lead. False, and logged, when it is still

@@ -9,15 +9,55 @@
 #include "core/model/clsScene.h"
 
 #include <QFileInfo>
+#include <QStringList>
+
+#include <initializer_list>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace SceneCopy {
 
+namespace {
+
+QDateTime whenWritten(const QString& path) {
+  const QFileInfo file(path);
+  return file.isFile() ? file.lastModified() : QDateTime();
+}
+
+}  // namespace
+
 QString nameOf(clsScene& scene) {
   const qint32 place = g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID());
   return g_Project->TodaysBackupFolder() + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s +
          QString::number(place);
+}
+
+QString planOf(const clsScene& scene) {
+  const std::initializer_list<std::pair<QString, QString>> parts = {
+      {u"Title"_s, scene.Title},       {u"Description"_s, scene.DescText}, {u"Goal"_s, scene.Goal},
+      {u"Conflict"_s, scene.Conflict}, {u"Outcome"_s, scene.Outcome},      {u"Notes"_s, scene.Notes},
+  };
+  QStringList filled;
+  for (const auto& [caption, words] : parts) {
+    if (!words.trimmed().isEmpty()) {
+      filled.append(caption + u'\n' + words);
+    }
+  }
+  return filled.join(u"\n\n"_s);
+}
+
+bool isOfUnsaved(const QString& path) {
+  return Files().FileOnly(path).startsWith(u"_Scene_"_s, Qt::CaseInsensitive);
+}
+
+// The path of a scene without a name is the folder's.
+QDateTime textSaved(const clsScene& scene) {
+  return scene.RTFFilename().isEmpty() ? QDateTime() : whenWritten(scene.RTFFileWithPath());
+}
+
+QDateTime planSaved() {
+  return whenWritten(g_Project->FileWithPath);
 }
 
 void write(const QString& path, const QByteArray& rtf) {
@@ -29,11 +69,10 @@ void write(const QString& path, const QByteArray& rtf) {
   Files().ReplaceFile(path, rtf);
 }
 
-void putAside(clsScene& scene, const QString& path, const QByteArray& newText) {
+void putAside(const QString& path, const QByteArray& newText, const QDateTime& saved) {
   const QFileInfo old(path);
-  const QFileInfo file(scene.RTFFilename().isEmpty() ? QString() : scene.RTFFileWithPath());
   // Of a scene without a file it may be all that is left of one that was never saved.
-  if (!old.isFile() || old.size() == 0 || (file.isFile() && old.lastModified() <= file.lastModified())) {
+  if (!old.isFile() || old.size() == 0 || (saved.isValid() && old.lastModified() <= saved)) {
     return;
   }
   QByteArray text;

@@ -73,9 +73,9 @@ void flushRTFFolder() {
 // What a window saves by itself: there is somebody to ask.
 void clsScene::SaveRTF(bool force) {
   SceneFile file(*this);
-  countsHeld_ = false;
   saveFailure_.clear();
   if (!g_Project->HasPlace()) {
+    countsHeld_ = false;
     RescueFolder(*g_Project).keep(*this);
     return;
   }

@@ -12,6 +12,8 @@
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/Icons.h"
 
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTabBar>
 #include <QToolButton>
 
@@ -85,6 +87,15 @@ void EditorTabStrip::DisplayCharacter(qint32 id) {
 
 QString EditorTabStrip::Title() const {
   return description_->Title();
+}
+
+void EditorTabStrip::lock() {
+  for (auto* const line : findChildren<QLineEdit*>()) {
+    line->setReadOnly(true);
+  }
+  for (auto* const memo : findChildren<QPlainTextEdit*>()) {
+    memo->setReadOnly(true);
+  }
 }
 
 void EditorTabStrip::takeTitle(const QString& title) {

@@ -27,6 +27,8 @@ class EditorTabStrip : public QTabWidget {
   void DisplayCharacter(qint32 id);
   /// The title as it is typed.
   QString Title() const;
+  /// What is there can be read and copied alone.
+  void lock();
   /// As if the user had typed it in the place of what is there.
   void takeTitle(const QString& title);
   void takeDescription(const QString& text);

@@ -2,17 +2,35 @@
 
 #include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/clsScene.h"
 #include "core/persist/SceneCopy.h"
+#include "core/text/Rtf.h"
 #include "gui/editor/EditorSettings.h"
+
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
-void SceneCopies::begin() {
+namespace {
+
+/// The file keeps its name when the other one is taken.
+void rename(QString& path, const QString& name) {
+  if (!path.isEmpty() && SceneCopy::isOfUnsaved(path) && !QFileInfo::exists(name) && Files().MoveFile(path, name)) {
+    path = name;
+  }
+}
+
+}  // namespace
+
+void SceneCopies::begin(const clsScene& scene) {
   LastBackupText.clear();
   isInFile_ = false;
   BackupTicks = 0;
   BackupNow = true;
   ownFile_.clear();
+  LastBackupPlan_ = SceneCopy::planOf(scene);
+  ownPlanFile_.clear();
 }
 
 SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rtf) {
@@ -40,7 +58,7 @@ SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rt
 
 void SceneCopies::writeTo(const QString& path, clsScene& scene, const QByteArray& rtf) {
   if (path != ownFile_) {
-    SceneCopy::putAside(scene, path, rtf);
+    SceneCopy::putAside(path, rtf, SceneCopy::textSaved(scene));
   }
   SceneCopy::write(path, rtf);
   ownFile_ = path;
@@ -54,4 +72,29 @@ void SceneCopies::writeNext(clsScene& scene, const QByteArray& rtf) {
   writeTo(SceneCopy::nameOf(scene) + u'_' + Clock::now().toString(SceneCopy::kTime) + u".rtf"_s, scene, rtf);
   BackupTicks = 0;
   BackupNow = false;
+}
+
+SceneCopies::Check SceneCopies::copyPlan(clsScene& scene) {
+  const QString plan = SceneCopy::planOf(scene);
+  if (plan == LastBackupPlan_) {
+    return {};
+  }
+  const QString failure = Guard("AutoBackup", "frmEditor").causeOf([&] {
+    const QString path = SceneCopy::nameOf(scene) + SceneCopy::kPlan + u".rtf"_s;
+    const QByteArray rtf = writeRtf(RichText::fromPlain(plan));
+    if (path != ownPlanFile_) {
+      SceneCopy::putAside(path, rtf, SceneCopy::planSaved());
+    }
+    SceneCopy::write(path, rtf);
+    ownPlanFile_ = path;
+    LastBackupPlan_ = plan;
+  });
+  return {failure.isEmpty() ? Check::Result::Done : Check::Result::Failed, failure};
+}
+
+void SceneCopies::sceneSaved(clsScene& scene) {
+  if (!scene.RTFFilename().isEmpty()) {
+    rename(ownFile_, SceneCopy::nameOf(scene) + u".rtf"_s);
+    rename(ownPlanFile_, SceneCopy::nameOf(scene) + SceneCopy::kPlan + u".rtf"_s);
+  }
 }

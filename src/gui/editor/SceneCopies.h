@@ -9,8 +9,8 @@ class clsScene;
 /// or files at intervals with the time in their names. The settings are read at each check.
 class SceneCopies {
  public:
-  /// Another text is shown: the first check writes it in any case.
-  void begin();
+  /// Another scene or text is shown: the first check writes the text in any case.
+  void begin(const clsScene& scene);
   /// A run of the timer: files at intervals are due after so many.
   void countRun() { ++BackupTicks; }
 
@@ -22,6 +22,11 @@ class SceneCopies {
   };
   /// Sees to it that there is a copy of the text. What could not be written counts as never seen.
   Check AutoBackup(clsScene& scene, const QByteArray& rtf);
+  /// The same for what was typed into the scene's plan, beside the copy of the text; written over each time.
+  Check copyPlan(clsScene& scene);
+  /// A copy that was made before the scene had a file gets its name: what is left without one stands for a scene that
+  /// was never saved.
+  void sceneSaved(clsScene& scene);
 
  private:
   void writeTo(const QString& path, clsScene& scene, const QByteArray& rtf);
@@ -36,4 +41,6 @@ class SceneCopies {
   bool BackupNow = true;
   /// The file that is this editor's own to write over.
   QString ownFile_;
+  QString LastBackupPlan_;
+  QString ownPlanFile_;
 };

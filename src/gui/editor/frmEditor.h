@@ -140,8 +140,12 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void showChapterWordCount(qint32 wordsHere);
   /// False, and the user has been told, when there is no scene to save to any more.
   bool SaveChanges(bool spellCheck);
+  /// The text, to its file; the plan as well in memory.
+  bool writeChanges(clsScene& saved);
+  void savePlan();
   /// The same, and told, when the text could not be written to its file.
   bool saveWhole(bool spellCheck = false);
+  void showSaved();
   /// For the status bar.
   QString whereSaved() const;
   void keepWithoutBook();
@@ -214,6 +218,10 @@ class frmEditor : public QMainWindow, public SceneEditor {
   SceneCopies copies_;
   /// As the scene was when it was saved last, once the timer has put there what was typed.
   std::optional<SceneBefore> before_;
+  /// The text in the window is to be written although nobody edited it since: its file didn't take it.
+  bool textDue_ = false;
+  /// The scene's plan, or the scene itself, isn't in the project file yet.
+  bool planDue_ = false;
   /// Something changed that the timer hasn't taken up.
   bool typedSinceCopy_ = false;
   QTimer TimerLoadFonts;

@@ -28,6 +28,10 @@
 #include "gui/views/TextObjects.h"
 #include "gui/views/frmWordCount.h"
 
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QPointer>
+
 using namespace Qt::StringLiterals;
 
 // What passes between the window and its scene.
@@ -93,6 +97,7 @@ void frmEditor::loadMainText(const clsScene& from) {
   ResetFontColour(text, colours_.textColour());
   SetMainIndent(text);
   txtMain->setRichText(text);
+  textDue_ = false;
   history_->clear();
   tellLosses();
 }
@@ -122,7 +127,7 @@ void frmEditor::FormToData(clsScene& into) {
   viewpoint_->FormToData(into);
   TabStrip1->FormToData(into);
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
-  if (txtMain->isEdited() || isNew) {
+  if (txtMain->isEdited() || isNew || textDue_) {
     into.setTextRTF(textToSave());
   } else if (before_) {
     // What was typed was taken back.
@@ -192,6 +197,9 @@ void frmEditor::LetGo() {
   StatusBar1->setToolTip({});
   StatusBar1->setPanel(EditorStatusBar::chapterWords, {});
   StatusBar1->setPanel(EditorStatusBar::chapterTitle, {});
+  // No copy is made of what would be typed from now on.
+  txtMain->setLocked(true);
+  TabStrip1->lock();
 }
 
 void frmEditor::mnuTop20_Click() {
@@ -219,6 +227,7 @@ void frmEditor::showHint(const QString& text) {
 }
 
 bool frmEditor::SaveChanges(bool spellCheck) {
+  QGuiApplication::inputMethod()->commit();
   const auto saved = scene();
   if (!saved) {
     toolkit().MsgBox(
@@ -228,21 +237,16 @@ bool frmEditor::SaveChanges(bool spellCheck) {
   if (!keepOriginal(*saved, true)) {
     return false;
   }
-  FormToData(*saved);
-  txtMain->setUnedited();
-  before_.reset();
-  setDirty(false);
-  const QByteArray given = saved->TextRTF();
-  saved->Save(false, true);
-  // What came in while the save showed its progress or asked is in no file yet.
-  const bool changedMeanwhile = Dirty && saved->TextRTF() == given;
-  if (!saved->InScenes()) {
-    return false;  // it has gone while a question was up, and what it holds now is nobody's
+  // What a save asks and shows lets timers run.
+  const bool exits = TimerExit.isActive();
+  TimerExit.stop();
+  const QPointer<frmEditor> alive(this);
+  if (!writeChanges(*saved)) {
+    return false;
   }
-  if (saved->TextRTF() != given) {
-    // Another program had changed the file, and the user took that.
-    loadMainText(*saved);
-    copies_.begin();
+  savePlan();
+  if (!alive || !saved->InScenes()) {
+    return false;
   }
   LastEditorLeft = Twips::fromPixels(x());
   LastEditorTop = Twips::fromPixels(y());
@@ -251,19 +255,72 @@ bool frmEditor::SaveChanges(bool spellCheck) {
   spellCheck ? spelling_->SpellCheckEditor(false) : MarkCharacters();
   ShowSceneWordCount();
   TabStrip1->refresh(*saved);
+  showSaved();
+  if (exits) {
+    TimerExit.start();
+  }
+  return true;
+}
+
+/// False when the scene or this window has gone meanwhile: what it holds then is nobody's.
+bool frmEditor::writeChanges(clsScene& saved) {
+  const QPointer<frmEditor> alive(this);
+  if (!before_) {
+    before_.emplace(saved);
+  }
+  planDue_ = planDue_ || saved.RTFFilename().isEmpty();
+  FormToData(saved);
+  planDue_ = planDue_ || before_->planDiffers(saved);
+  txtMain->setUnedited();
+  setDirty(false);
+  const QByteArray given = saved.TextRTF();
+  saved.Save(false, true);
+  if (!alive || !saved.InScenes()) {
+    return false;
+  }
+  // What came in while the save showed its progress or asked is in no file yet.
+  const bool changedMeanwhile = Dirty && saved.TextRTF() == given;
+  if (saved.TextRTF() != given) {
+    // Another program had changed the file, and the user took that.
+    loadMainText(saved);
+    copies_.begin(saved);
+  }
+  // What could not be written stays due, and can be dropped. The texts of a book that has no place are kept by the book
+  // until it has one.
+  textDue_ = g_Project->HasPlace() && saved.RTFChanged();
+  if (!textDue_) {
+    before_.reset();
+    copies_.sceneSaved(saved);
+  }
   savedChanges_ = true;
   if (Changed) {
     Changed();
   }
-  // What could not be written stays due. The texts of a book that has no place are kept by the book until it has one.
-  setDirty(changedMeanwhile || (g_Project->HasPlace() && saved->RTFChanged()));
-  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"Not saved yet"_s : whereSaved());
+  setDirty(changedMeanwhile || textDue_);
   return true;
+}
+
+/// What a writer saves is to be on the disk: title, description and notes, and that the scene is there, stand in the
+/// project file alone.
+void frmEditor::savePlan() {
+  if (planDue_ && !textDue_ && g_Project->HasPlace() && !g_Project->IsBusy()) {
+    planDue_ = false;
+    const QPointer<frmEditor> alive(this);
+    const bool saved = g_Project->SaveQN4(false);
+    if (alive) {
+      planDue_ = !saved;
+    }
+  }
+}
+
+void frmEditor::showSaved() {
+  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"Not saved yet"_s : whereSaved());
 }
 
 QString frmEditor::whereSaved() const {
   if (g_Project->HasPlace()) {
-    return u"Saved: "_s + Clock::now().toString(u"HH:mm:ss"_s);
+    const QString time = Clock::now().toString(u"HH:mm:ss"_s);
+    return planDue_ ? u"Text saved, project file not: "_s + time : u"Saved: "_s + time;
   }
   const QString why = g_Project->ReadOnly() ? u"Read-only"_s : u"No file yet"_s;
   const RescueFolder rescue(*g_Project);
@@ -272,6 +329,7 @@ QString frmEditor::whereSaved() const {
 
 // Should the scene's own file not take it, there is one more.
 void frmEditor::SaveQuietly() {
+  QGuiApplication::inputMethod()->commit();
   objects_->takeOpenNote();
   if (!Dirty) {
     return;
@@ -286,7 +344,8 @@ void frmEditor::SaveQuietly() {
     keepWithoutBook();
     return;
   }
-  SaveChanges(false);
+  writeChanges(*saved);
+  showSaved();
   Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved); });
 }
 
@@ -320,6 +379,7 @@ bool frmEditor::saveWhole(bool spellCheck) {
 }
 
 bool frmEditor::AskIfSave() {
+  QGuiApplication::inputMethod()->commit();
   if (!Dirty) {
     return true;
   }
@@ -339,6 +399,9 @@ void frmEditor::ExitForm() {
   TimerWC.stop();
   TimerBackup.stop();
   leaving_ = true;
+  if (const auto shown = scene()) {
+    copies_.sceneSaved(*shown);
+  }
   find_->close();
   if (!Finished) {
     // Nobody is left to unload the window.

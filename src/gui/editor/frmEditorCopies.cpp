@@ -8,10 +8,12 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/RescueFolder.h"
+#include "core/text/Rtf.h"
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/PlainToolTip.h"
+#include "gui/views/TextObjects.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,7 +38,7 @@ void frmEditor::connectCopies() {
 }
 
 void frmEditor::beginCopies() {
-  copies_.begin();
+  copies_.begin(*g_Project->SceneByID(SceneID));
   before_.reset();
   showCopyPlace();
   TimerBackup.start(kFirstCopyMs);
@@ -87,9 +89,12 @@ void frmEditor::AutoBackup(clsScene& shown, const QByteArray& rtf) {
   if (!g_Project->HasPlace()) {
     return;
   }
-  const auto check = copies_.AutoBackup(shown, rtf);
-  if (check.result != SceneCopies::Check::Result::NothingNew) {
-    tellCopy(check.failure);
+  using Check = SceneCopies::Check;
+  const Check text =
+      copies_.AutoBackup(shown, objects_->holdsUnsaved() ? writeRtf(objects_->withOpenNote(cleanText())) : rtf);
+  const Check plan = copies_.copyPlan(shown);
+  if (text.result != Check::Result::NothingNew || plan.result != Check::Result::NothingNew) {
+    tellCopy(text.failure.isEmpty() ? plan.failure : text.failure);
   }
 }
 

@@ -14,12 +14,16 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -96,6 +100,22 @@ void prepare(const FileDialog& dialog, const FileQuestion& question) {
   }
 }
 
+/// A list that would lead out of the screen scrolls: the buttons stay in reach.
+void letScroll(QMessageBox& box) {
+  auto* const label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+  auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+  const int most = box.screen()->availableGeometry().height() * 2 / 3;
+  if (label == nullptr || grid == nullptr || label->sizeHint().height() <= most) {
+    return;
+  }
+  auto* const area = new QScrollArea(&box);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setMinimumSize(label->sizeHint().width() + area->verticalScrollBar()->sizeHint().width(), most);
+  delete grid->replaceWidget(label, area);
+  area->setWidget(label);
+}
+
 void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture, const QString& text) {
   box->setIcon(picture);
   box->setWindowTitle(u"Quillane"_s);
@@ -103,6 +123,7 @@ void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture
   box->setTextFormat(Qt::PlainText);
   box->setText(text);
   box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  letScroll(*box.operator->());
 }
 
 /// Marks the first letter of a word that isn't taken yet.

@@ -1,11 +1,20 @@
 #include "gui/toolkit/WindowSettings.h"
 
+#include "core/infra/Numbers.h"
 #include "gui/toolkit/Twips.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QScreen>
 #include <QTreeView>
 #include <QWidget>
+
+namespace {
+
+/// A point of the title bar, from the corner of a window.
+constexpr QPoint kGrip(60, 12);
+
+}  // namespace
 
 SettingsWindow::State WindowSettings::state() const {
   if (window_.isMinimized()) {
@@ -71,6 +80,26 @@ void storeWindow(const QString& name, QWidget& window) {
 void restoreWindow(const QString& name, QWidget& window) {
   WindowSettings form(window);
   Settings().ReadWindowSettings(name, form);
+}
+
+void storePlace(const QString& name, QWidget& window) {
+  if (WindowSettings(window).state() == SettingsWindow::State::Normal) {
+    Settings().sSet(name + QStringLiteral("WindowLeft"), Twips::fromPixels(window.x()));
+    Settings().sSet(name + QStringLiteral("WindowTop"), Twips::fromPixels(window.y()));
+  }
+}
+
+void restorePlace(const QString& name, QWidget& window) {
+  const auto left = Numbers::ToNumber(Settings().sGet(name + QStringLiteral("WindowLeft")));
+  const auto top = Numbers::ToNumber(Settings().sGet(name + QStringLiteral("WindowTop")));
+  if (!left || !top) {
+    return;
+  }
+  const QPoint place(Twips::toPixels(*left), Twips::toPixels(*top));
+  const QScreen* const there = QGuiApplication::screenAt(place + kGrip);
+  if (there != nullptr && there->availableGeometry().contains(place + kGrip)) {
+    window.move(place);
+  }
 }
 
 void storeColumns(const QString& name, QTreeView& list) {

@@ -42,9 +42,12 @@ class ColumnSettings : public SettingsColumns {
   QHeaderView& header_;
 };
 
-// The four together with the application's settings; the name goes in front of the keys. Of columns the order is kept
-// too.
+// These go with the application's settings; the name goes in front of the keys. Of columns the order is kept too.
 void storeWindow(const QString& name, QWidget& window);
 void restoreWindow(const QString& name, QWidget& window);
+/// Where a window stands, under the same name, for one that stays up beside others. It goes back there where its title
+/// bar can be taken hold of; else the desktop finds a place.
+void storePlace(const QString& name, QWidget& window);
+void restorePlace(const QString& name, QWidget& window);
 void storeColumns(const QString& name, QTreeView& list);
 void restoreColumns(const QString& name, QTreeView& list);

@@ -110,7 +110,7 @@ void NoteWindow::takeOpenNote() {
 }
 
 RichText NoteWindow::text() const {
-  RichText text = txtNote->namedRichText();
+  RichText text = objects_->withOpenNote(txtNote->namedRichText());
   text.formatCharacters(0, -1, [this](CharFormat& format) {
     if (format.colour) {
       format.colour = toldColours_.value(*format.colour, *format.colour);

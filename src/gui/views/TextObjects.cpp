@@ -63,11 +63,23 @@ bool TextObjects::take(const NoteWindow& window) {
   if (text_.objectAt(position_) != note_) {
     return false;
   }
-  InlineObject changed = *note_;
-  changed.content = std::make_shared<const RichText>(window.text());
-  note_ = std::make_shared<const InlineObject>(changed);
+  note_ = changedNote(window);
   text_.replaceObject(position_, note_);
   return true;
+}
+
+std::shared_ptr<const InlineObject> TextObjects::changedNote(const NoteWindow& window) const {
+  InlineObject changed = *note_;
+  changed.content = std::make_shared<const RichText>(window.text());
+  return std::make_shared<const InlineObject>(std::move(changed));
+}
+
+RichText TextObjects::withOpenNote(RichText text) const {
+  if (holdsUnsaved() && text_.objectAt(position_) == note_) {
+    const CharFormat format = text.charFormatAt(position_);
+    text.replace(position_, 1, RichText::fromObject(changedNote(*window_), format));
+  }
+  return text;
 }
 
 bool TextObjects::holdsUnsaved() const {

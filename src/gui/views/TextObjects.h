@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/text/InlineObject.h"
+#include "core/text/RichText.h"
 
 #include <QObject>
 #include <QPointer>
@@ -21,7 +22,9 @@ class TextObjects : public QObject {
 
   /// A note that is being written holds what the text doesn't yet.
   bool holdsUnsaved() const;
-  /// That goes into the text, without a question.
+  /// The same text with the note in it as it is being written; the text itself and the window stay as they are.
+  RichText withOpenNote(RichText text) const;
+  /// What the open note holds goes into the text, without a question.
   void takeOpenNote();
 
  private:
@@ -29,8 +32,9 @@ class TextObjects : public QObject {
   /// Only addresses of the web and of mail, and only after they were shown: a text from elsewhere can name any.
   void openLink(const QString& address);
 
-  /// False, and the user has been told, when the note has left the text.
+  /// False when the note has left the text.
   bool take(const NoteWindow& window);
+  std::shared_ptr<const InlineObject> changedNote(const NoteWindow& window) const;
 
   RichTextBox& text_;
   QPointer<NoteWindow> window_;

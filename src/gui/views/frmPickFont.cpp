@@ -116,8 +116,11 @@ void frmPickFont::showSample() {
   lblSample->setFont(font);
 }
 
-std::optional<DefaultFont> frmPickFont::pick() {
+std::optional<DefaultFont> frmPickFont::pick(const QString& title) {
   const OverActiveWindow<frmPickFont> dialog;
+  if (!title.isEmpty()) {
+    dialog->setWindowTitle(title);
+  }
   if (!dialog.accepted()) {
     return {};
   }

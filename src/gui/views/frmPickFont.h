@@ -19,8 +19,8 @@ class frmPickFont : public QDialog {
   /// What is selected.
   DefaultFont choice() const;
   /// Asks over the active window, from what the settings hold, and puts the choice there. Nothing when it was
-  /// cancelled.
-  static std::optional<DefaultFont> pick();
+  /// cancelled. The title says what the font is for where it isn't only the default.
+  static std::optional<DefaultFont> pick(const QString& title = {});
 
  private:
   void buildLayout();

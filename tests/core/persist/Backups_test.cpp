@@ -12,6 +12,8 @@
 #include "core/model/clsScene.h"
 #include "core/persist/BackupsProject.h"
 #include "core/persist/BackupsView.h"
+#include "core/persist/SceneCopy.h"
+#include "core/text/Rtf.h"
 #include "support/Archives.h"
 #include "support/FailingDisk.h"
 #include "support/SampleProject.h"
@@ -238,4 +240,27 @@ TEST_F(Backups, ACopyThatIsYoungerThanItsSceneAndHasOtherWordsIsFound) {
   ASSERT_EQ(found.size(), 1);
   EXPECT_EQ(found.first().scene, sceneAt(3));
   EXPECT_EQ(fileBytes(found.first().copy.Path), simpleRtf("typed last"));
+}
+
+TEST_F(Backups, CopiesOfPlansAndOfScenesThatWereNeverSavedAreFoundWhereTheBookIsOlder) {
+  const QDateTime saved = Files().FileDate(path_);
+  const QString folder = g_Project->Path() + u"Autobackups/"_s + saved.date().toString(Qt::ISODate) + u'/';
+  QDir().mkpath(folder);
+  const auto copy = [&](const QString& name, const QByteArray& text, int seconds) {
+    writeFile(folder + name, text);
+    Files().SetFileDateTime(folder + name, saved.addSecs(seconds));
+  };
+  const QString plan = Files().FileWithoutExt(sceneAt(1)->RTFFilename()) + u"_Scene_1_Plan.rtf"_s;
+  copy(plan, writeRtf(RichText::fromPlain(SceneCopy::planOf(*sceneAt(1)))), 60);
+  copy(u"_Scene_3.rtf"_s, simpleRtf("the book was saved with that scene"), -60);
+  copy(u"_Scene_4.rtf"_s, {}, 60);
+  EXPECT_TRUE(youngerCopies(*g_Project).isEmpty());
+
+  copy(plan, simpleRtf("Description: more"), 60);
+  copy(u"_Scene_3.rtf"_s, simpleRtf("one"), 60);
+  copy(u"_Scene_3_9.05am.rtf"_s, simpleRtf("another"), 90);
+  const QList<YoungerCopy> found = youngerCopies(*g_Project);
+  ASSERT_EQ(found.size(), 3);
+  EXPECT_TRUE(found[0].scene == sceneAt(1) && found[0].isOfPlan);
+  EXPECT_TRUE(!found[1].scene && !found[2].scene && !found[1].isOfPlan);
 }

@@ -16,6 +16,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -184,6 +185,50 @@ TEST_F(EditorCopies, ACopyOfASceneThatWasNeverSavedIsNotWrittenOver) {
   EXPECT_EQ(copy(aside[0]), simpleRtf("all that is left"));
 }
 
+TEST_F(EditorCopies, TheCopyOfANewSceneGetsTheNameOfItsFileOnceItHasOne) {
+  {
+    const WhenModal write([&](QWidget& window) {
+      auto& editor = dynamic_cast<frmEditor&>(window);
+      typeAndTick(editor, u"words"_s);
+      EXPECT_EQ(copyNames(), QStringList{u"_Scene_3.rtf"_s});
+      trigger(editor, "mnuSaveAndExit");
+    });
+    EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
+  }
+  const QString stem = QFileInfo(scene(g_Project->ChapterByID(1)->SceneID(3))->RTFFilename()).completeBaseName();
+  EXPECT_EQ(copyNames(), QStringList{stem + u"_Scene_3.rtf"_s});
+}
+
+TEST_F(EditorCopies, WhatIsTypedIntoThePlanHasACopyOfItsOwn) {
+  const QString name = u"RTF_00001_Scene_1_Plan.rtf"_s;
+  frmEditor* const editor = open();
+  typeAndTick(*editor, u"x"_s);
+  EXPECT_FALSE(copyNames().contains(name)) << "nothing was typed there";
+  QTest::keyClicks(&control<QWidget>(*editor, "txtDesc"), u"They meet"_s);
+  tick(*editor);
+  EXPECT_TRUE(words(copy(name)).startsWith(u"Title\r\nArrival 1\r\n\r\nDescription\r\nThey meet"_s))
+      << words(copy(name));
+}
+
+TEST_F(EditorCopies, ANoteThatIsBeingWrittenIsInTheCopyAndNotYetInTheText) {
+  const QByteArray rtf = "{\\rtf1 a{\\footnote old}b}";
+  scene()->setTextRTF(rtf);
+  scene()->Save(false, true);
+  frmEditor* const editor = open();
+  {
+    const WhenModal write([&](QWidget& window) {
+      QTest::keyClicks(&childOf<QWidget>(window, u"txtNote"_s), u"new words"_s);
+      tick(*editor);
+      EXPECT_TRUE(copy().contains("new words"));
+      window.close();
+    });
+    toolkit.expectBox(u"Do you want to save the changes?"_s, Answer::No);
+    control<RichTextBox>(*editor, "txtMain").setSelStart(1);
+    trigger(*editor, "mnuOpenNote");
+  }
+  EXPECT_EQ(scene()->TextRTF(), rtf);
+}
+
 TEST_F(EditorCopies, FilesAtIntervalsComeAtTheFirstCheckAndThenAfterSoManyRunsOfTheTimer) {
   Settings().sSet(u"AutoBackupSequential"_s, true);
   Settings().sSet(u"SequentialFrequency"_s, u" 3 "_s);
@@ -243,6 +288,33 @@ TEST_F(EditorCopies, TheNameHoldsThePlaceAndAMovedSceneBeginsAnotherSeries) {
   g_Project->ChapterByID(1)->InsertScene(scene(2), 1);
   typeAndTick(*editor, u"x"_s);
   EXPECT_EQ(copyNames(), (QStringList{u"RTF_00002_Scene_1.rtf"_s, u"RTF_00002_Scene_2.rtf"_s}));
+}
+
+TEST_F(EditorCopies, ASaveBringsThePlanToTheDiskWhenThatHasChangedAndANewSceneToo) {
+  const QString book = g_Project->FileWithPath;
+  const auto inFile = [&](const QString& words) { return QString::fromUtf8(fileBytes(book)).contains(words); };
+  ASSERT_TRUE(g_Project->SaveQN4(false));
+  frmEditor* const editor = open();
+  const QByteArray whole = fileBytes(book);
+  type(*editor, u"!"_s);
+  trigger(*editor, "mnuSave");
+  EXPECT_EQ(fileBytes(book), whole) << "the text is not in there";
+  QTest::keyClicks(&control<QWidget>(*editor, "txtDesc"), u"They meet"_s);
+  tick(*editor);
+  EXPECT_FALSE(inFile(u"They%20meet"_s));
+  trigger(*editor, "mnuSaveAndExit");
+  EXPECT_TRUE(inFile(u"They%20meet"_s));
+  {
+    const WhenModal write([&](QWidget& window) {
+      auto& added = dynamic_cast<frmEditor&>(window);
+      type(added, u"new words"_s);
+      trigger(added, "mnuSave");
+      const auto shown = scene(g_Project->ChapterByID(1)->SceneID(3));
+      EXPECT_TRUE(!shown->RTFFilename().isEmpty() && inFile(shown->RTFFilename()));
+      window.close();
+    });
+    EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
+  }
 }
 
 TEST_F(EditorCopies, ABookWithoutAPlaceHasWhatIsTypedInTheRescueFolder) {

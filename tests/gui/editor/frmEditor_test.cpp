@@ -19,6 +19,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTest>
 
@@ -321,6 +322,26 @@ TEST_F(EditorTest, TheWindowStaysAsLongAsItsTextStandsNowhereElse) {
   EXPECT_FALSE(scene()->EditingScene());
 }
 
+TEST_F(EditorTest, WhatAFailedSaveLeftCanStillBeDroppedOrSaved) {
+  const QByteArray before = scene()->TextRTF();
+  const QString file = scene()->RTFFileWithPath();
+  for (const bool dropped : {true, false}) {
+    SCOPED_TRACE(dropped);
+    frmEditor* const editor = open();
+    type(*editor, u" typed"_s);
+    ASSERT_TRUE(QFile::remove(file) && QDir().mkpath(file));
+    trigger(*editor, "mnuSave");
+    EXPECT_TRUE(editor->isWindowModified());
+    ASSERT_TRUE(QDir().rmdir(file));
+    writeFile(file, before);
+    toolkit.expectBox(kQuestion, dropped ? Answer::No : Answer::Yes);
+    editor->close();
+    EXPECT_EQ(scene()->TextRTF() == before, dropped);
+    EXPECT_EQ(textInFile(), dropped ? u"one two three"_s : u"one two three typed"_s);
+    deleteUnloaded();
+  }
+}
+
 TEST_F(EditorTest, TheTextsOfABookWithoutAFileAreKeptByTheBook) {
   const QString place = QDir::currentPath();
   ASSERT_TRUE(QDir(folder.path()).mkpath(u"here/RTF"_s) && QDir::setCurrent(folder.path(u"here"_s)));
@@ -353,10 +374,14 @@ TEST_F(EditorTest, ASceneThatWasTakenOutOfTheBookIsNotSavedAsAnother) {
   EXPECT_FALSE(editor->isVisible());
 }
 
-TEST_F(EditorTest, AWindowWhoseSceneHasGoneStillCloses) {
+TEST_F(EditorTest, AWindowWhoseSceneHasGoneTakesNoWordsAndStillCloses) {
   frmEditor* const editor = open();
   type(*editor, u"!"_s);
   newProject();
+  type(*editor, u" lost"_s);
+  QTest::keyClicks(&control<QWidget>(*editor, "txtDesc"), u"lost"_s);
+  EXPECT_TRUE(control<RichTextBox>(*editor, "txtMain").Text().endsWith(u'!'));
+  EXPECT_FALSE(control<QPlainTextEdit>(*editor, "txtDesc").toPlainText().contains(u"lost"_s));
   const QMap<QString, QByteArray> before = filesBelow(folder.path());
   toolkit.expectBox(kQuestion, Answer::Yes);
   toolkit.expectBox(u"Please copy its text to keep it."_s);

@@ -13,14 +13,18 @@
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmBackupViewer.h"
+#include "gui/shell/windows/frmDebug.h"
 #include "gui/shell/windows/frmEditProject.h"
 #include "gui/shell/windows/frmLostAndFound.h"
+#include "gui/shell/windows/frmOverview.h"
 #include "gui/shell/windows/frmProblemWords.h"
 #include "gui/shell/windows/frmProjectWizard.h"
+#include "gui/shell/windows/frmSceneList.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
 #include "gui/toolkit/fSHAREDGetDate.h"
 #include "gui/toolkit/fSHAREDLogViewer.h"
+#include "gui/views/frmPickChapters.h"
 #include "gui/views/frmWordCount.h"
 #include "support/ModalHelper.h"
 #include "support/Required.h"
@@ -86,6 +90,10 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
   const frmProblemWords problems(&window());
   const frmProjectWizard wizard(&window());
+  const frmSceneList scenes(&window());
+  const frmPickChapters chapters(&window());
+  const frmOverview overview(&window());
+  const frmDebug debug(&window());
   const SheetSubject subject{EntityKind::Item, 1, nullptr};
   const frmEditChapter chapter(subject);
   const frmEditCharacter character(subject);

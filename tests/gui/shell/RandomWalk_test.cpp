@@ -106,7 +106,8 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
                                   {"manage the cast", &RandomWalkTest::manageCast},
                                   {"write", &RandomWalkTest::write},
                                   {"change from outside", &RandomWalkTest::outside},
-                                  {"add, edit or remove", &RandomWalkTest::addOrRemove}};
+                                  {"add, edit or remove", &RandomWalkTest::addOrRemove},
+                                  {"create many or renumber", &RandomWalkTest::createManyOrRenumber}};
     for (int step = 0; step < steps && !HasFailure(); ++step) {
       const auto& [what, take] = table.at(static_cast<size_t>(below(std::ssize(table))));
       SCOPED_TRACE("seed " + std::to_string(GetParam()) + ", step " + std::to_string(step) + ": " + what);
@@ -490,7 +491,7 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
   void addOrRemove() {
     const int what = below(6);
     const bool ofScene = what == 2 || what > 3;
-    const IDs selected = select(what > 3 ? scenes() : chapters(), 1);
+    const IDs selected = select(what > 3 ? scenes() : chapters(), what < 3 ? 1 : 1 + below(3));
     if (what == 0 || (what < 3 && !selected.isEmpty())) {
       addOrEdit(what, selected.value(0));
       return;
@@ -503,8 +504,27 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     toolkit.expectBox(ofScene ? u"Remove selected scene(s)"_s : u"This will remove the selected chapter(s)"_s,
                       sure ? Answer::Yes : Answer::No);
     press(ofScene ? scenes() : chapters(), Qt::Key_Delete);
-    if (sure) {
-      ofScene ? book_.removeScene(selected.first()) : book_.removeChapter(selected.first());
+    for (const qint32 id : sure ? selected : IDs()) {
+      ofScene ? book_.removeScene(id) : book_.removeChapter(id);
+    }
+  }
+
+  /// Fewer where there are many already.
+  void createManyOrRenumber() {
+    const bool ofScenes = oneIn(2);
+    const qint32 home = select(chapters(), 1).value(0);
+    const int count = (ofScenes ? book_.scenes.size() > 60 : book_.order.size() > 12) ? 0 : below(4);
+    const qint32 firstID = ofScenes ? g_Project->Scenes.nextID() : g_Project->Chapters.nextID();
+    if (!ofScenes && oneIn(3)) {
+      choose("mnuChapters", "mnuRenumber");
+      book_.renumber();
+    } else if (ofScenes && home == 0) {
+      toolkit.expectBox(u"Select a chapter first"_s);
+      choose("mnuScene", "mnuAddMultiScenes");
+    } else {
+      toolkit.expectFile(QString::number(count));
+      choose(ofScenes ? "mnuScene" : "mnuChapters", ofScenes ? "mnuAddMultiScenes" : "mnuCreateChapters");
+      ofScenes ? book_.addScenes(home, firstID, count) : book_.addChapters(firstID, count);
     }
   }
 

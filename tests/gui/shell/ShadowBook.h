@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 /// A book as plain lists of numbers and texts, changed by the rules that a writer is told and by nothing of the
 /// program. What the program makes of the same commands is held against it.
@@ -165,6 +166,30 @@ struct ShadowBook {
       scenes.remove(held[i]);
     }
     order.removeOne(id);
+  }
+  void addChapters(qint32 firstID, int count) {
+    int highest = 0;
+    for (const Chapter& chapter : std::as_const(chapters)) {
+      const QString title = chapter.title.trimmed();
+      highest = std::max(highest, title.contains(u' ') ? title.section(u' ', -1).toInt() : 0);
+    }
+    for (int i = 0; i < count; ++i) {
+      order += firstID + i;
+      chapters.insert(firstID + i, {QStringLiteral("Chapter %1").arg(highest + 1 + i), false, {}});
+    }
+  }
+  void addScenes(qint32 chapter, qint32 firstID, int count) {
+    for (int i = 0; i < count; ++i) {
+      chapters[chapter].scenes += firstID + i;
+      scenes.insert(firstID + i, {QStringLiteral("New Scene %1").arg(i + 1), {}, {}, {}, false, 0, {}});
+    }
+  }
+  void renumber() {
+    int number = 0;
+    for (const qint32 id : std::as_const(order)) {
+      QString& title = chapters[id].title;
+      title = title.toLower().contains(u"chapter") ? QStringLiteral("Chapter %1").arg(++number) : title;
+    }
   }
   void changeCast(qint32 scene, size_t kind, const IDs& ids, bool add) {
     IDs& list = scenes[scene].cast.at(kind);

@@ -15,6 +15,9 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -67,6 +70,18 @@ TEST(Choose, EnterTakesTheDefaultAndEscapeNone) {
               }
             }),
             2);
+}
+
+TEST(MsgBox, ALongListScrollsAndItsButtonsStayOnTheScreen) {
+  QtToolkit toolkit;
+  const WhenModal look([](QWidget& window) {
+    EXPECT_LT(window.height(), window.screen()->availableGeometry().height());
+    const auto* const area = window.findChild<QScrollArea*>();
+    EXPECT_TRUE(area != nullptr && area->verticalScrollBar()->maximum() > 0 &&
+                area->horizontalScrollBar()->maximum() == 0);
+    QTest::keyClick(&window, Qt::Key_Return);
+  });
+  toolkit.MsgBox(u"A name: 1,000 (0.10%)\n"_s.repeated(400));
 }
 
 TEST(MsgBox, ShowsItsTextAsItStandsUnderTheProgramsName) {

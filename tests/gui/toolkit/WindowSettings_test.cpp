@@ -59,6 +59,23 @@ TEST_F(WindowSettingsTest, ASizeFromALargerScreenIsBroughtWithinThisOne) {
   EXPECT_TRUE(window.isMaximized());
 }
 
+TEST_F(WindowSettingsTest, APlaceIsTakenAgainWhereTheTitleBarCanBeReached) {
+  QWidget first;
+  first.move(70, 80);
+  storePlace(u"List"_s, first);
+  const auto placeOf = [](const QVariant& left) {
+    Settings().sSet(u"ListWindowLeft"_s, left);
+    QWidget window;
+    window.move(1, 2);
+    restorePlace(u"List"_s, window);
+    return window.pos();
+  };
+  EXPECT_EQ(placeOf(Settings().sGet(u"ListWindowLeft"_s)), QPoint(70, 80));
+  for (const QVariant& away : {QVariant(1e6), QVariant(-3000), QVariant(u"left"_s)}) {
+    EXPECT_EQ(placeOf(away), QPoint(1, 2));
+  }
+}
+
 TEST_F(WindowSettingsTest, ColumnsComeBackInTheirWidthsAndNeverVanish) {
   QTreeWidget first;
   first.setColumnCount(3);

@@ -1,5 +1,7 @@
 #include "gui/shell/commands/ChapterCommands.h"
 
+#include "core/infra/Numbers.h"
+#include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
@@ -7,16 +9,20 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/commands/BookScenes.h"
+#include "gui/shell/commands/ChapterNumbers.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/views/ListView.h"
 
+#include <cmath>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr double kMostAtOnce = 100;
 
 using Chapters = std::vector<std::shared_ptr<clsChapter>>;
 
@@ -61,9 +67,11 @@ void ChapterCommands::bind(MenuBindings& menu) {
     });
   };
   bindTo("mnuFileNew", &ChapterCommands::mnuFileNew_Click);
+  bindTo("mnuCreateChapters", &ChapterCommands::mnuCreateChapters_Click);
   bindTo("mnuEditChapter", &ChapterCommands::mnuEditChapter_Click);
   bindTo("mnuMarkEndBeginning", &ChapterCommands::mnuMarkEndBeginning_Click);
   bindTo("mnuMarkEndMiddle", &ChapterCommands::mnuMarkEndMiddle_Click);
+  bindTo("mnuRenumber", &ChapterCommands::mnuRenumber_Click);
   bindTo("mnuMarkChaptersUnused", &ChapterCommands::mnuMarkChaptersUnused_Click);
   bindTo("mnuRemoveChapter", &ChapterCommands::mnuRemoveChapter_Click);
 }
@@ -84,6 +92,42 @@ void ChapterCommands::mnuFileNew_Click() {
   main_.RefreshAll();
   main_.panes().chapters().SelectChapter(g_Project->Chapters.ChapterID(g_Project->ChapterCount()));
   main_.panes().FillSceneList(0);
+}
+
+void ChapterCommands::mnuCreateChapters_Click() {
+  const QString answer =
+      toolkit().InputBox(u"How many chapters would you like to create?"_s, u"Create multiple chapters"_s, {});
+  const std::optional<double> number = Numbers::ToNumber(answer);
+  if (!number) {
+    if (!answer.isEmpty()) {
+      main_.showMessage(u"No chapter was created: \""_s + answer + u"\" is no number"_s);
+    }
+    throw RuntimeError(RuntimeError::TypeMismatch);
+  }
+  // Halves go to the even one.
+  const double count = std::nearbyint(*number);
+  if (count > kMostAtOnce) {
+    toolkit().MsgBox(u"Please specify 100 chapters or less"_s);
+    return;
+  }
+  if (count > 0) {
+    createChapters(static_cast<qint32>(count));
+  }
+}
+
+void ChapterCommands::createChapters(qint32 count) {
+  const qint64 highest = ChapterNumbers::highest(*g_Project);
+  for (qint32 i = 1; i <= count; ++i) {
+    const auto chapter = std::make_shared<clsChapter>();
+    chapter->Title = u"Chapter "_s + QString::number(highest + i);
+    g_Project->AddChapter(chapter);
+  }
+  main_.ProjectChanged = true;
+  main_.session().saveChange();
+  main_.RefreshAll();
+  main_.showMessage(
+      count == 1 ? u"Chapter %1 was created at the end of the book"_s.arg(highest + 1)
+                 : u"Chapters %1 to %2 were created at the end of the book"_s.arg(highest + 1).arg(highest + count));
 }
 
 void ChapterCommands::mnuEditChapter_Click() {
@@ -107,6 +151,19 @@ void ChapterCommands::markEnd(qint32& section) {
     section = id;
     showChanged();
   }
+}
+
+// What a save has written is no change any more; what could not be saved is.
+void ChapterCommands::mnuRenumber_Click() {
+  const qint32 renamed = ChapterNumbers::renumber(*g_Project);
+  main_.ProjectChanged = main_.ProjectChanged || renamed > 0;
+  main_.session().saveChange();
+  if (!main_.ProjectChanged.isUnsaved()) {
+    main_.ProjectChanged = false;
+  }
+  main_.RefreshAll();
+  g_Project->UpdateCombosInEditorWindows();
+  main_.showMessage(u"Chapters with another title: %L1. The log holds the old ones."_s.arg(renamed));
 }
 
 // Scenes that were marked by hand lose their mark.

@@ -13,12 +13,15 @@ class ChapterCommands : public CommandGroup {
 
  private:
   void mnuFileNew_Click();
+  void mnuCreateChapters_Click();
   void mnuEditChapter_Click();
   void mnuMarkEndBeginning_Click();
   void mnuMarkEndMiddle_Click();
+  void mnuRenumber_Click();
   void mnuMarkChaptersUnused_Click();
   void mnuRemoveChapter_Click();
 
+  void createChapters(qint32 count);
   void markEnd(qint32& section);
   void showChanged();
 

@@ -3,12 +3,14 @@
 #include "gui/shell/commands/BackupCommands.h"
 #include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ChapterCommands.h"
+#include "gui/shell/commands/FontCommand.h"
 #include "gui/shell/commands/NewProjectCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
 #include "gui/shell/commands/SceneCommands.h"
 #include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
+#include "gui/shell/commands/WindowCommands.h"
 #include "gui/shell/main/frmMain.h"
 
 void addCommands(frmMain& main) {
@@ -18,7 +20,9 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<CastCommands>(main));
   main.addCommands(std::make_unique<ChapterCommands>(main));
   main.addCommands(std::make_unique<SceneCommands>(main));
+  main.addCommands(std::make_unique<FontCommand>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<BackupCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
+  main.addCommands(std::make_unique<WindowCommands>(main));
 }

@@ -1,5 +1,6 @@
 #include "gui/shell/commands/SceneCommands.h"
 
+#include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -11,7 +12,15 @@
 #include "gui/shell/main/frmMain.h"
 #include "gui/views/ListView.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kMostAtOnce = 20;
+
+}  // namespace
 
 void SceneCommands::bind(MenuBindings& menu) {
   const auto bindTo = [&](const char* name, auto command) {
@@ -22,6 +31,7 @@ void SceneCommands::bind(MenuBindings& menu) {
     });
   };
   bindTo("mnuAddScene", [this](int) { mnuAddScene_Click(); });
+  bindTo("mnuAddMultiScenes", [this](int) { mnuAddMultiScenes_Click(); });
   bindTo("mnuMarkScenesUnused", [this](int) { mnuMarkScenesUnused_Click(); });
   bindTo("mnuStatus", [this](int index) { mnuStatus_Click(index); });
   bindTo("mnuRemoveScene", [this](int) { RemoveScenes(false); });
@@ -38,6 +48,38 @@ void SceneCommands::mnuAddScene_Click() {
     main_.panes().FillSceneList(0);
     main_.ProjectChanged = true;
   }
+}
+
+void SceneCommands::mnuAddMultiScenes_Click() {
+  const qint32 chapter = main_.panes().scenes().shownChapterID();
+  if (g_Project->Chapters.ChapterIndex(chapter) < 1) {
+    toolkit().MsgBox(u"Select a chapter first"_s);
+    return;
+  }
+  const QString answer =
+      toolkit().InputBox(u"How many scenes would you like to add to this chapter?"_s, u"Create blank scenes"_s, {});
+  const double count = std::nearbyint(Numbers::Val(answer));
+  if (count > kMostAtOnce) {
+    toolkit().MsgBox(u"Please specify 20 scenes or less"_s);
+  } else if (count > 0) {
+    createScenes(*g_Project->ChapterByID(chapter), static_cast<qint32>(count));
+  }
+}
+
+// They get their files with the book: one save, and one question where there is any.
+void SceneCommands::createScenes(clsChapter& chapter, qint32 count) {
+  for (qint32 i = 1; i <= count; ++i) {
+    const auto scene = std::make_shared<clsScene>();
+    scene->Title = u"New Scene "_s + QString::number(i);
+    g_Project->Addscene(scene);
+    chapter.Addscene(scene);
+    g_SceneChanges.MarkUpdated(scene->ID());
+  }
+  main_.ProjectChanged = true;
+  main_.session().saveChange();
+  main_.RefreshAll();
+  main_.showMessage(count == 1 ? u"1 scene was added to the chapter"_s
+                               : u"%L1 scenes were added to the chapter"_s.arg(count));
 }
 
 void SceneCommands::mnuMarkScenesUnused_Click() {

@@ -4,6 +4,7 @@
 
 #include <QList>
 
+class clsChapter;
 class frmMain;
 
 /// The commands of the Scene menu that make, mark and remove scenes.
@@ -15,10 +16,12 @@ class SceneCommands : public CommandGroup {
 
  private:
   void mnuAddScene_Click();
+  void mnuAddMultiScenes_Click();
   void mnuMarkScenesUnused_Click();
   void mnuStatus_Click(int Index);
   void RemoveScenes(bool AlsoDeleteFile);
 
+  void createScenes(clsChapter& chapter, qint32 count);
   QList<qint32> selected() const;
 
   frmMain& main_;

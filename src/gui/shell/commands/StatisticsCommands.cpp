@@ -1,10 +1,12 @@
 #include "gui/shell/commands/StatisticsCommands.h"
 
+#include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/modWordcount.h"
@@ -13,6 +15,7 @@
 #include "gui/views/frmWordCount.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// As many are counted before a window about it could be read.
-constexpr qint32 kScenesInAMoment = 300;
+constexpr qint32 kScenesInAMoment = 3000;
 
 bool isUnused(const clsScene& scene) {
   return scene.Unused || g_Project->ChapterByID(scene.BelongsToChID)->Unused;
@@ -32,10 +35,82 @@ QString scopeOf(const std::vector<std::shared_ptr<clsScene>>& scenes) {
   return u"Scenes: %L1, unused ones among them: %L2"_s.arg(scenes.size()).arg(unused);
 }
 
+/// What `amountOf` says of each scene that is used in a used chapter, summed by the character that narrates. Nothing
+/// when it was stopped.
+template <class AmountOf>
+std::optional<clsHashTable> perCharacter(const LongWork& work, AmountOf amountOf) {
+  clsHashTable table;
+  for (const auto& chapter : g_Project->Chapters) {
+    for (const qint32 id : chapter->Unused ? IDList() : chapter->SceneIDs()) {
+      const auto scene = g_Project->SceneByID(id);
+      if (scene->InScenes() && !scene->Unused) {
+        table.AddAmtToCount(scene->ViewPointID(), amountOf(*scene));
+      }
+      Subs().RegularDoEvents();
+      if (work.stopWanted()) {
+        return {};
+      }
+    }
+  }
+  return table;
+}
+
+/// A line for each character, and what it has of the whole.
+void tellShares(const clsHashTable& table, qint32 whole) {
+  QString lines;
+  for (qint32 i = 1; i <= table.HighWater(); ++i) {
+    const HashRecord record = table.Record(i);
+    const double percent = whole == 0 ? 0 : 100.0 * record.Count / whole;
+    lines += g_Project->CharByID(record.ID)->Title() + u": %L1 (%L2%)\n"_s.arg(record.Count).arg(percent, 0, 'f', 2);
+  }
+  toolkit().MsgBox(lines.isEmpty() ? u"No characters"_s
+                                   : lines + u"\n(Does not include unused scenes or scenes within unused chapters)"_s);
+}
+
 }  // namespace
 
 void StatisticsCommands::bind(MenuBindings& menu) {
+  menu.bind("mnuWordsPerCharacter", [this] { mnuWordsPerCharacter_Click(); });
+  menu.bind("mnuScenesPerCharacter", [this] { mnuScenesPerCharacter_Click(); });
   menu.bind("mnuWordUsageCount", [this] { mnuWordUsageCount_Click(); });
+}
+
+void StatisticsCommands::mnuWordsPerCharacter_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  std::optional<clsHashTable> table;
+  const qint32 before = g_Project->Wordcount(false);
+  {
+    const LongWork work(*g_Project, u"Counting words"_s, g_Project->SceneCount() > kScenesInAMoment,
+                        LongWork::Stop::Offered);
+    table = perCharacter(work, [](clsScene& scene) {
+      // What is typed in an open editor counts when it is saved, as everywhere.
+      if (!scene.Locked()) {
+        scene.ForceWordcount();
+      }
+      return scene.Wordcount();
+    });
+  }
+  if (g_Project->Wordcount(false) != before) {
+    // The project file told other counts than the texts have.
+    main_.RefreshAll();
+  }
+  if (table) {
+    tellShares(*table, g_Project->Wordcount(false));
+  }
+}
+
+void StatisticsCommands::mnuScenesPerCharacter_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  std::optional<clsHashTable> table;
+  {
+    const LongWork work(*g_Project, u"Counting scenes"_s, false);
+    table = perCharacter(work, [](const clsScene&) { return 1; });
+  }
+  tellShares(*table, g_Project->SceneCount());
 }
 
 void StatisticsCommands::mnuWordUsageCount_Click() {

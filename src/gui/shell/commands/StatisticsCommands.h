@@ -12,6 +12,9 @@ class StatisticsCommands : public CommandGroup {
   void bind(MenuBindings& menu) override;
 
  private:
+  /// Words belong to the viewpoint alone, whoever else is in the scene.
+  void mnuWordsPerCharacter_Click();
+  void mnuScenesPerCharacter_Click();
   /// How often each word is used in all scenes, unused ones too.
   void mnuWordUsageCount_Click();
 

@@ -1,9 +1,13 @@
 #include "gui/shell/commands/ToolCommands.h"
 
+#include "core/infra/BusyPointer.h"
+#include "core/infra/Guard.h"
 #include "core/infra/HelpFile.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "core/persist/DebugFile.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/InterfaceFont.h"
 #include "gui/shell/main/MainMenuBar.h"
@@ -17,7 +21,27 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+void tellOf(const DebugFile& debug, const QString& cause, bool zipped) {
+  if (!cause.isEmpty()) {
+    toolkit().MsgBox(u"The debug file "_s + debug.file() + u" could not be made. Your project is as it was.\n\n"_s +
+                     cause);
+  } else if (zipped) {
+    toolkit().MsgBox(
+        u"Your debug info has been stored in "_s + debug.archive() +
+        u"\n Note - all descriptions and notes have been removed from the debug file, and no scene content "
+        "has been included."_s);
+  } else {
+    toolkit().MsgBox(u"Unable to zip the debug file. However, you can still zip and send "_s + debug.file() +
+                     u" manually."_s);
+  }
+}
+
+}  // namespace
+
 void ToolCommands::bind(MenuBindings& menu) {
+  menu.bind("mnuCreateDebug", [this] { mnuCreateDebug_Click(); });
   menu.bind("mnuViewLog", [this] { mnuViewLog_Click(); });
   menu.bind("mnuLostAndFound", [this] { mnuLostAndFound_Click(); });
   menu.bind("mnuFont", [this](const MenuChoice& chosen) { mnuFont_Click(chosen.tag.toString()); });
@@ -25,6 +49,28 @@ void ToolCommands::bind(MenuBindings& menu) {
   menu.bind("mnuAbout", [this] { mnuAbout_Click(); });
   menu.bind("mnuManual", [this] { mnuManual_Click(); });
   menu.bind("mnuUDW", [this] { defineProblemWords(); });
+}
+
+void ToolCommands::mnuCreateDebug_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  if (main_.ProjectChanged) {
+    main_.SaveProject(false);
+  }
+  if (g_Project->FileWithPath.isEmpty()) {
+    return;
+  }
+  Logging().LogEvent(u"Creating debug file"_s);
+  DebugFile debug(*g_Project);
+  QString cause;
+  bool zipped = false;
+  {
+    const BusyPointer pointer;
+    cause = Guard("mnuCreateDebug_Click", "frmMain").causeOf([&] { debug.write(); });
+    zipped = cause.isEmpty() && debug.zip();
+  }
+  tellOf(debug, cause, zipped);
 }
 
 void ToolCommands::mnuViewLog_Click() {

@@ -14,6 +14,7 @@ class ToolCommands : public CommandGroup {
   void bind(MenuBindings& menu) override;
 
  private:
+  void mnuCreateDebug_Click();
   void mnuViewLog_Click();
   void mnuLostAndFound_Click();
   /// Takes the font for the window and keeps it in the settings.

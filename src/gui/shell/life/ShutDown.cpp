@@ -95,7 +95,7 @@ void frmMain::EndProgram() {
   }
   guard([&] { forgetRescue(); });
   // Rows would ask the empty book for what they show.
-  guard([&] { panes_->ClearLists(); });
+  guard([&] { clearLists(); });
   guard([&] { g_Project = std::make_unique<clsProject>(); });
   if (settingsLoaded_) {
     guard([&] { Settings().SaveSettings(g_SettingsFile); });
@@ -202,6 +202,7 @@ void frmMain::storeSettings() {
   Settings().sSet(u"FontSize"_s, static_cast<int>(g_FontSize));
   Settings().sSet(u"FontName"_s, g_FontName);
   storeLayout();
+  Q_EMIT layoutStored();
 }
 
 void frmMain::storeLayout() {

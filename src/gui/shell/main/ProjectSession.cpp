@@ -40,7 +40,7 @@ bool ProjectSession::readProject(const QString& path, bool showProgress) {
 void ProjectSession::leaveProject() {
   main_.backups().bookLeaves();
   g_Project->CloseEditorWindows();
-  main_.panes().ClearLists();
+  main_.clearLists();
 }
 
 void ProjectSession::showEmptyProject() {
@@ -49,7 +49,7 @@ void ProjectSession::showEmptyProject() {
   g_Project->Clear();
   g_Project = std::make_unique<clsProject>();
   main_.DisableMenus();
-  main_.panes().ClearLists();
+  main_.clearLists();
   main_.ProjectChanged = false;
   main_.RefreshAll();
 }

@@ -13,6 +13,7 @@
 #include "gui/toolkit/Twips.h"
 #include "gui/views/ListView.h"
 #include "gui/views/RowColours.h"
+#include "gui/views/SceneCells.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -61,31 +62,17 @@ QStringList sceneStates(clsScene& scene) {
   return states;
 }
 
-/// A scene whose status was never set has none to show.
-QString statusName(qint16 status) {
-  return status > 0 ? g_StatusNames.value(status) : QString();
-}
-
-/// What the cells say that are short for something.
-QHash<int, QString> spokenCells(const clsScene& scene) {
-  QHash<int, QString> spoken{{kActionReaction, scene.ReactionScene ? u"reaction"_s : u"action"_s}};
-  if (scene.ViewPointID() == 0) {
-    spoken.insert(kViewpoint, u"No viewpoint"_s);
-  }
-  return spoken;
-}
-
 ListRow sceneRow(qint32 id) {
   const auto scene = g_Project->SceneByID(id);
   const QLocale locale;
   return {
-      {scene->ViewPointChar()->Title(), locale.toString(scene->Wordcount()), scene->Title, statusName(scene->Status),
-       scene->ReactionScene ? u"R"_s : u"A"_s, scene->RTFFilename(), locale.toString(scene->Lettercount())},
+      {scene->ViewPointChar()->Title(), locale.toString(scene->Wordcount()), scene->Title, SceneCells::status(*scene),
+       SceneCells::actionOrReaction(*scene), scene->RTFFilename(), locale.toString(scene->Lettercount())},
       sceneIcon(*scene),
       scene->Unused ? QList<std::pair<int, quint32>>{{kStatus, RowColours::kGrey}} : QList<std::pair<int, quint32>>(),
       sceneStates(*scene),
       {},
-      spokenCells(*scene)};
+      SceneCells::spoken(*scene, kViewpoint, kActionReaction)};
 }
 
 }  // namespace

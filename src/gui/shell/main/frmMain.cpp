@@ -235,8 +235,14 @@ void frmMain::RefreshAll() {
   panes_->refill();
   showTotal();
   showBook();
+  Q_EMIT refreshed();
   // What is typed meanwhile waits: a command that has moved a row isn't begun again in the middle of itself.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void frmMain::clearLists() {
+  panes_->ClearLists();
+  Q_EMIT listsCleared();
 }
 
 void frmMain::showTotal() {

@@ -76,6 +76,8 @@ class frmMain : public QMainWindow {
 
   /// The full redraw.
   void RefreshAll();
+  /// No rows, whatever the project holds: it is going.
+  void clearLists();
   void showTotal();
   /// In panel 1 of the status bar.
   void showMessage(const QString& text);
@@ -99,6 +101,13 @@ class frmMain : public QMainWindow {
 
   /// Takes a group of commands and binds it to the menu.
   void addCommands(std::unique_ptr<CommandGroup> group);
+
+ Q_SIGNALS:
+  // For the windows beside this one that show the book.
+  void refreshed();
+  void listsCleared();
+  /// The end comes: what is to be remembered of how windows stand is stored now.
+  void layoutStored();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -1,5 +1,6 @@
 // The commands that make, edit, mark and remove chapters.
 
+#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -63,6 +64,50 @@ TEST_F(ChapterCommandsTest, ANewChapterIsSavedAndSelected) {
   editing(u"Another"_s, Qt::Key_Escape, [this] { trigger("mnuFileNew"); });
   EXPECT_EQ(g_Project->ChapterCount(), 4);
   EXPECT_FALSE(window().ProjectChanged);
+}
+
+TEST_F(ChapterCommandsTest, ManyNewChaptersGoOnBehindTheHighestNumberThatATitleEndsIn) {
+  const QStringList before{u"99"_s, u" Chapter 7  "_s, u"Chapter 12.9"_s};
+  for (qint32 i = 1; i <= 3; ++i) {
+    chapterAt(i)->Title = before[i - 1];
+  }
+  for (const QString& answer : {u""_s, u"two"_s, u"-1"_s, u"101"_s, u"40000"_s}) {
+    toolkit.expectFile(answer);
+    if (answer.toInt() > 100) {
+      toolkit.expectBox(u"Please specify 100 chapters or less"_s);
+    }
+    trigger("mnuCreateChapters");
+    EXPECT_EQ(titles(), before) << answer.toStdString();
+    EXPECT_EQ(panel("numberfiles").contains(u"\"two\" is no number"), answer == u"two");
+  }
+  toolkit.expectFile(u" 2.5 "_s);
+  trigger("mnuCreateChapters");
+  EXPECT_EQ(titles(), before + QStringList({u"Chapter 13"_s, u"Chapter 14"_s}));
+  EXPECT_EQ(panel("numberfiles"), u"Chapters 13 to 14 were created at the end of the book"_s);
+  EXPECT_TRUE(fileBytes(path).contains("Chapter%2014</Title>"));
+  toolkit.expectFile(u"100"_s);
+  trigger("mnuCreateChapters");
+  EXPECT_EQ(cell("ListChapters", 104, 0), u"Chapter 114"_s);
+  Logging().WriteActionsToLog();
+  EXPECT_TRUE(logText().contains(u"Type mismatch"));
+}
+
+TEST_F(ChapterCommandsTest, RenumberingLeavesOtherTitlesAloneAndTheLogKeepsTheOldOnes) {
+  chapterAt(1)->Title = u"Prologue"_s;
+  chapterAt(2)->Title = u"Chapter 5"_s;
+  chapterAt(3)->Title = u"The chapter of lies"_s;
+  window().ProjectChanged = true;
+  trigger("mnuRenumber");
+  EXPECT_EQ(titles(), QStringList({u"Prologue"_s, u"Chapter 1"_s, u"Chapter 2"_s}));
+  EXPECT_EQ(cell("ListChapters", 2, 0), u"Chapter 2"_s);
+  EXPECT_TRUE(fileBytes(path).contains("<Title>Chapter%202</Title>"));
+  EXPECT_FALSE(window().ProjectChanged);
+  EXPECT_TRUE(logText().contains(u"Renamed chapter The chapter of lies to Chapter 2"));
+  // What has no place is a change still.
+  chapterAt(2)->Title = u"Chapter 5"_s;
+  g_Project->FileWithPath.clear();
+  trigger("mnuRenumber");
+  EXPECT_TRUE(window().ProjectChanged);
 }
 
 TEST_F(ChapterCommandsTest, AnEditedChapterIsShownAnewWhicheverWayItWasOpened) {

@@ -6,6 +6,7 @@
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
+#include "gui/shell/main/MainPanes.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 
@@ -40,6 +41,35 @@ TEST_F(SceneCommandsTest, AnAddedSceneIsInTheListWhenItsEditorHasSavedIt) {
   EXPECT_EQ(list("ListScenes").rowCount(), 3);
   EXPECT_EQ(g_Project->SceneCount(), 6);
   EXPECT_TRUE(window().ProjectChanged);
+}
+
+TEST_F(SceneCommandsTest, BlankScenesAreAddedToTheChapterWithTheirFiles) {
+  const QString ask = u"Please specify 20 scenes or less"_s;
+  for (const QString& answer : {u""_s, u"some"_s, u"0"_s, u"21"_s, u"65537"_s}) {
+    toolkit.expectFile(answer);
+    if (answer.toInt() > 20) {
+      toolkit.expectBox(ask);
+    }
+    trigger("mnuAddMultiScenes");
+    EXPECT_EQ(g_Project->SceneCount(), 5) << answer.toStdString();
+    EXPECT_FALSE(window().ProjectChanged);
+  }
+  click(list("ListChapters"), 1);
+  for (const char* answer : {"2", "20"}) {
+    toolkit.expectFile(QString::fromLatin1(answer));
+    trigger("mnuAddMultiScenes");
+  }
+  EXPECT_EQ(list("ListScenes").rowCount(), 24);
+  EXPECT_EQ(cell("ListScenes", 3, 2), u"New Scene 2"_s);
+  EXPECT_EQ(cell("ListScenes", 4, 2), u"New Scene 1"_s);
+  EXPECT_TRUE(window().ProjectChanged);
+  for (const auto& scene : g_Project->Scenes) {
+    EXPECT_TRUE(QFile::exists(scene->RTFFileWithPath()));
+  }
+  EXPECT_TRUE(fileBytes(g_Project->FileWithPath).contains("New%20Scene%2020"));
+  window().panes().ClearLists();
+  toolkit.expectBox(u"Select a chapter first"_s);
+  trigger("mnuAddMultiScenes");
 }
 
 TEST_F(SceneCommandsTest, MarksGoToTheSelectedScenesButThoseInAnEditor) {

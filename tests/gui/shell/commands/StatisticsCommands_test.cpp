@@ -1,6 +1,8 @@
 // What is counted over the whole story.
 
 #include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/MainWindow.h"
@@ -12,6 +14,33 @@
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
+
+TEST_F(ShellTest, WordsAndScenesAreSharedOutByViewpoint) {
+  const QString note = u"\n(Does not include unused scenes or scenes within unused chapters)"_s;
+  const auto shown = [this](const char* command) {
+    toolkit.expectBox({});
+    trigger(command);
+    return toolkit.boxes.last();
+  };
+  startWith(smallProject());
+  // Chapters of 3 + 2 and 4 + 1 words; the last scene of the second is unused, as is the whole third.
+  sceneAt(2)->AddCharByID(1);
+  sceneAt(3)->AddCharByID(2);
+  g_Project->CharByID(2)->setTitle(u"%L2"_s);
+  EXPECT_EQ(shown("mnuWordsPerCharacter"), u"%L2: 7 (77.78%)\nAnna: 2 (22.22%)\n"_s + note);
+  EXPECT_EQ(shown("mnuScenesPerCharacter"), u"%L2: 2 (40.00%)\nAnna: 1 (20.00%)\n"_s + note);
+  // One that stands in no chapter, and one without a character.
+  chapterAt(1)->RemoveSceneByID(2);
+  sceneAt(1)->RemoveCharByID(1);
+  sceneAt(1)->RemoveCharByID(2);
+  EXPECT_EQ(shown("mnuWordsPerCharacter"), u"N/A: 3 (42.86%)\n%L2: 4 (57.14%)\n"_s + note);
+  sceneAt(1)->setTextRTF({});
+  sceneAt(3)->Unused = true;
+  EXPECT_EQ(shown("mnuWordsPerCharacter"), u"N/A: 0 (0.00%)\n"_s + note);
+  chapterAt(1)->Unused = true;
+  EXPECT_EQ(shown("mnuWordsPerCharacter"), u"No characters"_s);
+  EXPECT_EQ(shown("mnuScenesPerCharacter"), u"No characters"_s);
+}
 
 TEST_F(ShellTest, TheWordUsageOfTheProjectTakesUnusedScenesTooAndSaysSo) {
   startWith(smallProject());

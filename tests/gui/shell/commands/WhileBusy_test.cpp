@@ -50,12 +50,38 @@ class WhileBusyTest : public ShellTest {
 TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
   const QString path = smallProject();
   startWith(path);
-  for (const char* command :
-       {"mnuLoadProj",      "mnuRecent(1)",      "mnuSaveProj",       "mnuCloseProject",        "mnuNewProj",
-        "mnuProjectGen",    "mnuWordUsageCount", "mnuLostAndFound",   "mnuBackupProject",       "mnuVerifyBackup",
-        "mnuAutobackups",   "mnuSettings",       "mnuFileNew",        "mnuEditChapter",         "mnuMarkChaptersUnused",
-        "mnuRemoveChapter", "mnuAddScene",       "mnuStatus(0)",      "mnuRemoveScene",         "mnuEditChar",
-        "mnuAddLocation",   "mnuAddItem",        "mnuAddCharToScene", "mnuAddLocToCurrentScene"}) {
+  for (const char* command : {"mnuLoadProj",
+                              "mnuRecent(1)",
+                              "mnuSaveProj",
+                              "mnuCloseProject",
+                              "mnuNewProj",
+                              "mnuProjectGen",
+                              "mnuWordUsageCount",
+                              "mnuLostAndFound",
+                              "mnuBackupProject",
+                              "mnuVerifyBackup",
+                              "mnuAutobackups",
+                              "mnuSettings",
+                              "mnuFileNew",
+                              "mnuEditChapter",
+                              "mnuMarkChaptersUnused",
+                              "mnuRemoveChapter",
+                              "mnuAddScene",
+                              "mnuStatus(0)",
+                              "mnuRemoveScene",
+                              "mnuCreateChapters",
+                              "mnuRenumber",
+                              "mnuAddMultiScenes",
+                              "mnuSetAllSceneFont",
+                              "mnuWordsPerCharacter",
+                              "mnuScenesPerCharacter",
+                              "mnuCreateDebug",
+                              "mnuListView",
+                              "mnuEditChar",
+                              "mnuAddLocation",
+                              "mnuAddItem",
+                              "mnuAddCharToScene",
+                              "mnuAddLocToCurrentScene"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;
