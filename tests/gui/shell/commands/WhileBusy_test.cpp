@@ -81,7 +81,11 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuAddLocation",
                               "mnuAddItem",
                               "mnuAddCharToScene",
-                              "mnuAddLocToCurrentScene"}) {
+                              "mnuAddLocToCurrentScene",
+                              "mnuFind",
+                              "cmdFindNext",
+                              "mnuGlobalReplace",
+                              "mnuUDW(0)"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;
