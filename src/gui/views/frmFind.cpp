@@ -165,6 +165,10 @@ void frmFind::setText(const QString& text) {
   }
 }
 
+void frmFind::setCase(bool sensitive) {
+  chkCaseSensitive->setChecked(sensitive);
+}
+
 void frmFind::find(Asked what) {
   const QString text = cmbFind->currentText();
   if (text.isEmpty()) {

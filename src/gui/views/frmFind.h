@@ -21,6 +21,7 @@ class frmFind : public QDialog {
   void offerReplace(bool offered);
   /// Takes over what to look for; nothing in place of an empty text.
   void setText(const QString& text);
+  void setCase(bool sensitive);
   /// Shows it, beside its window the first time, with the keyboard in the field of what to look for or of what to put
   /// in its place.
   void ask(bool inReplace = false);

@@ -1,5 +1,6 @@
 #include "gui/shell/commands/BookSearch.h"
 
+#include "core/infra/BusyPointer.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -75,6 +76,7 @@ void BookSearch::setSearch(const QString& text, bool caseSensitive) {
   search_.setSearch(text, caseSensitive);
   if (Find) {
     Find->setText(text);
+    Find->setCase(caseSensitive);
   }
 }
 
@@ -100,12 +102,29 @@ void BookSearch::Find_DoPrevious(const QString& text, bool caseSensitive) {
 
 void BookSearch::findWord(const QString& word) {
   setSearch(word, search_.SearchCase());
-  search_.standAtStartOfScene();
+  standAtScene();
   FindNext();
 }
 
+bool BookSearch::isAtEnd() const {
+  return search_.SearchChapter() > g_Project->ChapterCount();
+}
+
+/// At the end of the book that is the last one, which was selected there.
+void BookSearch::standAtScene() {
+  if (isAtEnd()) {
+    search_.standAt(main_.panes().chapters().SelectedChapterID(), main_.panes().scenes().SelectedSceneID());
+  } else {
+    search_.standAtStartOfScene();
+  }
+}
+
 void BookSearch::findInAnyCase(const QString& word) {
+  const bool isAnother = word != search_.SearchText();
   setSearch(word, false);
+  if (isAnother && isAtEnd()) {
+    standAtScene();
+  }
   FindNext();
 }
 
@@ -115,7 +134,7 @@ void BookSearch::FindNext() {
     return;
   }
   followSelection();
-  show(search_.FindNext());
+  show(find(&StorySearch::FindNext));
 }
 
 void BookSearch::FindPrevious() {
@@ -124,7 +143,13 @@ void BookSearch::FindPrevious() {
     return;
   }
   followSelection();
-  show(search_.FindPrevious());
+  show(find(&StorySearch::FindPrevious));
+}
+
+/// The first search makes all texts plain.
+std::optional<StorySearch::Hit> BookSearch::find(std::optional<StorySearch::Hit> (StorySearch::*way)()) {
+  const BusyPointer pointer;
+  return (search_.*way)();
 }
 
 void BookSearch::followSelection() {
@@ -157,8 +182,7 @@ void BookSearch::showEnd() {
   const qint32 row = std::min(search_.SearchChapter(), g_Project->ChapterCount());
   if (row > 0) {
     const auto chapter = g_Project->ChapterByIndex(row);
-    const bool atEnd = search_.SearchChapter() > row;
-    selectRows(*chapter, atEnd ? chapter->SceneCount() : std::min(search_.SearchScene(), chapter->SceneCount()));
+    selectRows(*chapter, isAtEnd() ? chapter->SceneCount() : std::min(search_.SearchScene(), chapter->SceneCount()));
   }
   noteSelection();
 }

@@ -23,9 +23,10 @@ class BookSearch {
   /// The last search again; asks when there was none. Says so where there is no match.
   void FindNext();
   void FindPrevious();
-  /// Another word by the same rule of case, from the start of the scene where the search stands.
+  /// Another word by the same rule of case, from the start of the scene where the search stands: of the last one where
+  /// it stands at the end.
   void findWord(const QString& word);
-  /// The same whatever its case, behind the last hit.
+  /// The same whatever its case, behind the last hit; another word at the end from the start of the last scene.
   void findInAnyCase(const QString& word);
 
  private:
@@ -36,6 +37,9 @@ class BookSearch {
   void makeDialog();
   QString selectedTerm() const;
   void setSearch(const QString& text, bool caseSensitive);
+  std::optional<StorySearch::Hit> find(std::optional<StorySearch::Hit> (StorySearch::*way)());
+  bool isAtEnd() const;
+  void standAtScene();
   void followSelection();
   void noteSelection();
   void show(const std::optional<StorySearch::Hit>& hit);

@@ -149,12 +149,19 @@ TEST_F(SearchCommandsTest, ProblemWordsContinueWhereTheSearchStands) {
   click(list("ListChapters"), 1);
   expectHits("mnuFindLooked", {u"2 1 7 looked"_s, u"2 1 7 looked"_s});
   expectHits("cmdFindNext", {u"3 1 5 looked"_s});
+  expectMiss("cmdFindNext");
+  // From the end of the book, too, a word is looked for in the scene that is shown.
   expectHits("mnuFindAs", {u"3 1 11 . As "_s});
   click(list("ListChapters"), 0);
   EXPECT_EQ(control<QAction>("mnuUDW(1)").text().remove(u'&'), u"Search for 'fox'"_s);
   EXPECT_EQ(control<QAction>("mnuUDW(2)").data().toString(), u" & so"_s);
   // Behind the last hit, where a predefined word begins its scene anew.
   expectHits("mnuUDW(1)", {u"1 1 4 fox"_s, u"1 1 14 Fox"_s});
+  childOf<QCheckBox>(ask(u"fox"_s), u"chkCaseSensitive"_s).setChecked(true);
+  click(list("ListChapters"), 2);
+  expectMiss("mnuUDW(2)");
+  expectHits("mnuUDW(1)", {u"3 1 16 fox"_s});
+  EXPECT_FALSE(childOf<QCheckBox>(dialog(), u"chkCaseSensitive"_s).isChecked());
   EXPECT_FALSE(isEnabled("UseF3ToFindNext"));
   EXPECT_EQ(control<QAction>("UseF3ToFindNext").statusTip(), QString());
 }
