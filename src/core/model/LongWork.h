@@ -4,6 +4,7 @@
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 
+#include <QElapsedTimer>
 #include <QScopedValueRollback>
 #include <QString>
 
@@ -41,6 +42,9 @@ class LongWork {
   void setCaption(const QString& caption);
   /// The same with a number behind, for a step of many; yields now and then.
   void setCaption(const QString& what, qint32 number);
+  /// Shows the progress window if the work has taken longer than a moment by now. Whoever works calls it between two
+  /// steps.
+  void showIfLong();
   /// The user wants no more of it. Whoever works looks at this between two steps.
   bool stopWanted() const { return stopWanted_; }
 
@@ -51,4 +55,6 @@ class LongWork {
   BusyPointer pointer_;
   bool stopWanted_ = false;
   std::unique_ptr<ProgressWindow> progress_;
+  bool shown_;
+  QElapsedTimer since_;
 };

@@ -35,21 +35,25 @@ QString scopeOf(const std::vector<std::shared_ptr<clsScene>>& scenes) {
   return u"Scenes: %L1, unused ones among them: %L2"_s.arg(scenes.size()).arg(unused);
 }
 
-/// What `amountOf` says of each scene that is used in a used chapter, summed by the character that narrates. Nothing
-/// when it was stopped.
+bool counts(clsScene& scene) {
+  return !isUnused(scene) && g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID()) > 0;
+}
+
+/// What `amountOf` says of each scene that is used in a used chapter, summed by the character that narrates, in the
+/// order of the scenes. Nothing when it was stopped.
 template <class AmountOf>
-std::optional<clsHashTable> perCharacter(const LongWork& work, AmountOf amountOf) {
+std::optional<clsHashTable> perCharacter(LongWork& work, AmountOf amountOf) {
   clsHashTable table;
-  for (const auto& chapter : g_Project->Chapters) {
-    for (const qint32 id : chapter->Unused ? IDList() : chapter->SceneIDs()) {
-      const auto scene = g_Project->SceneByID(id);
-      if (scene->InScenes() && !scene->Unused) {
-        table.AddAmtToCount(scene->ViewPointID(), amountOf(*scene));
-      }
-      Subs().RegularDoEvents();
-      if (work.stopWanted()) {
-        return {};
-      }
+  // The scenes that are walked stay, whatever is done while the window repaints.
+  const std::vector<std::shared_ptr<clsScene>> scenes(g_Project->Scenes.begin(), g_Project->Scenes.end());
+  for (const auto& scene : scenes) {
+    if (counts(*scene)) {
+      table.AddAmtToCount(scene->ViewPointID(), amountOf(*scene));
+    }
+    work.showIfLong();
+    Subs().RegularDoEvents();
+    if (work.stopWanted()) {
+      return {};
     }
   }
   return table;
@@ -61,7 +65,8 @@ void tellShares(const clsHashTable& table, qint32 whole) {
   for (qint32 i = 1; i <= table.HighWater(); ++i) {
     const HashRecord record = table.Record(i);
     const double percent = whole == 0 ? 0 : 100.0 * record.Count / whole;
-    lines += g_Project->CharByID(record.ID)->Title() + u": %L1 (%L2%)\n"_s.arg(record.Count).arg(percent, 0, 'f', 2);
+    const QString name = g_Project->CharByID(record.ID)->Title();
+    lines += (name.isEmpty() ? u"(no name)"_s : name) + u": %L1 (%L2%)\n"_s.arg(record.Count).arg(percent, 0, 'f', 2);
   }
   toolkit().MsgBox(lines.isEmpty() ? u"No characters"_s
                                    : lines + u"\n(Does not include unused scenes or scenes within unused chapters)"_s);
@@ -82,8 +87,7 @@ void StatisticsCommands::mnuWordsPerCharacter_Click() {
   std::optional<clsHashTable> table;
   const qint32 before = g_Project->Wordcount(false);
   {
-    const LongWork work(*g_Project, u"Counting words"_s, g_Project->SceneCount() > kScenesInAMoment,
-                        LongWork::Stop::Offered);
+    LongWork work(*g_Project, u"Counting words"_s, g_Project->SceneCount() > kScenesInAMoment, LongWork::Stop::Offered);
     table = perCharacter(work, [](clsScene& scene) {
       // What is typed in an open editor counts when it is saved, as everywhere.
       if (!scene.Locked()) {
@@ -107,10 +111,12 @@ void StatisticsCommands::mnuScenesPerCharacter_Click() {
   }
   std::optional<clsHashTable> table;
   {
-    const LongWork work(*g_Project, u"Counting scenes"_s, false);
+    LongWork work(*g_Project, u"Counting scenes"_s, false, LongWork::Stop::Offered);
     table = perCharacter(work, [](const clsScene&) { return 1; });
   }
-  tellShares(*table, g_Project->SceneCount());
+  if (table) {
+    tellShares(*table, g_Project->SceneCount());
+  }
 }
 
 void StatisticsCommands::mnuWordUsageCount_Click() {
@@ -122,10 +128,11 @@ void StatisticsCommands::mnuWordUsageCount_Click() {
   {
     // The scenes that are walked stay, whatever is done while the window repaints.
     const bool takesLong = g_Project->SceneCount() > kScenesInAMoment;
-    const LongWork work(*g_Project, u"Counting words"_s, takesLong, LongWork::Stop::Offered);
+    LongWork work(*g_Project, u"Counting words"_s, takesLong, LongWork::Stop::Offered);
     const std::vector<std::shared_ptr<clsScene>> scenes(g_Project->Scenes.begin(), g_Project->Scenes.end());
     for (const auto& scene : scenes) {
       main_.showMessage(scene->RTFFilename());
+      work.showIfLong();
       Subs().RegularDoEvents();
       BreakAndHash(table, scene->ConvertedToBodyText());
       if (work.stopWanted()) {

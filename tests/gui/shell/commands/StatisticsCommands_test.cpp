@@ -33,11 +33,14 @@ TEST_F(ShellTest, WordsAndScenesAreSharedOutByViewpoint) {
   chapterAt(1)->RemoveSceneByID(2);
   sceneAt(1)->RemoveCharByID(1);
   sceneAt(1)->RemoveCharByID(2);
+  // In the order of the scenes, wherever they stand in the chapters.
+  chapterAt(1)->RemoveSceneByID(1);
+  chapterAt(2)->Addscene(sceneAt(1));
   EXPECT_EQ(shown("mnuWordsPerCharacter"), u"N/A: 3 (42.86%)\n%L2: 4 (57.14%)\n"_s + note);
   sceneAt(1)->setTextRTF({});
   sceneAt(3)->Unused = true;
   EXPECT_EQ(shown("mnuWordsPerCharacter"), u"N/A: 0 (0.00%)\n"_s + note);
-  chapterAt(1)->Unused = true;
+  chapterAt(2)->Unused = true;
   EXPECT_EQ(shown("mnuWordsPerCharacter"), u"No characters"_s);
   EXPECT_EQ(shown("mnuScenesPerCharacter"), u"No characters"_s);
 }
