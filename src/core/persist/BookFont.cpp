@@ -12,6 +12,8 @@
 #include "core/persist/Backups.h"
 #include "core/persist/DiskConflicts.h"
 #include "core/persist/OlderCopy.h"
+#include "core/persist/ProjectSaver.h"
+#include "core/persist/RescueFolder.h"
 #include "core/persist/SceneFile.h"
 #include "core/text/frmRTFHidden.h"
 
@@ -45,7 +47,10 @@ class TextFolder {
   QString save(clsScene& scene) const {
     if (!g_Project->HasPlace()) {
       scene.SaveRTF(false);
-      return {};
+      return scene.RTFChanged() && !RescueFolder(*g_Project).holds(scene)
+                 ? u"The book has no place of its own, and the text could not be kept in "_s +
+                       RescueFolder(*g_Project).path()
+                 : QString();
     }
     SceneFile file(scene);
     file.save(false, mirror_);
@@ -60,6 +65,18 @@ QString nameOf(const clsScene& scene) {
   return calledScene(scene.Title);
 }
 
+/// With a new name it goes on there.
+bool mayWriteBook() {
+  switch (OlderCopy(*g_Project).settle(OlderCopy::Texts::All)) {
+    case OlderCopy::Answer::NewName:
+      return ProjectSaver(*g_Project).saveElsewhere() && g_Project->HasPlace();
+    case OlderCopy::Answer::GiveUp:
+      return false;
+    default:
+      return true;
+  }
+}
+
 }  // namespace
 
 BookFont::BookFont(const QString& name, double points) : name_(name), halfPoints_(qRound(points * 2)) {}
@@ -68,7 +85,7 @@ bool BookFont::mayBegin() {
   if (!g_Project->HasPlace()) {
     return true;
   }
-  if (!OlderCopy(*g_Project).mayWriteTexts()) {
+  if (!mayWriteBook()) {
     return false;
   }
   const BusyPointer pointer;

@@ -26,18 +26,18 @@ QStringList OlderCopy::othersInFolder() const {
   return others;
 }
 
-QStringList OlderCopy::threatened() const {
+QStringList OlderCopy::threatened(Texts texts) const {
   const QString& target = project_.FileWithPath;
   if (!Paths::areSame(target, project_.storedIn_) && Files().FileExists(target)) {
     return {target};
   }
   if (!project_.IsInOwnFolder()) {
     QStringList others = othersInFolder();
-    QStringList texts;
-    Files().FillFiles(project_.RTFFolder(), u"rtf"_s, texts);
-    return others.isEmpty() && !texts.isEmpty() ? QStringList{project_.RTFFolder()} : others;
+    QStringList files;
+    Files().FillFiles(project_.RTFFolder(), u"rtf"_s, files);
+    return others.isEmpty() && !files.isEmpty() ? QStringList{project_.RTFFolder()} : others;
   }
-  if (project_.UnsavedTexts() == 0) {
+  if (texts == Texts::ThatAreDue && project_.UnsavedTexts() == 0) {
     return {};
   }
   QStringList others = othersInFolder();
@@ -59,9 +59,9 @@ QString OlderCopy::question(const QStringList& others) const {
          firstOf(described, 3).join(u'\n') + u"\n\nHow do you want to save it?"_s;
 }
 
-OlderCopy::Answer OlderCopy::settle() {
+OlderCopy::Answer OlderCopy::settle(Texts texts) {
   const bool isOpen = !project_.storedIn_.isEmpty() && (project_.freshlyRead_ || !project_.IsInOwnFolder());
-  const QStringList others = isOpen ? threatened() : QStringList();
+  const QStringList others = isOpen ? threatened(texts) : QStringList();
   if (others.isEmpty()) {
     return Answer::NothingToAsk;
   }

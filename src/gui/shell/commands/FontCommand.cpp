@@ -9,6 +9,7 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
+#include "gui/shell/windows/UnplacedBook.h"
 #include "gui/views/frmPickFont.h"
 
 using namespace Qt::StringLiterals;
@@ -63,6 +64,7 @@ BookFont::Outcome setEverywhere(const DefaultFont& font) {
   LongWork work(*g_Project, u"Setting the font"_s, g_Project->SceneCount() > kScenesInAMoment, LongWork::Stop::Offered);
   const QString what = u"Setting the font in %1 scenes, done: "_s.arg(g_Project->SceneCount());
   return BookFont(font.name, font.points).apply([&](qint32 done) {
+    work.showIfLong();
     work.setCaption(what, done);
     return !work.stopWanted();
   });
@@ -79,7 +81,12 @@ void FontCommand::mnuSetAllSceneFont_Click() {
     return;
   }
   const std::optional<DefaultFont> font = frmPickFont::pick(u"Set font across all scenes"_s);
-  if (!font || g_Project->IsBusy() || !BookFont::mayBegin()) {
+  if (!font || g_Project->IsBusy()) {
+    return;
+  }
+  if (!BookFont::mayBegin()) {
+    main_.showBook();
+    main_.showMessage(u"The font was not set: all texts are as they were."_s);
     return;
   }
   const BookFont::Outcome outcome = setEverywhere(*font);
@@ -88,7 +95,10 @@ void FontCommand::mnuSetAllSceneFont_Click() {
   }
   main_.panes().scenes().DisplaySelectedScene();
   main_.showBook();
-  const QStringList remarks = remarksOn(outcome);
+  QStringList remarks = remarksOn(outcome);
+  if (outcome.done > 0 && !g_Project->HasPlace()) {
+    remarks.append(howToKeepChanges());
+  }
   if (outcome.end == End::Done && remarks.isEmpty()) {
     main_.showMessage(endOf(outcome));
   } else {

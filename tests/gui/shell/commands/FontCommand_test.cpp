@@ -136,6 +136,29 @@ TEST_F(FontCommandTest, WhatCannotBeKeptIsCopiedFirst) {
   EXPECT_TRUE(filesBelow(g_Project->TodaysBackupFolder()).values().contains(table));
 }
 
+// Its texts are those of the other project file too.
+TEST_F(FontCommandTest, InAnOlderCopyItAsksFirstAndGoesOnUnderTheNewName) {
+  const QString copy = folder.path(u"Small/Copy.qn4"_s);
+  ASSERT_TRUE(QFile::copy(g_Project->FileWithPath, copy));
+  const QByteArray theirs = onDisk(1);
+  window().LoadProject(copy, false);
+  toolkit.expectChoice(u"You opened Copy.qn4"_s, {});
+  setFont();
+  EXPECT_EQ(panel("numberfiles"), u"The font was not set: all texts are as they were."_s);
+  toolkit.expectChoice(u"You opened Copy.qn4"_s, u"Save under a new name"_s);
+  toolkit.expectFile(folder.path(u"Other/Other.qn4"_s));
+  setFont();
+  EXPECT_EQ(g_Project->FileWithPath, folder.path(u"Other/Other.qn4"_s));
+  EXPECT_EQ(inNewFont().size(), 5);
+  EXPECT_EQ(fileBytes(folder.path(u"Small/RTF/RTF_00001.rtf"_s)), theirs);
+}
+
+TEST_F(FontCommandTest, InABookWithoutAPlaceItSaysHowToKeepIt) {
+  g_Project->FileWithPath.clear();
+  toolkit.expectBox(u"5 of 5 scenes.\n\nThe book has no file yet: save it to keep this."_s);
+  setFont();
+}
+
 TEST_F(FontCommandTest, ATextThatCouldNotBeReadStays) {
   ASSERT_TRUE(QDir(folder.path()).mkdir(u"Other"_s));
   const QString single = folder.path() + u"/Other/Book.qnc4"_s;
