@@ -102,7 +102,8 @@ bool DebugFile::mayReplace(const QString& archive) const {
   kGuard([&] {
     const QStringList members{memberOf(file_), memberOf(list_), memberOf(g_SettingsFile), u"log.txt"_s};
     const ZipContents contents(archive);
-    isOurs = std::all_of(contents.members().begin(), contents.members().end(),
+    isOurs = !contents.members().empty() &&
+             std::all_of(contents.members().begin(), contents.members().end(),
                          [&](const ZipMember& member) { return members.contains(member.name); });
   });
   return isOurs;
@@ -122,7 +123,7 @@ bool DebugFile::zip() {
 }
 
 // The log comes last, with the lines about the others in it. There may be no settings yet.
-bool DebugFile::pack() const {
+bool DebugFile::pack() {
   const auto add = [this](const QString& path, const QString& line) {
     bool added = false;
     kGuard([&] { added = cSHAREDZipFiles().Zip(path, archive_); });
@@ -134,10 +135,13 @@ bool DebugFile::pack() const {
   if (!add(file_, u"Zipped debug file to "_s + archive_) || !add(list_, u"Added files list"_s)) {
     return false;
   }
-  if (Files().FileExists(g_SettingsFile)) {
-    add(g_SettingsFile, u"Added Quillane4.ini"_s);
+  missing_.clear();
+  if (Files().FileExists(g_SettingsFile) && !add(g_SettingsFile, u"Added Quillane4.ini"_s)) {
+    missing_.append(memberOf(g_SettingsFile));
   }
   Logging().WriteActionsToLog();
-  add(Paths::programFolder() + u"log.txt"_s, {});
+  if (!add(Paths::programFolder() + u"log.txt"_s, {})) {
+    missing_.append(u"log.txt"_s);
+  }
   return true;
 }

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 class clsProject;
 
@@ -20,6 +21,8 @@ class DebugFile {
   const QString& list() const { return list_; }
   /// Known once it is packed: an archive of the project's name that somebody else made stays as it is.
   const QString& archive() const { return archive_; }
+  /// What is there but could not be packed.
+  const QStringList& missing() const { return missing_; }
 
   /// A project file whose descriptions, notes and texts say that they were removed. Tags are found in any letters; what
   /// has no closing tag goes to the end.
@@ -28,7 +31,7 @@ class DebugFile {
  private:
   QString listed() const;
   bool mayReplace(const QString& archive) const;
-  bool pack() const;
+  bool pack();
 
   QString projectFile_;
   QString textFolder_;
@@ -37,4 +40,5 @@ class DebugFile {
   QString file_;
   QString list_;
   QString archive_;
+  QStringList missing_;
 };

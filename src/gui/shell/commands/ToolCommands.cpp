@@ -30,7 +30,8 @@ void tellOf(const DebugFile& debug, const QString& cause, bool zipped) {
     toolkit().MsgBox(
         u"Your debug info has been stored in "_s + debug.archive() +
         u"\n Note - all descriptions and notes have been removed from the debug file, and no scene content "
-        "has been included."_s);
+        "has been included."_s +
+        (debug.missing().isEmpty() ? QString() : u"\n\nThese could not be packed: "_s + debug.missing().join(u", "_s)));
   } else {
     toolkit().MsgBox(u"Unable to zip the debug file. However, you can still zip and send "_s + debug.file() +
                      u" manually."_s);
