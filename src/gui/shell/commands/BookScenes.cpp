@@ -6,6 +6,7 @@
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/LostAndFound.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/SceneRemoval.h"
 
@@ -31,20 +32,23 @@ void BookScenes::tellRefused(bool anyRefused) {
   }
 }
 
-bool BookScenes::mayRemove(frmMain& main, const QList<qint32>& ids) {
+bool BookScenes::mayRemove(frmMain& main, const QList<qint32>& ids, const QString& question) {
   const auto isOpen = [](qint32 id) { return g_Project->SceneByID(id)->Locked(); };
   if (std::any_of(ids.begin(), ids.end(), isOpen) && main.refusedWhileEditing()) {
     return false;
   }
-  return std::all_of(ids.begin(), ids.end(), [](qint32 id) {
-    const auto scene = g_Project->SceneByID(id);
-    if (!scene->InScenes()) {
-      return true;
-    }
-    // The file is what is left of the text.
-    scene->SaveRTF(true);
-    return mayLeaveBook(*scene);
-  });
+  return toolkit().MsgBox(question, Buttons::NoUnlessYes) == Answer::Yes &&
+         std::all_of(ids.begin(), ids.end(), [](qint32 id) {
+           const auto scene = g_Project->SceneByID(id);
+           if (!scene->InScenes()) {
+             return true;
+           }
+           // The file is what is left of the text.
+           if (!LostAndFound::mayBeRemoved(*scene)) {
+             scene->SaveRTF(true);
+           }
+           return mayLeaveBook(*scene);
+         });
 }
 
 void BookScenes::remove(clsChapter& chapter, qint32 id) {

@@ -16,9 +16,9 @@ namespace BookScenes {
 bool change(qint32 id, const std::function<void(clsScene&)>& what);
 /// Says so when anything was.
 void tellRefused(bool anyRefused);
-/// Whether all of them can leave the book: none is open in an editor, and the text of each is in its file. Says why
-/// not.
-bool mayRemove(frmMain& main, const QList<qint32>& ids);
+/// Whether all of them leave the book: none is open in an editor, the question was answered by Yes, and the text of
+/// each is in its file now. Says why not.
+bool mayRemove(frmMain& main, const QList<qint32>& ids, const QString& question);
 /// Takes the scene out of its chapter and the project. Its file stays where it is.
 void remove(clsChapter& chapter, qint32 id);
 

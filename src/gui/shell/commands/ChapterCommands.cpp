@@ -86,7 +86,7 @@ void ChapterCommands::mnuFileNew_Click() {
     return;
   }
   main_.ProjectChanged = true;
-  if (!g_Project->HoldsUnsaved()) {
+  if (g_Project->HasPlace() && !g_Project->HoldsUnsaved()) {
     main_.ProjectChanged.setWritten();
   }
   main_.RefreshAll();
@@ -117,14 +117,18 @@ void ChapterCommands::mnuCreateChapters_Click() {
 
 void ChapterCommands::createChapters(qint32 count) {
   const qint64 highest = ChapterNumbers::highest(*g_Project);
+  std::shared_ptr<clsChapter> chapter;
   for (qint32 i = 1; i <= count; ++i) {
-    const auto chapter = std::make_shared<clsChapter>();
+    chapter = std::make_shared<clsChapter>();
     chapter->Title = u"Chapter "_s + QString::number(highest + i);
     g_Project->AddChapter(chapter);
   }
   main_.ProjectChanged = true;
   main_.session().saveChange();
   main_.RefreshAll();
+  if (g_Project->ChapterByID(chapter->ID()) != chapter) {
+    return;  // another program's book was taken in the save
+  }
   main_.showMessage(
       count == 1 ? u"Chapter %1 was created at the end of the book"_s.arg(highest + 1)
                  : u"Chapters %1 to %2 were created at the end of the book"_s.arg(highest + 1).arg(highest + count));
@@ -163,7 +167,8 @@ void ChapterCommands::mnuRenumber_Click() {
   }
   main_.RefreshAll();
   g_Project->UpdateCombosInEditorWindows();
-  main_.showMessage(u"Chapters with another title: %L1. The log holds the old ones."_s.arg(renamed));
+  main_.showMessage(renamed == 0 ? u"No chapter has another title."_s
+                                 : u"Chapters with another title: %L1. The log holds the old ones."_s.arg(renamed));
 }
 
 // Scenes that were marked by hand lose their mark.
@@ -188,11 +193,9 @@ void ChapterCommands::mnuMarkChaptersUnused_Click() {
 // It isn't offered while a scene is open, but another window may have opened one since the last scan.
 void ChapterCommands::mnuRemoveChapter_Click() {
   const Chapters chapters = selectedIn(main_.panes().chapters());
-  if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters))) {
-    return;
-  }
-  if (toolkit().MsgBox(u"This will remove the selected chapter(s) and their scenes from your project. Are you sure?"_s,
-                       Buttons::NoUnlessYes) != Answer::Yes) {
+  const QString question =
+      u"This will remove the selected chapter(s) and their scenes from your project. Are you sure?"_s;
+  if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters), question)) {
     return;
   }
   for (const auto& chapter : chapters) {

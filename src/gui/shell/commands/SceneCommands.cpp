@@ -59,6 +59,10 @@ void SceneCommands::mnuAddMultiScenes_Click() {
   const QString answer =
       toolkit().InputBox(u"How many scenes would you like to add to this chapter?"_s, u"Create blank scenes"_s, {});
   const double count = std::nearbyint(Numbers::Val(answer));
+  if (count == 0 && !answer.isEmpty() && !Numbers::ToNumber(answer)) {
+    main_.showMessage(u"No scene was added: \""_s + answer + u"\" is no number"_s);
+    return;
+  }
   if (count > kMostAtOnce) {
     toolkit().MsgBox(u"Please specify 20 scenes or less"_s);
   } else if (count > 0) {
@@ -68,8 +72,9 @@ void SceneCommands::mnuAddMultiScenes_Click() {
 
 // They get their files with the book: one save, and one question where there is any.
 void SceneCommands::createScenes(clsChapter& chapter, qint32 count) {
+  std::shared_ptr<clsScene> scene;
   for (qint32 i = 1; i <= count; ++i) {
-    const auto scene = std::make_shared<clsScene>();
+    scene = std::make_shared<clsScene>();
     scene->Title = u"New Scene "_s + QString::number(i);
     g_Project->Addscene(scene);
     chapter.Addscene(scene);
@@ -78,6 +83,9 @@ void SceneCommands::createScenes(clsChapter& chapter, qint32 count) {
   main_.ProjectChanged = true;
   main_.session().saveChange();
   main_.RefreshAll();
+  if (g_Project->SceneByID(scene->ID()) != scene) {
+    return;  // another program's book was taken in the save
+  }
   main_.showMessage(count == 1 ? u"1 scene was added to the chapter"_s
                                : u"%L1 scenes were added to the chapter"_s.arg(count));
 }
@@ -122,8 +130,7 @@ void SceneCommands::RemoveScenes(bool AlsoDeleteFile) {
     toolkit().MsgBox(u"Select a scene first"_s);
     return;
   }
-  if (!BookScenes::mayRemove(main_, scenes) ||
-      toolkit().MsgBox(u"Remove selected scene(s) from your project?"_s, Buttons::NoUnlessYes) != Answer::Yes) {
+  if (!BookScenes::mayRemove(main_, scenes, u"Remove selected scene(s) from your project?"_s)) {
     return;
   }
   const auto chapter = g_Project->ChapterByID(chapterID);

@@ -1,5 +1,6 @@
 // The commands that make, edit, mark and remove chapters.
 
+#include "core/infra/FolderLock.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -66,6 +67,17 @@ TEST_F(ChapterCommandsTest, ANewChapterIsSavedAndSelected) {
   EXPECT_FALSE(window().ProjectChanged);
 }
 
+TEST_F(ChapterCommandsTest, ANewChapterOfAReadOnlyBookIsAskedAboutWhenThatIsLeft) {
+  endProgram();
+  const FolderLock elsewhere(folder.path(u"Small"_s));
+  toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  startWith(path);
+  editing(u"Epilogue"_s, Qt::Key_Return, [this] { trigger("mnuFileNew"); });
+  EXPECT_TRUE(window().isWindowModified());
+  toolkit.expectChoice(u"isn't saved"_s, u"Leave it unsaved"_s);
+  trigger("mnuCloseProject");
+}
+
 TEST_F(ChapterCommandsTest, ManyNewChaptersGoOnBehindTheHighestNumberThatATitleEndsIn) {
   const QStringList before{u"99"_s, u" Chapter 7  "_s, u"Chapter 12.9"_s};
   for (qint32 i = 1; i <= 3; ++i) {
@@ -103,6 +115,8 @@ TEST_F(ChapterCommandsTest, RenumberingLeavesOtherTitlesAloneAndTheLogKeepsTheOl
   EXPECT_TRUE(fileBytes(path).contains("<Title>Chapter%202</Title>"));
   EXPECT_FALSE(window().ProjectChanged);
   EXPECT_TRUE(logText().contains(u"Renamed chapter The chapter of lies to Chapter 2"));
+  trigger("mnuRenumber");
+  EXPECT_EQ(panel("numberfiles"), u"No chapter has another title."_s);
   // What has no place is a change still.
   chapterAt(2)->Title = u"Chapter 5"_s;
   g_Project->FileWithPath.clear();

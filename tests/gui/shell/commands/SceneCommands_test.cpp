@@ -53,6 +53,8 @@ TEST_F(SceneCommandsTest, BlankScenesAreAddedToTheChapterWithTheirFiles) {
     trigger("mnuAddMultiScenes");
     EXPECT_EQ(g_Project->SceneCount(), 5) << answer.toStdString();
     EXPECT_FALSE(window().ProjectChanged);
+    EXPECT_EQ(panel("numberfiles").contains(u"\"some\" is no number"_s), answer == u"some") << answer.toStdString();
+    window().showMessage({});
   }
   click(list("ListChapters"), 1);
   for (const char* answer : {"2", "20"}) {
@@ -99,11 +101,12 @@ TEST_F(SceneCommandsTest, ARemovedSceneLeavesItsFileWhereItIs) {
   const auto scene = sceneAt(1);
   const QString file = scene->RTFFileWithPath();
   click(list("ListScenes"), 0);
+  // A text that stands in memory alone isn't gone with its scene, and isn't written for a question.
+  scene->setTextRTF(simpleRtf("not written yet"));
   toolkit.expectBox(kRemove, Answer::No);
   trigger("mnuRemoveScene");
   EXPECT_EQ(g_Project->SceneCount(), 5);
-  // A text that stands in memory alone isn't gone with its scene.
-  scene->setTextRTF(simpleRtf("not written yet"));
+  EXPECT_TRUE(scene->RTFChanged());
   toolkit.expectBox(kRemove, Answer::Yes);
   trigger("mnuRemoveScene");
   EXPECT_FALSE(scene->InScenes());
