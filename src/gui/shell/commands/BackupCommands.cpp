@@ -58,11 +58,15 @@ void BackupCommands::mnuBackupProject_Click() {
                      firstOf(outcome.causes).join(u'\n'));
     return;
   }
+  noteFullBackup(main_);
+  toolkit().MsgBox(u"Backup to "_s + g_Project->TodaysBackupFolder() + u" complete."_s + whatIsMissing());
+}
+
+void BackupCommands::noteFullBackup(frmMain& main) {
   Settings().sSet(u"LastFullBackup"_s, Clock::dayNumber(Clock::today()));
   Settings().SaveSettings(g_SettingsFile);
-  main_.status().setBackupFailure({});
-  main_.status().setBackupReminder(false);
-  toolkit().MsgBox(u"Backup to "_s + g_Project->TodaysBackupFolder() + u" complete."_s + whatIsMissing());
+  main.status().setBackupFailure({});
+  main.status().setBackupReminder(false);
 }
 
 void BackupCommands::mnuVerifyBackup_Click() {

@@ -12,6 +12,9 @@ class BackupCommands : public CommandGroup {
 
   void bind(MenuBindings& menu) override;
 
+  /// A complete backup was just made: nobody has to be reminded of one.
+  static void noteFullBackup(frmMain& main);
+
  private:
   void mnuBackupProject_Click();
   void mnuVerifyBackup_Click();

@@ -4,6 +4,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/spell/ProblemWords.h"
+#include "gui/shell/commands/BackupCommands.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmGlobalReplace.h"
@@ -71,10 +72,18 @@ void SearchCommands::defineProblemWords() {
 void SearchCommands::mnuGlobalReplace_Click() {
   frmGlobalReplace* const form = frmGlobalReplace::showOver(main_);
   form->SaveBook = [&main = main_] { main.SaveProject(false); };
+  // Whoever has only looked, or has it all on the disk, has nothing to save.
   const auto told = [&main = main_] {
+    const bool unsaved = main.ProjectChanged.isUnsaved();
     main.ProjectChanged = true;
+    if (!unsaved) {
+      main.ProjectChanged.setWritten();
+    }
     main.showTitle();
   };
+  QObject::connect(
+      form, &frmGlobalReplace::backedUp, &main_,
+      guarded("mnuGlobalReplace_Click", "frmMain", [&main = main_] { BackupCommands::noteFullBackup(main); }));
   // Titles stand in the project file: it is saved as the texts are.
   QObject::connect(form, &frmGlobalReplace::bookChanged, &main_,
                    guarded("mnuGlobalReplace_Click", "frmMain", [&main = main_] {

@@ -97,7 +97,7 @@ bool ProjectSession::saveUnderNewName() {
 
 // A changed title is in no text and counts as little as it does elsewhere: it is a change all the same.
 bool ProjectSession::mayLeaveReadOnly() {
-  while (main_.ProjectChanged || g_Project->HoldsUnsaved()) {
+  while (main_.ProjectChanged.isUnsaved() || g_Project->HoldsUnsaved()) {
     switch (toolkit().Choose({u"The book was opened read-only, so what you have changed in it isn't saved."_s,
                               {u"Save under a new name"_s, u"Leave it unsaved"_s}})) {
       case 0:

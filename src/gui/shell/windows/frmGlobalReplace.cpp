@@ -6,9 +6,11 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/persist/BackupsProject.h"
 #include "core/persist/BackupsView.h"
+#include "gui/shell/windows/UnplacedBook.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 
@@ -41,26 +43,36 @@ QString replaced(qint64 occurrences) {
 }
 
 QString notSaved(const GlobalReplace::Outcome& outcome) {
-  return u"Global search/replace stopped. The scene \""_s + outcome.unsaved + u"\" could not be saved"_s +
+  return u"Global search/replace stopped. The scene \""_s + calledScene(outcome.unsaved) + u"\" could not be saved"_s +
          (outcome.cause.isEmpty() ? QString() : u": "_s + outcome.cause) + u"\n\nIt is as it was before. "_s +
          scenesChanged(outcome.scenes) + u" before."_s;
 }
 
-/// The day has one archive of the whole book: an earlier one holds what an earlier replacement has changed, so it gives
-/// up its name. Where it stands then; empty when there is none.
-QString setAsideEarlierBackup(const QString& earlier) {
-  if (Files().PathOnly(earlier) != g_Project->TodaysBackupFolder()) {
-    return {};
+/// A name that no file has, for the archive beside itself.
+QString nameAside(const QString& archive) {
+  const QString stem = Files().FileWithoutExt(archive) + Clock::now().toString(u"'_'HHmmss"_s);
+  QString name = stem + u".zip"_s;
+  for (int i = 2; Files().FileExists(name); ++i) {
+    name = stem + u'_' + QString::number(i) + u".zip"_s;
   }
-  const QString aside = Files().FileWithoutExt(earlier) + Clock::now().toString(u"'_'HHmmss'.zip'"_s);
-  return Files().MoveFile(earlier, aside) ? aside : QString();
+  return name;
 }
 
+/// The day has one archive of the whole book: an earlier one holds what an earlier replacement has changed, so it gives
+/// up its name, and nothing is packed over one that can't.
 BackupOutcome makeBackup() {
   const QString earlier = newestCompleteBackup(*g_Project);
-  const QString aside = setAsideEarlierBackup(earlier);
+  if (Files().PathOnly(earlier) != g_Project->TodaysBackupFolder()) {
+    return backUpProject(*g_Project, true, false);
+  }
+  const QString aside = nameAside(earlier);
+  if (!Files().MoveFile(earlier, aside)) {
+    return {BackupOutcome::Result::Failed,
+            {},
+            {u"The earlier backup could not be renamed, and is left as it is: "_s + earlier}};
+  }
   BackupOutcome outcome = backUpProject(*g_Project, true, false);
-  if (!aside.isEmpty() && !Files().FileExists(earlier)) {
+  if (!Files().FileExists(earlier)) {
     Files().MoveFile(aside, earlier);
   }
   return outcome;
@@ -129,6 +141,7 @@ void frmGlobalReplace::buildLayout() {
   lblResult = makeWrappedLabel(u"lblResult"_s,
                                u"The texts of all scenes are searched. A complete backup of the book is made before."_s,
                                kLetters, this);
+  lblResult->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   buttons->addWidget(cmdOK);
@@ -168,8 +181,8 @@ void frmGlobalReplace::cmdOK_Click() {
     return;
   }
   const GlobalReplace::Outcome outcome = replacement.run();
-  // A disk that has no room has none for the project file either.
-  if (outcome.scenes > 0 && outcome.end != GlobalReplace::End::NotSaved) {
+  // Also behind a text that could not be saved: titles of others stand in the project file.
+  if (outcome.scenes > 0) {
     Q_EMIT bookChanged();
   }
   tell(outcome);
@@ -200,6 +213,7 @@ bool frmGlobalReplace::backUp() {
   }
   if (causes.isEmpty()) {
     archive_ = outcome.archive;
+    Q_EMIT backedUp();
     return true;
   }
   return toolkit().MsgBox(
@@ -216,18 +230,23 @@ void frmGlobalReplace::tell(const GlobalReplace::Outcome& outcome) {
   if (!archive_.isEmpty()) {
     result += u"\nThe book as it was before is in "_s + archive_;
   }
+  const QString toKeep = outcome.scenes > 0 ? howToKeepChanges() : QString();
+  if (!toKeep.isEmpty()) {
+    result += u'\n' + toKeep;
+  }
   lblResult->setText(result);
+  const QString behind = toKeep.isEmpty() ? QString() : u"\n\n"_s + toKeep;
   switch (outcome.end) {
     case GlobalReplace::End::Done:
-      toolkit().MsgBox(replaced(outcome.occurrences));
+      toolkit().MsgBox(replaced(outcome.occurrences) + behind);
       break;
     case GlobalReplace::End::Locked:
       toolkit().MsgBox(u"Global search/replace cancelled. One or more scenes are open in edit windows.\n\n"_s +
-                       scenesChanged(outcome.scenes) + u" before."_s);
+                       scenesChanged(outcome.scenes) + u" before."_s + behind);
       break;
     case GlobalReplace::End::Stopped:
       toolkit().MsgBox(u"Global search/replace stopped. "_s + replaced(outcome.occurrences) + u".\n\n"_s +
-                       scenesChanged(outcome.scenes) + u" before."_s);
+                       scenesChanged(outcome.scenes) + u" before."_s + behind);
       break;
     case GlobalReplace::End::NotSaved:
       toolkit().MsgBox(notSaved(outcome));

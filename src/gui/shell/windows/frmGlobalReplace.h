@@ -28,6 +28,8 @@ class frmGlobalReplace : public QDialog {
   std::function<void()> SaveBook = [] {};
 
  Q_SIGNALS:
+  /// A complete backup was made.
+  void backedUp();
   /// Scenes were changed and saved.
   void bookChanged();
 

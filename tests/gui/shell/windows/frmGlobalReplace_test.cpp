@@ -2,6 +2,8 @@
 
 #include "gui/shell/windows/frmGlobalReplace.h"
 
+#include "core/infra/FolderLock.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/text/Rtf.h"
 #include "gui/shell/BackupTest.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -17,6 +19,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +38,12 @@ class GlobalReplaceTest : public BackupTest {
     g_Project->SaveQN4(false);
     window().RefreshAll();
   }
+  void openReadOnly() {
+    endProgram();
+    elsewhere_.emplace(folder.path(u"Small"_s));
+    toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+    startWith(project_);
+  }
   frmGlobalReplace& open() {
     trigger("mnuGlobalReplace");
     auto& form = required(window().findChild<frmGlobalReplace*>(), u"frmGlobalReplace"_s);
@@ -50,6 +60,7 @@ class GlobalReplaceTest : public BackupTest {
   static QByteArray fileOf(qint32 scene) { return fileBytes(sceneAt(scene)->RTFFileWithPath()); }
   static QString result(frmGlobalReplace& form) { return childOf<QLabel>(form, u"lblResult"_s).text(); }
 
+  std::optional<FolderLock> elsewhere_;
   const QString kBefore = u"Cal saw a calf. CalCal"_s;
 };
 
@@ -77,10 +88,12 @@ TEST_F(GlobalReplaceTest, EverySceneIsChangedInItsFormatsBehindABackupAndItsRowF
   const QDir day(Files().PathOnly(archive()), u"Small_complete_*.zip"_s);
   ASSERT_EQ(day.count(), 1);
   EXPECT_TRUE(membersOf(day.filePath(day[0])).value(u"RTF/RTF_00001.rtf"_s).contains("{\\b Cal} saw"));
+  EXPECT_TRUE(Settings().IsSettingPresent(u"LastFullBackup"_s));
   window().ProjectChanged = false;
   QTest::keyClick(&form, Qt::Key_Escape);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(window().ProjectChanged);
+  EXPECT_FALSE(window().isWindowModified());
   EXPECT_TRUE(soon([this] { return control<RichTextBox>("txtBody").Text() == text(1); }));
 }
 
@@ -102,6 +115,14 @@ TEST_F(GlobalReplaceTest, NothingToReplaceChangesNothing) {
   EXPECT_FALSE(QFile::exists(archive(u"_complete.zip"_s)));
   form.close();
   EXPECT_TRUE(window().ProjectChanged);
+}
+
+TEST_F(GlobalReplaceTest, WhoeverHasOnlyLookedIsNotAskedWhenHeLeavesAReadOnlyBook) {
+  openReadOnly();
+  open().close();
+  EXPECT_TRUE(window().ProjectChanged);
+  trigger("mnuCloseProject");
+  EXPECT_TRUE(g_Project->IsEmpty());
 }
 
 TEST_F(GlobalReplaceTest, AnOpenSceneEndsItAndWhatWasChangedBeforeStays) {
@@ -163,4 +184,21 @@ TEST_F(GlobalReplaceTest, ASceneThatCanNotBeSavedIsLeftAsItWas) {
   EXPECT_EQ(text(1), kBefore);
   EXPECT_EQ(g_Project->UnsavedTexts(), 0) << "nothing to ask about at the end";
   EXPECT_FALSE(membersOf(archive(u"_complete.zip"_s)).isEmpty());
+}
+
+TEST_F(GlobalReplaceTest, TitlesThatWereChangedBeforeAFailureAreInTheProjectFile) {
+  if (!FailingDisk::available()) {
+    GTEST_SKIP();
+  }
+  const qint64 room = 100000;
+  sceneAt(3)->setTextRTF(simpleRtf(QByteArray("Cal ").repeated(20000)));
+  g_Project->SaveQN4(false);
+  frmGlobalReplace& form = open();
+  childOf<QCheckBox>(form, u"chkCaseSensitive"_s).click();
+  {
+    const FailingDisk disk(room);
+    replace(form, u"Cal"_s, u"Callous"_s, u"The scene \"Cal 3\" could not be saved: "_s);
+  }
+  EXPECT_TRUE(fileOf(1).contains("Callous"));
+  EXPECT_TRUE(fileBytes(project_).contains("Callous%201"));
 }
