@@ -56,7 +56,7 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
         "mnuAutobackups",   "mnuSettings",       "mnuFileNew",         "mnuEditChapter",       "mnuMarkChaptersUnused",
         "mnuRemoveChapter", "mnuAddScene",       "mnuStatus(0)",       "mnuRemoveScene",       "mnuCreateChapters",
         "mnuRenumber",      "mnuAddMultiScenes", "mnuSetAllSceneFont", "mnuWordsPerCharacter", "mnuScenesPerCharacter",
-        "mnuCreateDebug",   "mnuListView"}) {
+        "mnuCreateDebug",   "mnuListView",       "mnuStoryboard"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;
