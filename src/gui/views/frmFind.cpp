@@ -93,7 +93,7 @@ frmFind::frmFind(QWidget* owner)
   giveName(*chkCaseSensitive, u"chkCaseSensitive"_s);
   cmdFind->setToolTip(u"Finds the next one (Enter, F3)"_s);
   cmdFindPrev->setToolTip(u"Finds the one before (Shift+F3)"_s);
-  cmdReplace->setToolTip(u"Finds the next one and replaces it"_s);
+  cmdReplace->setToolTip(u"Replaces the next one behind the caret; what is selected is passed over"_s);
   cmdFind->setDefault(true);
   buildLayout();
   connectSignals();

@@ -7,6 +7,7 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedDateSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/BackupsProject.h"
@@ -63,7 +64,7 @@ QString titleOf(const YoungerCopy& copy) {
   if (!copy.scene) {
     return u"A new scene that was never saved"_s;
   }
-  return copy.scene->Title.trimmed().isEmpty() ? u"(no title)"_s : copy.scene->Title;
+  return calledScene(copy.scene->Title);
 }
 
 QString offerOf(const QList<YoungerCopy>& found) {

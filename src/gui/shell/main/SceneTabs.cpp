@@ -1,6 +1,7 @@
 #include "gui/shell/main/SceneTabs.h"
 
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/main/SceneBody.h"
@@ -250,6 +251,7 @@ void SceneTabs::fillTab(int tab) {
         txtSceneTitle->setText(scene.Title);
         txtSceneTitle->setCursorPosition(0);
       }
+      txtSceneTitle->setPlaceholderText(calledScene({}));
       txtDesc->setPlaceholderText(u"No description yet"_s);
       showText(*txtDesc, scene.DescText);
       break;
@@ -297,6 +299,7 @@ void SceneTabs::clearDisplay() {
   filling_.stop();
   stale_.fill(false);
   txtSceneTitle->clear();
+  txtSceneTitle->setPlaceholderText({});
   txtDesc->clear();
   txtDesc->setPlaceholderText({});
   showTabIcon(kNotes, "note", false);

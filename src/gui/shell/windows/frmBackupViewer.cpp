@@ -8,6 +8,7 @@
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -49,7 +50,7 @@ constexpr int kHeightInLines = 34;
 enum Column { kScene, kSaved, kFile };
 
 QString titleOf(const clsScene& scene) {
-  return scene.Title.trimmed().isEmpty() ? u"(no title)"_s : scene.Title;
+  return calledScene(scene.Title);
 }
 
 std::shared_ptr<clsScene> sceneOf(const BackupCopy& copy) {
