@@ -30,8 +30,12 @@ BoardGround::BoardGround(QWidget* parent) : QWidget(parent) {
   setFont(StoryCard::boardFont(kNamePoints));
 }
 
-void BoardGround::setRows(int bars, const QStringList& names) {
-  bars_ = bars;
+void BoardGround::setBars(int rows) {
+  bars_ = rows;
+  update();
+}
+
+void BoardGround::setNames(const QStringList& names) {
   names_ = names;
   update();
 }

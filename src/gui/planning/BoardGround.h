@@ -9,6 +9,8 @@ class QLabel;
 
 /// What lies behind the cards of the storyboard: a bar and a name for each row, and where chapters begin.
 class BoardGround : public QWidget {
+  Q_OBJECT
+
  public:
   struct ChapterMark {
     int place;
@@ -19,9 +21,9 @@ class BoardGround : public QWidget {
 
   explicit BoardGround(QWidget* parent);
 
-  void setRows(int bars, const QStringList& names);
+  void setBars(int rows);
+  void setNames(const QStringList& names);
   void setChapterMarks(const std::vector<ChapterMark>& marks);
-  int bars() const { return bars_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -1,13 +1,13 @@
 #include "gui/planning/StoryCard.h"
 
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/planning/CardTitle.h"
 #include "gui/planning/BoardColours.h"
-#include "gui/toolkit/PlainToolTip.h"
 #include "gui/toolkit/Twips.h"
 
 #include <QContextMenuEvent>
@@ -46,8 +46,8 @@ QFont StoryCard::boardFont(double points) {
 
 void StoryCard::PrintOnCard(clsScene& scene, int row) {
   const QFontMetricsF metrics(font(), this);
-  if (scene.Title != title_) {
-    title_ = scene.Title;
+  if (const QString title = calledScene(scene.Title); title != title_) {
+    title_ = title;
     const int most = static_cast<int>(height() / lineStep(metrics)) + 1;
     lines_ = CardTitle::lines(title_, most, [&metrics](QStringView text) {
       return metrics.horizontalAdvance(text.toString()) * Twips::perPixel;
@@ -64,7 +64,7 @@ void StoryCard::say(clsScene& scene) {
   const QString words = QLocale().toString(scene.Wordcount()) + u" words"_s;
   const QString viewpoint =
       scene.ViewPointID() == 0 ? u"no viewpoint"_s : u"viewpoint "_s + scene.ViewPointChar()->Title();
-  QStringList spoken{scene.Title, u"chapter "_s + g_Project->ChapterByID(scene.BelongsToChID)->Title, viewpoint, words};
+  QStringList spoken{title_, u"chapter "_s + g_Project->ChapterByID(scene.BelongsToChID)->Title, viewpoint, words};
   if (scene.Unused) {
     spoken.append(u"unused"_s);
   }

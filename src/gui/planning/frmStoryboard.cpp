@@ -7,6 +7,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/planning/BoardGround.h"
+#include "gui/planning/BoardSpoken.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
@@ -57,12 +58,14 @@ frmStoryboard::frmStoryboard(QWidget* parent)
 }
 
 void frmStoryboard::createControls() {
+  speakOfCards();
   picFrame = new QWidget(this);
   picFrame->setObjectName(u"picFrame"_s);
   picSB = new BoardGround(picFrame);
   giveName(*picSB, u"picSB"_s, u"Storyboard"_s);
   auto* const empty = makeLabel(u"lblEmpty"_s, {}, picFrame);
   empty->setAlignment(Qt::AlignCenter);
+  empty->setAutoFillBackground(true);
   HScroll1 = new QScrollBar(Qt::Horizontal, this);
   giveName(*HScroll1, u"HScroll1"_s, u"Scenes"_s);
   VScroll1 = new QScrollBar(Qt::Vertical, this);
@@ -173,8 +176,10 @@ int frmStoryboard::rows() const {
   return std::max(g_Project->CharCount() + 1, tables_.rows());
 }
 
+// A bar for each row.
 void frmStoryboard::SetupScreen() {
-  Guard("SetupScreen", kModule)([this] { PrintActors(); });
+  Guard("SetupScreen", kModule)([this] { picSB->setBars(rows()); });
+  Guard("PrintActors", kModule)([this] { PrintActors(); });
 }
 
 void frmStoryboard::PrintActors() {
@@ -182,7 +187,7 @@ void frmStoryboard::PrintActors() {
   for (int row = 1; row <= tables_.rows(); ++row) {
     names.append(g_Project->CharByID(tables_.viewpointAt(row))->Title());
   }
-  picSB->setRows(rows(), names);
+  picSB->setNames(names);
 }
 
 void frmStoryboard::resizeEvent(QResizeEvent* event) {
@@ -198,7 +203,7 @@ void frmStoryboard::ResizeScreen() {
     return;
   }
   picSB->resize(Twips::toPixels(BoardGrid::boardWidth(frameWidth())), Twips::toPixels(BoardGrid::boardHeight(rows())));
-  DrawScrollbars();
+  Guard("DrawScrollbars", kModule)([this] { DrawScrollbars(); });
   RedisplayCards();
   vScrollMoved();
   sayWhyEmpty();
@@ -243,36 +248,37 @@ void frmStoryboard::RedisplayCards() {
   const QScopedValueRollback redrawing(redrawing_, true);
   // A card with the keyboard may be another scene's afterwards.
   const bool hadKeyboard = picSB->isAncestorOf(focusWidget()) || focusWidget() == picSB;
-  const int visible = BoardGrid::visibleColumns(frameWidth());
-  std::vector<BoardGround::ChapterMark> marks;
-  qint32 chapter = 0;
-  for (int place = 0; place < visible; ++place) {
-    const qint32 column = firstColumn_ + place + 1;
-    if (tables_.sceneAt(column) == 0) {
-      break;
-    }
-    DrawCard(place, column);
-    if (tables_.chapterAt(column) != chapter) {
-      chapter = tables_.chapterAt(column);
-      marks.push_back({place, chapter, g_Project->ChapterByIndex(chapter)->Title});
-    }
-  }
-  const int shown = std::clamp(tables_.columns() - firstColumn_, 0, visible);
-  for (size_t place = static_cast<size_t>(shown); place < cards_.size(); ++place) {
-    cards_[place]->hide();
-  }
-  picSB->setChapterMarks(marks);
+  Guard("RedisplayCards", kModule)([this] { drawSeen(); });
   setTabStop();
   if (hadKeyboard) {
     focusCurrent();
   }
 }
 
+void frmStoryboard::drawSeen() {
+  const int visible = BoardGrid::visibleColumns(frameWidth());
+  const int shown = std::clamp(tables_.columns() - firstColumn_, 0, visible);
+  std::vector<BoardGround::ChapterMark> marks;
+  qint32 chapter = 0;
+  for (int place = 0; place < shown; ++place) {
+    const qint32 column = firstColumn_ + place + 1;
+    DrawCard(place, column);
+    if (tables_.chapterAt(column) != chapter) {
+      chapter = tables_.chapterAt(column);
+      marks.push_back({place, chapter, g_Project->ChapterByIndex(chapter)->Title});
+    }
+  }
+  for (size_t place = static_cast<size_t>(shown); place < cards_.size(); ++place) {
+    cards_[place]->hide();
+  }
+  picSB->setChapterMarks(marks);
+}
+
 void frmStoryboard::DrawCard(int place, qint32 column) {
   StoryCard& card = picScene(place);
+  const int row = tables_.rowAt(column);
+  Guard("PrintOnCard", kModule)([&] { card.PrintOnCard(*g_Project->SceneByID(tables_.sceneAt(column)), row); });
   Guard("DrawCard", kModule)([&] {
-    const int row = tables_.rowAt(column);
-    card.PrintOnCard(*g_Project->SceneByID(tables_.sceneAt(column)), row);
     const auto [x, y] = BoardGrid::cardAt(place, row);
     card.move(Twips::toPixels(x), Twips::toPixels(y));
     card.setVisible(!isDragging() || column != from_.column);
@@ -309,7 +315,8 @@ StoryCard* frmStoryboard::makeCard() {
 void frmStoryboard::sayWhyEmpty() {
   auto* const empty = picFrame->findChild<QLabel*>(u"lblEmpty"_s);
   empty->setText(SceneCells::whyNone());
-  empty->setGeometry(picFrame->rect());
+  empty->adjustSize();
+  empty->move(picFrame->rect().center() - empty->rect().center());
   empty->setVisible(tables_.columns() == 0);
 }
 

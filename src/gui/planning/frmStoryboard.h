@@ -55,6 +55,7 @@ class frmStoryboard : public QDialog {
   void SetupScreen();
   void ResizeScreen();
   void RedisplayCards();
+  void drawSeen();
   void DrawCard(int place, qint32 column);
   StoryCard& picScene(int place);
   StoryCard* makeCard();

@@ -88,7 +88,9 @@ void frmStoryboard::picScene_MouseMove(QMouseEvent* event) {
 void frmStoryboard::scrollAtEdges() {
   const QPoint at = picFrame->mapFromGlobal(pointer_);
   HScroll1->setValue(HScroll1->value() + beyond(at.x(), picFrame->width()));
-  VScroll1->setValue(VScroll1->value() + beyond(at.y(), picFrame->height()));
+  if (VScroll1->isEnabled()) {
+    VScroll1->setValue(VScroll1->value() + beyond(at.y(), picFrame->height()));
+  }
 }
 
 void frmStoryboard::picScene_MouseUp(QMouseEvent* event) {

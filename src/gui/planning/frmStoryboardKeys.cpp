@@ -127,8 +127,9 @@ void frmStoryboard::showColumn(qint32 column) {
 
 // A card that isn't seen can't have the keyboard; the arrows go on from it all the same.
 void frmStoryboard::focusCurrent() {
-  const auto shown = std::find_if(cards_.begin(), cards_.end(), [this](const StoryCard* card) {
-    return card->isVisibleTo(picSB) && card->tag() == currentScene_;
+  const qint32 scene = tables_.sceneAt(currentColumn());
+  const auto shown = std::find_if(cards_.begin(), cards_.end(), [&](const StoryCard* card) {
+    return card->isVisibleTo(picSB) && card->tag() == scene;
   });
   QWidget* const taker = shown == cards_.end() ? static_cast<QWidget*>(picSB) : *shown;
   taker->setFocus();

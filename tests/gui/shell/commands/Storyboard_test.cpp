@@ -13,6 +13,7 @@
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
@@ -101,6 +102,9 @@ TEST_F(StoryboardTest, ShowsACardForEachSceneInItsColumnAndRow) {
   EXPECT_EQ(card(0).toolTip(), u"3 words"_s);
   EXPECT_EQ(card(0).accessibleName(), u"Arrival 1, chapter Arrival, viewpoint Zoë, 3 words"_s);
   EXPECT_EQ(card(3).accessibleName(), u"Departure 2, chapter Departure, no viewpoint, 1 words, unused"_s);
+  QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&card(0));
+  EXPECT_EQ(spoken->role(), QAccessible::ListItem);
+  EXPECT_EQ(spoken->parent()->role(), QAccessible::List);
   // Dark, and light: what a row's bar and the cards are drawn in can be told from what is behind.
   for (const QColor& ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
     QPalette palette(ground, ground);
