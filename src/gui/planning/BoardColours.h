@@ -20,6 +20,11 @@ inline QColor cardText(const QPalette& palette) {
   return reads ? text : palette.color(QPalette::Text);
 }
 
+/// The face of the card that the keyboard is on.
+inline QColor takenCard(const QPalette& palette) {
+  return Colours::mixed(palette.color(QPalette::Highlight), palette.color(QPalette::Base), 20);
+}
+
 /// Between chapters. On a dark board the told grey would be the brightest thing of all.
 inline QColor chapterLine(const QPalette& palette) {
   const QColor ground = palette.color(QPalette::Window);

@@ -68,8 +68,11 @@ void StoryCard::say(clsScene& scene) {
   if (scene.Unused) {
     spoken.append(u"unused"_s);
   }
-  setToolTip(words);
-  setAccessibleName(spoken.join(u", "_s));
+  // Whoever listens is told of what is new alone.
+  if (const QString name = spoken.join(u", "_s); name != accessibleName()) {
+    setToolTip(words);
+    setAccessibleName(name);
+  }
 }
 
 void StoryCard::mousePressEvent(QMouseEvent* event) {
@@ -99,7 +102,7 @@ void StoryCard::contextMenuEvent(QContextMenuEvent* event) {
 
 void StoryCard::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), palette().base());
+  painter.fillRect(rect(), hasFocus() ? BoardColours::takenCard(palette()) : palette().color(QPalette::Base));
   const QFontMetricsF metrics(font(), this);
   painter.setPen(unused_ ? Colours::readable(BoardColours::kGrey, palette()) : BoardColours::cardText(palette()));
   QPointF place(CardTitle::kLeft / Twips::perPixel, CardTitle::kTop / Twips::perPixel + metrics.ascent());
@@ -111,7 +114,7 @@ void StoryCard::paintEvent(QPaintEvent*) {
   painter.setPen(BoardColours::row(row_, palette(), QPalette::Base));
   painter.drawRect(edge);
   if (hasFocus()) {
-    painter.setPen(QPen(palette().highlight(), 2));
-    painter.drawRect(edge.adjusted(1.5, 1.5, -1.5, -1.5));
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(edge.adjusted(1, 1, -1, -1));
   }
 }

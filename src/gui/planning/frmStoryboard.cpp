@@ -26,6 +26,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
@@ -33,7 +34,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kModule = "frmStoryboard";
-constexpr QSize kCellsAtFirst(10, 6);
+constexpr QSize kCellsAtFirst(10, 5);
+
+QString nameOfCard(size_t place) {
+  return u"picScene(%1)"_s.arg(place);
+}
 
 }  // namespace
 
@@ -52,8 +57,11 @@ frmStoryboard::frmStoryboard(QWidget* parent)
     fillTables();
     followChanges();
   });
-  const QSize wanted(Twips::toPixels(BoardGrid::kCellWidth) * kCellsAtFirst.width(),
-                     Twips::toPixels(BoardGrid::kCellHeight) * kCellsAtFirst.height());
+  // Whole cells, so that the last card can be scrolled into sight whole.
+  const int margins = 2 * Twips::toPixels(BoardGrid::kFrameTop);
+  const QSize wanted(
+      Twips::toPixels(BoardGrid::kCellWidth * kCellsAtFirst.width()) + margins + VScroll1->sizeHint().width(),
+      Twips::toPixels(BoardGrid::boardHeight(kCellsAtFirst.height())) + margins + HScroll1->sizeHint().height());
   resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
@@ -227,8 +235,21 @@ void frmStoryboard::DrawScrollbars() {
 
 void frmStoryboard::hScrollMoved() {
   if (!redrawing_) {
+    turnCards(HScroll1->value() - firstColumn_);
     firstColumn_ = HScroll1->value();
     RedisplayCards();
+  }
+}
+
+// A scene that is seen before and after keeps its card, and the keyboard what it is on.
+void frmStoryboard::turnCards(int columns) {
+  const auto count = static_cast<int>(cards_.size());
+  if (columns == 0 || std::abs(columns) >= count) {
+    return;
+  }
+  std::rotate(cards_.begin(), cards_.begin() + (columns > 0 ? columns : count + columns), cards_.end());
+  for (size_t place = 0; place < cards_.size(); ++place) {
+    cards_[place]->setObjectName(nameOfCard(place));
   }
 }
 
@@ -250,7 +271,7 @@ void frmStoryboard::RedisplayCards() {
   const bool hadKeyboard = picSB->isAncestorOf(focusWidget()) || focusWidget() == picSB;
   Guard("RedisplayCards", kModule)([this] { drawSeen(); });
   setTabStop();
-  if (hadKeyboard) {
+  if (hadKeyboard && !isDragging()) {
     focusCurrent();
   }
 }
@@ -288,7 +309,7 @@ void frmStoryboard::DrawCard(int place, qint32 column) {
 StoryCard& frmStoryboard::picScene(int place) {
   while (static_cast<int>(cards_.size()) <= place) {
     StoryCard* const card = makeCard();
-    giveName(*card, u"picScene(%1)"_s.arg(cards_.size()), u"Card"_s);
+    giveName(*card, nameOfCard(cards_.size()), u"Card"_s);
     cards_.push_back(card);
   }
   return *cards_[static_cast<size_t>(place)];

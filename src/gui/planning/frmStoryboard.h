@@ -63,6 +63,7 @@ class frmStoryboard : public QDialog {
   void DrawScrollbars();
   void FitToFrame(double wanted);
   void hScrollMoved();
+  void turnCards(int columns);
   void vScrollMoved();
   void sayWhyEmpty();
   double frameWidth() const;

@@ -109,7 +109,7 @@ TEST_F(StoryboardTest, ShowsACardForEachSceneInItsColumnAndRow) {
   for (const QColor& ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
     QPalette palette(ground, ground);
     form().setPalette(palette);
-    const QImage image = card(0).grab().toImage();
+    const QImage image = card(3).grab().toImage();
     EXPECT_EQ(image.pixelColor(50, 70), palette.color(QPalette::Base));
     EXPECT_GE(Colours::contrast(image.pixelColor(0, 40), palette.color(QPalette::Base)), Colours::kEnoughContrast);
   }
@@ -125,6 +125,9 @@ TEST_F(StoryboardTest, CardsAreUsedAgainWhenTheBoardIsScrolled) {
   sideways.setValue(248);
   EXPECT_EQ(card(0).tag(), chapter(1).at(248));
   EXPECT_EQ(marks(), u"1:1 2:5"_s) << "the first that is seen always has one";
+  const StoryCard* const second = &card(1);
+  sideways.setValue(249);
+  EXPECT_EQ(&card(0), second) << "a scene that is seen still keeps its card";
   sideways.setValue(sideways.maximum());
   EXPECT_EQ(shown().last(), chapter(3).last());
   EXPECT_EQ(form().findChildren<StoryCard*>().size(), alive);
