@@ -76,6 +76,7 @@ class frmStoryboard : public QDialog {
   void picScene_MouseUp(QMouseEvent* event);
   void beginDrag(StoryCard& card, const QPoint& grab);
   void endDrag();
+  void giveUpDrag();
   void liftedToPointer();
   void scrollAtEdges();
   Cell cellOf(const StoryCard& card) const;

@@ -28,9 +28,11 @@ int beyond(int at, int size) {
 }  // namespace
 
 void frmStoryboard::picScene_MouseDown(StoryCard* card, QMouseEvent* event) {
-  if (isDragging()) {
+  if (isDragging() && event->button() != Qt::LeftButton) {
     return;
   }
+  // One that was let go while input was held back.
+  giveUpDrag();
   select(card->tag());
   pointer_ = event->globalPosition().toPoint();
   if (event->button() == Qt::RightButton) {
@@ -70,6 +72,13 @@ void frmStoryboard::endDrag() {
   spare_->unsetCursor();
   spare_->hide();
   startPolling();
+}
+
+void frmStoryboard::giveUpDrag() {
+  if (isDragging()) {
+    endDrag();
+    RedisplayCards();
+  }
 }
 
 void frmStoryboard::liftedToPointer() {

@@ -33,8 +33,7 @@ void frmStoryboard::keyPressEvent(QKeyEvent* event) {
 
 bool frmStoryboard::doKeyInDrag(int key) {
   if (key == Qt::Key_Escape) {
-    endDrag();
-    RedisplayCards();
+    giveUpDrag();
   }
   return true;
 }

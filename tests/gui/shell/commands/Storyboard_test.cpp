@@ -15,6 +15,7 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
@@ -172,8 +173,9 @@ TEST_F(StoryboardTest, ADragThatIsGivenUpOrOvertakenMovesNothing) {
   const auto drop = [](StoryCard* dragged) {
     send(*dragged, QEvent::MouseButtonRelease, dragged->mapToGlobal(QPoint(11, 13)));
   };
-  const QList<std::function<void()>> cases{[this] { press(Qt::Key_Escape); }, [this] { window().RefreshAll(); },
-                                           [this] { window().LoadProject(QString(g_Project->FileWithPath), true); }};
+  const QList<std::function<void()>> cases{
+      [this] { press(Qt::Key_Escape); }, [this] { QTest::mousePress(&card(1), Qt::LeftButton); },
+      [this] { window().RefreshAll(); }, [this] { window().LoadProject(QString(g_Project->FileWithPath), true); }};
   for (const auto& happens : cases) {
     StoryCard* const dragged = begin();
     // Scrolled under the card that is held.
@@ -238,8 +240,8 @@ TEST_F(StoryboardTest, ASceneThatIsOpenInAnEditorMovesAndTheEditorFollows) {
   ASSERT_TRUE(sceneAt(1)->EditingScene());
   drag(0, {2, 1});
   EXPECT_EQ(chapter(2), (QList<qint32>{1, 3, 4}));
-  ASSERT_NE(editor(), nullptr);
-  editor()->SaveQuietly();
+  EXPECT_EQ(childOf<QComboBox>(openEditor(), u"cmbViewpoint"_s).currentIndex(), -1);
+  openEditor().SaveQuietly();
   EXPECT_EQ(sceneAt(1)->ViewPointID(), 0);
   EXPECT_EQ(sceneAt(1)->BelongsToChID, 2);
 }
