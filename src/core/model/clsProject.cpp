@@ -10,6 +10,7 @@
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
+#include "core/model/SheetRun.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
@@ -40,7 +41,10 @@ bool enterNew(clsProject& project, void (clsProject::*add)(const std::shared_ptr
   if (!ask(*entity)) {
     return false;
   }
-  (project.*add)(entity);
+  // It is there already when the system was about to end the program meanwhile.
+  if (!isInBook(*entity)) {
+    (project.*add)(entity);
+  }
   project.SaveQN4(false);
   return true;
 }
@@ -266,6 +270,10 @@ bool clsProject::IsEmpty() const {
 
 // The title bar asks twice a second: it doesn't walk through all scenes while none has changed in this.
 qint32 clsProject::UnsavedTexts() const {
+  // It is asked after each of thousands of saves.
+  if (!DueFlag::isAnySet()) {
+    return 0;
+  }
   if (unsavedTextsAt_ != WatchedFlag::changes()) {
     unsavedTextsAt_ = WatchedFlag::changes();
     unsavedTexts_ = static_cast<qint32>(

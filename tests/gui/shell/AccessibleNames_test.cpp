@@ -10,11 +10,13 @@
 #include "gui/sheets/frmEditChapter.h"
 #include "gui/sheets/frmEditCharacter.h"
 #include "gui/sheets/frmEditThing.h"
+#include "gui/sheets/frmList.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/shell/windows/frmDebug.h"
 #include "gui/shell/windows/frmEditProject.h"
+#include "gui/shell/windows/frmGlobalReplace.h"
 #include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/shell/windows/frmOverview.h"
 #include "gui/shell/windows/frmProblemWords.h"
@@ -89,6 +91,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmBackupViewer backups(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
   const frmProblemWords problems(&window());
+  const frmGlobalReplace replacing(&window());
   const frmProjectWizard wizard(&window());
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
@@ -99,6 +102,8 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmEditChapter chapter(subject);
   const frmEditCharacter character(subject);
   const frmEditThing thing(subject);
+  frmList cast;
+  cast.SetupFor(kListCharacters, true);
   EXPECT_EQ(nameless(), QStringList());
 }
 

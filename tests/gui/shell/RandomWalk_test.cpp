@@ -12,10 +12,14 @@
 #include "gui/shell/ShadowBook.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/ModalHelper.h"
+#include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -100,9 +104,14 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
                                   {"move rows", &RandomWalkTest::moveRows},
                                   {"mark", &RandomWalkTest::mark},
                                   {"mark", &RandomWalkTest::mark},
+                                  {"add to a scene", &RandomWalkTest::addCast},
+                                  {"take out of a scene", &RandomWalkTest::takeCastOut},
+                                  {"manage the cast", &RandomWalkTest::manageCast},
                                   {"write", &RandomWalkTest::write},
                                   {"change from outside", &RandomWalkTest::outside},
                                   {"add, edit or remove", &RandomWalkTest::addOrRemove},
+                                  {"find", &RandomWalkTest::find},
+                                  {"replace", &RandomWalkTest::replace},
                                   {"create many or renumber", &RandomWalkTest::createManyOrRenumber}};
     for (int step = 0; step < steps && !HasFailure(); ++step) {
       const auto& [what, take] = table.at(static_cast<size_t>(below(std::ssize(table))));
@@ -209,7 +218,7 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
 
   void checkDisplay(qint32 id) {
     const ShadowBook::Scene scene = book_.scenes.value(id);
-    const bool empty = id != 0 && scene.text.isEmpty();
+    const bool empty = id != 0 && scene.text.trimmed().isEmpty();
     EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), scene.title);
     EXPECT_EQ(control<RichTextBox>("txtBody").toPlainText(), empty ? u"This scene has no content"_s : scene.text);
     EXPECT_EQ(memo("txtNotes"), scene.notes);
@@ -286,6 +295,97 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     EXPECT_EQ(drag_.drop(from, to, to.rowCount() - 1), !dragged.isEmpty());
     for (const qint32 id : dragged.isEmpty() ? IDs() : changed) {
       book_.changeCast(id, kind, dragged, &to != &all);
+    }
+  }
+
+  /// Chooses in the list window, from the menu.
+  void addCast() {
+    constexpr std::array kEntries{"mnuAddCharToScene", "mnuAddLocToCurrentScene", "mnuAddItemToCurrentScene"};
+    const auto kind = static_cast<size_t>(below(3));
+    const IDs scene = select(scenes(), 1);
+    const bool sure = !oneIn(4);
+    IDs chosen;
+    if (scene.isEmpty()) {
+      toolkit.expectBox(u"Select a scene first"_s);
+      trigger(kEntries.at(kind));
+      return;
+    }
+    const WhenModal whenUp([&](QWidget& form) {
+      chosen = select(childOf<ListView>(form, u"ListItems"_s), 1 + below(3));
+      childOf<QPushButton>(form, sure ? u"cmdOK"_s : u"cmdCancel"_s).click();
+    });
+    trigger(kEntries.at(kind));
+    if (sure) {
+      book_.changeCast(scene.first(), kind, chosen, true);
+    }
+  }
+
+  /// Removes what is selected in the scene, or makes another character its viewpoint.
+  void takeCastOut() {
+    constexpr std::array kEntries{"mnuRemoveCharFromScene", "mnuRemoveLocation", "mnuRemoveItem"};
+    const auto kind = static_cast<size_t>(below(3));
+    const qint32 scene = select(scenes(), 1).value(0);
+    control<QTabWidget>("TabStrip1").setCurrentIndex(static_cast<int>(kind) + 2);
+    const IDs selected = select(list(kCast.at(kind)), 1 + below(2));
+    if (selected.isEmpty()) {
+      return;
+    }
+    if (kind == 0 && oneIn(2)) {
+      const qint32 narrator = list(kCast[0]).SelectedTag();
+      IDs& cast = book_.scenes[scene].cast[0];
+      cast.move(cast.indexOf(narrator), 0);
+      trigger("mnuSetVP");
+    } else if (kind == 0 && scene == book_.open) {
+      toolkit.expectBox(u"Cannot change scene, it's being edited."_s);
+      trigger(kEntries[0]);
+    } else {
+      trigger(kEntries.at(kind));
+      book_.changeCast(scene, kind, selected, false);
+    }
+  }
+
+  /// Deletes, moves or enters one in the window of its kind.
+  void manageCast() {
+    constexpr std::array kEntries{"mnuEditChar", "mnuAddLocation", "mnuAddItem"};
+    const auto kind = static_cast<size_t>(below(3));
+    const WhenModal whenUp([&](QWidget& form) {
+      auto& rows = childOf<ListView>(form, u"ListItems"_s);
+      if (rows.rowCount() < 3 || oneIn(4)) {
+        enterNew(form, kind);
+      } else if (const qint32 id = select(rows, 1).value(0); oneIn(2)) {
+        remove(form, kind, id);
+      } else if (const int other = rows.SelectedRow() + 1; kind > 0 && other < rows.rowCount()) {
+        press(rows, Qt::Key_Down, Qt::AltModifier);
+        EXPECT_EQ(rows.tagAt(other), id);
+      }
+      childOf<QPushButton>(form, u"cmdCancel"_s).click();
+    });
+    trigger(kEntries.at(kind));
+  }
+
+  void enterNew(const QWidget& form, size_t kind) {
+    const qint32 id = book_.names.at(kind).isEmpty() ? 1 : book_.names.at(kind).lastKey() + 1;
+    const QString name = u"New "_s + someWords();
+    const WhenModal whenUp([&](QWidget& sheet) {
+      childOf<QLineEdit>(sheet, kind == 0 ? u"txtShortName"_s : u"txtTitle"_s).setText(name);
+      childOf<QPushButton>(sheet, u"cmdOK"_s).click();
+    });
+    childOf<QPushButton>(form, u"cmdAdd"_s).click();
+    book_.names.at(kind).insert(id, name);
+  }
+
+  void remove(const QWidget& form, size_t kind, qint32 id) {
+    const bool narrates = kind == 0 && book_.narratesSomewhere(id);
+    const bool sure = !oneIn(3);
+    if (narrates) {
+      toolkit.expectBox(u"You can't delete viewpoint characters."_s);
+    } else {
+      toolkit.expectBox(u"Are you sure you want to delete "_s + book_.names.at(kind).value(id),
+                        sure ? Answer::Yes : Answer::No);
+    }
+    childOf<QPushButton>(form, u"cmdDel"_s).click();
+    if (!narrates && sure) {
+      book_.removeCast(kind, id);
     }
   }
 
@@ -471,7 +571,7 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     const auto scene = g_Project->SceneByID(id);
     const int what = below(6);
     if (what == 0 || id == book_.open || shown == 0) {
-      const qint32 renamed = 1 + below(3);
+      const qint32 renamed = elementOf(book_.names[0].keys(), below(book_.names[0].size()));
       book_.names[0][renamed] = u"Name "_s + someWords();
       g_Project->CharByID(renamed)->setTitle(book_.names[0][renamed]);
     } else if (what == 1 || id == 0 || (what == 2 && book_.scenes.size() < 12)) {
@@ -491,6 +591,90 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
       scene->Title = written.title = someWords();
       scene->Save();
     }
+  }
+
+  /// A word or a part of one, most often of some scene.
+  QString someTerm() {
+    const ShadowBook::Scene scene = book_.scenes.values().value(below(book_.scenes.size()));
+    const QStringList words = (oneIn(4) ? someWords() : scene.text).split(u' ', Qt::SkipEmptyParts);
+    const QString word = words.value(below(words.size()), u"none"_s);
+    return word.left(1 + below(word.size()));
+  }
+
+  struct Hit {
+    qint32 scene;
+    qsizetype place;
+  };
+  QList<Hit> hitsOf(const QString& term) const {
+    QList<Hit> hits;
+    for (const qint32 chapter : book_.order) {
+      for (const qint32 id : book_.chapters[chapter].scenes) {
+        const QString& text = book_.scenes[id].text;
+        for (qsizetype at = text.indexOf(term); at >= 0; at = text.indexOf(term, at + 1)) {
+          hits.append({id, at});
+        }
+      }
+    }
+    return hits;
+  }
+
+  /// From the first chapter on, a few matches further, and one back.
+  void find() {
+    const QString term = someTerm();
+    const QList<Hit> hits = hitsOf(term);
+    trigger("mnuFind");
+    auto& dialog = childOf<QDialog>(window(), u"frmFind"_s);
+    childOf<QComboBox>(dialog, u"cmbFind"_s).setEditText(term);
+    const auto expectAt = [&](qsizetype wanted, const std::function<void()>& act) {
+      if (wanted < 0 || wanted >= hits.size()) {
+        toolkit.expectBox(u"No match"_s);
+        act();
+        return;
+      }
+      act();
+      EXPECT_EQ(scenes().SelectedTags(), IDs{hits[wanted].scene});
+      EXPECT_EQ(control<RichTextBox>("txtBody").SelStart(), hits[wanted].place);
+      EXPECT_EQ(control<RichTextBox>("txtBody").SelText(), term);
+    };
+    qsizetype at = 0;
+    expectAt(at, [&] { childOf<QPushButton>(dialog, u"cmdFind"_s).click(); });
+    dialog.close();
+    for (int further = below(5); further > 0 && at < hits.size(); --further) {
+      expectAt(++at, [&] { trigger("cmdFindNext"); });
+    }
+    if (at < hits.size()) {
+      qsizetype before = at - 1;
+      while (before >= 0 && hits[before].scene == hits[at].scene && hits[before].place + term.size() > hits[at].place) {
+        --before;
+      }
+      expectAt(before, [&] { trigger("mnuFindPrev"); });
+    }
+  }
+
+  void replace() {
+    const QString term = someTerm();
+    const QString with = someWords();
+    const bool minded = oneIn(2);
+    if (book_.open != 0 || (minded && term == with)) {
+      EXPECT_EQ(isEnabled("mnuGlobalReplace"), book_.open == 0);
+      return;
+    }
+    qsizetype count = 0;
+    for (ShadowBook::Scene& scene : book_.scenes) {
+      const QStringList parts = scene.text.split(term);
+      count += parts.size() - 1;
+      scene.text = parts.join(with);
+      scene.title = minded ? scene.title.replace(term, with) : scene.title;
+    }
+    trigger("mnuGlobalReplace");
+    auto& form = childOf<QDialog>(window(), u"frmGlobalReplace"_s);
+    childOf<QLineEdit>(form, u"txtLookfor"_s).setText(term);
+    childOf<QLineEdit>(form, u"txtReplaceWith"_s).setText(with);
+    childOf<QCheckBox>(form, u"chkCaseSensitive"_s).setChecked(minded);
+    toolkit.expectBox(u"Replaced %1 occurrences"_s.arg(QLocale().toString(count)));
+    childOf<QPushButton>(form, u"cmdOK"_s).click();
+    form.close();
+    comeBack();
   }
 
   ShadowBook book_;

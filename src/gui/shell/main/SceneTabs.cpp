@@ -219,6 +219,18 @@ void SceneTabs::display(clsScene& scene) {
   }
 }
 
+RichTextBox& SceneTabs::showContent() {
+  buildHiddenTabs();
+  setCurrentIndex(kContent);
+  stale_[kContent] = true;
+  fillTab(kContent);
+  return *txtBody;
+}
+
+RichTextBox* SceneTabs::content() const {
+  return txtBody;
+}
+
 // One tab a turn: keys and clicks come in between.
 void SceneTabs::fillNext() {
   const auto next = std::find(stale_.begin(), stale_.end(), true);

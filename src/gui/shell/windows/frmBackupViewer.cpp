@@ -8,7 +8,6 @@
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
-#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -48,10 +47,6 @@ constexpr int kWidthInLetters = 160;
 constexpr int kHeightInLines = 34;
 
 enum Column { kScene, kSaved, kFile };
-
-QString titleOf(const clsScene& scene) {
-  return calledScene(scene.Title);
-}
 
 std::shared_ptr<clsScene> sceneOf(const BackupCopy& copy) {
   const auto scene = copy.sceneID == 0 ? nullptr : g_Project->SceneByID(copy.sceneID);
@@ -236,10 +231,8 @@ void frmBackupViewer::showFolder() {
 }
 
 ListRow frmBackupViewer::rowOf(const BackupCopy& copy) const {
-  const auto scene = sceneOf(copy);
-  return {{scene ? titleOf(*scene) : u"(not in the book now)"_s, Dates().ShortFormatDateTime(copy.date),
-           copy.name.section(u'/', -1)},
-          scene ? "scene" : "file"};
+  return {{copy.title(), Dates().ShortFormatDateTime(copy.date), copy.name.section(u'/', -1)},
+          sceneOf(copy) ? "scene" : "file"};
 }
 
 const BackupCopy* frmBackupViewer::chosen() const {
