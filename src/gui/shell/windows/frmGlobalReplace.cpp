@@ -6,7 +6,6 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
-#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/persist/BackupsProject.h"
 #include "core/persist/BackupsView.h"
@@ -43,9 +42,23 @@ QString replaced(qint64 occurrences) {
 }
 
 QString notSaved(const GlobalReplace::Outcome& outcome) {
-  return u"Global search/replace stopped. The scene \""_s + calledScene(outcome.unsaved) + u"\" could not be saved"_s +
+  return u"Global search/replace stopped. The scene \""_s + outcome.unsaved + u"\" could not be saved"_s +
          (outcome.cause.isEmpty() ? QString() : u": "_s + outcome.cause) + u"\n\nIt is as it was before. "_s +
          scenesChanged(outcome.scenes) + u" before."_s;
+}
+
+QString endOf(const GlobalReplace::Outcome& outcome) {
+  const QString before = u"\n\n"_s + scenesChanged(outcome.scenes) + u" before."_s;
+  switch (outcome.end) {
+    case GlobalReplace::End::Locked:
+      return u"Global search/replace cancelled. One or more scenes are open in edit windows."_s + before;
+    case GlobalReplace::End::Stopped:
+      return u"Global search/replace stopped. "_s + replaced(outcome.occurrences) + u'.' + before;
+    case GlobalReplace::End::NotSaved:
+      return notSaved(outcome);
+    default:
+      return replaced(outcome.occurrences);
+  }
 }
 
 /// A name that no file has, for the archive beside itself.
@@ -235,20 +248,5 @@ void frmGlobalReplace::tell(const GlobalReplace::Outcome& outcome) {
     result += u'\n' + toKeep;
   }
   lblResult->setText(result);
-  const QString behind = toKeep.isEmpty() ? QString() : u"\n\n"_s + toKeep;
-  switch (outcome.end) {
-    case GlobalReplace::End::Done:
-      toolkit().MsgBox(replaced(outcome.occurrences) + behind);
-      break;
-    case GlobalReplace::End::Locked:
-      toolkit().MsgBox(u"Global search/replace cancelled. One or more scenes are open in edit windows.\n\n"_s +
-                       scenesChanged(outcome.scenes) + u" before."_s + behind);
-      break;
-    case GlobalReplace::End::Stopped:
-      toolkit().MsgBox(u"Global search/replace stopped. "_s + replaced(outcome.occurrences) + u".\n\n"_s +
-                       scenesChanged(outcome.scenes) + u" before."_s + behind);
-      break;
-    case GlobalReplace::End::NotSaved:
-      toolkit().MsgBox(notSaved(outcome));
-  }
+  toolkit().MsgBox(endOf(outcome) + (toKeep.isEmpty() ? QString() : u"\n\n"_s + toKeep));
 }
