@@ -121,6 +121,7 @@ void RichTextBox::load(const RichText& text) {
   watch();
   original_ = text;
   edited_ = false;
+  beforeCaretFormat_.reset();
   hasLists_ = RichTextDocument::hasLists(text);
   hasOwnLooks_ = RichTextDocument::hasOwnLooks(text);
   loaded_ = text;
@@ -320,6 +321,7 @@ qsizetype RichTextBox::replaceAll(const QString& find, const QString& with, Qt::
     // What the writer was looking at stays where it was.
     verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect().top() - heightBefore);
   });
+  const QScopedValueRollback replacingAll(replacingAll_, true);
   changed();
   return static_cast<qsizetype>(matches.size());
 }
