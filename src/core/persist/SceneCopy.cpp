@@ -20,6 +20,9 @@ namespace SceneCopy {
 
 namespace {
 
+/// Parts the name of the scene's file from its place in the chapter.
+const QString kPlace = u"_Scene_"_s;
+
 QDateTime whenWritten(const QString& path) {
   const QFileInfo file(path);
   return file.isFile() ? file.lastModified() : QDateTime();
@@ -29,7 +32,7 @@ QDateTime whenWritten(const QString& path) {
 
 QString nameOf(clsScene& scene) {
   const qint32 place = g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID());
-  return g_Project->TodaysBackupFolder() + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s +
+  return g_Project->TodaysBackupFolder() + Files().FileWithoutExt(scene.RTFFilename()) + kPlace +
          QString::number(place);
 }
 
@@ -48,7 +51,13 @@ QString planOf(const clsScene& scene) {
 }
 
 bool isOfUnsaved(const QString& path) {
-  return Files().FileOnly(path).startsWith(u"_Scene_"_s, Qt::CaseInsensitive);
+  return Files().FileOnly(path).startsWith(kPlace, Qt::CaseInsensitive);
+}
+
+bool isOfPlan(const QString& path) {
+  const QString name = Files().FileOnly(path);
+  const qsizetype place = name.lastIndexOf(kPlace, -1, Qt::CaseInsensitive);
+  return place >= 0 && name.indexOf(kPlan, place, Qt::CaseInsensitive) >= 0;
 }
 
 // The path of a scene without a name is the folder's.
