@@ -10,18 +10,9 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The file keeps its name when the other one is taken.
-void rename(QString& path, const QString& name) {
-  if (!path.isEmpty() && SceneCopy::isOfUnsaved(path) && !QFileInfo::exists(name) && Files().MoveFile(path, name)) {
-    path = name;
-  }
-}
-
-}  // namespace
 
 void SceneCopies::begin(const clsScene& scene) {
   LastBackupText.clear();
@@ -29,6 +20,7 @@ void SceneCopies::begin(const clsScene& scene) {
   BackupTicks = 0;
   BackupNow = true;
   ownFile_.clear();
+  unnamed_.clear();
   LastBackupPlan_ = SceneCopy::planOf(scene);
   ownPlanFile_.clear();
 }
@@ -56,11 +48,18 @@ SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rt
   return {isNew || isDue ? Check::Result::Done : Check::Result::NothingNew};
 }
 
+void SceneCopies::write(const QString& path, const QByteArray& rtf) {
+  SceneCopy::write(path, rtf);
+  if (SceneCopy::isOfUnsaved(path) && !unnamed_.contains(path)) {
+    unnamed_.append(path);
+  }
+}
+
 void SceneCopies::writeTo(const QString& path, clsScene& scene, const QByteArray& rtf) {
   if (path != ownFile_) {
     SceneCopy::putAside(path, rtf, SceneCopy::textSaved(scene));
   }
-  SceneCopy::write(path, rtf);
+  write(path, rtf);
   ownFile_ = path;
 }
 
@@ -85,7 +84,7 @@ SceneCopies::Check SceneCopies::copyPlan(clsScene& scene) {
     if (path != ownPlanFile_) {
       SceneCopy::putAside(path, rtf, SceneCopy::planSaved());
     }
-    SceneCopy::write(path, rtf);
+    write(path, rtf);
     ownPlanFile_ = path;
     LastBackupPlan_ = plan;
   });
@@ -93,8 +92,23 @@ SceneCopies::Check SceneCopies::copyPlan(clsScene& scene) {
 }
 
 void SceneCopies::sceneSaved(clsScene& scene) {
-  if (!scene.RTFFilename().isEmpty()) {
-    rename(ownFile_, SceneCopy::nameOf(scene) + u".rtf"_s);
-    rename(ownPlanFile_, SceneCopy::nameOf(scene) + SceneCopy::kPlan + u".rtf"_s);
+  if (scene.RTFFilename().isEmpty()) {
+    return;
+  }
+  for (const QString& path : std::exchange(unnamed_, {})) {
+    nameAfter(scene, path);
+  }
+}
+
+/// The file keeps its name when the other one is taken.
+void SceneCopies::nameAfter(const clsScene& scene, const QString& path) {
+  const QString name = Files().PathOnly(path) + Files().FileWithoutExt(scene.RTFFilename()) + Files().FileOnly(path);
+  if (QFileInfo::exists(name) || !Files().MoveFile(path, name)) {
+    return;
+  }
+  for (QString* own : {&ownFile_, &ownPlanFile_}) {
+    if (*own == path) {
+      *own = name;
+    }
   }
 }
