@@ -121,7 +121,6 @@ void RichTextBox::load(const RichText& text) {
   watch();
   original_ = text;
   edited_ = false;
-  beforeCaretFormat_.reset();
   hasLists_ = RichTextDocument::hasLists(text);
   hasOwnLooks_ = RichTextDocument::hasOwnLooks(text);
   loaded_ = text;

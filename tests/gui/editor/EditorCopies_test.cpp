@@ -215,8 +215,8 @@ TEST_F(EditorCopies, AllCopiesOfANewSceneAtIntervalsGetTheNameOfItsFile) {
     });
     EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
   }
-  EXPECT_EQ(copyNames(), (QStringList{u"RTF_00006_Scene_3_9.01am.rtf"_s, u"RTF_00006_Scene_3_9.02am.rtf"_s,
-                                      u"RTF_00006_Scene_3_9.03am.rtf"_s, u"_Scene_3_9.02am.rtf"_s}));
+  EXPECT_EQ(copyNames(), (QStringList{u"_Scene_3_9.02am.rtf"_s, u"RTF_00006_Scene_3_9.01am.rtf"_s,
+                                      u"RTF_00006_Scene_3_9.02am.rtf"_s, u"RTF_00006_Scene_3_9.03am.rtf"_s}));
 }
 
 TEST_F(EditorCopies, WhatIsTypedIntoThePlanHasACopyOfItsOwn) {
