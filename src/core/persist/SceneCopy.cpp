@@ -23,11 +23,6 @@ namespace {
 /// Parts the name of the scene's file from its place in the chapter.
 const QString kPlace = u"_Scene_"_s;
 
-QDateTime whenWritten(const QString& path) {
-  const QFileInfo file(path);
-  return file.isFile() ? file.lastModified() : QDateTime();
-}
-
 }  // namespace
 
 QString nameOf(clsScene& scene) {
@@ -62,11 +57,8 @@ bool isOfPlan(const QString& path) {
 
 // The path of a scene without a name is the folder's.
 QDateTime textSaved(const clsScene& scene) {
-  return scene.RTFFilename().isEmpty() ? QDateTime() : whenWritten(scene.RTFFileWithPath());
-}
-
-QDateTime planSaved() {
-  return whenWritten(g_Project->FileWithPath);
+  const QFileInfo file(scene.RTFFilename().isEmpty() ? QString() : scene.RTFFileWithPath());
+  return file.isFile() ? file.lastModified() : QDateTime();
 }
 
 void write(const QString& path, const QByteArray& rtf) {

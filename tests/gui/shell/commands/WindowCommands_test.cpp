@@ -180,7 +180,7 @@ TEST_F(SceneListTest, MayBeClosedWhileASaveOfItsChangesAsks) {
   writeFile(sceneAt(1)->RTFFileWithPath(), simpleRtf("another program's"));
   scenes().SelectTag(1);
   toolkit.expectChoice(u"Another program has changed"_s, u"Keep mine"_s);
-  toolkit.onChoice = [this] { form().close(); };
+  toolkit.onChoice = [this] { form().reject(); };
   choose(u"2nd Edit"_s);
   EXPECT_EQ(sceneAt(1)->Status, 4);
   EXPECT_TRUE(window().isWindowModified());
