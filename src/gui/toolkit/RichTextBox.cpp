@@ -323,6 +323,7 @@ qsizetype RichTextBox::replaceAll(const QString& find, const QString& with, Qt::
     // What the writer was looking at stays where it was.
     verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect().top() - heightBefore);
   });
+  const QScopedValueRollback replacingAll(replacingAll_, true);
   changed();
   return static_cast<qsizetype>(matches.size());
 }

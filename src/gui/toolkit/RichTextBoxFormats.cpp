@@ -78,6 +78,12 @@ void RichTextBox::formatSelected(const QTextCharFormat& change) {
   mergeSelected(change);
 }
 
+// A click on the place where the caret stands takes the format away, and moves nothing that would tell of it.
+bool RichTextBox::hasCaretFormat() const {
+  return beforeCaretFormat_ &&
+         RichTextDocument::fromQt(textCursor().charFormat()) != RichTextDocument::fromQt(*beforeCaretFormat_);
+}
+
 void RichTextBox::dropCaretFormat() {
   if (const auto before = std::exchange(beforeCaretFormat_, std::nullopt)) {
     QTextCursor cursor = textCursor();

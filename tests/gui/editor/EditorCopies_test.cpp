@@ -199,6 +199,26 @@ TEST_F(EditorCopies, TheCopyOfANewSceneGetsTheNameOfItsFileOnceItHasOne) {
   EXPECT_EQ(copyNames(), QStringList{stem + u"_Scene_3.rtf"_s});
 }
 
+TEST_F(EditorCopies, AllCopiesOfANewSceneAtIntervalsGetTheNameOfItsFile) {
+  Settings().sSet(u"AutoBackupSequential"_s, true);
+  Settings().sSet(u"SequentialFrequency"_s, 0);
+  {
+    const WhenModal write([&](QWidget& window) {
+      auto& editor = dynamic_cast<frmEditor&>(window);
+      for (int minute = 1; minute < 4; ++minute) {
+        setTime(9, minute);
+        typeAndTick(editor, u"words"_s);
+      }
+      // One name is taken.
+      writeFile(copies().filePath(u"RTF_00006_Scene_3_9.02am.rtf"_s), "other");
+      trigger(editor, "mnuSaveAndExit");
+    });
+    EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
+  }
+  EXPECT_EQ(copyNames(), (QStringList{u"_Scene_3_9.02am.rtf"_s, u"RTF_00006_Scene_3_9.01am.rtf"_s,
+                                      u"RTF_00006_Scene_3_9.02am.rtf"_s, u"RTF_00006_Scene_3_9.03am.rtf"_s}));
+}
+
 TEST_F(EditorCopies, WhatIsTypedIntoThePlanHasACopyOfItsOwn) {
   const QString name = u"RTF_00001_Scene_1_Plan.rtf"_s;
   frmEditor* const editor = open();

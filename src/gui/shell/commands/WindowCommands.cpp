@@ -98,7 +98,10 @@ void WindowCommands::changeStatus(const QList<qint32>& scenes, qint16 status) {
   }
   main_.ProjectChanged = true;
   g_Project->UpdateCombosInEditorWindows();
-  ExternalSceneList->UpdateItem();
+  // A save may ask, and much can be done meanwhile.
+  if (ExternalSceneList) {
+    ExternalSceneList->UpdateItem();
+  }
   main_.showTitle();
   BookScenes::tellRefused(refused);
 }

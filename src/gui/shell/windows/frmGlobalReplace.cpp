@@ -248,5 +248,11 @@ void frmGlobalReplace::tell(const GlobalReplace::Outcome& outcome) {
     result += u'\n' + toKeep;
   }
   lblResult->setText(result);
-  toolkit().MsgBox(endOf(outcome) + (toKeep.isEmpty() ? QString() : u"\n\n"_s + toKeep));
+  QStringList told(endOf(outcome));
+  for (const QString& remark : {toKeep, outcome.reduced.remark()}) {
+    if (!remark.isEmpty()) {
+      told.append(remark);
+    }
+  }
+  toolkit().MsgBox(told.join(u"\n\n"_s));
 }
