@@ -3,6 +3,7 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -96,7 +97,7 @@ ListRow sceneRow(qint32 id) {
   const auto number = [](qint16 value) { return QString::number(value); };
   ListRow row{{g_Project->ChapterByID(scene->BelongsToChID)->Title, SceneCells::status(*scene),
                SceneCells::actionOrReaction(*scene), QLocale().toString(scene->Wordcount()), number(scene->Day),
-               number(scene->Hour), number(scene->Minute), scene->ViewPointChar()->Title(), scene->Title,
+               number(scene->Hour), number(scene->Minute), scene->ViewPointChar()->Title(), calledScene(scene->Title),
                number(scene->LastsDays), number(scene->LastsHours), number(scene->LastsMinutes)}};
   if (scene->Unused) {
     row.colours = {{kDescription, RowColours::kGrey}};
