@@ -6,6 +6,7 @@
 #include "gui/shell/commands/BookScenes.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmDebug.h"
@@ -96,8 +97,10 @@ void WindowCommands::changeStatus(const QList<qint32>& scenes, qint16 status) {
   }
   main_.ProjectChanged = true;
   g_Project->UpdateCombosInEditorWindows();
-  ExternalSceneList->UpdateItem();
-  main_.showTitle();
+  if (ExternalSceneList != nullptr) {
+    ExternalSceneList->UpdateItem();
+  }
+  main_.session().saveChange();
   BookScenes::tellRefused(refused);
 }
 
