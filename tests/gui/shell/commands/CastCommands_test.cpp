@@ -75,13 +75,15 @@ class CastCommandsTest : public ShellTest {
 };
 
 TEST_F(CastCommandsTest, AnotherCharacterBecomesTheViewpoint) {
+  const QByteArray before = fileBytes(g_Project->FileWithPath);
   click(list("ListChar(0)"), 1);
   trigger("mnuSetVP");
   EXPECT_EQ(charsOf(1), IDs({1, 2}));
   EXPECT_EQ(viewpointShown(0), u"Anna"_s);
   EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs({1, 2}));
   EXPECT_TRUE(window().ProjectChanged);
-  EXPECT_FALSE(window().isWindowModified()) << "it is saved at once";
+  EXPECT_FALSE(window().isWindowModified());
+  EXPECT_TRUE(fileBytes(g_Project->FileWithPath) != before) << "it is saved at once";
 }
 
 TEST_F(CastCommandsTest, WhoIsNextNarratesWhenTheViewpointIsRemoved) {
@@ -122,7 +124,6 @@ TEST_F(CastCommandsTest, SelectedCharactersGoIntoAllSelectedScenesAndOut) {
   EXPECT_EQ(viewpointShown(1), u"Anna"_s) << "the first one narrates a scene that had nobody";
   EXPECT_EQ(list("ListScenes").SelectedTags(), IDs({1, 2}));
   EXPECT_TRUE(window().ProjectChanged);
-  EXPECT_EQ(logText().count(u"Error"_s), 0);
   select("ListChar(1)", {1});
   trigger("mnuRemoveCharFromAll");
   EXPECT_EQ(charsOf(1), IDs({2, 3}));
@@ -229,28 +230,28 @@ TEST_F(CastCommandsTest, WhoOnlyLooksHasNothingToSave) {
     QTest::keyClick(&childOf<ListView>(form, u"ListItems"_s), Qt::Key_Up, Qt::AltModifier);
   });
   EXPECT_FALSE(window().isWindowModified());
-  EXPECT_NE(fileBytes(path), saved);
+  EXPECT_TRUE(fileBytes(path) != saved);
 }
 
 TEST_F(CastCommandsTest, WhatIsDoneAfterTheirsWasTakenIsNotLoadedOver) {
-  entityDialogs().thing = [](const SheetSubject&, const ThingDetails& details) {
+  entityDialogs().character = [](const SheetSubject&, const CharacterDetails& details, qint32) {
     auto named = details;
-    named.Title = u"A rope"_s;
+    named.Title = u"Ida"_s;
     return std::optional(named);
   };
   const QString path = g_Project->FileWithPath;
   writeFile(path, fileBytes(path).replace("<Title>Arrival<", "<Title>Theirs<"));
   toolkit.expectChoice(u"Small.qn4"_s, u"Take theirs"_s);
-  inList("mnuAddItem", true, [this](frmList& form) {
+  inList("mnuEditChar", true, [this](frmList& form) {
     childOf<QPushButton>(form, u"cmdAdd"_s).click();
     EXPECT_TRUE(g_Project->ReloadWanted());
-    toolkit.expectBox(u"Are you sure you want to delete A lamp"_s, Answer::Yes);
+    toolkit.expectBox(u"Are you sure you want to delete Anna"_s, Answer::Yes);
     toolkit.expectChoice(u"Small.qn4"_s, u"Keep mine"_s);
     form.selectID(1);
     childOf<QPushButton>(form, u"cmdDel"_s).click();
   });
-  EXPECT_EQ(list("ListItems(1)").rowOfTag(1), -1);
-  EXPECT_TRUE(fileBytes(path).contains("A%20rope"));
+  EXPECT_EQ(list("ListChar(1)").rowOfTag(1), -1);
+  EXPECT_TRUE(fileBytes(path).contains("Ida"));
 }
 
 TEST_F(CastCommandsTest, ASceneThatHasGoneIsNotSavedAnew) {
