@@ -10,6 +10,7 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/WholeFile.h"
@@ -74,7 +75,7 @@ class Packing {
     }
     const bool isInProjectFile = Files().ExtOnly(project_.FileWithPath).compare(u"qnc4"_s, Qt::CaseInsensitive) == 0;
     if (!isInProjectFile && !(scene.RTFFilename().isEmpty() && scene.TextRTF().isEmpty())) {
-      outcome_.causes.append(u"The scene \"%1\" has no file of its text."_s.arg(scene.Title));
+      outcome_.causes.append(u"The scene \"%1\" has no file of its text."_s.arg(calledScene(scene.Title)));
     }
   }
 

@@ -48,9 +48,7 @@ QString sourceOf(const QString& copy) {
   return end < 0 ? key : key.first(end);
 }
 
-bool isOfPlan(const QString& copy) {
-  return keyOf(copy).contains(SceneCopy::kPlan, Qt::CaseInsensitive);
-}
+using SceneCopy::isOfPlan;
 
 /// Notes in the text too.
 QString wordsOf(const RichText& text) {

@@ -9,7 +9,6 @@
 #include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
-#include "core/persist/Backups.h"
 #include "core/persist/DiskConflicts.h"
 #include "core/persist/OlderCopy.h"
 #include "core/persist/SceneFile.h"
@@ -132,16 +131,7 @@ void BookFont::change(clsScene& scene, Outcome& outcome) const {
     format.fontName = name_;
     format.halfPoints = halfPoints_;
   });
-  if (losses) {
-    if (!backUpOriginal(scene)) {
-      throw RuntimeError(
-          RuntimeError::PathAccess,
-          u"Its text holds what can't be kept (%1), and could not be copied to the backup folder first."_s.arg(
-              namesOf(losses).join(u", "_s)));
-    }
-    outcome.reduced.append(nameOf(scene));
-    outcome.losses |= losses;
-  }
+  outcome.reduced.keepOriginal(scene, losses);
   frmRTFHidden worker;
   worker.SetText(text);
   scene.setTextRTF(worker.GetRTF());

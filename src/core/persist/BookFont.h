@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/text/Rtf.h"
+#include "core/persist/ReducedTexts.h"
 
 #include <QString>
 #include <QStringList>
@@ -21,10 +21,7 @@ class BookFont {
     qint32 done = 0;
     /// Titles of the scenes whose texts stay as they are because they weren't read when the book was opened.
     QStringList unread;
-    /// Titles of those of whose texts something could not be kept, and what. The files as they were are with the day's
-    /// backups.
-    QStringList reduced;
-    RtfLosses losses;
+    ReducedTexts reduced;
     /// Where it failed, and why. That text is as it was.
     QString failedAt;
     QString cause;

@@ -3,6 +3,7 @@
 #include "core/infra/CodePage.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -138,7 +139,7 @@ std::vector<LostText> find() {
     named.insert(asName(file));
     if (!placed.contains(scene->ID())) {
       const bool mayHaveFile = !file.isEmpty() && !g_Project->FileWithPath.isEmpty();
-      lost.push_back({LostText::Kind::Scene, scene->ID(), scene->Title, file,
+      lost.push_back({LostText::Kind::Scene, scene->ID(), calledScene(scene->Title), file,
                       mayHaveFile ? Files().FileDate(scene->RTFFileWithPath()) : QDateTime()});
     }
   }

@@ -18,7 +18,7 @@ struct LostText {
   Kind kind = Kind::Scene;
   /// 0 for a file.
   qint32 sceneID = 0;
-  /// The scene's title, or the name of the file.
+  /// What the scene is called, or the name of the file.
   QString title;
   /// File name only; empty for a scene that was never saved.
   QString fileName;

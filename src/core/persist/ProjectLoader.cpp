@@ -10,6 +10,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -320,7 +321,7 @@ void ProjectLoader::tellUnreadTexts() const {
   QStringList titles;
   for (const auto& scene : project_.Scenes) {
     if (scene->TextUnread()) {
-      titles.append(scene->Title);
+      titles.append(calledScene(scene->Title));
     }
   }
   if (!titles.isEmpty()) {

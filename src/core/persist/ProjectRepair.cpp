@@ -3,6 +3,7 @@
 #include "core/infra/FirstOf.h"
 #include "core/infra/Guard.h"
 #include "core/infra/cSharedLogging.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
@@ -138,7 +139,7 @@ void ProjectRepair::partSharedFiles() {
     scene->rtfFilename_.clear();
     scene->stored_ = {};
     scene->rtfChanged_ = true;
-    titles.append(scene->Title);
+    titles.append(calledScene(scene->Title));
   }
   tell(u"Shared a file with another scene, and get their own when the book is saved"_s, titles);
 }
@@ -147,7 +148,8 @@ void ProjectRepair::findEmptiedFiles() {
   QStringList titles;
   for (const auto& scene : project_.Scenes) {
     if (scene->TextRTF().isEmpty() && !scene->TextUnread() && !scene->wordsStale_) {
-      titles.append(u"%1 (%2, %L3 words)"_s.arg(scene->Title, scene->RTFFilename()).arg(scene->wordcount_));
+      titles.append(
+          u"%1 (%2, %L3 words)"_s.arg(calledScene(scene->Title), scene->RTFFilename()).arg(scene->wordcount_));
     }
   }
   tell(u"Scenes whose file is empty now, though there were words in it"_s, titles);

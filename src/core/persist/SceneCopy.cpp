@@ -20,16 +20,14 @@ namespace SceneCopy {
 
 namespace {
 
-QDateTime whenWritten(const QString& path) {
-  const QFileInfo file(path);
-  return file.isFile() ? file.lastModified() : QDateTime();
-}
+/// Parts the name of the scene's file from its place in the chapter.
+const QString kPlace = u"_Scene_"_s;
 
 }  // namespace
 
 QString nameOf(clsScene& scene) {
   const qint32 place = g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID());
-  return g_Project->TodaysBackupFolder() + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s +
+  return g_Project->TodaysBackupFolder() + Files().FileWithoutExt(scene.RTFFilename()) + kPlace +
          QString::number(place);
 }
 
@@ -48,16 +46,19 @@ QString planOf(const clsScene& scene) {
 }
 
 bool isOfUnsaved(const QString& path) {
-  return Files().FileOnly(path).startsWith(u"_Scene_"_s, Qt::CaseInsensitive);
+  return Files().FileOnly(path).startsWith(kPlace, Qt::CaseInsensitive);
+}
+
+bool isOfPlan(const QString& path) {
+  const QString name = Files().FileOnly(path);
+  const qsizetype place = name.lastIndexOf(kPlace, -1, Qt::CaseInsensitive);
+  return place >= 0 && name.indexOf(kPlan, place, Qt::CaseInsensitive) >= 0;
 }
 
 // The path of a scene without a name is the folder's.
 QDateTime textSaved(const clsScene& scene) {
-  return scene.RTFFilename().isEmpty() ? QDateTime() : whenWritten(scene.RTFFileWithPath());
-}
-
-QDateTime planSaved() {
-  return whenWritten(g_Project->FileWithPath);
+  const QFileInfo file(scene.RTFFilename().isEmpty() ? QString() : scene.RTFFileWithPath());
+  return file.isFile() ? file.lastModified() : QDateTime();
 }
 
 void write(const QString& path, const QByteArray& rtf) {

@@ -22,10 +22,10 @@ QString planOf(const clsScene& scene);
 inline const QString kPlan = QStringLiteral("_Plan");
 /// True for the name of a copy that was made of a scene before it had a file.
 bool isOfUnsaved(const QString& path);
+/// True for the name of a copy of a plan; scenes' files may be called anything.
+bool isOfPlan(const QString& path);
 /// When the scene's own file was written; invalid without one.
 QDateTime textSaved(const clsScene& scene);
-/// The same for the project file, with the plans.
-QDateTime planSaved();
 /// Writes a copy. The day's folder is made where it is missing; a book's own that has gone isn't, for it may come back.
 /// Throws RuntimeError.
 void write(const QString& path, const QByteArray& rtf);

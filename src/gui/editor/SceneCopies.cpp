@@ -10,15 +10,15 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The file keeps its name when the other one is taken.
-void rename(QString& path, const QString& name) {
-  if (!path.isEmpty() && SceneCopy::isOfUnsaved(path) && !QFileInfo::exists(name) && Files().MoveFile(path, name)) {
-    path = name;
-  }
+bool holdsPlan(const QString& path, const QString& plan) {
+  QByteArray rtf;
+  return Files().LoadTextFile(path, rtf) && rtfToPlainText(rtf) == RichText::fromPlain(plan).text();
 }
 
 }  // namespace
@@ -29,6 +29,7 @@ void SceneCopies::begin(const clsScene& scene) {
   BackupTicks = 0;
   BackupNow = true;
   ownFile_.clear();
+  unnamed_.clear();
   LastBackupPlan_ = SceneCopy::planOf(scene);
   ownPlanFile_.clear();
 }
@@ -56,11 +57,18 @@ SceneCopies::Check SceneCopies::AutoBackup(clsScene& scene, const QByteArray& rt
   return {isNew || isDue ? Check::Result::Done : Check::Result::NothingNew};
 }
 
+void SceneCopies::write(const QString& path, const QByteArray& rtf) {
+  SceneCopy::write(path, rtf);
+  if (SceneCopy::isOfUnsaved(path) && !unnamed_.contains(path)) {
+    unnamed_.append(path);
+  }
+}
+
 void SceneCopies::writeTo(const QString& path, clsScene& scene, const QByteArray& rtf) {
   if (path != ownFile_) {
     SceneCopy::putAside(path, rtf, SceneCopy::textSaved(scene));
   }
-  SceneCopy::write(path, rtf);
+  write(path, rtf);
   ownFile_ = path;
 }
 
@@ -82,10 +90,11 @@ SceneCopies::Check SceneCopies::copyPlan(clsScene& scene) {
   const QString failure = Guard("AutoBackup", "frmEditor").causeOf([&] {
     const QString path = SceneCopy::nameOf(scene) + SceneCopy::kPlan + u".rtf"_s;
     const QByteArray rtf = writeRtf(RichText::fromPlain(plan));
-    if (path != ownPlanFile_) {
-      SceneCopy::putAside(path, rtf, SceneCopy::planSaved());
+    // The project file is saved for many reasons: its time says nothing of one scene's plan.
+    if (path != ownPlanFile_ && !holdsPlan(path, LastBackupPlan_)) {
+      SceneCopy::putAside(path, rtf, {});
     }
-    SceneCopy::write(path, rtf);
+    write(path, rtf);
     ownPlanFile_ = path;
     LastBackupPlan_ = plan;
   });
@@ -93,8 +102,23 @@ SceneCopies::Check SceneCopies::copyPlan(clsScene& scene) {
 }
 
 void SceneCopies::sceneSaved(clsScene& scene) {
-  if (!scene.RTFFilename().isEmpty()) {
-    rename(ownFile_, SceneCopy::nameOf(scene) + u".rtf"_s);
-    rename(ownPlanFile_, SceneCopy::nameOf(scene) + SceneCopy::kPlan + u".rtf"_s);
+  if (scene.RTFFilename().isEmpty()) {
+    return;
+  }
+  for (const QString& path : std::exchange(unnamed_, {})) {
+    nameAfter(scene, path);
+  }
+}
+
+/// The file keeps its name when the other one is taken.
+void SceneCopies::nameAfter(const clsScene& scene, const QString& path) {
+  const QString name = Files().PathOnly(path) + Files().FileWithoutExt(scene.RTFFilename()) + Files().FileOnly(path);
+  if (QFileInfo::exists(name) || !Files().MoveFile(path, name)) {
+    return;
+  }
+  for (QString* own : {&ownFile_, &ownPlanFile_}) {
+    if (*own == path) {
+      *own = name;
+    }
   }
 }

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 class clsScene;
 
@@ -24,11 +25,13 @@ class SceneCopies {
   Check AutoBackup(clsScene& scene, const QByteArray& rtf);
   /// The same for what was typed into the scene's plan, beside the copy of the text; written over each time.
   Check copyPlan(clsScene& scene);
-  /// A copy that was made before the scene had a file gets its name: what is left without one stands for a scene that
+  /// Copies that were made before the scene had a file get its name: what is left without one stands for a scene that
   /// was never saved.
   void sceneSaved(clsScene& scene);
 
  private:
+  void nameAfter(const clsScene& scene, const QString& path);
+  void write(const QString& path, const QByteArray& rtf);
   void writeTo(const QString& path, clsScene& scene, const QByteArray& rtf);
   void writeOver(clsScene& scene, const QByteArray& rtf);
   void writeNext(clsScene& scene, const QByteArray& rtf);
@@ -41,6 +44,8 @@ class SceneCopies {
   bool BackupNow = true;
   /// The file that is this editor's own to write over.
   QString ownFile_;
+  /// Those that were written before the scene had a file.
+  QStringList unnamed_;
   QString LastBackupPlan_;
   QString ownPlanFile_;
 };

@@ -1,6 +1,7 @@
 #include "core/infra/BusyPointer.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -136,7 +137,8 @@ void frmEditor::cutAt(const QString& separator) {
     return;
   }
   // What came in meanwhile is in no piece; words that stand twice are better than words that are gone.
-  if (cleanText() == whole) {
+  const bool isCut = cleanText() == whole;
+  if (isCut) {
     const qsizetype kept = pieces.front().size();
     txtMain->select(kept, txtMain->Text().size() - kept);
     txtMain->setSelText({});
@@ -148,14 +150,24 @@ void frmEditor::cutAt(const QString& separator) {
   source->ForceWordcount();
   FindInCombos(*source);
   ShowSceneWordCount();
-  showHint(u"The scene is split into %1"_s.arg(pieces.size()));
   if (Changed) {
     Changed();
+  }
+  if (isCut) {
+    showHint(u"The scene is split into %1"_s.arg(pieces.size()));
+  } else {
+    toolkit().MsgBox(
+        u"The text was changed while it was split, so this scene keeps all of it. What was to be cut off stands in "
+        "%1 behind it, too."_s.arg(countedScenes(static_cast<qsizetype>(texts.size()))));
   }
 }
 
 // What is no letter has no place in a title, and stays where it is.
 void frmEditor::cutSelection(void (EditorTabStrip::*into)(const QString&)) {
+  if (txtMain->Locked()) {
+    showHint(u"This scene isn't in the open project any more"_s);
+    return;
+  }
   if (txtMain->SelLength() == 0) {
     showHint(u"Select the words first"_s);
     return;

@@ -1,6 +1,6 @@
-#include "core/model/clsScene.h"
 #include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorSpelling.h"
+#include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/RightClick.h"
 #include "gui/editor/frmEditor.h"
 
@@ -24,10 +24,8 @@ void frmEditor::createSpellingMenu() {
   spelling_ = new EditorSpelling(*txtMain, *marks_, entries);
   spelling_->MarkNames = [this] { MarkCharacters(); };
   spelling_->KnownNames = &CharacterMarks::knownNames;
-  connect(spelling_, &EditorSpelling::told, this, [this](const QString& what) {
-    const auto shown = scene();
-    setCaption(!what.isEmpty() ? what : shown ? shown->Title : QString());
-  });
+  connect(spelling_, &EditorSpelling::told, this,
+          [this](const QString& what) { setCaption(what.isEmpty() ? TabStrip1->Title() : what); });
 }
 
 void frmEditor::offerSpelling(QMenu& menu, RightClick& clicks) {

@@ -112,7 +112,7 @@ class RichTextBox : public QTextEdit {
   void toggleSelUnderline() { setSelUnderline(SelFormat().underline != true); }
 
   /// A format was set for what is typed next, and the caret stands there still.
-  bool hasCaretFormat() const { return beforeCaretFormat_.has_value(); }
+  bool hasCaretFormat() const;
   /// What is typed next looks as it would have without.
   void dropCaretFormat();
 
@@ -140,6 +140,8 @@ class RichTextBox : public QTextEdit {
   /// While an input method puts a text together, none of which is in the text yet: a number that no other such text
   /// has. 0 otherwise.
   int composition() const { return composition_; }
+  /// replaceAll is telling of its change.
+  bool isReplacingAll() const { return replacingAll_; }
 
   /// Positions as the document counts them, in which a line end is one, and back.
   int toDocument(qsizetype position) const;
@@ -150,6 +152,7 @@ class RichTextBox : public QTextEdit {
   quint32 BackColor() const;
   /// A number with the top bit set is the palette's own colour.
   void setBackColor(quint32 colour);
+  /// What is locked isn't changed by the operations on the selection either, nor by replacing; loading is free.
   bool Locked() const { return isReadOnly(); }
   /// A locked text can be read, selected and copied with mouse and keys.
   void setLocked(bool locked);
@@ -234,6 +237,7 @@ class RichTextBox : public QTextEdit {
   /// Of text at the caret, before another one was set for it.
   std::optional<QTextCharFormat> beforeCaretFormat_;
   int composition_ = 0;
+  bool replacingAll_ = false;
   int lastComposition_ = 0;
   /// Where the selection was taken hold of.
   std::optional<QPoint> dragFrom_;

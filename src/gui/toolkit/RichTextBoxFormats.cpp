@@ -60,6 +60,9 @@ void RichTextBox::mergeSelected(const QTextCharFormat& change) {
 }
 
 void RichTextBox::formatSelected(const QTextCharFormat& change) {
+  if (Locked()) {
+    return;
+  }
   const QTextCursor cursor = textCursor();
   const bool isOfTyping = !cursor.hasSelection() && (document()->isEmpty() || cursor.block().length() > 1);
   if (!isOfTyping) {
@@ -73,6 +76,12 @@ void RichTextBox::formatSelected(const QTextCharFormat& change) {
   const bool isNew = RichTextDocument::fromQt(after) != RichTextDocument::fromQt(before) && !document()->isEmpty();
   beforeCaretFormat_ = isNew ? std::optional(before) : std::nullopt;
   mergeSelected(change);
+}
+
+// A click on the place where the caret stands takes the format away, and moves nothing that would tell of it.
+bool RichTextBox::hasCaretFormat() const {
+  return beforeCaretFormat_ &&
+         RichTextDocument::fromQt(textCursor().charFormat()) != RichTextDocument::fromQt(*beforeCaretFormat_);
 }
 
 void RichTextBox::dropCaretFormat() {

@@ -14,13 +14,6 @@ namespace {
 /// From here on it pays to look whether a text is held already.
 constexpr qsizetype kLongText = 1000;
 
-/// As it does when all of a word's places were replaced.
-bool liesAllOver(const std::vector<TextChange>& changes) {
-  const auto& hunks = changes.front().hunks;
-  return changes.size() == 1 &&
-         std::count_if(hunks.begin(), hunks.end(), [](const TextChange::Hunk& hunk) { return !hunk.sameWords; }) > 1;
-}
-
 /// Where the caret stands in the text once that was put back; in front of a piece that it was in.
 int caretAfter(int caret, const std::vector<TextChange::Hunk>& hunks) {
   int shift = 0;
@@ -90,6 +83,7 @@ void TextHistory::PushUndoState() {
     return;
   }
   open_.composition = box_.composition();
+  open_.allOver = box_.isReplacingAll();
   shareTexts(open_);
   push(std::exchange(open_, {}));
   tell();
@@ -160,13 +154,14 @@ void TextHistory::go(size_t from, size_t to) {
     std::for_each(step.changes.rbegin(), step.changes.rend(),
                   [&](const TextChange& change) { putBack(cursor, change, looks_, colour, box_.palette()); });
     cursor.endEditBlock();
-    if (liesAllOver(step.changes)) {
+    if (step.allOver && step.changes.size() == 1 && step.changes.front().hunks.size() > 1) {
       keepCaret(caretAfter(caret, step.changes.front().hunks), height);
     } else {
       placeCaret(step.changes.front());
     }
   });
   going_.reset();
+  UndoStack[from].allOver = step.allOver;
   if (UndoStack[from].changes.empty()) {  // it had changed nothing that is told apart
     UndoStack.erase(UndoStack.begin() + static_cast<std::ptrdiff_t>(from));
     UndoPos = from;

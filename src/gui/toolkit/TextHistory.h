@@ -29,8 +29,9 @@ class TextHistory : public QObject {
   void clear();
   bool canUndo() const;
   bool canRedo() const { return UndoPos < UndoStack.size(); }
-  /// Nothing happens in a locked box or when there is nothing to take back. The caret goes to what has changed; where
-  /// that lies all over the text, caret and view stay. A format set for what is typed next is the first to go.
+  /// Nothing happens in a locked box or when there is nothing to take back. The caret goes to what has changed; with
+  /// words that were replaced all over the text caret and view stay. A format set for what is typed next is the first
+  /// to go.
   void undo();
   void redo();
 
@@ -45,6 +46,8 @@ class TextHistory : public QObject {
   struct Step {
     std::vector<TextChange> changes;
     int composition = 0;
+    /// Of replaceAll. The writer looks at one of its many places, maybe.
+    bool allOver = false;
   };
 
   void watch();

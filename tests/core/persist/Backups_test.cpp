@@ -242,6 +242,15 @@ TEST_F(Backups, ACopyThatIsYoungerThanItsSceneAndHasOtherWordsIsFound) {
   EXPECT_EQ(fileBytes(found.first().copy.Path), simpleRtf("typed last"));
 }
 
+TEST_F(Backups, ACopyIsOneOfAPlanByWhatStandsBehindThePlaceWhateverTheScenesFileIsCalled) {
+  for (const auto* const text : {u"RTF_Planning_Scene_1.rtf", u"my_plan_Scene_2_9.05am.rtf", u"My_Plan_Original.rtf"}) {
+    EXPECT_FALSE(SceneCopy::isOfPlan(QString::fromUtf16(text))) << QString::fromUtf16(text);
+  }
+  for (const auto* const plan : {u"a_Scene_of_plans_Scene_2_Plan.rtf", u"_scene_3_plan_9.05am_2.rtf"}) {
+    EXPECT_TRUE(SceneCopy::isOfPlan(QString::fromUtf16(plan))) << QString::fromUtf16(plan);
+  }
+}
+
 TEST_F(Backups, CopiesOfPlansAndOfScenesThatWereNeverSavedAreFoundWhereTheBookIsOlder) {
   const QDateTime saved = Files().FileDate(path_);
   const QString folder = g_Project->Path() + u"Autobackups/"_s + saved.date().toString(Qt::ISODate) + u'/';

@@ -199,6 +199,26 @@ TEST_F(EditorCopies, TheCopyOfANewSceneGetsTheNameOfItsFileOnceItHasOne) {
   EXPECT_EQ(copyNames(), QStringList{stem + u"_Scene_3.rtf"_s});
 }
 
+TEST_F(EditorCopies, AllCopiesOfANewSceneAtIntervalsGetTheNameOfItsFile) {
+  Settings().sSet(u"AutoBackupSequential"_s, true);
+  Settings().sSet(u"SequentialFrequency"_s, 0);
+  {
+    const WhenModal write([&](QWidget& window) {
+      auto& editor = dynamic_cast<frmEditor&>(window);
+      for (int minute = 1; minute < 4; ++minute) {
+        setTime(9, minute);
+        typeAndTick(editor, u"words"_s);
+      }
+      // One name is taken.
+      writeFile(copies().filePath(u"RTF_00006_Scene_3_9.02am.rtf"_s), "other");
+      trigger(editor, "mnuSaveAndExit");
+    });
+    EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
+  }
+  EXPECT_EQ(copyNames(), (QStringList{u"_Scene_3_9.02am.rtf"_s, u"RTF_00006_Scene_3_9.01am.rtf"_s,
+                                      u"RTF_00006_Scene_3_9.02am.rtf"_s, u"RTF_00006_Scene_3_9.03am.rtf"_s}));
+}
+
 TEST_F(EditorCopies, WhatIsTypedIntoThePlanHasACopyOfItsOwn) {
   const QString name = u"RTF_00001_Scene_1_Plan.rtf"_s;
   frmEditor* const editor = open();
@@ -208,6 +228,23 @@ TEST_F(EditorCopies, WhatIsTypedIntoThePlanHasACopyOfItsOwn) {
   tick(*editor);
   EXPECT_TRUE(words(copy(name)).startsWith(u"Title\r\nArrival 1\r\n\r\nDescription\r\nThey meet"_s))
       << words(copy(name));
+}
+
+TEST_F(EditorCopies, APlanThatNeverReachedTheBookIsPutAsideAndOneThatDidIsNot) {
+  const QString name = u"RTF_00001_Scene_1_Plan.rtf"_s;
+  QDir().mkpath(copies().path());
+  writeFile(copies().filePath(name), simpleRtf("of a run that was cut off"));
+  ASSERT_TRUE(g_Project->SaveQN4(false)) << "for whatever other reason";
+  for (const char* words : {"They meet", "Again"}) {
+    frmEditor* const editor = open();
+    QTest::keyClicks(&control<QWidget>(*editor, "txtDesc"), QLatin1String(words));
+    tick(*editor);
+    trigger(*editor, "mnuSaveAndExit");
+    deleteUnloaded();
+  }
+  const QStringList plans = copyNames().filter(u"_Plan"_s);
+  ASSERT_EQ(plans.size(), 2);
+  EXPECT_EQ(copy(plans[0] == name ? plans[1] : plans[0]), simpleRtf("of a run that was cut off"));
 }
 
 TEST_F(EditorCopies, ANoteThatIsBeingWrittenIsInTheCopyAndNotYetInTheText) {

@@ -136,6 +136,16 @@ TEST_F(EditorScenesTest, TheWayBackEndsAtASplitSoThatNoWordsComeTwice) {
   EXPECT_EQ(scene(scenesOfChapter()[1])->ConvertedToBodyText(), u" twox"_s);
 }
 
+TEST_F(EditorScenesTest, ATextThatChangesWhileItIsSplitStaysWholeAndThatIsTold) {
+  frmEditor* const editor = openWith(u"one # two"_s);
+  toolkit.expectBox(u"Are you sure"_s, Answer::Yes);
+  toolkit.expectBox(u"this scene keeps all of it. What was to be cut off stands in 1 scene behind it, too."_s);
+  toolkit.onYield = [&] { type(*editor, u"x"_s); };
+  split(*editor);
+  EXPECT_TRUE(pane(*editor).Text().contains(u"# two"));
+  EXPECT_EQ(panel(*editor, 4), QString());
+}
+
 TEST_F(EditorScenesTest, VeryManyScenesAreNamedBeforeTheyAreMade) {
   frmEditor* const editor = openWith(QString(u"a#"_s).repeated(1200));
   toolkit.expectBox(u"on '#' markers?\n\nIt becomes 1,201 scenes."_s, Answer::No);

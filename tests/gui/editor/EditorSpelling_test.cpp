@@ -15,6 +15,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
 #include <QTest>
@@ -273,6 +274,7 @@ TEST_F(EditorSpellingTest, ADictionaryIsInstalledFromTheWeb) {
                           {u"/gone.zip"_s, "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"}});
   Settings().sSet(u"AutoSpell"_s, true);
   frmEditor& editor = openWith(u"dog dgo"_s);
+  QTest::keyClicks(&control<QLineEdit>(editor, "txtTitle"), u"Typed: "_s);
   const QString caption = editor.windowTitle();
   QStringList captions;
   QObject::connect(&editor, &QWidget::windowTitleChanged, &editor,

@@ -5,6 +5,7 @@
 
 #include <QInputMethodEvent>
 #include <QTest>
+#include <QTextCursor>
 #include <QTextDocument>
 
 #include <gtest/gtest.h>
@@ -212,6 +213,16 @@ TEST(TextHistoryTest, WhatWasReplacedAllOverTheTextGoesAndComesUnderTheCaret) {
   EXPECT_EQ(box.SelStart(), there);
   written.history.redo();
   EXPECT_EQ(box.SelStart(), after);
+  // Changed at two places otherwise, as where a passage was taken and where it was put: the writer is led there.
+  QTextCursor cursor(box.document());
+  cursor.beginEditBlock();
+  cursor.insertText(u"Once "_s);
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertText(u"."_s);
+  cursor.endEditBlock();
+  box.setSelStart(there);
+  written.history.undo();
+  EXPECT_EQ(box.SelStart(), 0);
 }
 
 TEST(TextHistoryTest, MarksAreNoStepAndTextComesBackInTheOneColour) {

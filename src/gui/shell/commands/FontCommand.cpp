@@ -4,6 +4,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/persist/BookFont.h"
 #include "gui/shell/main/MainPanes.h"
@@ -19,14 +20,6 @@ using End = BookFont::Outcome::End;
 
 /// As many have their font before a window about it could be read.
 constexpr qint32 kScenesInAMoment = 50;
-
-QString howMany(qsizetype scenes) {
-  return scenes == 1 ? u"1 scene"_s : u"%L1 scenes"_s.arg(scenes);
-}
-
-QString quoted(const QStringList& titles) {
-  return u"\n"_s + firstOf(titles).join(u'\n');
-}
 
 /// How far it came, and what is as it was.
 QString endOf(const BookFont::Outcome& outcome) {
@@ -46,15 +39,12 @@ QString endOf(const BookFont::Outcome& outcome) {
 QStringList remarksOn(const BookFont::Outcome& outcome) {
   QStringList remarks;
   if (!outcome.unread.isEmpty()) {
-    remarks.append(u"The text of %1 could not be read when the book was opened, and is as it was:"_s.arg(
-                       howMany(outcome.unread.size())) +
-                   quoted(outcome.unread));
+    remarks.append(u"The text of %1 could not be read when the book was opened, and is as it was:\n"_s.arg(
+                       countedScenes(outcome.unread.size())) +
+                   firstOf(outcome.unread).join(u'\n'));
   }
-  if (!outcome.reduced.isEmpty()) {
-    remarks.append(
-        u"The text of %1 held what could not be kept: %2. The files as they were are in %3:"_s.arg(
-            howMany(outcome.reduced.size()), namesOf(outcome.losses).join(u", "_s), g_Project->TodaysBackupFolder()) +
-        quoted(outcome.reduced));
+  if (const QString remark = outcome.reduced.remark(); !remark.isEmpty()) {
+    remarks.append(remark);
   }
   return remarks;
 }

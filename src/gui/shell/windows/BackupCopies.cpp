@@ -30,10 +30,12 @@ void sortByScene(std::vector<BackupCopy>& copies) {
 
 /// Members of an archive are the scenes' own files.
 QString kindOf(const BackupCopy& copy) {
-  const auto isCalled = [&](const QString& part) {
-    return copy.archive.isEmpty() && copy.name.contains(part, Qt::CaseInsensitive);
-  };
-  return isCalled(u"_Original"_s) ? u"Original: "_s : isCalled(SceneCopy::kPlan) ? u"Plan: "_s : QString();
+  if (!copy.archive.isEmpty()) {
+    return {};
+  }
+  return SceneCopy::isOfPlan(copy.name)                            ? u"Plan: "_s
+         : copy.name.contains(u"_Original"_s, Qt::CaseInsensitive) ? u"Original: "_s
+                                                                   : QString();
 }
 
 }  // namespace

@@ -46,6 +46,20 @@ QString notSaved(const GlobalReplace::Outcome& outcome) {
          scenesChanged(outcome.scenes) + u" before."_s;
 }
 
+QString endOf(const GlobalReplace::Outcome& outcome) {
+  const QString before = u"\n\n"_s + scenesChanged(outcome.scenes) + u" before."_s;
+  switch (outcome.end) {
+    case GlobalReplace::End::Locked:
+      return u"Global search/replace cancelled. One or more scenes are open in edit windows."_s + before;
+    case GlobalReplace::End::Stopped:
+      return u"Global search/replace stopped. "_s + replaced(outcome.occurrences) + u'.' + before;
+    case GlobalReplace::End::NotSaved:
+      return notSaved(outcome);
+    default:
+      return replaced(outcome.occurrences);
+  }
+}
+
 /// The day has one archive of the whole book: an earlier one holds what an earlier replacement has changed, so it gives
 /// up its name. Where it stands then; empty when there is none.
 QString setAsideEarlierBackup(const QString& earlier) {
@@ -217,19 +231,6 @@ void frmGlobalReplace::tell(const GlobalReplace::Outcome& outcome) {
     result += u"\nThe book as it was before is in "_s + archive_;
   }
   lblResult->setText(result);
-  switch (outcome.end) {
-    case GlobalReplace::End::Done:
-      toolkit().MsgBox(replaced(outcome.occurrences));
-      break;
-    case GlobalReplace::End::Locked:
-      toolkit().MsgBox(u"Global search/replace cancelled. One or more scenes are open in edit windows.\n\n"_s +
-                       scenesChanged(outcome.scenes) + u" before."_s);
-      break;
-    case GlobalReplace::End::Stopped:
-      toolkit().MsgBox(u"Global search/replace stopped. "_s + replaced(outcome.occurrences) + u".\n\n"_s +
-                       scenesChanged(outcome.scenes) + u" before."_s);
-      break;
-    case GlobalReplace::End::NotSaved:
-      toolkit().MsgBox(notSaved(outcome));
-  }
+  const QString remark = outcome.reduced.remark();
+  toolkit().MsgBox(endOf(outcome) + (remark.isEmpty() ? QString() : u"\n\n"_s + remark));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/infra/ScanPause.h"
-#include "core/model/GlobalReplace.h"
+#include "core/persist/GlobalReplace.h"
 
 #include <QDialog>
 

@@ -52,10 +52,6 @@ QString keyOf(const LostText& lost) {
              : u"file "_s + QString::number(lost.date.toMSecsSinceEpoch()) + u' ' + lost.fileName;
 }
 
-QString shownTitle(const LostText& lost) {
-  return lost.title.trimmed().isEmpty() ? u"(no title)"_s : lost.title;
-}
-
 QString quoted(const QString& title) {
   return u'"' + title + u'"';
 }
@@ -94,7 +90,7 @@ QString removalQuestion(const std::vector<LostText>& scenes) {
         .arg(scenes.size());
   }
   const LostText& scene = scenes.front();
-  return u"Remove "_s + quoted(shownTitle(scene)) + u" from the project? "_s +
+  return u"Remove "_s + quoted(scene.title) + u" from the project? "_s +
          (scene.fileName.isEmpty() ? QString() : u"Its file "_s + scene.fileName + u" stays on disk. "_s) +
          u"Its description, notes and ratings go."_s;
 }
@@ -249,7 +245,7 @@ void frmLostAndFound::showRows() {
 ListRow frmLostAndFound::rowOf(const LostText& lost) const {
   const bool known = glances_.contains(keyOf(lost));
   const std::optional<TextGlance> glance = glances_.value(keyOf(lost));
-  return {{shownTitle(lost), glance ? QLocale().toString(glance->words) : QString(),
+  return {{lost.title, glance ? QLocale().toString(glance->words) : QString(),
            lost.date.isValid() ? Dates().ShortFormatDate(lost.date.date()) : QString(),
            glance ? glance->firstWords : (known ? u"(can't be read)"_s : QString())},
           lost.kind == LostText::Kind::Scene ? "scene" : "file"};
@@ -321,7 +317,7 @@ void frmLostAndFound::cmdPutIntoChapter_Click() {
       if (LostAndFound::putIntoChapter(lost, *chapter)) {
         put.push_back(lost);
       } else {
-        unread.append(shownTitle(lost));
+        unread.append(lost.title);
       }
     }
   }

@@ -104,6 +104,9 @@ TEST_F(SceneListTest, KeepsInStepWithTheModelARowAtATime) {
   EXPECT_EQ(at(1, kDescription), u"Landfall"_s);
   EXPECT_EQ(painted.region.boundingRect().height(), scenes().visualRect(scenes().model()->index(1, 0)).height());
   EXPECT_TRUE(soon([] { return !g_SceneChanges.HasChanged(2, ChangeArea::SceneList); }));
+  g_Project->SceneByID(2)->Title.clear();
+  scenes().updateRow(1);
+  EXPECT_EQ(at(1, kDescription), u"Untitled scene"_s);
 
   const auto character = g_Project->CharByID(2);
   sceneAt(5)->AddCharByID(2);
@@ -170,6 +173,17 @@ TEST_F(SceneListTest, GivesTheSelectedScenesAStatusButThoseInAnEditor) {
   EXPECT_EQ(sceneAt(1)->Status * 10 + sceneAt(4)->Status, 41);
   scenes().clearSelection();
   EXPECT_FALSE(change.isEnabled());
+}
+
+TEST_F(SceneListTest, MayBeClosedWhileASaveOfItsChangesAsks) {
+  sceneAt(1)->setTextRTF(simpleRtf("mine"));
+  writeFile(sceneAt(1)->RTFFileWithPath(), simpleRtf("another program's"));
+  scenes().SelectTag(1);
+  toolkit.expectChoice(u"Another program has changed"_s, u"Keep mine"_s);
+  toolkit.onChoice = [this] { form().reject(); };
+  choose(u"2nd Edit"_s);
+  EXPECT_EQ(sceneAt(1)->Status, 4);
+  EXPECT_FALSE(window().isWindowModified());
 }
 
 TEST_F(SceneListTest, TheEntryShowsAndHidesItAndWhoClosesItFindsItAgainAsItWas) {

@@ -143,6 +143,29 @@ TEST_F(GlobalReplaceTest, WithoutABackupTheWriterIsAskedFirst) {
   EXPECT_EQ(text(1), u" saw a f. "_s);
 }
 
+TEST_F(GlobalReplaceTest, WhatCannotBeKeptIsCopiedFirstAndTold) {
+  const QByteArray reduced = "{\\rtf1{\\header\\pard head\\par}\\pard Cal\\par}";
+  sceneAt(3)->setTextRTF(reduced);
+  replace(open(), u"Cal"_s, u"Bal"_s,
+          u"Replaced 13 occurrences\n\nThe text of 1 scene held what could not be kept: "_s);
+  EXPECT_TRUE(toolkit.boxes.last().endsWith(u":\nCal 3"));
+  EXPECT_EQ(fileBytes(g_Project->TodaysBackupFolder() + u"RTF_00003_Original.rtf"_s), reduced);
+}
+
+TEST_F(GlobalReplaceTest, AQuestionThatIsGivenUpLeavesNothingDue) {
+  const QByteArray theirs = simpleRtf("another program's");
+  frmGlobalReplace& form = open();
+  sceneAt(1)->Title.clear();
+  writeFile(sceneAt(1)->RTFFileWithPath(), theirs);
+  toolkit.expectChoice(u"Another program has changed"_s, {});
+  toolkit.expectBox(u"Global search/replace stopped. The scene \"Untitled scene\" could not be saved\n\n"_s);
+  childOf<QLineEdit>(form, u"txtLookfor"_s).setText(u"Cal"_s);
+  childOf<QPushButton>(form, u"cmdOK"_s).click();
+  EXPECT_EQ(text(1), kBefore);
+  EXPECT_EQ(g_Project->UnsavedTexts(), 0) << "the next save asks nothing";
+  EXPECT_EQ(fileOf(1), theirs);
+}
+
 TEST_F(GlobalReplaceTest, ASceneThatCanNotBeSavedIsLeftAsItWas) {
   if (!FailingDisk::available()) {
     GTEST_SKIP();
@@ -163,4 +186,15 @@ TEST_F(GlobalReplaceTest, ASceneThatCanNotBeSavedIsLeftAsItWas) {
   EXPECT_EQ(text(1), kBefore);
   EXPECT_EQ(g_Project->UnsavedTexts(), 0) << "nothing to ask about at the end";
   EXPECT_FALSE(membersOf(archive(u"_complete.zip"_s)).isEmpty());
+
+  // One that is packed well, and finds no room as it is.
+  const QByteArray reduced = "{\\rtf1{\\header head}Cal" + QByteArray(room, 'x') + '}';
+  sceneAt(1)->setTextRTF(reduced);
+  toolkit.expectBox(u"\"Cal 1\" could not be saved: Its text holds what can't be kept ("_s);
+  g_Project->SaveQN4(false);
+  {
+    const FailingDisk disk(room / 2);
+    childOf<QPushButton>(form, u"cmdOK"_s).click();
+  }
+  EXPECT_EQ(fileOf(1), reduced);
 }

@@ -110,15 +110,16 @@ TEST_F(LostAndFoundWindow, PutsAllThatIsSelectedAtTheEndOfTheChapter) {
 }
 
 TEST_F(LostAndFoundWindow, ARemovedSceneLeavesItsFileWhichIsLostThen) {
+  sceneAt(2)->Title = u" "_s;
   g_Project->ChapterByID(1)->RemoveSceneByID(2);
   const auto before = filesBelow(folder.path(u"Small"_s));
   openForm();
-  toolkit.expectBox(u"Remove \"Arrival 2\" from the project? Its file RTF_00002.rtf stays on disk."_s, Answer::No);
+  toolkit.expectBox(u"Remove \"Untitled scene\" from the project? Its file RTF_00002.rtf stays on disk."_s, Answer::No);
   press("cmdRemove");
   EXPECT_EQ(toolkit.lastButtons, Buttons::NoUnlessYes);
-  EXPECT_EQ(titles(), QStringList{u"Arrival 2"_s});
+  EXPECT_EQ(titles(), QStringList{u"Untitled scene"_s});
   EXPECT_FALSE(window().ProjectChanged);
-  toolkit.expectBox(u"Remove \"Arrival 2\""_s, Answer::Yes);
+  toolkit.expectBox(u"Remove \"Untitled scene\""_s, Answer::Yes);
   press("cmdRemove");
   EXPECT_FALSE(g_Project->SceneByID(2)->InScenes());
   EXPECT_EQ(titles(), QStringList{u"RTF_00002.rtf"_s});

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/persist/ReducedTexts.h"
+
 #include <QString>
 #include <QStringMatcher>
 
@@ -27,7 +29,8 @@ class GlobalReplace {
     qint32 scenes = 0;
     /// Scenes whose titles or descriptions have changed.
     qint32 titles = 0;
-    /// The scene that could not be saved, and why, where that is known.
+    ReducedTexts reduced;
+    /// What the scene that could not be saved is called, and why, where that is known.
     QString unsaved;
     QString cause;
   };
@@ -43,6 +46,8 @@ class GlobalReplace {
  private:
   bool concerns(clsScene& scene) const;
   bool change(clsScene& scene, frmRTFHidden& worker, Outcome& outcome) const;
+  /// Its title and description, with the case minded. True when they are others now.
+  bool changePlan(clsScene& scene) const;
 
   QString search_;
   QString replacement_;

@@ -1,8 +1,11 @@
-#include "core/model/GlobalReplace.h"
+#include "core/persist/GlobalReplace.h"
 
+#include "core/infra/Guard.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/SaveSeries.h"
+#include "core/model/SceneBefore.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/frmRTFHidden.h"
@@ -10,27 +13,13 @@
 #include <QLocale>
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What of a scene is replaced in.
-struct SceneTexts {
-  QByteArray text;
-  QString title;
-  QString description;
-
-  static SceneTexts of(const clsScene& scene) { return {scene.TextRTF(), scene.Title, scene.DescText}; }
-  void storeIn(clsScene& scene) const {
-    // The same bytes again would count as a change where there are none.
-    if (scene.TextRTF() != text) {
-      scene.setTextRTF(text);
-    }
-    scene.Title = title;
-    scene.DescText = description;
-  }
-};
+const Guard kGuard("cmdOK_Click", "frmGlobalReplace");
 
 /// A book without a place of its own keeps what is saved in memory, and that is no failure.
 bool isUnsaved(const clsScene& scene) {
@@ -97,38 +86,57 @@ GlobalReplace::Outcome GlobalReplace::run() const {
 
 /// False when the scene could not be saved.
 bool GlobalReplace::change(clsScene& scene, frmRTFHidden& worker, Outcome& outcome) const {
-  const SceneTexts before = SceneTexts::of(scene);
-  SceneTexts after = before;
-  worker.SetRTF(before.text);
+  RtfLosses losses;
+  worker.SetText(readRtf(scene.TextRTF(), &losses));
   worker.ReplaceAll(search_, replacement_, caseSensitivity_ == Qt::CaseSensitive);
   const qint32 replaced = worker.ReplaceCount();
+  const QString called = calledScene(scene.Title);
+  ReducedTexts reduced = outcome.reduced;
   if (replaced > 0) {
-    after.text = worker.GetRTF();
+    outcome.cause = kGuard.causeOf([&] { reduced.keepOriginal(scene, losses); });
+    if (!outcome.cause.isEmpty()) {
+      outcome.unsaved = called;
+      return false;
+    }
   }
-  if (caseSensitivity_ == Qt::CaseSensitive) {
-    after.title.replace(search_, replacement_);
-    after.description.replace(search_, replacement_);
-  }
-  const bool titled = after.title != before.title || after.description != before.description;
+  const SceneBefore before(scene);
+  const bool titled = changePlan(scene);
   if (replaced == 0 && !titled) {
     return true;
   }
-  after.storeIn(scene);
+  const QByteArray after = replaced > 0 ? worker.GetRTF() : scene.TextRTF();
+  if (replaced > 0) {
+    scene.setTextRTF(after);
+  }
   scene.Save();
   if (replaced > 0 && isUnsaved(scene)) {
-    outcome.unsaved = before.title;
+    outcome.unsaved = called;
     outcome.cause = scene.SaveFailure();
-    before.storeIn(scene);
+    before.giveBack(scene);
     if (!outcome.cause.isEmpty()) {
-      // Its file holds this text still: nothing is due.
+      // Nothing is due any more, and is said to be.
       scene.Save();
     }
     return false;
   }
   // Asked about a file that another program has changed, the user may have taken that.
-  const bool kept = replaced > 0 && scene.TextRTF() == after.text;
+  const bool kept = replaced > 0 && scene.TextRTF() == after;
+  if (kept) {
+    outcome.reduced = std::move(reduced);
+  }
   outcome.occurrences += kept ? replaced : 0;
   outcome.titles += titled ? 1 : 0;
   outcome.scenes += kept || titled ? 1 : 0;
   return true;
+}
+
+bool GlobalReplace::changePlan(clsScene& scene) const {
+  if (caseSensitivity_ == Qt::CaseInsensitive) {
+    return false;
+  }
+  const QString title = scene.Title;
+  const QString description = scene.DescText;
+  scene.Title.replace(search_, replacement_);
+  scene.DescText.replace(search_, replacement_);
+  return scene.Title != title || scene.DescText != description;
 }
