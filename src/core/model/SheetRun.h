@@ -73,5 +73,8 @@ bool runSheet(Entity& entity, EntityKind kind, const char* routine, const char* 
                              }};
   bool saved = false;
   Guard(routine, module)([&] { saved = ask(subject) && subject.isThere(); });
+  if (saved) {
+    g_Project->MarkEdited();
+  }
   return saved;
 }

@@ -104,6 +104,7 @@ void remove(CastKind kind, qint32 id) {
       g_Project->RemoveItemByID(id);
   }
   changesOf(kind).MarkDeleted(id);
+  g_Project->MarkEdited();
 }
 
 void number(CastKind kind, const QList<qint32>& ids) {
@@ -125,6 +126,7 @@ void swapPlaces(CastKind kind, qint32 a, qint32 b) {
   setPlace(kind, b, place);
   changesOf(kind).MarkUpdated(a);
   changesOf(kind).MarkUpdated(b);
+  g_Project->MarkEdited();
 }
 
 }  // namespace StoryCast

@@ -21,17 +21,21 @@ std::shared_ptr<clsScene> sceneInBook(qint32 id) {
 void add(clsScene& scene, CastKind kind, qint32 id) {
   switch (kind) {
     case CastKind::Character:
-      scene.AddCharByID(id);
-      if (scene.ViewPointChar()->Title() == u"N/A"_s) {
+      if (scene.ViewPointID() < 1) {
         scene.SetViewpointByID(id);
+      } else if (!scene.CharIDs().contains(id)) {
+        scene.AddCharByID(id);
       }
       break;
     case CastKind::Location:
-      scene.AddLocationByID(id);
+      if (!scene.LocationIDs().contains(id)) {
+        scene.AddLocationByID(id);
+      }
       break;
     case CastKind::Item:
-      scene.AddItemByID(id);
-      break;
+      if (!scene.ItemIDs().contains(id)) {
+        scene.AddItemByID(id);
+      }
   }
 }
 

@@ -21,7 +21,7 @@ void moveScenesTo(clsChapter& target, const QList<qint32>& ids);
 /// moved last; 0 when none was.
 qint32 moveChapters(const QList<qint32>& ids, qint32 target);
 
-/// The first character of a scene without one narrates it.
+/// The first character of a scene without one narrates it. What is in the scene already stays where it is.
 void addToScene(clsScene& scene, CastKind kind, const QList<qint32>& ids);
 void removeFromScene(clsScene& scene, CastKind kind, const QList<qint32>& ids);
 

@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -34,10 +35,22 @@ auto& element(Array& array, int index) {
   return array[static_cast<size_t>(index) - 1];
 }
 
+/// The place behind all others of its list.
+template <class Entity>
+void putLast(Entity& entity) {
+  for (const auto& other : bookCollectionOf(entity)) {
+    entity.SortOrder = std::max(entity.SortOrder, other->SortOrder);
+  }
+  entity.SortOrder = std::min<qint16>(entity.SortOrder, std::numeric_limits<qint16>::max() - 1) + 1;
+}
+
+void putLast(clsChapter&) {}  // the book's order is that of its chapters
+
 /// A new entity through its dialog: `ask` is true when it was accepted. It is added then, and the project saved.
 template <class Entity, class Ask>
 bool enterNew(clsProject& project, void (clsProject::*add)(const std::shared_ptr<Entity>&), Ask ask) {
   const auto entity = std::make_shared<Entity>();
+  putLast(*entity);
   if (!ask(*entity)) {
     return false;
   }
@@ -198,17 +211,21 @@ void clsProject::AddEditCharacters(qint32 arg) {
 }
 
 void clsProject::AddEditLocations() {
-  if (entityDialogs().list) {
-    entityDialogs().list(kListLocations, 0);
-  }
-  SaveQN4(false);
+  manageAndSave(kListLocations);
 }
 
 void clsProject::AddEditItems() {
+  manageAndSave(kListItems);
+}
+
+// Whoever has only looked has nothing to save, and whoever wants what another program has left saves nothing over it.
+void clsProject::manageAndSave(int type) {
   if (entityDialogs().list) {
-    entityDialogs().list(kListItems, 0);
+    entityDialogs().list(type, 0);
   }
-  SaveQN4(false);
+  if (editedSinceSave_ && !reloadWanted_) {
+    SaveQN4(false);
+  }
 }
 
 void clsProject::eachOpenEditor(void (clsScene::*action)()) {
@@ -280,6 +297,11 @@ qint32 clsProject::UnsavedTexts() const {
         std::count_if(Scenes.begin(), Scenes.end(), [](const auto& scene) { return scene->RTFChanged(); }));
   }
   return unsavedTexts_;
+}
+
+void clsProject::MarkEdited() {
+  editedSinceSave_ = true;
+  reloadWanted_ = false;
 }
 
 bool clsProject::HoldsUnsaved() const {

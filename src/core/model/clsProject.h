@@ -162,7 +162,10 @@ class clsProject {
   void Clear();
   /// A load or save is under way, or a walk over its scenes: nothing may replace or end the project now.
   bool IsBusy() const { return busy_; }
-  /// A scene was saved by its editor since the project was loaded or last saved.
+  /// Something was edited that the file doesn't hold. What another program has left there is no longer wanted in its
+  /// place: that is asked about again.
+  void MarkEdited();
+  /// It was edited so since the project was loaded or last saved.
   bool EditedSinceSave() const { return editedSinceSave_; }
   /// A scene's plan, or the scene itself, was saved by its editor and isn't in the project file yet.
   bool PlanDue() const { return planDue_; }
@@ -213,6 +216,7 @@ class clsProject {
   void cScenes_LoadingNum(qint32 number);
   void cScenes_SavingNum(qint32 number);
   void eachOpenEditor(void (clsScene::*action)());
+  void manageAndSave(int type);
 
   std::array<qint32, 7> lastFileIndex_{};
   std::array<qint32, 5> deadlineDate_{};

@@ -76,9 +76,7 @@ void clsScene::fEditor_Finished() {
 }
 
 void clsScene::fEditor_Changed() {
-  g_Project->editedSinceSave_ = true;
-  // What is new stands against what another program has written: that is asked about again.
-  g_Project->reloadWanted_ = false;
+  g_Project->MarkEdited();
   g_SceneChanges.MarkUpdated(ID());
 }
 

@@ -72,7 +72,10 @@ void clsScene::SaveRTF(bool force) {
   saveFailure_.clear();
   if (!g_Project->HasPlace()) {
     countsHeld_ = false;
-    RescueFolder(*g_Project).keep(*this);
+    // What nobody has changed is where it was read from.
+    if (rtfChanged_ || force) {
+      RescueFolder(*g_Project).keep(*this);
+    }
     return;
   }
   if (!OlderCopy(*g_Project).mayWriteTexts()) {

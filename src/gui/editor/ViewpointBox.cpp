@@ -76,7 +76,8 @@ void ViewpointBox::refresh(const clsScene& scene) {
 void ViewpointBox::FormToData(clsScene& scene) {
   const qint32 id = viewpointID();
   chosen_ = false;
-  if (id == 0 || id == scene.ViewPointID() || !scene.InScenes()) {
+  // Who stands in the box may have been deleted since it was filled.
+  if (!isInCast(id) || id == scene.ViewPointID() || !scene.InScenes()) {
     return;
   }
   if (scene.CharIDs().contains(id)) {

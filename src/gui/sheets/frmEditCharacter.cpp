@@ -85,10 +85,11 @@ void frmEditCharacter::buildImage(QWidget& page) {
   auto* line = new QHBoxLayout;
   txtImageFile = makeLineEdit(u"txtImageFile"_s, u"Image file"_s);
   txtImageFile->setMaxLength(std::numeric_limits<int>::max());
-  txtImageFile->setToolTip(advice);
+  // For the fields, the picture and the tab alike.
+  page.setToolTip(advice);
+  strip_->setTabToolTip(strip_->count() - 1, advice);
   cmdSelectImage = makeButton(u"cmdSelectImage"_s, u"Se&lect..."_s);
   cmdSelectImage->setAccessibleName(u"Select image"_s);
-  cmdSelectImage->setToolTip(advice);
   line->addWidget(txtImageFile, 1);
   line->addWidget(cmdSelectImage);
 

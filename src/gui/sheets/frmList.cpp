@@ -17,6 +17,7 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -72,7 +73,7 @@ void frmList::createControls() {
   cmdDel = makeButton(u"cmdDel"_s, u"&Delete Selected"_s, this);
   cmdPrintList = makeButton(u"cmdPrintList"_s, u"&Print List"_s, this);
   cmdPrintList->setEnabled(false);
-  cmdPrintList->setToolTip(u"Not in this version yet"_s);
+  cmdPrintList->setToolTip(u"Printing is not in this version yet."_s);
   chkOnlyMajor = new QCheckBox(u"Only &Major"_s, this);
   giveName(*chkOnlyMajor, u"chkOnlyMajor"_s, u"Only Major"_s);
   chkOnlyMajor->setToolTip(u"Lists the major characters alone"_s);
@@ -169,6 +170,8 @@ void frmList::makeList() {
 }
 
 void frmList::joinList() {
+  connect(ListItems, &ListView::rowsSelected, this,
+          guarded("ListItems_ItemClick", kModule, this, &frmList::showWhatMayBeDone));
   connect(ListItems, &ListView::rowOpened, this, guarded("ListItems_DblClick", kModule, this, &frmList::cmdEdit_Click));
   connect(ListItems, &ListView::enterPressed, this,
           guarded("ListItems_KeyPress", kModule, this, &frmList::ListItems_Enter));
@@ -224,6 +227,11 @@ void frmList::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) {
     tintChooser();
   }
+}
+
+// Comes from every control, the list among them: an empty one doesn't take keys.
+void frmList::keyPressEvent(QKeyEvent* event) {
+  event->key() == Qt::Key_Insert ? cmdAdd->click() : QDialog::keyPressEvent(event);
 }
 
 bool frmList::isCast() const {
@@ -299,13 +307,17 @@ void frmList::FillList() {
   if (!anyRows && (ListItems->hasFocus() || cmdDel->hasFocus() || cmdEdit->hasFocus())) {
     cmdAdd->setFocus();
   }
-  for (QWidget* const control :
-       {static_cast<QWidget*>(ListItems), static_cast<QWidget*>(cmdDel), static_cast<QWidget*>(cmdEdit)}) {
-    control->setEnabled(anyRows);
-  }
+  ListItems->setEnabled(anyRows);
+  showWhatMayBeDone();
   SaveSortOrder();
   // What is typed meanwhile waits, so that no move begins in the middle of another.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+// With several selected a deletion of one alone would surprise.
+void frmList::showWhatMayBeDone() {
+  cmdEdit->setEnabled(ListItems->rowCount() > 0);
+  cmdDel->setEnabled(ListItems->rowCount() > 0 && selectedIDs().size() < 2);
 }
 
 void frmList::SaveSortOrder() {

@@ -43,6 +43,7 @@ class frmList : public QDialog {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   static constexpr int kName = 0;
@@ -62,6 +63,7 @@ class frmList : public QDialog {
 
   void FillList();
   void fillRows();
+  void showWhatMayBeDone();
   void SaveSortOrder();
   void cmdAdd_Click();
   void cmdDel_Click();

@@ -29,7 +29,10 @@ void frmList::cmdAdd_Click() {
   const QList<qint32>& now = ListItems->rows().tags();
   const auto added = std::find_if(now.begin(), now.end(), [&](qint32 id) { return !before.contains(id); });
   if (added != now.end()) {
-    ListItems->scrollTo(ListItems->rows().index(static_cast<int>(added - now.begin()), kName));
+    // An OK in a chooser means the one that was just made.
+    const int row = static_cast<int>(added - now.begin());
+    ListItems->SelectRow(row);
+    ListItems->scrollTo(ListItems->rows().index(row, kName));
   } else {
     // A new one that doesn't show would be entered again.
     chkOnlyMajor->setChecked(false);
@@ -75,8 +78,7 @@ void frmList::chkOnlyMajor_Click() {
 }
 
 void frmList::ListItems_KeyUp(int key) {
-  for (const auto& [wanted, button] :
-       {std::pair{Qt::Key_Insert, cmdAdd}, {Qt::Key_Delete, cmdDel}, {Qt::Key_F2, cmdEdit}}) {
+  for (const auto& [wanted, button] : {std::pair{Qt::Key_Delete, cmdDel}, {Qt::Key_F2, cmdEdit}}) {
     if (key == wanted) {
       button->click();
     }

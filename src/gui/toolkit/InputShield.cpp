@@ -29,7 +29,7 @@ bool isEscape(const QEvent& event) {
 
 }  // namespace
 
-InputShield::InputShield() {
+InputShield::InputShield() : beganIn_(QApplication::activeModalWidget()) {
   qApp->installEventFilter(this);
 }
 
@@ -63,7 +63,7 @@ bool InputShield::holdsBack(QObject* watched, QEvent* event) {
     default:
       return false;
   }
-  if (QApplication::activeModalWidget() != nullptr) {
+  if (const QWidget* const modal = QApplication::activeModalWidget(); modal != nullptr && modal != beganIn_) {
     return false;
   }
   QWidget* const reachable = reachableWindow();

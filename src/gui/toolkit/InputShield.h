@@ -2,9 +2,8 @@
 
 #include "core/infra/Toolkit.h"
 
-#include <QObject>
-
-class QWidget;
+#include <QPointer>
+#include <QWidget>
 
 /// While it lives, what the user types and clicks, and a closing of windows, goes nowhere: a load or a save lets
 /// the windows repaint, and nothing may change the project under it. Questions that are asked meanwhile are
@@ -23,4 +22,7 @@ class InputShield : public QObject, public InputHold {
 
  private:
   bool holdsBack(QObject* watched, QEvent* event);
+
+  /// The modal window that the work was begun from, if any: it waits like the others.
+  QPointer<QWidget> beganIn_;
 };

@@ -232,6 +232,18 @@ TEST_F(Opening, TextsWithoutAPlaceAreKeptInTheRescueFolder) {
   EXPECT_EQ(sceneAt(2)->TextRTF(), simpleRtf("four five"));
 }
 
+TEST_F(Opening, OnlyATextThatWasChangedIsKeptThere) {
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  g_Project->FileWithPath.clear();
+  const auto scene = sceneAt(1);
+  const RescueFolder rescue(*g_Project);
+  scene->Save();
+  EXPECT_FALSE(rescue.holds(*scene));
+  scene->setTextRTF(simpleRtf("mine"));
+  scene->Save();
+  EXPECT_TRUE(rescue.holds(*scene));
+}
+
 TEST_F(Opening, APieceThatIsMissingInTheMiddleIsSeen) {
   const QByteArray whole = fileBytes(path_);
   int tried = 0;

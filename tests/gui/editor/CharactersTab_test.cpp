@@ -1,6 +1,7 @@
 // Characters that come into the scene and go out of it, by mouse and by keys.
 
 #include "core/model/Globals.h"
+#include "core/model/StoryCast.h"
 #include "core/model/clsProject.h"
 #include "gui/editor/EditorCombo.h"
 #include "gui/editor/EditorWindow.h"
@@ -75,6 +76,15 @@ TEST_F(CharactersTabTest, KeysDoTheSame) {
   press(inScene(*editor), Qt::Key_Delete);
   EXPECT_EQ(castOf(3), QList<qint32>());
   EXPECT_EQ(viewpoint(*editor), QString());
+}
+
+TEST_F(CharactersTabTest, WhoWasDeletedWhileChosenDoesNotTellTheScene) {
+  frmEditor* const editor = open();
+  QTest::keyClick(&control<EditorCombo>(*editor, "cmbViewpoint"), Qt::Key_Down);
+  ASSERT_EQ(viewpoint(*editor), u"Anna"_s);
+  StoryCast::remove(CastKind::Character, 1);
+  editor->SaveQuietly();
+  EXPECT_EQ(castOf(1), QList<qint32>{2});
 }
 
 TEST_F(CharactersTabTest, WhatCannotBeSavedIsSaid) {

@@ -60,7 +60,7 @@ class frmListTest : public SheetTest {
   void addNew(const QString& name) {
     during(
         [this] {
-          button("cmdAdd").click();
+          QTest::keyClick(list().isEnabled() ? &list() : form().focusWidget(), Qt::Key_Insert);
           return true;
         },
         [&](QDialog& sheet) {
@@ -187,7 +187,12 @@ TEST_F(frmListTest, TheLastOneThatGoesLeavesNothingToEditOrDelete) {
   EXPECT_TRUE(button("cmdAdd").hasFocus());
   addNew(u"A rope"_s);
   EXPECT_TRUE(list().isEnabled() && button("cmdDel").isEnabled());
+  addNew(u"An oar"_s);
   EXPECT_EQ(list().text(0, 0), u"A rope"_s);
+  EXPECT_EQ(list().text(1, 0), u"An oar"_s) << "a new one stands last";
+  EXPECT_EQ(form().selectedIDs(), IDs{list().tagAt(1)}) << "and is what an OK means";
+  list().selectAll();
+  EXPECT_FALSE(button("cmdDel").isEnabled()) << "several at once";
   button("cmdChar").click();
   onlyMajor(true);
   addNew(u"Ida"_s);

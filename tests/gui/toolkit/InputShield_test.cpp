@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
@@ -62,6 +63,22 @@ TEST_F(InputShieldTest, AQuestionAmidIsAnswered) {
   const auto hold = toolkit_.holdInput();
   const WhenModal yes([](QWidget& box) {
     // The mnemonics of a window that isn't active lead nowhere.
+    EXPECT_TRUE(waitUntilActive(box));
+    QTest::keyClick(&box, Qt::Key_Y, Qt::AltModifier);
+  });
+  EXPECT_EQ(toolkit_.MsgBox(u"Overwrite?"_s, Buttons::YesNo), Answer::Yes);
+}
+
+TEST_F(InputShieldTest, TheModalWindowThatBeganTheWorkWaitsAsWell) {
+  QDialog list(&window_);
+  auto* const line = new QLineEdit(&list);
+  list.setModal(true);
+  list.show();
+  ASSERT_TRUE(waitUntilActive(list));
+  const auto hold = toolkit_.holdInput();
+  QTest::keyClicks(line, u"ab"_s);
+  EXPECT_EQ(line->text(), QString());
+  const WhenModal yes([](QWidget& box) {
     EXPECT_TRUE(waitUntilActive(box));
     QTest::keyClick(&box, Qt::Key_Y, Qt::AltModifier);
   });

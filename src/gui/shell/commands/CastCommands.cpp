@@ -1,16 +1,16 @@
 #include "gui/shell/commands/CastCommands.h"
 
+#include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
 #include "core/model/StoryCast.h"
-#include "core/model/clsCharacter.h"
-#include "core/model/clsItem.h"
-#include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/sheets/frmList.h"
 #include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/frmMain.h"
@@ -25,40 +25,12 @@ namespace {
 
 constexpr auto kModule = "frmMain";
 
-/// Who is added first narrates a scene without a viewpoint. What is in the scene already stays where it is.
-void add(clsScene& scene, CastKind kind, qint32 id) {
-  switch (kind) {
-    case CastKind::Character:
-      if (scene.ViewPointID() < 1) {
-        scene.SetViewpointByID(id);
-      } else if (!scene.CharIDs().contains(id)) {
-        scene.AddCharByID(id);
-      }
-      break;
-    case CastKind::Location:
-      if (!scene.LocationIDs().contains(id)) {
-        scene.AddLocationByID(id);
-      }
-      break;
-    case CastKind::Item:
-      if (!scene.ItemIDs().contains(id)) {
-        scene.AddItemByID(id);
-      }
+/// The windows of the other two save the book by themselves.
+void manageCharacters(clsProject& book) {
+  book.AddEditCharacters(0);
+  if (book.HasPlace() && book.EditedSinceSave() && !book.ReloadWanted()) {
+    book.SaveQN4(false);
   }
-}
-
-/// The book's characters, locations and items, whole.
-QByteArray castOf(const clsProject& book) {
-  QByteArray told;
-  const auto tell = [&told](const auto& all) {
-    for (const auto& entity : all) {
-      entity->DataAsXML(told);
-    }
-  };
-  tell(book.Chars);
-  tell(book.Locations);
-  tell(book.Items);
-  return told;
 }
 
 }  // namespace
@@ -76,9 +48,9 @@ void CastCommands::bind(MenuBindings& menu) {
       }
     });
   };
-  bindTo("mnuEditChar", [this] { manage([](clsProject& book) { book.AddEditCharacters(0); }); });
-  bindTo("mnuAddLocation", [this] { manageAndSave([](clsProject& book) { book.AddEditLocations(); }); });
-  bindTo("mnuAddItem", [this] { manageAndSave([](clsProject& book) { book.AddEditItems(); }); });
+  bindTo("mnuEditChar", [this] { manage(&manageCharacters); });
+  bindTo("mnuAddLocation", [this] { manage([](clsProject& book) { book.AddEditLocations(); }); });
+  bindTo("mnuAddItem", [this] { manage([](clsProject& book) { book.AddEditItems(); }); });
   for (const char* const entry : {"mnuAddCharToScene", "mnuAddChar"}) {
     bindTo(entry, [this] { addToSelectedScene(CastKind::Character, kListCharacters); });
   }
@@ -109,26 +81,20 @@ void CastCommands::joinLists() {
   }
 }
 
-// Whoever has only looked has nothing to save.
+// Whoever has only looked has nothing to save but what was unsaved before.
 void CastCommands::manage(void (*open)(clsProject&)) {
   const bool wasUnsaved = main_.ProjectChanged.isUnsaved();
-  const QByteArray before = castOf(*g_Project);
   open(*g_Project);
   showCast();
-  if (!wasUnsaved && castOf(*g_Project) == before) {
-    main_.ProjectChanged.setWritten();
-    main_.showTitle();
+  if (g_Project->EditedSinceSave() || g_Project->ReloadWanted()) {
+    return;  // its save was given up just now
   }
-}
-
-// The window of these saves the book as it goes.
-void CastCommands::manageAndSave(void (*open)(clsProject&)) {
-  open(*g_Project);
-  showCast();
-  if (g_Project->HasPlace() && !g_Project->HoldsUnsaved()) {
-    main_.ProjectChanged.setWritten();
-    main_.showTitle();
+  if (wasUnsaved) {
+    main_.session().saveChange();
+    return;
   }
+  main_.ProjectChanged.setWritten();
+  main_.showTitle();
 }
 
 /// What the book's cast has become, in rows, display and editors.
@@ -152,25 +118,33 @@ void CastCommands::addToSelectedScene(CastKind kind, int listType) {
     return;
   }
   // Also who chooses nobody may have changed who there is.
-  if (form->hasChangedBook()) {
+  const bool changed = form->hasChangedBook();
+  if (changed) {
     showCast();
   }
   const auto scene = g_Project->SceneByID(id);
   const QList<qint32> ids = chosen && scene->InScenes() ? form->selectedIDs() : QList<qint32>();
   if (ids.isEmpty()) {
+    if (changed) {
+      main_.session().saveChange();
+    }
     return;
   }
-  for (const qint32 added : ids) {
-    add(*scene, kind, added);
-  }
+  StoryMoves::addToScene(*scene, kind, ids);
   scene->Save();
   showChanged({id});
 }
 
 void CastCommands::editSelected(CastKind kind, const ListView& list) {
-  if (!g_Project->IsBusy() && StoryCast::edit(kind, list.SelectedTag())) {
-    showCast();
+  if (g_Project->IsBusy() || !StoryCast::edit(kind, list.SelectedTag())) {
+    return;
   }
+  if (kind == CastKind::Character && Numbers::ToBool(Settings().sGet(u"HighlightChar"_s))) {
+    g_Project->UnMarkAllCharInEditorWindows();
+    g_Project->MarkAllCharInEditorWindows();
+  }
+  showCast();
+  main_.session().saveChange();
 }
 
 // Who narrates goes last: whoever stands first then takes the place.
@@ -182,6 +156,9 @@ void CastCommands::removeSelected(CastKind kind) {
     return;
   }
   const auto scene = g_Project->SceneByID(id);
+  if (!scene->InScenes()) {
+    return;
+  }
   if (kind == CastKind::Character && scene->Locked()) {
     toolkit().MsgBox(u"Cannot change scene, it's being edited."_s);
     return;
@@ -193,12 +170,13 @@ void CastCommands::removeSelected(CastKind kind) {
 
 void CastCommands::mnuSetVP_Click() {
   const ListView& list = listOf(CastKind::Character, true);
-  const qint32 scene = modFillList::listSceneID(list);
-  if (scene == 0 || list.SelectedTag() < 1) {
+  const qint32 id = modFillList::listSceneID(list);
+  const auto scene = g_Project->SceneByID(id);
+  if (!scene->InScenes() || list.SelectedTag() < 1) {
     return;
   }
-  g_Project->SceneByID(scene)->ChangeViewpointByID(list.SelectedTag());
-  showChanged({scene});
+  scene->ChangeViewpointByID(list.SelectedTag());
+  showChanged({id});
 }
 
 void CastCommands::eachSelectedScene(void (*change)(clsScene&, CastKind, const QList<qint32>&)) {
@@ -209,8 +187,10 @@ void CastCommands::eachSelectedScene(void (*change)(clsScene&, CastKind, const Q
   }
   for (const qint32 id : scenes) {
     const auto scene = g_Project->SceneByID(id);
-    change(*scene, CastKind::Character, characters);
-    scene->Save();
+    if (scene->InScenes()) {
+      change(*scene, CastKind::Character, characters);
+      scene->Save();
+    }
   }
   showChanged(scenes);
 }
@@ -218,6 +198,6 @@ void CastCommands::eachSelectedScene(void (*change)(clsScene&, CastKind, const Q
 void CastCommands::showChanged(const QList<qint32>& sceneIDs) {
   main_.ProjectChanged = true;
   main_.panes().showChanged(sceneIDs);
-  main_.showTitle();
   g_Project->UpdateCombosInEditorWindows();
+  main_.session().saveChange();
 }

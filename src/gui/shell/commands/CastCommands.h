@@ -24,7 +24,6 @@ class CastCommands : public QObject, public CommandGroup {
   void joinLists();
   ListView& listOf(CastKind kind, bool inScene) const;
   void manage(void (*open)(clsProject&));
-  void manageAndSave(void (*open)(clsProject&));
   void addToSelectedScene(CastKind kind, int listType);
   void removeSelected(CastKind kind);
   void showCast();

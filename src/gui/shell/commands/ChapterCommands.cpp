@@ -78,6 +78,7 @@ void ChapterCommands::bind(MenuBindings& menu) {
 
 void ChapterCommands::showChanged() {
   main_.ProjectChanged = true;
+  main_.session().saveChange();
   main_.RefreshAll();
 }
 

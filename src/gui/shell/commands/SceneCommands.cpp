@@ -100,6 +100,7 @@ void SceneCommands::mnuMarkScenesUnused_Click() {
     refused = !BookScenes::change(id, [](clsScene& scene) { scene.Unused = !scene.Unused; }) || refused;
   }
   main_.ProjectChanged = true;
+  main_.session().saveChange();
   main_.RefreshAll();
   BookScenes::tellRefused(refused);
 }
@@ -116,6 +117,7 @@ void SceneCommands::mnuStatus_Click(int Index) {
     refused = !BookScenes::change(id, setStatus) || refused;
   }
   main_.ProjectChanged = true;
+  main_.session().saveChange();
   main_.panes().FillSceneList(0);
   BookScenes::tellRefused(refused);
 }

@@ -7,6 +7,7 @@
 #include "gui/shell/commands/BookScenes.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmDebug.h"
@@ -102,7 +103,7 @@ void WindowCommands::changeStatus(const QList<qint32>& scenes, qint16 status) {
   if (ExternalSceneList) {
     ExternalSceneList->UpdateItem();
   }
-  main_.showTitle();
+  main_.session().saveChange();
   BookScenes::tellRefused(refused);
 }
 

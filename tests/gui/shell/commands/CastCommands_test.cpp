@@ -2,6 +2,7 @@
 
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
+#include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
@@ -74,12 +75,15 @@ class CastCommandsTest : public ShellTest {
 };
 
 TEST_F(CastCommandsTest, AnotherCharacterBecomesTheViewpoint) {
+  const QByteArray before = fileBytes(g_Project->FileWithPath);
   click(list("ListChar(0)"), 1);
   trigger("mnuSetVP");
   EXPECT_EQ(charsOf(1), IDs({1, 2}));
   EXPECT_EQ(viewpointShown(0), u"Anna"_s);
   EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs({1, 2}));
   EXPECT_TRUE(window().ProjectChanged);
+  EXPECT_FALSE(window().isWindowModified());
+  EXPECT_TRUE(fileBytes(g_Project->FileWithPath) != before) << "it is saved at once";
 }
 
 TEST_F(CastCommandsTest, WhoIsNextNarratesWhenTheViewpointIsRemoved) {
@@ -171,6 +175,7 @@ TEST_F(CastCommandsTest, ARowIsOpenedByADoubleClickAndByEnter) {
     QTest::keyClick(&all, Qt::Key_Return);
     EXPECT_EQ(opened, decltype(opened)(2, {known.kind, known.id}));
     EXPECT_TRUE(window().ProjectChanged);
+    EXPECT_FALSE(window().isWindowModified()) << "it is saved at once";
     EXPECT_EQ(inScene.text(0, 0), before + u'!');
     EXPECT_EQ(all.text(all.rowOfTag(known.id), 0), before + u'!');
   }
@@ -208,18 +213,58 @@ TEST_F(CastCommandsTest, TheWindowOfEachKindOpensAndWhatIsDoneThereIsShown) {
 
 TEST_F(CastCommandsTest, WhoOnlyLooksHasNothingToSave) {
   const auto nothing = [](const frmList&) {};
+  const QString path = g_Project->FileWithPath;
+  for (const qint32 id : {1, 2, 3}) {
+    g_Project->CharByID(id)->SortOrder = 0;
+  }
+  const QByteArray saved = fileBytes(path);
+  writeFile(path, saved + "\n");  // a save would ask about it
   for (const char* const entry : {"mnuEditChar", "mnuAddLocation", "mnuAddItem"}) {
     inList(entry, true, nothing);
     EXPECT_TRUE(window().ProjectChanged);
     EXPECT_FALSE(window().isWindowModified()) << entry;
   }
+  toolkit.expectChoice(u"Small.qn4"_s, u"Keep mine"_s);
   inList("mnuEditChar", true, [](frmList& form) {
     form.selectID(3);
     QTest::keyClick(&childOf<ListView>(form, u"ListItems"_s), Qt::Key_Up, Qt::AltModifier);
   });
-  EXPECT_TRUE(window().isWindowModified());
-  inList("mnuEditChar", true, nothing);
-  EXPECT_TRUE(window().isWindowModified()) << "it isn't saved yet";
+  EXPECT_FALSE(window().isWindowModified());
+  EXPECT_TRUE(fileBytes(path) != saved);
+}
+
+TEST_F(CastCommandsTest, WhatIsDoneAfterTheirsWasTakenIsNotLoadedOver) {
+  entityDialogs().character = [](const SheetSubject&, const CharacterDetails& details, qint32) {
+    auto named = details;
+    named.Title = u"Ida"_s;
+    return std::optional(named);
+  };
+  const QString path = g_Project->FileWithPath;
+  writeFile(path, fileBytes(path).replace("<Title>Arrival<", "<Title>Theirs<"));
+  toolkit.expectChoice(u"Small.qn4"_s, u"Take theirs"_s);
+  inList("mnuEditChar", true, [this](frmList& form) {
+    childOf<QPushButton>(form, u"cmdAdd"_s).click();
+    EXPECT_TRUE(g_Project->ReloadWanted());
+    toolkit.expectBox(u"Are you sure you want to delete Anna"_s, Answer::Yes);
+    toolkit.expectChoice(u"Small.qn4"_s, u"Keep mine"_s);
+    form.selectID(1);
+    childOf<QPushButton>(form, u"cmdDel"_s).click();
+  });
+  EXPECT_EQ(list("ListChar(1)").rowOfTag(1), -1);
+  EXPECT_TRUE(fileBytes(path).contains("Ida"));
+}
+
+TEST_F(CastCommandsTest, ASceneThatHasGoneIsNotSavedAnew) {
+  const QString folderOfBook = g_Project->Path();
+  select("ListScenes", {1});
+  select("ListChar(0)", {1});
+  select("ListChar(1)", {1});
+  g_Project->RemoveSceneByID(1);
+  const auto texts = filesBelow(folderOfBook);
+  for (const char* const entry : {"mnuRemoveCharFromScene", "mnuSetVP", "mnuAddCharToAll"}) {
+    trigger(entry);
+  }
+  EXPECT_EQ(filesBelow(folderOfBook).keys(), texts.keys());
 }
 
 TEST_F(CastCommandsTest, ChosenCharactersComeIntoTheSceneAndTheFirstNarratesOneWithoutAViewpoint) {

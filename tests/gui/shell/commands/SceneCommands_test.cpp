@@ -86,6 +86,7 @@ TEST_F(SceneCommandsTest, MarksGoToTheSelectedScenesButThoseInAnEditor) {
   EXPECT_EQ(sceneAt(1)->Status * 10 + sceneAt(2)->Status, 44);
   EXPECT_EQ(cell("ListScenes", 1, 3), u"2nd Edit"_s);
   EXPECT_TRUE(window().ProjectChanged);
+  EXPECT_FALSE(window().isWindowModified()) << "they are saved at once";
   sceneAt(1)->Edit();
   selectBoth();
   toolkit.expectBox(QString::fromLatin1(refused));

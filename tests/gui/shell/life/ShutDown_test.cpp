@@ -9,6 +9,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/sheets/frmList.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/life/EndSignals.h"
 #include "gui/shell/main/MainPanes.h"
@@ -24,11 +25,13 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSplitter>
 #include <QTest>
 #include <QTimer>
 
 #include <csignal>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -158,6 +161,33 @@ TEST_F(ShutDownTest, EndedByTheSystemItSavesWhatIsTypedOnASheet) {
   g_Project->ChapterByID(1)->Edit();
   EXPECT_EQ(ended, 1);
   EXPECT_TRUE(fileBytes(path).contains("Typed%20last"));
+}
+
+TEST_F(ShutDownTest, EndedByTheSystemOverTheListWindowItKeepsWhatWasDoneThere) {
+  const QString path = smallProject();
+  for (const bool readOnly : {true, false}) {
+    std::optional<FolderLock> elsewhere;
+    if (readOnly) {
+      elsewhere.emplace(QFileInfo(path).path());
+      toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+    } else {
+      writeFile(path, fileBytes(path).chopped(20));
+      toolkit.expectChoice(u"incomplete"_s, u"Open the file as it is"_s);
+      toolkit.expectChoice(u"The computer ended Quillane"_s, u"Later"_s);
+    }
+    startWith(path);
+    const WhenModal whenUp([this](QWidget& shown) {
+      auto& form = dynamic_cast<frmList&>(shown);
+      toolkit.expectBox(u"Are you sure you want to delete Anna"_s, Answer::Yes);
+      form.selectID(1);
+      childOf<QPushButton>(form, u"cmdDel"_s).click();
+      window().EndAtOnce();
+      form.done(QDialog::Rejected);
+    });
+    g_Project->AddEditCharacters(0);
+    const QByteArray kept = fileBytes(Settings().sGet(u"RescuedBook"_s).toString());
+    EXPECT_TRUE(kept.contains("Zo") && !kept.contains("Anna%20Marsh")) << readOnly;
+  }
 }
 
 TEST_F(ShutDownTest, EndedByTheSystemItKeepsABookThatHasNoPlaceAndSaysSoAtTheNextStart) {
