@@ -26,10 +26,12 @@ struct ReportJob {
   PrintState state;
   PrintProgress& progress;
   ChapterRange chapters = {};
+  /// The scenes with what was planned of them, for the reports that print the story itself.
+  bool details = false;
 };
 
 /// Lays a report out.
-using Report = std::function<PrintDocument(const ReportJob&)>;
+using ReportLayout = std::function<PrintDocument(const ReportJob&)>;
 
 namespace Reports {
 

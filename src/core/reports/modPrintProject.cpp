@@ -81,18 +81,18 @@ void PrintChapter(PrintFlow& flow, const clsChapter& chapter, bool details) {
   flow.PrintText(manuscriptOf(chapter), true);
 }
 
-PrintDocument PrintProject(const ReportJob& job, bool details) {
+PrintDocument PrintProject(const ReportJob& job) {
   PrintFlow flow(job.measure, job.state);
-  Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) { PrintChapter(flow, chapter, details); });
+  Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) { PrintChapter(flow, chapter, job.details); });
   return Reports::finished(titleOf(u"Manuscript"_s), flow);
 }
 
-PrintDocument PrintChapters(const ReportJob& job, const QList<qint32>& chapterIDs, bool details) {
+PrintDocument PrintChapters(const ReportJob& job, const QList<qint32>& chapterIDs) {
   PrintFlow flow(job.measure, job.state);
   qint32 done = 0;
   for (const qint32 id : chapterIDs) {
     job.progress.step(u"Laying out chapter "_s, ++done);
-    PrintChapter(flow, *g_Project->ChapterByID(id), details);
+    PrintChapter(flow, *g_Project->ChapterByID(id), job.details);
   }
   return Reports::finished(titleOf(u"Chapters"_s), flow);
 }

@@ -26,7 +26,7 @@ class PrintProjectTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(PrintProjectTest, PrintsAManuscriptOfWhatIsUsed) {
-  const PrintDocument document = PrintProject(job(), false);
+  const PrintDocument document = PrintProject(job());
   EXPECT_EQ(document.title, u"A small book"_s);
   EXPECT_EQ(document.author, u"N. Öbody"_s);
   ASSERT_EQ(document.pages.size(), 2);
@@ -42,7 +42,7 @@ TEST_F(PrintProjectTest, PrintsAManuscriptOfWhatIsUsed) {
 TEST_F(PrintProjectTest, PrintsAnEmptyChapterOnAPageOfItsOwn) {
   chapterAt(1)->RemoveSceneByID(chapterAt(1)->SceneID(1));
   chapterAt(1)->RemoveSceneByID(chapterAt(1)->SceneID(1));
-  const PrintDocument document = PrintChapters(job(), {chapterAt(1)->ID(), chapterAt(2)->ID()}, false);
+  const PrintDocument document = PrintChapters(job(), {chapterAt(1)->ID(), chapterAt(2)->ID()});
   ASSERT_EQ(document.pages.size(), 2);
   EXPECT_EQ(textsOf(document.pages[0]), (QStringList{u"Arrival"_s, u"1"_s}));
 }
@@ -83,7 +83,8 @@ TEST_F(PrintProjectTest, PrintsASceneWithItsData) {
 TEST_F(PrintProjectTest, PrintsDetailsOfUnusedScenesTooSmallAndClose) {
   ReportJob spaced = job();
   spaced.state.PrintDoubleSpaced = true;
-  const PrintDocument document = PrintProject(spaced, true);
+  spaced.details = true;
+  const PrintDocument document = PrintProject(spaced);
   ASSERT_EQ(document.pages.size(), 4);
   const PrintedPage& unused = document.pages[3];
   EXPECT_EQ(unused.texts[0].text, sceneAt(4)->Title);

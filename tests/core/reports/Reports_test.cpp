@@ -42,7 +42,7 @@ TEST_F(ReportsTest, TellTheBookSceneByScene) {
   const QString other = sceneAt(3)->ViewPointChar()->Title();
   const QString status = g_StatusNames.value(2);
   const struct {
-    Report report;
+    ReportLayout report;
     QStringList texts;
   } cases[] = {
       {&PrintSynopsis,
