@@ -11,6 +11,8 @@
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedLogging.h"
 
+#include <QTimer>
+
 #include <algorithm>
 #include <array>
 #include <exception>
@@ -22,6 +24,7 @@ namespace {
 
 /// Between two yields. Who goes on typing while a file comes doesn't feel it.
 constexpr int kPauseMs = 5;
+constexpr int kUnderWindowsMs = 20;
 constexpr long kMostRedirections = 10;
 
 [[noreturn]] void fail(const QString& why) {
@@ -29,6 +32,13 @@ constexpr long kMostRedirections = 10;
 }
 
 }  // namespace
+
+struct cSHAREDInternet::Steps {
+  Transfer& transfer;
+  /// How many bytes were told, and when.
+  qint64 told;
+  qint64 last;
+};
 
 /// One request, and where its bytes go.
 class cSHAREDInternet::Transfer {
@@ -38,8 +48,10 @@ class cSHAREDInternet::Transfer {
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
 
-  /// Waits a moment for more. False once all has come; throws what kept it from coming.
+  /// Takes what has come. False once that is all; throws what kept it from coming.
   bool goOn();
+  /// Until there is more to take, and no longer than a moment.
+  void wait();
   qint64 received() const { return received_; }
   /// 0 as long as it isn't known.
   qint64 announced() const;
@@ -127,8 +139,11 @@ bool cSHAREDInternet::Transfer::goOn() {
     finish(told->data.result);
     return false;
   }
-  curl_.poll(queue_, nullptr, 0, kPauseMs, nullptr);
   return true;
+}
+
+void cSHAREDInternet::Transfer::wait() {
+  curl_.poll(queue_, nullptr, 0, kPauseMs, nullptr);
 }
 
 void cSHAREDInternet::Transfer::finish(CURLcode result) const {
@@ -167,22 +182,42 @@ void cSHAREDInternet::fetch(const QString& address, const QString& file) {
   }
 }
 
+// A window that opens while this yields doesn't let it go on until it is closed: the timer does, under that.
 void cSHAREDInternet::follow(Transfer& transfer) {
-  qint64 told = 0;
-  qint64 lastStep = Clock::ticks();
+  std::exception_ptr failure;
+  Steps steps{transfer, 0, Clock::ticks()};
   bool isRunning = true;
-  while (isRunning && !cancelled_) {
-    isRunning = transfer.goOn();
-    if (transfer.received() != told) {
-      told = transfer.received();
-      lastStep = Clock::ticks();
-      expected_ = transfer.announced();
-      if (Progress) {
-        Progress(told);
-      }
-    } else if (isRunning && Clock::ticks() - lastStep > TimeoutMs) {
-      fail(u"Transfer timed out"_s);
+  const auto goOn = [&] {
+    try {
+      isRunning = isRunning && !cancelled_ && step(steps);
+    } catch (...) {
+      failure = std::current_exception();
+      isRunning = false;
     }
+  };
+  QTimer underWindows;
+  underWindows.callOnTimeout(goOn);
+  underWindows.start(kUnderWindowsMs);
+  for (goOn(); isRunning; goOn()) {
+    transfer.wait();
     toolkit().DoEvents();
   }
+  if (failure) {
+    std::rethrow_exception(failure);
+  }
+}
+
+bool cSHAREDInternet::step(Steps& steps) {
+  const bool isRunning = steps.transfer.goOn();
+  if (steps.transfer.received() != steps.told) {
+    steps.told = steps.transfer.received();
+    steps.last = Clock::ticks();
+    expected_ = steps.transfer.announced();
+    if (Progress) {
+      Progress(steps.told);
+    }
+  } else if (isRunning && Clock::ticks() - steps.last > TimeoutMs) {
+    fail(u"Transfer timed out"_s);
+  }
+  return isRunning;
 }

@@ -15,8 +15,9 @@ class cSHAREDInternet {
   /// A transfer that gets no further for so long has failed.
   qint64 TimeoutMs = 60'000;
 
-  /// Waits for the file, yielding to the message loop all the while. What stands at LocalFile is replaced when all of
-  /// it has come, and stays otherwise. False, and logged, when it failed or was cancelled, and when one is under way.
+  /// Waits for the file, yielding to the message loop all the while; what is up meanwhile doesn't keep it from coming.
+  /// What stands at LocalFile is replaced when all of it has come, and stays otherwise. False, and logged, when it
+  /// failed or was cancelled, and when one is under way.
   bool GetFile(const QString& Address, const QString& LocalFile);
   /// The size that the server announced; 0 when none.
   qint64 ExpectedFilesize() const { return expected_; }
@@ -25,9 +26,11 @@ class cSHAREDInternet {
 
  private:
   class Transfer;
+  struct Steps;
 
   void fetch(const QString& address, const QString& file);
   void follow(Transfer& transfer);
+  bool step(Steps& steps);
 
   qint64 expected_ = 0;
   bool running_ = false;

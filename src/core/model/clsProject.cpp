@@ -266,6 +266,10 @@ bool clsProject::IsEmpty() const {
 
 // The title bar asks twice a second: it doesn't walk through all scenes while none has changed in this.
 qint32 clsProject::UnsavedTexts() const {
+  // It is asked after each of thousands of saves.
+  if (!DueFlag::isAnySet()) {
+    return 0;
+  }
   if (unsavedTextsAt_ != WatchedFlag::changes()) {
     unsavedTextsAt_ = WatchedFlag::changes();
     unsavedTexts_ = static_cast<qint32>(

@@ -183,7 +183,7 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   std::array<qint16, 6> field_{};
   bool wordsStale_ = true;
   bool countsHeld_ = false;
-  WatchedFlag rtfChanged_;
+  DueFlag rtfChanged_;
   /// What the file looked like when it was last read or written. Its content is the text itself until that changes.
   FileStamp stored_;
   /// The stamp of the text that the plain mirror holds; 0 for none.

@@ -6,6 +6,7 @@
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/Backups.h"
@@ -56,7 +57,7 @@ class TextFolder {
 };
 
 QString nameOf(const clsScene& scene) {
-  return scene.Title.trimmed().isEmpty() ? u"(no title)"_s : scene.Title;
+  return calledScene(scene.Title);
 }
 
 }  // namespace

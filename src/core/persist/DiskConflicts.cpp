@@ -8,6 +8,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/Backups.h"
@@ -89,7 +90,7 @@ QString DiskConflicts::question() const {
   for (const Conflict& conflict : conflicts_) {
     const QString date = Files().FileDate(conflict.path).toString(u"yyyy-MM-dd HH:mm"_s);
     const QString what =
-        conflict.scene ? u"The text of '"_s + conflict.scene->Title + u'\'' : u"The plan of the book"_s;
+        conflict.scene ? u"The text of '"_s + calledScene(conflict.scene->Title) + u'\'' : u"The plan of the book"_s;
     lines.append(u"%1 (%2, %3)"_s.arg(what, Files().FileOnly(conflict.path), date));
   }
   return u"Another program has changed what you are about to save:\n\n"_s + firstOf(lines).join(u'\n') +

@@ -10,6 +10,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
+#include "core/model/SaveSeries.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/DiskConflicts.h"
@@ -63,11 +64,6 @@ void logUnsaved(const QString& path) {
   Logging().LogEvent(u"Could not save "_s + path);
 }
 
-/// One flush for all the names that are new in the folder.
-void flushRTFFolder() {
-  Guard("SaveScenesText", "clsScenes")([] { flushFolderToDisk(g_Project->RTFFolder()); });
-}
-
 }  // namespace
 
 // What a window saves by itself: there is somebody to ask.
@@ -92,7 +88,7 @@ void clsScene::SaveRTF(bool force) {
   // A book from a single file may have none yet; one whose own folder has gone gets none.
   Files().MkMissingDirNoRecurse(g_Project->RTFFolder());
   if (file.save(force, SceneFile::mirrorFolder())) {
-    flushRTFFolder();
+    SaveSeries::nameIsNew();
   }
   saveFailure_ =
       Files().FolderExists(g_Project->Path()) ? file.failure() : u"The book's folder isn't there any more."_s;
@@ -131,7 +127,8 @@ bool clsScenes::SaveScenesText(bool force, bool overOthers, QString* cause) cons
     }
   }
   if (written) {
-    flushRTFFolder();
+    // The project file names them, and is written next.
+    SaveSeries::flush();
   }
   return result;
 }

@@ -36,6 +36,20 @@ class NameIndex {
   std::array<std::vector<QStringView>, 256> byFirst_;
 };
 
+/// Where the "'s" begins that ends here; -1 where none does.
+qsizetype possessiveAt(QStringView text, qsizetype end) {
+  const qsizetype start = end - 2;
+  const bool isOne = start >= 0 && (text[start] == u'\'' || text[start] == u'\u2019') && text[start + 1] == u's';
+  return isOne ? start : -1;
+}
+
+bool endsWithAny(QStringView text, const QStringList& names) {
+  return std::any_of(names.begin(), names.end(), [text](const QString& name) {
+    const QStringView trimmed = Blanks::trimmed(name);
+    return !trimmed.isEmpty() && text.endsWith(trimmed);
+  });
+}
+
 }  // namespace
 
 QStringList namesToMark(const QString& title, const QString& fullName, const QString& alternateNames) {
@@ -58,6 +72,22 @@ TextMarks findNames(QStringView text, const QStringList& names) {
       marks.back().length = std::max(marks.back().end(), at + length) - marks.back().start;
     } else {
       marks.push_back({at, length, TextMark::Kind::Name});
+    }
+  }
+  return marks;
+}
+
+// A name that ends in anything but letters is no word: the "s" behind it was checked as one of its own.
+TextMarks withoutPossessives(const TextMarks& misspellings, const QStringList& names, QStringView text) {
+  TextMarks marks;
+  marks.reserve(misspellings.size());
+  for (TextMark mark : misspellings) {
+    const qsizetype name = possessiveAt(text, mark.end());
+    if (name >= 0 && endsWithAny(text.first(name), names)) {
+      mark.length = name - mark.start;
+    }
+    if (mark.length > 0) {
+      marks.push_back(mark);
     }
   }
   return marks;

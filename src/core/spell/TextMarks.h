@@ -28,5 +28,8 @@ QStringList namesToMark(const QString& title, const QString& fullName, const QSt
 /// Every place where one of the names stands, inside of words too; case counts. Places that touch or overlap are one.
 TextMarks findNames(QStringView text, const QStringList& names);
 
+/// The misspellings without the possessive "'s" (or "’s") behind one of the names, whatever the name ends in.
+TextMarks withoutPossessives(const TextMarks& misspellings, const QStringList& names, QStringView text);
+
 /// Both, a name's mark going over that of a misspelling.
 TextMarks laidOver(const TextMarks& misspellings, const TextMarks& names);

@@ -10,9 +10,10 @@
 #include "core/spell/WordListArchive.h"
 #include "core/spell/WordTokens.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <iterator>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,11 @@ constexpr QStringView kPossessive(u"'s");
 
 bool isWordPart(QChar character) {
   return character.isLetterOrNumber() || character.isMark() || character.isSurrogate();
+}
+
+/// Whether it is one for a reader: whatever a check makes of it, a dash or a comma parts words.
+bool isOneWord(QStringView text) {
+  return std::all_of(text.begin(), text.end(), [](QChar c) { return isWordPart(c) || c == u'\''; });
 }
 
 /// Without what stands around a word in a text: quotes, commas, blanks.
@@ -54,7 +60,7 @@ bool cSharedSpell::DictAvailable() {
 void cSharedSpell::InitDict() {
   initialised_ = false;
   loaded_ = false;
-  finishLoad();
+  load();
 }
 
 void cSharedSpell::beginLoad() {
@@ -86,14 +92,18 @@ bool cSharedSpell::LoadSome() {
 
 // Who asks while this yields has to do with what there is.
 void cSharedSpell::finishLoad() {
-  if (loaded_ || std::exchange(finishing_, true)) {
-    return;
+  if (!loaded_ && !finishing_) {
+    load();
   }
+}
+
+// One that begins while another yields reads everything, and leaves nothing to do for that.
+void cSharedSpell::load() {
+  const QScopedValueRollback finishing(finishing_, true);
   const Guard guard("InitDict", "cSharedSpell");
   while (!LoadSome()) {
     guard([] { Subs().RegularDoEvents(); });
   }
-  finishing_ = false;
 }
 
 bool cSharedSpell::isListed(QStringView word) const {
@@ -133,9 +143,11 @@ TextMarks cSharedSpell::Misspellings(const QString& text) {
 
 QString cSharedSpell::AddWordToCustomDict(const QString& word) {
   finishLoad();
-  const QString added = bare(word);
+  QString added = bare(word);
+  // As a check asks for it.
+  added.replace(u'\u2019', u'\'');
   QStringList words;
-  if (std::none_of(added.begin(), added.end(), [](QChar c) { return c.isSpace(); })) {
+  if (isOneWord(added)) {
     words.append(added);
   }
   QString cleaned = added;

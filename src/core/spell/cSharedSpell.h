@@ -36,7 +36,8 @@ class cSharedSpell {
   TextMarks Misspellings(const QString& text);
   void CleanUpScene(QString& text) const;
 
-  /// From now on the word, or the piece of text, is right: what in it a check would still mark is added piece by piece.
+  /// From now on the word, or the piece of text, is right: what in it a check would still mark is added piece by piece,
+  /// and so is a word as a whole, but no more than one together.
   /// Empty when it is on disk, else why not, as it may be told; it is right in this run all the same, and is written
   /// with the next one.
   QString AddWordToCustomDict(const QString& word);
@@ -50,6 +51,7 @@ class cSharedSpell {
   bool isListed(QStringView word) const;
   void beginLoad();
   void finishLoad();
+  void load();
 
   bool initialised_ = false;
   /// All that there are to read were read.

@@ -123,6 +123,12 @@ class Assembler {
   bool hasFront_ = false;
 };
 
+/// What stands there is neither an object nor hidden.
+bool isRead(const RichTextData& data, qsizetype run) {
+  const CharFormat& format = data.charFormats[data.runs[run].format];
+  return !format.hidden && !format.object;
+}
+
 }  // namespace
 
 RichText::RichText() : data_(sharedEmpty()) {}
@@ -160,12 +166,8 @@ const QString& RichText::text() const {
 
 QString RichText::plainText() const {
   const RichTextData& data = *data_;
-  const auto isRead = [&data](qsizetype run) {
-    const CharFormat& format = data.charFormats[data.runs[run].format];
-    return !format.hidden && !format.object;
-  };
   qsizetype firstUnread = 0;
-  while (firstUnread < data.runs.count() && isRead(firstUnread)) {
+  while (firstUnread < data.runs.count() && isRead(data, firstUnread)) {
     ++firstUnread;
   }
   if (firstUnread == data.runs.count()) {
@@ -174,12 +176,26 @@ QString RichText::plainText() const {
   QString plain = data.text.first(data.runs.startOf(firstUnread));
   plain.reserve(data.text.size());
   for (qsizetype i = firstUnread; i < data.runs.count(); ++i) {
-    if (isRead(i)) {
+    if (isRead(data, i)) {
       const qsizetype start = data.runs.startOf(i);
       plain.append(QStringView(data.text).sliced(start, qMin(data.runs[i].end, data.text.size()) - start));
     }
   }
   return plain;
+}
+
+qsizetype RichText::positionOfRead(qsizetype place) const {
+  const RichTextData& data = *data_;
+  qsizetype passed = 0;
+  for (qsizetype i = 0; i < data.runs.count(); ++i) {
+    const qsizetype start = data.runs.startOf(i);
+    const qsizetype length = isRead(data, i) ? qMin(data.runs[i].end, data.text.size()) - start : 0;
+    if (place < passed + length) {
+      return start + place - passed;
+    }
+    passed += length;
+  }
+  return data.text.size();
 }
 
 int RichText::defaultTab() const {

@@ -61,6 +61,8 @@ class RichText {
   const QString& text() const;
   /// What a reader reads and what is counted: text() without objects and hidden text. One pass where there are any.
   QString plainText() const;
+  /// Where in text() a character of plainText() stands; the end for a place behind the last.
+  qsizetype positionOfRead(qsizetype place) const;
   qsizetype size() const { return text().size(); }
   /// True when there is no text at all, not even a paragraph end.
   bool isEmpty() const { return text().isEmpty(); }

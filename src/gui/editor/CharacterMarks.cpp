@@ -16,14 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList knownNames() {
-  QStringList names;
-  for (const auto& character : g_Project->Chars) {
-    names += namesToMark(character->Title(), character->FullName, character->AlternateNames);
-  }
-  return names;
-}
-
 /// As a text has it: without quotation marks and the like.
 QString cleaned(const QString& name) {
   QString clean = name;
@@ -51,6 +43,14 @@ qint32 characterCalled(const QString& name) {
 
 CharacterMarks::CharacterMarks(RichTextBox& pane, TextMarkLayer& layer) : QObject(&pane), pane_(pane), layer_(layer) {
   pane.viewport()->installEventFilter(this);
+}
+
+QStringList CharacterMarks::knownNames() {
+  QStringList names;
+  for (const auto& character : g_Project->Chars) {
+    names += namesToMark(character->Title(), character->FullName, character->AlternateNames);
+  }
+  return names;
 }
 
 void CharacterMarks::show() {

@@ -13,6 +13,9 @@ class CharacterMarks : public QObject {
   /// Belongs to the pane.
   CharacterMarks(RichTextBox& pane, TextMarkLayer& layer);
 
+  /// What the characters of the book are called in a text.
+  static QStringList knownNames();
+
   /// Marks the names that stand in the text now.
   void show();
   void hide();

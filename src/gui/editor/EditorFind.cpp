@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kModule = "frmEditor";
-/// A longer selection is no term.
-constexpr qsizetype kLongestTerm = 500;
 
 /// As the text would hold it.
 QString asInText(const QString& text) {
@@ -43,17 +41,10 @@ void EditorFind::ShowFind(bool toReplace) {
     makeDialog();
     find_->setText(last_.text);
   }
-  const QString selected = selectedTerm();
+  const QString selected = frmFind::termIn(text_);
   find_->setText(selected);
   find_->ask(toReplace && !selected.isEmpty());
   keepDialogClear();
-}
-
-QString EditorFind::selectedTerm() const {
-  const QString selected = text_.SelText();
-  const bool isTerm = selected.size() <= kLongestTerm && !selected.contains(u'\r') &&
-                      !selected.contains(QChar(QChar::ObjectReplacementCharacter));
-  return isTerm ? selected : QString();
 }
 
 void EditorFind::close() {
@@ -202,11 +193,7 @@ void EditorFind::show(qsizetype start, qsizetype length) {
 }
 
 void EditorFind::keepDialogClear() {
-  if (!find_) {
-    return;
+  if (find_) {
+    find_->keepClearOf(text_);
   }
-  QTextCursor begin = text_.textCursor();
-  begin.setPosition(begin.selectionStart());
-  const QRect part = text_.cursorRect(begin).united(text_.cursorRect());
-  find_->keepClearOf(QRect(text_.viewport()->mapToGlobal(part.topLeft()), part.size()));
 }

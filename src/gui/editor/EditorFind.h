@@ -57,7 +57,6 @@ class EditorFind : public QObject {
   qsizetype behindReplaced() const;
   void show(qsizetype start, qsizetype length);
   void keepDialogClear();
-  QString selectedTerm() const;
 
   RichTextBox& text_;
   QWidget& window_;

@@ -16,6 +16,8 @@
 #include <QMenu>
 #include <QPointer>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -87,9 +89,14 @@ void EditorSpelling::loadSome() {
   }
 }
 
+TextMarks EditorSpelling::misspellings() const {
+  const QString text = text_.Text();
+  return withoutPossessives(Spell().Misspellings(text), KnownNames(), text);
+}
+
 // Names go last: they are shown where both are.
 void EditorSpelling::check() {
-  const TextMarks wrong = Spell().Misspellings(text_.Text());
+  const TextMarks wrong = misspellings();
   const TextMarkLayer::Together together(marks_);
   if (Spell().Available()) {
     marks_.setMarks(TextMark::Kind::Misspelling, wrong);
@@ -120,18 +127,27 @@ void EditorSpelling::mnuCheckNow_Click() {
   if (available) {
     idle_.stop();
     SpellCheckEditor(true);
+  } else if (Spell().DictionaryFound()) {
+    idle_.start();  // another check is reading the lists
   } else {
     Spell().ShowInstructions();
     RedrawMenu();
   }
 }
 
-bool EditorSpelling::selectMisspelling() {
-  if (marks_.kindAt(text_.SelStart()) != TextMark::Kind::Misspelling) {
+bool EditorSpelling::selectMisspelling(std::optional<qsizetype> clicked) {
+  const qsizetype place = clicked.value_or(text_.SelStart());
+  if (marks_.kindAt(place) != TextMark::Kind::Misspelling) {
     return false;
   }
-  if (text_.SelLength() == 0) {
-    const TextMark word = wordAtCaret(text_.Text(), text_.SelStart());
+  const TextMark word = wordAtCaret(text_.Text(), place);
+  const bool anySelected = text_.SelLength() > 0;
+  const bool isWithin =
+      anySelected && text_.SelStart() >= word.start && text_.SelStart() + text_.SelLength() <= word.end();
+  if (!isWithin && anySelected && !clicked) {
+    return false;
+  }
+  if (!isWithin) {
     text_.select(word.start, word.length);
   }
   return text_.SelLength() > 0;
@@ -151,10 +167,12 @@ void EditorSpelling::mnuAddWordToCustom_Click() {
 
 // What was added is right at once, also where nothing is checked by itself.
 void EditorSpelling::dropMended() {
+  const TextMarks wrong = misspellings();
   TextMarks left;
   for (const TextMark& mark : marks_.marks()) {
-    const bool isWrong = mark.kind == TextMark::Kind::Misspelling &&
-                         !Spell().WordOK(QStringView(text_.Text()).sliced(mark.start, mark.length));
+    const auto word = std::partition_point(wrong.begin(), wrong.end(),
+                                           [&mark](const TextMark& other) { return other.end() <= mark.start; });
+    const bool isWrong = mark.kind == TextMark::Kind::Misspelling && word != wrong.end() && word->start < mark.end();
     if (isWrong) {
       left.push_back(mark);
     }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "core/spell/TextMarks.h"
+
 #include <QObject>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class DictionaryInstaller;
 class QAction;
@@ -34,6 +37,8 @@ class EditorSpelling : public QObject {
 
   /// Marks the names of characters where that is wanted, over what a check has marked.
   std::function<void()> MarkNames = [] {};
+  /// The names that characters are known by.
+  std::function<QStringList()> KnownNames = [] { return QStringList(); };
 
   /// What a scene shows that was opened now is checked in a moment.
   void begin();
@@ -48,8 +53,9 @@ class EditorSpelling : public QObject {
   void mnuSpellingOn_Click();
   void mnuCheckNow_Click();
   void mnuInstallDictionary_Click();
-  /// Selects the misspelled word that the caret is in, if nothing is selected. False when it is in none.
-  bool selectMisspelling();
+  /// Selects the misspelled word at the place that was clicked; without one, at the caret. A selection within that word
+  /// stays, and a larger one does where nothing was clicked. False when no such word is selected then.
+  bool selectMisspelling(std::optional<qsizetype> clicked);
   /// The selected word is right from now on.
   void mnuAddWordToCustom_Click();
 
@@ -58,6 +64,7 @@ class EditorSpelling : public QObject {
   void told(const QString& what);
 
  private:
+  TextMarks misspellings() const;
   void check();
   void loadSome();
   void dropMended();

@@ -25,26 +25,32 @@ EditorTabStrip::EditorTabStrip(QWidget* parent) : QTabWidget(parent) {
   add<StatusTab>(u'u');
   add<GoalsTab>(u'G');
   add<TimeTab>(u'm');
-  add<NotesTab>();
-  connect(add<CharactersTab>(), &CharactersTab::castWanted, this, &EditorTabStrip::castWanted);
+  add<NotesTab>(u'N');
+  connect(add<CharactersTab>(u'a'), &CharactersTab::castWanted, this, &EditorTabStrip::castWanted);
   viewpoint_ = add<ViewpointTab>(u'l');
   overview_ = add<OverviewTab>(u'w');
   // Arrow keys on the bar reach all tabs, so the buttons that scroll it needn't be stopped at.
   for (QToolButton* const button : tabBar()->findChildren<QToolButton*>()) {
     button->setFocusPolicy(Qt::NoFocus);
   }
+  tabBar()->installEventFilter(this);
   connect(description_, &DescriptionTab::titleChanged, this, &EditorTabStrip::titleChanged);
   connect(this, &QTabWidget::currentChanged, this, &EditorTabStrip::mirror);
+}
+
+/// The keyboard goes where its key leads, and the next Tab into the first field.
+bool EditorTabStrip::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Shortcut) {
+    tabBar()->setFocus(Qt::ShortcutFocusReason);
+  }
+  return QTabWidget::eventFilter(watched, event);
 }
 
 template <class Tab>
 Tab* EditorTabStrip::add(QChar key) {
   auto* const tab = new Tab(this);
   QString marked = tab->caption();
-  if (!key.isNull()) {
-    marked.insert(marked.indexOf(key), u'&');
-  }
-  const int index = addTab(tab, marked);
+  const int index = addTab(tab, marked.insert(marked.indexOf(key), u'&'));
   setTabToolTip(index, tab->stripTip());
   tab->setObjectName(u"Frame(%1)"_s.arg(index));
   connect(tab, &EditorTab::changed, this, &EditorTabStrip::changed);

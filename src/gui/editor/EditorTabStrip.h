@@ -39,10 +39,13 @@ class EditorTabStrip : public QTabWidget {
   void characterWanted(qint32 id);
   void castWanted(const QList<qint32>& ids, bool inScene);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
-  /// The key is a letter of its caption; not all of them have one that is free in the window.
+  /// The key is a letter of its caption that is free in the window.
   template <class Tab>
-  Tab* add(QChar key = {});
+  Tab* add(QChar key);
   void mirror();
 
   std::vector<EditorTab*> tabs_;

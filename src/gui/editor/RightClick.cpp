@@ -22,18 +22,19 @@ bool RightClick::eventFilter(QObject* watched, QEvent* event) {
 
 void RightClick::popUp(const QContextMenuEvent& event) {
   QPoint where = event.globalPos();
+  std::optional<qsizetype> clicked;
   text_.setFocus();
   if (event.reason() == QContextMenuEvent::Mouse) {
-    bringCaretTo(text_.viewport()->mapFromGlobal(where));
+    clicked = bringCaretTo(text_.viewport()->mapFromGlobal(where));
   } else {
     text_.ensureCursorVisible();
     where = text_.viewport()->mapToGlobal(text_.cursorRect().bottomLeft());
   }
-  Q_EMIT asked();
+  Q_EMIT asked(clicked);
   menu_.popup(where);
 }
 
-void RightClick::bringCaretTo(const QPoint& inViewport) {
+qsizetype RightClick::bringCaretTo(const QPoint& inViewport) {
   const QTextCursor selected = text_.textCursor();
   const QTextCursor clicked = text_.cursorForPosition(inViewport);
   const bool isInside = selected.hasSelection() && clicked.position() >= selected.selectionStart() &&
@@ -41,4 +42,5 @@ void RightClick::bringCaretTo(const QPoint& inViewport) {
   if (!isInside) {
     text_.setTextCursor(clicked);
   }
+  return text_.fromDocument(clicked.position());
 }

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 class QContextMenuEvent;
 class QMenu;
 class RichTextBox;
@@ -16,15 +18,17 @@ class RightClick : public QObject {
   RightClick(RichTextBox& text, QMenu& menu);
 
  Q_SIGNALS:
-  /// The caret stands where the menu is asked for; what the menu offers can be made to fit.
-  void asked();
+  /// The caret stands where the menu is asked for, or in a selection there; what the menu offers can be made to fit.
+  /// The position in the text that was clicked, unless a key has asked.
+  void asked(std::optional<qsizetype> clicked);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void popUp(const QContextMenuEvent& event);
-  void bringCaretTo(const QPoint& inViewport);
+  /// Returns the position there.
+  qsizetype bringCaretTo(const QPoint& inViewport);
 
   RichTextBox& text_;
   QMenu& menu_;

@@ -1,6 +1,7 @@
 #include "gui/editor/SceneNavigator.h"
 
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -27,7 +28,7 @@ SceneNavigator::SceneNavigator(QWidget* parent)
       cmbChapter(new NavigationCombo(u"cmbChapter"_s, u"Chapter"_s, this)),
       cmbScene(new NavigationCombo(u"cmbScene"_s, u"Scene"_s, this)),
       cmdSaveAndPrev(makeButton(u"cmdSaveAndPrev"_s, u"Save && P&rev"_s, this)),
-      cmdSaveAndNext(makeButton(u"cmdSaveAndNext"_s, u"Save && &Next"_s, this)) {
+      cmdSaveAndNext(makeButton(u"cmdSaveAndNext"_s, u"Save && Ne&xt"_s, this)) {
   buildLayout();
   cmbChapter->setToolTip(u"Save and go to another chapter (F6: the next one)"_s);
   cmbScene->setToolTip(u"Save and go to another scene of the chapter"_s);
@@ -77,13 +78,13 @@ void SceneNavigator::FillSceneCombo() {
   }
   const auto chapter = g_Project->ChapterByID(cmbChapter->selectedID());
   for (const qint32 id : chapter->SceneIDs()) {
-    cmbScene->addID(entry(g_Project->SceneByID(id)->Title, cmbScene->count() + 1), id);
+    cmbScene->addID(entry(calledScene(g_Project->SceneByID(id)->Title), cmbScene->count() + 1), id);
   }
 }
 
 void SceneNavigator::showTitle(const QString& title) {
   if (const int row = cmbScene->currentIndex(); row >= 0) {
-    cmbScene->setItemText(row, entry(title, row + 1));
+    cmbScene->setItemText(row, entry(calledScene(title), row + 1));
   }
 }
 

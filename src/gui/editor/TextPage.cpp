@@ -10,11 +10,13 @@
 #include <QTextDocument>
 #include <QWheelEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Pixels around the text in any case.
 constexpr int kMargin = 20;
-constexpr int kLettersInLine = 88;
+constexpr int kLettersInLine = 100;
 
 }  // namespace
 
@@ -37,8 +39,12 @@ void TextPage::showTop() {
   }
 }
 
+/// Measured by words, since what fonts say of their average letter is worth little: of a font of symbols it may be a
+/// fifth of what is seen.
 void TextPage::lay() {
-  const int line = text_.fontMetrics().averageCharWidth() * kLettersInLine + 2 * kMargin;
+  const QString words = u"the quick brown fox jumps over the lazy dog, and it runs on and on"_s;
+  const auto letters = static_cast<int>(words.size());
+  const int line = text_.fontMetrics().horizontalAdvance(words) * kLettersInLine / letters + 2 * kMargin;
   const int room = text_.contentsRect().width() - text_.verticalScrollBar()->sizeHint().width();
   text_.setSideMargins(qMax(0, (room - line) / 2));
 }

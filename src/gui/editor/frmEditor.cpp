@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/model/SceneTitle.h"
 #include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorPlacement.h"
@@ -126,8 +127,10 @@ QWidget* frmEditor::buildLowerPart() {
   lower_ = new QWidget(this);
   TabStrip1 = new EditorTabStrip(lower_);
   viewpoint_ = new ViewpointBox(lower_);
-  cmdSave = makeButton(u"cmdSave"_s, u"S&ave"_s);
-  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && E&xit"_s);
+  // Both are in the menu too, and there are more tabs and boxes than letters.
+  cmdSave = makeButton(u"cmdSave"_s, u"Save"_s);
+  cmdSaveAndExit = makeButton(u"cmdSaveAndExit"_s, u"Save && Exit"_s);
+  cmdSave->setToolTip(u"Ctrl+S"_s);
   auto* side = new QVBoxLayout;
   side->addWidget(viewpoint_);
   side->addStretch();
@@ -145,6 +148,7 @@ void frmEditor::connectSignals() {
   connect(find_, &EditorFind::told, this, &frmEditor::showHint);
   connect(TabStrip1, &EditorTabStrip::changed, this, &frmEditor::markDirty);
   connect(TabStrip1, &EditorTabStrip::titleChanged, navigator_, &SceneNavigator::showTitle);
+  connect(TabStrip1, &EditorTabStrip::titleChanged, this, &frmEditor::setCaption);
   connect(TabStrip1, &QTabWidget::currentChanged, this, [this](int tab) { CurrentTab = static_cast<qint16>(tab); });
   connect(cmdHide, &QToolButton::clicked, this, guarded("cmdHide_Click", kModule, this, &frmEditor::cmdHide_Click));
   connect(cmdSave, &QPushButton::clicked, this, [this] {
@@ -226,7 +230,7 @@ void frmEditor::DisableOrEnable(bool enabled) {
 
 void frmEditor::setCaption(const QString& title) {
   // Without a title the window would bear the name of the program's file.
-  setWindowTitle(literalTitle(title.trimmed().isEmpty() ? u"Untitled scene"_s : title) + u"[*]"_s);
+  setWindowTitle(literalTitle(calledScene(title)) + u"[*]"_s);
 }
 
 void frmEditor::setDirty(bool dirty) {

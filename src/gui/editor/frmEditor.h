@@ -176,10 +176,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   /// Goes nowhere after all.
   void stay();
   void EditChar(qint32 id, qint32 tab);
-  /// From a name in the text.
-  void openCharacter(qint32 id);
-  /// True when the sheet has changed him.
-  static bool showSheet(qint32 id, qint32 tab);
+  void showSheet(qint32 id, qint32 tab);
   void cmdAddChar_Click();
   /// Who is in the scene is saved at once, apart from the text.
   void changeCast(const QList<qint32>& ids, bool inScene);
@@ -234,6 +231,8 @@ class frmEditor : public QMainWindow, public SceneEditor {
   RichTextBox* txtMain = nullptr;
   TextObjects* objects_ = nullptr;
   TextHistory* history_ = nullptr;
+  /// The scene was split since its text was loaded: the way back ends there.
+  bool undoEndsAtSplit_ = false;
   QAction* mnuUndo_ = nullptr;
   QAction* mnuRedo_ = nullptr;
   TextMarkLayer* marks_ = nullptr;

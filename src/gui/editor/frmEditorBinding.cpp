@@ -5,6 +5,7 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -99,6 +100,7 @@ void frmEditor::loadMainText(const clsScene& from) {
   txtMain->setRichText(text);
   textDue_ = false;
   history_->clear();
+  undoEndsAtSplit_ = false;
   tellLosses();
 }
 
@@ -183,12 +185,18 @@ void frmEditor::showChapterWordCount(qint32 wordsHere) {
   if (!counted) {
     return;
   }
-  qint32 total = wordsHere;
+  qint32 total = 0;
+  qint32 unused = 0;
   const auto chapter = g_Project->ChapterByID(counted->BelongsToChID);
   for (const qint32 id : chapter->SceneIDs()) {
-    total += id == SceneID ? 0 : g_Project->SceneByID(id)->Wordcount();
+    const auto other = g_Project->SceneByID(id);
+    const qint32 words = id == SceneID ? wordsHere : other->Wordcount();
+    total += words;
+    unused += other->Unused || chapter->Unused ? words : 0;
   }
-  StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %L1 words"_s.arg(total));
+  // The chapter list leaves them out.
+  StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %L1 words"_s.arg(total),
+                       unused > 0 ? u"%L1 in use, %L2 in unused scenes"_s.arg(total - unused).arg(unused) : QString());
 }
 
 // What stood there of the book is true no more.
@@ -214,7 +222,7 @@ void frmEditor::mnuOpenNote_Click() {
     return;
   }
   if (const qint32 id = characters_->characterAt(txtMain->SelStart()); id != 0) {
-    openCharacter(id);
+    showSheet(id, 0);
     return;
   }
   const QString there = txtMain->describeAtCaret();
@@ -383,7 +391,8 @@ bool frmEditor::AskIfSave() {
   if (!Dirty) {
     return true;
   }
-  switch (toolkit().MsgBox(u"File has been changed.  Save it?"_s, Buttons::YesNoOrBack)) {
+  switch (toolkit().MsgBox(u"File has been changed.  Save it?\n\n"_s + calledScene(TabStrip1->Title()),
+                           Buttons::YesNoOrBack)) {
     case Answer::Yes:
       return saveWhole();
     case Answer::No:

@@ -3,6 +3,7 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/StoryMoves.h"
 #include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/Cast.h"
 #include "gui/editor/CharacterMarks.h"
@@ -24,6 +25,15 @@ namespace {
 
 constexpr auto kModule = "frmEditor";
 
+/// As the book's file would hold it.
+QByteArray wholeCast() {
+  QByteArray cast;
+  for (const auto& character : g_Project->Chars) {
+    character->DataAsXML(cast);
+  }
+  return cast;
+}
+
 }  // namespace
 
 void frmEditor::connectCharacters() {
@@ -37,7 +47,7 @@ void frmEditor::connectCharacters() {
   connect(TabStrip1, &EditorTabStrip::castWanted, this,
           guarded("ListChar_OLEDragDrop", kModule, this, &frmEditor::changeCast));
   connect(characters_, &CharacterMarks::characterWanted, this,
-          guarded("txtMain_DblClick", kModule, this, &frmEditor::openCharacter));
+          guarded("txtMain_DblClick", kModule, [this](qint32 id) { showSheet(id, 0); }));
 }
 
 void frmEditor::showPlace(clsScene& of) {
@@ -113,35 +123,28 @@ void frmEditor::EditChar(qint32 id, qint32 tab) {
     showHint(id == 0 ? u"No viewpoint character is selected"_s : u"There is no such character"_s);
     return;
   }
-  const QPointer<frmEditor> alive(this);
   showSheet(id, tab);
-  if (alive && Changed) {
-    Changed();
-  }
 }
 
-void frmEditor::openCharacter(qint32 id) {
+void frmEditor::showSheet(qint32 id, qint32 tab) {
   const QPointer<frmEditor> alive(this);
-  if (showSheet(id, 0) && alive && Changed) {
-    Changed();
-  }
-}
-
-bool frmEditor::showSheet(qint32 id, qint32 tab) {
   g_Project->UnMarkAllCharInEditorWindows();
   const bool changed = g_Project->CharByID(id)->Edit(tab);
   if (changed) {
     g_Project->UpdateCombosInEditorWindows();
   }
   g_Project->MarkAllCharInEditorWindows();
-  return changed;
+  if (changed && alive && Changed) {
+    Changed();
+  }
 }
 
 void frmEditor::cmdAddChar_Click() {
   const QPointer<frmEditor> alive(this);
+  const QByteArray before = wholeCast();
   g_Project->AddEditCharacters(0);
   g_Project->UpdateCombosInEditorWindows();
-  if (alive && Changed) {
+  if (wholeCast() != before && alive && Changed) {
     Changed();
   }
 }

@@ -95,7 +95,7 @@ void frmEditor::MoveToNext() {
 }
 
 void frmEditor::handOver(const std::function<qint32()>& target) {
-  if (leaving_ || TimerExit.isActive()) {
+  if (leaving_ || handingOver_) {
     return;
   }
   const QPointer<frmEditor> alive(this);

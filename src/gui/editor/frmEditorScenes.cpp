@@ -9,6 +9,7 @@
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/TextHistory.h"
 
 #include <QPointer>
 
@@ -28,6 +29,14 @@ RichText objectsOf(const RichText& text) {
     }
   }
   return objects;
+}
+
+/// Many more scenes than somebody has in mind are named before they are made.
+QString splitQuestion(const QString& text, const QString& separator) {
+  constexpr size_t kMany = 50;
+  const QString question = u"Are you sure you want to split this scene on '"_s + separator + u"' markers?"_s;
+  const size_t scenes = SceneSplit::cut(RichText::fromPlain(text), separator).size();
+  return scenes > kMany ? question + u"\n\nIt becomes %L1 scenes."_s.arg(scenes) : question;
 }
 
 }  // namespace
@@ -98,8 +107,7 @@ void frmEditor::splitScene(const QString& separator) {
     }
     return true;
   };
-  if (!isThere() || toolkit().MsgBox(u"Are you sure you want to split this scene on '"_s + separator + u"' markers?"_s,
-                                     Buttons::YesNo) != Answer::Yes) {
+  if (!isThere() || toolkit().MsgBox(splitQuestion(txtMain->Text(), separator), Buttons::YesNo) != Answer::Yes) {
     return;
   }
   // A book without a file gets one now: the pieces are written before the project file that names them.
@@ -132,9 +140,14 @@ void frmEditor::cutAt(const QString& separator) {
     const qsizetype kept = pieces.front().size();
     txtMain->select(kept, txtMain->Text().size() - kept);
     txtMain->setSelText({});
+    // What was cut off stands in scenes of its own: taken back here, its words would stand twice.
+    history_->clear();
+    undoEndsAtSplit_ = true;
+    showUndo(false);
   }
   source->ForceWordcount();
   FindInCombos(*source);
+  ShowSceneWordCount();
   showHint(u"The scene is split into %1"_s.arg(pieces.size()));
   if (Changed) {
     Changed();

@@ -1,4 +1,5 @@
 #include "core/model/clsScene.h"
+#include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorSpelling.h"
 #include "gui/editor/RightClick.h"
 #include "gui/editor/frmEditor.h"
@@ -22,6 +23,7 @@ void frmEditor::createSpellingMenu() {
       add("mnuInstallDictionary", u"Install Dictionary"_s, &EditorSpelling::mnuInstallDictionary_Click)};
   spelling_ = new EditorSpelling(*txtMain, *marks_, entries);
   spelling_->MarkNames = [this] { MarkCharacters(); };
+  spelling_->KnownNames = &CharacterMarks::knownNames;
   connect(spelling_, &EditorSpelling::told, this, [this](const QString& what) {
     const auto shown = scene();
     setCaption(!what.isEmpty() ? what : shown ? shown->Title : QString());
@@ -33,8 +35,8 @@ void frmEditor::offerSpelling(QMenu& menu, RightClick& clicks) {
   pbarSpell->setObjectName(u"pbarSpell"_s);
   QAction* const word = addEntry(&menu, u"mnuAddWordToCustom"_s, u"&Add selection to custom dictionary"_s,
                                  [this] { spelling_->mnuAddWordToCustom_Click(); });
-  connect(&clicks, &RightClick::asked, this, [this, pbarSpell, word] {
-    const bool isWrong = spelling_->selectMisspelling();
+  connect(&clicks, &RightClick::asked, this, [this, pbarSpell, word](std::optional<qsizetype> clicked) {
+    const bool isWrong = spelling_->selectMisspelling(clicked);
     pbarSpell->setVisible(isWrong);
     word->setVisible(isWrong);
   });

@@ -34,7 +34,8 @@ void frmEditor::showUndo(bool exactly) {
     mnuUndo_->setEnabled(!exactly || clipboard_->canUndo());
     mnuRedo_->setEnabled(!exactly || clipboard_->canRedo());
   } else {
-    mnuUndo_->setEnabled(history_->canUndo());
+    // Where the keys' way ends they tell why.
+    mnuUndo_->setEnabled(history_->canUndo() || undoEndsAtSplit_);
     mnuRedo_->setEnabled(history_->canRedo());
   }
 }
@@ -42,6 +43,8 @@ void frmEditor::showUndo(bool exactly) {
 void frmEditor::mnuUndo_Click() {
   if (clipboard_->writesInField()) {
     clipboard_->undo();
+  } else if (!history_->canUndo() && undoEndsAtSplit_) {
+    showHint(u"The split can't be undone here: its scenes are in the book"_s);
   } else {
     history_->undo();
   }

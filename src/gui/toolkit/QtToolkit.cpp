@@ -15,6 +15,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHash>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -24,6 +25,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTranslator>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +55,24 @@ BoxKind kindOf(Buttons buttons) {
   }
   return {QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
 }
+
+/// Qt's colour dialog in the words of this program. For good: taking a translator away repaints every window.
+class ColourWords : public QTranslator {
+ public:
+  ColourWords() { QCoreApplication::installTranslator(this); }
+  QString translate(const char* context, const char* text, const char*, int) const override {
+    static const QHash<QByteArrayView, QString> plain{
+        {"&Basic colors", u"Colours to choose &from"_s},
+        {"&Custom colors", u"&My colours"_s},
+        {"&Add to Custom Colors", u"&Add to my colours"_s},
+        {"&Pick Screen Color", u"&Take one from the screen"_s},
+        {"&Sat:", u"&Strength:"_s},
+        {"&Val:", u"&Lightness:"_s},
+        {"&HTML:", u"&Number:"_s},
+    };
+    return qstrcmp(context, "QColorDialog") == 0 ? plain.value(text) : QString();
+  }
+};
 
 Answer answerOf(int button) {
   switch (button) {
@@ -179,9 +199,6 @@ Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
   box->setStandardButtons(kind.buttons);
   box->setDefaultButton(kind.onEnter);
   box->setEscapeButton(kind.onEscape);
-  if (buttons == Buttons::YesNoOrBack) {
-    box->button(QMessageBox::Cancel)->hide();
-  }
   box->button(kind.onEnter)->setFocus();
   const int button = box->exec();
   return answerOf(button == 0 ? kind.onEscape : button);
@@ -251,6 +268,7 @@ QString QtToolkit::PickFolder(const QString& title, const QString& folder) {
 
 std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initial) {
   const PointerPause pause(*this);
+  static const ColourWords words;
   const OverActiveWindow<QColorDialog> dialog;
   dialog->setWindowTitle(literalTitle(title));
   dialog->setCurrentColor(Colours::toQt(initial, QApplication::palette()));

@@ -86,6 +86,7 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent), objects_(new Inli
   setAcceptRichText(false);
   viewport()->setMouseTracking(true);
   connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::tellOfCaret);
+  connect(this, &QTextEdit::cursorPositionChanged, this, [this] { beforeCaretFormat_.reset(); });
   load(RichText());
 }
 
@@ -145,6 +146,7 @@ void RichTextBox::changed() {
   // Within a larger edit, as a drop is, the document tells of its change only at the end.
   loaded_.reset();
   loadedRtf_.reset();
+  beforeCaretFormat_.reset();
   edited_ = true;
   if (together_ != 0) {
     changedTogether_ = true;

@@ -78,7 +78,7 @@ class RichTextBox : public QTextEdit {
   QString describeAtCaret() const;
 
   // Formats of the selection's first character, or of text typed at the caret. Setting one formats the
-  // selection, or what is typed next.
+  // selection, or what is typed next; that alone is no change of the text, and Changed is not emitted.
   Colour SelColor() const;
   /// Numbers with the top bit set name system colours and are automatic. Changed is not emitted: colours of
   /// single words are marks, no part of the text.
@@ -110,6 +110,11 @@ class RichTextBox : public QTextEdit {
   void toggleSelBold() { setSelBold(SelFormat().bold != true); }
   void toggleSelItalic() { setSelItalic(SelFormat().italic != true); }
   void toggleSelUnderline() { setSelUnderline(SelFormat().underline != true); }
+
+  /// A format was set for what is typed next, and the caret stands there still.
+  bool hasCaretFormat() const { return beforeCaretFormat_.has_value(); }
+  /// What is typed next looks as it would have without.
+  void dropCaretFormat();
 
   // Formats of the paragraphs that the selection touches; lengths are twips.
   /// Distance of the first line from the margin. Setting it moves the other lines along.
@@ -208,6 +213,7 @@ class RichTextBox : public QTextEdit {
   double ownFontSize() const;
   CommonFormat commonFormat(const QTextCharFormat& format) const;
   void mergeSelected(const QTextCharFormat& change);
+  void formatSelected(const QTextCharFormat& change);
   ParagraphFormat selectedParagraph() const;
   void changeParagraphs(const std::function<void(ParagraphFormat&)>& change);
 
@@ -225,6 +231,8 @@ class RichTextBox : public QTextEdit {
   int quiet_ = 0;
   int together_ = 0;
   bool changedTogether_ = false;
+  /// Of text at the caret, before another one was set for it.
+  std::optional<QTextCharFormat> beforeCaretFormat_;
   int composition_ = 0;
   int lastComposition_ = 0;
   /// Where the selection was taken hold of.

@@ -59,6 +59,30 @@ void RichTextBox::mergeSelected(const QTextCharFormat& change) {
   });
 }
 
+void RichTextBox::formatSelected(const QTextCharFormat& change) {
+  const QTextCursor cursor = textCursor();
+  const bool isOfTyping = !cursor.hasSelection() && (document()->isEmpty() || cursor.block().length() > 1);
+  if (!isOfTyping) {
+    mergeSelected(change);
+    changed();
+    return;
+  }
+  const QTextCharFormat before = beforeCaretFormat_.value_or(cursor.charFormat());
+  QTextCharFormat after = cursor.charFormat();
+  after.merge(change);
+  const bool isNew = RichTextDocument::fromQt(after) != RichTextDocument::fromQt(before) && !document()->isEmpty();
+  beforeCaretFormat_ = isNew ? std::optional(before) : std::nullopt;
+  mergeSelected(change);
+}
+
+void RichTextBox::dropCaretFormat() {
+  if (const auto before = std::exchange(beforeCaretFormat_, std::nullopt)) {
+    QTextCursor cursor = textCursor();
+    cursor.setCharFormat(*before);
+    setTextCursor(cursor);
+  }
+}
+
 RichTextBox::Colour RichTextBox::SelColor() const {
   return RichTextDocument::fromQt(selectedFormat()).colour;
 }
@@ -75,8 +99,7 @@ QString RichTextBox::SelFontName() const {
 void RichTextBox::setSelFontName(const QString& name) {
   QTextCharFormat change;
   change.setFontFamilies({name});
-  mergeSelected(change);
-  changed();
+  formatSelected(change);
 }
 
 /// The control's own size, which may stand in pixels.
@@ -95,8 +118,7 @@ void RichTextBox::setSelFontSize(double points) {
   }
   QTextCharFormat change;
   change.setFontPointSize(qRound(points * 2) / 2.0);
-  mergeSelected(change);
-  changed();
+  formatSelected(change);
 }
 
 bool RichTextBox::SelBold() const {
@@ -106,8 +128,7 @@ bool RichTextBox::SelBold() const {
 void RichTextBox::setSelBold(bool on) {
   QTextCharFormat change;
   change.setFontWeight(on ? QFont::Bold : QFont::Normal);
-  mergeSelected(change);
-  changed();
+  formatSelected(change);
 }
 
 bool RichTextBox::SelItalic() const {
@@ -117,8 +138,7 @@ bool RichTextBox::SelItalic() const {
 void RichTextBox::setSelItalic(bool on) {
   QTextCharFormat change;
   change.setFontItalic(on);
-  mergeSelected(change);
-  changed();
+  formatSelected(change);
 }
 
 bool RichTextBox::SelUnderline() const {
@@ -128,8 +148,7 @@ bool RichTextBox::SelUnderline() const {
 void RichTextBox::setSelUnderline(bool on) {
   QTextCharFormat change;
   change.setFontUnderline(on);
-  mergeSelected(change);
-  changed();
+  formatSelected(change);
 }
 
 RichTextBox::CommonFormat RichTextBox::commonFormat(const QTextCharFormat& format) const {

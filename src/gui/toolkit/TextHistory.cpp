@@ -1,5 +1,6 @@
 #include "gui/toolkit/TextHistory.h"
 
+#include <QScrollBar>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -13,12 +14,33 @@ namespace {
 /// From here on it pays to look whether a text is held already.
 constexpr qsizetype kLongText = 1000;
 
+/// As it does when all of a word's places were replaced.
+bool liesAllOver(const std::vector<TextChange>& changes) {
+  const auto& hunks = changes.front().hunks;
+  return changes.size() == 1 &&
+         std::count_if(hunks.begin(), hunks.end(), [](const TextChange::Hunk& hunk) { return !hunk.sameWords; }) > 1;
+}
+
+/// Where the caret stands in the text once that was put back; in front of a piece that it was in.
+int caretAfter(int caret, const std::vector<TextChange::Hunk>& hunks) {
+  int shift = 0;
+  for (const TextChange::Hunk& hunk : hunks) {
+    if (hunk.at + hunk.length > caret) {
+      return std::min(hunk.at, caret) + shift;
+    }
+    shift += hunk.before - hunk.length;
+  }
+  return caret + shift;
+}
+
 }  // namespace
 
 TextHistory::TextHistory(RichTextBox& box, std::function<RichTextBox::Colour()> textColour)
     : QObject(&box), box_(box), textColour_(std::move(textColour)) {
   connect(&box, &RichTextBox::Loaded, this, &TextHistory::startOver);
   connect(&box, &RichTextBox::Changed, this, &TextHistory::PushUndoState);
+  connect(&box, &QTextEdit::currentCharFormatChanged, this, &TextHistory::tell);
+  connect(&box, &QTextEdit::cursorPositionChanged, this, &TextHistory::tell);
   watch();
   clear();
 }
@@ -104,8 +126,15 @@ void TextHistory::joinLast(Step step) {
   std::move(step.changes.begin(), step.changes.end(), std::back_inserter(changes));
 }
 
+bool TextHistory::canUndo() const {
+  return UndoPos > 0 || box_.hasCaretFormat();
+}
+
 void TextHistory::undo() {
-  if (canUndo() && !box_.Locked()) {
+  if (box_.hasCaretFormat()) {
+    box_.dropCaretFormat();
+    tell();
+  } else if (canUndo() && !box_.Locked()) {
     go(UndoPos - 1, UndoPos - 1);
     Q_EMIT undone();
   }
@@ -121,6 +150,8 @@ void TextHistory::redo() {
 void TextHistory::go(size_t from, size_t to) {
   const Step step = std::move(UndoStack[from]);
   const RichTextBox::Colour colour = textColour_ ? textColour_() : std::nullopt;
+  const int caret = box_.textCursor().position();
+  const int height = box_.cursorRect().top();
   going_ = from;
   UndoPos = to;
   box_.asOneChange([&] {
@@ -129,7 +160,11 @@ void TextHistory::go(size_t from, size_t to) {
     std::for_each(step.changes.rbegin(), step.changes.rend(),
                   [&](const TextChange& change) { putBack(cursor, change, looks_, colour, box_.palette()); });
     cursor.endEditBlock();
-    placeCaret(step.changes.front());
+    if (liesAllOver(step.changes)) {
+      keepCaret(caretAfter(caret, step.changes.front().hunks), height);
+    } else {
+      placeCaret(step.changes.front());
+    }
   });
   going_.reset();
   if (UndoStack[from].changes.empty()) {  // it had changed nothing that is told apart
@@ -137,6 +172,15 @@ void TextHistory::go(size_t from, size_t to) {
     UndoPos = from;
   }
   tell();
+}
+
+/// What the writer was looking at stays where it was, too.
+void TextHistory::keepCaret(int position, int height) {
+  QTextCursor caret = box_.textCursor();
+  caret.setPosition(position);
+  box_.setTextCursor(caret);
+  QScrollBar& scroll = *box_.verticalScrollBar();
+  scroll.setValue(scroll.value() + box_.cursorRect().top() - height);
 }
 
 void TextHistory::placeCaret(const TextChange& change) {

@@ -27,9 +27,10 @@ class TextHistory : public QObject {
 
   /// What the box shows, or is given next, is where it begins.
   void clear();
-  bool canUndo() const { return UndoPos > 0; }
+  bool canUndo() const;
   bool canRedo() const { return UndoPos < UndoStack.size(); }
-  /// Nothing happens in a locked box or when there is nothing to take back. The caret goes to what has changed.
+  /// Nothing happens in a locked box or when there is nothing to take back. The caret goes to what has changed; where
+  /// that lies all over the text, caret and view stay. A format set for what is typed next is the first to go.
   void undo();
   void redo();
 
@@ -53,6 +54,7 @@ class TextHistory : public QObject {
   void push(Step step);
   void joinLast(Step step);
   void go(size_t from, size_t to);
+  void keepCaret(int position, int height);
   void placeCaret(const TextChange& change);
   void shareTexts(Step& step);
   void tell();

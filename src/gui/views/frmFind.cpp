@@ -2,6 +2,7 @@
 
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/RichTextBox.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,6 +22,8 @@ namespace {
 constexpr auto kModule = "frmFind";
 constexpr int kLetters = 28;
 constexpr int kMostTerms = 50;
+/// A longer selection is no term.
+constexpr qsizetype kLongestTerm = 500;
 /// Between the dialog and what it leaves free.
 constexpr int kGap = 8;
 
@@ -93,7 +96,7 @@ frmFind::frmFind(QWidget* owner)
   giveName(*chkCaseSensitive, u"chkCaseSensitive"_s);
   cmdFind->setToolTip(u"Finds the next one (Enter, F3)"_s);
   cmdFindPrev->setToolTip(u"Finds the one before (Shift+F3)"_s);
-  cmdReplace->setToolTip(u"Finds the next one and replaces it"_s);
+  cmdReplace->setToolTip(u"Replaces the next one behind the caret; what is selected is passed over"_s);
   cmdFind->setDefault(true);
   buildLayout();
   connectSignals();
@@ -216,6 +219,20 @@ void frmFind::keepClearOf(const QRect& part) {
   if (isVisible() && there != frameGeometry().topLeft()) {
     move(there);
   }
+}
+
+void frmFind::keepClearOf(const RichTextBox& text) {
+  QTextCursor begin = text.textCursor();
+  begin.setPosition(begin.selectionStart());
+  const QRect part = text.cursorRect(begin).united(text.cursorRect());
+  keepClearOf(QRect(text.viewport()->mapToGlobal(part.topLeft()), part.size()));
+}
+
+QString frmFind::termIn(const RichTextBox& text) {
+  const QString selected = text.SelText();
+  const bool isTerm = selected.size() <= kLongestTerm && !selected.contains(u'\r') &&
+                      !selected.contains(QChar(QChar::ObjectReplacementCharacter));
+  return isTerm ? selected : QString();
 }
 
 QPoint FindPlace::beside(const QRect& window, QSize dialog, const QRect& room) {

@@ -7,6 +7,7 @@ class QComboBox;
 class QGridLayout;
 class QLabel;
 class QPushButton;
+class RichTextBox;
 
 /// Asks what to look for and, unless its window can only be read, what to put in its place. It searches nothing itself:
 /// the window that it belongs to hears what is wanted. Non-modal; it stays over its window and goes with it.
@@ -23,8 +24,11 @@ class frmFind : public QDialog {
   /// Shows it, beside its window the first time, with the keyboard in the field of what to look for or of what to put
   /// in its place.
   void ask(bool inReplace = false);
-  /// Moves aside where it hides this part of the screen.
-  void keepClearOf(const QRect& part);
+  /// Moves aside where it hides what is selected there.
+  void keepClearOf(const RichTextBox& text);
+
+  /// What is selected there as what to look for; empty where that is no term.
+  static QString termIn(const RichTextBox& text);
 
  Q_SIGNALS:
   void DoFind(const QString& Text, bool CaseSensitive);
@@ -44,6 +48,7 @@ class frmFind : public QDialog {
   void listTerms();
   void enableButtons();
   void placeBesideOwner();
+  void keepClearOf(const QRect& part);
 
   QComboBox* cmbFind;
   QComboBox* cmbReplace;

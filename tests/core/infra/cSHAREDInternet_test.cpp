@@ -4,6 +4,8 @@
 #include "support/TestHome.h"
 #include "support/WebServer.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 
@@ -90,6 +92,24 @@ TEST_F(Internet, AFileThatCannotBeWrittenFails) {
   const WebServer server({{u"/list.zip"_s, WebServer::ok("zip")}});
   EXPECT_FALSE(internet.GetFile(server.address(u"/list.zip"_s), folder.path(u"none/list.zip"_s)));
   EXPECT_TRUE(internet.GetFile(server.address(u"/list.zip"_s), path)) << "the next one is a new beginning";
+}
+
+TEST_F(Internet, AFileGoesOnComingUnderAWindowThatIsUpMeanwhile) {
+  const QByteArray body(90'000, 'z');
+  const WebServer server({{u"/list.zip"_s, WebServer::ok(body)}});
+  qint64 received = 0;
+  internet.Progress = [&](qint64 sofar) { received = sofar; };
+  bool came = false;
+  toolkit.onYield = [&] {
+    const QDeadlineTimer limit(10'000);
+    while (received < body.size() && !limit.hasExpired()) {
+      QCoreApplication::processEvents();
+    }
+    came = received == body.size();
+  };
+  EXPECT_TRUE(internet.GetFile(server.address(u"/list.zip"_s), path));
+  EXPECT_TRUE(came);
+  EXPECT_EQ(content(), body);
 }
 
 TEST_F(Internet, ACancelledTransferEndsAtOnceAndOneRunsAtATime) {

@@ -70,6 +70,16 @@ TEST(TextMarks, ANameGoesOverAMisspellingPieceByPiece) {
   }
 }
 
+TEST(TextMarks, ThePossessiveOfANameIsRightWhateverTheNameEndsIn) {
+  const QString text = u"Bingley's dgo's Jr.’s s"_s;
+  TextMarks wrong;
+  for (const auto& [start, length] : {std::pair{0, 9}, {10, 5}, {16, 2}, {20, 1}, {22, 1}}) {
+    wrong.push_back({start, length, TextMark::Kind::Misspelling});
+  }
+  EXPECT_EQ(painted(text.size(), withoutPossessives(wrong, {u"Bingley"_s, u" Jr. "_s, u""_s}, text)),
+            u"mmmmmmm...mmmmm.mm....m"_s);
+}
+
 TEST(TextMarks, ARightClickSelectsTheWordAtTheCaret) {
   struct Case {
     QString text;

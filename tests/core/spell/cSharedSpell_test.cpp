@@ -149,6 +149,8 @@ TEST_F(Spelling, WhoAsksWhileTheListsAreReadFindsNone) {
       asked = true;
       EXPECT_FALSE(loading.DictAvailable());
       EXPECT_TRUE(loading.Misspellings(u"dgo"_s).empty());
+      loading.InitDict();
+      EXPECT_TRUE(loading.DictAvailable()) << "who reads them anew has them";
     };
     EXPECT_TRUE(loading.DictAvailable());
     EXPECT_EQ(loading.Misspellings(u"dgo"_s).size(), 1U);
@@ -187,8 +189,8 @@ TEST_F(Spelling, AnAddedWordIsRightNowAndInTheNextRun) {
        {Case{u"dgo"_s, u"dgo Dgo's"_s, "dgo\r\n"}, Case{u" “dgo,” "_s, u"dgo"_s, "dgo\r\n"},
         Case{u"dog"_s, u"dog"_s, "dog\r\n"}, Case{u"...,"_s, u""_s, "(none)"},
         Case{u"naïve"_s, u"naïve"_s, "na\xC3\xAFve\r\nna\r\nve\r\n"}, Case{u"O'Nan"_s, u"O'Nan's"_s, "O'Nan\r\n"},
-        Case{u"the dgo, dog teh"_s, u"dgo teh"_s, "dgo\r\nteh\r\n"},
-        Case{u"dog-dgo"_s, u"dgo"_s, "dog-dgo\r\ndgo\r\n"}}) {
+        Case{u"the dgo, dog teh"_s, u"dgo teh"_s, "dgo\r\nteh\r\n"}, Case{u"dog-dgo"_s, u"dgo"_s, "dgo\r\n"},
+        Case{u"teh—dog,dgo"_s, u"teh—dgo"_s, "teh\r\ndgo\r\n"}, Case{u"don’re"_s, u"don're don’re"_s, "don're\r\n"}}) {
     QFile::remove(folder.path(u"Dict/Custom.txt"_s));
     cSharedSpell mine;
     EXPECT_EQ(mine.AddWordToCustomDict(known.added), QString());

@@ -245,6 +245,16 @@ TEST(RichText, AnObjectIsAPositionAndNoText) {
   RichText hidden = RichText::fromPlain(u"a\nb\nc"_s);
   hidden.formatCharacters(1, 3, [](CharFormat& format) { format.hidden = true; });
   EXPECT_EQ(hidden.plainText(), u"a\r\nc"_s) << "a hidden paragraph end joins";
+  const auto places = [](const RichText& read) {
+    QList<qsizetype> at;
+    for (qsizetype place = 0; place <= read.plainText().size(); ++place) {
+      at.append(read.positionOfRead(place));
+    }
+    return at;
+  };
+  EXPECT_EQ(places(twice), (QList<qsizetype>{0, 1, 4, 5, 6}));
+  EXPECT_EQ(places(hidden), (QList<qsizetype>{0, 4, 5, 6, 7}));
+  EXPECT_EQ(places(RichText()), QList<qsizetype>{0});
 }
 
 TEST(RichText, ReplacingNeverFindsAnObject) {

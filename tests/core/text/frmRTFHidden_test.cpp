@@ -50,6 +50,11 @@ TEST(RtfWorker, ReplacesInsideTheFormatting) {
   EXPECT_FALSE(text.charFormatAt(13).bold);
   worker.ReplaceAll(u"Red"_s, u"x"_s, true);
   EXPECT_EQ(worker.ReplaceCount(), 0);
+  worker.SetRTF("{\\rtf1 hoho{\\b ho}hohoho}");
+  worker.ReplaceAll(u"ho"_s, u"oh"_s, false);
+  worker.ReplaceAll(u"ohoh"_s, {}, false);
+  EXPECT_EQ(worker.ReplaceCount(), 3);
+  EXPECT_EQ(worker.GetPlain(), QString());
 }
 
 TEST(RtfWorker, BuildsADocumentOfTextAndRtf) {

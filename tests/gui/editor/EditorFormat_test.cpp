@@ -107,6 +107,19 @@ TEST_F(EditorFormatTest, WhatTheDesktopShowsIsNoColourOfTheUsersOwn) {
   QApplication::setPalette(desktop);
 }
 
+TEST_F(EditorFormatTest, AFontThatMisstatesItsLettersHasWholeLinesToo) {
+  frmEditor* const editor = open();
+  RichTextBox& text = pane(*editor);
+  editor->resize(1700, 600);
+  for (const QString& family : fontFamilies()) {
+    text.setFont(QFont(family, 12));
+    QCoreApplication::processEvents();
+    const int line =
+        text.fontMetrics().horizontalAdvance(u"Some twelve words or so should stand in a line of the page"_s);
+    EXPECT_GT(text.viewport()->width(), line) << family;
+  }
+}
+
 TEST_F(EditorFormatTest, AWideWindowShowsItsLinesInTheMiddleAndTheMouseWorksBesideThem) {
   QByteArray paragraphs;
   for (int i = 0; i < 100; ++i) {

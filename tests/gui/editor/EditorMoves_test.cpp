@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -171,9 +172,12 @@ TEST_F(EditorMovesTest, WhatCannotBeSavedKeepsTheWindowAndItsPlace) {
   EXPECT_EQ(textInFile(), u"one two three!"_s);
 }
 
-TEST_F(EditorMovesTest, WhatIsTypedWhileTheNextWindowOpensIsSavedToo) {
+TEST_F(EditorMovesTest, WhatIsTypedWhileTheNextWindowOpensIsSavedTooAndNoFurtherOneOpens) {
   frmEditor* const editor = open();
-  toolkit.onYield = [&] { type(*editor, u" late"_s); };
+  toolkit.onYield = [&] {
+    type(*editor, u" late"_s);
+    Q_EMIT editor->findChild<QShortcut*>()->activated();
+  };
   click(*editor, "cmdSaveAndNext");
   EXPECT_EQ(editedAfterMove(), QList<qint32>{2});
   EXPECT_EQ(textInFile(), u"one two three late"_s);

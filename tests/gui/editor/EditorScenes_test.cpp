@@ -119,6 +119,30 @@ TEST_F(EditorScenesTest, ThePiecesStandInOrderBehindTheirSceneAndAreOnTheDiskAtO
   EXPECT_EQ(textsOfChapter(), (QStringList{u"one words "_s, u" two "_s, u" three"_s, u"four five"_s}));
 }
 
+TEST_F(EditorScenesTest, TheWayBackEndsAtASplitSoThatNoWordsComeTwice) {
+  frmEditor* const editor = openWith(u"one words # two"_s);
+  type(*editor, u"x"_s);
+  expectSure();
+  split(*editor);
+  EXPECT_EQ(panel(*editor, 3), u"Scene: 2 words"_s);
+  QTest::keyClick(editor, Qt::Key_Y, Qt::ControlModifier);
+  type(*editor, u"y"_s);
+  for (const QString& told :
+       {u"The scene is split into 2"_s, u"The split can't be undone here: its scenes are in the book"_s}) {
+    QTest::keyClick(editor, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pane(*editor).Text(), u"one words "_s);
+    EXPECT_EQ(panel(*editor, 4), told);
+  }
+  EXPECT_EQ(scene(scenesOfChapter()[1])->ConvertedToBodyText(), u" twox"_s);
+}
+
+TEST_F(EditorScenesTest, VeryManyScenesAreNamedBeforeTheyAreMade) {
+  frmEditor* const editor = openWith(QString(u"a#"_s).repeated(1200));
+  toolkit.expectBox(u"on '#' markers?\n\nIt becomes 1,201 scenes."_s, Answer::No);
+  split(*editor);
+  EXPECT_EQ(scenesOfChapter().size(), 2);
+}
+
 TEST_F(EditorScenesTest, SeparatorsMayStandAnywhere) {
   struct Case {
     const char* what;

@@ -182,13 +182,16 @@ TEST_F(EditorSpellingTest, AnUndoneStepAndANewFontColourAreFollowedByACheckWhere
 
 TEST_F(EditorSpellingTest, ANameGoesOverAMisspellingAndStaysWhenTheCheckIsCleared) {
   Settings().sSet(u"HighlightChar"_s, true);
-  frmEditor& editor = openWith(u"Zoë dog Zoëz"_s);
-  EXPECT_EQ(marked(), u"[Zoë] dog [Zoë]z"_s);
+  frmEditor& editor = openWith(u"Zoë’s Annabel Zoëz"_s);
+  EXPECT_EQ(marked(), u"[Zoë]’s [Anna]bel [Zoë]z"_s);
   trigger(editor, "mnuCheckNow");
-  EXPECT_EQ(marked(), u"[Zoë] dog [Zoë][z]"_s);
+  EXPECT_EQ(marked(), u"[Zoë]’s [Anna][bel] [Zoë][z]"_s);
   EXPECT_FALSE(rightClick(editor, 1)) << "it is no misspelling";
+  EXPECT_TRUE(rightClick(editor, 11));
+  trigger(editor, "mnuAddWordToCustom");
+  EXPECT_EQ(marked(), u"[Zoë]’s [Anna]bel [Zoë][z]"_s);
   trigger(editor, "mnuClear");
-  EXPECT_EQ(marked(), u"[Zoë] dog [Zoë]z"_s);
+  EXPECT_EQ(marked(), u"[Zoë]’s [Anna]bel [Zoë]z"_s);
 }
 
 TEST_F(EditorSpellingTest, ARightClickOnAMisspelledWordOffersToAddIt) {
@@ -206,6 +209,31 @@ TEST_F(EditorSpellingTest, ARightClickOnAMisspelledWordOffersToAddIt) {
   trigger(editor, "mnuAddWordToCustom");
   EXPECT_EQ(marked(), u"dog “dgo,” teh dog teh"_s);
   EXPECT_FALSE(editor.isWindowModified());
+}
+
+TEST_F(EditorSpellingTest, WhatIsAddedIsTheClickedWordAndNoLargerSelection) {
+  frmEditor& editor = openWith(u"dgo dog teh dog"_s);
+  trigger(editor, "mnuCheckNow");
+  const auto byKey = [&] {
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(pane_->viewport(), &event);
+    control<QMenu>(editor, "mnuRightClick").close();
+    return control<QAction>(editor, "mnuAddWordToCustom").isVisible();
+  };
+  struct Case {
+    qsizetype start;
+    qsizetype length;
+    std::optional<qsizetype> click;
+    bool offers;
+    QString selected;
+  };
+  for (const Case& c :
+       {Case{0, 15, 5, false, u"dgo dog teh dog"_s}, Case{0, 15, 9, true, u"teh"_s}, Case{8, 2, 9, true, u"te"_s},
+        Case{0, 15, {}, false, u"dgo dog teh dog"_s}, Case{8, 3, {}, true, u"teh"_s}, Case{9, 0, {}, true, u"teh"_s}}) {
+    pane_->select(c.start, c.length);
+    EXPECT_EQ(c.click ? rightClick(editor, *c.click) : byKey(), c.offers) << c.start << c.selected.toStdString();
+    EXPECT_EQ(pane_->SelText(), c.selected);
+  }
 }
 
 TEST_F(EditorSpellingTest, AWordThatCannotBeKeptIsRightForThisRunAndThatIsTold) {

@@ -74,6 +74,31 @@ TEST_F(EditorUndoTest, FormatsAreTakenBackFromTheBarAndTheKeys) {
   EXPECT_FALSE(pane_->isEdited());
 }
 
+TEST_F(EditorUndoTest, AFormatForWhatIsTypedNextIsNoChangeAndIsTakenBackBeforeTheWords) {
+  type(*editor_, u"x"_s);
+  trigger(*editor_, "mnuSave");
+  for (const Qt::Key key : {Qt::Key_B, Qt::Key_I, Qt::Key_U}) {
+    press(key);
+  }
+  pane_->setSelFontSize(20);
+  pane_->setSelFontName(u"Nowhere Serif"_s);
+  EXPECT_FALSE(editor_->isWindowModified());
+  press(Qt::Key_Z);
+  EXPECT_EQ(pane_->Text(), u"One two threex"_s);
+  EXPECT_FALSE(pane_->SelBold() || pane_->SelItalic() || pane_->SelUnderline() || pane_->SelFontSize() == 20);
+  press(Qt::Key_B);
+  QTest::keyClicks(pane_, u"y"_s);
+  EXPECT_TRUE(editor_->isWindowModified() && pane_->formatAt(14).bold);
+  press(Qt::Key_Z);
+  press(Qt::Key_Z);
+  EXPECT_EQ(pane_->Text(), u"One two three"_s);
+  EXPECT_FALSE(isEnabled("mnuUndo"));
+  press(Qt::Key_B);
+  EXPECT_TRUE(isEnabled("mnuUndo"));
+  pane_->setSelStart(0);
+  EXPECT_FALSE(isEnabled("mnuUndo")) << "who has left the place has left its format";
+}
+
 TEST_F(EditorUndoTest, AFieldThatIsWrittenInUndoesItsOwnWordsAndLeavesTheTextAlone) {
   type(*editor_, u"x"_s);
   const QString text = pane_->Text();

@@ -15,12 +15,13 @@
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTabWidget>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -45,12 +46,24 @@ TEST_F(EditorTest, ShowsTheSceneAndLocksIt) {
   EXPECT_EQ(panel(*editor, 5), u"Arrival"_s);
 }
 
-TEST_F(EditorTest, EachTabIsSpokenOfByItsCaption) {
-  const auto& tabs = control<QTabWidget>(*open(), "TabStrip1");
-  ASSERT_GT(tabs.count(), 0);
-  for (int i = 0; i < tabs.count(); ++i) {
-    EXPECT_EQ(tabs.widget(i)->accessibleName(), tabs.tabText(i).remove(u'&'));
+TEST_F(EditorTest, TheWindowTheListAndTheQuestionCallItAsTheTitleFieldDoes) {
+  frmEditor* const editor = open();
+  auto& title = control<QLineEdit>(*editor, "txtTitle");
+  title.selectAll();
+  for (const auto& [typed, called] : {std::pair{u"Dusk"_s, u"Dusk"_s}, {u"\b\b\b\b"_s, u"Untitled scene"_s}}) {
+    QTest::keyClicks(&title, typed);
+    EXPECT_EQ(editor->windowTitle(), called + u"[*]"_s);
+    EXPECT_EQ(control<QComboBox>(*editor, "cmbScene").currentText(), called + u" - 1"_s);
   }
+  toolkit.expectBox(kQuestion + u"\n\nUntitled scene"_s, Answer::No);
+  editor->close();
+}
+
+TEST_F(EditorTest, WordsThatTheChapterListLeavesOutAreToldApart) {
+  scene(2)->Unused = true;
+  const auto& words = control<QLabel>(*open(), "StatusBar1(2)");
+  EXPECT_EQ(words.text(), u"Chapter: 5 words"_s);
+  EXPECT_TRUE(words.toolTip().contains(u"3 in use, 2 in unused scenes"_s));
 }
 
 TEST_F(EditorTest, TypedTextReachesSceneAndFileOnCtrlS) {
@@ -127,13 +140,7 @@ TEST_F(EditorTest, OpeningTwiceBringsTheSameWindowForward) {
 
 TEST_F(EditorTest, WhatTheUserDoesToTheFieldsMarksTheWindowChanged) {
   using Act = std::function<void(frmEditor&)>;
-  const auto titleKey = [this](Qt::Key key) {
-    return [this, key](frmEditor& editor) { QTest::keyClick(&control<QLineEdit>(editor, "txtTitle"), key); };
-  };
   const std::tuple<const char*, Act, bool> cases[] = {
-      {"letter in the title", titleKey(Qt::Key_X), true},
-      {"arrow in the title", titleKey(Qt::Key_Right), true},
-      {"Tab out of the title", titleKey(Qt::Key_Tab), false},
       {"the way to a menu",
        [this](frmEditor& editor) {
          QTest::keyClick(&control<QLineEdit>(editor, "txtTitle"), Qt::Key_Alt);
@@ -146,8 +153,6 @@ TEST_F(EditorTest, WhatTheUserDoesToTheFieldsMarksTheWindowChanged) {
          control<QLineEdit>(editor, "txtTitle").insert(u"pasted"_s);
          control<QLineEdit>(editor, "txtTitle").cut();
        },
-       true},
-      {"description", [this](frmEditor& editor) { QTest::keyClicks(&control<MemoEdit>(editor, "txtDesc"), u"x"_s); },
        true},
       {"text", [this](frmEditor& editor) { type(editor, u"x"_s); }, true},
       {"caret in the text",

@@ -14,6 +14,7 @@
 #include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/shell/windows/frmDebug.h"
 #include "gui/shell/windows/frmEditProject.h"
+#include "gui/shell/windows/frmGlobalReplace.h"
 #include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/shell/windows/frmOverview.h"
 #include "gui/shell/windows/frmProblemWords.h"
@@ -88,6 +89,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmBackupViewer backups(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());
   const frmProblemWords problems(&window());
+  const frmGlobalReplace replacing(&window());
   const frmProjectWizard wizard(&window());
   const frmSceneList scenes(&window());
   const frmPickChapters chapters(&window());

@@ -16,6 +16,9 @@
 #include "support/WaitFor.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -103,6 +106,8 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
                                   {"write", &RandomWalkTest::write},
                                   {"change from outside", &RandomWalkTest::outside},
                                   {"add, edit or remove", &RandomWalkTest::addOrRemove},
+                                  {"find", &RandomWalkTest::find},
+                                  {"replace", &RandomWalkTest::replace},
                                   {"create many or renumber", &RandomWalkTest::createManyOrRenumber}};
     for (int step = 0; step < steps && !HasFailure(); ++step) {
       const auto& [what, take] = table.at(static_cast<size_t>(below(std::ssize(table))));
@@ -209,7 +214,7 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
 
   void checkDisplay(qint32 id) {
     const ShadowBook::Scene scene = book_.scenes.value(id);
-    const bool empty = id != 0 && scene.text.isEmpty();
+    const bool empty = id != 0 && scene.text.trimmed().isEmpty();
     EXPECT_EQ(control<QLineEdit>("txtSceneTitle").text(), scene.title);
     EXPECT_EQ(control<RichTextBox>("txtBody").toPlainText(), empty ? u"This scene has no content"_s : scene.text);
     EXPECT_EQ(memo("txtNotes"), scene.notes);
@@ -491,6 +496,90 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
       scene->Title = written.title = someWords();
       scene->Save();
     }
+  }
+
+  /// A word or a part of one, most often of some scene.
+  QString someTerm() {
+    const ShadowBook::Scene scene = book_.scenes.values().value(below(book_.scenes.size()));
+    const QStringList words = (oneIn(4) ? someWords() : scene.text).split(u' ', Qt::SkipEmptyParts);
+    const QString word = words.value(below(words.size()), u"none"_s);
+    return word.left(1 + below(word.size()));
+  }
+
+  struct Hit {
+    qint32 scene;
+    qsizetype place;
+  };
+  QList<Hit> hitsOf(const QString& term) const {
+    QList<Hit> hits;
+    for (const qint32 chapter : book_.order) {
+      for (const qint32 id : book_.chapters[chapter].scenes) {
+        const QString& text = book_.scenes[id].text;
+        for (qsizetype at = text.indexOf(term); at >= 0; at = text.indexOf(term, at + 1)) {
+          hits.append({id, at});
+        }
+      }
+    }
+    return hits;
+  }
+
+  /// From the first chapter on, a few matches further, and one back.
+  void find() {
+    const QString term = someTerm();
+    const QList<Hit> hits = hitsOf(term);
+    trigger("mnuFind");
+    auto& dialog = childOf<QDialog>(window(), u"frmFind"_s);
+    childOf<QComboBox>(dialog, u"cmbFind"_s).setEditText(term);
+    const auto expectAt = [&](qsizetype wanted, const std::function<void()>& act) {
+      if (wanted < 0 || wanted >= hits.size()) {
+        toolkit.expectBox(u"No match"_s);
+        act();
+        return;
+      }
+      act();
+      EXPECT_EQ(scenes().SelectedTags(), IDs{hits[wanted].scene});
+      EXPECT_EQ(control<RichTextBox>("txtBody").SelStart(), hits[wanted].place);
+      EXPECT_EQ(control<RichTextBox>("txtBody").SelText(), term);
+    };
+    qsizetype at = 0;
+    expectAt(at, [&] { childOf<QPushButton>(dialog, u"cmdFind"_s).click(); });
+    dialog.close();
+    for (int further = below(5); further > 0 && at < hits.size(); --further) {
+      expectAt(++at, [&] { trigger("cmdFindNext"); });
+    }
+    if (at < hits.size()) {
+      qsizetype before = at - 1;
+      while (before >= 0 && hits[before].scene == hits[at].scene && hits[before].place + term.size() > hits[at].place) {
+        --before;
+      }
+      expectAt(before, [&] { trigger("mnuFindPrev"); });
+    }
+  }
+
+  void replace() {
+    const QString term = someTerm();
+    const QString with = someWords();
+    const bool minded = oneIn(2);
+    if (book_.open != 0 || (minded && term == with)) {
+      EXPECT_EQ(isEnabled("mnuGlobalReplace"), book_.open == 0);
+      return;
+    }
+    qsizetype count = 0;
+    for (ShadowBook::Scene& scene : book_.scenes) {
+      const QStringList parts = scene.text.split(term);
+      count += parts.size() - 1;
+      scene.text = parts.join(with);
+      scene.title = minded ? scene.title.replace(term, with) : scene.title;
+    }
+    trigger("mnuGlobalReplace");
+    auto& form = childOf<QDialog>(window(), u"frmGlobalReplace"_s);
+    childOf<QLineEdit>(form, u"txtLookfor"_s).setText(term);
+    childOf<QLineEdit>(form, u"txtReplaceWith"_s).setText(with);
+    childOf<QCheckBox>(form, u"chkCaseSensitive"_s).setChecked(minded);
+    toolkit.expectBox(u"Replaced %1 occurrences"_s.arg(QLocale().toString(count)));
+    childOf<QPushButton>(form, u"cmdOK"_s).click();
+    form.close();
+    comeBack();
   }
 
   ShadowBook book_;

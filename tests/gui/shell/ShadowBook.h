@@ -128,8 +128,8 @@ struct ShadowBook {
       const QString status = QLatin1String(kStatusNames.at(static_cast<size_t>(scene.status)));
       rows +=
           line({joined({id}), scene.cast[0].isEmpty() ? QStringLiteral("N/A") : names[0].value(scene.cast[0].first()),
-                formatted(scene.words()), scene.title, status + mark(scene.unused, u" #808080"), QStringLiteral("A"),
-                scene.file, formatted(scene.text.size()),
+                formatted(scene.words()), scene.title.isEmpty() ? QStringLiteral("Untitled scene") : scene.title,
+                status + mark(scene.unused, u" #808080"), QStringLiteral("A"), scene.file, formatted(scene.text.size()),
                 states({mark(scene.unused, u"unused"), mark(id == open, u"open in an editor"),
                         mark(!scene.notes.isEmpty(), u"has a note")})});
     }

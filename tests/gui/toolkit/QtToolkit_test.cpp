@@ -36,6 +36,7 @@ struct BoxCase {
 
 constexpr BoxCase kBoxes[] = {{Buttons::Ok, Answer::Ok, Answer::Ok},
                               {Buttons::YesNo, Answer::Yes, Answer::No},
+                              {Buttons::YesNoOrBack, Answer::Yes, Answer::Cancel},
                               {Buttons::RetryCancel, Answer::Retry, Answer::Cancel}};
 
 TEST(MsgBox, EnterTakesTheFirstButtonAndEscapeOrClosingTheLast) {
@@ -47,7 +48,13 @@ TEST(MsgBox, EnterTakesTheFirstButtonAndEscapeOrClosingTheLast) {
     };
     EXPECT_EQ(answer([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); }), box.onEnter);
     EXPECT_EQ(answer([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }), box.onEscape);
-    EXPECT_EQ(answer([](QWidget& window) { window.close(); }), box.onEscape);
+    EXPECT_EQ(answer([](QWidget& window) {
+                for (const QAbstractButton* const button : asBox(window).buttons()) {
+                  EXPECT_TRUE(button->isVisible()) << "a writer looks for a way back";
+                }
+                window.close();
+              }),
+              box.onEscape);
   }
 }
 
@@ -172,6 +179,9 @@ TEST(ColourDialog, SpeaksBlueGreenRedNumbersAndTakesSystemColours) {
   const auto pick = [&](quint32 initial, bool accept) {
     const WhenModal act([&](QWidget& window) {
       EXPECT_EQ(window.windowTitle(), u"Set font colour"_s);
+      for (const QWidget* const part : window.findChildren<QWidget*>()) {
+        EXPECT_FALSE(part->property("text").toString().contains(u"color"_s, Qt::CaseInsensitive));
+      }
       accept ? dynamic_cast<QDialog&>(window).accept() : dynamic_cast<QDialog&>(window).reject();
     });
     return toolkit.PickColour(u"Set font colour"_s, initial);

@@ -92,6 +92,7 @@ TEST(RichTextBox, TellsOfEditsAndNotOfLoadsOrMarks) {
   EXPECT_EQ(spy.count(), 1);
   box->setSelText(u"b\r\nc"_s);
   EXPECT_EQ(spy.count(), 2);
+  box->select(0, 1);
   box->setSelBold(true);
   box->setSelIndent(100);
   EXPECT_EQ(spy.count(), 4);

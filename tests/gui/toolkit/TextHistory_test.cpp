@@ -64,6 +64,10 @@ struct Written {
     state = states.size() - 1;
   }
   void undo() {
+    if (box.hasCaretFormat()) {
+      history.undo();  // and nothing of the text with it
+      return;
+    }
     history.undo();
     state -= state > 0 ? 1 : 0;
   }
@@ -73,7 +77,7 @@ struct Written {
   }
   void expectState(const std::string& where) const {
     ASSERT_EQ(now(), states[state]) << where;
-    ASSERT_EQ(history.canUndo(), state > 0) << where;
+    ASSERT_EQ(history.canUndo(), state > 0 || box.hasCaretFormat()) << where;
     ASSERT_EQ(history.canRedo(), state + 1 < states.size()) << where;
   }
 };
@@ -195,6 +199,19 @@ TEST(TextHistoryTest, WordsThatWereAllDeletedComeBackAndAnEmptyTextIsNoStateBetw
   written.load({});
   type(written.box, u"xy"_s);
   EXPECT_EQ(goneBack(written, 2), (QStringList{u"x"_s, u"x"_s})) << "nothing was there before";
+}
+
+TEST(TextHistoryTest, WhatWasReplacedAllOverTheTextGoesAndComesUnderTheCaret) {
+  Written written{RichText::fromPlain(QString(u"A cat and a dog.\r\n"_s).repeated(30))};
+  RichTextBox& box = written.box;
+  const qsizetype there = 18 * 20 + 12;
+  box.setSelStart(there);
+  box.replaceAll(u"cat"_s, u"lioness"_s, Qt::CaseSensitive);
+  const qsizetype after = box.SelStart();
+  written.history.undo();
+  EXPECT_EQ(box.SelStart(), there);
+  written.history.redo();
+  EXPECT_EQ(box.SelStart(), after);
 }
 
 TEST(TextHistoryTest, MarksAreNoStepAndTextComesBackInTheOneColour) {

@@ -8,6 +8,7 @@
 #include "gui/shell/commands/PrintCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
 #include "gui/shell/commands/SceneCommands.h"
+#include "gui/shell/commands/SearchCommands.h"
 #include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
@@ -22,6 +23,7 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ChapterCommands>(main));
   main.addCommands(std::make_unique<SceneCommands>(main));
   main.addCommands(std::make_unique<FontCommand>(main));
+  main.addCommands(std::make_unique<SearchCommands>(main));
   main.addCommands(std::make_unique<ToolCommands>(main));
   main.addCommands(std::make_unique<BackupCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));

@@ -6,6 +6,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/main/ProjectSession.h"
@@ -22,7 +23,7 @@ QStringList titlesOfUnsavedTexts() {
   QStringList titles;
   for (const auto& scene : g_Project->Scenes) {
     if (scene->RTFChanged()) {
-      titles.append(scene->Title);
+      titles.append(calledScene(scene->Title));
     }
   }
   return firstOf(titles);

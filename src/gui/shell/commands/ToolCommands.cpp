@@ -15,7 +15,6 @@
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmLostAndFound.h"
-#include "gui/shell/windows/frmProblemWords.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/fSHAREDLogViewer.h"
 
@@ -48,7 +47,6 @@ void ToolCommands::bind(MenuBindings& menu) {
   menu.bind("mnuLanguage", [this](const MenuChoice& chosen) { mnuLanguage_Click(chosen.tag.toString()); });
   menu.bind("mnuAbout", [this] { mnuAbout_Click(); });
   menu.bind("mnuManual", [this] { mnuManual_Click(); });
-  menu.bind("mnuUDW", [this] { defineProblemWords(); });
 }
 
 void ToolCommands::mnuCreateDebug_Click() {
@@ -109,11 +107,4 @@ void ToolCommands::mnuManual_Click() {
   if (!HelpFile::open()) {
     main_.showMessage(u"The help "_s + HelpFile::address() + u" could not be opened."_s);
   }
-}
-
-// What took a while to think of is on the disk at once, not only when the program ends.
-void ToolCommands::defineProblemWords() {
-  const frmProblemWords* const form = frmProblemWords::showOver(main_);
-  QObject::connect(form, &QDialog::accepted, &main_,
-                   guarded("mnuUDW_Click", "frmMain", [] { Settings().SaveSettings(g_SettingsFile); }));
 }

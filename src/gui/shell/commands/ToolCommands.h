@@ -22,7 +22,6 @@ class ToolCommands : public CommandGroup {
   void mnuLanguage_Click(const QString& language);
   void mnuAbout_Click();
   void mnuManual_Click();
-  void defineProblemWords();
 
   frmMain& main_;
 };

@@ -16,6 +16,7 @@
 #include "core/model/clsProject.h"
 #include "core/spell/cSharedSpell.h"
 #include "gui/shell/commands/Commands.h"
+#include "gui/shell/commands/SearchCommands.h"
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/InterfaceFont.h"
@@ -177,6 +178,7 @@ void StartUp::readSettings() const {
   main_.settingsLoaded_ = true;
   g_DebugMode = truth(Settings().sGet(u"DebugMode"_s, false));
   main_.menus().setVisible(u"mnuManual"_s, HelpFile::isInstalled());
+  SearchCommands::fillProblemWords(main_.menus());
   // English is built in and so far the only language.
   main_.menus().checkElement(u"mnuLanguage"_s, u"English"_s);
   const QString font = Settings().sGet(u"FormFont"_s).toString().trimmed();

@@ -15,6 +15,7 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/StatusPanels.h"
 #include "gui/shell/main/frmMain.h"
+#include "gui/shell/windows/BackupCopies.h"
 #include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/views/ListView.h"
@@ -59,21 +60,15 @@ void rememberSeen(const QList<YoungerCopy>& found) {
   Settings().SaveSettings(g_SettingsFile);
 }
 
-QString titleOf(const YoungerCopy& copy) {
-  if (!copy.scene) {
-    return u"A new scene that was never saved"_s;
-  }
-  return copy.scene->Title.trimmed().isEmpty() ? u"(no title)"_s : copy.scene->Title;
-}
-
 QString offerOf(const QList<YoungerCopy>& found) {
   QStringList scenes;
   for (const YoungerCopy& copy : found) {
     const QString what = copy.isOfPlan ? u"copy of its title, description, goals and notes, "_s : u"copy of "_s;
-    scenes.append(titleOf(copy) + u" ("_s + what + Dates().ShortFormatDateTime(copy.copy.Date) + u')');
+    scenes.append(titleInCopies(copy.scene.get()) + u" ("_s + what + Dates().ShortFormatDateTime(copy.copy.Date) +
+                  u')');
   }
-  return u"The newest backup copy of these scenes is younger than what was saved of them and holds other words:\n"_s +
-         firstOf(scenes).join(u'\n') + u"\n\nDo you want to look at the copies?"_s;
+  return u"Backup copies hold words that were never saved to the book:\n"_s + firstOf(scenes).join(u'\n') +
+         u"\n\nDo you want to look at them?"_s;
 }
 
 }  // namespace

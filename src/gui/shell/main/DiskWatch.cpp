@@ -2,6 +2,7 @@
 
 #include "core/infra/ScanPause.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/DiskConflicts.h"
@@ -27,7 +28,7 @@ constexpr qint32 kScenesAtATime = 64;
 QString whatChanged(const DiskConflicts& found) {
   const auto scenes = found.scenes();
   const QString what = found.hasProjectFile() ? u"this book's file"_s
-                       : scenes.size() == 1   ? u"the text of '"_s + scenes.first()->Title + u'\''
+                       : scenes.size() == 1   ? u"the text of '"_s + calledScene(scenes.first()->Title) + u'\''
                                               : u"the texts of %1 scenes"_s.arg(scenes.size());
   return u"Another program has changed "_s + what + u'.';
 }

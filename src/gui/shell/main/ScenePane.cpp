@@ -1,6 +1,7 @@
 #include "gui/shell/main/ScenePane.h"
 
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -66,8 +67,9 @@ ListRow sceneRow(qint32 id) {
   const auto scene = g_Project->SceneByID(id);
   const QLocale locale;
   return {
-      {scene->ViewPointChar()->Title(), locale.toString(scene->Wordcount()), scene->Title, SceneCells::status(*scene),
-       SceneCells::actionOrReaction(*scene), scene->RTFFilename(), locale.toString(scene->Lettercount())},
+      {scene->ViewPointChar()->Title(), locale.toString(scene->Wordcount()), calledScene(scene->Title),
+       SceneCells::status(*scene), SceneCells::actionOrReaction(*scene), scene->RTFFilename(),
+       locale.toString(scene->Lettercount())},
       sceneIcon(*scene),
       scene->Unused ? QList<std::pair<int, quint32>>{{kStatus, RowColours::kGrey}} : QList<std::pair<int, quint32>>(),
       sceneStates(*scene),

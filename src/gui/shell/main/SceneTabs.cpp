@@ -1,6 +1,7 @@
 #include "gui/shell/main/SceneTabs.h"
 
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/main/SceneBody.h"
@@ -218,6 +219,18 @@ void SceneTabs::display(clsScene& scene) {
   }
 }
 
+RichTextBox& SceneTabs::showContent() {
+  buildHiddenTabs();
+  setCurrentIndex(kContent);
+  stale_[kContent] = true;
+  fillTab(kContent);
+  return *txtBody;
+}
+
+RichTextBox* SceneTabs::content() const {
+  return txtBody;
+}
+
 // One tab a turn: keys and clicks come in between.
 void SceneTabs::fillNext() {
   const auto next = std::find(stale_.begin(), stale_.end(), true);
@@ -250,6 +263,7 @@ void SceneTabs::fillTab(int tab) {
         txtSceneTitle->setText(scene.Title);
         txtSceneTitle->setCursorPosition(0);
       }
+      txtSceneTitle->setPlaceholderText(calledScene({}));
       txtDesc->setPlaceholderText(u"No description yet"_s);
       showText(*txtDesc, scene.DescText);
       break;
@@ -297,6 +311,7 @@ void SceneTabs::clearDisplay() {
   filling_.stop();
   stale_.fill(false);
   txtSceneTitle->clear();
+  txtSceneTitle->setPlaceholderText({});
   txtDesc->clear();
   txtDesc->setPlaceholderText({});
   showTabIcon(kNotes, "note", false);

@@ -12,6 +12,7 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QVBoxLayout;
+class RichTextBox;
 class SceneBody;
 class clsScene;
 
@@ -34,6 +35,10 @@ class SceneTabs : public QTabWidget {
   void buildHiddenTabs();
   /// Fills what isn't filled yet.
   void completeDisplay();
+  /// Brings up the tab of the text, which shows what the scene holds now.
+  RichTextBox& showContent();
+  /// Where the text is shown; null before that tab is built.
+  RichTextBox* content() const;
 
   /// What a scene or the book has of one kind.
   struct CastLists {

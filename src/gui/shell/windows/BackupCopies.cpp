@@ -2,8 +2,10 @@
 
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/SceneCopy.h"
 
 #include <algorithm>
 #include <tuple>
@@ -26,10 +28,31 @@ void sortByScene(std::vector<BackupCopy>& copies) {
   });
 }
 
+/// Members of an archive are the scenes' own files.
+QString kindOf(const BackupCopy& copy) {
+  const auto isCalled = [&](const QString& part) {
+    return copy.archive.isEmpty() && copy.name.contains(part, Qt::CaseInsensitive);
+  };
+  return isCalled(u"_Original"_s) ? u"Original: "_s : isCalled(SceneCopy::kPlan) ? u"Plan: "_s : QString();
+}
+
 }  // namespace
+
+QString BackupCopy::title() const {
+  const auto scene = sceneID == 0 ? nullptr : g_Project->SceneByID(sceneID);
+  const bool isKnown = (scene && scene->InScenes()) || SceneCopy::isOfUnsaved(name);
+  return kindOf(*this) + (isKnown ? titleInCopies(scene.get()) : u"(not in the book now)"_s);
+}
 
 RestoredFile BackupCopy::read() const {
   return archive.isEmpty() ? readBackupCopy(path) : restoreFromBackup(archive, name);
+}
+
+QString titleInCopies(const clsScene* scene) {
+  if (scene == nullptr) {
+    return u"A new scene that was never saved"_s;
+  }
+  return calledScene(scene->Title);
 }
 
 BackupCopies BackupCopies::inFolder(const QString& folder) {

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class clsScene;
+
 /// A copy of a scene's text: a file in the folders of backups, or one in an archive.
 struct BackupCopy {
   /// The file's name; in an archive with its folders.
@@ -19,9 +21,14 @@ struct BackupCopy {
   /// The scene that it is of; 0 when the book has none such any more.
   qint32 sceneID = 0;
 
+  /// What its list shows of it: the scene, and what it is if not a copy of the text as it was typed.
+  QString title() const;
   /// The text's bytes, or why they can't be had.
   RestoredFile read() const;
 };
+
+/// What the scene of a copy is called where copies are told of; null for one that was never saved.
+QString titleInCopies(const clsScene* scene);
 
 struct BackupCopies {
   /// Those of one scene together, the older ones first.

@@ -1,6 +1,7 @@
 #include "gui/shell/windows/SceneRemoval.h"
 
 #include "core/infra/Toolkit.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsScene.h"
 #include "core/persist/LostAndFound.h"
 
@@ -10,7 +11,7 @@ bool mayLeaveBook(const clsScene& scene) {
   if (LostAndFound::mayBeRemoved(scene)) {
     return true;
   }
-  const QString title = scene.Title.trimmed().isEmpty() ? u"(no title)"_s : scene.Title;
+  const QString title = calledScene(scene.Title);
   toolkit().MsgBox(u"The text of \""_s + title +
                    u"\" isn't in a file yet and would be lost. Please save the project first."_s);
   return false;

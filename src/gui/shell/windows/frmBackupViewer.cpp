@@ -48,10 +48,6 @@ constexpr int kHeightInLines = 34;
 
 enum Column { kScene, kSaved, kFile };
 
-QString titleOf(const clsScene& scene) {
-  return scene.Title.trimmed().isEmpty() ? u"(no title)"_s : scene.Title;
-}
-
 std::shared_ptr<clsScene> sceneOf(const BackupCopy& copy) {
   const auto scene = copy.sceneID == 0 ? nullptr : g_Project->SceneByID(copy.sceneID);
   return scene && scene->InScenes() ? scene : nullptr;
@@ -235,10 +231,8 @@ void frmBackupViewer::showFolder() {
 }
 
 ListRow frmBackupViewer::rowOf(const BackupCopy& copy) const {
-  const auto scene = sceneOf(copy);
-  return {{scene ? titleOf(*scene) : u"(not in the book now)"_s, Dates().ShortFormatDateTime(copy.date),
-           copy.name.section(u'/', -1)},
-          scene ? "scene" : "file"};
+  return {{copy.title(), Dates().ShortFormatDateTime(copy.date), copy.name.section(u'/', -1)},
+          sceneOf(copy) ? "scene" : "file"};
 }
 
 const BackupCopy* frmBackupViewer::chosen() const {

@@ -115,16 +115,24 @@ TEST_F(OpenEditorsTest, WhatIsNotToBeSavedGoesNoSoonerThanItsBook) {
   EXPECT_EQ(filesOf(first_), before);
 }
 
-TEST_F(OpenEditorsTest, TheTextOfAClosedBookNeverReachesAnother) {
+TEST_F(OpenEditorsTest, AWindowWhoseBookWasClosedIsThereToBeReadAlone) {
   frmEditor& stray = editorWith({});
   EXPECT_TRUE(window().session().CloseProject());
   EXPECT_TRUE(stray.isVisible()) << "it holds nothing unsaved, and stays";
   EXPECT_EQ(panelOf(stray, 1), u"No longer in the open book"_s);
+  type(stray, u" astray"_s);
+  EXPECT_FALSE(holds(stray, u" astray"_s)) << "no copy would be made of it";
+  stray.close();
+  EXPECT_FALSE(stray.isVisible());
+}
+
+TEST_F(OpenEditorsTest, TheTextOfABookThatHasGoneNeverReachesAnother) {
+  frmEditor& stray = editorWith(u" astray"_s);
+  newProject();
   window().LoadProject(second_, false);
   const QMap<QString, QByteArray> others = filesOf(second_);
   const QByteArray text = sceneAt(1)->TextRTF();
   sceneAt(1)->Edit();
-  type(stray, u" astray"_s);
   for (const char* save : {"mnuSave", "mnuSaveAndExit"}) {
     toolkit.expectBox(kCopyIt);
     childOf<QAction>(stray, QLatin1String(save)).trigger();
@@ -144,9 +152,8 @@ TEST_F(OpenEditorsTest, TheTextOfAClosedBookNeverReachesAnother) {
 }
 
 TEST_F(OpenEditorsTest, TheProgramDoesNotEndOverWordsThatNoBookTakes) {
-  frmEditor& stray = editorWith({});
-  EXPECT_TRUE(window().session().CloseProject());
-  type(stray, u" astray"_s);
+  frmEditor& stray = editorWith(u" astray"_s);
+  newProject();
   stray.hide();
   toolkit.expectBox(kCloseFirst);
   window().close();

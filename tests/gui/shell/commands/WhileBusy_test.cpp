@@ -50,13 +50,37 @@ class WhileBusyTest : public ShellTest {
 TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
   const QString path = smallProject();
   startWith(path);
-  for (const char* command :
-       {"mnuLoadProj",      "mnuRecent(1)",      "mnuSaveProj",        "mnuCloseProject",      "mnuNewProj",
-        "mnuProjectGen",    "mnuWordUsageCount", "mnuLostAndFound",    "mnuBackupProject",     "mnuVerifyBackup",
-        "mnuAutobackups",   "mnuSettings",       "mnuFileNew",         "mnuEditChapter",       "mnuMarkChaptersUnused",
-        "mnuRemoveChapter", "mnuAddScene",       "mnuStatus(0)",       "mnuRemoveScene",       "mnuCreateChapters",
-        "mnuRenumber",      "mnuAddMultiScenes", "mnuSetAllSceneFont", "mnuWordsPerCharacter", "mnuScenesPerCharacter",
-        "mnuCreateDebug",   "mnuListView"}) {
+  for (const char* command : {"mnuLoadProj",
+                              "mnuRecent(1)",
+                              "mnuSaveProj",
+                              "mnuCloseProject",
+                              "mnuNewProj",
+                              "mnuProjectGen",
+                              "mnuWordUsageCount",
+                              "mnuLostAndFound",
+                              "mnuBackupProject",
+                              "mnuVerifyBackup",
+                              "mnuAutobackups",
+                              "mnuSettings",
+                              "mnuFileNew",
+                              "mnuEditChapter",
+                              "mnuMarkChaptersUnused",
+                              "mnuRemoveChapter",
+                              "mnuAddScene",
+                              "mnuStatus(0)",
+                              "mnuRemoveScene",
+                              "mnuCreateChapters",
+                              "mnuRenumber",
+                              "mnuAddMultiScenes",
+                              "mnuSetAllSceneFont",
+                              "mnuWordsPerCharacter",
+                              "mnuScenesPerCharacter",
+                              "mnuCreateDebug",
+                              "mnuListView",
+                              "mnuFind",
+                              "cmdFindNext",
+                              "mnuGlobalReplace",
+                              "mnuUDW(0)"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;

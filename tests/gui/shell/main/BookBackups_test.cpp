@@ -83,7 +83,8 @@ TEST_F(BookBackupsTest, AFailureIsToldUntilABackupWorks) {
 TEST_F(BookBackupsTest, AYoungerCopyWithOtherWordsIsOfferedOnce) {
   const QString copy = writeCopy(u"RTF_00001_Scene_1.rtf"_s, simpleRtf("typed and never saved"), 5);
   writeCopy(u"RTF_00002_Scene_2.rtf"_s, simpleRtf("four five"), 5);
-  toolkit.expectBox(u"holds other words:\nArrival 1 (copy of "_s, Answer::No);
+  writeCopy(u"RTF_00001_Scene_1_Plan.rtf"_s, simpleRtf("planned and never saved"), 5);
+  toolkit.expectBox(u"Backup copies hold words that were never saved to the book:\nArrival 1"_s, Answer::No);
   startWith(project_);
   ASSERT_TRUE(soon([this] { return !toolkit.boxes.isEmpty(); }));
   EXPECT_FALSE(toolkit.boxes.last().contains(u"Arrival 2"_s));
@@ -98,7 +99,8 @@ TEST_F(BookBackupsTest, AYoungerCopyWithOtherWordsIsOfferedOnce) {
   endProgram();
 
   writeCopy(u"RTF_00001_Scene_1.rtf"_s, simpleRtf("typed later still"), 6);
-  toolkit.expectBox(u"Do you want to look at the copies?"_s, Answer::Yes);
+  writeCopy(u"RTF_00002_Scene_2.rtf"_s, simpleRtf("typed in another"), 6);
+  toolkit.expectBox(u"Backup copies hold words that were never saved to the book:\n"_s, Answer::Yes);
   start();
   ASSERT_TRUE(soon([this] { return viewer() != nullptr && viewer()->isVisible(); }));
   EXPECT_EQ(control<RichTextBox>("RichTextBox1").Text(), u"typed later still"_s);
@@ -114,7 +116,7 @@ TEST_F(BookBackupsTest, NoBoxComesInTheWayOfAnEditor) {
   sceneAt(2)->Edit();
   ASSERT_TRUE(archiveComes());
   EXPECT_EQ(toolkit.boxes.size(), 0);
-  toolkit.expectBox(u"Arrival 1 (copy of "_s, Answer::No);
+  toolkit.expectBox(u"Backup copies hold words that were never saved to the book:\nArrival 1 (copy of "_s, Answer::No);
   g_Project->CloseEditorWindows();
   EXPECT_TRUE(soon([this] { return toolkit.boxes.size() == 1; }));
 }

@@ -87,6 +87,22 @@ TEST_F(BackupViewer, ShowsDaysCopiesAndTextsByKeysAlone) {
   EXPECT_FALSE(window().ProjectChanged);
 }
 
+TEST_F(BackupViewer, ARowTellsWhatACopyIsOf) {
+  sceneAt(1)->Title.clear();
+  writeCopy(u"RTF_00001_Original.rtf"_s, simpleRtf("as it was"), -60, kDay);
+  writeCopy(u"RTF_00001_Scene_1_Plan.rtf"_s, simpleRtf("Goal"), -60, kDay);
+  writeCopy(u"_Scene_3.rtf"_s, simpleRtf("new"), -60, kDay);
+  openViewer();
+  chooseDay(u"2026-11-20"_s);
+  QStringList titles;
+  for (int row = 0; row < copies().rowCount(); ++row) {
+    titles.append(cell("ListView1", row, 0));
+  }
+  EXPECT_EQ(titles, (QStringList{u"Original: Untitled scene"_s, u"Untitled scene"_s, u"Plan: Untitled scene"_s,
+                                 u"Untitled scene"_s, u"Departure 1"_s, u"A new scene that was never saved"_s,
+                                 u"(not in the book now)"_s}));
+}
+
 TEST_F(BackupViewer, ACopyBecomesANewSceneBehindItsOwn) {
   const QByteArray was = sceneAt(1)->TextRTF();
   openViewer();

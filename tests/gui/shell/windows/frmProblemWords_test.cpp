@@ -7,6 +7,7 @@
 #include "support/Required.h"
 #include "support/WaitFor.h"
 
+#include <QAction>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
@@ -70,6 +71,9 @@ TEST_F(ProblemWordsTest, WordsAreAddedChangedAndTakenOffAndKeptOnDiskAtOnce) {
   EXPECT_EQ(shown(), kept);
   press(form, "cmdOK");
   EXPECT_EQ(ProblemWords::load(), kept);
+  EXPECT_EQ(control<QAction>("mnuUDW(1)").data().toString() + control<QAction>("mnuUDW(3)").data().toString(),
+            u"Just then "_s)
+      << "and looked for by the menu";
   EXPECT_TRUE(settingsText().contains(u"BADWORD1,Just"_s));
   EXPECT_FALSE(settingsText().contains(u"BADWORD0"_s));
 }

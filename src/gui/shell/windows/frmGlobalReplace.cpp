@@ -1,0 +1,235 @@
+#include "gui/shell/windows/frmGlobalReplace.h"
+
+#include "core/infra/BusyPointer.h"
+#include "core/infra/Clock.h"
+#include "core/infra/FirstOf.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/persist/BackupsProject.h"
+#include "core/persist/BackupsView.h"
+#include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kModule = "frmGlobalReplace";
+constexpr int kLetters = 64;
+
+/// "1 scene was changed".
+QString scenesChanged(qint32 count) {
+  return count == 0   ? u"No scene was changed"_s
+         : count == 1 ? u"1 scene was changed"_s
+                      : QLocale().toString(count) + u" scenes were changed"_s;
+}
+
+QString replaced(qint64 occurrences) {
+  return u"Replaced "_s + QLocale().toString(occurrences) + u" occurrences"_s;
+}
+
+QString notSaved(const GlobalReplace::Outcome& outcome) {
+  return u"Global search/replace stopped. The scene \""_s + outcome.unsaved + u"\" could not be saved"_s +
+         (outcome.cause.isEmpty() ? QString() : u": "_s + outcome.cause) + u"\n\nIt is as it was before. "_s +
+         scenesChanged(outcome.scenes) + u" before."_s;
+}
+
+/// The day has one archive of the whole book: an earlier one holds what an earlier replacement has changed, so it gives
+/// up its name. Where it stands then; empty when there is none.
+QString setAsideEarlierBackup(const QString& earlier) {
+  if (Files().PathOnly(earlier) != g_Project->TodaysBackupFolder()) {
+    return {};
+  }
+  const QString aside = Files().FileWithoutExt(earlier) + Clock::now().toString(u"'_'HHmmss'.zip'"_s);
+  return Files().MoveFile(earlier, aside) ? aside : QString();
+}
+
+BackupOutcome makeBackup() {
+  const QString earlier = newestCompleteBackup(*g_Project);
+  const QString aside = setAsideEarlierBackup(earlier);
+  BackupOutcome outcome = backUpProject(*g_Project, true, false);
+  if (!aside.isEmpty() && !Files().FileExists(earlier)) {
+    Files().MoveFile(aside, earlier);
+  }
+  return outcome;
+}
+
+}  // namespace
+
+frmGlobalReplace::frmGlobalReplace(QWidget* parent) : QDialog(parent) {
+  setObjectName(u"frmGlobalReplace"_s);
+  setWindowTitle(u"Global Search and Replace"_s);
+  createControls();
+  buildLayout();
+  connectSignals();
+}
+
+frmGlobalReplace* frmGlobalReplace::showOver(QWidget& window) {
+  auto* form = new frmGlobalReplace(&window);
+  connect(form, &QDialog::finished, form, &QObject::deleteLater);
+  form->setWindowModality(Qt::ApplicationModal);
+  form->show();
+  return form;
+}
+
+void frmGlobalReplace::createControls() {
+  txtLookfor = makeLineEdit(u"txtLookfor"_s, u"Find"_s, this);
+  txtReplaceWith = makeLineEdit(u"txtReplaceWith"_s, u"Replace With"_s, this);
+  chkCaseSensitive = new QCheckBox(u"&Case Sensitive"_s, this);
+  giveName(*chkCaseSensitive, u"chkCaseSensitive"_s);
+  chkCaseSensitive->setToolTip(u"Titles and descriptions of scenes are changed too, in exactly these letters."_s);
+  chkWholeWordOnly = new QCheckBox(u"&Whole words only"_s, this);
+  giveName(*chkWholeWordOnly, u"chkWholeWordOnly"_s);
+  chkWholeWordOnly->setToolTip(u"This option has no effect: parts of words are replaced too."_s);
+  cmdOK = makeButton(u"cmdOK"_s, u"Replace &All"_s, this);
+  cmdOK->setDefault(true);
+  cmdExit = makeButton(u"cmdExit"_s, u"E&xit"_s, this);
+}
+
+QGridLayout* frmGlobalReplace::buildFields() {
+  auto* fields = new QGridLayout;
+  fields->addWidget(makeLabelOf(u"&Find:"_s, *txtLookfor), 0, 0);
+  fields->addWidget(txtLookfor, 0, 1);
+  fields->addWidget(makeLabelOf(u"&Replace With:"_s, *txtReplaceWith), 1, 0);
+  fields->addWidget(txtReplaceWith, 1, 1);
+  auto* options = new QHBoxLayout;
+  options->addWidget(chkCaseSensitive);
+  options->addWidget(chkWholeWordOnly);
+  options->addStretch();
+  fields->addLayout(options, 2, 1);
+  fields->setColumnStretch(1, 1);
+  return fields;
+}
+
+QHBoxLayout* frmGlobalReplace::buildNote() {
+  auto* sign = makeLabel(u"lblSign"_s, {}, this);
+  const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+  sign->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(size));
+  auto* note = new QHBoxLayout;
+  note->addWidget(sign);
+  note->addWidget(makeWrappedLabel(u"lblNote"_s, u"EXAMPLE: Replacing Cal with Bal will also turn Calf into Balf"_s,
+                                   kLetters, this),
+                  1);
+  return note;
+}
+
+void frmGlobalReplace::buildLayout() {
+  lblResult = makeWrappedLabel(u"lblResult"_s,
+                               u"The texts of all scenes are searched. A complete backup of the book is made before."_s,
+                               kLetters, this);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(cmdOK);
+  buttons->addWidget(cmdExit);
+  auto* column = new QVBoxLayout(this);
+  column->addLayout(buildFields());
+  column->addLayout(buildNote());
+  column->addWidget(lblResult, 1);
+  column->addLayout(buttons);
+}
+
+void frmGlobalReplace::connectSignals() {
+  connect(chkCaseSensitive, &QCheckBox::clicked, this,
+          guarded("chkCaseSensitive_Click", kModule, this, &frmGlobalReplace::chkCaseSensitive_Click));
+  connect(cmdOK, &QPushButton::clicked, this, guarded("cmdOK_Click", kModule, this, &frmGlobalReplace::cmdOK_Click));
+  connect(cmdExit, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmGlobalReplace::chkCaseSensitive_Click() {
+  caseSensitive_ = chkCaseSensitive->isChecked();
+}
+
+void frmGlobalReplace::cmdOK_Click() {
+  chkCaseSensitive_Click();
+  if (!mayReplace()) {
+    txtLookfor->setFocus();
+    return;
+  }
+  const GlobalReplace replacement(txtLookfor->text(), txtReplaceWith->text(), caseSensitive_);
+  archive_.clear();
+  const bool wouldChange = [&] {
+    const BusyPointer pointer;
+    return replacement.wouldChange();
+  }();
+  if (wouldChange && !backUp()) {
+    lblResult->setText(scenesChanged(0) + u'.');
+    return;
+  }
+  const GlobalReplace::Outcome outcome = replacement.run();
+  // A disk that has no room has none for the project file either.
+  if (outcome.scenes > 0 && outcome.end != GlobalReplace::End::NotSaved) {
+    Q_EMIT bookChanged();
+  }
+  tell(outcome);
+  txtLookfor->setFocus();
+  txtLookfor->selectAll();
+}
+
+/// There is something to look for, and something else to put in its place.
+bool frmGlobalReplace::mayReplace() {
+  if (txtLookfor->text().isEmpty()) {
+    toolkit().MsgBox(u"Please type the text that is to be replaced."_s);
+    return false;
+  }
+  if (caseSensitive_ && txtLookfor->text() == txtReplaceWith->text()) {
+    toolkit().MsgBox(u"Both texts are the same: there is nothing to replace."_s);
+    return false;
+  }
+  return true;
+}
+
+/// False when there is none and the user doesn't go on without.
+bool frmGlobalReplace::backUp() {
+  SaveBook();
+  const BackupOutcome outcome = makeBackup();
+  QStringList causes = firstOf(outcome.causes);
+  if (g_Project->HoldsUnsaved()) {
+    causes.append(u"What could not be saved is not in it."_s);
+  }
+  if (causes.isEmpty()) {
+    archive_ = outcome.archive;
+    return true;
+  }
+  return toolkit().MsgBox(
+             u"There is no complete backup of the book as it is now, so the former texts could not be brought back.\n\n"_s +
+                 causes.join(u'\n') + u"\n\nReplace all the same?"_s,
+             Buttons::NoUnlessYes) == Answer::Yes;
+}
+
+void frmGlobalReplace::tell(const GlobalReplace::Outcome& outcome) {
+  QString result = scenesChanged(outcome.scenes) + u'.';
+  if (outcome.titles > 0) {
+    result += u" Titles or descriptions have changed in "_s + QLocale().toString(outcome.titles) + u" of them."_s;
+  }
+  if (!archive_.isEmpty()) {
+    result += u"\nThe book as it was before is in "_s + archive_;
+  }
+  lblResult->setText(result);
+  switch (outcome.end) {
+    case GlobalReplace::End::Done:
+      toolkit().MsgBox(replaced(outcome.occurrences));
+      break;
+    case GlobalReplace::End::Locked:
+      toolkit().MsgBox(u"Global search/replace cancelled. One or more scenes are open in edit windows.\n\n"_s +
+                       scenesChanged(outcome.scenes) + u" before."_s);
+      break;
+    case GlobalReplace::End::Stopped:
+      toolkit().MsgBox(u"Global search/replace stopped. "_s + replaced(outcome.occurrences) + u".\n\n"_s +
+                       scenesChanged(outcome.scenes) + u" before."_s);
+      break;
+    case GlobalReplace::End::NotSaved:
+      toolkit().MsgBox(notSaved(outcome));
+  }
+}
