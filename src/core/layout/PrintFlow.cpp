@@ -19,6 +19,8 @@ constexpr double kHeaderTop = 200;
 constexpr double kPageLeft = 500;
 /// A text doesn't begin in the last lines of a page.
 constexpr int kWidowLines = 4;
+/// Nor does a heading that the text would then leave behind.
+constexpr int kHeadingLines = kWidowLines + 1;
 const PrintFont kHeaderFont{u"Arial"_s, 8, false};
 constexpr double kFooterPoints = 7;
 
@@ -66,13 +68,12 @@ void PrintFlow::PrintText(const QString& text, bool firstPage) {
   if (text.isEmpty()) {
     return;
   }
-  if (y_ > qMax(kTextTop, bottom() - kWidowLines * lineHeight())) {
-    turnPage();
-  }
+  turnWithin(kWidowLines);
   flow(text, textColumn());
 }
 
 void PrintFlow::PrintBold(const QString& text) {
+  turnWithin(kHeadingLines);
   font.bold = true;
   PrintText(text);
   font.bold = false;
@@ -87,9 +88,7 @@ void PrintFlow::PrintPage(const QString& text, const QString& title) {
 
 void PrintFlow::PrintRuns(const QList<PrintRun>& runs, double x) {
   const Column column = textColumn();
-  if (y_ > bottom()) {
-    turnPage();
-  }
+  turnWithin(kHeadingLines);
   const double right = column.left + column.width;
   double at = x;
   for (const PrintRun& run : runs) {
@@ -165,6 +164,13 @@ PrintedPage& PrintFlow::page() {
     }
   }
   return pages_.back();
+}
+
+/// Goes to the next page where no more than so many lines are left on this one.
+void PrintFlow::turnWithin(int lines) {
+  if (y_ > qMax(kTextTop, bottom() - lines * lineHeight())) {
+    turnPage();
+  }
 }
 
 const LineBreaker& PrintFlow::breaker() {

@@ -35,11 +35,11 @@ class PrintFlow {
   /// Flows text between the margins, each page with its number below. On a first page that number is printed at once,
   /// where nothing else has begun the page. A text does not begin within the last four lines of a page.
   void PrintText(const QString& text, bool firstPage = false);
-  /// The same in bold.
+  /// The same in bold: a heading, which stays with the first lines of what follows.
   void PrintBold(const QString& text);
   /// Flows text over pages of its own, each with a header and a footer.
   void PrintPage(const QString& text, const QString& title);
-  /// Runs one behind the other from x on, broken between words like text, and a line end.
+  /// A heading of runs one behind the other from x on, broken between words like text, and a line end.
   void PrintRuns(const QList<PrintRun>& runs, double x = kTextLeft);
   /// A title in the middle, in as many lines as it needs.
   void PrintCentred(const QString& text);
@@ -81,6 +81,7 @@ class PrintFlow {
   void flowParagraph(const QString& paragraph, const Column& column, bool isLast);
   void flushLine(QStringView line, const Column& column);
   void turnPage();
+  void turnWithin(int lines);
   void place(double x, QStringView text);
   void placeAt(double x, double y, const QString& text, const PrintFont& textFont);
   void printNumber();

@@ -81,9 +81,11 @@ QString noFile() {
 void makeChooser(QPrintDialog& dialog) {
   dialog.setWindowTitle(u"Choose Your Printer"_s);
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintCollateCopies);
+  // The dialog shows these by itself whenever the PDF file is chosen.
   for (const QString& name : {u"filename"_s, u"fileBrowser"_s, u"lOutput"_s}) {
     if (auto* const part = dialog.findChild<QWidget*>(name)) {
-      part->hide();
+      part->setMaximumSize(0, 0);
+      part->setFocusPolicy(Qt::NoFocus);
     }
   }
   if (auto* const box = dialog.findChild<QDialogButtonBox*>()) {

@@ -37,6 +37,7 @@ constexpr qint16 kLargestSize = 72;
 constexpr int kSampleLines = 5;
 constexpr int kSampleLetters = 56;
 constexpr int kSizeLetters = 6;
+constexpr int kFontLetters = 34;
 
 QLabel* makeSample(QWidget* parent) {
   QLabel* const sample = makeLabel(u"picPreview"_s, u"This is a preview of the selected font & size"_s, parent);
@@ -83,6 +84,7 @@ void frmPrinterSetup::createControls() {
   cmbFonts = new QComboBox(this);
   giveName(*cmbFonts, u"cmbFonts"_s, u"Font"_s);
   cmbFonts->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  cmbFonts->setMinimumContentsLength(kFontLetters);
   cmbFonts->view()->setAccessibleName(u"Font"_s);
   txtFontSize = makeLineEdit(u"txtFontSize"_s, u"Size in points"_s, this);
   txtFontSize->setMaximumWidth(txtFontSize->fontMetrics().averageCharWidth() * kSizeLetters * 2);
@@ -105,7 +107,8 @@ void frmPrinterSetup::createControls() {
 void frmPrinterSetup::buildLayout() {
   auto* const printer = new QHBoxLayout;
   printer->addWidget(makeLabelOf(u"P&rinter:"_s, *lblReportPrinterName));
-  printer->addWidget(lblReportPrinterName, 1);
+  printer->addWidget(lblReportPrinterName);
+  printer->addStretch(1);
   printer->addWidget(cmdSetup);
   auto* const spacing = new QGroupBox(u"Line spacing"_s);
   auto* const options = new QHBoxLayout(spacing);

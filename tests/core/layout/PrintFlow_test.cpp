@@ -88,6 +88,12 @@ TEST_F(PrintFlowTest, BeginsNoTextInTheLastLinesOfAPage) {
     flow.PrintText(u"next"_s);
     EXPECT_EQ(flow.takePages().size(), y > 14438 ? 2 : 1);
   }
+  PrintFlow heading(measure_, state());
+  heading.PrintText(u"first"_s);
+  heading.moveTo(14438);
+  heading.PrintBold(u"Heading"_s);
+  heading.PrintText(u"its text"_s);
+  EXPECT_EQ(textsOf(heading.takePages().at(1)).mid(1), (QStringList{u"*Heading*"_s, u"its text"_s}));
 }
 
 TEST_F(PrintFlowTest, LeavesNoPageEmpty) {
