@@ -2,7 +2,16 @@
 
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
 #include "core/model/clsScene.h"
+
+namespace {
+
+/// For locations and items.
+constexpr auto kStandsBefore = [](const auto& a, const auto& b) { return a->SortOrder < b->SortOrder; };
+
+}  // namespace
 
 void clsScenes::setSceneByIndex(qint32 index, const Pointer& scene) {
   const Pointer before = SceneByIndex(index);
@@ -56,4 +65,12 @@ qint32 clsChapters::ChapterIndex(qint32 id) const {
     }
   }
   return -1;
+}
+
+void clsLocations::sortByPlace() {
+  sort(kStandsBefore);
+}
+
+void clsItems::sortByPlace() {
+  sort(kStandsBefore);
 }

@@ -133,6 +133,8 @@ class clsLocations : public EntityCollection<LocationTraits> {
   void AddLocation(const Pointer& location) { add(location); }
   void RemoveLocationByID(qint32 id) { removeID(id); }
   void RemoveLocationByIndex(qint32 index) { removeIndex(index); }
+  /// The order of their places in the list, ties as they stood.
+  void sortByPlace();
 };
 
 class clsItems : public EntityCollection<ItemTraits> {
@@ -142,6 +144,8 @@ class clsItems : public EntityCollection<ItemTraits> {
   void AddItem(const Pointer& item) { add(item); }
   void RemoveItemByID(qint32 id) { removeID(id); }
   void RemoveItemByIndex(qint32 index) { removeIndex(index); }
+  /// The order of their places in the list, ties as they stood.
+  void sortByPlace();
 };
 
 class clsNotes : public EntityCollection<NoteTraits> {

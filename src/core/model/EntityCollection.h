@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -61,6 +62,11 @@ class EntityCollection {
   /// False, and logged, for an unknown ID.
   bool removeID(qint32 id);
   void removeIndex(qint32 index);
+  /// Entities that come out the same stay as they stood.
+  template <class Before>
+  void sort(Before before) {
+    std::stable_sort(entities_.begin(), entities_.end(), before);
+  }
 
  private:
   static qint32 idOf(const Pointer& entity);

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 // What the sheets take and give back: the fields of an entity that a writer edits.
 
@@ -52,16 +53,29 @@ struct SheetSubject {
   std::function<bool()> isThere;
 };
 
+/// The same for a sheet of these values, with what takes them into the book while the sheet is still up.
+template <class Details>
+struct SubjectOf : SheetSubject {
+  using Keep = std::function<void(const Details&)>;
+
+  SubjectOf(SheetSubject subject, Keep keepTyped = {}) : SheetSubject(std::move(subject)), keep(std::move(keepTyped)) {}
+
+  Keep keep;
+};
+
 /// The modal windows that the model opens. The shell registers them; without one a question counts as cancelled.
 struct EntityDialogs {
   /// What was edited, or nothing when cancelled.
-  std::function<std::optional<ChapterDetails>(const SheetSubject&, const ChapterDetails&)> chapter;
+  std::function<std::optional<ChapterDetails>(const SubjectOf<ChapterDetails>&, const ChapterDetails&)> chapter;
   /// The same, on a tab counted from 0.
-  std::function<std::optional<CharacterDetails>(const SheetSubject&, const CharacterDetails&, qint32 tab)> character;
-  std::function<std::optional<ThingDetails>(const SheetSubject&, const ThingDetails&)> thing;
+  std::function<std::optional<CharacterDetails>(const SubjectOf<CharacterDetails>&, const CharacterDetails&,
+                                                qint32 tab)>
+      character;
+  std::function<std::optional<ThingDetails>(const SubjectOf<ThingDetails>&, const ThingDetails&)> thing;
   /// The dialog of this kind and ID is open already: it comes back to its normal state and to the front.
   std::function<void(EntityKind kind, qint32 id)> bringForward;
-  /// The list window in one of its modes.
+  /// The list window in one of its modes, to manage what is listed; `arg` is the ID that is selected at first, 0 for
+  /// the first one.
   std::function<void(int mode, qint32 arg)> list;
 };
 

@@ -30,6 +30,31 @@ bool isInBook(const Entity& entity) {
   return std::any_of(all.begin(), all.end(), [&](const auto& other) { return other.get() == &entity; });
 }
 
+inline void addToBook(const std::shared_ptr<clsChapter>& chapter) {
+  g_Project->AddChapter(chapter);
+}
+inline void addToBook(const std::shared_ptr<clsCharacter>& character) {
+  g_Project->AddChar(character);
+}
+inline void addToBook(const std::shared_ptr<clsLocation>& location) {
+  g_Project->AddLocation(location);
+}
+inline void addToBook(const std::shared_ptr<clsItem>& item) {
+  g_Project->AddItem(item);
+}
+
+/// The subject of a sheet whose values `take` puts into the entity. One that is new joins the book when they are to be
+/// kept while the sheet is still up.
+template <class Details, class Entity, class Take>
+SubjectOf<Details> keeping(const SheetSubject& subject, Entity& entity, Take take) {
+  return {subject, [&entity, take](const Details& typed) {
+            take(entity, typed);
+            if (!isInBook(entity)) {
+              addToBook(entity.shared_from_this());
+            }
+          }};
+}
+
 /// Opens the sheet on an entity, which lives on as long as the sheet does. `ask` shows it and takes over what was
 /// edited; true when the user confirmed. One that is open already comes forward; one that fails is logged and counts
 /// as cancelled.

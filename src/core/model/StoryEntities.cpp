@@ -61,13 +61,20 @@ void take(clsCharacter& character, const CharacterDetails& details) {
   character.major = details.major;
 }
 
-bool askForThing(StoryThing& thing, const SheetSubject& subject) {
+void takeThing(StoryThing& thing, const ThingDetails& details) {
+  thing.Title = details.Title;
+  thing.DescText = details.DescText;
+  thing.Tags = details.Tags;
+}
+
+template <class Thing>
+bool askForThing(Thing& thing, const SheetSubject& subject) {
   const auto& ask = entityDialogs().thing;
-  const auto details = ask ? ask(subject, {thing.Title, thing.DescText, thing.Tags}) : std::nullopt;
+  const auto details =
+      ask ? ask(keeping<ThingDetails>(subject, thing, &takeThing), {thing.Title, thing.DescText, thing.Tags})
+          : std::nullopt;
   if (details) {
-    thing.Title = details->Title;
-    thing.DescText = details->DescText;
-    thing.Tags = details->Tags;
+    takeThing(thing, *details);
   }
   return details.has_value();
 }
@@ -92,7 +99,8 @@ void clsCharacter::setTitle(const QString& title) {
 bool clsCharacter::Edit(qint32 arg) {
   return runLocked(*this, EntityKind::Character, g_CharChanges, "clsCharacter", [&](const SheetSubject& subject) {
     const auto& ask = entityDialogs().character;
-    const auto details = ask ? ask(subject, detailsOf(*this), arg) : std::nullopt;
+    const auto details =
+        ask ? ask(keeping<CharacterDetails>(subject, *this, &take), detailsOf(*this), arg) : std::nullopt;
     if (details) {
       take(*this, *details);
     }

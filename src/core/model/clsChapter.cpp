@@ -14,6 +14,11 @@ namespace {
 
 constexpr auto kModule = "clsChapter";
 
+void take(clsChapter& chapter, const ChapterDetails& details) {
+  chapter.Title = details.Title;
+  chapter.DescText = details.DescText;
+}
+
 }  // namespace
 
 qint32 clsChapter::ID() {
@@ -98,10 +103,11 @@ QStringList clsChapter::sceneDescs() const {
 bool clsChapter::runDialog(const char* routine) {
   return runSheet(*this, EntityKind::Chapter, routine, kModule, [&](const SheetSubject& subject) {
     const auto& ask = entityDialogs().chapter;
-    const auto details = ask ? ask(subject, {Title, DescText, Wordcount(false), sceneDescs()}) : std::nullopt;
+    const auto details =
+        ask ? ask(keeping<ChapterDetails>(subject, *this, &take), {Title, DescText, Wordcount(false), sceneDescs()})
+            : std::nullopt;
     if (details) {
-      Title = details->Title;
-      DescText = details->DescText;
+      take(*this, *details);
     }
     return details.has_value();
   });

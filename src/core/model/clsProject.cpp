@@ -10,6 +10,7 @@
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
+#include "core/model/SheetRun.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
@@ -40,7 +41,10 @@ bool enterNew(clsProject& project, void (clsProject::*add)(const std::shared_ptr
   if (!ask(*entity)) {
     return false;
   }
-  (project.*add)(entity);
+  // It is there already when the system was about to end the program meanwhile.
+  if (!isInBook(*entity)) {
+    (project.*add)(entity);
+  }
   project.SaveQN4(false);
   return true;
 }

@@ -16,6 +16,8 @@ class Sheet : public QDialog {
   bool isOn(EntityKind kind, qint32 id) const { return subject_.kind == kind && subject_.id == id; }
   /// To its normal state and to the front.
   void bringForward();
+  /// What is typed goes into the book as it is, without a question, and the sheet stays. False when nothing is.
+  virtual bool keepTyped() = 0;
 
   void accept() override;
   void reject() override;
@@ -30,8 +32,10 @@ class Sheet : public QDialog {
   /// The field that has the keyboard at the beginning. Without a text in it `complaint` is told instead of an OK.
   void setNameField(QLineEdit& field, const QString& complaint);
 
- private:
   virtual bool isChanged() const = 0;
+  bool isInBook() const { return subject_.isThere(); }
+
+ private:
   bool mayAccept();
   void complain(const QString& text);
 
@@ -56,8 +60,21 @@ class SheetOf : public Sheet {
     return details;
   }
 
+  bool keepTyped() override {
+    if (!keep_ || !isChanged() || !isInBook()) {
+      return false;
+    }
+    Details typed = FormToData();
+    if (typed.Title.trimmed().isEmpty()) {
+      typed.Title = given_.Title.isEmpty() ? QStringLiteral("Unnamed") : given_.Title;
+    }
+    keep_(typed);
+    return true;
+  }
+
  protected:
-  using Sheet::Sheet;
+  SheetOf(const char* name, const QString& caption, const SubjectOf<Details>& subject, QWidget* parent)
+      : Sheet(name, caption, subject, parent), keep_(subject.keep) {}
 
  private:
   virtual void DataToForm(const Details& details) = 0;
@@ -65,4 +82,5 @@ class SheetOf : public Sheet {
   bool isChanged() const final { return FormToData() != given_; }
 
   Details given_;
+  typename SubjectOf<Details>::Keep keep_;
 };

@@ -25,7 +25,7 @@ QString summaryOf(const QStringList& descriptions) {
 
 }  // namespace
 
-frmEditChapter::frmEditChapter(const SheetSubject& subject, QWidget* parent)
+frmEditChapter::frmEditChapter(const SubjectOf<ChapterDetails>& subject, QWidget* parent)
     : SheetOf("frmEditChapter", u"Chapter Details"_s, subject, parent) {
   QTabWidget* strip = makeStrip(u"Chapter Details"_s, this);
   buildDetails(*addFrame(*strip, u"&Details"_s));

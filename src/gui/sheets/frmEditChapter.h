@@ -10,7 +10,7 @@ class frmEditChapter : public SheetOf<ChapterDetails> {
   Q_OBJECT
 
  public:
-  explicit frmEditChapter(const SheetSubject& subject, QWidget* parent = nullptr);
+  explicit frmEditChapter(const SubjectOf<ChapterDetails>& subject, QWidget* parent = nullptr);
 
  private:
   void DataToForm(const ChapterDetails& details) override;

@@ -45,7 +45,7 @@ QString fullPath(const QString& path) {
 
 }  // namespace
 
-frmEditCharacter::frmEditCharacter(const SheetSubject& subject, QWidget* parent)
+frmEditCharacter::frmEditCharacter(const SubjectOf<CharacterDetails>& subject, QWidget* parent)
     : SheetOf(kModule, u"Character Sheet"_s, subject, parent), strip_(makeStrip(u"Character Sheet"_s, this)) {
   buildDetails(*addFrame(*strip_, u"&Details"_s));
   txtBio = addPageMemo(*addFrame(*strip_, u"&Biography"_s), u"txtBio"_s, u"Biography:"_s);

@@ -18,7 +18,7 @@ class frmEditCharacter : public SheetOf<CharacterDetails> {
   Q_OBJECT
 
  public:
-  explicit frmEditCharacter(const SheetSubject& subject, QWidget* parent = nullptr);
+  explicit frmEditCharacter(const SubjectOf<CharacterDetails>& subject, QWidget* parent = nullptr);
 
   /// On a tab counted from 0; the first one where there is no such tab.
   void Edit(const CharacterDetails& details, qint32 tab);

@@ -21,7 +21,7 @@ Form formOf(EntityKind kind) {
 
 }  // namespace
 
-frmEditThing::frmEditThing(const SheetSubject& subject, QWidget* parent)
+frmEditThing::frmEditThing(const SubjectOf<ThingDetails>& subject, QWidget* parent)
     : SheetOf(formOf(subject.kind).name, formOf(subject.kind).caption, subject, parent) {
   auto* page = new QWidget(this);
   QFormLayout& form = *makeFieldForm(*page);

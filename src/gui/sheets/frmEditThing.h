@@ -9,7 +9,7 @@ class frmEditThing : public SheetOf<ThingDetails> {
   Q_OBJECT
 
  public:
-  explicit frmEditThing(const SheetSubject& subject, QWidget* parent = nullptr);
+  explicit frmEditThing(const SubjectOf<ThingDetails>& subject, QWidget* parent = nullptr);
 
  private:
   void DataToForm(const ThingDetails& details) override;

@@ -17,11 +17,18 @@ bool SelectAllOnFocus::eventFilter(QObject* watched, QEvent* event) {
     // The press that brings the keyboard sets the caret behind this.
     clicked_ = reason == Qt::MouseFocusReason;
     if (!clicked_ && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-      TextTools().HighlightText(field_);
+      selectAll();
     }
   }
   if (event->type() == QEvent::MouseButtonRelease && std::exchange(clicked_, false) && !field_.hasSelectedText()) {
-    TextTools().HighlightText(field_);
+    selectAll();
   }
   return QObject::eventFilter(watched, event);
+}
+
+// Of a text that is longer than the field its beginning is seen.
+void SelectAllOnFocus::selectAll() {
+  TextTools().HighlightText(field_);
+  const int length = static_cast<int>(field_.text().size());
+  field_.setSelection(length, -length);
 }

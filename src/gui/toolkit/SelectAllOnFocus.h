@@ -17,6 +17,8 @@ class SelectAllOnFocus : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void selectAll();
+
   QLineEdit& field_;
   bool clicked_ = false;
 };

@@ -16,11 +16,15 @@ namespace {
 
 constexpr auto kSceneProperty = "sceneID";
 
+/// By SortOrder, ties in the project's order.
 template <class Collection>
-QList<qint32> tagsOf(const Collection& collection) {
+QList<qint32> orderedTags(const Collection& collection) {
+  std::vector<typename Collection::Pointer> ordered(collection.begin(), collection.end());
+  std::stable_sort(ordered.begin(), ordered.end(),
+                   [](const auto& a, const auto& b) { return a->SortOrder < b->SortOrder; });
   QList<qint32> tags;
   tags.reserve(collection.Count());
-  for (const auto& entity : collection) {
+  for (const auto& entity : ordered) {
     tags.append(entity->ID());
   }
   return tags;
@@ -117,11 +121,11 @@ void FillItemsInScene(ListView& list, qint32 SceneID) {
 }
 
 void FillAllLocations(ListView& list) {
-  show(list, tagsOf(g_Project->Locations), "location", locationByID());
+  show(list, orderedTags(g_Project->Locations), "location", locationByID());
 }
 
 void FillAllItems(ListView& list) {
-  show(list, tagsOf(g_Project->Items), "item", itemByID());
+  show(list, orderedTags(g_Project->Items), "item", itemByID());
 }
 
 void clear(ListView& list) {

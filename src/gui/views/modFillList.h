@@ -21,6 +21,7 @@ void FillAllCharList(ListView& list, bool ShowFullName, bool OnlyMajor);
 void FillCharInScene(ListView& list, qint32 SceneID, bool ShowFullName, bool OnlyMajor);
 void FillLocationsInScene(ListView& list, qint32 SceneID);
 void FillItemsInScene(ListView& list, qint32 SceneID);
+/// By SortOrder, ties in the project's order.
 void FillAllLocations(ListView& list);
 void FillAllItems(ListView& list);
 

@@ -332,15 +332,15 @@ TEST_F(EditorTabsTest, TheKeyboardFollowsTheEye) {
   auto& text = control<RichTextBox>(*editor, "txtMain");
   control<QWidget>(*editor, "cmbChapter").setFocus();
   QStringList way;
-  while (way.size() < 18) {
+  while (way.size() < 19) {
     QWidget* const here = editor->focusWidget();
     way.append(here->objectName());
     QTest::keyClick(here, Qt::Key_Tab, here == &text ? Qt::ControlModifier : Qt::NoModifier);
   }
   EXPECT_EQ(way.join(u' '),
             u"cmbChapter cmbScene cmdSaveAndPrev cmdSaveAndNext cmbFont cmbFontSize cmdBold cmdItalic "
-            "cmdUnderline cmdHide txtMain qt_tabwidget_tabbar txtTitle txtDesc cmbViewpoint cmdEditChar "
-            "cmdSave cmdSaveAndExit"_s);
+            "cmdUnderline cmdHide txtMain qt_tabwidget_tabbar txtTitle txtDesc cmbViewpoint cmdAddChar "
+            "cmdEditChar cmdSave cmdSaveAndExit"_s);
 }
 
 TEST_F(EditorTabsTest, NoTwoControlsThatAreSeenTogetherHaveTheSameKey) {

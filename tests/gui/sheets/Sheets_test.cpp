@@ -162,6 +162,34 @@ TEST_F(SheetTest, AnEndOfTheProgramEndsTheSheetWithoutAQuestion) {
   EXPECT_EQ(g_Project->CharByID(1)->Title(), u"Anna"_s);
 }
 
+TEST_F(SheetTest, WhatIsTypedWhenTheSystemEndsTheProgramIsKept) {
+  for (const Kind& kind : kinds()) {
+    SCOPED_TRACE(kind.form);
+    EXPECT_FALSE(during(kind.open, [&](QDialog& sheet) {
+      EXPECT_FALSE(keepTypedOnSheets());
+      QTest::keyClicks(sheet.focusWidget(), u"Typed"_s);
+      EXPECT_TRUE(keepTypedOnSheets());
+      EXPECT_EQ(kind.name(), u"Typed"_s);
+      QTest::keyClick(sheet.focusWidget(), Qt::Key_Backspace);
+      childOf<QLineEdit>(sheet, kind.nameField).clear();
+      EXPECT_TRUE(keepTypedOnSheets());
+    }));
+    EXPECT_FALSE(kind.name().isEmpty());
+  }
+  g_Project->FileWithPath = folder.path(u"Small.qn4"_s);
+  EXPECT_TRUE(during([] { return g_Project->EnterNewItem(); },
+                     [](QDialog& sheet) {
+                       type(memo(sheet, "txtDesc"), u"Found on the beach"_s);
+                       EXPECT_TRUE(keepTypedOnSheets());
+                       EXPECT_EQ(g_Project->ItemByIndex(2)->Title, u"Unnamed"_s);
+                       type(line(sheet, "txtTitle"), u"A shell"_s);
+                       QTest::keyClick(&sheet, Qt::Key_Return);
+                     }));
+  EXPECT_EQ(g_Project->ItemCount(), 2);
+  EXPECT_EQ(g_Project->ItemByIndex(2)->Title + u' ' + g_Project->ItemByIndex(2)->DescText,
+            u"A shell Found on the beach"_s);
+}
+
 TEST_F(SheetTest, AWindowThatGoesTakesItsSheetAlong) {
   QWidget owner;
   owner.show();

@@ -9,6 +9,7 @@
 #include "gui/sheets/frmEditChapter.h"
 #include "gui/sheets/frmEditCharacter.h"
 #include "gui/sheets/frmEditThing.h"
+#include "gui/sheets/frmList.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmBackupViewer.h"
@@ -99,6 +100,8 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmEditChapter chapter(subject);
   const frmEditCharacter character(subject);
   const frmEditThing thing(subject);
+  frmList cast;
+  cast.SetupFor(kListCharacters, true);
   EXPECT_EQ(nameless(), QStringList());
 }
 

@@ -12,6 +12,7 @@
 #include "gui/shell/ShadowBook.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/ModalHelper.h"
+#include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
@@ -103,6 +104,9 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
                                   {"move rows", &RandomWalkTest::moveRows},
                                   {"mark", &RandomWalkTest::mark},
                                   {"mark", &RandomWalkTest::mark},
+                                  {"add to a scene", &RandomWalkTest::addCast},
+                                  {"take out of a scene", &RandomWalkTest::takeCastOut},
+                                  {"manage the cast", &RandomWalkTest::manageCast},
                                   {"write", &RandomWalkTest::write},
                                   {"change from outside", &RandomWalkTest::outside},
                                   {"add, edit or remove", &RandomWalkTest::addOrRemove},
@@ -294,6 +298,97 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     }
   }
 
+  /// Chooses in the list window, from the menu.
+  void addCast() {
+    constexpr std::array kEntries{"mnuAddCharToScene", "mnuAddLocToCurrentScene", "mnuAddItemToCurrentScene"};
+    const auto kind = static_cast<size_t>(below(3));
+    const IDs scene = select(scenes(), 1);
+    const bool sure = !oneIn(4);
+    IDs chosen;
+    if (scene.isEmpty()) {
+      toolkit.expectBox(u"Select a scene first"_s);
+      trigger(kEntries.at(kind));
+      return;
+    }
+    const WhenModal whenUp([&](QWidget& form) {
+      chosen = select(childOf<ListView>(form, u"ListItems"_s), 1 + below(3));
+      childOf<QPushButton>(form, sure ? u"cmdOK"_s : u"cmdCancel"_s).click();
+    });
+    trigger(kEntries.at(kind));
+    if (sure) {
+      book_.changeCast(scene.first(), kind, chosen, true);
+    }
+  }
+
+  /// Removes what is selected in the scene, or makes another character its viewpoint.
+  void takeCastOut() {
+    constexpr std::array kEntries{"mnuRemoveCharFromScene", "mnuRemoveLocation", "mnuRemoveItem"};
+    const auto kind = static_cast<size_t>(below(3));
+    const qint32 scene = select(scenes(), 1).value(0);
+    control<QTabWidget>("TabStrip1").setCurrentIndex(static_cast<int>(kind) + 2);
+    const IDs selected = select(list(kCast.at(kind)), 1 + below(2));
+    if (selected.isEmpty()) {
+      return;
+    }
+    if (kind == 0 && oneIn(2)) {
+      const qint32 narrator = list(kCast[0]).SelectedTag();
+      IDs& cast = book_.scenes[scene].cast[0];
+      cast.move(cast.indexOf(narrator), 0);
+      trigger("mnuSetVP");
+    } else if (kind == 0 && scene == book_.open) {
+      toolkit.expectBox(u"Cannot change scene, it's being edited."_s);
+      trigger(kEntries[0]);
+    } else {
+      trigger(kEntries.at(kind));
+      book_.changeCast(scene, kind, selected, false);
+    }
+  }
+
+  /// Deletes, moves or enters one in the window of its kind.
+  void manageCast() {
+    constexpr std::array kEntries{"mnuEditChar", "mnuAddLocation", "mnuAddItem"};
+    const auto kind = static_cast<size_t>(below(3));
+    const WhenModal whenUp([&](QWidget& form) {
+      auto& rows = childOf<ListView>(form, u"ListItems"_s);
+      if (rows.rowCount() < 3 || oneIn(4)) {
+        enterNew(form, kind);
+      } else if (const qint32 id = select(rows, 1).value(0); oneIn(2)) {
+        remove(form, kind, id);
+      } else if (const int other = rows.SelectedRow() + 1; kind > 0 && other < rows.rowCount()) {
+        press(rows, Qt::Key_Down, Qt::AltModifier);
+        EXPECT_EQ(rows.tagAt(other), id);
+      }
+      childOf<QPushButton>(form, u"cmdCancel"_s).click();
+    });
+    trigger(kEntries.at(kind));
+  }
+
+  void enterNew(const QWidget& form, size_t kind) {
+    const qint32 id = book_.names.at(kind).isEmpty() ? 1 : book_.names.at(kind).lastKey() + 1;
+    const QString name = u"New "_s + someWords();
+    const WhenModal whenUp([&](QWidget& sheet) {
+      childOf<QLineEdit>(sheet, kind == 0 ? u"txtShortName"_s : u"txtTitle"_s).setText(name);
+      childOf<QPushButton>(sheet, u"cmdOK"_s).click();
+    });
+    childOf<QPushButton>(form, u"cmdAdd"_s).click();
+    book_.names.at(kind).insert(id, name);
+  }
+
+  void remove(const QWidget& form, size_t kind, qint32 id) {
+    const bool narrates = kind == 0 && book_.narratesSomewhere(id);
+    const bool sure = !oneIn(3);
+    if (narrates) {
+      toolkit.expectBox(u"You can't delete viewpoint characters."_s);
+    } else {
+      toolkit.expectBox(u"Are you sure you want to delete "_s + book_.names.at(kind).value(id),
+                        sure ? Answer::Yes : Answer::No);
+    }
+    childOf<QPushButton>(form, u"cmdDel"_s).click();
+    if (!narrates && sure) {
+      book_.removeCast(kind, id);
+    }
+  }
+
   void moveRows() {
     const int step = oneIn(2) ? -1 : 1;
     const bool ofChapters = oneIn(3);
@@ -476,7 +571,7 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     const auto scene = g_Project->SceneByID(id);
     const int what = below(6);
     if (what == 0 || id == book_.open || shown == 0) {
-      const qint32 renamed = 1 + below(3);
+      const qint32 renamed = elementOf(book_.names[0].keys(), below(book_.names[0].size()));
       book_.names[0][renamed] = u"Name "_s + someWords();
       g_Project->CharByID(renamed)->setTitle(book_.names[0][renamed]);
     } else if (what == 1 || id == 0 || (what == 2 && book_.scenes.size() < 12)) {

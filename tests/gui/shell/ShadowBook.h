@@ -201,6 +201,16 @@ struct ShadowBook {
       }
     }
   }
+  bool narratesSomewhere(qint32 character) const {
+    return std::any_of(scenes.begin(), scenes.end(),
+                       [character](const Scene& scene) { return scene.cast[0].value(0) == character; });
+  }
+  void removeCast(size_t kind, qint32 id) {
+    names.at(kind).remove(id);
+    for (Scene& scene : scenes) {
+      scene.cast.at(kind).removeOne(id);
+    }
+  }
 
  private:
   static void reorder(IDs& list, IDs moved, qint32 target, bool backwards) {

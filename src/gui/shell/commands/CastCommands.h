@@ -6,10 +6,12 @@
 #include <QObject>
 
 class ListView;
+class clsProject;
 class clsScene;
 class frmMain;
 
-/// What is done with the characters, locations and items beside the scene list: by their pop-ups, and by opening one.
+/// What is done with the characters, locations and items: in their own window, to the selected scene, and in the lists
+/// beside the scenes.
 class CastCommands : public QObject, public CommandGroup {
   Q_OBJECT
 
@@ -21,11 +23,13 @@ class CastCommands : public QObject, public CommandGroup {
  private:
   void joinLists();
   ListView& listOf(CastKind kind, bool inScene) const;
+  void manage(void (*open)(clsProject&));
+  void manageAndSave(void (*open)(clsProject&));
+  void addToSelectedScene(CastKind kind, int listType);
+  void removeSelected(CastKind kind);
+  void showCast();
   void editSelected(CastKind kind, const ListView& list);
-  void mnuRemoveCharFromScene_Click();
   void mnuSetVP_Click();
-  void mnuAddCharToAll_Click();
-  void mnuRemoveCharFromAll_Click();
   void eachSelectedScene(void (*change)(clsScene&, CastKind, const QList<qint32>&));
   void showChanged(const QList<qint32>& sceneIDs);
 

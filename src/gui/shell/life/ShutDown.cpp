@@ -8,6 +8,7 @@
 #include "core/model/clsProject.h"
 #include "core/persist/RescueFolder.h"
 #include "core/spell/cSharedSpell.h"
+#include "gui/sheets/EntitySheets.h"
 #include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
@@ -117,6 +118,11 @@ void frmMain::SaveAtOnce() {
     guard([&] { editor->SaveQuietly(); });
   }
   guard([&] { panes_->storeTypedNote(); });
+  guard([&] {
+    if (keepTypedOnSheets()) {
+      ProjectChanged = true;
+    }
+  });
   if (session_.isOnlyLookedAt()) {
     return;
   }

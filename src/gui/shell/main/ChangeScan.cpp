@@ -19,6 +19,9 @@ ChangeScan::ChangeScan(frmMain& main)
     : main_(main), poller_("TimerScanScenes_Timer", "frmMain", ChangeArea::MainWindow, &main) {
   poller_.follow(g_SceneChanges, [this](qint32 id) { sceneChanged(id); });
   poller_.follow(g_CharChanges, [this](qint32 id) { characterChanged(id); });
+  for (clsHashTable* const table : {&g_LocationChanges, &g_ItemChanges}) {
+    poller_.follow(*table, [this](qint32) { selectedChanged_ = true; });
+  }
   poller_.setAfterPoll([this](bool anyChange) {
     if (anyChange) {
       showFindings();

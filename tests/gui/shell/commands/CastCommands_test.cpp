@@ -5,9 +5,12 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/sheets/frmList.h"
 #include "gui/shell/MainWindow.h"
+#include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
 
@@ -49,6 +52,23 @@ class CastCommandsTest : public ShellTest {
       click(view, view.rowOfTag(id), Qt::ControlModifier);
     }
     ASSERT_EQ(view.SelectedTags().size(), ids.size());
+  }
+  /// Chooses an entry and acts on the list window that it brings up, which is confirmed or cancelled then.
+  void inList(const char* entry, bool confirm, const std::function<void(frmList&)>& act) {
+    const WhenModal whenUp([&](QWidget& window) {
+      auto& form = dynamic_cast<frmList&>(window);
+      act(form);
+      childOf<QPushButton>(form, confirm ? u"cmdOK"_s : u"cmdCancel"_s).click();
+    });
+    trigger(entry);
+  }
+  static void choose(frmList& form, const IDs& ids) {
+    auto& rows = childOf<ListView>(form, u"ListItems"_s);
+    rows.clearSelection();
+    for (const qint32 id : ids) {
+      const QModelIndex row = rows.rows().index(rows.rowOfTag(id), 0);
+      rows.selectionModel()->select(row, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
   }
   QString viewpointShown(int row) { return cell("ListScenes", row, 0); }
 };
@@ -155,4 +175,100 @@ TEST_F(CastCommandsTest, ARowIsOpenedByADoubleClickAndByEnter) {
     EXPECT_EQ(all.text(all.rowOfTag(known.id), 0), before + u'!');
   }
   EXPECT_EQ(viewpointShown(0), u"Zoë!"_s);
+}
+
+TEST_F(CastCommandsTest, TheWindowOfEachKindOpensAndWhatIsDoneThereIsShown) {
+  struct Case {
+    const char* entry;
+    const char* all;
+    int tab;
+    int type;
+    qint32 id;
+    QString name;
+  };
+  for (const Case& known : {Case{"mnuEditChar", "ListChar(1)", 2, kListCharacters, 1, u"Anna"_s},
+                            Case{"mnuAddLocation", "ListLoc(1)", 3, kListLocations, 1, u"The pier"_s},
+                            Case{"mnuAddItem", "ListItems(1)", 4, kListItems, 1, u"A lamp"_s}}) {
+    SCOPED_TRACE(known.entry);
+    window().ProjectChanged = false;
+    control<QTabWidget>("TabStrip1").setCurrentIndex(known.tab);
+    inList(known.entry, false, [&](frmList& form) {
+      EXPECT_EQ(form.ListType, known.type);
+      EXPECT_TRUE(childOf<QWidget>(form, u"FrameChooser"_s).isVisible());
+      toolkit.expectBox(u"Are you sure you want to delete "_s + known.name, Answer::Yes);
+      form.selectID(known.id);
+      childOf<QPushButton>(form, u"cmdDel"_s).click();
+    });
+    EXPECT_EQ(list(known.all).rowOfTag(known.id), -1);
+    EXPECT_TRUE(window().ProjectChanged);
+  }
+  EXPECT_EQ(charsOf(1), IDs{2});
+  EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs{2});
+}
+
+TEST_F(CastCommandsTest, WhoOnlyLooksHasNothingToSave) {
+  const auto nothing = [](const frmList&) {};
+  for (const char* const entry : {"mnuEditChar", "mnuAddLocation", "mnuAddItem"}) {
+    inList(entry, true, nothing);
+    EXPECT_TRUE(window().ProjectChanged);
+    EXPECT_FALSE(window().isWindowModified()) << entry;
+  }
+  inList("mnuEditChar", true, [](frmList& form) {
+    form.selectID(3);
+    QTest::keyClick(&childOf<ListView>(form, u"ListItems"_s), Qt::Key_Up, Qt::AltModifier);
+  });
+  EXPECT_TRUE(window().isWindowModified());
+  inList("mnuEditChar", true, nothing);
+  EXPECT_TRUE(window().isWindowModified()) << "it isn't saved yet";
+}
+
+TEST_F(CastCommandsTest, ChosenCharactersComeIntoTheSceneAndTheFirstNarratesOneWithoutAViewpoint) {
+  select("ListScenes", {2});
+  inList("mnuAddCharToScene", true, [](frmList& form) {
+    EXPECT_FALSE(childOf<QWidget>(form, u"FrameChooser"_s).isVisible());
+    choose(form, {1, 3});
+  });
+  EXPECT_EQ(charsOf(2), IDs({1, 3}));
+  EXPECT_EQ(viewpointShown(1), u"Anna"_s);
+  EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs({1, 3}));
+  EXPECT_TRUE(window().ProjectChanged);
+  inList("mnuAddChar", true, [](frmList& form) { choose(form, {1, 2, 3}); });
+  EXPECT_EQ(charsOf(2), IDs({1, 3, 2}));
+  inList("mnuAddLocToCurrentScene", true, [](frmList& form) { choose(form, {1, 2}); });
+  inList("mnuAddItemToCurrentScene", true, [](frmList& form) { choose(form, {1}); });
+  EXPECT_EQ(g_Project->SceneByID(2)->LocationCount(), 2);
+  EXPECT_EQ(g_Project->SceneByID(2)->ItemCount(), 1);
+  EXPECT_EQ(logText().count(u"Error"_s), 0);
+}
+
+TEST_F(CastCommandsTest, WhoChoosesNobodyAddsNobodyButKeepsWhatWasChangedMeanwhile) {
+  inList("mnuAddCharToScene", false, [](frmList& form) { choose(form, {3}); });
+  EXPECT_EQ(charsOf(1), IDs({2, 1}));
+  EXPECT_FALSE(window().ProjectChanged);
+  inList("mnuAddCharToScene", false, [this](frmList& form) {
+    toolkit.expectBox(u"Are you sure you want to delete Anna"_s, Answer::Yes);
+    choose(form, {1});
+    childOf<QPushButton>(form, u"cmdDel"_s).click();
+  });
+  EXPECT_EQ(charsOf(1), IDs{2});
+  EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs{2});
+  EXPECT_TRUE(window().ProjectChanged);
+  select("ListScenes", {});
+  for (const char* const entry :
+       {"mnuAddCharToScene", "mnuAddChar", "mnuAddLocToCurrentScene", "mnuAddItemToCurrentScene"}) {
+    toolkit.expectBox(u"Select a scene first"_s);
+    trigger(entry);
+  }
+}
+
+TEST_F(CastCommandsTest, PlacesAndThingsLeaveTheSceneAsSelected) {
+  for (const auto& [entry, inScene] :
+       {std::pair{"mnuRemoveLocation", "ListLoc(0)"}, {"mnuRemoveItem", "ListItems(0)"}}) {
+    window().ProjectChanged = false;
+    list(inScene).SelectRow(0);
+    trigger(entry);
+    EXPECT_EQ(list(inScene).rowCount(), 0);
+    EXPECT_TRUE(window().ProjectChanged);
+  }
+  EXPECT_EQ(g_Project->SceneByID(1)->LocationCount() + g_Project->SceneByID(1)->ItemCount(), 0);
 }

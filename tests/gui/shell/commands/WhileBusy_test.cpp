@@ -80,7 +80,12 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuFind",
                               "cmdFindNext",
                               "mnuGlobalReplace",
-                              "mnuUDW(0)"}) {
+                              "mnuUDW(0)",
+                              "mnuEditChar",
+                              "mnuAddLocation",
+                              "mnuAddItem",
+                              "mnuAddCharToScene",
+                              "mnuAddLocToCurrentScene"}) {
     SCOPED_TRACE(command);
     const clsProject* const project = g_Project.get();
     bool yielded = false;

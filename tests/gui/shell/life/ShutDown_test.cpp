@@ -5,6 +5,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
@@ -14,6 +15,7 @@
 #include "gui/shell/main/ScenePane.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/FailingDisk.h"
+#include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
 
@@ -143,6 +145,19 @@ TEST_F(ShutDownTest, EndedByTheSystemItSavesWhatIsTypedWithoutAQuestion) {
   EXPECT_TRUE(files.value(backup).contains("typed last"));
   EXPECT_TRUE(logText().contains(u"Ended by the system"_s));
   EXPECT_TRUE(logText().endsWith(u", Program ended\r\n"_s));
+}
+
+TEST_F(ShutDownTest, EndedByTheSystemItSavesWhatIsTypedOnASheet) {
+  const QString path = smallProject();
+  startWith(path);
+  const WhenModal whenUp([this](QWidget& sheet) {
+    childOf<QLineEdit>(sheet, u"txtTitle"_s).setText(u"Typed last"_s);
+    window().EndAtOnce();
+    dynamic_cast<QDialog&>(sheet).done(QDialog::Rejected);
+  });
+  g_Project->ChapterByID(1)->Edit();
+  EXPECT_EQ(ended, 1);
+  EXPECT_TRUE(fileBytes(path).contains("Typed%20last"));
 }
 
 TEST_F(ShutDownTest, EndedByTheSystemItKeepsABookThatHasNoPlaceAndSaysSoAtTheNextStart) {

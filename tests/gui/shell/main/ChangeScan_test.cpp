@@ -3,6 +3,8 @@
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
@@ -75,6 +77,16 @@ TEST_F(ChangeScanTest, ARenamedCharacterShowsInTheRowsThatItNarrates) {
   g_Project->CharByID(2)->setTitle(u"Zoe the Elder"_s);
   EXPECT_TRUE(soon([&] { return cell("ListScenes", 0, 0) == u"Zoe the Elder"_s; }));
   EXPECT_FALSE(g_CharChanges.HasChanged(2, 1));
+}
+
+TEST_F(ChangeScanTest, AnEditedLocationOrItemShowsAmongThoseOfTheScene) {
+  EXPECT_EQ(cell("ListLoc(0)", 0, 0) + cell("ListItems(1)", 0, 0), u"The pierA lamp"_s);
+  g_Project->LocationByID(1)->Title = u"The quay"_s;
+  g_LocationChanges.MarkUpdated(1);
+  EXPECT_TRUE(soon([&] { return cell("ListLoc(0)", 0, 0) == u"The quay"_s; }));
+  g_Project->ItemByID(1)->Title = u"A lantern"_s;
+  g_ItemChanges.MarkUpdated(1);
+  EXPECT_TRUE(soon([&] { return cell("ListItems(1)", 0, 0) == u"A lantern"_s; }));
 }
 
 TEST_F(ChangeScanTest, EveryRowThatARenamedCharacterNarratesIsWrittenAnew) {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "core/model/StoryMoves.h"
+
+#include <QString>
+
+/// What the list window is in one of its kinds.
+struct ListKind {
+  qint16 type;
+  CastKind kind;
+  QString caption;
+  const char* icon;
+  /// In the chooser.
+  QString button;
+  QString buttonCaption;
+  QString one;
+};
