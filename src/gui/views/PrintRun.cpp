@@ -6,6 +6,7 @@
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
+#include "core/reports/modPrintLists.h"
 #include "core/reports/modPrintProject.h"
 #include "gui/toolkit/OverActiveWindow.h"
 #include "gui/toolkit/PagePainter.h"
@@ -142,6 +143,20 @@ bool printReport(const PrintOrder& order) {
 bool printScenes(const QList<qint32>& sceneIDs) {
   const ReportLayout report = [sceneIDs](const ReportJob& job) { return PrintScenes(job, sceneIDs); };
   return printReport({u"StoryFile"_s, u"Print scene(s)"_s, printFileName(u"Scenes"_s), report});
+}
+
+bool printCast(CastKind kind) {
+  const auto print = [](const QString& key, const ReportLayout& report) {
+    return printReport({key, u"Click PRINT to continue."_s, printFileName(key), report});
+  };
+  switch (kind) {
+    case CastKind::Character:
+      return print(u"Character List"_s, &PrintCharList);
+    case CastKind::Location:
+      return print(u"Location List"_s, &PrintLocationList);
+    default:
+      return print(u"Item List"_s, &PrintItemList);
+  }
 }
 
 /// What some system takes for something else becomes a blank.

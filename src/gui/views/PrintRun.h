@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/model/StoryMoves.h"
 #include "core/reports/PrintReport.h"
 
 #include <QList>
@@ -28,6 +29,8 @@ bool printReport(const PrintOrder& order);
 
 /// The same for these scenes.
 bool printScenes(const QList<qint32>& sceneIDs);
+/// The same for all characters, locations or items.
+bool printCast(CastKind kind);
 
 /// What a file of a report of this book may be called, without an extension.
 QString printFileName(const QString& report);

@@ -7,7 +7,6 @@
 #include "core/model/clsProject.h"
 #include "core/reports/SaveSynopsis.h"
 #include "core/reports/modPrintCards.h"
-#include "core/reports/modPrintLists.h"
 #include "core/reports/modPrintProject.h"
 #include "core/reports/modPrintSynopsis.h"
 #include "gui/shell/main/ChapterPane.h"
@@ -57,9 +56,9 @@ void PrintCommands::bind(MenuBindings& menu) {
   bindChapterReport(menu, "mnuExpandedSynopsis", u"Expanded Synopsis"_s, u"Click PRINT to output the list."_s,
                     &PrintExpandedSynopsis);
   bindChapterReport(menu, "mnuPrintSummary", u"Summary"_s, u"Click PRINT to continue."_s, &PrintSummary);
-  bindList(menu, "mnuPrintChar", u"Character List"_s, &PrintCharList);
-  bindList(menu, "mnuPrintLocationList", u"Location List"_s, &PrintLocationList);
-  bindList(menu, "mnuPrintItemList", u"Item List"_s, &PrintItemList);
+  bindList(menu, "mnuPrintChar", CastKind::Character);
+  bindList(menu, "mnuPrintLocationList", CastKind::Location);
+  bindList(menu, "mnuPrintItemList", CastKind::Item);
   menu.bind("mnuPrintProject", [this] { mnuPrintProject_Click(); });
   menu.bind("mnuPrintSelectedChapters", [this] { mnuPrintSelectedChapters_Click(); });
   menu.bind("mnuPrintScene", [this] { mnuPrintScene_Click(); });
@@ -79,10 +78,10 @@ void PrintCommands::bindChapterReport(MenuBindings& menu, const char* entry, con
   });
 }
 
-void PrintCommands::bindList(MenuBindings& menu, const char* entry, const QString& key, const ReportLayout& report) {
-  menu.bind(entry, [key, report] {
+void PrintCommands::bindList(MenuBindings& menu, const char* entry, CastKind kind) {
+  menu.bind(entry, [kind] {
     if (!g_Project->IsBusy()) {
-      printReport({key, u"Click PRINT to continue."_s, printFileName(key), report});
+      printCast(kind);
     }
   });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/model/StoryMoves.h"
 #include "core/reports/PrintReport.h"
 #include "gui/shell/main/MenuBindings.h"
 
@@ -15,7 +16,7 @@ class PrintCommands : public CommandGroup {
  private:
   void bindChapterReport(MenuBindings& menu, const char* entry, const QString& key, const QString& prompt,
                          const ReportLayout& report);
-  void bindList(MenuBindings& menu, const char* entry, const QString& key, const ReportLayout& report);
+  void bindList(MenuBindings& menu, const char* entry, CastKind kind);
   void mnuPrintProject_Click();
   void mnuPrintSelectedChapters_Click();
   void mnuPrintScene_Click();
