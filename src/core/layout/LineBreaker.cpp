@@ -11,6 +11,7 @@ namespace {
 constexpr double kDoubt = 0.015;
 /// A longer run without a blank is no word, and is looked at only as far as a line reaches.
 constexpr qsizetype kLongestWord = 120;
+constexpr qsizetype kFarAway = 4096;
 
 std::u16string_view unitsOf(QStringView text) {
   return {text.utf16(), static_cast<size_t>(text.size())};
@@ -47,26 +48,40 @@ LineBreaker::Line LineBreaker::lineAt(QStringView paragraph, qsizetype from, dou
   qsizetype lastBlank = -1;
   bool anyWord = false;
   for (qsizetype at = 0;;) {
-    const qsizetype blank = rest.indexOf(u' ', at);
-    const qsizetype end = blank < 0 ? rest.size() : blank;
+    const qsizetype end = endOfWord(rest, at, width);
     const QStringView word = rest.mid(at, end - at);
     const bool tooLong = word.size() > kLongestWord && lettersThatFit(rest.left(end), width) < end;
     if (tooLong || !fits(rest.left(end), sum += wordWidth(word), width)) {
       return lastBlank >= 0 ? Line{lastBlank, from + lastBlank + 1} : cutWord(rest.left(end), width, from);
     }
     anyWord = anyWord || !word.isEmpty();
-    if (blank < 0) {
-      return {rest.size(), paragraph.size()};
+    if (end == rest.size()) {
+      return {end, paragraph.size()};
     }
     if (anyWord) {
-      lastBlank = blank;
+      lastBlank = end;
     }
     sum += blank_;
-    if (!fits(rest.left(blank + 1), sum, width)) {
-      return lastBlank >= 0 ? Line{lastBlank, from + lastBlank + 1} : Line{0, from + blank + 1};
+    if (!fits(rest.left(end + 1), sum, width)) {
+      return lastBlank >= 0 ? Line{lastBlank, from + lastBlank + 1} : Line{0, from + end + 1};
     }
-    at = blank + 1;
+    at = end + 1;
   }
+}
+
+/// Of a run that goes on far beyond the line, a place in it beyond the line: where it ends doesn't matter then, and
+/// would be looked for again by every line.
+qsizetype LineBreaker::endOfWord(QStringView rest, qsizetype at, double width) const {
+  const qsizetype found = rest.mid(at, kFarAway).indexOf(u' ');
+  if (found >= 0) {
+    return at + found;
+  }
+  const qsizetype beyond = at + kFarAway;
+  if (rest.size() <= beyond || lettersThatFit(rest.left(beyond), width) < beyond) {
+    return qMin(beyond, rest.size());
+  }
+  const qsizetype end = rest.indexOf(u' ', beyond);
+  return end < 0 ? rest.size() : end;
 }
 
 double LineBreaker::wordWidth(QStringView word) const {

@@ -40,6 +40,7 @@ class LineBreaker {
     size_t operator()(std::u16string_view text) const { return qHash(QStringView(text)); }
   };
 
+  qsizetype endOfWord(QStringView rest, qsizetype at, double width) const;
   double wordWidth(QStringView word) const;
   bool fits(QStringView line, double sum, double width) const;
   qsizetype lettersThatFit(QStringView text, double width) const;

@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -67,6 +68,7 @@ void frmPrintPreview::createControls() {
   cmdLast = makeTurner(u"cmdLast"_s, u"&Last"_s, u"Last page (End)"_s, this);
   txtPage = new QSpinBox(this);
   giveName(*txtPage, u"txtPage"_s, u"Page number"_s);
+  txtPage->findChild<QLineEdit*>()->setAccessibleName(u"Page number"_s);
   txtPage->setRange(1, qMax(1, pageCount()));
   txtPage->setSuffix(u" of %L1"_s.arg(pageCount()));
   txtPage->setKeyboardTracking(false);

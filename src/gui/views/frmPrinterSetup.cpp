@@ -3,6 +3,7 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/text/cSharedText.h"
@@ -243,11 +244,20 @@ void frmPrinterSetup::cmdPreview_Click() {
   }
 }
 
+/// A file of another kind, such as the book itself, is never written over.
 bool frmPrinterSetup::askPdfPath() {
-  const QString path = toolkit().SaveFileDialog({u"Print to a PDF file"_s, u"*.pdf"_s, suggestedName_ + u".pdf"_s,
-                                                 g_Project->FileWithPath.isEmpty() ? QString() : g_Project->Path()});
+  const QString ending = u".pdf"_s;
+  QString path = toolkit().SaveFileDialog({u"Print to a PDF file"_s, u"*.pdf"_s, suggestedName_ + ending,
+                                           g_Project->FileWithPath.isEmpty() ? QString() : g_Project->Path()});
   if (path.isEmpty()) {
     return false;
+  }
+  if (!path.endsWith(ending, Qt::CaseInsensitive)) {
+    path += ending;
+    if (Files().FileExists(path) &&
+        toolkit().MsgBox(path + u" is there already. Replace it?"_s, Buttons::NoUnlessYes) != Answer::Yes) {
+      return false;
+    }
   }
   Printers().PdfPath = path;
   return true;

@@ -137,6 +137,13 @@ TEST_F(PrinterSetupTest, AsksForTheNameOfAPdfFileAndWritesIt) {
   EXPECT_EQ(toolkit_.fileQuestions.last().defaultName, u"Book.pdf"_s);
   EXPECT_TRUE(fileBytes(path).startsWith("%PDF"));
   EXPECT_FALSE(toolkit_.askedWhileHeld);
+  // A name of another kind gets its own ending, which may be there too.
+  EXPECT_FALSE(print([&](QWidget& form) {
+    toolkit_.expectFile(folder_.path(u"Out"_s));
+    toolkit_.expectBox(path + u" is there already. Replace it?"_s, Answer::No);
+    press(form, u"cmdOk"_s);
+    form.close();
+  }));
   EXPECT_FALSE(print([&](QWidget& form) {
     toolkit_.expectFile(folder_.path(u"none/Out.pdf"_s));
     toolkit_.expectBox(u"could not be written"_s);
