@@ -50,8 +50,6 @@ void PageView::adapt() {
 void PageView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
-  painter.setPen(Qt::gray);
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
   if (page_ != nullptr) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(static_cast<double>(width()) / paper_.width, static_cast<double>(height()) / paper_.height);

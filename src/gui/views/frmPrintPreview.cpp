@@ -99,15 +99,17 @@ void frmPrintPreview::buildLayout() {
   bar->addStretch(1);
   bar->addWidget(makeLabelOf(u"&Zoom:"_s, *cmbZoom));
   bar->addWidget(cmbZoom);
-  bar->addStretch(1);
-  bar->addWidget(cmdPrint);
-  bar->addWidget(cmdCancel);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(cmdPrint);
+  buttons->addWidget(cmdCancel);
   auto* const column = new QVBoxLayout(this);
   column->addLayout(bar);
   column->addWidget(area_, 1);
+  column->addLayout(buttons);
   QWidget* before = cmdFirst;
   for (QWidget* const next :
-       std::initializer_list<QWidget*>{cmdPrevious, txtPage, cmdNext, cmdLast, cmbZoom, cmdPrint, cmdCancel, area_}) {
+       std::initializer_list<QWidget*>{cmdPrevious, txtPage, cmdNext, cmdLast, cmbZoom, area_, cmdPrint, cmdCancel}) {
     setTabOrder(before, next);
     before = next;
   }
