@@ -1,11 +1,20 @@
 #include "core/model/SceneBefore.h"
 
+#include "core/infra/cSharedFileSubs.h"
 #include "core/model/clsScene.h"
 
 #include <tuple>
 
 SceneBefore::SceneBefore(const clsScene& scene)
-    : plan_(planOf(scene)), textRTF_(scene.textRTF_), rtfChanged_(scene.rtfChanged_) {}
+    : plan_(planOf(scene)),
+      hadFile_(!scene.rtfFilename_.isEmpty()),
+      takenViewpoint_(plan_.viewpointID),
+      textRTF_(scene.textRTF_),
+      rtfChanged_(scene.rtfChanged_) {}
+
+void SceneBefore::take(const clsScene& scene) {
+  takenViewpoint_ = scene.ViewPointID();
+}
 
 SceneBefore::Plan SceneBefore::planOf(const clsScene& scene) {
   return {
@@ -43,6 +52,11 @@ void SceneBefore::giveBack(clsScene& scene) const {
   scene.SubPlot = plan_.SubPlot;
   giveBackViewpoint(scene);
   scene.countsHeld_ = false;
+  giveBackText(scene);
+  giveBackName(scene);
+}
+
+void SceneBefore::giveBackText(clsScene& scene) const {
   if (scene.textRTF_ == textRTF_) {
     return;
   }
@@ -52,9 +66,21 @@ void SceneBefore::giveBack(clsScene& scene) const {
   scene.rtfChanged_ = wasWritten || rtfChanged_;
 }
 
+// A book that names a file which isn't there can't be opened.
+void SceneBefore::giveBackName(clsScene& scene) const {
+  if (hadFile_ || scene.rtfFilename_.isEmpty()) {
+    return;
+  }
+  if (Files().FileExists(scene.RTFFileWithPath())) {
+    scene.rtfChanged_ = true;
+  } else {
+    scene.rtfFilename_.clear();
+  }
+}
+
 void SceneBefore::giveBackViewpoint(clsScene& scene) const {
   const qint32 now = scene.ViewPointID();
-  if (now == plan_.viewpointID) {
+  if (now == plan_.viewpointID || now != takenViewpoint_) {
     return;
   }
   // Who is in the scene is saved apart, and stays.

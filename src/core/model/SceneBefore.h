@@ -14,6 +14,8 @@ class SceneBefore {
   explicit SceneBefore(const clsScene& scene);
 
   const QByteArray& TextRTF() const { return textRTF_; }
+  /// The scene holds now what an editor put there.
+  void take(const clsScene& scene);
   /// True when the scene differs in what stands in the project file, the text left out.
   bool planDiffers(const clsScene& scene) const;
   void giveBack(clsScene& scene) const;
@@ -37,10 +39,16 @@ class SceneBefore {
   };
   static Plan planOf(const clsScene& scene);
 
-  /// Where another one has taken its place meanwhile.
+  void giveBackText(clsScene& scene) const;
+  /// Unless somebody else has changed it.
   void giveBackViewpoint(clsScene& scene) const;
+  /// A scene that has no file yet gets none by what was dropped.
+  void giveBackName(clsScene& scene) const;
 
   Plan plan_;
+  bool hadFile_;
+  /// The viewpoint that the editor set.
+  qint32 takenViewpoint_;
   QByteArray textRTF_;
   bool rtfChanged_;
 };

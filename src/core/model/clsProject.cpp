@@ -297,6 +297,7 @@ bool clsProject::HoldsUnsaved() const {
 void clsProject::Clear() {
   FileWithPath.clear();
   editedSinceSave_ = false;
+  planDue_ = false;
   lastSaves_ = {};
   incompleteFile_.clear();
   storedIn_.clear();

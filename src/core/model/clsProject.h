@@ -164,6 +164,9 @@ class clsProject {
   bool IsBusy() const { return busy_; }
   /// A scene was saved by its editor since the project was loaded or last saved.
   bool EditedSinceSave() const { return editedSinceSave_; }
+  /// A scene's plan, or the scene itself, was saved by its editor and isn't in the project file yet.
+  bool PlanDue() const { return planDue_; }
+  void setPlanDue() { planDue_ = true; }
   /// Nothing in it that could be lost.
   bool IsEmpty() const;
   /// The number of scenes whose text is due to be written to its file.
@@ -216,6 +219,7 @@ class clsProject {
   std::array<qint32, 5> deadlineStartDate_{};
   std::array<QString, 4> fieldTitle_;
   bool editedSinceSave_ = false;
+  bool planDue_ = false;
   SaveNote lastSaves_;
   /// How many texts were unsaved, and at which number of changes of the scenes' flags.
   mutable qint32 unsavedTexts_ = 0;

@@ -162,6 +162,7 @@ void DiskConflicts::takeTheirs(const Conflict& conflict) const {
   scene.setTextRTF(conflict.changed.text);
   scene.stored_ = conflict.changed.stamp;
   scene.rtfChanged_ = false;
+  scene.countsHeld_ = false;
   g_SceneChanges.MarkUpdated(scene.ID());
 }
 

@@ -269,6 +269,8 @@ bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
   // What an editor saves while we write isn't in the file yet.
   const bool edited = project_.editedSinceSave_;
   project_.editedSinceSave_ = edited && form == Form::SingleFile;
+  const bool planDue = project_.planDue_;
+  project_.planDue_ = planDue && form == Form::SingleFile;
   Failure failure = prepareTarget(form, asked);
   if (isDone(failure)) {
     failure = write(showProgress, form);
@@ -281,6 +283,7 @@ bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
     note(form);
   } else {
     project_.editedSinceSave_ = project_.editedSinceSave_ || edited;
+    project_.planDue_ = project_.planDue_ || planDue;
   }
   cause_ = failure.cause;
   tell(failure);

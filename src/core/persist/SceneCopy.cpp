@@ -18,15 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace SceneCopy {
 
-namespace {
-
-QDateTime whenWritten(const QString& path) {
-  const QFileInfo file(path);
-  return file.isFile() ? file.lastModified() : QDateTime();
-}
-
-}  // namespace
-
 QString nameOf(clsScene& scene) {
   const qint32 place = g_Project->ChapterByID(scene.BelongsToChID)->SceneIndex(scene.ID());
   return g_Project->TodaysBackupFolder() + Files().FileWithoutExt(scene.RTFFilename()) + u"_Scene_"_s +
@@ -53,11 +44,8 @@ bool isOfUnsaved(const QString& path) {
 
 // The path of a scene without a name is the folder's.
 QDateTime textSaved(const clsScene& scene) {
-  return scene.RTFFilename().isEmpty() ? QDateTime() : whenWritten(scene.RTFFileWithPath());
-}
-
-QDateTime planSaved() {
-  return whenWritten(g_Project->FileWithPath);
+  const QFileInfo file(scene.RTFFilename().isEmpty() ? QString() : scene.RTFFileWithPath());
+  return file.isFile() ? file.lastModified() : QDateTime();
 }
 
 void write(const QString& path, const QByteArray& rtf) {

@@ -24,8 +24,6 @@ inline const QString kPlan = QStringLiteral("_Plan");
 bool isOfUnsaved(const QString& path);
 /// When the scene's own file was written; invalid without one.
 QDateTime textSaved(const clsScene& scene);
-/// The same for the project file, with the plans.
-QDateTime planSaved();
 /// Writes a copy. The day's folder is made where it is missing; a book's own that has gone isn't, for it may come back.
 /// Throws RuntimeError.
 void write(const QString& path, const QByteArray& rtf);

@@ -90,6 +90,7 @@ void clsScene::SaveRTF(bool force) {
   if (file.save(force, SceneFile::mirrorFolder())) {
     SaveSeries::nameIsNew();
   }
+  countsHeld_ = countsHeld_ && rtfChanged_;
   saveFailure_ =
       Files().FolderExists(g_Project->Path()) ? file.failure() : u"The book's folder isn't there any more."_s;
   if (saveFailure_.isEmpty()) {

@@ -14,6 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+bool holdsPlan(const QString& path, const QString& plan) {
+  QByteArray rtf;
+  return Files().LoadTextFile(path, rtf) && rtfToPlainText(rtf) == RichText::fromPlain(plan).text();
+}
+
 /// The file keeps its name when the other one is taken.
 void rename(QString& path, const QString& name) {
   if (!path.isEmpty() && SceneCopy::isOfUnsaved(path) && !QFileInfo::exists(name) && Files().MoveFile(path, name)) {
@@ -82,8 +87,9 @@ SceneCopies::Check SceneCopies::copyPlan(clsScene& scene) {
   const QString failure = Guard("AutoBackup", "frmEditor").causeOf([&] {
     const QString path = SceneCopy::nameOf(scene) + SceneCopy::kPlan + u".rtf"_s;
     const QByteArray rtf = writeRtf(RichText::fromPlain(plan));
-    if (path != ownPlanFile_) {
-      SceneCopy::putAside(path, rtf, SceneCopy::planSaved());
+    // The project file is saved for many reasons: its time says nothing of one scene's plan.
+    if (path != ownPlanFile_ && !holdsPlan(path, LastBackupPlan_)) {
+      SceneCopy::putAside(path, rtf, {});
     }
     SceneCopy::write(path, rtf);
     ownPlanFile_ = path;

@@ -218,8 +218,6 @@ class frmEditor : public QMainWindow, public SceneEditor {
   std::optional<SceneBefore> before_;
   /// The text in the window is to be written although nobody edited it since: its file didn't take it.
   bool textDue_ = false;
-  /// The scene's plan, or the scene itself, isn't in the project file yet.
-  bool planDue_ = false;
   /// Something changed that the timer hasn't taken up.
   bool typedSinceCopy_ = false;
   QTimer TimerLoadFonts;

@@ -131,8 +131,8 @@ void frmEditor::FormToData(clsScene& into) {
   const bool isNew = into.TextRTF().isEmpty() && into.RTFFilename().isEmpty();
   if (txtMain->isEdited() || isNew || textDue_) {
     into.setTextRTF(textToSave());
-  } else if (before_) {
-    // What was typed was taken back.
+  } else if (before_ && into.TextRTF() != before_->TextRTF()) {
+    // What was typed was taken back. What wasn't read stays so.
     into.setTextRTF(before_->TextRTF());
   }
   if (scene().get() == &into) {
@@ -249,11 +249,14 @@ bool frmEditor::SaveChanges(bool spellCheck) {
   const bool exits = TimerExit.isActive();
   TimerExit.stop();
   const QPointer<frmEditor> alive(this);
-  if (!writeChanges(*saved)) {
-    return false;
+  const bool written = writeChanges(*saved);
+  if (written) {
+    savePlan();
   }
-  savePlan();
-  if (!alive || !saved->InScenes()) {
+  if (!alive || !written || !saved->InScenes()) {
+    if (alive && exits) {
+      stay();
+    }
     return false;
   }
   LastEditorLeft = Twips::fromPixels(x());
@@ -276,9 +279,12 @@ bool frmEditor::writeChanges(clsScene& saved) {
   if (!before_) {
     before_.emplace(saved);
   }
-  planDue_ = planDue_ || saved.RTFFilename().isEmpty();
+  const bool isNew = saved.RTFFilename().isEmpty();
   FormToData(saved);
-  planDue_ = planDue_ || before_->planDiffers(saved);
+  before_->take(saved);
+  if (isNew || before_->planDiffers(saved)) {
+    g_Project->setPlanDue();
+  }
   txtMain->setUnedited();
   setDirty(false);
   const QByteArray given = saved.TextRTF();
@@ -311,13 +317,8 @@ bool frmEditor::writeChanges(clsScene& saved) {
 /// What a writer saves is to be on the disk: title, description and notes, and that the scene is there, stand in the
 /// project file alone.
 void frmEditor::savePlan() {
-  if (planDue_ && !textDue_ && g_Project->HasPlace() && !g_Project->IsBusy()) {
-    planDue_ = false;
-    const QPointer<frmEditor> alive(this);
-    const bool saved = g_Project->SaveQN4(false);
-    if (alive) {
-      planDue_ = !saved;
-    }
+  if (g_Project->PlanDue() && !textDue_ && g_Project->HasPlace()) {
+    g_Project->SaveQN4(false);
   }
 }
 
@@ -328,7 +329,7 @@ void frmEditor::showSaved() {
 QString frmEditor::whereSaved() const {
   if (g_Project->HasPlace()) {
     const QString time = Clock::now().toString(u"HH:mm:ss"_s);
-    return planDue_ ? u"Text saved, project file not: "_s + time : u"Saved: "_s + time;
+    return g_Project->PlanDue() ? u"Text saved, project file not: "_s + time : u"Saved: "_s + time;
   }
   const QString why = g_Project->ReadOnly() ? u"Read-only"_s : u"No file yet"_s;
   const RescueFolder rescue(*g_Project);
@@ -352,7 +353,9 @@ void frmEditor::SaveQuietly() {
     keepWithoutBook();
     return;
   }
-  writeChanges(*saved);
+  if (!writeChanges(*saved)) {
+    return;
+  }
   showSaved();
   Guard("SaveQuietly", "frmEditor")([&] { backUpScene(*saved); });
 }

@@ -74,6 +74,7 @@ void frmEditor::keepTyped(clsScene& shown) {
   }
   shown.HoldCounts();
   FormToData(shown);
+  before_->take(shown);
   if (!g_Project->HasPlace()) {
     tellCopy(RescueFolder(*g_Project).keep(shown) ? QString() : u"The rescue folder takes no text."_s);
   }
@@ -119,8 +120,13 @@ void frmEditor::showCopyPlace() {
 
 void frmEditor::dropTyped() {
   if (const auto shown = scene(); shown && before_) {
+    // A save of the book may have written it meanwhile.
+    const bool planTyped = before_->planDiffers(*shown);
     before_->giveBack(*shown);
     before_.reset();
+    if (planTyped && Changed) {
+      Changed();
+    }
   }
   // Should the window stay, its text is to be kept again.
   typedSinceCopy_ = true;

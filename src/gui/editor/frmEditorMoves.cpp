@@ -30,6 +30,7 @@ qint32 AddSceneToChapter(qint32 chapterID) {
   g_Project->ChapterByID(chapterID)->Addscene(added);
   added->Title = u"New Scene"_s;
   added->Save(false, true);
+  g_Project->setPlanDue();
   // Until then nothing names its file. Why it could not be saved is told by the save, and the next one takes it along.
   if (g_Project->HasPlace()) {
     g_Project->SaveQN4(false);

@@ -156,6 +156,10 @@ void frmEditor::cutAt(const QString& separator) {
 
 // What is no letter has no place in a title, and stays where it is.
 void frmEditor::cutSelection(void (EditorTabStrip::*into)(const QString&)) {
+  if (txtMain->Locked()) {
+    showHint(u"This scene isn't in the open project any more"_s);
+    return;
+  }
   if (txtMain->SelLength() == 0) {
     showHint(u"Select the words first"_s);
     return;

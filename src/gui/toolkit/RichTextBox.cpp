@@ -278,7 +278,7 @@ QString RichTextBox::SelText() const {
 }
 
 void RichTextBox::setSelText(const QString& text) {
-  if (text.isEmpty() && !textCursor().hasSelection()) {
+  if (Locked() || (text.isEmpty() && !textCursor().hasSelection())) {
     return;
   }
   quietly([&] {
@@ -295,6 +295,9 @@ void RichTextBox::setSelText(const QString& text) {
 
 qsizetype RichTextBox::replaceAll(const QString& find, const QString& with, Qt::CaseSensitivity caseSensitivity) {
   std::vector<DocumentRange> matches;
+  if (Locked()) {
+    return 0;
+  }
   for (const qsizetype start : matchesIn(Text(), find, caseSensitivity)) {
     matches.push_back({toDocument(start), toDocument(start + find.size())});
   }
@@ -336,7 +339,7 @@ RichText RichTextBox::SelRichText() const {
 }
 
 void RichTextBox::setSelRichText(const RichText& text) {
-  if (text.isEmpty() && !textCursor().hasSelection()) {
+  if (Locked() || (text.isEmpty() && !textCursor().hasSelection())) {
     return;
   }
   quietly([&] {

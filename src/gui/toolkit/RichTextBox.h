@@ -150,6 +150,7 @@ class RichTextBox : public QTextEdit {
   quint32 BackColor() const;
   /// A number with the top bit set is the palette's own colour.
   void setBackColor(quint32 colour);
+  /// What is locked isn't changed by the operations on the selection either, nor by replacing; loading is free.
   bool Locked() const { return isReadOnly(); }
   /// A locked text can be read, selected and copied with mouse and keys.
   void setLocked(bool locked);

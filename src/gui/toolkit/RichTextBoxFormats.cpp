@@ -60,6 +60,9 @@ void RichTextBox::mergeSelected(const QTextCharFormat& change) {
 }
 
 void RichTextBox::formatSelected(const QTextCharFormat& change) {
+  if (Locked()) {
+    return;
+  }
   const QTextCursor cursor = textCursor();
   const bool isOfTyping = !cursor.hasSelection() && (document()->isEmpty() || cursor.block().length() > 1);
   if (!isOfTyping) {

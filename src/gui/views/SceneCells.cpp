@@ -1,6 +1,7 @@
 #include "gui/views/SceneCells.h"
 
 #include "core/model/Globals.h"
+#include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 
 using namespace Qt::StringLiterals;
@@ -19,4 +20,10 @@ QHash<int, QString> SceneCells::spoken(const clsScene& scene, int viewpointColum
     spoken.insert(viewpointColumn, u"No viewpoint"_s);
   }
   return spoken;
+}
+
+QString SceneCells::whyNone() {
+  return g_Project->FileWithPath.isEmpty() && g_Project->IsEmpty()
+             ? u"No project is open."_s
+             : u"No chapter of this book has scenes yet.\nScene \u2013 Add scene adds one."_s;
 }

@@ -14,5 +14,7 @@ QString status(const clsScene& scene);
 QString actionOrReaction(const clsScene& scene);
 /// What is read out in the place of cells that are short for something, by the numbers of their columns.
 QHash<int, QString> spoken(const clsScene& scene, int viewpointColumn, int actionColumn);
+/// Said in the place of scenes by a window that shows all of them when there is none.
+QString whyNone();
 
 }  // namespace SceneCells

@@ -210,6 +210,23 @@ TEST_F(EditorCopies, WhatIsTypedIntoThePlanHasACopyOfItsOwn) {
       << words(copy(name));
 }
 
+TEST_F(EditorCopies, APlanThatNeverReachedTheBookIsPutAsideAndOneThatDidIsNot) {
+  const QString name = u"RTF_00001_Scene_1_Plan.rtf"_s;
+  QDir().mkpath(copies().path());
+  writeFile(copies().filePath(name), simpleRtf("of a run that was cut off"));
+  ASSERT_TRUE(g_Project->SaveQN4(false)) << "for whatever other reason";
+  for (const char* words : {"They meet", "Again"}) {
+    frmEditor* const editor = open();
+    QTest::keyClicks(&control<QWidget>(*editor, "txtDesc"), QLatin1String(words));
+    tick(*editor);
+    trigger(*editor, "mnuSaveAndExit");
+    deleteUnloaded();
+  }
+  const QStringList plans = copyNames().filter(u"_Plan"_s);
+  ASSERT_EQ(plans.size(), 2);
+  EXPECT_EQ(copy(plans[0] == name ? plans[1] : plans[0]), simpleRtf("of a run that was cut off"));
+}
+
 TEST_F(EditorCopies, ANoteThatIsBeingWrittenIsInTheCopyAndNotYetInTheText) {
   const QByteArray rtf = "{\\rtf1 a{\\footnote old}b}";
   scene()->setTextRTF(rtf);

@@ -6,6 +6,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
+#include "core/persist/ProjectSaver.h"
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorPlacement.h"
 #include "gui/editor/EditorWindow.h"
@@ -250,6 +251,41 @@ TEST_F(EditorTest, ANewSceneIsWrittenInAModalWindow) {
   const WhenModal cancel([&](QWidget& window) { window.close(); });
   EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
   EXPECT_EQ(g_Project->ChapterByID(1)->SceneCount(), 3);
+}
+
+TEST_F(EditorTest, ANewSceneThatNoFileTookAndNobodyWantsLeavesNoName) {
+  const QString texts = g_Project->RTFFolder();
+  ASSERT_TRUE(QDir().rename(texts, texts.chopped(1) + u" away"_s));
+  writeFile(texts.chopped(1), "no folder");
+  {
+    const WhenModal write([&](QWidget& window) {
+      auto& editor = dynamic_cast<frmEditor&>(window);
+      type(editor, u"new words"_s);
+      trigger(editor, "mnuSave");
+      ASSERT_TRUE(QFile::remove(texts.chopped(1)) && QDir().rename(texts.chopped(1) + u" away"_s, texts));
+      toolkit.expectBox(kQuestion, Answer::No);
+      editor.close();
+    });
+    EXPECT_FALSE(g_Project->CreateNewScene(1, 0));
+  }
+  EXPECT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_TRUE(g_Project->Load(QString(g_Project->FileWithPath), false)) << "every scene that is named has a file";
+}
+
+TEST_F(EditorTest, ATextThatWasNotReadStaysUnreadWhenThePlanIsSaved) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir(u"alone"_s));
+  const QString single = folder.path(u"alone/Single.qnc4"_s);
+  ASSERT_TRUE(ProjectSaver(*g_Project).saveCopy(single));
+  writeFile(single, fileBytes(single).replace(simpleRtf("one two three").toBase64(), "*not base64*"));
+  toolkit.expectBox(u"You've loaded an all-in-one"_s);
+  toolkit.expectBox(u"could not be read"_s);
+  ASSERT_TRUE(g_Project->Load(single, false));
+  ASSERT_TRUE(scene()->TextUnread());
+  frmEditor* const editor = open();
+  QTest::keyClicks(&control<QLineEdit>(*editor, "txtTitle"), u"New: "_s);
+  toolkit.expectChoice(u"How do you want to save it?"_s, u"Replace"_s);
+  trigger(*editor, "mnuSaveAndExit");
+  EXPECT_TRUE(scene()->TextUnread());
 }
 
 TEST_F(EditorTest, ANewSceneThatWasSavedOnceIsKeptAsItWasThen) {

@@ -3,6 +3,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "gui/planning/frmStoryboard.h"
 #include "gui/shell/commands/BookScenes.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
@@ -32,6 +33,7 @@ WindowCommands::WindowCommands(frmMain& main) : main_(main) {
 
 void WindowCommands::bind(MenuBindings& menu) {
   menu.bind("mnuListView", [this] { mnuListView_Click(); });
+  menu.bind("mnuStoryboard", [this] { mnuStoryboard_Click(); });
   menu.bind("mnuShowDebug", [this] { mnuShowDebug_Click(); });
 }
 
@@ -99,6 +101,33 @@ void WindowCommands::changeStatus(const QList<qint32>& scenes, qint16 status) {
   ExternalSceneList->UpdateItem();
   main_.showTitle();
   BookScenes::tellRefused(refused);
+}
+
+void WindowCommands::mnuStoryboard_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  if (!Storyboard) {
+    createStoryboard();
+  }
+  Storyboard->bringForward();
+}
+
+void WindowCommands::createStoryboard() {
+  Storyboard = new frmStoryboard(&main_);
+  frmStoryboard* const board = Storyboard;
+  connect(board, &frmStoryboard::MadeChange, this,
+          guarded("Storyboard_MadeChange", kModule, this, &WindowCommands::Storyboard_MadeChange));
+  connect(board, &frmStoryboard::sceneOpened, this,
+          guarded("mnuEditScene_Click", "frmStoryboard", [this] { main_.followEditing(); }));
+  connect(&main_, &frmMain::listsCleared, board, guarded("ClearLists", kModule, [board] { board->clear(); }));
+  connect(&main_, &frmMain::refreshed, board, guarded("RefreshAll", kModule, [board] { board->refresh(); }));
+}
+
+void WindowCommands::Storyboard_MadeChange() {
+  main_.ProjectChanged = true;
+  main_.RefreshAll();
+  g_Project->UpdateCombosInEditorWindows();
 }
 
 void WindowCommands::mnuShowDebug_Click() {

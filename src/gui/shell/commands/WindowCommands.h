@@ -9,8 +9,10 @@
 class frmDebug;
 class frmMain;
 class frmSceneList;
+class frmStoryboard;
 
-/// The windows that stay up beside the main one: the list of all scenes, and the window that shows what is locked.
+/// The windows that stay up beside the main one: the list of all scenes, the storyboard, and the window that shows what
+/// is locked.
 class WindowCommands : public QObject, public CommandGroup {
   Q_OBJECT
 
@@ -21,15 +23,19 @@ class WindowCommands : public QObject, public CommandGroup {
 
  private:
   void mnuListView_Click();
+  void mnuStoryboard_Click();
   void mnuShowDebug_Click();
   void createSceneList();
   void ExternalSceneList_ClosedForm();
   void ExternalSceneList_MovedScenes();
+  void createStoryboard();
+  void Storyboard_MadeChange();
   void changeStatus(const QList<qint32>& scenes, qint16 status);
   /// It is on the screen, or would be if it weren't minimised.
   bool sceneListIsUp() const;
 
   frmMain& main_;
   QPointer<frmSceneList> ExternalSceneList;
+  QPointer<frmStoryboard> Storyboard;
   QPointer<frmDebug> DebugWindow;
 };

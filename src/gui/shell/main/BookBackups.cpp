@@ -96,13 +96,14 @@ void BookBackups::look() {
     return;
   }
   makeDue();
-  if (main_.Editing()) {
+  if (std::exchange(copiesDue_, false)) {
+    findYoungerCopies();
+  }
+  if (main_.Editing() && !youngerCopies_.isEmpty()) {
     return;  // a box would take the keys that are typed there
   }
   timer_.stop();
-  if (std::exchange(copiesDue_, false)) {
-    offerYoungerCopies();
-  }
+  offerYoungerCopies();
 }
 
 bool BookBackups::isQuiet() const {
@@ -126,16 +127,19 @@ void BookBackups::bookLeaves() {
   timer_.stop();
   makeDue();
   copiesDue_ = false;
+  youngerCopies_.clear();
   if (viewer_) {
     viewer_->close();
   }
 }
 
+void BookBackups::findYoungerCopies() {
+  // In a book that was opened read-only whoever has it open is writing them.
+  youngerCopies_ = g_Project->ReadOnly() ? QList<YoungerCopy>() : newCopies();
+}
+
 void BookBackups::offerYoungerCopies() {
-  if (g_Project->ReadOnly()) {
-    return;  // whoever has it open is writing them
-  }
-  const QList<YoungerCopy> found = newCopies();
+  const QList<YoungerCopy> found = std::exchange(youngerCopies_, {});
   if (found.isEmpty()) {
     return;
   }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "core/persist/BackupsView.h"
+
+#include <QList>
 #include <QPointer>
 #include <QString>
 #include <QTimer>
@@ -30,6 +33,7 @@ class BookBackups {
  private:
   void look();
   bool isQuiet() const;
+  void findYoungerCopies();
   void offerYoungerCopies();
 
   frmMain& main_;
@@ -38,5 +42,7 @@ class BookBackups {
   int quietLooks_ = 0;
   bool archiveDue_ = false;
   bool copiesDue_ = false;
+  /// Found and not offered yet: a save could make them look old meanwhile.
+  QList<YoungerCopy> youngerCopies_;
   QPointer<frmBackupViewer> viewer_;
 };

@@ -106,12 +106,6 @@ ListRow sceneRow(qint32 id) {
   return row;
 }
 
-QString whyEmpty() {
-  return g_Project->FileWithPath.isEmpty() && g_Project->IsEmpty()
-             ? u"No project is open."_s
-             : u"No chapter of this book has scenes yet.\nScene \u2013 Add scene adds one."_s;
-}
-
 }  // namespace
 
 frmSceneList::frmSceneList(QWidget* parent)
@@ -258,7 +252,7 @@ void frmSceneList::fillRows(Story story) {
   for (const qint32 id : shown_.scenes) {
     rowOf_.insert(id, static_cast<int>(rowOf_.size()));
   }
-  ListView1->setEmptyText(whyEmpty());
+  ListView1->setEmptyText(SceneCells::whyNone());
   ListView1->setRows(shown_.scenes, [](qint32 id, int) { return sceneRow(id); });
   enableButtons();
 }

@@ -122,6 +122,14 @@ TEST_F(OpenEditorsTest, AWindowWhoseBookWasClosedIsThereToBeReadAlone) {
   EXPECT_EQ(panelOf(stray, 1), u"No longer in the open book"_s);
   type(stray, u" astray"_s);
   EXPECT_FALSE(holds(stray, u" astray"_s)) << "no copy would be made of it";
+  auto& text = childOf<RichTextBox>(stray, u"txtMain"_s);
+  const RichText before = text.richText();
+  text.select(0, 3);
+  for (const char* change : {"mnuCutForTitle", "mnuCutForDesc"}) {
+    childOf<QAction>(stray, QLatin1String(change)).trigger();
+  }
+  text.setSelBold(true);
+  EXPECT_EQ(text.richText(), before);
   stray.close();
   EXPECT_FALSE(stray.isVisible());
 }

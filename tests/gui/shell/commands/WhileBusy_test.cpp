@@ -77,6 +77,7 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuScenesPerCharacter",
                               "mnuCreateDebug",
                               "mnuListView",
+                              "mnuStoryboard",
                               "mnuFind",
                               "cmdFindNext",
                               "mnuGlobalReplace",
