@@ -6,7 +6,7 @@ PACKAGES=(
   qt6-base-dev libqt6svg6 libzip-dev libcurl4-openssl-dev libgtest-dev
   fonts-dejavu-core fonts-liberation
   wamerican-large wbritish-large
-  xvfb xauth openbox imagemagick x11-utils xdotool procps python3
+  xvfb xauth openbox imagemagick x11-utils xdotool procps python3 poppler-utils
 )
 
 say() { printf '%s\n' "$*" >&2; }

@@ -135,6 +135,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void showColours(const EditorColours& colours);
   void mnuOpenNote_Click();
   void textChanged();
+  void mnuPrintScene_Click();
   void mnuTop20_Click();
   void ShowSceneWordCount();
   void showChapterWordCount(qint32 wordsHere);

@@ -1,6 +1,9 @@
 // The menus of the editor's window, a function for each.
 
 #include "core/infra/Toolkit.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 #include "gui/editor/EditorFind.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/FieldClipboard.h"
@@ -13,6 +16,7 @@
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "gui/views/PrintRun.h"
 
 #include <QAction>
 #include <QMenu>
@@ -125,6 +129,18 @@ void frmEditor::createSceneMenu() {
              [this, separator] { splitScene(separator); });
   }
   addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index), u"Split scene on custom"_s, [this] { splitOnCustom(); });
+  menu->addSeparator();
+  addEntry(menu, u"mnuPrintScene"_s, u"Print Scene"_s, [this] { mnuPrintScene_Click(); });
+}
+
+// From the book: what hasn't been saved isn't in the print.
+void frmEditor::mnuPrintScene_Click() {
+  const auto shown = scene();
+  if (!shown || !shown->InScenes()) {
+    toolkit().MsgBox(u"Save the scene first. What is printed is the scene as it was last saved."_s);
+  } else if (!g_Project->IsBusy()) {
+    printScenes({shown->ID()});
+  }
 }
 
 void frmEditor::createFormatMenu() {

@@ -11,6 +11,7 @@
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/WindowSettings.h"
 #include "gui/views/ListView.h"
+#include "gui/views/PrintRun.h"
 #include "gui/views/modFillList.h"
 
 #include <QCheckBox>
@@ -72,8 +73,6 @@ void frmList::createControls() {
   cmdEdit = makeButton(u"cmdEdit"_s, u"&Edit Selected"_s, this);
   cmdDel = makeButton(u"cmdDel"_s, u"&Delete Selected"_s, this);
   cmdPrintList = makeButton(u"cmdPrintList"_s, u"&Print List"_s, this);
-  cmdPrintList->setEnabled(false);
-  cmdPrintList->setToolTip(u"Printing is not in this version yet."_s);
   chkOnlyMajor = new QCheckBox(u"Only &Major"_s, this);
   giveName(*chkOnlyMajor, u"chkOnlyMajor"_s, u"Only Major"_s);
   chkOnlyMajor->setToolTip(u"Lists the major characters alone"_s);
@@ -142,6 +141,8 @@ void frmList::connectSignals() {
   connect(cmdAdd, &QPushButton::clicked, this, guarded("cmdAdd_Click", kModule, this, &frmList::cmdAdd_Click));
   connect(cmdDel, &QPushButton::clicked, this, guarded("cmdDel_Click", kModule, this, &frmList::cmdDel_Click));
   connect(cmdEdit, &QPushButton::clicked, this, guarded("cmdEdit_Click", kModule, this, &frmList::cmdEdit_Click));
+  connect(cmdPrintList, &QPushButton::clicked, this,
+          guarded("cmdPrintList_Click", kModule, [this] { printCast(kind().kind); }));
   connect(chkOnlyMajor, &QCheckBox::toggled, this,
           guarded("chkOnlyMajor_Click", kModule, this, &frmList::chkOnlyMajor_Click));
   connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);

@@ -3,6 +3,9 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "gui/editor/EditorWindow.h"
 #include "gui/toolkit/RichTextBox.h"
+#include "support/ModalHelper.h"
+#include "support/PrintedPages.h"
+#include "support/SquareLetters.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -162,3 +165,12 @@ TEST_F(EditorMenusTest, KeysOfTheText) {
 }
 
 }  // namespace
+
+TEST_F(EditorMenusTest, TheSceneIsPrintedAsItWasSaved) {
+  const PrintedPages pages;
+  type(*editor_, u" unsaved"_s);
+  const WhenModal whenUp([](QWidget& printer) { childOf<QPushButton>(printer, u"cmdOk"_s).click(); });
+  trigger(*editor_, "mnuPrintScene");
+  ASSERT_EQ(pages.documents.size(), 1);
+  EXPECT_TRUE(textsOf(pages.documents[0].pages.at(0)).contains(u"   one bold word"_s));
+}

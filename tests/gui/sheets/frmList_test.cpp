@@ -10,6 +10,8 @@
 #include "core/model/clsScene.h"
 #include "gui/sheets/SheetTest.h"
 #include "gui/views/ListView.h"
+#include "support/PrintedPages.h"
+#include "support/SquareLetters.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -208,4 +210,17 @@ TEST_F(frmListTest, EnterChoosesWhereOneIsToBeChosenAndEscapeDoesNot) {
     EXPECT_EQ(form().Cancelled, !chosen);
     EXPECT_EQ(form().selectedIDs(), IDs{3});
   }
+}
+
+TEST_F(frmListTest, PrintsTheKindThatIsShownWhole) {
+  const PrintedPages pages;
+  show(kListLocations);
+  during(
+      [this] {
+        button("cmdPrintList").click();
+        return true;
+      },
+      [](QDialog& printer) { childOf<QPushButton>(printer, u"cmdOk"_s).click(); });
+  ASSERT_EQ(pages.documents.size(), 1);
+  EXPECT_EQ(textsOf(pages.documents[0].pages.at(0)), (QStringList{u"1"_s, u"The pier"_s, u"Café Röhm"_s}));
 }

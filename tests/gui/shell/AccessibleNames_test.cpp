@@ -27,6 +27,8 @@
 #include "gui/toolkit/fSHAREDGetDate.h"
 #include "gui/toolkit/fSHAREDLogViewer.h"
 #include "gui/views/frmPickChapters.h"
+#include "gui/views/frmPrintPreview.h"
+#include "gui/views/frmPrinterSetup.h"
 #include "gui/views/frmWordCount.h"
 #include "support/ModalHelper.h"
 #include "support/Required.h"
@@ -96,6 +98,10 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
   const frmPickChapters chapters(&window());
+  frmPrinterSetup printer(&window());
+  printer.OfferPreview({});
+  printer.OfferDetails();
+  const frmPrintPreview preview({}, &window());
   const frmOverview overview(&window());
   const frmDebug debug(&window());
   const SheetSubject subject{EntityKind::Item, 1, nullptr};

@@ -5,6 +5,7 @@
 #include "gui/shell/commands/ChapterCommands.h"
 #include "gui/shell/commands/FontCommand.h"
 #include "gui/shell/commands/NewProjectCommands.h"
+#include "gui/shell/commands/PrintCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
 #include "gui/shell/commands/SceneCommands.h"
 #include "gui/shell/commands/SearchCommands.h"
@@ -27,4 +28,5 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<BackupCommands>(main));
   main.addCommands(std::make_unique<StatisticsCommands>(main));
   main.addCommands(std::make_unique<WindowCommands>(main));
+  main.addCommands(std::make_unique<PrintCommands>(main));
 }

@@ -1,8 +1,13 @@
 #include "gui/shell/windows/frmOverview.h"
 
+#include "core/infra/Toolkit.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
 #include "gui/toolkit/Controls.h"
+#include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/toolkit/WindowSettings.h"
+#include "gui/views/PrintRun.h"
 
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
@@ -29,8 +34,8 @@ frmOverview::frmOverview(QWidget* parent)
   setObjectName(u"frmOverview"_s);
   setWindowTitle(u"Project Overview"_s);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  cmdPrint->setEnabled(false);
-  cmdPrint->setToolTip(u"Printing is not in this version yet."_s);
+  connect(cmdPrint, &QPushButton::clicked, this,
+          guarded("cmdPrint_Click", "frmOverview", this, &frmOverview::cmdPrint_Click));
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::reject);
 
   const int side = Twips::toPixels(kBeside / 2);
@@ -54,6 +59,19 @@ frmOverview::frmOverview(QWidget* parent)
 
 void frmOverview::setText(const QString& text) {
   txtOverview->setPlainText(text);
+}
+
+void frmOverview::cmdPrint_Click() {
+  const ReportLayout printText = [text = txtOverview->toPlainText()](const ReportJob& job) {
+    PrintFlow flow(job.measure, job.state);
+    flow.newNumberedPage();
+    flow.PrintText(text);
+    return Reports::finished(u"Project Overview"_s, flow);
+  };
+  if (!g_Project->IsBusy() &&
+      printReport({u"AllStoryFile"_s, u"Click PRINT to continue."_s, printFileName(u"Overview"_s), printText})) {
+    toolkit().MsgBox(u"Overview printed"_s);
+  }
 }
 
 void frmOverview::done(int result) {

@@ -15,6 +15,8 @@ class frmOverview : public QDialog {
   void done(int result) override;
 
  private:
+  void cmdPrint_Click();
+
   QPlainTextEdit* txtOverview;
   QPushButton* cmdPrint;
   QPushButton* cmdExit;

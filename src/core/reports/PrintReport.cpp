@@ -1,0 +1,37 @@
+#include "core/reports/PrintReport.h"
+
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+void Reports::eachUsedChapter(const ReportJob& job, const EachChapter& report) {
+  for (qint32 number = job.chapters.first; number <= qMin(job.chapters.last, g_Project->ChapterCount()); ++number) {
+    const auto chapter = g_Project->ChapterByIndex(number);
+    job.progress.step(u"Laying out chapter "_s, number);
+    if (!chapter->Unused) {
+      report(*chapter, number);
+    }
+  }
+}
+
+void Reports::eachUsedScene(const clsChapter& chapter, const EachScene& report) {
+  std::vector<qint32> used;
+  for (qint32 number = 1; number <= chapter.SceneCount(); ++number) {
+    const auto scene = chapter.SceneByIndex(number);
+    if (scene->InScenes() && !scene->Unused) {
+      used.push_back(number);
+    }
+  }
+  for (const qint32 number : used) {
+    report(*chapter.SceneByIndex(number), number, number == used.back());
+  }
+}
+
+PrintDocument Reports::finished(const QString& title, PrintFlow& flow) {
+  return {title, g_Project->AuthorName, flow.paper(), flow.takePages()};
+}

@@ -1,0 +1,45 @@
+#include "core/reports/SaveSynopsis.h"
+
+#include "core/infra/CodePage.h"
+#include "core/infra/NativeFile.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kLine = u"\r\n"_s;
+
+QString synopsisText(const ChapterRange& chapters) {
+  QString text = g_Project->Title + u" synopsis"_s + kLine + kLine;
+  for (qint32 number = chapters.first; number <= qMin(chapters.last, g_Project->ChapterCount()); ++number) {
+    const auto chapter = g_Project->ChapterByIndex(number);
+    if (chapter->Unused) {
+      continue;
+    }
+    text += kLine + chapter->Title + kLine + kLine;
+    Reports::eachUsedScene(*chapter, [&](const clsScene& scene, qint32 index, bool isLast) {
+      text += u"  %1.%2 "_s.arg(number).arg(index) + scene.DescText + kLine;
+      text += isLast ? QString() : kLine + u"* * *"_s + kLine + kLine;
+    });
+  }
+  return text;
+}
+
+/// Single bytes like all our text files; Unicode, marked as such, for a book whose letters those lack.
+QByteArray encoded(const QString& text) {
+  return CodePage::canEncode(text) ? CodePage::toBytes(text) : "\xEF\xBB\xBF" + text.toUtf8();
+}
+
+}  // namespace
+
+QString SaveSynopsis(const ChapterRange& chapters) {
+  const QString path = g_Project->Path() + u"Auto_Synopsis.txt"_s;
+  ReplacementFile file(path);
+  file.write(encoded(synopsisText(chapters)));
+  file.commit(ReplacementFile::Durability::OnDisk);
+  return path;
+}

@@ -1,0 +1,66 @@
+#include "core/reports/modPrintLists.h"
+
+#include "core/model/Globals.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsProject.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString titleOf(const QString& list) {
+  return g_Project->Title.isEmpty() ? list : g_Project->Title + u": "_s + list;
+}
+
+void printCharacter(PrintFlow& flow, const clsCharacter& character) {
+  const QString fullName = character.FullName.isEmpty() ? QString() : u" ("_s + character.FullName + u')';
+  flow.PrintBold(character.Title() + fullName);
+  flow.spacing();
+  const std::pair<QString, const QString&> fields[] = {{u"Desc: "_s, character.DescText},
+                                                       {u"Bio: "_s, character.Bio},
+                                                       {u"Goals: "_s, character.Goals},
+                                                       {u"Notes: "_s, character.Notes}};
+  for (const auto& [label, field] : fields) {
+    flow.PrintBold(label);
+    flow.PrintText(field);
+    flow.spacing();
+  }
+}
+
+/// A line for each thing of a collection.
+template <class Things>
+PrintDocument printTitles(const ReportJob& job, const Things& things, const QString& title) {
+  PrintFlow flow(job.measure, job.state);
+  flow.newNumberedPage();
+  for (const auto& thing : things) {
+    flow.PrintText(thing->Title);
+    flow.spacing();
+  }
+  return Reports::finished(title, flow);
+}
+
+}  // namespace
+
+PrintDocument PrintCharList(const ReportJob& job) {
+  PrintFlow flow(job.measure, job.state);
+  flow.newNumberedPage();
+  qint32 done = 0;
+  for (const auto& character : g_Project->Chars) {
+    job.progress.step(u"Laying out character "_s, ++done);
+    if (done > 1) {
+      flow.blankLine();
+    }
+    printCharacter(flow, *character);
+  }
+  return Reports::finished(titleOf(u"Characters"_s), flow);
+}
+
+PrintDocument PrintLocationList(const ReportJob& job) {
+  return printTitles(job, g_Project->Locations, titleOf(u"Locations"_s));
+}
+
+PrintDocument PrintItemList(const ReportJob& job) {
+  return printTitles(job, g_Project->Items, titleOf(u"Items"_s));
+}

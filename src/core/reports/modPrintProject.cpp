@@ -1,0 +1,109 @@
+#include "core/reports/modPrintProject.h"
+
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kLine = u"\r\n"_s;
+constexpr double kChapterTop = 1200;
+constexpr double kDetailsSmaller = 2;
+constexpr double kSmallestPoints = 4;
+constexpr int kRatings = 4;
+
+QString ruler(const QString& name, int dashesBehind) {
+  return QString(10, u'-') + name + QString(dashesBehind, u'-') + kLine;
+}
+
+QString sceneBlock(clsScene& scene) {
+  QString block = u"Viewpoint: "_s + scene.ViewPointChar()->Title() + kLine;
+  for (int i = 1; i <= kRatings; ++i) {
+    block += g_Project->FieldTitle(i) + u": "_s + QString::number(scene.Field(i)) + kLine;
+  }
+  block += u"Goal: "_s + scene.Goal + kLine;
+  block += u"Conflict: "_s + scene.Conflict + kLine;
+  block += u"Outcome: "_s + scene.Outcome + kLine;
+  block += u"Details: "_s + (scene.Status > 0 ? g_StatusNames.value(scene.Status) : QString()) + kLine;
+  block += u"Description: "_s + kLine + kLine;
+  block += (scene.DescText.isEmpty() ? u"None"_s : scene.DescText) + kLine + kLine;
+  block += ruler(u"Content"_s, 60);
+  block += scene.ConvertedToBodyText() + kLine;
+  return block + ruler(u"End Content"_s, 56);
+}
+
+QString manuscriptOf(const clsChapter& chapter) {
+  QString text;
+  Reports::eachUsedScene(chapter, [&text](clsScene& scene, qint32, bool isLast) {
+    text += scene.ConvertedToBodyText();
+    if (!isLast) {
+      text += kLine + kLine + u"* * *"_s + kLine + kLine;
+    }
+  });
+  return text;
+}
+
+void printDetails(PrintFlow& flow, const clsChapter& chapter) {
+  const PrintFont before = flow.font;
+  flow.font.points = qMax(kSmallestPoints, before.points - kDetailsSmaller);
+  flow.doubleSpaced = false;
+  flow.oneAndHalf = false;
+  for (qint32 i = 1; i <= chapter.SceneCount(); ++i) {
+    PrintScene(flow, *chapter.SceneByIndex(i));
+  }
+  flow.font = before;
+}
+
+QString titleOf(const QString& part) {
+  return g_Project->Title.isEmpty() ? part : g_Project->Title;
+}
+
+}  // namespace
+
+void PrintScene(PrintFlow& flow, clsScene& scene) {
+  flow.PrintPage(sceneBlock(scene), scene.Title);
+}
+
+void PrintChapter(PrintFlow& flow, const clsChapter& chapter, bool details) {
+  if (details) {
+    printDetails(flow, chapter);
+    return;
+  }
+  flow.newPage();
+  flow.moveTo(kChapterTop);
+  flow.PrintCentred(chapter.Title);
+  flow.blankLine();
+  flow.blankLine();
+  flow.PrintText(manuscriptOf(chapter), true);
+}
+
+PrintDocument PrintProject(const ReportJob& job) {
+  PrintFlow flow(job.measure, job.state);
+  Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) { PrintChapter(flow, chapter, job.details); });
+  return Reports::finished(titleOf(u"Manuscript"_s), flow);
+}
+
+PrintDocument PrintChapters(const ReportJob& job, const QList<qint32>& chapterIDs) {
+  PrintFlow flow(job.measure, job.state);
+  qint32 done = 0;
+  for (const qint32 id : chapterIDs) {
+    job.progress.step(u"Laying out chapter "_s, ++done);
+    PrintChapter(flow, *g_Project->ChapterByID(id), job.details);
+  }
+  return Reports::finished(titleOf(u"Chapters"_s), flow);
+}
+
+PrintDocument PrintScenes(const ReportJob& job, const QList<qint32>& sceneIDs) {
+  PrintFlow flow(job.measure, job.state);
+  qint32 done = 0;
+  for (const qint32 id : sceneIDs) {
+    job.progress.step(u"Laying out scene "_s, ++done);
+    PrintScene(flow, *g_Project->SceneByID(id));
+  }
+  return Reports::finished(sceneIDs.size() == 1 ? g_Project->SceneByID(sceneIDs.front())->Title : titleOf(u"Scenes"_s),
+                           flow);
+}

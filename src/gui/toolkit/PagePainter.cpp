@@ -1,0 +1,71 @@
+#include "gui/toolkit/PagePainter.h"
+
+#include "gui/toolkit/PdfFile.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kLineWidth = 10;
+
+void paintTexts(QPainter& painter, const PrintedPage& page) {
+  PrintFont current;
+  double ascent = 0;
+  bool first = true;
+  for (const PlacedText& placed : page.texts) {
+    if (first || !(placed.font == current)) {
+      first = false;
+      current = placed.font;
+      painter.setFont(PagePainter::fontOf(current));
+      ascent = QFontMetricsF(painter.font(), painter.device()).ascent();
+    }
+    painter.drawText(QPointF(placed.x, placed.y + ascent), placed.text);
+  }
+}
+
+}  // namespace
+
+void PagePainter::paint(QPainter& painter, const PrintedPage& page) {
+  painter.setPen(QPen(Qt::black, kLineWidth));
+  for (const PlacedLine& line : page.lines) {
+    painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
+  }
+  for (const PlacedPicture& picture : page.pictures) {
+    painter.drawImage(QRectF(picture.x, picture.y, picture.width, picture.height), QImage::fromData(picture.png));
+  }
+  paintTexts(painter, page);
+}
+
+QFont PagePainter::fontOf(const PrintFont& font) {
+  constexpr double kTwipsPerPoint = 20;
+  QFont result(font.name);
+  result.setPixelSize(qMax(1, qRound(font.points * kTwipsPerPoint)));
+  result.setBold(font.bold);
+  result.setHintingPreference(QFont::PreferNoHinting);
+  return result;
+}
+
+QtTextMeasure::QtTextMeasure() : device_(&nowhere_) {
+  PdfFile::prepare(device_, PaperSize::a4());
+}
+
+double QtTextMeasure::width(QStringView text, const PrintFont& font) const {
+  return metricsOf(font).horizontalAdvance(text.toString());
+}
+
+double QtTextMeasure::lineHeight(const PrintFont& font) const {
+  return metricsOf(font).lineSpacing();
+}
+
+const QFontMetricsF& QtTextMeasure::metricsOf(const PrintFont& font) const {
+  const auto known = std::find_if(known_.begin(), known_.end(), [&](const Known& one) { return one.font == font; });
+  if (known != known_.end()) {
+    return known->metrics;
+  }
+  return known_.emplace_back(Known{font, QFontMetricsF(PagePainter::fontOf(font), &device_)}).metrics;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "gui/toolkit/cSharedPrinter.h"
+
+class QPrinter;
+
+/// The printers of the system that the program runs on.
+class QtPrinters : public PrinterSystem {
+ public:
+  QtPrinters();
+  ~QtPrinters() override;
+
+  QStringList names() const override;
+  QString defaultName() const override;
+  QString choose(const QString& current) override;
+  std::unique_ptr<PrintTarget> open(const QString& name) override;
+
+ private:
+  /// As it was set up in the dialog: the copies, and what the printer has besides.
+  std::shared_ptr<QPrinter> printer_;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/model/StoryMoves.h"
+#include "core/reports/PrintReport.h"
+
+#include <QList>
+#include <QString>
+
+/// A report that is to be printed.
+struct PrintOrder {
+  /// Under this key the printer of such reports is remembered.
+  QString key;
+  QString prompt;
+  /// What a PDF file of it is called at first.
+  QString name;
+  ReportLayout report;
+  ChapterRange chapters = {};
+  /// The printer window asks whether to print the scenes' details.
+  bool offersDetails = false;
+};
+
+/// Asks for the printer; the one that is chosen is the one in use then. Throws the error of a cancelled print when the
+/// user chooses none. True when details are wanted too.
+bool SelectPrinter(const PrintOrder& order);
+
+/// The whole way from the choice of the printer to the paper, with a look at the pages on the way where the user wants
+/// one. What fails is told. True when it was printed.
+bool printReport(const PrintOrder& order);
+
+/// The same for these scenes.
+bool printScenes(const QList<qint32>& sceneIDs);
+/// The same for all characters, locations or items.
+bool printCast(CastKind kind);
+
+/// What a file of a report of this book may be called, without an extension.
+QString printFileName(const QString& report);

@@ -1,0 +1,142 @@
+#include "core/layout/PrintFlow.h"
+
+#include "core/infra/Clock.h"
+#include "support/SquareLetters.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr PaperSize kPaper = PaperSize::a4();
+
+class PrintFlowTest : public ::testing::Test {
+ protected:
+  static PrintState state(bool doubleSpaced = false, bool oneAndHalf = false) {
+    return {doubleSpaced, oneAndHalf, 10, u"Square"_s};
+  }
+  static QString lines(int count) {
+    QStringList all;
+    for (int i = 1; i <= count; ++i) {
+      all.append(u"line "_s + QString::number(i));
+    }
+    return all.join(u"\r\n"_s);
+  }
+  static const PlacedText& textAt(const PrintedPage& page, const QString& text) {
+    for (const PlacedText& placed : page.texts) {
+      if (placed.text == text) {
+        return placed;
+      }
+    }
+    throw std::runtime_error("no such text on the page: " + text.toStdString());
+  }
+
+  SquareLetters measure_;
+};
+
+}  // namespace
+
+TEST_F(PrintFlowTest, TurnsPagesAndNumbersThem) {
+  PrintFlow flow(measure_, state());
+  flow.newPage();
+  flow.moveTo(1200);
+  flow.PrintText(lines(150), true);
+  flow.newPage();
+  flow.moveTo(1200);
+  flow.PrintText(u"last"_s, true);
+  const auto pages = flow.takePages();
+  ASSERT_EQ(pages.size(), 4);
+  EXPECT_EQ(textAt(pages[0], u"line 1"_s).y, 1200);
+  EXPECT_EQ(textAt(pages[0], u"line 1"_s).x, 600);
+  // 200 to a line; a line that begins below 15238 turns the page.
+  EXPECT_EQ(textAt(pages[0], u"line 71"_s).y, 15200);
+  EXPECT_EQ(textAt(pages[1], u"line 72"_s).y, 650);
+  for (int i = 0; i < 4; ++i) {
+    const PlacedText& number = textAt(pages[i], QString::number(i + 1));
+    EXPECT_EQ(number.y, kPaper.height - 900);
+    EXPECT_EQ(number.x, (kPaper.width - 100) / 2.0);
+  }
+}
+
+TEST_F(PrintFlowTest, LeavesTheRoomThatWasChosen) {
+  const struct {
+    bool doubled, oneAndHalf;
+    double step;
+  } cases[] = {{false, false, 200}, {false, true, 300}, {true, false, 400}, {true, true, 400}};
+  for (const auto& one : cases) {
+    PrintFlow flow(measure_, state(one.doubled, one.oneAndHalf));
+    flow.PrintText(u"a\r\nb\nc"_s);
+    const auto pages = flow.takePages();
+    EXPECT_EQ(textAt(pages[0], u"c"_s).y - textAt(pages[0], u"a"_s).y, 2 * one.step);
+  }
+}
+
+TEST_F(PrintFlowTest, CentresTheSceneSeparator) {
+  PrintFlow flow(measure_, state());
+  flow.PrintText(u"a\r\n  * * *  \r\nnow * * * too\r\nb"_s);
+  const auto pages = flow.takePages();
+  EXPECT_EQ(textAt(pages[0], u"* * *"_s).x, (kPaper.width - 500) / 2.0);
+  EXPECT_EQ(textAt(pages[0], u"now * * * too"_s).x, (kPaper.width - 1300) / 2.0);
+}
+
+TEST_F(PrintFlowTest, BeginsNoTextInTheLastLinesOfAPage) {
+  for (const double y : {14438.0, 14439.0}) {
+    PrintFlow flow(measure_, state());
+    flow.PrintText(u"first"_s);
+    flow.moveTo(y);
+    flow.PrintText(u"next"_s);
+    EXPECT_EQ(flow.takePages().size(), y > 14438 ? 2 : 1);
+  }
+  PrintFlow heading(measure_, state());
+  heading.PrintText(u"first"_s);
+  heading.moveTo(14438);
+  heading.PrintBold(u"Heading"_s);
+  heading.PrintText(u"its text"_s);
+  EXPECT_EQ(textsOf(heading.takePages().at(1)).mid(1), (QStringList{u"*Heading*"_s, u"its text"_s}));
+}
+
+TEST_F(PrintFlowTest, LeavesNoPageEmpty) {
+  PrintFlow flow(measure_, state());
+  flow.PrintText(lines(72) + u"\r\n"_s, true);
+  flow.newPage();
+  EXPECT_EQ(flow.takePages().size(), 1);
+  PrintFlow none(measure_, state());
+  none.newNumberedPage();
+  none.PrintText(QString());
+  EXPECT_TRUE(none.takePages().empty());
+}
+
+TEST_F(PrintFlowTest, PrintsHeaderAndFooterOnEveryPage) {
+  Clock::set(QDateTime(QDate(2026, 3, 5), QTime(14, 7)));
+  PrintFlow flow(measure_, state());
+  flow.PrintPage(lines(100), u"The Letter"_s);
+  flow.PrintPage(u"b"_s, QString(400, u'x'));
+  Clock::set({});
+  const auto pages = flow.takePages();
+  ASSERT_EQ(pages.size(), 3);
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(textAt(pages[i], u"The Letter"_s).x, (kPaper.width - 800) / 2.0 - 500);
+    const PlacedText& number = textAt(pages[i], u"Page: %1"_s.arg(i + 1));
+    EXPECT_EQ(number.x, kPaper.width - 7 * 80 - 1200);
+    EXPECT_EQ(number.y, 200);
+    EXPECT_EQ(number.font, (PrintFont{u"Arial"_s, 8, false}));
+    const PlacedText& footer = textAt(pages[i], u"Printed 05-Mar-2026, 14:07"_s);
+    EXPECT_EQ(footer.y, kPaper.height - 1100);
+    EXPECT_EQ(footer.font, (PrintFont{u"Square"_s, 7, false}));
+  }
+  EXPECT_EQ(textAt(pages[0], u"   line 1"_s).x, 500);
+  EXPECT_EQ(textAt(pages[0], u"   line 1"_s).y, 650);
+  const PlacedText& longTitle = pages[2].texts.front();
+  EXPECT_LE(longTitle.x + measure_.width(longTitle.text, longTitle.font), textAt(pages[2], u"Page: 3"_s).x);
+}
+
+TEST_F(PrintFlowTest, BreaksRunsBetweenWords) {
+  PrintFlow flow(measure_, state());
+  const QString filler = QString(90, u'x');
+  flow.PrintRuns({{u"bold "_s, true}, {filler + u' ', false}, {u"pushed over"_s, true}});
+  const auto pages = flow.takePages();
+  EXPECT_EQ(textsOf(pages[0]), (QStringList{u"*bold *"_s, filler + u' ', u"*pushed*"_s, u"*over*"_s}));
+  EXPECT_EQ(textAt(pages[0], u"over"_s).x, 600);
+  EXPECT_EQ(textAt(pages[0], u"over"_s).y, textAt(pages[0], u"pushed"_s).y + 200);
+}

@@ -1,0 +1,110 @@
+#include "gui/toolkit/PdfFile.h"
+
+#include "core/infra/RuntimeError.h"
+#include "core/layout/PrintFlow.h"
+#include "support/FailingDisk.h"
+#include "support/SampleProject.h"
+#include "support/SquareLetters.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What one of the programs that read PDF files says; empty where it isn't there.
+QString outputOf(const QString& program, const QStringList& arguments) {
+  const QString path = QStandardPaths::findExecutable(program);
+  if (path.isEmpty()) {
+    return {};
+  }
+  QProcess process;
+  process.start(path, arguments);
+  process.waitForFinished();
+  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError();
+  return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+class PdfFileTest : public ::testing::Test {
+ protected:
+  QString path() const { return folder_.path(u"Book.pdf"_s); }
+  PrintDocument document(const QString& text) const {
+    PrintFlow flow(measure_, {false, false, 12, u"Liberation Serif"_s});
+    flow.newNumberedPage();
+    flow.PrintText(text);
+    return {u"Тайна & \"Letters\""_s, u"N. Öbody (ed.)"_s, flow.paper(), flow.takePages()};
+  }
+
+  ScratchFolder folder_;
+  CountedProgress progress_;
+  QtTextMeasure measure_;
+};
+
+}  // namespace
+
+TEST_F(PdfFileTest, HoldsRealTextWithItsFontsTitleAndAuthor) {
+  PdfFile(path()).print(document(u"The tide was out. Прилив, Ελλάδα.\r\n"_s.repeated(90)), progress_);
+  EXPECT_EQ(progress_.steps, (QStringList{u"Writing page 1"_s, u"Writing page 2"_s}));
+  const QString info = outputOf(u"pdfinfo"_s, {path()});
+  if (info.isEmpty()) {
+    GTEST_SKIP() << "no program here reads PDF files";
+  }
+  for (const QString& line : {u"Тайна & \"Letters\""_s, u"N. Öbody (ed.)"_s, u"(A4)"_s, u"Pages:           2"_s}) {
+    EXPECT_TRUE(info.contains(line)) << info;
+  }
+  const QString text = outputOf(u"pdftotext"_s, {u"-layout"_s, path(), u"-"_s});
+  EXPECT_EQ(text.count(u"The tide was out. Прилив, Ελλάδα."_s), 90);
+  const QStringList fonts = outputOf(u"pdffonts"_s, {path()}).split(u'\n', Qt::SkipEmptyParts).mid(2);
+  EXPECT_FALSE(fonts.isEmpty());
+  for (const QString& font : fonts) {
+    // Embedded first, mapped to letters last.
+    EXPECT_TRUE(font.contains(QRegularExpression(u" yes +(yes|no) +yes "_s))) << font;
+  }
+}
+
+TEST_F(PdfFileTest, PutsEachTextWhereItWasPlaced) {
+  PrintDocument drawn{u"Places"_s, {}, PaperSize::a4(), {}};
+  drawn.pages.push_back(
+      {{{2880, 1440, u"here"_s, {u"Liberation Serif"_s, 12, false}}}, {{1440, 7200, 4320, 7200}}, {}});
+  PdfFile(path()).print(drawn, progress_);
+  const QString boxes = outputOf(u"pdftotext"_s, {u"-bbox"_s, path(), u"-"_s});
+  if (boxes.isEmpty()) {
+    GTEST_SKIP() << "no program here reads PDF files";
+  }
+  const auto number = [&](const QString& name) {
+    const qsizetype at = boxes.indexOf(name + u"=\""_s, boxes.indexOf(u"<word"_s)) + name.size() + 2;
+    return boxes.mid(at, boxes.indexOf(u'"', at) - at).toDouble();
+  };
+  EXPECT_NEAR(number(u"xMin"_s), 144, 0.5);
+  EXPECT_NEAR(number(u"yMin"_s), 72, 2);
+  EXPECT_NEAR((number(u"xMax"_s) - number(u"xMin"_s)) * 20, measure_.width(u"here", drawn.pages[0].texts[0].font), 12);
+  outputOf(u"pdftoppm"_s, {u"-r"_s, u"72"_s, u"-png"_s, u"-singlefile"_s, path(), folder_.path(u"page"_s)});
+  const QImage picture(folder_.path(u"page.png"_s));
+  EXPECT_LT(qGray(picture.pixel(150, 360)), 200);
+  EXPECT_GT(qGray(picture.pixel(150, 370)), 200);
+}
+
+TEST_F(PdfFileTest, LeavesWhatStoodThereWhenItIsStoppedOrTheDiskIsFull) {
+  struct Stopped : PrintProgress {
+    void step(const QString&, qint32 number) override {
+      if (number == 2) {
+        throw RuntimeError(RuntimeError::InvalidCall);
+      }
+    }
+  } stopped;
+  writeFile(path(), "the older one");
+  EXPECT_THROW(PdfFile(path()).print(document(u"line\n"_s.repeated(99)), stopped), RuntimeError);
+  if (FailingDisk::available()) {
+    const FailingDisk disk(2000);
+    EXPECT_THROW(PdfFile(path()).print(document(u"line\n"_s.repeated(99)), progress_), RuntimeError);
+  }
+  EXPECT_EQ(fileBytes(path()), "the older one");
+  EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden), QStringList(u"Book.pdf"_s));
+}
