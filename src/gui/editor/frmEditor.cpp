@@ -31,6 +31,7 @@
 #include <QEventLoop>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -275,8 +276,12 @@ void frmEditor::ShowModal() {
   setWindowModality(Qt::ApplicationModal);
   setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
   Show();
-  // The window may have deleted itself when this returns.
+  // The window may have deleted itself when this returns, and an end of the program ends the loop by itself.
+  const QPointer<frmEditor> alive(this);
   loop.exec();
+  if (alive) {
+    modalLoop_ = nullptr;
+  }
 }
 
 void frmEditor::Unload() {

@@ -190,6 +190,26 @@ TEST_F(ShutDownTest, EndedByTheSystemOverTheListWindowItKeepsWhatWasDoneThere) {
   }
 }
 
+TEST_F(ShutDownTest, EndedByTheSystemItSavesANewSceneThatIsBeingWritten) {
+  const QString path = smallProject();
+  startWith(path);
+  sceneAt(1)->Edit();
+  QAction& insert = childOf<QAction>(openEditor(), u"mnuInsertScene"_s);
+  const WhenModal whenUp([this](QWidget& editor) {
+    QTest::keyClicks(&childOf<RichTextBox>(editor, u"txtMain"_s), u"words of a new scene"_s);
+    window().EndAtOnce();
+    QCoreApplication::exit();
+  });
+  insert.trigger();
+  ASSERT_EQ(ended, 1);
+  const auto files = filesBelow(QFileInfo(path).path());
+  const auto written = std::find_if(files.begin(), files.end(), [](const QByteArray& text) {
+    return text.startsWith("{\\rtf") && text.contains("words of a new scene");
+  });
+  ASSERT_NE(written, files.end());
+  EXPECT_TRUE(fileBytes(path).contains("RTF_00006.rtf")) << "the book names it";
+}
+
 TEST_F(ShutDownTest, EndedByTheSystemItKeepsABookThatHasNoPlaceAndSaysSoAtTheNextStart) {
   const QString path = smallProject();
   startWith(path);
