@@ -201,6 +201,9 @@ TEST_F(ShutDownTest, EndedByTheSystemItSavesANewSceneThatIsBeingWritten) {
     QCoreApplication::exit();
   });
   insert.trigger();
+  // Behind this the program's loops run again.
+  QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+  QCoreApplication::exec();
   ASSERT_EQ(ended, 1);
   const auto files = filesBelow(QFileInfo(path).path());
   const auto written = std::find_if(files.begin(), files.end(), [](const QByteArray& text) {
