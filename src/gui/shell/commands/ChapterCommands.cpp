@@ -15,6 +15,7 @@
 #include "gui/shell/main/frmMain.h"
 #include "gui/views/ListView.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -199,10 +200,14 @@ void ChapterCommands::mnuRemoveChapter_Click() {
   if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters), question)) {
     return;
   }
+  const qint32 place = g_Project->Chapters.ChapterIndex(chapters.front()->ID());
   for (const auto& chapter : chapters) {
     removeWithScenes(*chapter);
   }
   main_.ProjectChanged = true;
   main_.session().saveChange();
   main_.RefreshAll();
+  // Where the writer was: at the top the next Delete would ask for another one.
+  main_.panes().chapters().SelectChapter(g_Project->Chapters.ChapterID(std::min(place, g_Project->ChapterCount())));
+  main_.panes().FillSceneList(0);
 }

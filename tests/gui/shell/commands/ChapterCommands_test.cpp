@@ -209,6 +209,7 @@ TEST_F(ChapterCommandsTest, NoChapterIsRemovedWhileASceneIsInAnEditor) {
   toolkit.expectBox(kRemove, Answer::Yes);
   pressDelete();
   EXPECT_EQ(titles(), QStringList({u"Arrival"_s, u"Cut scenes"_s}));
+  EXPECT_EQ(list("ListChapters").SelectedRow(), 1) << "the next one takes its place";
 }
 
 TEST_F(ChapterCommandsTest, WithoutAChapterNothingHappens) {
