@@ -7,9 +7,8 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
-#include "gui/shell/MainWindow.h"
-#include "gui/shell/RowDrag.h"
-#include "gui/shell/ShadowBook.h"
+#include "gui/shell/CastSteps.h"
+#include "gui/shell/SearchSteps.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/ModalHelper.h"
 #include "support/Required.h"
@@ -17,19 +16,11 @@
 #include "support/WaitFor.h"
 
 #include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialog>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
-
-#include <random>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -37,8 +28,10 @@ namespace {
 
 using IDs = ShadowBook::IDs;
 
-constexpr std::array kCast{"ListChar(0)", "ListLoc(0)", "ListItems(0)"};
-constexpr std::array kAllCast{"ListChar(1)", "ListLoc(1)", "ListItems(1)"};
+IDs sorted(IDs ids) {
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
 
 /// The lines that only one of the two has; empty where they are the same.
 std::string difference(const QStringList& shown, const QStringList& told) {
@@ -49,11 +42,6 @@ std::string difference(const QStringList& shown, const QStringList& told) {
     }
   }
   return (found.isEmpty() && shown != told ? u"another order"_s : found.join(u'\n')).toStdString();
-}
-
-IDs sorted(IDs ids) {
-  std::sort(ids.begin(), ids.end());
-  return ids;
 }
 
 /// Tag, cells with the colours of those that have one, and what the row says of itself.
@@ -73,10 +61,11 @@ QStringList shownRows(ListView& list) {
 
 }  // namespace
 
-class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<unsigned> {
+class RandomWalkTest : public CastSteps, public SearchSteps, public ::testing::WithParamInterface<unsigned> {
  protected:
   void SetUp() override {
-    ShellTest::SetUp();
+    WalkedBook::SetUp();
+    random_.seed(GetParam());
     path_ = smallProject();
     startWith(path_);
     for (int i = 4; i <= 7; ++i) {
@@ -162,50 +151,6 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
   }
 
  private:
-  int below(qsizetype limit) {
-    return static_cast<int>(random_() % static_cast<size_t>(std::max<qsizetype>(limit, 1)));
-  }
-  bool oneIn(int chances) { return below(chances) == 0; }
-  QString someWords() {
-    QStringList words;
-    for (int count = below(6); count > 0; --count) {
-      words += QString(1 + below(7), QChar(u'a' + below(26)));
-    }
-    return words.join(u' ');
-  }
-
-  ListView& chapters() { return list("ListChapters"); }
-  ListView& scenes() { return list("ListScenes"); }
-  QString memo(const char* name) { return control<QPlainTextEdit>(name).toPlainText(); }
-  /// Clicks so many rows, fewer where there aren't so many. What is selected then, in the order of the list.
-  IDs select(ListView& list, int count) {
-    std::set<int> rows;
-    while (static_cast<int>(rows.size()) < std::min(count, list.rowCount())) {
-      const int row = below(list.rowCount());
-      if (rows.insert(row).second) {
-        click(list, row, rows.size() == 1 ? Qt::NoModifier : Qt::ControlModifier);
-      }
-    }
-    return list.SelectedTags();
-  }
-  void press(ListView& list, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    list.setFocus();
-    QTest::keyClick(&list, key, modifiers);
-  }
-  /// Chooses the entry where its menu offers it.
-  void choose(const char* menu, const QByteArray& entry) {
-    Q_EMIT control<QMenu>(menu).aboutToShow();
-    if (isEnabled(entry.constData())) {
-      trigger(entry.constData());
-    }
-  }
-  void tick() { QMetaObject::invokeMethod(&control<QTimer>("TimerScanScenes"), "timeout"); }
-  /// Back from an editor that has closed; what it saved is seen at the next scan.
-  void comeBack() {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(waitUntilActive(window()));
-    tick();
-  }
   std::shared_ptr<clsScene> addScene(clsChapter& chapter) {
     const auto scene = std::make_shared<clsScene>();
     scene->Title = u"Scene "_s + someWords();
@@ -278,114 +223,6 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     if (drag_.drop(chapters(), chapters(), row)) {
       book_.moveChapters(moved, target);
       EXPECT_TRUE(moved.contains(chapters().SelectedTag()));
-    }
-  }
-
-  void dragCast() {
-    const auto kind = static_cast<size_t>(below(3));
-    control<QTabWidget>("TabStrip1").setCurrentIndex(static_cast<int>(kind) + 2);
-    const IDs selected = select(scenes(), 1 + below(3));
-    ListView& from = list(oneIn(3) ? kCast.at(kind) : kAllCast.at(kind));
-    ListView& all = list(kAllCast.at(kind));
-    ListView& to = oneIn(2) ? scenes() : oneIn(2) ? all : list(kCast.at(kind));
-    // On the scenes that are selected, wherever among them it is dropped.
-    const IDs changed = &to == &scenes() ? selected : IDs{scenes().SelectedTag()};
-    const IDs dragged = select(from, 1 + below(2));
-    EXPECT_FALSE(drag_.drop(from, list(kAllCast.at((kind + 1) % kAllCast.size())), -1));
-    EXPECT_EQ(drag_.drop(from, to, to.rowCount() - 1), !dragged.isEmpty());
-    for (const qint32 id : dragged.isEmpty() ? IDs() : changed) {
-      book_.changeCast(id, kind, dragged, &to != &all);
-    }
-  }
-
-  /// Chooses in the list window, from the menu.
-  void addCast() {
-    constexpr std::array kEntries{"mnuAddCharToScene", "mnuAddLocToCurrentScene", "mnuAddItemToCurrentScene"};
-    const auto kind = static_cast<size_t>(below(3));
-    const IDs scene = select(scenes(), 1);
-    const bool sure = !oneIn(4);
-    IDs chosen;
-    if (scene.isEmpty()) {
-      toolkit.expectBox(u"Select a scene first"_s);
-      trigger(kEntries.at(kind));
-      return;
-    }
-    const WhenModal whenUp([&](QWidget& form) {
-      chosen = select(childOf<ListView>(form, u"ListItems"_s), 1 + below(3));
-      childOf<QPushButton>(form, sure ? u"cmdOK"_s : u"cmdCancel"_s).click();
-    });
-    trigger(kEntries.at(kind));
-    if (sure) {
-      book_.changeCast(scene.first(), kind, chosen, true);
-    }
-  }
-
-  /// Removes what is selected in the scene, or makes another character its viewpoint.
-  void takeCastOut() {
-    constexpr std::array kEntries{"mnuRemoveCharFromScene", "mnuRemoveLocation", "mnuRemoveItem"};
-    const auto kind = static_cast<size_t>(below(3));
-    const qint32 scene = select(scenes(), 1).value(0);
-    control<QTabWidget>("TabStrip1").setCurrentIndex(static_cast<int>(kind) + 2);
-    const IDs selected = select(list(kCast.at(kind)), 1 + below(2));
-    if (selected.isEmpty()) {
-      return;
-    }
-    if (kind == 0 && oneIn(2)) {
-      const qint32 narrator = list(kCast[0]).SelectedTag();
-      IDs& cast = book_.scenes[scene].cast[0];
-      cast.move(cast.indexOf(narrator), 0);
-      trigger("mnuSetVP");
-    } else if (kind == 0 && scene == book_.open) {
-      toolkit.expectBox(u"Cannot change scene, it's being edited."_s);
-      trigger(kEntries[0]);
-    } else {
-      trigger(kEntries.at(kind));
-      book_.changeCast(scene, kind, selected, false);
-    }
-  }
-
-  /// Deletes, moves or enters one in the window of its kind.
-  void manageCast() {
-    constexpr std::array kEntries{"mnuEditChar", "mnuAddLocation", "mnuAddItem"};
-    const auto kind = static_cast<size_t>(below(3));
-    const WhenModal whenUp([&](QWidget& form) {
-      auto& rows = childOf<ListView>(form, u"ListItems"_s);
-      if (rows.rowCount() < 3 || oneIn(4)) {
-        enterNew(form, kind);
-      } else if (const qint32 id = select(rows, 1).value(0); oneIn(2)) {
-        remove(form, kind, id);
-      } else if (const int other = rows.SelectedRow() + 1; kind > 0 && other < rows.rowCount()) {
-        press(rows, Qt::Key_Down, Qt::AltModifier);
-        EXPECT_EQ(rows.tagAt(other), id);
-      }
-      childOf<QPushButton>(form, u"cmdCancel"_s).click();
-    });
-    trigger(kEntries.at(kind));
-  }
-
-  void enterNew(const QWidget& form, size_t kind) {
-    const qint32 id = book_.names.at(kind).isEmpty() ? 1 : book_.names.at(kind).lastKey() + 1;
-    const QString name = u"New "_s + someWords();
-    const WhenModal whenUp([&](QWidget& sheet) {
-      childOf<QLineEdit>(sheet, kind == 0 ? u"txtShortName"_s : u"txtTitle"_s).setText(name);
-      childOf<QPushButton>(sheet, u"cmdOK"_s).click();
-    });
-    childOf<QPushButton>(form, u"cmdAdd"_s).click();
-    book_.names.at(kind).insert(id, name);
-  }
-
-  void remove(const QWidget& form, size_t kind, qint32 id) {
-    const bool narrates = kind == 0 && book_.narratesSomewhere(id);
-    const bool sure = !oneIn(3);
-    if (narrates) {
-      toolkit.expectBox(u"You can't delete viewpoint characters."_s);
-    } else {
-      toolkit.expectBox(u"Are you sure you want to delete "_s + book_.names.at(kind).value(id),
-                        sure ? Answer::Yes : Answer::No);
-    }
-    childOf<QPushButton>(form, u"cmdDel"_s).click();
-    if (!narrates && sure) {
-      book_.removeCast(kind, id);
     }
   }
 
@@ -593,94 +430,7 @@ class RandomWalkTest : public ShellTest, public ::testing::WithParamInterface<un
     }
   }
 
-  /// A word or a part of one, most often of some scene.
-  QString someTerm() {
-    const ShadowBook::Scene scene = book_.scenes.values().value(below(book_.scenes.size()));
-    const QStringList words = (oneIn(4) ? someWords() : scene.text).split(u' ', Qt::SkipEmptyParts);
-    const QString word = words.value(below(words.size()), u"none"_s);
-    return word.left(1 + below(word.size()));
-  }
-
-  struct Hit {
-    qint32 scene;
-    qsizetype place;
-  };
-  QList<Hit> hitsOf(const QString& term) const {
-    QList<Hit> hits;
-    for (const qint32 chapter : book_.order) {
-      for (const qint32 id : book_.chapters[chapter].scenes) {
-        const QString& text = book_.scenes[id].text;
-        for (qsizetype at = text.indexOf(term); at >= 0; at = text.indexOf(term, at + 1)) {
-          hits.append({id, at});
-        }
-      }
-    }
-    return hits;
-  }
-
-  /// From the first chapter on, a few matches further, and one back.
-  void find() {
-    const QString term = someTerm();
-    const QList<Hit> hits = hitsOf(term);
-    trigger("mnuFind");
-    auto& dialog = childOf<QDialog>(window(), u"frmFind"_s);
-    childOf<QComboBox>(dialog, u"cmbFind"_s).setEditText(term);
-    const auto expectAt = [&](qsizetype wanted, const std::function<void()>& act) {
-      if (wanted < 0 || wanted >= hits.size()) {
-        toolkit.expectBox(u"No match"_s);
-        act();
-        return;
-      }
-      act();
-      EXPECT_EQ(scenes().SelectedTags(), IDs{hits[wanted].scene});
-      EXPECT_EQ(control<RichTextBox>("txtBody").SelStart(), hits[wanted].place);
-      EXPECT_EQ(control<RichTextBox>("txtBody").SelText(), term);
-    };
-    qsizetype at = 0;
-    expectAt(at, [&] { childOf<QPushButton>(dialog, u"cmdFind"_s).click(); });
-    dialog.close();
-    for (int further = below(5); further > 0 && at < hits.size(); --further) {
-      expectAt(++at, [&] { trigger("cmdFindNext"); });
-    }
-    if (at < hits.size()) {
-      qsizetype before = at - 1;
-      while (before >= 0 && hits[before].scene == hits[at].scene && hits[before].place + term.size() > hits[at].place) {
-        --before;
-      }
-      expectAt(before, [&] { trigger("mnuFindPrev"); });
-    }
-  }
-
-  void replace() {
-    const QString term = someTerm();
-    const QString with = someWords();
-    const bool minded = oneIn(2);
-    if (book_.open != 0 || (minded && term == with)) {
-      EXPECT_EQ(isEnabled("mnuGlobalReplace"), book_.open == 0);
-      return;
-    }
-    qsizetype count = 0;
-    for (ShadowBook::Scene& scene : book_.scenes) {
-      const QStringList parts = scene.text.split(term);
-      count += parts.size() - 1;
-      scene.text = parts.join(with);
-      scene.title = minded ? scene.title.replace(term, with) : scene.title;
-    }
-    trigger("mnuGlobalReplace");
-    auto& form = childOf<QDialog>(window(), u"frmGlobalReplace"_s);
-    childOf<QLineEdit>(form, u"txtLookfor"_s).setText(term);
-    childOf<QLineEdit>(form, u"txtReplaceWith"_s).setText(with);
-    childOf<QCheckBox>(form, u"chkCaseSensitive"_s).setChecked(minded);
-    toolkit.expectBox(u"Replaced %1 occurrences"_s.arg(QLocale().toString(count)));
-    childOf<QPushButton>(form, u"cmdOK"_s).click();
-    form.close();
-    comeBack();
-  }
-
-  ShadowBook book_;
   QString path_;
-  RowDrag drag_;
-  std::mt19937 random_{GetParam()};
 };
 
 TEST_P(RandomWalkTest, TheWindowShowsWhatTheBookIsAndItIsTheSameBookWhenItIsOpenedAgain) {
