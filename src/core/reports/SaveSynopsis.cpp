@@ -1,7 +1,6 @@
 #include "core/reports/SaveSynopsis.h"
 
-#include "core/infra/CodePage.h"
-#include "core/infra/NativeFile.h"
+#include "core/infra/WholeText.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -29,17 +28,10 @@ QString synopsisText(const ChapterRange& chapters) {
   return text;
 }
 
-/// Single bytes like all our text files; Unicode, marked as such, for a book whose letters those lack.
-QByteArray encoded(const QString& text) {
-  return CodePage::canEncode(text) ? CodePage::toBytes(text) : "\xEF\xBB\xBF" + text.toUtf8();
-}
-
 }  // namespace
 
 QString SaveSynopsis(const ChapterRange& chapters) {
   const QString path = g_Project->Path() + u"Auto_Synopsis.txt"_s;
-  ReplacementFile file(path);
-  file.write(encoded(synopsisText(chapters)));
-  file.commit(ReplacementFile::Durability::OnDisk);
+  WholeText::replaceFile(path, synopsisText(chapters));
   return path;
 }
