@@ -1,6 +1,8 @@
 #include "core/planning/WordTarget.h"
 
+#include "core/infra/Clock.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/cSharedDateSubs.h"
 #include "core/model/clsProject.h"
 
 #include <QLocale>
@@ -91,4 +93,17 @@ TargetFigures targetFigures(const TargetInput& input, qint32 today) {
   }
   share.perDay = rounded(static_cast<double>(share.left()) / days);
   return {days, share, u"You need to write %L1 more words"_s.arg(share.left())};
+}
+
+QString targetSummary(const clsProject& project, qint32 projectWords, qint32 today) {
+  const WordTarget target = WordTarget::of(project, today);
+  if (target.words == 0) {
+    return {};
+  }
+  const TargetFigures figures = targetFigures(
+      {target.startDate, target.endDate, double(target.startCount), double(target.words), projectWords}, today);
+  const QString what = figures.share ? u"%L1 words a day until "_s.arg(figures.share->perDay) +
+                                           Dates().ShortFormatDate(Clock::dateOf(target.endDate))
+                                     : figures.status;
+  return u"Daily word target: "_s + what;
 }

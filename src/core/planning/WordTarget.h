@@ -61,3 +61,6 @@ struct TargetFigures {
 
 /// Before its start a period counts with both its days; once it is running today doesn't count any more.
 TargetFigures targetFigures(const TargetInput& input, qint32 today);
+
+/// What the project's target asks for, in a line; nothing where it has none.
+QString targetSummary(const clsProject& project, qint32 projectWords, qint32 today);

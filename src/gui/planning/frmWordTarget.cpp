@@ -27,7 +27,7 @@ const QString kStartDate = u"Start date"_s;
 const QString kEndDate = u"End date"_s;
 constexpr int kDigits = 12;
 
-enum Column { kCaption, kValue, kBeside };
+enum Column { kCaption, kValue, kBeside, kRest };
 
 qint32 today() {
   return Clock::dayNumber(Clock::today());
@@ -139,7 +139,7 @@ void frmWordTarget::buildLayout() {
   addFigure(*grid, u"Number of days left:"_s, *lblNumDays);
   addFigure(*grid, u"Words to write per day:"_s, *lblWordsPerDay);
   addFigure(*grid, u"Total words at end date:"_s, *lblTotalWords);
-  grid->setColumnStretch(kBeside, 1);
+  grid->setColumnStretch(kRest, 1);
   grid->setHorizontalSpacing(fontMetrics().averageCharWidth() * 2);
 
   auto* const scale = new QHBoxLayout;
@@ -158,9 +158,11 @@ void frmWordTarget::buildLayout() {
   column->addSpacing(fontMetrics().lineSpacing() / 2);
   column->addWidget(Picture1);
   column->addLayout(scale);
+  column->addSpacing(fontMetrics().lineSpacing() / 2);
   column->addWidget(lblStatus);
   column->addStretch();
   column->addLayout(buttons);
+  adjustSize();
   restoreWindow(kBlock, *this);
 }
 

@@ -40,6 +40,7 @@ void SettingsCommands::mnuWordTarget_Click() {
   const frmWordTarget* const form = frmWordTarget::showOver(main_, target, g_Project->Wordcount(false));
   QObject::connect(form, &QDialog::accepted, &main_, guarded("cmdSave_Click", "frmWordTarget", [this, form] {
                      form->target().storeIn(*g_Project);
+                     main_.showTotal();
                      saveStored(u"word target is"_s);
                    }));
 }

@@ -1,8 +1,8 @@
 // The window of the daily word target: what it shows, its keys, and what becomes of what was typed.
 
 #include "core/infra/Clock.h"
-#include "core/infra/FolderLock.h"
 #include "core/infra/cSharedGetDate.h"
+#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/planning/TargetBar.h"
@@ -99,7 +99,7 @@ TEST_F(WordTargetTest, EachChangeIsWorkedOutAtOnce) {
   EXPECT_EQ(figures(), unknown(u"31"_s, u"Word count achieved"_s));
   type("txtEndCount", u"many"_s);
   EXPECT_EQ(figures(), unknown(u"31"_s, u"Words to Write must be a number"_s));
-  EXPECT_TRUE(logText().contains(u"frmWordTarget"_s));
+  EXPECT_TRUE(Logging().CurrentAction().contains(u"(13) in Recalc of module frmWordTarget"_s));
 }
 
 TEST_F(WordTargetTest, DatesAreChosenByKeysAndKeptOnCancel) {
@@ -131,6 +131,7 @@ TEST_F(WordTargetTest, SavingStoresTheFourAndEscapeNothing) {
   const QByteArray saved = fileBytes(path_);
   EXPECT_TRUE(saved.contains("<WordTarget>50000</WordTarget>") && saved.contains("2026-02-01")) << saved.left(2000);
   EXPECT_FALSE(window().ProjectChanged);
+  EXPECT_EQ(control<QLabel>("Totalwords").toolTip(), u"Daily word target: 1,613 words a day until 01/02/2026"_s);
   open();
   EXPECT_EQ(childOf<QLineEdit>(form(), u"txtEndCount"_s).text(), u"50000"_s);
   type("txtEndCount", u"none"_s);
