@@ -160,6 +160,7 @@ void frmWordTarget::buildLayout() {
   column->addLayout(scale);
   column->addSpacing(fontMetrics().lineSpacing() / 2);
   column->addWidget(lblStatus);
+  column->addSpacing(fontMetrics().lineSpacing() / 2);
   column->addStretch();
   column->addLayout(buttons);
   adjustSize();
