@@ -121,6 +121,7 @@ void frmWordTarget::addRow(QGridLayout& grid, const QString& caption, QWidget& c
 void frmWordTarget::addFigure(QGridLayout& grid, const QString& caption, QLabel& figure) {
   const int row = grid.rowCount();
   figure.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  figure.setAccessibleDescription(caption);
   auto* const label = makeLabel(figure.objectName() + u"Caption"_s, caption);
   label->setToolTip(figure.toolTip());
   grid.addWidget(label, row, kCaption);
