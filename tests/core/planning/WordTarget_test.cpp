@@ -1,9 +1,6 @@
 #include "core/planning/WordTarget.h"
 
-#include "core/model/Globals.h"
-#include "core/model/clsProject.h"
 #include "support/ErrorOf.h"
-#include "support/SampleProject.h"
 
 #include <gtest/gtest.h>
 
@@ -68,26 +65,6 @@ TEST(WordTarget, EachDayAsksForItsShareOfWhatIsLeft) {
   EXPECT_EQ(share.middle(), 3'000'000'000);
 }
 
-TEST(WordTarget, WhatCannotBeWorkedOutIsTold) {
-  struct Case {
-    std::optional<double> startCount;
-    std::optional<double> target;
-    qint32 now;
-    QString status;
-  };
-  for (const Case& known :
-       {Case{0, 0, 0, u"Need a TARGET word count"_s}, Case{0, {}, 0, u"Words to Write must be a number"_s},
-        Case{{}, 9, 0, u"Starting Count must be a number"_s},
-        // One word too many over many days comes to nothing a day, and is achieved all the same.
-        Case{0, 100, 101, u"Word count achieved"_s}}) {
-    const TargetFigures figures =
-        targetFigures({kToday, kToday + 9, known.startCount, known.target, known.now}, kToday);
-    EXPECT_EQ(figures.status, known.status);
-    EXPECT_EQ(figures.daysLeft, 10) << known.status;
-    EXPECT_FALSE(figures.share) << known.status;
-  }
-}
-
 TEST(WordTarget, NumbersAreReadAsTheyAreWritten) {
   EXPECT_EQ(typedNumber(u" 80,000 "_s), 80000);
   EXPECT_EQ(typedNumber({}), 0);
@@ -97,12 +74,4 @@ TEST(WordTarget, NumbersAreReadAsTheyAreWritten) {
     EXPECT_EQ(errorOf([&] { typedNumber(text); }), 13) << text;
   }
   EXPECT_EQ(errorOf([] { typedNumber(u"3000000000"_s); }), 6);
-}
-
-TEST(WordTarget, AProjectWithoutOneGetsThirtyDays) {
-  newProject();
-  EXPECT_EQ(WordTarget::of(*g_Project, kToday), (WordTarget{kToday, kToday + 30, 0, 0}));
-  const WordTarget stored{1, 2, 3, 4};
-  stored.storeIn(*g_Project);
-  EXPECT_EQ(WordTarget::of(*g_Project, kToday), stored);
 }

@@ -94,6 +94,8 @@ TEST_F(WordTargetTest, EachChangeIsWorkedOutAtOnce) {
   type("txtStartCount", u"20"_s);
   EXPECT_EQ(bar().text(), u"-11 words done (-24.4%)"_s);
   EXPECT_EQ(bar().share(), 0);
+  type("txtStartCount", u"x"_s);
+  EXPECT_EQ(figures(), unknown(u"31"_s, u"Starting Count must be a number"_s));
   type("txtStartCount", {});
   type("txtEndCount", u"8"_s);
   EXPECT_EQ(figures(), unknown(u"31"_s, u"Word count achieved"_s));
