@@ -64,16 +64,14 @@ PrintFlow::PrintFlow(const TextMeasure& measure, const PrintState& state, const 
 void PrintFlow::PrintText(const QString& text, bool firstPage) {
   furnitureAhead_ = [this] { printNumber(); };
   if (firstPage) {
-    page();
     printNumber();
   }
-  if (!text.isEmpty()) {
-    turnNearBottom();
+  if (text.isEmpty()) {
+    headings_.reset();
+    return;
   }
-  headings_.reset();
-  if (!text.isEmpty()) {
-    flow(text, textColumn());
-  }
+  beginText();
+  flow(text, textColumn());
 }
 
 void PrintFlow::PrintBold(const QString& text) {
@@ -95,8 +93,18 @@ void PrintFlow::PrintPage(const QString& text, const QString& title) {
 }
 
 void PrintFlow::PrintRuns(const QList<PrintRun>& runs, double x) {
-  const Column column = textColumn();
+  furnitureAhead_ = [this] { printNumber(); };
+  beginText();
+  flowRuns(runs, x);
+}
+
+void PrintFlow::PrintHeading(const QList<PrintRun>& runs, double x) {
   beginHeading();
+  flowRuns(runs, x);
+}
+
+void PrintFlow::flowRuns(const QList<PrintRun>& runs, double x) {
+  const Column column = textColumn();
   const double right = column.left + column.width;
   double at = x;
   for (const PrintRun& run : runs) {
@@ -206,6 +214,12 @@ void PrintFlow::turnNearBottom() {
   }
 }
 
+/// It ends its headings, once they are on one page.
+void PrintFlow::beginText() {
+  turnNearBottom();
+  headings_.reset();
+}
+
 void PrintFlow::beginHeading() {
   furnitureAhead_ = [this] { printNumber(); };
   turnNearBottom();
@@ -283,7 +297,9 @@ void PrintFlow::placeAt(double x, double y, const QString& text, const PrintFont
   page().texts.push_back({x, y, text, textFont});
 }
 
+/// Once on a page, however often it is asked for.
 void PrintFlow::printNumber() {
+  page();
   if (std::exchange(numbered_, true)) {
     return;
   }

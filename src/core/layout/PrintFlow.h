@@ -41,8 +41,10 @@ class PrintFlow {
   void PrintBold(const QString& text);
   /// Flows text over pages of its own, each with a header and a footer.
   void PrintPage(const QString& text, const QString& title);
-  /// A heading of runs one behind the other from x on, broken between words like text, and a line end.
+  /// Text of runs one behind the other from x on, broken between words, and a line end.
   void PrintRuns(const QList<PrintRun>& runs, double x = kTextLeft);
+  /// The same as a heading.
+  void PrintHeading(const QList<PrintRun>& runs, double x = kTextLeft);
   /// A title in the middle, in as many lines as it needs.
   void PrintCentred(const QString& text);
   /// The room that the chosen line spacing leaves after a paragraph.
@@ -90,10 +92,12 @@ class PrintFlow {
   Column textColumn() const;
   double bottom();
   void flow(const QString& text, const Column& column);
+  void flowRuns(const QList<PrintRun>& runs, double x);
   void flowParagraph(const QString& paragraph, const Column& column, bool isLast);
   void flushLine(QStringView line, const Column& column);
   void turnPage();
   void turnNearBottom();
+  void beginText();
   void beginHeading();
   void takeHeadingsAlong(const Headings& headings);
   void place(double x, QStringView text);

@@ -49,6 +49,10 @@ QString Reports::numberOf(qint32 chapter, qint32 scene) {
   return u"%1.%2"_s.arg(chapter).arg(scene);
 }
 
+QString Reports::titleOf(const QString& report) {
+  return g_Project->Title.isEmpty() ? report : g_Project->Title + u": "_s + report;
+}
+
 PrintDocument Reports::finished(const QString& title, PrintFlow& flow) {
   return {title, g_Project->AuthorName, flow.paper(), flow.takePages()};
 }

@@ -47,6 +47,8 @@ void eachUsedScene(const ReportJob& job, const clsChapter& chapter, const EachSc
 /// The number of a scene, as reports tell it.
 QString numberOf(qint32 chapter, qint32 scene);
 
+/// What a report of the whole book is called in the document itself.
+QString titleOf(const QString& report);
 /// The pages of the flow, of the book's author.
 PrintDocument finished(const QString& title, PrintFlow& flow);
 

@@ -41,11 +41,14 @@ QString statusOf(const clsScene& scene) {
 
 void printExpandedScene(PrintFlow& flow, clsScene& scene, qint32 number) {
   const double tab = PrintFlow::kTextLeft + 3 * flow.breaker().widthOf(u"x");
-  flow.PrintRuns({{u"Scene "_s, true},
-                  {QString::number(number) + u": "_s + counted(scene.Wordcount()) + statusOf(scene) + u", "_s, false},
-                  {scene.ViewPointChar()->Title(), true}},
-                 tab);
-  flow.PrintText(scene.Title);
+  flow.PrintHeading(
+      {{u"Scene "_s, true},
+       {QString::number(number) + u": "_s + counted(scene.Wordcount()) + statusOf(scene) + u", "_s, false},
+       {scene.ViewPointChar()->Title(), true}},
+      tab);
+  if (!scene.Title.isEmpty()) {
+    flow.PrintHeading({{scene.Title, false}});
+  }
   flow.PrintText(scene.DescText);
   flow.spacing();
 }
@@ -88,8 +91,8 @@ PrintDocument PrintExpandedSynopsis(const ReportJob& job) {
   PrintFlow flow(job.measure, job.state);
   flow.newNumberedPage();
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32 chapterNumber) {
-    flow.PrintRuns({{QString::number(chapterNumber) + u") "_s, true},
-                    {chapter.Title + u" ("_s + counted(chapter.Wordcount(false)) + u')', false}});
+    flow.PrintHeading({{QString::number(chapterNumber) + u") "_s, true},
+                       {chapter.Title + u" ("_s + counted(chapter.Wordcount(false)) + u')', false}});
     flow.spacing();
     Reports::eachUsedScene(job, chapter,
                            [&](clsScene& scene, qint32 number, bool) { printExpandedScene(flow, scene, number); });

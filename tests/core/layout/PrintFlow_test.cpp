@@ -199,7 +199,7 @@ TEST_F(PrintFlowTest, PrintsHeaderAndFooterOnEveryPage) {
   EXPECT_EQ(textAt(pages[0], u"   line 1"_s).x, 500);
   EXPECT_EQ(textAt(pages[0], u"   line 1"_s).y, 650);
   const PlacedText& longTitle = pages[2].texts.front();
-  EXPECT_EQ(longTitle.text.chopped(1).toUcs4().count(0x1F600), (longTitle.text.size() - 1) / 2) << "no half letter";
+  EXPECT_FALSE(longTitle.text.chopped(1).back().isHighSurrogate()) << "half a letter";
   EXPECT_LE(longTitle.x + measure_.width(longTitle.text, longTitle.font), textAt(pages[2], u"Page: 3"_s).x);
 }
 

@@ -169,12 +169,13 @@ TEST_F(ReportsTest, LayOutCardsInTwoColumns) {
 }
 
 TEST_F(ReportsTest, TellNumbersWithoutGrouping) {
+  const QLocale before;
   QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
   sceneAt(1)->setTextRTF(simpleRtf(QByteArray("word ").repeated(1234)));
   sceneAt(1)->ForceWordcount();
   EXPECT_TRUE(textsOf(PrintSummaryCards(job(), 6).pages.at(0)).contains(u"*1.1 Arrival 1 (1234 words)*"_s));
   EXPECT_TRUE(textsOf(PrintExpandedSynopsis(job()).pages.at(0)).contains(u"Arrival (1236 words)"_s));
-  QLocale::setDefault(QLocale::c());
+  QLocale::setDefault(before);
 }
 
 TEST_F(ReportsTest, SaveASynopsis) {

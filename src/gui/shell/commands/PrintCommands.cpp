@@ -9,6 +9,7 @@
 #include "core/reports/modPrintCards.h"
 #include "core/reports/modPrintProject.h"
 #include "core/reports/modPrintSynopsis.h"
+#include "core/reports/modPrintWorkSchedule.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
@@ -70,6 +71,7 @@ void PrintCommands::bind(MenuBindings& menu) {
   bindReport("mnuExpandedSynopsis", "PrintExpandedSynopsis", u"Expanded Synopsis"_s,
              u"Click PRINT to output the list."_s, &PrintExpandedSynopsis);
   bindReport("mnuPrintSummary", "PrintSummary", u"Summary"_s, u"Click PRINT to continue."_s, &PrintSummary);
+  bindWorkSchedule(menu);
   bindList(menu, "mnuPrintChar", CastKind::Character);
   bindList(menu, "mnuPrintLocationList", CastKind::Location);
   bindList(menu, "mnuPrintItemList", CastKind::Item);
@@ -91,6 +93,17 @@ void PrintCommands::bindChapterReport(MenuBindings& menu, const char* entry, con
       order.chapters = *chapters;
       printReport(order);
     }
+  });
+}
+
+void PrintCommands::bindWorkSchedule(MenuBindings& menu) {
+  menu.bind("mnuPrintOnStatus", [](const MenuChoice& chosen) {
+    printReport({.key = u"SceneList"_s,
+                 .prompt = u"Click PRINT to output the report."_s,
+                 .name = printFileName(u"Work Schedule"_s),
+                 .report = [item = chosen.index](const ReportJob& job) { return PrintWorkSchedule(job, item); },
+                 .routine = "PrintWorkSchedule",
+                 .module = "modPrintWorkSchedule"});
   });
 }
 

@@ -16,6 +16,8 @@ class PrintCommands : public CommandGroup {
  private:
   /// The chapters are asked for each time, and the file is named after the book of the time.
   static void bindChapterReport(MenuBindings& menu, const char* entry, const PrintOrder& report);
+  /// The entries of the work schedule, by the status that the scenes stand at.
+  static void bindWorkSchedule(MenuBindings& menu);
   static void bindList(MenuBindings& menu, const char* entry, CastKind kind);
   void mnuPrintProject_Click();
   void mnuPrintSelectedChapters_Click();
