@@ -49,6 +49,10 @@ int lastFirstRow(int rows, int inView) {
   return std::max(rows - inView, 1);
 }
 
+int screenshots(int columns, int whole) {
+  return (columns + whole - 1) / whole;
+}
+
 double boardWidth(double frameWidth) {
   return frameWidth + kBoardMore;
 }

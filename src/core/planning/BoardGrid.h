@@ -41,6 +41,9 @@ int rowsInView(double frameHeight);
 int lastFirstColumn(int columns, int visible);
 int lastFirstRow(int rows, int inView);
 
+/// How many pictures it takes to show each card whole, one behind the other.
+int screenshots(int columns, int whole);
+
 double boardWidth(double frameWidth);
 double boardHeight(int rows);
 Point cardAt(int place, int row);
