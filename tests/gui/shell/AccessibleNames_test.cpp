@@ -6,6 +6,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/planning/frmChart.h"
 #include "gui/planning/frmStoryboard.h"
 #include "gui/sheets/frmEditChapter.h"
 #include "gui/sheets/frmEditCharacter.h"
@@ -97,6 +98,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmProjectWizard wizard(&window());
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
+  const frmChart chart(&window());
   const frmPickChapters chapters(&window());
   frmPrinterSetup printer(&window());
   printer.OfferPreview({});
