@@ -1,5 +1,5 @@
-// The chart of ratings of a large book, beside a bare widget that draws the same lines, which are at hand, one for all
-// scenes that share a column of pixels; painted off the screen:
+// The chart of ratings of a large book, beside a bare widget that draws the same lines, which are at hand;
+// painted off the screen:
 //     bench_chart PROJECT.qn4
 // The project is neither changed nor saved: its scenes are rated in memory.
 #include "Paired.h"
@@ -41,30 +41,21 @@ void rateAll() {
   }
 }
 
-/// The same picture as lines in pixels: of all strokes in a column of pixels their highest and lowest point.
+/// The same picture as lines in pixels.
 struct Picture {
   Picture(const SceneRatings& ratings, const QSize& size) {
-    const auto drawing = RatingsChart::drawn(ratings, Twips::fromPixels(size.width()), Twips::fromPixels(size.height()),
-                                             4 * Twips::perPixel);
+    const auto drawing = RatingsChart::drawn(
+        ratings, {Twips::fromPixels(size.width()), Twips::fromPixels(size.height()), 4 * Twips::perPixel});
     for (const double x : drawing.grid) {
       grid.append(QLineF(x / Twips::perPixel, 0, x / Twips::perPixel, drawing.axis / Twips::perPixel));
     }
     for (size_t field = 0; field < graphs.size(); ++field) {
       for (const RatingsChart::Stroke& stroke : drawing.graphs[field]) {
-        add(graphs[field], qRound(stroke.to.x / Twips::perPixel), stroke.from.y / Twips::perPixel,
-            stroke.to.y / Twips::perPixel);
+        graphs[field].append(QLineF(stroke.from.x / Twips::perPixel, stroke.from.y / Twips::perPixel,
+                                    stroke.to.x / Twips::perPixel, stroke.to.y / Twips::perPixel));
       }
     }
     labels = drawing.labels;
-  }
-
-  static void add(QList<QLineF>& graph, int x, double from, double to) {
-    const auto [low, high] = std::minmax(from, to);
-    if (graph.isEmpty() || graph.last().x1() != x) {
-      graph.append(QLineF(x, low, x, high));
-      return;
-    }
-    graph.last() = QLineF(x, std::min(graph.last().y1(), low), x, std::max(graph.last().y2(), high));
   }
 
   QList<QLineF> grid;

@@ -15,7 +15,6 @@ constexpr double kLabelLeft = 100;
 constexpr double kLabelAbove = 300;
 constexpr double kLevel = 120;
 constexpr int kLevels = 3;
-constexpr double kPixel = 15;
 
 constexpr quint32 rgb(quint32 red, quint32 green, quint32 blue) {
   return red | green << 8 | blue << 16;
@@ -29,6 +28,7 @@ struct Scales {
   double step;
   double rise;
   double axis;
+  double dot;
 
   double x(size_t n) const { return static_cast<double>(n) * step + kLeft; }
   double y(qint16 rating) const { return axis - rating * rise; }
@@ -37,7 +37,7 @@ struct Scales {
 std::vector<double> gridOf(const SceneRatings& ratings, const Scales& scales) {
   std::vector<double> grid;
   for (size_t n = 1; n <= ratings.scenes.size(); ++n) {
-    if (grid.empty() || scales.x(n) - grid.back() >= kPixel) {
+    if (grid.empty() || scales.x(n) - grid.back() >= scales.dot) {
       grid.push_back(scales.x(n));
     }
   }
@@ -58,27 +58,47 @@ std::vector<RatingsChart::Stroke> graphOf(const SceneRatings& ratings, size_t fi
   return graph;
 }
 
+/// Seen as the same where several scenes share a column of dots.
+std::vector<RatingsChart::Stroke> condensed(const std::vector<RatingsChart::Stroke>& graph, double dot) {
+  std::vector<RatingsChart::Stroke> columns;
+  for (const RatingsChart::Stroke& stroke : graph) {
+    const double x = std::round(stroke.to.x / dot) * dot;
+    const auto [upper, lower] = std::minmax(stroke.from.y, stroke.to.y);
+    if (columns.empty() || columns.back().to.x != x) {
+      columns.push_back({{x, upper}, {x, lower}});
+    } else {
+      RatingsChart::Stroke& column = columns.back();
+      column = {{x, std::min(column.from.y, upper)}, {x, std::max(column.to.y, lower)}};
+    }
+  }
+  return columns;
+}
+
 QString labelOf(const SceneRatings::Scene& scene) {
   return QString::number(scene.chapter) + u':' + QString::number(scene.index);
 }
 
 /// Every how manyth scene has a label: one level has every third of those.
 size_t labelStride(const SceneRatings& ratings, const Scales& scales, double letterWidth) {
-  qsizetype longest = 0;
+  SceneRatings::Scene longest{};
   for (const SceneRatings::Scene& scene : ratings.scenes) {
-    longest = std::max(longest, labelOf(scene).size());
+    longest.chapter = std::max(longest.chapter, scene.chapter);
+    longest.index = std::max(longest.index, scene.index);
   }
-  const double room = static_cast<double>(longest) * letterWidth;
+  const double room = static_cast<double>(labelOf(longest).size()) * letterWidth;
   return static_cast<size_t>(std::max(std::ceil(room / (kLevels * scales.step)), 1.0));
 }
 
-std::vector<RatingsChart::Label> labelsOf(const SceneRatings& ratings, const Scales& scales, double letterWidth) {
+/// A label that the edge would cut off is moved in.
+std::vector<RatingsChart::Label> labelsOf(const SceneRatings& ratings, const Scales& scales,
+                                          const RatingsChart::Paper& paper) {
   std::vector<RatingsChart::Label> labels;
-  const size_t stride = labelStride(ratings, scales, letterWidth);
+  const size_t stride = labelStride(ratings, scales, paper.letterWidth);
   for (size_t n = 1; n <= ratings.scenes.size(); n += stride) {
+    const QString text = labelOf(ratings.scenes[n - 1]);
+    const double last = paper.width - static_cast<double>(text.size()) * paper.letterWidth;
     const auto level = static_cast<double>((labels.size() + 1) % kLevels);
-    labels.push_back({{scales.x(n) - kLabelLeft, scales.axis + kBelow - kLabelAbove - level * kLevel},
-                      labelOf(ratings.scenes[n - 1])});
+    labels.push_back({{std::min(scales.x(n) - kLabelLeft, last), paper.height - kLabelAbove - level * kLevel}, text});
   }
   return labels;
 }
@@ -89,20 +109,19 @@ quint32 RatingsChart::colourOf(size_t field) {
   return kColours.at(field);
 }
 
-RatingsChart::Drawing RatingsChart::drawn(const SceneRatings& ratings, double width, double height,
-                                          double letterWidth) {
+RatingsChart::Drawing RatingsChart::drawn(const SceneRatings& ratings, const Paper& paper) {
   Drawing drawing;
-  drawing.axis = height - kBelow;
-  if (ratings.scenes.empty() || width <= kSides) {
+  drawing.axis = paper.height - kBelow;
+  if (ratings.scenes.empty() || paper.width <= kSides) {
     return drawing;
   }
-  const Scales scales{(width - kSides) / static_cast<double>(ratings.scenes.size()), (height - kBelow) / kHighest,
-                      height - kBelow};
-  drawing.step = scales.step;
+  drawing.step = (paper.width - kSides) / static_cast<double>(ratings.scenes.size());
+  const Scales scales{drawing.step, drawing.axis / kHighest, drawing.axis, paper.dot};
   drawing.grid = gridOf(ratings, scales);
   for (size_t field = 0; field < drawing.graphs.size(); ++field) {
-    drawing.graphs[field] = graphOf(ratings, field, scales);
+    const auto graph = graphOf(ratings, field, scales);
+    drawing.graphs[field] = drawing.step < paper.dot ? condensed(graph, paper.dot) : graph;
   }
-  drawing.labels = labelsOf(ratings, scales, letterWidth);
+  drawing.labels = labelsOf(ratings, scales, paper);
   return drawing;
 }

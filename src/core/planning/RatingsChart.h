@@ -40,11 +40,21 @@ struct Drawing {
   double step = 0;
 };
 
+/// What is drawn on.
+struct Paper {
+  double width = 0;
+  double height = 0;
+  /// Of a letter of a label.
+  double letterWidth = 0;
+  /// What is finer isn't seen.
+  double dot = 15;
+};
+
 /// In blue-green-red order; of the four fields from 0.
 quint32 colourOf(size_t field);
 
-/// On a picture of this size. Where labels of letters as wide as this have no room beside each other, every second,
-/// third, ... scene has one. Of grid lines that would stand within a pixel one is drawn.
-Drawing drawn(const SceneRatings& ratings, double width, double height, double letterWidth);
+/// Where labels have no room beside each other, every second, third, ... scene has one. Of grid lines that would share
+/// a column of dots one is drawn, and of a graph that has several points in one the stretch that they cover.
+Drawing drawn(const SceneRatings& ratings, const Paper& paper);
 
 }  // namespace RatingsChart

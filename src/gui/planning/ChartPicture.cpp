@@ -16,7 +16,8 @@ namespace {
 
 constexpr quint32 kNearlyWhite = 0xF8F8F8;
 /// Of the text's colour in the lines of a dark grid.
-constexpr int kShareOfText = 12;
+constexpr int kShareOfText = 9;
+constexpr double kPointWidth = 4;
 /// From one scene to the next; where they are closer, smooth lines run together.
 constexpr double kRoomForSmoothLines = 3 * Twips::perPixel;
 
@@ -37,24 +38,37 @@ QColor gridColour(const QPalette& palette) {
                                              : Colours::mixed(palette.color(QPalette::Text), paper, kShareOfText);
 }
 
-void paint(QPainter& painter, const RatingsChart::Drawing& drawing, const QPalette& palette) {
+void paintGrid(QPainter& painter, const RatingsChart::Drawing& drawing, const QColor& colour) {
   QList<QLineF> lines;
   for (const double x : drawing.grid) {
     lines.append(QLineF(inPixels({x, 0}), inPixels({x, drawing.axis})));
   }
-  painter.setPen(gridColour(palette));
+  painter.setPen(colour);
   painter.drawLines(lines);
+}
+
+void paintGraph(QPainter& painter, const std::vector<RatingsChart::Stroke>& graph, const QColor& colour, bool smooth) {
+  QList<QLineF> lines;
+  for (const RatingsChart::Stroke& stroke : graph) {
+    lines.append(QLineF(inPixels(stroke.from), inPixels(stroke.to)));
+  }
+  QPen pen(colour, 1);
+  pen.setCosmetic(!smooth);
+  painter.setPen(pen);
+  painter.drawLines(lines);
+  // The line of a first scene is a point, and that of a single one all there is.
+  if (smooth && !graph.empty()) {
+    painter.setPen(QPen(colour, kPointWidth, Qt::SolidLine, Qt::RoundCap));
+    painter.drawPoint(inPixels(graph.front().to));
+  }
+}
+
+void paint(QPainter& painter, const RatingsChart::Drawing& drawing, const QPalette& palette) {
+  paintGrid(painter, drawing, gridColour(palette));
   const bool smooth = drawing.step >= kRoomForSmoothLines;
   painter.setRenderHint(QPainter::Antialiasing, smooth);
   for (size_t field = 0; field < drawing.graphs.size(); ++field) {
-    lines.clear();
-    for (const RatingsChart::Stroke& stroke : drawing.graphs[field]) {
-      lines.append(QLineF(inPixels(stroke.from), inPixels(stroke.to)));
-    }
-    QPen pen(ChartPicture::colourOf(field, palette, QPalette::Base), 1);
-    pen.setCosmetic(!smooth);
-    painter.setPen(pen);
-    painter.drawLines(lines);
+    paintGraph(painter, drawing.graphs[field], ChartPicture::colourOf(field, palette, QPalette::Base), smooth);
   }
   painter.setPen(palette.color(QPalette::Text));
   const double ascent = QFontMetricsF(painter.font(), painter.device()).ascent();
@@ -86,8 +100,9 @@ QPixmap ChartPicture::painted() const {
   QPainter painter(&picture);
   painter.setFont(labelFont());
   const double letter = QFontMetricsF(painter.font(), this).horizontalAdvance(QLatin1Char('8')) * Twips::perPixel;
-  paint(painter, RatingsChart::drawn(ratings_, Twips::fromPixels(width()), Twips::fromPixels(height()), letter),
-        palette());
+  const RatingsChart::Paper paper{Twips::fromPixels(width()), Twips::fromPixels(height()), letter,
+                                  Twips::perPixel / devicePixelRatioF()};
+  paint(painter, RatingsChart::drawn(ratings_, paper), palette());
   return picture;
 }
 

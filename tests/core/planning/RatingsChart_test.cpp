@@ -43,7 +43,7 @@ TEST(SceneRatings, AreThoseOfAllScenesInTheOrderOfTheStory) {
 
 TEST(RatingsChart, HasAPointForEachScene) {
   // 1000 twips from scene to scene, 500 to a rating.
-  const auto drawing = RatingsChart::drawn(ratingsOf({2, 10, 4}), 3400, 5600, 60);
+  const auto drawing = RatingsChart::drawn(ratingsOf({2, 10, 4}), {3400, 5600, 60});
   EXPECT_EQ(drawing.axis, 5000);
   EXPECT_EQ(drawing.grid, (std::vector<double>{1200, 2200, 3200}));
   const std::vector<Stroke> first{
@@ -52,14 +52,21 @@ TEST(RatingsChart, HasAPointForEachScene) {
   EXPECT_EQ(drawing.graphs[3].back(), (Stroke{{2200, 4500}, {3200, 4500}}));
   const std::vector<Label> labels{{{1100, 5180}, u"1:1"_s}, {{2100, 5060}, u"1:2"_s}, {{3100, 5300}, u"1:3"_s}};
   EXPECT_EQ(drawing.labels, labels);
-  EXPECT_TRUE(RatingsChart::drawn({}, 3400, 5600, 60).grid.empty());
+  EXPECT_TRUE(RatingsChart::drawn({}, {3400, 5600, 60}).grid.empty());
 }
 
 TEST(RatingsChart, ManyScenesHaveTheLabelsAndGridLinesThatThereIsRoomFor) {
   constexpr double kLetter = 60;
-  const auto drawing = RatingsChart::drawn(ratingsOf(std::vector<qint16>(9000, 5)), 15000, 6000, kLetter);
-  EXPECT_EQ(drawing.graphs[0].size(), 9000);
+  std::vector<qint16> ratings(9000, 5);
+  ratings[4000] = 9;
+  const auto drawing = RatingsChart::drawn(ratingsOf(ratings), {15000, 6000, kLetter});
   EXPECT_LE(drawing.grid.size(), 1000);
+  EXPECT_LE(drawing.graphs[0].size(), 1000);
+  double highest = drawing.axis;
+  for (const Stroke& stroke : drawing.graphs[0]) {
+    highest = std::min(highest, stroke.from.y);
+  }
+  EXPECT_EQ(highest, drawing.axis / 10) << "a peak among many scenes is seen";
   ASSERT_GT(drawing.labels.size(), 100);
   for (size_t i = 3; i < drawing.labels.size(); ++i) {
     EXPECT_EQ(drawing.labels[i].place.y, drawing.labels[i - 3].place.y);
