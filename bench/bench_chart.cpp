@@ -2,6 +2,7 @@
 // painted off the screen:
 //     bench_chart PROJECT.qn4
 // The project is neither changed nor saved: its scenes are rated in memory.
+#include "BenchProgram.h"
 #include "Paired.h"
 #include "PlainLists.h"
 #include "core/model/Globals.h"
@@ -9,11 +10,8 @@
 #include "core/model/clsScene.h"
 #include "core/planning/RatingsChart.h"
 #include "gui/planning/frmChart.h"
-#include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/Twips.h"
-#include "support/TestHome.h"
 
-#include <QApplication>
 #include <QPainter>
 #include <QTimer>
 
@@ -149,22 +147,12 @@ BENCHMARK(again)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(0.3);
 BENCHMARK(look)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  const TestHome home;
-  benchmark::Initialize(&argc, argv);
-  if (argc != 2) {
-    return 1;
-  }
-  QtToolkit screen;
-  installToolkit(&screen);
+  const BenchProgram program(argc, argv);
   initChangeTables();
   g_Project = std::make_unique<clsProject>();
-  if (!g_Project->Load(QString::fromLocal8Bit(argv[1]), false)) {
+  if (!g_Project->Load(program.book(), false)) {
     return 1;
   }
   rateAll();
   benchmark::RunSpecifiedBenchmarks();
-  g_Project = std::make_unique<clsProject>();
-  installToolkit(nullptr);
 }
