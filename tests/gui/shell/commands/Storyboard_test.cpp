@@ -273,6 +273,15 @@ TEST_F(StoryboardTest, IsPrintedAsScreenshotsAndShownAsBefore) {
   const qint32 current = focused()->tag();
   const QSize size = form().size();
   const QList<qint32> before = shown();
+  const QString ready = u"so that all active characters are visible,\r\nand set the width to maximum."_s;
+  const auto print = [&] {
+    // Six cells wide: the name of a viewpoint, and five cards.
+    toolkit.expectBox(ready, Answer::Yes);
+    toolkit.onBox = [this] { EXPECT_TRUE(form().isMaximized()); };
+    toolkit.expectBox(u"This routine will print 7 screenshot(s). Are you sure?"_s, Answer::Yes);
+    const WhenModal choice([](QWidget& printer) { childOf<QPushButton>(printer, u"cmdOk"_s).click(); });
+    part<QAction>("mnuPrintSB").trigger();
+  };
   const auto isAsBefore = [&] {
     EXPECT_EQ(form().size(), size);
     EXPECT_FALSE(form().isMaximized());
@@ -281,19 +290,16 @@ TEST_F(StoryboardTest, IsPrintedAsScreenshotsAndShownAsBefore) {
     ASSERT_NE(focused(), nullptr);
     EXPECT_EQ(focused()->tag(), current);
   };
-  const QString ready = u"so that all active characters are visible,\r\nand set the width to maximum."_s;
   toolkit.expectBox(ready, Answer::No);
   part<QAction>("mnuPrintSB").trigger();
   isAsBefore();
 
-  // Six cells wide: the name of a viewpoint, and five cards.
-  toolkit.expectBox(ready, Answer::Yes);
-  toolkit.onBox = [this] { EXPECT_TRUE(form().isMaximized()); };
-  toolkit.expectBox(u"This routine will print 7 screenshot(s). Are you sure?"_s, Answer::Yes);
-  {
-    const WhenModal choice([](QWidget& printer) { childOf<QPushButton>(printer, u"cmdOk"_s).click(); });
-    part<QAction>("mnuPrintSB").trigger();
-  }
+  toolkit.onYield = [this] { toolkit.pressStop(); };
+  print();
+  isAsBefore();
+  EXPECT_TRUE(pages.documents.empty()) << "it was stopped";
+
+  print();
   isAsBefore();
   ASSERT_EQ(pages.documents.size(), 1);
   const PrintDocument& printed = pages.documents[0];
