@@ -8,6 +8,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/planning/frmChart.h"
 #include "gui/planning/frmStoryboard.h"
+#include "gui/planning/frmWordTarget.h"
 #include "gui/sheets/frmEditChapter.h"
 #include "gui/sheets/frmEditCharacter.h"
 #include "gui/sheets/frmEditThing.h"
@@ -99,6 +100,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
   const frmChart chart(&window());
+  const frmWordTarget target({}, 0, &window());
   const frmPickChapters chapters(&window());
   frmPrinterSetup printer(&window());
   printer.OfferPreview({});
