@@ -46,6 +46,8 @@ void PagePainter::paint(QPainter& painter, const PrintedPage& page, const Pictur
   for (const PlacedLine& line : page.lines) {
     painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
   }
+  // Letters in a picture stay sharp on paper, and can be read in a small preview.
+  painter.setRenderHints(QPainter::LosslessImageRendering | QPainter::SmoothPixmapTransform);
   for (size_t i = 0; i < pictures.size(); ++i) {
     const PlacedPicture& placed = page.pictures[i];
     painter.drawImage(QRectF(placed.x, placed.y, placed.width, placed.height), pictures[i]);
