@@ -51,7 +51,6 @@ void PageView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
   if (page_ != nullptr) {
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(static_cast<double>(width()) / paper_.width, static_cast<double>(height()) / paper_.height);
     PagePainter::paint(painter, *page_, pictures_);
   }
