@@ -83,6 +83,8 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuExportNano",
                               "mnuListView",
                               "mnuStoryboard",
+                              "mnuWordTarget",
+                              "mnuPrintOnStatus(0)",
                               "mnuFind",
                               "cmdFindNext",
                               "mnuGlobalReplace",
