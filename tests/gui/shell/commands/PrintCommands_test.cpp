@@ -1,9 +1,9 @@
 // Reports from the menu to the printer.
 
+#include "core/infra/FolderLock.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
-#include "core/infra/FolderLock.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/windows/frmOverview.h"
 #include "support/ModalHelper.h"
