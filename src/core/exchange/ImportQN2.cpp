@@ -9,10 +9,14 @@
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/SceneSplit.h"
+#include "core/text/cSharedText.h"
 
 #include <QHash>
+#include <QList>
 
 #include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -60,6 +64,26 @@ class Cast {
   QHash<QString, qint32> ids_;
 };
 
+/// Text and plan; the viewpoint stays as it is.
+void take(const clsQN2Scene& from, clsScene& into) {
+  into.Conflict = from.Conflict;
+  into.Day = from.Day;
+  into.DescText = from.DescText;
+  for (size_t i = 0; i < from.Field.size(); ++i) {
+    into.setField(static_cast<int>(i) + 1, from.Field[i]);
+  }
+  into.Goal = from.Goal;
+  into.Hour = from.Hour;
+  into.LastsDays = from.LastsDays;
+  into.LastsHours = from.LastsHours;
+  into.LastsMinutes = from.LastsMinutes;
+  into.Minute = from.Minute;
+  into.Outcome = from.Outcome;
+  into.Status = from.Status;
+  into.setTextRTF(from.TextRTF());
+  into.Title = from.Title;
+}
+
 QStringList takeSettings(const clsQN2Project& from) {
   QStringList refused;
   clsProject& into = *g_Project;
@@ -90,9 +114,23 @@ QString besideScenes(const clsQN2Text& text) {
   return header.isEmpty() || front.isEmpty() ? header + front : header + u"\r\n\r\n"_s + front;
 }
 
+/// The character of the book with this title; a new one, which is noted, where there is none.
+qint32 characterNamed(const QString& title, QList<qint32>& added) {
+  for (const auto& character : g_Project->Chars) {
+    if (TextTools().StringsEqual(character->Title(), title)) {
+      return character->ID();
+    }
+  }
+  const auto character = std::make_shared<clsCharacter>();
+  character->setTitle(title);
+  g_Project->AddChar(character);
+  added.append(character->ID());
+  return character->ID();
+}
+
 void addScene(const clsQN2Scene& from, clsChapter& chapter, Cast& cast) {
   const auto scene = std::make_shared<clsScene>();
-  ImportQN2::take(from, *scene);
+  take(from, *scene);
   chapter.Addscene(scene);
   if (const qint32 viewpoint = cast.idOf(from.Actor); viewpoint != 0) {
     scene->SetViewpointByID(viewpoint);
@@ -122,23 +160,25 @@ QStringList fill(const clsQN2Project& from, LongWork& work) {
   return refused;
 }
 
-void take(const clsQN2Scene& from, clsScene& into) {
-  into.Conflict = from.Conflict;
-  into.Day = from.Day;
-  into.DescText = from.DescText;
-  for (size_t i = 0; i < from.Field.size(); ++i) {
-    into.setField(static_cast<int>(i) + 1, from.Field[i]);
+QString splitScene(clsScene& source) {
+  clsQN2Text text;
+  text.SetText(source.ConvertedToBodyText());
+  std::vector<std::shared_ptr<clsScene>> scenes;
+  QList<qint32> added;
+  for (const clsQN2Scene& marked : text.Scenes) {
+    scenes.push_back(std::make_shared<clsScene>());
+    take(marked, *scenes.back());
+    if (!marked.Actor.isEmpty()) {
+      scenes.back()->AddCharByID(characterNamed(marked.Actor, added));
+    }
   }
-  into.Goal = from.Goal;
-  into.Hour = from.Hour;
-  into.LastsDays = from.LastsDays;
-  into.LastsHours = from.LastsHours;
-  into.LastsMinutes = from.LastsMinutes;
-  into.Minute = from.Minute;
-  into.Outcome = from.Outcome;
-  into.Status = from.Status;
-  into.setTextRTF(from.TextRTF());
-  into.Title = from.Title;
+  QString failure = SceneSplit::addBehind(source, scenes);
+  if (!failure.isEmpty()) {
+    for (const qint32 id : added) {
+      g_Project->RemoveCharByID(id);
+    }
+  }
+  return failure;
 }
 
 }  // namespace ImportQN2

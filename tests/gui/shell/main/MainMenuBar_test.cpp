@@ -53,7 +53,6 @@ TEST_F(MainMenuBarTest, WhatIsNotBuiltIsDisabledInEveryStateAndSaysSo) {
   EXPECT_TRUE(isEnabled("mnuSaveProj"));
   EXPECT_NE(control<QAction>("mnuSaveProj").toolTip(), u"not in this version yet"_s);
   window().DisableMenus();
-  EXPECT_FALSE(isEnabled("mnuImportQuillane2"));
   EXPECT_TRUE(isEnabled("mnuLoadProj"));
 }
 
