@@ -1,0 +1,394 @@
+#include "core/exchange/HtmlReader.h"
+
+#include "core/text/cSharedHTML.h"
+#include "helpers/HtmlReferences.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Look : quint8 { kBold = 1, kItalic = 2, kUnderlined = 4 };
+constexpr quint8 kLooks = 8;
+
+enum class Tag {
+  Unknown,
+  /// Begins and ends a paragraph.
+  Block,
+  Break,
+  Cell,
+  Preformatted,
+  /// Letters that may look different.
+  Letters,
+  /// What stands in it is no text.
+  NoText
+};
+
+struct TagRule {
+  Tag kind = Tag::Unknown;
+  quint8 looks = 0;
+};
+
+const QHash<QString, TagRule>& tagRules() {
+  static const QHash<QString, TagRule> rules = [] {
+    QHash<QString, TagRule> table{
+        {u"br"_s, {Tag::Break}},
+        {u"td"_s, {Tag::Cell}},
+        {u"th"_s, {Tag::Cell}},
+        {u"pre"_s, {Tag::Preformatted}},
+        {u"b"_s, {Tag::Letters, kBold}},
+        {u"strong"_s, {Tag::Letters, kBold}},
+        {u"i"_s, {Tag::Letters, kItalic}},
+        {u"em"_s, {Tag::Letters, kItalic}},
+        {u"u"_s, {Tag::Letters, kUnderlined}},
+        {u"ins"_s, {Tag::Letters, kUnderlined}},
+    };
+    for (const QStringView name : {u"cite", u"dfn", u"var"}) {
+      table.insert(name.toString(), {Tag::Letters, kItalic});
+    }
+    for (const QStringView name : {u"span", u"font", u"a", u"small", u"big", u"code", u"s", u"strike", u"del"}) {
+      table.insert(name.toString(), {Tag::Letters});
+    }
+    for (const QStringView name : {u"head", u"title", u"script", u"style", u"template"}) {
+      table.insert(name.toString(), {Tag::NoText});
+    }
+    for (const QStringView name :
+         {u"p",          u"div",     u"h1",       u"h2",      u"h3",      u"h4",      u"h5",
+          u"h6",         u"ul",      u"ol",       u"li",      u"dl",      u"dt",      u"dd",
+          u"blockquote", u"table",   u"tr",       u"caption", u"thead",   u"tbody",   u"tfoot",
+          u"hr",         u"html",    u"body",     u"section", u"center",  u"article", u"header",
+          u"footer",     u"main",    u"nav",      u"form",    u"aside",   u"figure",  u"option",
+          u"figcaption", u"address", u"fieldset", u"legend",  u"details", u"summary"}) {
+      table.insert(name.toString(), {Tag::Block});
+    }
+    return table;
+  }();
+  return rules;
+}
+
+constexpr bool isBlank(char16_t unit) {
+  return unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == u'\f';
+}
+
+constexpr bool isLetter(char16_t unit) {
+  return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+}
+
+/// The declarations of a style attribute; empty where the tag has none.
+QString styleIn(QStringView attributes) {
+  const qsizetype at = attributes.indexOf(u"style", 0, Qt::CaseInsensitive);
+  const qsizetype equals = at < 0 ? -1 : attributes.indexOf(u'=', at);
+  if (equals < 0) {
+    return {};
+  }
+  QString style = attributes.sliced(equals + 1).trimmed().toString().toLower();
+  const QChar quote = style.isEmpty() ? QChar() : style.front();
+  if (quote == u'"' || quote == u'\'') {
+    style = style.sliced(1).section(quote, 0, 0);
+  }
+  return style.removeIf([](QChar unit) { return unit.isSpace(); });
+}
+
+/// The looks of the tag, as its style changes them.
+quint8 styledLooks(quint8 looks, QStringView attributes) {
+  const auto set = [&looks](quint8 look, bool on) { looks = static_cast<quint8>(on ? looks | look : looks & ~look); };
+  for (const QString& declaration : styleIn(attributes).split(u';', Qt::SkipEmptyParts)) {
+    const QString property = declaration.section(u':', 0, 0);
+    const QString value = declaration.section(u':', 1);
+    if (property == u"font-weight") {
+      constexpr int kBoldFrom = 600;
+      set(kBold, value.startsWith(u"bold") || value.toInt() >= kBoldFrom);
+    } else if (property == u"font-style") {
+      set(kItalic, value.startsWith(u"italic") || value.startsWith(u"oblique"));
+    } else if (property == u"text-decoration" || property == u"text-decoration-line") {
+      set(kUnderlined, value.contains(u"underline"));
+    }
+  }
+  return looks;
+}
+
+class HtmlReader {
+ public:
+  explicit HtmlReader(QStringView html) : html_(html), builder_(html.size()) {
+    for (quint8 looks = 0; looks < kLooks; ++looks) {
+      CharFormat format;
+      format.bold = (looks & kBold) != 0;
+      format.italic = (looks & kItalic) != 0;
+      format.underline = (looks & kUnderlined) != 0 ? CharFormat::Underline::Single : CharFormat::Underline::None;
+      formats_[looks] = builder_.charFormat(format);
+    }
+    paragraph_ = builder_.paragraphFormat({});
+  }
+
+  RichText read() {
+    for (qsizetype at = 0; at < html_.size();) {
+      const qsizetype found = html_.indexOf(u'<', at);
+      const qsizetype end = found < 0 ? html_.size() : found;
+      addText(html_.sliced(at, end - at));
+      at = found < 0 ? end : passTag(found);
+    }
+    flush();
+    return builder_.takeClosed(formats_[0], paragraph_);
+  }
+
+ private:
+  char16_t unitAt(qsizetype at) const { return at < html_.size() ? html_[at].unicode() : u'\0'; }
+
+  /// What "<" begins here; where the text goes on.
+  qsizetype passTag(qsizetype at) {
+    const char16_t next = unitAt(at + 1);
+    if (next == u'!' || next == u'?') {
+      return passDeclaration(at);
+    }
+    const bool closes = next == u'/';
+    const qsizetype name = at + (closes ? 2 : 1);
+    const qsizetype end = isLetter(unitAt(name)) ? endOfTag(name) : -1;
+    if (end < 0) {
+      addWord(u"<");
+      return at + 1;
+    }
+    const bool isWhole = unitAt(end) == u'>';
+    const qsizetype behind = isWhole ? end + 1 : end;
+    qsizetype nameEnd = name;
+    while (nameEnd < end && !isBlank(unitAt(nameEnd)) && unitAt(nameEnd) != u'/') {
+      ++nameEnd;
+    }
+    const QString called = html_.sliced(name, nameEnd - name).toString().toLower();
+    const QStringView attributes = html_.sliced(nameEnd, end - nameEnd);
+    const TagRule rule = tagRules().value(called);
+    if (rule.kind == Tag::NoText) {
+      return closes || attributes.endsWith(u'/') ? behind : behindNoText(called, behind);
+    }
+    closes ? close(called, rule) : open(called, rule, attributes);
+    return behind;
+  }
+
+  /// The ">" of the tag, or the "<" of the next where it has none; -1 where neither comes.
+  qsizetype endOfTag(qsizetype at) const {
+    bool valueBegins = false;
+    for (; at < html_.size(); ++at) {
+      const char16_t unit = unitAt(at);
+      if (unit == u'>' || unit == u'<') {
+        return at;
+      }
+      if (valueBegins && (unit == u'"' || unit == u'\'')) {
+        at = endOfValue(at);
+      }
+      valueBegins = unit == u'=' || (valueBegins && isBlank(unit));
+    }
+    return -1;
+  }
+
+  /// The closing quotation mark; a value that runs into the next tag has lost it.
+  qsizetype endOfValue(qsizetype quote) const {
+    qsizetype at = quote + 1;
+    while (at < html_.size() && unitAt(at) != unitAt(quote) && unitAt(at) != u'<') {
+      ++at;
+    }
+    return unitAt(at) == unitAt(quote) ? at : quote;
+  }
+
+  qsizetype passDeclaration(qsizetype at) {
+    if (html_.sliced(at).startsWith(u"<!--")) {
+      const qsizetype end = commentsEnd_ ? html_.indexOf(u"-->", at + 4) : -1;
+      if (end >= 0) {
+        return end + 3;
+      }
+      commentsEnd_ = false;
+    }
+    const qsizetype end = endOfTag(at + 1);
+    return end < 0 ? html_.size() : end + (unitAt(end) == u'>' ? 1 : 0);
+  }
+
+  /// Where its closing tag begins; behind the opening one where there is none.
+  qsizetype behindNoText(const QString& name, qsizetype at) {
+    if (neverClosed_.contains(name)) {
+      return at;
+    }
+    const qsizetype end = html_.indexOf(u"</"_s + name, at, Qt::CaseInsensitive);
+    if (end < 0) {
+      neverClosed_.insert(name);
+    }
+    return end < 0 ? at : end;
+  }
+
+  void open(const QString& name, TagRule rule, QStringView attributes) {
+    switch (rule.kind) {
+      case Tag::Break:
+        endLine();
+        break;
+      case Tag::Cell:
+        if (lineHasText_) {
+          addWord(u"\t");
+        }
+        break;
+      case Tag::Preformatted:
+        endBlock();
+        ++preformatted_;
+        break;
+      case Tag::Block:
+        endBlock();
+        break;
+      case Tag::Letters:
+        openLetters(name, styledLooks(rule.looks, attributes));
+        break;
+      default:
+        break;
+    }
+  }
+
+  void close(const QString& name, TagRule rule) {
+    switch (rule.kind) {
+      case Tag::Preformatted:
+        preformatted_ = qMax(0, preformatted_ - 1);
+        [[fallthrough]];
+      case Tag::Block:
+        endBlock();
+        break;
+      case Tag::Letters:
+        closeLetters(name);
+        break;
+      default:
+        break;
+    }
+  }
+
+  // Tags that overlap end each by its own name.
+  void openLetters(const QString& name, quint8 looks) {
+    open_[name].append(looks);
+    count(looks, 1);
+  }
+  void closeLetters(const QString& name) {
+    const auto found = open_.find(name);
+    if (found != open_.end() && !found->isEmpty()) {
+      count(found->takeLast(), -1);
+    }
+  }
+  void count(quint8 looks, int by) {
+    quint8 shown = 0;
+    for (size_t i = 0; i < counts_.size(); ++i) {
+      const auto look = static_cast<quint8>(1U << i);
+      counts_[i] += (looks & look) != 0 ? by : 0;
+      shown = static_cast<quint8>(shown | (counts_[i] > 0 ? look : 0));
+    }
+    if (shown != looks_) {
+      flush();
+      looks_ = shown;
+    }
+  }
+
+  void addText(QStringView text) {
+    for (qsizetype at = 0; at < text.size();) {
+      const char16_t unit = text[at].unicode();
+      if (isBlank(unit)) {
+        at += addBlank(text.sliced(at));
+      } else if (unit == u'&') {
+        at += addReference(text.sliced(at));
+      } else {
+        qsizetype end = at + 1;
+        while (end < text.size() && !isBlank(text[end].unicode()) && text[end] != u'&') {
+          ++end;
+        }
+        addWord(text.sliced(at, end - at));
+        at = end;
+      }
+    }
+  }
+
+  /// How many units it was.
+  qsizetype addBlank(QStringView text) {
+    if (preformatted_ == 0) {
+      blank_ = lineHasText_ ? formats_[looks_] : kNoBlank;
+      return 1;
+    }
+    if (text.front() == u'\r' || text.front() == u'\n') {
+      endLine();
+      return text.startsWith(u"\r\n") ? 2 : 1;
+    }
+    addWord(text.first(1));
+    return 1;
+  }
+
+  qsizetype addReference(QStringView text) {
+    constexpr QStringView kApostrophe = u"&apos;";  // it is younger than the table
+    if (text.startsWith(kApostrophe)) {
+      addWord(u"'");
+      return kApostrophe.size();
+    }
+    const HtmlReference found = HtmlReferences::at(text.utf16(), static_cast<size_t>(text.size()));
+    if (found.length == 0) {
+      addWord(text.first(1));
+      return 1;
+    }
+    std::array<char16_t, 2> units{};
+    const char16_t* const end = HtmlReferences::write(units.data(), found.character);
+    const QStringView letters(units.data(), end - units.data());
+    isBlank(letters.front().unicode()) ? static_cast<void>(addBlank(letters)) : addWord(letters);
+    return static_cast<qsizetype>(found.length);
+  }
+
+  void addWord(QStringView units) {
+    if (blank_ != kNoBlank) {
+      if (blank_ != formats_[looks_]) {
+        flush();
+        builder_.append(u" ", blank_, paragraph_);
+      } else {
+        pending_.append(u' ');
+      }
+      blank_ = kNoBlank;
+    }
+    pending_.append(units);
+    lineHasText_ = true;
+  }
+
+  void flush() {
+    if (!pending_.isEmpty()) {
+      builder_.append(pending_, formats_[looks_], paragraph_);
+      pending_.resize(0);
+    }
+  }
+
+  void endLine() {
+    flush();
+    builder_.endParagraph(formats_[looks_], paragraph_);
+    blank_ = kNoBlank;
+    lineHasText_ = false;
+  }
+  void endBlock() {
+    blank_ = kNoBlank;
+    if (lineHasText_) {
+      endLine();
+    }
+  }
+
+  static constexpr int kNoBlank = -1;
+
+  QStringView html_;
+  RichText::Builder builder_;
+  std::array<int, kLooks> formats_{};
+  int paragraph_ = 0;
+  /// Letters in the looks of now that the builder doesn't have yet.
+  QString pending_;
+  quint8 looks_ = 0;
+  /// How many open tags ask for each look.
+  std::array<int, 3> counts_{};
+  QHash<QString, QList<quint8>> open_;
+  /// The format of white space that stands behind the last word; it is a blank if another word follows.
+  int blank_ = kNoBlank;
+  bool lineHasText_ = false;
+  int preformatted_ = 0;
+  /// What was sought in vain isn't sought again.
+  bool commentsEnd_ = true;
+  QSet<QString> neverClosed_;
+};
+
+}  // namespace
+
+RichText readHtml(QStringView html) {
+  const QString body = Html().TrimHeadTags(html.toString());
+  return HtmlReader(body).read();
+}
