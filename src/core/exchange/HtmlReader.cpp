@@ -6,7 +6,10 @@
 #include <QHash>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
+#include <string_view>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -33,42 +36,77 @@ struct TagRule {
   quint8 looks = 0;
 };
 
-const QHash<QString, TagRule>& tagRules() {
-  static const QHash<QString, TagRule> rules = [] {
-    QHash<QString, TagRule> table{
-        {u"br"_s, {Tag::Break}},
-        {u"td"_s, {Tag::Cell}},
-        {u"th"_s, {Tag::Cell}},
-        {u"pre"_s, {Tag::Preformatted}},
-        {u"b"_s, {Tag::Letters, kBold}},
-        {u"strong"_s, {Tag::Letters, kBold}},
-        {u"i"_s, {Tag::Letters, kItalic}},
-        {u"em"_s, {Tag::Letters, kItalic}},
-        {u"u"_s, {Tag::Letters, kUnderlined}},
-        {u"ins"_s, {Tag::Letters, kUnderlined}},
+struct NamedTag {
+  std::u16string_view name;
+  TagRule rule;
+};
+
+/// Sorted by name.
+const std::vector<NamedTag>& tagRules() {
+  static const std::vector<NamedTag> rules = [] {
+    std::vector<NamedTag> table{
+        {u"br", {Tag::Break}},
+        {u"td", {Tag::Cell}},
+        {u"th", {Tag::Cell}},
+        {u"pre", {Tag::Preformatted}},
+        {u"b", {Tag::Letters, kBold}},
+        {u"strong", {Tag::Letters, kBold}},
+        {u"i", {Tag::Letters, kItalic}},
+        {u"em", {Tag::Letters, kItalic}},
+        {u"u", {Tag::Letters, kUnderlined}},
+        {u"ins", {Tag::Letters, kUnderlined}},
     };
-    for (const QStringView name : {u"cite", u"dfn", u"var"}) {
-      table.insert(name.toString(), {Tag::Letters, kItalic});
+    for (const std::u16string_view name : {u"cite", u"dfn", u"var"}) {
+      table.push_back({name, {Tag::Letters, kItalic}});
     }
-    for (const QStringView name : {u"span", u"font", u"a", u"small", u"big", u"code", u"s", u"strike", u"del"}) {
-      table.insert(name.toString(), {Tag::Letters});
+    for (const std::u16string_view name :
+         {u"span", u"font", u"a", u"small", u"big", u"code", u"s", u"strike", u"del"}) {
+      table.push_back({name, {Tag::Letters}});
     }
-    for (const QStringView name : {u"head", u"title", u"script", u"style", u"template"}) {
-      table.insert(name.toString(), {Tag::NoText});
+    for (const std::u16string_view name : {u"head", u"title", u"script", u"style", u"template"}) {
+      table.push_back({name, {Tag::NoText}});
     }
-    for (const QStringView name :
+    for (const std::u16string_view name :
          {u"p",          u"div",     u"h1",       u"h2",      u"h3",      u"h4",      u"h5",
           u"h6",         u"ul",      u"ol",       u"li",      u"dl",      u"dt",      u"dd",
           u"blockquote", u"table",   u"tr",       u"caption", u"thead",   u"tbody",   u"tfoot",
           u"hr",         u"html",    u"body",     u"section", u"center",  u"article", u"header",
           u"footer",     u"main",    u"nav",      u"form",    u"aside",   u"figure",  u"option",
           u"figcaption", u"address", u"fieldset", u"legend",  u"details", u"summary"}) {
-      table.insert(name.toString(), {Tag::Block});
+      table.push_back({name, {Tag::Block}});
     }
+    std::sort(table.begin(), table.end(), [](const NamedTag& a, const NamedTag& b) { return a.name < b.name; });
     return table;
   }();
   return rules;
 }
+
+/// The name of a tag in small letters; empty for one that is longer than any that is known.
+class TagName {
+ public:
+  explicit TagName(QStringView name) : length_(static_cast<size_t>(name.size())) {
+    if (length_ > letters_.size()) {
+      length_ = 0;
+      return;
+    }
+    std::transform(name.utf16(), name.utf16() + length_, letters_.begin(), [](char16_t unit) {
+      return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit | 0x20) : unit;
+    });
+  }
+
+  TagRule rule() const {
+    const std::u16string_view name(letters_.data(), length_);
+    const auto found =
+        std::lower_bound(tagRules().begin(), tagRules().end(), name,
+                         [](const NamedTag& tag, std::u16string_view wanted) { return tag.name < wanted; });
+    return found != tagRules().end() && found->name == name ? found->rule : TagRule();
+  }
+  QString toString() const { return QString::fromUtf16(letters_.data(), static_cast<qsizetype>(length_)); }
+
+ private:
+  std::array<char16_t, 10> letters_{};
+  size_t length_;
+};
 
 constexpr bool isBlank(char16_t unit) {
   return unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == u'\f';
@@ -131,7 +169,6 @@ class HtmlReader {
       addText(html_.sliced(at, end - at));
       at = found < 0 ? end : passTag(found);
     }
-    flush();
     return builder_.takeClosed(formats_[0], paragraph_);
   }
 
@@ -157,11 +194,11 @@ class HtmlReader {
     while (nameEnd < end && !isBlank(unitAt(nameEnd)) && unitAt(nameEnd) != u'/') {
       ++nameEnd;
     }
-    const QString called = html_.sliced(name, nameEnd - name).toString().toLower();
+    const TagName called(html_.sliced(name, nameEnd - name));
     const QStringView attributes = html_.sliced(nameEnd, end - nameEnd);
-    const TagRule rule = tagRules().value(called);
+    const TagRule rule = called.rule();
     if (rule.kind == Tag::NoText) {
-      return closes || attributes.endsWith(u'/') ? behind : behindNoText(called, behind);
+      return closes || attributes.endsWith(u'/') ? behind : behindNoText(called.toString(), behind);
     }
     closes ? close(called, rule) : open(called, rule, attributes);
     return behind;
@@ -216,7 +253,7 @@ class HtmlReader {
     return end < 0 ? at : end;
   }
 
-  void open(const QString& name, TagRule rule, QStringView attributes) {
+  void open(const TagName& name, TagRule rule, QStringView attributes) {
     switch (rule.kind) {
       case Tag::Break:
         endLine();
@@ -234,14 +271,14 @@ class HtmlReader {
         endBlock();
         break;
       case Tag::Letters:
-        openLetters(name, styledLooks(rule.looks, attributes));
+        openLetters(name.toString(), styledLooks(rule.looks, attributes));
         break;
       default:
         break;
     }
   }
 
-  void close(const QString& name, TagRule rule) {
+  void close(const TagName& name, TagRule rule) {
     switch (rule.kind) {
       case Tag::Preformatted:
         preformatted_ = qMax(0, preformatted_ - 1);
@@ -250,7 +287,7 @@ class HtmlReader {
         endBlock();
         break;
       case Tag::Letters:
-        closeLetters(name);
+        closeLetters(name.toString());
         break;
       default:
         break;
@@ -275,10 +312,7 @@ class HtmlReader {
       counts_[i] += (looks & look) != 0 ? by : 0;
       shown = static_cast<quint8>(shown | (counts_[i] > 0 ? look : 0));
     }
-    if (shown != looks_) {
-      flush();
-      looks_ = shown;
-    }
+    looks_ = shown;
   }
 
   void addText(QStringView text) {
@@ -289,14 +323,24 @@ class HtmlReader {
       } else if (unit == u'&') {
         at += addReference(text.sliced(at));
       } else {
-        qsizetype end = at + 1;
-        while (end < text.size() && !isBlank(text[end].unicode()) && text[end] != u'&') {
-          ++end;
-        }
+        const qsizetype end = endOfWords(text, at);
         addWord(text.sliced(at, end - at));
         at = end;
       }
     }
+  }
+
+  /// Words that single blanks part are taken as one piece.
+  static qsizetype endOfWords(QStringView text, qsizetype at) {
+    const char16_t* const units = text.utf16();
+    const qsizetype size = text.size();
+    for (qsizetype end = at + 1; end < size; ++end) {
+      const bool isSingleBlank = units[end] == u' ' && end + 1 < size && units[end + 1] > u' ';
+      if (units[end] <= u'&' && !isSingleBlank && (units[end] == u'&' || isBlank(units[end]))) {
+        return end;
+      }
+    }
+    return size;
   }
 
   /// How many units it was.
@@ -333,27 +377,14 @@ class HtmlReader {
 
   void addWord(QStringView units) {
     if (blank_ != kNoBlank) {
-      if (blank_ != formats_[looks_]) {
-        flush();
-        builder_.append(u" ", blank_, paragraph_);
-      } else {
-        pending_.append(u' ');
-      }
+      builder_.appendUnit(u' ', blank_);
       blank_ = kNoBlank;
     }
-    pending_.append(units);
+    builder_.append(units, formats_[looks_], paragraph_);
     lineHasText_ = true;
   }
 
-  void flush() {
-    if (!pending_.isEmpty()) {
-      builder_.append(pending_, formats_[looks_], paragraph_);
-      pending_.resize(0);
-    }
-  }
-
   void endLine() {
-    flush();
     builder_.endParagraph(formats_[looks_], paragraph_);
     blank_ = kNoBlank;
     lineHasText_ = false;
@@ -371,8 +402,6 @@ class HtmlReader {
   RichText::Builder builder_;
   std::array<int, kLooks> formats_{};
   int paragraph_ = 0;
-  /// Letters in the looks of now that the builder doesn't have yet.
-  QString pending_;
   quint8 looks_ = 0;
   /// How many open tags ask for each look.
   std::array<int, 3> counts_{};
@@ -388,7 +417,7 @@ class HtmlReader {
 
 }  // namespace
 
-RichText readHtml(QStringView html) {
-  const QString body = Html().TrimHeadTags(html.toString());
+RichText readHtml(const QString& html) {
+  const QString body = Html().TrimHeadTags(html);
   return HtmlReader(body).read();
 }

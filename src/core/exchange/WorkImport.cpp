@@ -9,8 +9,6 @@
 #include "core/text/Rtf.h"
 #include "core/text/cSharedHTML.h"
 
-#include <QStringMatcher>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -20,15 +18,32 @@ namespace {
 constexpr QStringView kHeading = u"chapter ";
 constexpr QStringView kSceneBreak = u"* * *";
 
-/// Where the headings begin, and the end of the text.
+/// Where the headings begin, and the end of the text. By a letter that is rare: a comparison that ignores case costs
+/// more than all else at each place.
 std::vector<qsizetype> chapterBounds(const QString& plain) {
-  const QStringMatcher heading(kHeading, Qt::CaseInsensitive);
+  constexpr qsizetype kRare = 3;
+  static_assert(kHeading[kRare] == u'p');
+  const char16_t* const units = QStringView(plain).utf16();
   std::vector<qsizetype> bounds;
-  for (qsizetype at = heading.indexIn(plain); at >= 0; at = heading.indexIn(plain, at + 1)) {
-    bounds.push_back(at);
+  for (qsizetype at = 0; at + kHeading.size() <= plain.size(); ++at) {
+    if ((units[at + kRare] | 0x20) == u'p' &&
+        QStringView(plain).sliced(at, kHeading.size()).compare(kHeading, Qt::CaseInsensitive) == 0) {
+      bounds.push_back(at);
+    }
   }
   bounds.push_back(plain.size());
   return bounds;
+}
+
+/// Each "* * *", one that begins in another too.
+std::vector<qsizetype> sceneBreaks(QStringView chapter) {
+  std::vector<qsizetype> marks;
+  for (qsizetype at = chapter.indexOf(u'*'); at >= 0; at = chapter.indexOf(u'*', at + 1)) {
+    if (chapter.sliced(at).startsWith(kSceneBreak)) {
+      marks.push_back(at);
+    }
+  }
+  return marks;
 }
 
 bool isIndent(QChar unit) {
@@ -53,14 +68,19 @@ qsizetype beginBehind(QStringView chapter, qsizetype mark) {
   return chapter.sliced(at).startsWith(u"\r\n") ? at + 2 : mark + kSceneBreak.size();
 }
 
-/// The scenes of a chapter. Where marks run into each other the last one counts, so they are sought from the end.
+/// The scenes of a chapter. Of marks that run into each other the last one counts, so they are taken from the end.
 std::vector<TextRange> scenesOf(QStringView chapter) {
+  const std::vector<qsizetype> marks = sceneBreaks(chapter);
   std::vector<TextRange> scenes;
   qsizetype end = chapter.size();
-  for (qsizetype mark = chapter.lastIndexOf(kSceneBreak); mark >= 0;
-       mark = chapter.first(mark).lastIndexOf(kSceneBreak)) {
-    scenes.push_back({std::min(beginBehind(chapter, mark), end), end});
-    end = endBefore(chapter, mark);
+  qsizetype lastMark = end;
+  for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark) {
+    if (*mark + kSceneBreak.size() > lastMark) {
+      continue;
+    }
+    scenes.push_back({std::min(beginBehind(chapter, *mark), end), end});
+    end = endBefore(chapter, *mark);
+    lastMark = *mark;
   }
   scenes.push_back({0, end});
   std::reverse(scenes.begin(), scenes.end());
