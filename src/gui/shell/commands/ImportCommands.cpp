@@ -113,7 +113,7 @@ bool ImportCommands::mayBegin(const QString& question, const QStringList& explan
     toolkit().MsgBox(u"Please create a new project first"_s);
     return false;
   }
-  if (toolkit().MsgBox(question, Buttons::YesNo) != Answer::Yes) {
+  if (toolkit().MsgBox(question, Buttons::NoUnlessYes) != Answer::Yes) {
     return false;
   }
   toolkit().MsgBox(explanation.join(u'\n'));

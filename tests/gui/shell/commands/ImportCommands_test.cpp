@@ -1,5 +1,6 @@
 // What other programs wrote brought into the book, or in its place, from the main window's menu to the files.
 
+#include "core/infra/FolderLock.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/clsChapter.h"
@@ -308,7 +309,25 @@ TEST_F(ImportTest, AManuscriptThatCanNotBeReadStaysAtItsStep) {
   press(Qt::Key_Return);
   EXPECT_EQ(said("lblStepNum"), u"Step 1"_s);
   EXPECT_FALSE(toolkit.askedWhileHeld);
+  press(Qt::Key_Escape);
+  toolkit.expectBox(u"Each becomes a new scene"_s);
+  toolkit.expectFile(book_);
+  toolkit.expectBox(u"These files could not be read, so their scenes are empty:\n"_s);
+  trigger("mnuImportScene");
+  EXPECT_EQ(sceneAt(6)->Title + sceneAt(6)->ConvertedToBodyText(), u"book"_s);
   QFile::setPermissions(book_, QFile::ReadOwner | QFile::WriteOwner);
+}
+
+TEST_F(ImportTest, NothingTakesThePlaceOfABookThatIsOpenReadOnly) {
+  endProgram();
+  const FolderLock elsewhere(folder.path(u"Small"_s));
+  toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  startWith(project_);
+  fillIn(book_);
+  toolkit.expectBox(u"The book was opened read-only, so nothing is saved to its place."_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(g_Project->SceneCount(), 5);
+  EXPECT_TRUE(wizard_->isVisible());
 }
 
 TEST_F(ImportTest, AListOfScenesTakesThePlaceOfTheBook) {
