@@ -6,7 +6,9 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/exchange/frmImportWIP.h"
 #include "gui/planning/frmStoryboard.h"
+#include "gui/planning/frmWordTarget.h"
 #include "gui/sheets/frmEditChapter.h"
 #include "gui/sheets/frmEditCharacter.h"
 #include "gui/sheets/frmEditThing.h"
@@ -95,8 +97,10 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmProblemWords problems(&window());
   const frmGlobalReplace replacing(&window());
   const frmProjectWizard wizard(&window());
+  const frmImportWIP import(&window());
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
+  const frmWordTarget target({}, 0, &window());
   const frmPickChapters chapters(&window());
   frmPrinterSetup printer(&window());
   printer.OfferPreview({});

@@ -81,6 +81,8 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuCreateDebug",
                               "mnuListView",
                               "mnuStoryboard",
+                              "mnuWordTarget",
+                              "mnuPrintOnStatus(0)",
                               "mnuFind",
                               "cmdFindNext",
                               "mnuGlobalReplace",
