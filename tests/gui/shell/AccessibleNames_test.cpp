@@ -7,6 +7,7 @@
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/exchange/frmImportWIP.h"
+#include "gui/planning/frmChart.h"
 #include "gui/planning/frmStoryboard.h"
 #include "gui/planning/frmWordTarget.h"
 #include "gui/sheets/frmEditChapter.h"
@@ -100,6 +101,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmImportWIP import(&window());
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
+  const frmChart chart(&window());
   const frmWordTarget target({}, 0, &window());
   const frmPickChapters chapters(&window());
   frmPrinterSetup printer(&window());

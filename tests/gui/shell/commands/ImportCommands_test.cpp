@@ -251,7 +251,7 @@ TEST_F(ImportTest, WithoutAWholeBackupTheWriterIsAsked) {
   toolkit.expectBox(question, Answer::No);
   press(Qt::Key_Return);
   EXPECT_EQ(toolkit.lastButtons, Buttons::NoUnlessYes);
-  EXPECT_TRUE(isAsItWas());
+  ASSERT_TRUE(isAsItWas());
   EXPECT_EQ(g_Project->SceneCount(), 5);
   EXPECT_TRUE(wizard_->isVisible()) << "the answers stay";
   ASSERT_TRUE(waitUntilActive(*wizard_));
@@ -297,25 +297,28 @@ TEST_F(ImportTest, AFailedSaveIsToldAndLeavesTheFormerBookOnTheDisk) {
   EXPECT_NE(fileBytes(project_), former);
 }
 
-TEST_F(ImportTest, AManuscriptThatCanNotBeReadStaysAtItsStep) {
-  const OrdinaryUser user;
-  if (!user.limited()) {
-    GTEST_SKIP();
-  }
-  QFile::setPermissions(book_, {});
+TEST_F(ImportTest, WhatCanNotBeReadIsTold) {
+  const QString huge = folder.path(u"huge.txt"_s);
+  QFile file(huge);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{3} << 30)) << "beyond all measure, without a byte";
   open();
-  type(book_);
+  type(huge);
   toolkit.expectBox(u"Your import file can't be read.\n\n"_s);
   press(Qt::Key_Return);
   EXPECT_EQ(said("lblStepNum"), u"Step 1"_s);
-  EXPECT_FALSE(toolkit.askedWhileHeld);
   press(Qt::Key_Escape);
+  toolkit.expectBox(kSureOfScenes, Answer::Yes);
+  toolkit.expectBox(kAboutScenes);
+  toolkit.expectFile(huge);
+  toolkit.expectBox(u"The file can't be read. Nothing was imported.\n\n"_s);
+  trigger("mnuImportSceneFile");
+  EXPECT_TRUE(isAsItWas());
   toolkit.expectBox(u"Each becomes a new scene"_s);
-  toolkit.expectFile(book_);
+  toolkit.expectFile(huge);
   toolkit.expectBox(u"These files could not be read, so their scenes are empty:\n"_s);
   trigger("mnuImportScene");
-  EXPECT_EQ(sceneAt(6)->Title + sceneAt(6)->ConvertedToBodyText(), u"book"_s);
-  QFile::setPermissions(book_, QFile::ReadOwner | QFile::WriteOwner);
+  EXPECT_EQ(sceneAt(6)->Title + sceneAt(6)->ConvertedToBodyText(), u"huge"_s);
+  EXPECT_FALSE(toolkit.askedWhileHeld);
 }
 
 TEST_F(ImportTest, NothingTakesThePlaceOfABookThatIsOpenReadOnly) {

@@ -81,6 +81,8 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuCreateDebug",
                               "mnuListView",
                               "mnuStoryboard",
+                              "mnuChart",
+                              "mnuExportTimeline",
                               "mnuWordTarget",
                               "mnuPrintOnStatus(0)",
                               "mnuFind",
