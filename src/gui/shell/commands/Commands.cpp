@@ -12,6 +12,7 @@
 #include "gui/shell/commands/SearchCommands.h"
 #include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
+#include "gui/shell/commands/TextExportCommands.h"
 #include "gui/shell/commands/TimelineCommand.h"
 #include "gui/shell/commands/ToolCommands.h"
 #include "gui/shell/commands/WindowCommands.h"
@@ -32,5 +33,6 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<WindowCommands>(main));
   main.addCommands(std::make_unique<PrintCommands>(main));
   main.addCommands(std::make_unique<ImportCommands>(main));
+  main.addCommands(std::make_unique<TextExportCommands>(main));
   main.addCommands(std::make_unique<TimelineCommand>(main));
 }
