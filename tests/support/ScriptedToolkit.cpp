@@ -118,6 +118,10 @@ QString ScriptedToolkit::OpenFileDialog(const FileQuestion& question) {
   return expected ? expected->text : QString();
 }
 
+QStringList ScriptedToolkit::GetFiles(const FileQuestion& question) {
+  return OpenFileDialog(question).split(u'\n', Qt::SkipEmptyParts);
+}
+
 QString ScriptedToolkit::SaveFileDialog(const FileQuestion& question) {
   return OpenFileDialog(question);
 }

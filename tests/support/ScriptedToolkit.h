@@ -21,7 +21,7 @@ class ScriptedToolkit : public Toolkit {
   /// The next question with named answers must hold this text and is answered with the choice of this name; empty is
   /// none of them.
   void expectChoice(const QString& text, const QString& choice);
-  /// The next file, folder or input question is answered with this text; empty is cancel.
+  /// The next file, folder or input question is answered with this text, several files a line each; empty is cancel.
   void expectFile(const QString& answer);
   void expectColour(std::optional<quint32> answer);
   /// The next thing asked is the error reporter with this text in it.
@@ -59,6 +59,7 @@ class ScriptedToolkit : public Toolkit {
   int Choose(const ChoiceQuestion& question) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& text) override;
   QString OpenFileDialog(const FileQuestion& question) override;
+  QStringList GetFiles(const FileQuestion& question) override;
   QString SaveFileDialog(const FileQuestion& question) override;
   QString PickFolder(const QString& title, const QString& folder) override;
   std::optional<quint32> PickColour(const QString& title, quint32 initial) override;

@@ -28,6 +28,7 @@ class SilentToolkit : public Toolkit {
   int Choose(const ChoiceQuestion& question) override { return question.unattended; }
   QString InputBox(const QString&, const QString&, const QString&) override { return {}; }
   QString OpenFileDialog(const FileQuestion&) override { return {}; }
+  QStringList GetFiles(const FileQuestion&) override { return {}; }
   QString SaveFileDialog(const FileQuestion&) override { return {}; }
   QString PickFolder(const QString&, const QString&) override { return {}; }
   std::optional<quint32> PickColour(const QString&, quint32) override { return {}; }

@@ -65,6 +65,8 @@ class Toolkit {
   virtual QString InputBox(const QString& prompt, const QString& title, const QString& text) = 0;
   /// Full path in the platform's form, or empty on cancel.
   virtual QString OpenFileDialog(const FileQuestion& question) = 0;
+  /// The same for one or more files; none on cancel.
+  virtual QStringList GetFiles(const FileQuestion& question) = 0;
   virtual QString SaveFileDialog(const FileQuestion& question) = 0;
   virtual QString PickFolder(const QString& title, const QString& folder) = 0;
   /// Colours are 24-bit numbers in blue-green-red order. Nothing on cancel.

@@ -247,6 +247,19 @@ QString QtToolkit::OpenFileDialog(const FileQuestion& question) {
   return chosen(dialog);
 }
 
+QStringList QtToolkit::GetFiles(const FileQuestion& question) {
+  const PointerPause pause(*this);
+  const FileDialog dialog;
+  dialog->setAcceptMode(QFileDialog::AcceptOpen);
+  dialog->setFileMode(QFileDialog::ExistingFiles);
+  prepare(dialog, question);
+  QStringList files = dialog.accepted() ? dialog->selectedFiles() : QStringList();
+  for (QString& file : files) {
+    file = Paths::native(file);
+  }
+  return files;
+}
+
 QString QtToolkit::SaveFileDialog(const FileQuestion& question) {
   const PointerPause pause(*this);
   const FileDialog dialog;

@@ -9,6 +9,7 @@ class QtToolkit : public Toolkit {
   int Choose(const ChoiceQuestion& question) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& text) override;
   QString OpenFileDialog(const FileQuestion& question) override;
+  QStringList GetFiles(const FileQuestion& question) override;
   QString SaveFileDialog(const FileQuestion& question) override;
   QString PickFolder(const QString& title, const QString& folder) override;
   std::optional<quint32> PickColour(const QString& title, quint32 initial) override;

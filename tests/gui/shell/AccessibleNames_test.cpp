@@ -6,6 +6,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/exchange/frmImportWIP.h"
 #include "gui/planning/frmChart.h"
 #include "gui/planning/frmStoryboard.h"
 #include "gui/planning/frmWordTarget.h"
@@ -97,6 +98,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmProblemWords problems(&window());
   const frmGlobalReplace replacing(&window());
   const frmProjectWizard wizard(&window());
+  const frmImportWIP import(&window());
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
   const frmChart chart(&window());

@@ -169,6 +169,7 @@ TEST(FileDialog, BeginsAtHomeWithoutAFolderThatIsThereAndGivesNothingOnCancel) {
   };
   for (const QString& folder : {QString(), u"/no/such/folder"_s}) {
     cancelled([&] { return toolkit.OpenFileDialog({u"Open"_s, u"*.qn4"_s, {}, folder}); });
+    cancelled([&] { return toolkit.GetFiles({u"Open"_s, u"*.TXT"_s, {}, folder}).join(u'+'); });
     cancelled([&] { return toolkit.SaveFileDialog({u"Save"_s, {}, {}, folder}); });
     cancelled([&] { return toolkit.PickFolder(u"Where?"_s, folder); });
   }

@@ -1,14 +1,10 @@
 #include "gui/shell/windows/frmGlobalReplace.h"
 
 #include "core/infra/BusyPointer.h"
-#include "core/infra/Clock.h"
-#include "core/infra/FirstOf.h"
 #include "core/infra/Toolkit.h"
-#include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
-#include "core/persist/BackupsProject.h"
-#include "core/persist/BackupsView.h"
+#include "gui/shell/windows/CompleteBackup.h"
 #include "gui/shell/windows/UnplacedBook.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -59,36 +55,6 @@ QString endOf(const GlobalReplace::Outcome& outcome) {
     default:
       return replaced(outcome.occurrences);
   }
-}
-
-/// A name that no file has, for the archive beside itself.
-QString nameAside(const QString& archive) {
-  const QString stem = Files().FileWithoutExt(archive) + Clock::now().toString(u"'_'HHmmss"_s);
-  QString name = stem + u".zip"_s;
-  for (int i = 2; Files().FileExists(name); ++i) {
-    name = stem + u'_' + QString::number(i) + u".zip"_s;
-  }
-  return name;
-}
-
-/// The day has one archive of the whole book: an earlier one holds what an earlier replacement has changed, so it gives
-/// up its name, and nothing is packed over one that can't.
-BackupOutcome makeBackup() {
-  const QString earlier = newestCompleteBackup(*g_Project);
-  if (Files().PathOnly(earlier) != g_Project->TodaysBackupFolder()) {
-    return backUpProject(*g_Project, true, false);
-  }
-  const QString aside = nameAside(earlier);
-  if (!Files().MoveFile(earlier, aside)) {
-    return {BackupOutcome::Result::Failed,
-            {},
-            {u"The earlier backup could not be renamed, and is left as it is: "_s + earlier}};
-  }
-  BackupOutcome outcome = backUpProject(*g_Project, true, false);
-  if (!Files().FileExists(earlier)) {
-    Files().MoveFile(aside, earlier);
-  }
-  return outcome;
 }
 
 }  // namespace
@@ -219,20 +185,13 @@ bool frmGlobalReplace::mayReplace() {
 /// False when there is none and the user doesn't go on without.
 bool frmGlobalReplace::backUp() {
   SaveBook();
-  const BackupOutcome outcome = makeBackup();
-  QStringList causes = firstOf(outcome.causes);
-  if (g_Project->HoldsUnsaved()) {
-    causes.append(u"What could not be saved is not in it."_s);
-  }
-  if (causes.isEmpty()) {
-    archive_ = outcome.archive;
+  const CompleteBackup backup =
+      CompleteBackup::makeOrAsk(u"the former texts could not be brought back"_s, u"Replace all the same?"_s);
+  archive_ = backup.archive;
+  if (!archive_.isEmpty()) {
     Q_EMIT backedUp();
-    return true;
   }
-  return toolkit().MsgBox(
-             u"There is no complete backup of the book as it is now, so the former texts could not be brought back.\n\n"_s +
-                 causes.join(u'\n') + u"\n\nReplace all the same?"_s,
-             Buttons::NoUnlessYes) == Answer::Yes;
+  return backup.mayGoOn;
 }
 
 void frmGlobalReplace::tell(const GlobalReplace::Outcome& outcome) {

@@ -1,0 +1,33 @@
+#include "core/exchange/ImportedBook.h"
+
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+
+using namespace Qt::StringLiterals;
+
+namespace ImportedBook {
+
+std::shared_ptr<clsCharacter> begin(clsProject& project) {
+  const QString file = project.FileWithPath;
+  project.Clear();
+  project.FileWithPath = file;
+  // Chapters of the same numbers come, and none of them ends a section.
+  project.EndBeginningChID = 0;
+  project.EndMiddleChID = 0;
+  project.Title = u"Imported Project"_s;
+  project.AuthorName = u"Author's Name"_s;
+  auto narrator = std::make_shared<clsCharacter>();
+  narrator->setTitle(u"Unnamed"_s);
+  project.AddChar(narrator);
+  return narrator;
+}
+
+std::shared_ptr<clsChapter> addChapter(clsProject& project) {
+  auto chapter = std::make_shared<clsChapter>();
+  chapter->Title = u"Chapter "_s + QString::number(project.ChapterCount() + 1);
+  project.AddChapter(chapter);
+  return chapter;
+}
+
+}  // namespace ImportedBook

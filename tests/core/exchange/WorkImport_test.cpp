@@ -1,0 +1,147 @@
+#include "core/exchange/WorkImport.h"
+
+#include "core/exchange/SceneListImport.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "core/text/Rtf.h"
+#include "support/SampleProject.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Scenes parted by "/", chapters by "#", line ends as "|".
+QString shown(const WorkImport& work) {
+  QStringList chapters;
+  for (const WorkImport::Chapter& chapter : work.chapters) {
+    QStringList scenes;
+    for (const QByteArray& scene : chapter) {
+      scenes.append(QString(readRtf(scene).text()).replace(u"\r\n"_s, u"|"_s));
+    }
+    chapters.append(scenes.join(u'/'));
+  }
+  return chapters.join(u'#');
+}
+
+WorkImport cut(const RichText& text) {
+  return WorkImport::cut(text).value();
+}
+
+}  // namespace
+
+TEST(WorkImport, ATextIsCutIntoChaptersAndScenes) {
+  struct Case {
+    QString text;
+    QString cut;
+    qint32 words;
+    qint32 inFront;
+  };
+  const Case cases[] = {
+      {u""_s, u""_s, 0, 0},
+      {u"No heading\nat all"_s, u""_s, 0, 4},
+      {u"By me\n\nCHAPTER 3\nOne\nTwo\nchapter four\nEnd"_s, u"CHAPTER 3|One|Two#chapter four|End"_s, 7, 2},
+      {u"Chapter 1\na\n* * *\nb\n   * * *  \nc"_s, u"Chapter 1|a/b/c"_s, 5, 0},
+      {u"Chapter 1 a * * * b"_s, u"Chapter 1 a / b"_s, 4, 0},
+      {u"Chapter 1\n***\na\n* * *\n"_s, u"Chapter 1|***|a/"_s, 3, 0},
+      {u"Chapter 1\n* * * * *\nb"_s, u"Chapter 1|* * /b"_s, 3, 0},
+      {u"Chapter 1\n* * *\n* * *\nb"_s, u"Chapter 1//b"_s, 3, 0},
+      {u"Chapter\u00A01, chapters\n and a chapter too"_s, u"chapter too"_s, 2, 5},
+      {u"a\n\n\nChapter 1\n\n\nb\n\n\nChapter 2"_s, u"Chapter 1|||b||#Chapter 2"_s, 5, 1},
+  };
+  for (const Case& expected : cases) {
+    const WorkImport work = cut(RichText::fromPlain(expected.text));
+    EXPECT_EQ(shown(work), expected.cut) << expected.text;
+    EXPECT_EQ(work.words, expected.words) << expected.text;
+    EXPECT_EQ(work.wordsInFront, expected.inFront) << expected.text;
+  }
+}
+
+// What isn't read, a bookmark or hidden words, is no part of a heading or a mark, and goes with what comes behind it.
+TEST(WorkImport, FormatsAndObjectsGoWithTheirText) {
+  const QByteArray rtf =
+      "{\\rtf1 front\\par\\pard\\qc {\\*\\bkmkstart a}{\\*\\bkmkend a}{\\b Cha{\\v hidden}pter 1}\\par\\pard "
+      "one {\\i two}\\line three\\par\\qc * *{\\v x} *\\par\\pard\\qr four {\\*\\bkmkstart b}{\\*\\bkmkend b}\\par "
+      "Chapter 2\\par}";
+  const RichText text = readRtf(rtf);
+  ASSERT_NE(text.plainText().size(), text.size());
+  const WorkImport work = cut(text);
+  ASSERT_EQ(work.scenes, 3);
+  const RichText first = readRtf(work.chapters[0][0]);
+  const RichText whole = text.slice(text.text().indexOf(u"front") + 7, first.size());
+  EXPECT_EQ(first, whole);
+  EXPECT_EQ(first.plainText(), u"Chapter 1\r\none two\r\nthree"_s);
+  EXPECT_EQ(first.paragraph(0).format->alignment, ParagraphFormat::Alignment::Centre);
+  const RichText second = readRtf(work.chapters[0][1]);
+  EXPECT_EQ(second.plainText(), u"four "_s);
+  EXPECT_EQ(second.paragraph(0).format->alignment, ParagraphFormat::Alignment::Right);
+  EXPECT_EQ(shown(work).section(u'#', 1), u"Chapter 2"_s);
+}
+
+TEST(WorkImport, ItCanBeStoppedAtEachScene) {
+  int asked = 0;
+  EXPECT_FALSE(WorkImport::cut(RichText::fromPlain(u"chapter 1 * * * chapter 2"_s), [&] { return ++asked < 2; }));
+  EXPECT_EQ(asked, 2);
+}
+
+TEST(WorkImport, TheBookHoldsWhatWasCutAndNothingElse) {
+  makeSmallProject();
+  g_Project->FileWithPath = u"/nowhere/Book.qn4"_s;
+  g_Project->EndMiddleChID = chapterAt(1)->ID();
+  g_Project->setLastFileIndex(4, 7);
+  cut(RichText::fromPlain(u"Chapter IX\na\n* * *\nb\nChapter X\nc"_s)).fill(*g_Project);
+  EXPECT_EQ(g_Project->FileWithPath, u"/nowhere/Book.qn4"_s);
+  EXPECT_EQ(g_Project->Title + u'/' + g_Project->AuthorName, u"Imported Project/Author's Name"_s);
+  EXPECT_EQ(g_Project->EndMiddleChID, 0);
+  EXPECT_EQ(g_Project->LastFileIndex(4), 7) << "files of the former scenes keep their names";
+  ASSERT_EQ(g_Project->CharCount(), 1);
+  EXPECT_EQ(g_Project->LocationCount() + g_Project->ItemCount() + g_Project->NoteCount(), 0);
+  QStringList outline;
+  for (const auto& chapter : g_Project->Chapters) {
+    outline.append(chapter->Title);
+    for (qint32 i = 1; i <= chapter->SceneCount(); ++i) {
+      const auto scene = chapter->SceneByIndex(i);
+      EXPECT_EQ(scene->BelongsToChID, chapter->ID());
+      EXPECT_EQ(scene->ViewPointChar()->Title(), u"Unnamed"_s);
+      outline.append(scene->Title + u'=' + QString(scene->ConvertedToBodyText()).remove(u"\r\n"_s));
+    }
+  }
+  EXPECT_EQ(outline.join(u' '), u"Chapter 1 Scene 1=Chapter IXa Scene 2=b Chapter 2 Scene 1=Chapter Xc"_s);
+  EXPECT_EQ(g_Project->SceneCount(), 3);
+}
+
+TEST(SceneListImport, ALineIsAScene) {
+  struct Case {
+    QString text;
+    QString ideas;
+  };
+  const Case cases[] = {
+      {u""_s, u""_s},
+      {u"One. Two!\r\nWow! Really.\rNone\n\tIndented. Yes"_s,
+       u"+One.=One. Two! Wow!=Wow! Really. No short description=None +Indented.=\tIndented. Yes"_s},
+      {u"1.\n2.\n3.\n4.\n5.\n6.\n7.\n"_s, u"+1.=1. 2.=2. 3.=3. +4.=4. 5.=5. 6.=6. +7.=7."_s},
+      // Empty lines count, and the first idea always has a chapter.
+      {u"\n1.\n \n2.\n\n3.\n\n4."_s, u"+1.=1. +2.=2. 3.=3. 4.=4."_s},
+      {u"<html><head><title>x.</title></head><body><p>A &amp; b. <b>C</b>\nd</p>\n<p>E!</p></body></html>"_s,
+       u"+A & b.=A & b. C d E!=E!"_s},
+  };
+  for (const Case& expected : cases) {
+    QStringList ideas;
+    for (const SceneListImport::Idea& idea : SceneListImport::read(expected.text).ideas) {
+      ideas.append((idea.opensChapter ? u"+"_s : QString()) + idea.title + u'=' + idea.description);
+    }
+    EXPECT_EQ(ideas.join(u' '), expected.ideas) << expected.text;
+  }
+  makeSmallProject();
+  SceneListImport::read(cases[2].text).fill(*g_Project);
+  ASSERT_EQ(g_Project->ChapterCount(), 3);
+  EXPECT_EQ(chapterAt(3)->SceneCount(), 1);
+  EXPECT_EQ(chapterAt(3)->Title + sceneAt(7)->DescText + sceneAt(7)->ViewPointChar()->Title(), u"Chapter 37.Unnamed"_s);
+  EXPECT_TRUE(sceneAt(7)->TextRTF().isEmpty());
+}
