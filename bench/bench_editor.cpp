@@ -1,6 +1,7 @@
 // The editor's window with a scene of 50,000 words, beside a bare text control of Qt's in a window of the same size
 // with the same text; painted off the screen. Counters: "ratio" is how many times the control's time it takes; "texts"
 // is what fifty steps of undo hold, as a multiple of the text's own size in memory.
+#include "BenchProgram.h"
 #include "Paired.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -9,12 +10,9 @@
 #include "core/text/Rtf.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/life/RegisterWindows.h"
-#include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/TextHistory.h"
-#include "support/TestHome.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QRandomGenerator>
 #include <QTest>
@@ -265,17 +263,10 @@ void addAll(const QString& text) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  const TestHome home;
-  benchmark::Initialize(&argc, argv);
-  QtToolkit screen;
-  installToolkit(&screen);
+  const BenchProgram program(argc, argv);
   registerWindows();
   const QString text = prose();
   makeBook(text);
   addAll(text);
   benchmark::RunSpecifiedBenchmarks();
-  g_Project = std::make_unique<clsProject>();
-  installToolkit(nullptr);
 }

@@ -1,14 +1,15 @@
 // A search through a large book in the main window, and a replacement in all of it, painted off the screen:
 //     bench_search PROJECT.qn4
 // The project is copied, and the copies are changed.
+#include "BenchProgram.h"
 #include "Paired.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSharedFileSubs.h"
-#include "core/model/GlobalReplace.h"
 #include "core/model/Globals.h"
 #include "core/model/StorySearch.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/GlobalReplace.h"
 #include "core/text/Rtf.h"
 #include "gui/shell/life/RegisterWindows.h"
 #include "gui/shell/main/ChapterPane.h"
@@ -17,7 +18,6 @@
 #include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/views/ListView.h"
-#include "support/TestHome.h"
 
 #include <QAction>
 #include <QApplication>
@@ -158,34 +158,26 @@ void replaceEverywhere(benchmark::State& state, Bench& bench) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  const TestHome home;
-  benchmark::Initialize(&argc, argv);
-  if (argc != 2) {
+  BenchProgram<QuietToolkit> program(argc, argv);
+  const QString& project = program.book();
+  if (project.isEmpty()) {
     return 1;
   }
-  QuietToolkit screen;
-  installToolkit(&screen);
   registerWindows();
-  const QString project = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
   // On the disk of the project: in memory nothing would wait for it.
   const QTemporaryDir folder(Files().PathOnly(project) + u"bench_XXXXXX"_s);
   const QString copy = folder.filePath(u"book/"_s);
   copyFolder(Files().PathOnly(project), copy);
   copyFolder(Files().PathOnly(project) + u"RTF"_s, copy + u"RTF"_s);
   copyFolder(Files().PathOnly(project) + u"RTF"_s, folder.filePath(u"texts"_s));
-  QFile settings(Paths::programFolder() + u"Quillane4.ini"_s);
-  settings.open(QIODevice::WriteOnly);
-  settings.write("LANGID,English\r\nBadWord1," + kNowhere.toLatin1() + "\r\n");
-  settings.close();
+  program.leaveSettings("BadWord1," + kNowhere.toLatin1() + "\r\n");
   {
     frmMain main(copy + Files().FileOnly(project));
     main.Form_Load();
     main.StopScanTimer();
     main.stopUpdateCheck();
     main.show();
-    Bench bench{main, screen, folder.filePath(u"texts/"_s)};
+    Bench bench{main, program.screen, folder.filePath(u"texts/"_s)};
     const auto add = [&](const char* name, void (*measured)(benchmark::State&, Bench&)) {
       return benchmark::RegisterBenchmark(name, [=, &bench](benchmark::State& state) { measured(state, bench); })
           ->UseManualTime()
@@ -196,6 +188,4 @@ int main(int argc, char** argv) {
     add("ReplaceEverywhere", replaceEverywhere)->Iterations(4);
     benchmark::RunSpecifiedBenchmarks();
   }
-  g_Project = std::make_unique<clsProject>();
-  installToolkit(nullptr);
 }

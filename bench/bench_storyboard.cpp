@@ -2,6 +2,7 @@
 // hand; painted off the screen:
 //     bench_storyboard PROJECT.qn4
 // The project is neither changed nor saved.
+#include "BenchProgram.h"
 #include "Paired.h"
 #include "PlainLists.h"
 #include "core/infra/ChangePoller.h"
@@ -13,11 +14,8 @@
 #include "core/planning/BoardTables.h"
 #include "core/planning/CardTitle.h"
 #include "gui/planning/frmStoryboard.h"
-#include "gui/toolkit/QtToolkit.h"
 #include "gui/toolkit/Twips.h"
-#include "support/TestHome.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QPainter>
 #include <QScrollBar>
@@ -193,18 +191,10 @@ auto* add(const char* name, void (*measured)(benchmark::State&, const Picture&),
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  const TestHome home;
-  benchmark::Initialize(&argc, argv);
-  if (argc != 2) {
-    return 1;
-  }
-  QtToolkit screen;
-  installToolkit(&screen);
+  const BenchProgram program(argc, argv);
   initChangeTables();
   g_Project = std::make_unique<clsProject>();
-  if (!g_Project->Load(QString::fromLocal8Bit(argv[1]), false)) {
+  if (!g_Project->Load(program.book(), false)) {
     return 1;
   }
   const Picture picture = Picture::ofBook();
@@ -213,6 +203,4 @@ int main(int argc, char** argv) {
   add("Poll", poll, picture)->Iterations(500);
   add("PollAfterAChange", pollAfterAChange, picture)->MinTime(1);
   benchmark::RunSpecifiedBenchmarks();
-  g_Project = std::make_unique<clsProject>();
-  installToolkit(nullptr);
 }

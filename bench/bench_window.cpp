@@ -1,10 +1,10 @@
 // The main window with a large book, beside Qt's own lists filled with the same rows; painted off the screen:
 //     bench_window PROJECT.qn4
 // The project is neither changed nor saved.
+#include "BenchProgram.h"
 #include "Paired.h"
 #include "PlainLists.h"
 #include "core/infra/ChangePoller.h"
-#include "core/infra/Paths.h"
 #include "core/model/Globals.h"
 #include "core/model/StoryMoves.h"
 #include "core/model/clsChapter.h"
@@ -17,12 +17,7 @@
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmSceneList.h"
-#include "gui/toolkit/QtToolkit.h"
-#include "support/TestHome.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QTest>
 #include <QTimer>
 
@@ -342,23 +337,14 @@ void addAll(Shown& shown) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  const TestHome home;
-  benchmark::Initialize(&argc, argv);
-  if (argc != 2) {
+  const BenchProgram program(argc, argv);
+  if (program.book().isEmpty()) {
     return 1;
   }
-  QtToolkit screen;
-  installToolkit(&screen);
   registerWindows();
-  // Settings that are there already: nobody is greeted.
-  QFile settings(Paths::programFolder() + u"Quillane4.ini"_s);
-  settings.open(QIODevice::WriteOnly);
-  settings.write("LANGID,English\r\n");
-  settings.close();
+  program.leaveSettings();
   {
-    frmMain main(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
+    frmMain main(program.book());
     main.Form_Load();
     main.StopScanTimer();
     main.stopUpdateCheck();
@@ -367,6 +353,4 @@ int main(int argc, char** argv) {
     addAll(shown);
     benchmark::RunSpecifiedBenchmarks();
   }
-  g_Project = std::make_unique<clsProject>();
-  installToolkit(nullptr);
 }
