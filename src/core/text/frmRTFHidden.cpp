@@ -54,9 +54,12 @@ void frmRTFHidden::AppendText(const QByteArray& rtf) {
     AppendText(CodePage::fromBytes(rtf));
     return;
   }
-  const RichText appended = readRtf(rtf);
-  if (!appended.isEmpty()) {
-    edit().append(appended);
+  AppendText(readRtf(rtf));
+}
+
+void frmRTFHidden::AppendText(const RichText& text) {
+  if (!text.isEmpty()) {
+    edit().append(text);
   }
 }
 

@@ -17,6 +17,8 @@ class frmRTFHidden {
   void AppendText(const QString& text);
   /// RTF, whose formats come along; its last paragraph end is not appended. Other bytes are plain text.
   void AppendText(const QByteArray& rtf);
+  /// The same of a rich text.
+  void AppendText(const RichText& text);
   /// Centres the paragraphs in which it puts text; text appended later starts its paragraphs aligned as
   /// those in front were.
   void AppendTextCentered(const QString& text);

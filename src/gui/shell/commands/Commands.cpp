@@ -11,6 +11,7 @@
 #include "gui/shell/commands/SearchCommands.h"
 #include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
+#include "gui/shell/commands/TextExportCommands.h"
 #include "gui/shell/commands/ToolCommands.h"
 #include "gui/shell/commands/WindowCommands.h"
 #include "gui/shell/main/frmMain.h"
@@ -29,4 +30,5 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<StatisticsCommands>(main));
   main.addCommands(std::make_unique<WindowCommands>(main));
   main.addCommands(std::make_unique<PrintCommands>(main));
+  main.addCommands(std::make_unique<TextExportCommands>(main));
 }
