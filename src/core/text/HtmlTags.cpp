@@ -137,7 +137,7 @@ void HtmlTags::closeAll() {
 }
 
 void HtmlTags::breakLine() {
-  PendingBreak += "<br>"_L1;
+  PendingBreak += kBreak;
   PendingBreak += LineEnd;
   startLine();
 }

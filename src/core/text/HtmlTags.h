@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLatin1StringView>
 #include <QString>
 #include <QStringView>
 
@@ -47,10 +48,15 @@ class HtmlTags {
   void closeAll();
 
   void breakLine();
+  bool hasBreak() const { return !PendingBreak.isEmpty(); }
+  /// Takes one back that no text came behind.
+  void dropBreak() { PendingBreak.chop(kBreak.size() + LineEnd.size()); }
   /// Blanks that follow stand at the start of a line, as behind a break.
   void startLine() { AtLineStart = true; }
   /// The text is HTML: references, no tags.
   void text(QStringView html);
+  /// Closes what is closing: not even blanks come into it any more.
+  void writeClosed();
   /// Closes what is open and gives the whole; breaks that no text came behind are none.
   QString finish();
 
@@ -66,12 +72,13 @@ class HtmlTags {
     QString begCode;
   };
 
+  static constexpr QLatin1StringView kBreak{"<br>"};
+
   bool isOpen(HtmlCode code) const;
   void dropAsked(HtmlCode code);
   void closeFrom(size_t first, bool keepsTied);
   void writeBreak();
   void writeTags();
-  void writeClosed();
 
   std::vector<Pair> Codes;      ///< In force, in order of opening; those that are closing stand at the end.
   std::vector<Pair> NextCodes;  ///< Asked for since text was last written.

@@ -51,26 +51,33 @@ RichHtml::RichHtml(const RichText& text, const Rtf2HtmlOptions& options)
     : text_(text), options_(options), tags_(options.LineEnd, text.size() + text.size() / 4) {}
 
 QString RichHtml::write() {
-  startParagraph();
+  next_ = blockOf(*text_.paragraph(0).format);
   text_.visit(*this);
   return tags_.finish();
 }
 
-// Blocks stand outside of all formats, so that a format that changes inside doesn't part one; each item of a list has a
-// block of its own.
-void RichHtml::startParagraph() {
-  Block block = blockOf(*text_.paragraph(paragraph_).format);
-  const bool goesOn = block.code == HtmlCode::Alignment && block.tag == block_.tag;
-  if (goesOn || isJoined_) {
+// Each item of a list has a block of its own. A block begins and ends a line by itself. It stands outside of all
+// formats, so that a format that changes inside doesn't part it.
+void RichHtml::beginParagraph() {
+  const bool hasLineInFront = std::exchange(hasText_, true);
+  isBegun_ = true;
+  if (next_.code == HtmlCode::Alignment && next_.code == block_.code && next_.tag == block_.tag) {
     return;
+  }
+  if (hasLineInFront) {
+    tags_.dropBreak();
+  }
+  // A break directly in front of a block ends a line and makes none.
+  if (tags_.hasBreak() && block_.tag.isEmpty()) {
+    tags_.text(u" ");
   }
   tags_.closeAll();
   format_ = nullptr;
   codes_ = 0;
-  if (!block.tag.isEmpty()) {
-    tags_.open(block.code, block.tag);
+  if (!next_.tag.isEmpty()) {
+    tags_.open(next_.code, next_.tag);
   }
-  block_ = std::move(block);
+  block_ = next_;
 }
 
 RichHtml::Block RichHtml::blockOf(const ParagraphFormat& paragraph) {
@@ -130,11 +137,14 @@ void RichHtml::text(QStringView units, const CharFormat& format) {
   if (format.hidden) {
     return;
   }
+  if (!isBegun_) {
+    beginParagraph();
+  }
   setFormat(format);
-  isParagraphBegun_ = true;
   words_.resize(0);
   HtmlText::append(words_, wholePairs(units));
   if (!words_.isEmpty()) {
+    tags_.writeClosed();
     tags_.text(words_);
   }
 }
@@ -154,27 +164,16 @@ QStringView RichHtml::wholePairs(QStringView units) {
 
 void RichHtml::lineBreak(const CharFormat& format) {
   if (!format.hidden) {
-    half_.clear();
     tags_.breakLine();
+    half_.clear();
   }
 }
 
 // What a reader can't see parts no words: the next paragraph goes on in the same line.
 void RichHtml::paragraphEnd(const CharFormat& format, const ParagraphFormat& /*paragraph*/) {
-  isJoined_ = format.hidden && isParagraphBegun_;
-  if (!isJoined_) {
-    endLine(format);
-  }
+  lineBreak(format);
+  isBegun_ = isBegun_ && format.hidden;
   if (++paragraph_ < text_.paragraphCount()) {
-    startParagraph();
-  }
-}
-
-void RichHtml::endLine(const CharFormat& format) {
-  isParagraphBegun_ = false;
-  if (block_.code == HtmlCode::ListItem) {
-    tags_.startLine();
-  } else {
-    lineBreak(format);
+    next_ = blockOf(*text_.paragraph(paragraph_).format);
   }
 }

@@ -33,8 +33,7 @@ class RichHtml {
     QString tag{};
   };
 
-  void startParagraph();
-  void endLine(const CharFormat& format);
+  void beginParagraph();
   Block blockOf(const ParagraphFormat& paragraph);
   const Look& lookOf(const CharFormat& format);
   Look madeLook(const CharFormat& format) const;
@@ -47,12 +46,13 @@ class RichHtml {
   QHash<const CharFormat*, Look> looks_;
   const CharFormat* format_ = nullptr;  ///< In force; none at the start of a block.
   quint32 codes_ = 0;
-  Block block_{};
+  Block block_{};  ///< Of the text that was written last.
+  Block next_{};   ///< Of the paragraph.
   ListNumbering numbering_{};
   qsizetype paragraph_ = 0;
-  bool isParagraphBegun_ = false;  ///< Some of its text was written.
-  bool isJoined_ = false;          ///< It goes on where the one in front ended.
-  QString words_{};                ///< Of one piece, escaped.
-  QString half_{};                 ///< Of a pair, from the end of the piece in front.
-  QString joined_{};               ///< With the piece that it belongs to.
+  bool hasText_ = false;
+  bool isBegun_ = false;  ///< Some text of the paragraph was written.
+  QString words_{};       ///< Of one piece, escaped.
+  QString half_{};        ///< Of a pair, from the end of the piece in front.
+  QString joined_{};      ///< With the piece that it belongs to.
 };
