@@ -317,6 +317,9 @@ bool QtToolkit::runProgram(const QString& program, const QStringList& arguments,
   process.setProgram(program);
   process.setArguments(arguments);
   if (hidden) {
+    // A script has its files beside it.
+    const QFileInfo file(program);
+    process.setWorkingDirectory(file.isAbsolute() ? file.path() : QString());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
   }

@@ -4,6 +4,7 @@
 #include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ChapterCommands.h"
 #include "gui/shell/commands/FontCommand.h"
+#include "gui/shell/commands/HtmlExportCommand.h"
 #include "gui/shell/commands/NewProjectCommands.h"
 #include "gui/shell/commands/PrintCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
@@ -30,5 +31,6 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<StatisticsCommands>(main));
   main.addCommands(std::make_unique<WindowCommands>(main));
   main.addCommands(std::make_unique<PrintCommands>(main));
+  main.addCommands(std::make_unique<HtmlExportCommand>(main));
   main.addCommands(std::make_unique<TextExportCommands>(main));
 }

@@ -3,6 +3,7 @@
 #include "core/exchange/ExportStep.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -36,3 +37,5 @@ QString placeOfExport(const QString& name);
 /// What the user has to know of an export that was done: texts that are missing in it, because they could not be read
 /// when the book was opened. Empty when it is whole.
 QString missingTexts(bool withUnused);
+/// The same of these.
+QString missingTexts(const QStringList& unread);

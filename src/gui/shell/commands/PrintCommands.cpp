@@ -13,7 +13,6 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
-#include "gui/toolkit/OverActiveWindow.h"
 #include "gui/views/ListView.h"
 #include "gui/views/PrintRun.h"
 #include "gui/views/frmPickChapters.h"
@@ -23,15 +22,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-std::optional<ChapterRange> pickChapters() {
-  const OverActiveWindow<frmPickChapters> form;
-  form->ShowRange();
-  if (!form.isThere() || form->Cancelled) {
-    return {};
-  }
-  return ChapterRange{form->FirstChapter, form->LastChapter};
-}
 
 /// Nothing when the user wants no cards after all.
 std::optional<int> askCardsPerPage() {
