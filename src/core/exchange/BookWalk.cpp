@@ -45,6 +45,9 @@ QStringList unreadTexts(bool withUnused) {
 }
 
 QString withLineEnds(const QString& text) {
+  if (!text.contains(u'\n') && !text.contains(u'\r')) {
+    return text;
+  }
   QString lines = text;
   lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u"\n"_s, u"\r\n"_s);
   return lines;

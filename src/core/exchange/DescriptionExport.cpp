@@ -1,6 +1,7 @@
 #include "core/exchange/DescriptionExport.h"
 
 #include "core/exchange/BookWalk.h"
+#include "core/infra/WholeText.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -22,7 +23,7 @@ QString described(const clsScene& scene) {
 
 }  // namespace
 
-QString ExportDescriptionsByChapter(qint32 first, qint32 last, const ExportStep& step) {
+QByteArray ExportDescriptionsByChapter(qint32 first, qint32 last, const ExportStep& step) {
   QString text = withLineEnds(g_Project->Title) + u"\r\n\r\n"_s;
   BookWalk walk(step);
   walk.eachChapter([&](const auto& chapter, qint32 number) {
@@ -35,5 +36,5 @@ QString ExportDescriptionsByChapter(qint32 first, qint32 last, const ExportStep&
       text += described(scene) + kPieceEnd;
     });
   });
-  return text;
+  return WholeText::toBytes(text);
 }

@@ -2,8 +2,8 @@
 
 #include "core/exchange/ExportStep.h"
 
-#include <QString>
+#include <QByteArray>
 
-/// The descriptions of all scenes, chapter by chapter, of the chapters from the first to the last place, which count
-/// from 1.
-QString ExportDescriptionsByChapter(qint32 first, qint32 last, const ExportStep& step);
+/// A file with the descriptions of all scenes, chapter by chapter, of the chapters from the first to the last place,
+/// which count from 1.
+QByteArray ExportDescriptionsByChapter(qint32 first, qint32 last, const ExportStep& step);

@@ -1,40 +1,39 @@
 #include "core/exchange/NanoExport.h"
 
 #include "core/exchange/BookWalk.h"
+#include "core/infra/WholeText.h"
 #include "core/model/clsScene.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-char16_t scrambled(char16_t unit) {
-  if (unit >= u'a' && unit <= u'z') {
-    return u'n';
-  }
-  if (unit >= u'A' && unit <= u'Z') {
-    return u'N';
-  }
-  return unit == u'_' ? u' ' : unit;
-}
-
-void scramble(QString& text) {
-  for (QChar& letter : text) {
-    letter = QChar(scrambled(letter.unicode()));
-  }
+/// Plain letters are the same bytes in every form of such a file. Without a jump, so that many are done at once.
+void scramble(QByteArray& text) {
+  std::transform(text.cbegin(), text.cend(), text.begin(), [](char character) {
+    constexpr unsigned kCaseBit = 0x20;
+    const auto byte = static_cast<uchar>(character);
+    const bool isLetter = static_cast<uchar>((byte | kCaseBit) - 'a') < 26;
+    const auto hidden = static_cast<uchar>(isLetter ? (byte & kCaseBit) | 'N' : byte);
+    return static_cast<char>(hidden == '_' ? ' ' : hidden);
+  });
 }
 
 }  // namespace
 
-QString ExportToNano(bool withUnused, const ExportStep& step) {
-  QString text;
+QByteArray ExportToNano(bool withUnused, const ExportStep& step) {
+  WholeText::Builder text;
   BookWalk walk(step, withUnused);
   walk.eachChapter([&](const auto& chapter, qint32) {
     walk.eachScene(chapter, [&](clsScene& scene, qint32) {
-      text += scene.ConvertedToBodyText();
-      text += u"\r\n"_s;
+      text.append(scene.ConvertedToBodyText());
+      text.append(u"\r\n");
     });
-    text += u"\r\n"_s;
+    text.append(u"\r\n");
   });
-  scramble(text);
-  return text;
+  QByteArray bytes = text.take();
+  scramble(bytes);
+  return bytes;
 }

@@ -2,7 +2,8 @@
 
 #include "core/exchange/ExportStep.h"
 
-#include <QString>
+#include <QByteArray>
 
-/// The texts of the book with n in the place of every plain letter: nobody can read them, and they have the same words.
-QString ExportToNano(bool withUnused, const ExportStep& step);
+/// A file with the texts of the book and n in the place of every plain letter: nobody can read them, and they have the
+/// same words.
+QByteArray ExportToNano(bool withUnused, const ExportStep& step);

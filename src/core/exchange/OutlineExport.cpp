@@ -1,12 +1,13 @@
 #include "core/exchange/OutlineExport.h"
 
 #include "core/exchange/BookWalk.h"
+#include "core/infra/WholeText.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsScene.h"
 
 using namespace Qt::StringLiterals;
 
-QString ExportOutline(const ExportStep& step) {
+QByteArray ExportOutline(const ExportStep& step) {
   QString text;
   BookWalk walk(step);
   walk.eachChapter([&](const auto& chapter, qint32) {
@@ -16,5 +17,5 @@ QString ExportOutline(const ExportStep& step) {
       text += withLineEnds(scene.DescText) + u"\r\n\r\n"_s;
     });
   });
-  return text;
+  return WholeText::toBytes(text);
 }

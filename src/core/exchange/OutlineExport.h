@@ -2,7 +2,7 @@
 
 #include "core/exchange/ExportStep.h"
 
-#include <QString>
+#include <QByteArray>
 
-/// Titles and descriptions of the whole book between the tags that an outline is imported by.
-QString ExportOutline(const ExportStep& step);
+/// Titles and descriptions of the whole book as a file, between the tags that an outline is imported by.
+QByteArray ExportOutline(const ExportStep& step);

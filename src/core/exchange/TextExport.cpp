@@ -1,5 +1,6 @@
 #include "core/exchange/TextExport.h"
 
+#include "core/infra/WholeText.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsScene.h"
 
@@ -20,27 +21,28 @@ const QString kBehindTitle = u"*\r\n\r\n\r\n\r\n"_s;
 const QString kParted = u"<center>* * *\r\n\r\n"_s;
 const QString kEmptyLine = u"\r\n\r\n"_s;
 
-void append(QString& text, clsScene& scene, bool withSummary) {
+void append(WholeText::Builder& text, clsScene& scene, bool withSummary) {
   if (withSummary) {
-    text += withLineEnds(scene.Title) + kEmptyLine + withLineEnds(scene.DescText) + u"\r\n\r\n\r\n"_s;
+    text.append(withLineEnds(scene.Title) + kEmptyLine + withLineEnds(scene.DescText) + u"\r\n\r\n\r\n"_s);
   }
-  text += scene.ConvertedToBodyText();
-  text += kEmptyLine;
+  text.append(scene.ConvertedToBodyText());
+  text.append(kEmptyLine);
 }
 
 }  // namespace
 
-QString CombineFiles(const ManuscriptOptions& options, const ExportStep& step) {
-  QString text = kInstructions;
+QByteArray CombineFiles(const ManuscriptOptions& options, const ExportStep& step) {
+  WholeText::Builder text;
+  text.append(kInstructions);
   BookWalk walk(step, options.unused);
   walk.eachChapter([&](const auto& chapter, qint32) {
-    text += kPageBreak + u"<center>*"_s + withLineEnds(chapter->Title) + kBehindTitle;
+    text.append(kPageBreak + u"<center>*"_s + withLineEnds(chapter->Title) + kBehindTitle);
     walk.eachScene(chapter, [&](clsScene& scene, qint32 index) {
       append(text, scene, options.summaries);
       if (isParted(*chapter, index)) {
-        text += kParted;
+        text.append(kParted);
       }
     });
   });
-  return text;
+  return text.take();
 }

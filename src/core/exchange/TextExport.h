@@ -2,6 +2,8 @@
 
 #include "core/exchange/BookWalk.h"
 
-/// The manuscript as plain text, which a word processor is to finish: it begins with how, and has marks for what plain
-/// text can't say.
-QString CombineFiles(const ManuscriptOptions& options, const ExportStep& step);
+#include <QByteArray>
+
+/// The manuscript as a file of plain text, which a word processor is to finish: it begins with how, and has marks for
+/// what plain text can't say.
+QByteArray CombineFiles(const ManuscriptOptions& options, const ExportStep& step);

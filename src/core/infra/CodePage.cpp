@@ -3,13 +3,26 @@
 #include "core/infra/Hex.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace {
 
-int byteInHighBlock(char16_t unit) {
-  const auto* const found = std::find(std::begin(CodePage::kHigh), std::end(CodePage::kHigh), unit);
-  return found == std::end(CodePage::kHigh) ? -1 : static_cast<int>(0x80 + (found - CodePage::kHigh));
+/// By character, up to the highest that has a byte; -1 for none. Whole books are looked up, unit by unit.
+constexpr auto kBytes = [] {
+  std::array<qint16, 0x2123> bytes{};
+  for (size_t unit = 0; unit < bytes.size(); ++unit) {
+    const bool isItself = unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF);
+    bytes[unit] = static_cast<qint16>(isItself ? static_cast<int>(unit) : -1);
+  }
+  for (size_t i = 0; i < std::size(CodePage::kHigh); ++i) {
+    bytes[CodePage::kHigh[i]] = static_cast<qint16>(0x80 + i);
+  }
+  return bytes;
+}();
+
+inline int byteOf(char16_t unit) {
+  return unit < kBytes.size() ? kBytes[unit] : -1;
 }
 
 void appendMark(QByteArray& out, char16_t unit) {
@@ -28,7 +41,7 @@ QByteArray marked(QStringView text, bool withLineEnds) {
   bytes.reserve(text.size());
   for (qsizetype i = 0; i < text.size(); ++i) {
     const char16_t unit = text[i].unicode();
-    const int byte = CodePage::toByte(unit);
+    const int byte = byteOf(unit);
     if (byte < 0 || (withLineEnds && isLineEnd(unit)) ||
         (unit == u'%' && Hex::markedUnit(text.utf16() + i, text.utf16() + text.size()) >= 0)) {
       appendMark(bytes, unit);
@@ -44,10 +57,7 @@ QByteArray marked(QStringView text, bool withLineEnds) {
 namespace CodePage {
 
 int toByte(char16_t unit) {
-  if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) {
-    return unit;
-  }
-  return byteInHighBlock(unit);
+  return byteOf(unit);
 }
 
 QString fromBytes(QByteArrayView bytes) {
@@ -63,14 +73,14 @@ QByteArray toBytes(QStringView text) {
   QByteArray bytes(text.size(), Qt::Uninitialized);
   char* out = bytes.data();
   for (const QChar character : text) {
-    const int byte = toByte(character.unicode());
+    const int byte = byteOf(character.unicode());
     *out++ = byte < 0 ? '?' : static_cast<char>(byte);
   }
   return bytes;
 }
 
 bool canEncode(QStringView text) {
-  return std::all_of(text.begin(), text.end(), [](QChar character) { return toByte(character.unicode()) >= 0; });
+  return std::all_of(text.begin(), text.end(), [](QChar character) { return byteOf(character.unicode()) >= 0; });
 }
 
 QByteArray toMarkedBytes(QStringView text) {

@@ -5,6 +5,33 @@
 
 #include <QStringDecoder>
 
+namespace {
+
+/// Copies a block of plain ASCII, which most of every text is; their number, 0 where none begins here.
+qsizetype copyAscii(const char16_t* from, const char16_t* end, char* to) {
+  constexpr int kBlock = 16;
+  constexpr char16_t kBeyond = 0x80;
+  const char16_t* at = from;
+  for (; end - at >= kBlock; at += kBlock, to += kBlock) {
+    unsigned all = 0;
+    for (int i = 0; i < kBlock; ++i) {
+      all |= at[i];
+    }
+    if (all >= kBeyond) {
+      break;
+    }
+    for (int i = 0; i < kBlock; ++i) {
+      to[i] = static_cast<char>(at[i]);
+    }
+  }
+  while (at != end && *at < kBeyond) {
+    *to++ = static_cast<char>(*at++);
+  }
+  return at - from;
+}
+
+}  // namespace
+
 namespace WholeText {
 
 QString fromBytes(QByteArrayView bytes) {
@@ -15,8 +42,44 @@ QString fromBytes(QByteArrayView bytes) {
   return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : CodePage::fromBytes(bytes);
 }
 
+void Builder::append(QStringView piece) {
+  if (!isUnicode_ && appendSingle(piece)) {
+    return;
+  }
+  if (!isUnicode_) {
+    bytes_ = "\xEF\xBB\xBF" + CodePage::fromBytes(bytes_).toUtf8();
+    isUnicode_ = true;
+  }
+  bytes_ += piece.toUtf8();
+}
+
+/// False when some character has no byte; nothing is appended then.
+bool Builder::appendSingle(QStringView piece) {
+  const qsizetype before = bytes_.size();
+  bytes_.resize(before + piece.size());
+  char* out = bytes_.data() + before;
+  const char16_t* at = piece.utf16();
+  const char16_t* const end = at + piece.size();
+  while (at != end) {
+    if (const qsizetype ascii = copyAscii(at, end, out); ascii > 0) {
+      at += ascii;
+      out += ascii;
+      continue;
+    }
+    const int byte = CodePage::toByte(*at++);
+    if (byte < 0) {
+      bytes_.truncate(before);
+      return false;
+    }
+    *out++ = static_cast<char>(byte);
+  }
+  return true;
+}
+
 QByteArray toBytes(QStringView text) {
-  return CodePage::canEncode(text) ? CodePage::toBytes(text) : "\xEF\xBB\xBF" + text.toUtf8();
+  Builder builder;
+  builder.append(text);
+  return builder.take();
 }
 
 void replaceFile(const QString& path, QStringView text) {

@@ -59,6 +59,7 @@ QStringList ProjectRepair::run() {
   placeRenumberedScenes();
   followRenumberedChapters();
   dropMissingScenes();
+  placeScenesOnce();
   findEmptiedFiles();
   partSharedFiles();
   findConflictCopies();
@@ -121,6 +122,33 @@ void ProjectRepair::dropMissingScenes() {
     }
   }
   tell(u"Chapters that listed so many scenes which aren't in the book, and don't any more"_s, chapters);
+}
+
+// What a chapter lists is its scene, whatever the scene says of itself; of two chapters that list it the one that it
+// names.
+void ProjectRepair::placeScenesOnce() {
+  QStringList twice;
+  for (const auto& chapter : project_.Chapters) {
+    std::vector<qint32> others;
+    for (const qint32 id : chapter->SceneIDs()) {
+      const auto scene = project_.SceneByID(id);
+      if (scene->BelongsToChID == chapter->ID()) {
+        continue;
+      }
+      if (project_.ChapterByID(scene->BelongsToChID)->SceneIndex(id) > 0) {
+        others.push_back(id);
+        twice.append(calledScene(scene->Title));
+      } else {
+        Logging().LogEvent(
+            u"Changing scene '%1' from %2 to %3"_s.arg(scene->Title).arg(scene->BelongsToChID).arg(chapter->ID()));
+        scene->BelongsToChID = chapter->ID();
+      }
+    }
+    for (const qint32 id : others) {
+      chapter->RemoveSceneByID(id);
+    }
+  }
+  tell(u"Stood in two chapters, and stand in one now"_s, twice);
 }
 
 // One of the two would be written over the other.

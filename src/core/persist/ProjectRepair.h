@@ -20,6 +20,7 @@ class ProjectRepair {
   void followRenumberedChapters();
   void partSharedFiles();
   void dropMissingScenes();
+  void placeScenesOnce();
   void findEmptiedFiles();
   void findConflictCopies();
   void tell(const QString& what, const QStringList& names);

@@ -3,36 +3,27 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
-#include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Nobody, or a character of the book.
-bool canNarrate(qint32 id) {
-  const auto& cast = g_Project->Chars;
-  return id == 0 ||
-         std::any_of(cast.begin(), cast.end(), [id](const auto& character) { return character->ID() == id; });
+/// The chapter whose list has the scene there: what the scene says of itself may be another one.
+std::shared_ptr<clsChapter> chapterAt(const BoardTables& tables, qint32 column) {
+  const auto listed = g_Project->ChapterByIndex(tables.chapterAt(column));
+  const auto scene = g_Project->SceneByID(tables.sceneAt(column));
+  return listed && listed->SceneIndex(scene->ID()) > 0 ? listed : g_Project->ChapterByID(scene->BelongsToChID);
 }
 
-bool giveViewpoint(clsScene& scene, qint32 id) {
-  if (!canNarrate(id)) {
-    return false;
-  }
-  scene.SetViewpointByID(id);
-  return true;
-}
-
-bool move(const std::shared_ptr<clsScene>& moved, clsScene& target) {
-  const auto from = g_Project->ChapterByID(moved->BelongsToChID);
-  const auto into = g_Project->ChapterByID(target.BelongsToChID);
+bool move(const BoardTables& tables, qint32 fromColumn, qint32 toColumn) {
+  const auto moved = g_Project->SceneByID(tables.sceneAt(fromColumn));
+  const auto target = g_Project->SceneByID(tables.sceneAt(toColumn));
+  const auto from = chapterAt(tables, fromColumn);
+  const auto into = chapterAt(tables, toColumn);
   // Looked up before the scene leaves, so that within a chapter it ends where it was put down.
-  const qint32 index = into->SceneIndex(target.ID());
+  const qint32 index = into->SceneIndex(target->ID());
   if (index < 1) {
     Logging().LogEvent(
         u"Tried to move scene in storyboard, but scene we dropped on wasn't present in chapter we dropped on. Odd."_s);
@@ -54,10 +45,11 @@ BoardDrop::Change BoardDrop::drop(const BoardTables& tables, BoardGrid::Cell fro
     return change;
   }
   if (to.row != from.row && tables.isRow(to.row)) {
-    change.viewpoint = giveViewpoint(*scene, tables.viewpointAt(to.row));
+    scene->SetViewpointByID(tables.viewpointAt(to.row));
+    change.viewpoint = true;
   }
   if (to.column != from.column && target->InScenes()) {
-    change.place = move(scene, *target);
+    change.place = move(tables, from.column, to.column);
   }
   return change;
 }

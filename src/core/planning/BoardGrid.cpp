@@ -41,12 +41,16 @@ int rowsInView(double frameHeight) {
   return static_cast<int>(frameHeight / kCellHeight);
 }
 
-int lastFirstColumn(int columns, int visible) {
-  return std::max(columns - visible, 1) + 1;
+int wholeRows(double frameHeight) {
+  return std::max(static_cast<int>((frameHeight - cardAt(0, 1).y - kCardHeight) / kCellHeight) + 1, 1);
 }
 
-int lastFirstRow(int rows, int inView) {
-  return std::max(rows - inView, 1);
+int lastFirstColumn(int columns, double frameWidth) {
+  return std::max(std::max(columns - visibleColumns(frameWidth), 1) + 1, columns - wholeColumns(frameWidth));
+}
+
+int lastFirstRow(int rows, double frameHeight) {
+  return std::max(rows - wholeRows(frameHeight), 1);
 }
 
 double boardWidth(double frameWidth) {

@@ -37,9 +37,10 @@ struct Cell {
 int visibleColumns(double frameWidth);
 int wholeColumns(double frameWidth);
 int rowsInView(double frameHeight);
-/// The largest values of the two scroll bars.
-int lastFirstColumn(int columns, int visible);
-int lastFirstRow(int rows, int inView);
+int wholeRows(double frameHeight);
+/// The largest values of the two scroll bars: with them the last cards are seen whole.
+int lastFirstColumn(int columns, double frameWidth);
+int lastFirstRow(int rows, double frameHeight);
 
 double boardWidth(double frameWidth);
 double boardHeight(int rows);

@@ -32,6 +32,10 @@ void Reports::eachUsedScene(const clsChapter& chapter, const EachScene& report) 
   }
 }
 
+QString Reports::titleOf(const QString& report) {
+  return g_Project->Title.isEmpty() ? report : g_Project->Title + u": "_s + report;
+}
+
 PrintDocument Reports::finished(const QString& title, PrintFlow& flow) {
   return {title, g_Project->AuthorName, flow.paper(), flow.takePages()};
 }

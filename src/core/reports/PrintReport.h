@@ -42,6 +42,8 @@ void eachUsedChapter(const ReportJob& job, const EachChapter& report);
 using EachScene = std::function<void(clsScene&, qint32 number, bool isLast)>;
 void eachUsedScene(const clsChapter& chapter, const EachScene& report);
 
+/// What a report of the whole book is called in the document itself.
+QString titleOf(const QString& report);
 /// The pages of the flow, of the book's author.
 PrintDocument finished(const QString& title, PrintFlow& flow);
 

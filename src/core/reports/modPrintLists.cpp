@@ -10,10 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString titleOf(const QString& list) {
-  return g_Project->Title.isEmpty() ? list : g_Project->Title + u": "_s + list;
-}
-
 void printCharacter(PrintFlow& flow, const clsCharacter& character) {
   const QString fullName = character.FullName.isEmpty() ? QString() : u" ("_s + character.FullName + u')';
   flow.PrintBold(character.Title() + fullName);
@@ -54,13 +50,13 @@ PrintDocument PrintCharList(const ReportJob& job) {
     }
     printCharacter(flow, *character);
   }
-  return Reports::finished(titleOf(u"Characters"_s), flow);
+  return Reports::finished(Reports::titleOf(u"Characters"_s), flow);
 }
 
 PrintDocument PrintLocationList(const ReportJob& job) {
-  return printTitles(job, g_Project->Locations, titleOf(u"Locations"_s));
+  return printTitles(job, g_Project->Locations, Reports::titleOf(u"Locations"_s));
 }
 
 PrintDocument PrintItemList(const ReportJob& job) {
-  return printTitles(job, g_Project->Items, titleOf(u"Items"_s));
+  return printTitles(job, g_Project->Items, Reports::titleOf(u"Items"_s));
 }

@@ -10,14 +10,14 @@ inline constexpr quint32 kGrey = 0xC0C0C0;
 
 /// Of a row's bar and of the outlines of its cards.
 inline QColor row(int row, const QPalette& palette, QPalette::ColorRole ground) {
-  return Colours::readable(BoardGrid::rowColour(row), palette, ground);
+  return Colours::readable(BoardGrid::rowColour(row), palette, ground, Colours::kLineContrast);
 }
 
-/// On a card: that of buttons, where it reads on paper.
-inline QColor cardText(const QPalette& palette) {
+/// What cards and names are written in: the text of buttons, where it reads on what is behind.
+inline QColor buttonText(const QPalette& palette, QPalette::ColorRole ground) {
   const QColor text = palette.color(QPalette::ButtonText);
-  const bool reads = Colours::contrast(text, palette.color(QPalette::Base)) >= Colours::kEnoughContrast;
-  return reads ? text : palette.color(QPalette::Text);
+  const bool reads = Colours::contrast(text, palette.color(ground)) >= Colours::kEnoughContrast;
+  return reads ? text : palette.color(ground == QPalette::Base ? QPalette::Text : QPalette::WindowText);
 }
 
 /// The face of the card that the keyboard is on.

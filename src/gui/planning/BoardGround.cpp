@@ -85,7 +85,7 @@ void BoardGround::paintEvent(QPaintEvent* event) {
       painter.fillRect(0, top, width(), kBarThickness, BoardColours::row(row, palette(), QPalette::Window));
     }
   }
-  painter.setPen(palette().color(QPalette::WindowText));
+  painter.setPen(BoardColours::buttonText(palette(), QPalette::Window));
   const QFontMetrics metrics = fontMetrics();
   for (int row = 1; row <= names_.size(); ++row) {
     const int top = Twips::toPixels(BoardGrid::nameTop(row));

@@ -44,7 +44,7 @@ QFont StoryCard::boardFont(double points) {
   return font;
 }
 
-void StoryCard::PrintOnCard(clsScene& scene, int row) {
+void StoryCard::PrintOnCard(clsScene& scene, int row, Place place) {
   const QFontMetricsF metrics(font(), this);
   if (const QString title = calledScene(scene.Title); title != title_) {
     title_ = title;
@@ -56,11 +56,11 @@ void StoryCard::PrintOnCard(clsScene& scene, int row) {
   tag_ = scene.ID();
   row_ = row;
   unused_ = scene.Unused;
-  say(scene);
+  say(scene, place);
   update();
 }
 
-void StoryCard::say(clsScene& scene) {
+void StoryCard::say(clsScene& scene, Place place) {
   const QString words = QLocale().toString(scene.Wordcount()) + u" words"_s;
   const QString viewpoint =
       scene.ViewPointID() == 0 ? u"no viewpoint"_s : u"viewpoint "_s + scene.ViewPointChar()->Title();
@@ -68,6 +68,8 @@ void StoryCard::say(clsScene& scene) {
   if (scene.Unused) {
     spoken.append(u"unused"_s);
   }
+  // A scene that was moved is heard to stand elsewhere.
+  spoken.append(u"scene %1 of %2"_s.arg(place.number).arg(place.of));
   // Whoever listens is told of what is new alone.
   if (const QString name = spoken.join(u", "_s); name != accessibleName()) {
     setToolTip(words);
@@ -104,7 +106,8 @@ void StoryCard::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), hasFocus() ? BoardColours::takenCard(palette()) : palette().color(QPalette::Base));
   const QFontMetricsF metrics(font(), this);
-  painter.setPen(unused_ ? Colours::readable(BoardColours::kGrey, palette()) : BoardColours::cardText(palette()));
+  painter.setPen(unused_ ? Colours::readable(BoardColours::kGrey, palette())
+                         : BoardColours::buttonText(palette(), QPalette::Base));
   QPointF place(CardTitle::kLeft / Twips::perPixel, CardTitle::kTop / Twips::perPixel + metrics.ascent());
   for (const QString& line : lines_) {
     painter.drawText(place, line);

@@ -12,8 +12,14 @@ class StoryCard : public QWidget {
  public:
   explicit StoryCard(QWidget* parent);
 
+  /// The how manieth scene of the story, of how many.
+  struct Place {
+    qint32 number;
+    qint32 of;
+  };
+
   /// Hidden until it shows a scene.
-  void PrintOnCard(clsScene& scene, int row);
+  void PrintOnCard(clsScene& scene, int row, Place place);
   /// The ID of the scene that is shown.
   qint32 tag() const { return tag_; }
   int row() const { return row_; }
@@ -38,7 +44,7 @@ class StoryCard : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void say(clsScene& scene);
+  void say(clsScene& scene, Place place);
 
   qint32 tag_ = 0;
   int row_ = 0;

@@ -159,6 +159,7 @@ void frmStoryboard::clear() {
   tables_.clear();
   currentScene_ = 0;
   firstColumn_ = 0;
+  VScroll1->setValue(0);
   SetupScreen();
   ResizeScreen();
   picFrame->findChild<QLabel*>(u"lblEmpty"_s)->hide();
@@ -200,16 +201,15 @@ void frmStoryboard::PrintActors() {
 
 void frmStoryboard::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  Guard("ResizeScreen", kModule)([this] {
-    layout()->activate();
-    ResizeScreen();
-  });
+  if (!isMinimized()) {
+    Guard("ResizeScreen", kModule)([this] {
+      layout()->activate();
+      ResizeScreen();
+    });
+  }
 }
 
 void frmStoryboard::ResizeScreen() {
-  if (isMinimized()) {
-    return;
-  }
   picSB->resize(Twips::toPixels(BoardGrid::boardWidth(frameWidth())), Twips::toPixels(BoardGrid::boardHeight(rows())));
   Guard("DrawScrollbars", kModule)([this] { DrawScrollbars(); });
   RedisplayCards();
@@ -219,16 +219,14 @@ void frmStoryboard::ResizeScreen() {
 
 void frmStoryboard::DrawScrollbars() {
   const QScopedValueRollback redrawing(redrawing_, true);
-  const int inView = BoardGrid::rowsInView(frameHeight());
-  VScroll1->setRange(0, BoardGrid::lastFirstRow(rows(), inView));
-  VScroll1->setPageStep(std::max(inView, 1));
-  VScroll1->setEnabled(rows() > inView);
+  VScroll1->setRange(0, BoardGrid::lastFirstRow(rows(), frameHeight()));
+  VScroll1->setPageStep(std::max(BoardGrid::rowsInView(frameHeight()), 1));
+  VScroll1->setEnabled(rows() > BoardGrid::wholeRows(frameHeight()));
   if (!VScroll1->isEnabled()) {
     VScroll1->setValue(0);
   }
-  const int visible = BoardGrid::visibleColumns(frameWidth());
-  HScroll1->setRange(0, BoardGrid::lastFirstColumn(tables_.columns(), visible));
-  HScroll1->setPageStep(std::max(visible, 1));
+  HScroll1->setRange(0, BoardGrid::lastFirstColumn(tables_.columns(), frameWidth()));
+  HScroll1->setPageStep(std::max(BoardGrid::visibleColumns(frameWidth()), 1));
   HScroll1->setValue(firstColumn_);
   firstColumn_ = HScroll1->value();
 }
@@ -286,7 +284,9 @@ void frmStoryboard::drawSeen() {
     DrawCard(place, column);
     if (tables_.chapterAt(column) != chapter) {
       chapter = tables_.chapterAt(column);
-      marks.push_back({place, chapter, g_Project->ChapterByIndex(chapter)->Title});
+      // In the middle of a command the book may be ahead of the tables.
+      const auto inBook = g_Project->ChapterByIndex(chapter);
+      marks.push_back({place, chapter, inBook ? inBook->Title : QString()});
     }
   }
   for (size_t place = static_cast<size_t>(shown); place < cards_.size(); ++place) {
@@ -298,7 +298,12 @@ void frmStoryboard::drawSeen() {
 void frmStoryboard::DrawCard(int place, qint32 column) {
   StoryCard& card = picScene(place);
   const int row = tables_.rowAt(column);
-  Guard("PrintOnCard", kModule)([&] { card.PrintOnCard(*g_Project->SceneByID(tables_.sceneAt(column)), row); });
+  const auto scene = g_Project->SceneByID(tables_.sceneAt(column));
+  if (!scene->InScenes()) {
+    card.hide();
+    return;
+  }
+  Guard("PrintOnCard", kModule)([&] { card.PrintOnCard(*scene, row, {column, tables_.columns()}); });
   Guard("DrawCard", kModule)([&] {
     const auto [x, y] = BoardGrid::cardAt(place, row);
     card.move(Twips::toPixels(x), Twips::toPixels(y));
@@ -342,7 +347,8 @@ void frmStoryboard::sayWhyEmpty() {
 }
 
 void frmStoryboard::wheelEvent(QWheelEvent* event) {
-  const bool sideways = event->angleDelta().y() == 0 || event->modifiers().testFlag(Qt::ShiftModifier);
+  const QPoint turned = event->angleDelta();
+  const bool sideways = std::abs(turned.x()) > std::abs(turned.y()) || event->modifiers().testFlag(Qt::ShiftModifier);
   QScrollBar* const bar = sideways || !VScroll1->isEnabled() ? HScroll1 : VScroll1;
   // Not sent: what the bar has no use for would come back here.
   bar->event(event);

@@ -8,6 +8,7 @@
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/Twips.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -59,7 +60,6 @@ void frmStoryboard::beginDrag(StoryCard& card, const QPoint& grab) {
   card.setObjectName(u"picScene(lifted)"_s);
   card.setCursor(Qt::SizeAllCursor);
   card.raise();
-  edgeTimer_.start();
 }
 
 /// Whoever is called next draws the cards anew.
@@ -89,6 +89,11 @@ void frmStoryboard::liftedToPointer() {
 
 void frmStoryboard::picScene_MouseMove(QMouseEvent* event) {
   if (isDragging() && event->buttons().testFlag(Qt::LeftButton)) {
+    // A press alone moves nothing, be it at an edge.
+    if ((event->globalPosition().toPoint() - pointer_).manhattanLength() >= QApplication::startDragDistance() &&
+        !edgeTimer_.isActive()) {
+      edgeTimer_.start();
+    }
     pointer_ = event->globalPosition().toPoint();
     liftedToPointer();
   }
@@ -124,8 +129,11 @@ void frmStoryboard::PlaceScene(Cell from, Cell to) {
     return;
   }
   poller_.stop();
-  Guard("PlaceScene", "frmStoryboard")([&] {
-    BoardDrop::drop(tables_, from, to).place ? poller_.poll() : refresh();
+  Guard guard("PlaceScene", "frmStoryboard");
+  guard([&] { BoardDrop::drop(tables_, from, to); });
+  guard([&] {
+    poller_.poll();
+    RedisplayCards();
     Q_EMIT MadeChange();
     showColumn(tables_.columnOf(currentScene_));
     focusCurrent();

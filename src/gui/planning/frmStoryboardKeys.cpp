@@ -120,8 +120,7 @@ void frmStoryboard::showColumn(qint32 column) {
   }
   HScroll1->setValue(std::clamp(HScroll1->value(), column - BoardGrid::wholeColumns(frameWidth()), column - 1));
   const int row = tables_.rowAt(column);
-  const int inView = std::max(BoardGrid::rowsInView(frameHeight()), 1);
-  VScroll1->setValue(std::clamp(VScroll1->value(), row - inView, row - 1));
+  VScroll1->setValue(std::clamp(VScroll1->value(), row - BoardGrid::wholeRows(frameHeight()), row - 1));
 }
 
 // A card that isn't seen can't have the keyboard; the arrows go on from it all the same.

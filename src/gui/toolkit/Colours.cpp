@@ -20,12 +20,12 @@ double luminance(const QColor& colour) {
 }
 
 /// The nearest lightness of a hue that reads: lighter on what is dark, and either way on what is grey.
-QColor counterpart(const QColor& told, const QColor& ground) {
+QColor counterpart(const QColor& told, const QColor& ground, double enough) {
   for (int step = 0; step <= kLightest; ++step) {
     for (const int lightness : {told.lightness() + step, told.lightness() - step}) {
       const QColor tried =
           step == 0 ? told : QColor::fromHsl(told.hslHue(), told.hslSaturation(), std::clamp(lightness, 0, kLightest));
-      if (Colours::contrast(tried, ground) >= Colours::kEnoughContrast) {
+      if (Colours::contrast(tried, ground) >= enough) {
         return tried;
       }
     }
@@ -48,15 +48,15 @@ QColor mixed(const QColor& over, const QColor& under, int share) {
   return {channel(over.red(), under.red()), channel(over.green(), under.green()), channel(over.blue(), under.blue())};
 }
 
-QColor readable(quint32 colour, const QPalette& palette, QPalette::ColorRole ground) {
+QColor readable(quint32 colour, const QPalette& palette, QPalette::ColorRole ground, double enough) {
   // Thousands of rows ask for the same few.
-  static QHash<std::pair<quint32, QRgb>, QColor> known;
+  static QHash<std::pair<std::pair<quint32, QRgb>, double>, QColor> known;
   const QColor behind = palette.color(ground);
-  const std::pair key(colour, behind.rgb());
+  const std::pair key(std::pair(colour, behind.rgb()), enough);
   auto found = known.constFind(key);
   if (found == known.constEnd()) {
     const QColor told = toQt(colour);
-    found = known.insert(key, contrast(behind, Qt::white) <= kPaper ? told : counterpart(told, behind));
+    found = known.insert(key, contrast(behind, Qt::white) <= kPaper ? told : counterpart(told, behind, enough));
   }
   return *found;
 }

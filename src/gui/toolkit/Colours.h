@@ -35,6 +35,8 @@ inline quint32 fromQt(const QColor& colour) {
 
 /// What small text needs to be read with ease. On any colour black or white has more.
 inline constexpr double kEnoughContrast = 4.5;
+/// What lines and bars need to be seen.
+inline constexpr double kLineContrast = 3;
 
 /// How well text of one colour reads on another: 1 for the same, 21 for black on white.
 double contrast(const QColor& a, const QColor& b);
@@ -44,8 +46,9 @@ QColor mixed(const QColor& over, const QColor& under, int share);
 
 /// A told colour as text on what the palette puts behind text. Told colours were chosen for white paper: there they
 /// stand as they are, also where their contrast is low. On any other ground a colour that doesn't read with ease has
-/// a counterpart that does, of the same hue, with a contrast of at least 4.5.
-QColor readable(quint32 colour, const QPalette& palette, QPalette::ColorRole ground = QPalette::Base);
+/// a counterpart that does, of the same hue, with a contrast of at least what is enough.
+QColor readable(quint32 colour, const QPalette& palette, QPalette::ColorRole ground = QPalette::Base,
+                double enough = kEnoughContrast);
 
 /// Black or white, whichever reads better on a background.
 QColor textOn(const QColor& background);

@@ -5,6 +5,7 @@
 #include "core/exchange/OutlineExport.h"
 #include "core/exchange/RtfExport.h"
 #include "core/exchange/TextExport.h"
+#include "core/infra/WholeText.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -44,13 +45,14 @@ class TextExportsTest : public ::testing::Test {
 };
 
 /// Line ends as "/", so that whole files can be read here.
-QString shown(QString text) {
+QString shown(const QByteArray& file) {
+  QString text = WholeText::fromBytes(file);
   EXPECT_FALSE(QString(text).remove(u"\r\n"_s).contains(u'\n'));
   return text.replace(u"\r\n"_s, u"/"_s);
 }
 
 QString plainOf(const QByteArray& rtf) {
-  return shown(readRtf(rtf).plainText());
+  return shown(readRtf(rtf).plainText().toUtf8());
 }
 
 }  // namespace

@@ -118,6 +118,17 @@ TEST_F(Opening, TwoScenesOfOneNumberAreBothKeptAndTold) {
   EXPECT_TRUE(g_Project->Load(path_, false)) << "told again";
 }
 
+TEST_F(Opening, ASceneStandsInTheChapterThatListsItAndInOneAlone) {
+  edit("<ScID>2</ScID>", "<ScID>2</ScID>\r\n\t\t\t<ScID>3</ScID>");
+  edit("Arrival%201</Title>\r\n\t\t<Unused>0</Unused>\r\n\t\t<BelongsToChID>1",
+       "Arrival%201</Title>\r\n\t\t<Unused>0</Unused>\r\n\t\t<BelongsToChID>3");
+  screen_.expectBox(u"Stood in two chapters, and stand in one now: Departure 1"_s);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  EXPECT_EQ(titlesOf(1), QStringList({u"Arrival 1"_s, u"Arrival 2"_s}));
+  EXPECT_EQ(titlesOf(2), QStringList({u"Departure 1"_s, u"Departure 2"_s}));
+  EXPECT_EQ(sceneAt(1)->BelongsToChID, 1);
+}
+
 // An ID is given behind all others, the ones that come later in the file too.
 TEST_F(Opening, TwoChaptersOfOneNumberAndOneWithoutKeepTheirScenes) {
   edit("<ID>2</ID>\r\n\t\t<Title>Departure<", "<ID>1</ID>\r\n\t\t<Title>Departure<");

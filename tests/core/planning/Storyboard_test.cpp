@@ -49,9 +49,12 @@ TEST(BoardGrid, RoundsTheColumnsAndCutsTheRowsThatAreSeen) {
   EXPECT_EQ(BoardGrid::visibleColumns(3.5 * 1800), 4);
   EXPECT_EQ(BoardGrid::visibleColumns(1e9), 59);
   EXPECT_EQ(BoardGrid::rowsInView(3.9 * 1300), 3);
-  EXPECT_EQ(BoardGrid::lastFirstColumn(25, 10), 16);
-  EXPECT_EQ(BoardGrid::lastFirstColumn(0, 10), 2);
-  EXPECT_EQ(BoardGrid::lastFirstRow(3, 9), 1);
+  EXPECT_EQ(BoardGrid::lastFirstColumn(25, 10 * 1800), 16);
+  EXPECT_EQ(BoardGrid::lastFirstColumn(0, 10 * 1800), 2);
+  EXPECT_EQ(BoardGrid::lastFirstColumn(25, 9.8 * 1800), 17) << "the last card whole";
+  EXPECT_EQ(BoardGrid::lastFirstRow(3, 9 * 1300), 1);
+  EXPECT_EQ(BoardGrid::lastFirstRow(9, 3.5 * 1300), 6);
+  EXPECT_EQ(BoardGrid::lastFirstRow(9, 3.1 * 1300), 7) << "its lowest card whole";
   // Nowhere a gap; at rest where there is nothing to scroll.
   EXPECT_EQ(BoardGrid::fitted(300, 5000, 4000), -5);
   EXPECT_EQ(BoardGrid::fitted(-700, 5000, 4000), -700);
@@ -150,6 +153,13 @@ TEST_F(BoardTest, ACardThatIsPutDownElsewhereMovesItsScene) {
   }
   drop({1, 1}, {5, 1});
   EXPECT_EQ(sceneAt(1)->BelongsToChID, 3);
+  // The chapters' lists say where a scene stands, whatever it says itself.
+  SetUp();
+  sceneAt(1)->BelongsToChID = 3;
+  sceneAt(4)->BelongsToChID = 1;
+  EXPECT_TRUE(drop({1, 1}, {4, 1}).place);
+  EXPECT_EQ(scenesOf(1), QList<qint32>{2});
+  EXPECT_EQ(scenesOf(2), (QList<qint32>{3, 1, 4}));
 }
 
 TEST_F(BoardTest, AnotherRowGivesAnotherViewpoint) {
@@ -161,10 +171,10 @@ TEST_F(BoardTest, AnotherRowGivesAnotherViewpoint) {
   for (const int row : {0, 3, 99, -1}) {
     EXPECT_FALSE(drop({3, 1}, {3, row}).viewpoint) << row;
   }
-  // The row of a scene whose character isn't in the book is nobody's to be given.
+  // A scene that was moved out of the row of a character who isn't in the book can be moved back.
   sceneAt(5)->SetViewpointByID(77);
   tables.fill(*g_Project);
   EXPECT_EQ(tables.rowAt(5), 3);
-  EXPECT_FALSE(drop({3, 1}, {3, 3}).viewpoint);
-  EXPECT_EQ(castOf(3), QList<qint32>{2});
+  EXPECT_TRUE(drop({3, 1}, {3, 3}).viewpoint);
+  EXPECT_EQ(castOf(3), QList<qint32>{77});
 }

@@ -7,6 +7,7 @@
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/planning/frmStoryboard.h"
+#include "gui/planning/frmWordTarget.h"
 #include "gui/sheets/frmEditChapter.h"
 #include "gui/sheets/frmEditCharacter.h"
 #include "gui/sheets/frmEditThing.h"
@@ -97,6 +98,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmProjectWizard wizard(&window());
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
+  const frmWordTarget target({}, 0, &window());
   const frmPickChapters chapters(&window());
   frmPrinterSetup printer(&window());
   printer.OfferPreview({});

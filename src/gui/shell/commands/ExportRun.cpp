@@ -55,6 +55,10 @@ bool runExport(const ExportJob& job) {
   return false;
 }
 
+void writeExport(const QString& path, QByteArrayView bytes) {
+  Files().ReplaceFile(path, bytes, ReplacementFile::Durability::ContentOnDisk);
+}
+
 QString askForExportFile(const FileQuestion& question) {
   for (;;) {
     QString path = toolkit().SaveFileDialog(question);

@@ -2,6 +2,7 @@
 
 #include "core/exchange/ExportStep.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
@@ -22,6 +23,10 @@ struct ExportJob {
 
 /// Runs it with progress and a Stop. True when it was done; else the user has been told why it wasn't.
 bool runExport(const ExportJob& job);
+
+/// Puts these bytes into the file in one step: whatever fails, the former one stays. It can be exported again, so
+/// nobody waits until its name has reached the disk too. Throws RuntimeError.
+void writeExport(const QString& path, QByteArrayView bytes);
 
 /// Asks for the file of an export; empty when the user wants none. A file that holds the book itself is refused, and
 /// another asked for.

@@ -9,6 +9,7 @@
 #include "core/reports/modPrintCards.h"
 #include "core/reports/modPrintProject.h"
 #include "core/reports/modPrintSynopsis.h"
+#include "core/reports/modPrintWorkSchedule.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
@@ -46,6 +47,7 @@ void PrintCommands::bind(MenuBindings& menu) {
   bindChapterReport(menu, "mnuExpandedSynopsis", u"Expanded Synopsis"_s, u"Click PRINT to output the list."_s,
                     &PrintExpandedSynopsis);
   bindChapterReport(menu, "mnuPrintSummary", u"Summary"_s, u"Click PRINT to continue."_s, &PrintSummary);
+  bindWorkSchedule(menu);
   bindList(menu, "mnuPrintChar", CastKind::Character);
   bindList(menu, "mnuPrintLocationList", CastKind::Location);
   bindList(menu, "mnuPrintItemList", CastKind::Item);
@@ -65,6 +67,16 @@ void PrintCommands::bindChapterReport(MenuBindings& menu, const char* entry, con
     if (const auto chapters = pickChapters()) {
       printReport({key, prompt, printFileName(key), report, *chapters});
     }
+  });
+}
+
+void PrintCommands::bindWorkSchedule(MenuBindings& menu) {
+  menu.bind("mnuPrintOnStatus", [](const MenuChoice& chosen) {
+    if (g_Project->IsBusy()) {
+      return;
+    }
+    const ReportLayout report = [item = chosen.index](const ReportJob& job) { return PrintWorkSchedule(job, item); };
+    printReport({u"SceneList"_s, u"Click PRINT to output the report."_s, printFileName(u"Work Schedule"_s), report});
   });
 }
 

@@ -16,6 +16,8 @@ class PrintCommands : public CommandGroup {
  private:
   void bindChapterReport(MenuBindings& menu, const char* entry, const QString& key, const QString& prompt,
                          const ReportLayout& report);
+  /// The entries of the work schedule, by the status that the scenes stand at.
+  static void bindWorkSchedule(MenuBindings& menu);
   void bindList(MenuBindings& menu, const char* entry, CastKind kind);
   void mnuPrintProject_Click();
   void mnuPrintSelectedChapters_Click();

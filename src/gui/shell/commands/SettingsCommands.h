@@ -2,10 +2,13 @@
 
 #include "gui/shell/main/MenuBindings.h"
 
+#include <QString>
+
 class frmMain;
 struct ProjectSettings;
 
-/// The command that shows the settings of the project, and what becomes of them.
+/// The commands that show what is settled for the whole project, its settings and its word target, and what becomes of
+/// that.
 class SettingsCommands : public CommandGroup {
  public:
   explicit SettingsCommands(frmMain& main) : main_(main) {}
@@ -14,7 +17,10 @@ class SettingsCommands : public CommandGroup {
 
  private:
   void mnuSettings_Click();
+  void mnuWordTarget_Click();
   void take(const ProjectSettings& settings);
+  /// Saves what was stored in the project. Of a book that isn't saved it says that this is changed alone.
+  void saveStored(const QString& what);
 
   frmMain& main_;
 };

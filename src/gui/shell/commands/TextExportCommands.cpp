@@ -6,8 +6,6 @@
 #include "core/exchange/RtfExport.h"
 #include "core/exchange/TextExport.h"
 #include "core/infra/Toolkit.h"
-#include "core/infra/WholeText.h"
-#include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/commands/ExportRun.h"
@@ -36,11 +34,10 @@ bool askForUnused() {
   return ask(u"Include unused chapters and scenes?"_s);
 }
 
-/// The export of one text into one file. True when it was done.
-bool exportText(const char* routine, const char* module, const QString& path,
-                const std::function<QString(const ExportStep&)>& text) {
-  return runExport({routine, module, path,
-                    [&](const ExportStep& step) { Files().ReplaceFile(path, WholeText::toBytes(text(step))); }});
+/// An export into one file. True when it was done.
+bool exportFile(const char* routine, const char* module, const QString& path,
+                const std::function<QByteArray(const ExportStep&)>& content) {
+  return runExport({routine, module, path, [&](const ExportStep& step) { writeExport(path, content(step)); }});
 }
 
 void tell(const QString& done, const QString& remark = {}) {
@@ -50,14 +47,8 @@ void tell(const QString& done, const QString& remark = {}) {
 }  // namespace
 
 void TextExportCommands::bind(MenuBindings& menu) {
-  const Manuscript text{"CombineFiles",
-                        "modExportProject",
-                        u"Specify a .TXT file to export to"_s,
-                        u"*.txt"_s,
-                        u"ExportedProject.txt"_s,
-                        [](const ManuscriptOptions& options, const ExportStep& step) {
-                          return WholeText::toBytes(CombineFiles(options, step));
-                        }};
+  const Manuscript text{"CombineFiles", "modExportProject",       u"Specify a .TXT file to export to"_s,
+                        u"*.txt"_s,     u"ExportedProject.txt"_s, &CombineFiles};
   const Manuscript rtf{"ExportToRTF", "modExportToRTF",         u"Specify an .rtf file to export to"_s,
                        u"*.rtf"_s,    u"ExportedProject.rtf"_s, &ExportToRTF};
   menu.bind("mnuCombineFiles", [this, text] { exportManuscript(text); });
@@ -78,10 +69,8 @@ void TextExportCommands::exportManuscript(const Manuscript& kind) {
   ManuscriptOptions options;
   options.summaries = ask(u"Save summaries to file as well?"_s);
   options.unused = askForUnused();
-  const bool done = runExport({kind.routine, kind.module, path, [&](const ExportStep& step) {
-                                 Files().ReplaceFile(path, kind.content(options, step));
-                               }});
-  if (!done) {
+  const auto content = [&](const ExportStep& step) { return kind.content(options, step); };
+  if (!exportFile(kind.routine, kind.module, path, content)) {
     return;
   }
   const QString end = u"The book was exported to "_s + path;
@@ -94,7 +83,7 @@ void TextExportCommands::mnuExportOutline_Click() {
     return;
   }
   const QString path = placeOfExport(u"auto_outline.txt"_s);
-  if (!path.isEmpty() && exportText("ExportOutline", "modExportOutline", path, &ExportOutline)) {
+  if (!path.isEmpty() && exportFile("ExportOutline", "modExportOutline", path, &ExportOutline)) {
     tell(u"Outline saved to "_s + path);
   }
 }
@@ -111,7 +100,7 @@ void TextExportCommands::mnuExportDesc_Click() {
   const auto text = [&chapters](const ExportStep& step) {
     return ExportDescriptionsByChapter(chapters->first, chapters->last, step);
   };
-  if (!path.isEmpty() && exportText("ExportDescriptionsByChapter", "modExportDesc", path, text)) {
+  if (!path.isEmpty() && exportFile("ExportDescriptionsByChapter", "modExportDesc", path, text)) {
     tell(u"Your summary was saved to "_s + path);
   }
 }
@@ -126,7 +115,7 @@ void TextExportCommands::mnuExportNano_Click() {
   }
   const bool withUnused = askForUnused();
   const auto text = [withUnused](const ExportStep& step) { return ExportToNano(withUnused, step); };
-  if (exportText("ExportToNano", "modExportNano", path, text)) {
+  if (exportFile("ExportToNano", "modExportNano", path, text)) {
     tell(u"Your Nano-obfusicated file has been saved to "_s + path, missingTexts(withUnused));
   }
 }

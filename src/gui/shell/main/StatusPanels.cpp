@@ -101,8 +101,10 @@ QString StatusPanels::resting() const {
   return restKind_ == Rest::Lasting ? rest_ + u" \u2013 "_s + offer_ : offer_;
 }
 
-void StatusPanels::setTotal(qint32 words) {
+void StatusPanels::setTotal(qint32 words, const QString& target) {
   total_->setText(u"Total words: "_s + QLocale().toString(words));
+  total_->setToolTip(target);
+  total_->setAccessibleDescription(target);
 }
 
 void StatusPanels::setVersion(const QString& version) {

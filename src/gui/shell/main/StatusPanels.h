@@ -27,7 +27,8 @@ class StatusPanels {
   void setHint(const QString& text);
   /// In the place of the message until it is set to nothing, with a button "Load it" behind that leads to `load`.
   void setOffer(const QString& text, const std::function<void()>& load);
-  void setTotal(qint32 words);
+  /// The word target is told by its tip.
+  void setTotal(qint32 words, const QString& target);
   void setVersion(const QString& version);
   void setBackupReminder(bool due);
   /// In the reminder's place until it is set to nothing: why the last backup was not made.

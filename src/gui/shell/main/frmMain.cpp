@@ -1,6 +1,7 @@
 #include "gui/shell/main/frmMain.h"
 
 #include "Version.h"
+#include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
 #include "core/infra/ScanPause.h"
@@ -9,6 +10,7 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/planning/WordTarget.h"
 #include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/ChangeScan.h"
 #include "gui/shell/main/ChapterPane.h"
@@ -246,7 +248,8 @@ void frmMain::clearLists() {
 }
 
 void frmMain::showTotal() {
-  status_->setTotal(panes_->chapters().ProgressiveTotal());
+  const qint32 words = panes_->chapters().ProgressiveTotal();
+  status_->setTotal(words, targetSummary(*g_Project, words, Clock::dayNumber(Clock::today())));
 }
 
 void frmMain::showMessage(const QString& text) {

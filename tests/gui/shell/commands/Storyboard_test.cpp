@@ -58,6 +58,7 @@ class StoryboardTest : public ShellTest {
   void openBoard() {
     trigger("mnuStoryboard");
     EXPECT_TRUE(waitUntilActive(form()));
+    EXPECT_EQ(part<QTimer>("Timer1").interval(), 1000);
     part<QTimer>("Timer1").setInterval(0);
   }
   QString marks() {
@@ -85,6 +86,16 @@ class StoryboardTest : public ShellTest {
     send(dragged, QEvent::MouseButtonRelease, to);
   }
   void press(int key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(form().focusWidget(), Qt::Key(key), keys); }
+  static bool hasInk(const QImage& image, const QRect& part, const QColor& ground) {
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+      for (int x = part.left(); x <= part.right(); ++x) {
+        if (image.pixelColor(x, y) != ground) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
   StoryCard* focused() { return dynamic_cast<StoryCard*>(form().focusWidget()); }
   QList<qint32> chapter(qint32 index) {
     const auto& ids = chapterAt(index)->SceneIDs();
@@ -101,18 +112,25 @@ TEST_F(StoryboardTest, ShowsACardForEachSceneInItsColumnAndRow) {
   EXPECT_EQ(marks(), u"1:1 2:3 3:5"_s);
   EXPECT_EQ(part<QLabel>("picHeading(1)").toolTip(), u"<p>Departure</p>"_s);
   EXPECT_EQ(card(0).toolTip(), u"3 words"_s);
-  EXPECT_EQ(card(0).accessibleName(), u"Arrival 1, chapter Arrival, viewpoint Zoë, 3 words"_s);
-  EXPECT_EQ(card(3).accessibleName(), u"Departure 2, chapter Departure, no viewpoint, 1 words, unused"_s);
+  EXPECT_EQ(card(0).accessibleName(), u"Arrival 1, chapter Arrival, viewpoint Zoë, 3 words, scene 1 of 5"_s);
+  EXPECT_EQ(card(3).accessibleName(), u"Departure 2, chapter Departure, no viewpoint, 1 words, unused, scene 4 of 5"_s);
   QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&card(0));
   EXPECT_EQ(spoken->role(), QAccessible::ListItem);
   EXPECT_EQ(spoken->parent()->role(), QAccessible::List);
-  // Dark, and light: what a row's bar and the cards are drawn in can be told from what is behind.
+  // Dark, and light.
   for (const QColor& ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
     QPalette palette(ground, ground);
     form().setPalette(palette);
     const QImage image = card(3).grab().toImage();
     EXPECT_EQ(image.pixelColor(50, 70), palette.color(QPalette::Base));
-    EXPECT_GE(Colours::contrast(image.pixelColor(0, 40), palette.color(QPalette::Base)), Colours::kEnoughContrast);
+    EXPECT_GE(Colours::contrast(image.pixelColor(0, 40), palette.color(QPalette::Base)), Colours::kLineContrast);
+    EXPECT_TRUE(hasInk(image, {4, 4, 60, 14}, palette.color(QPalette::Base))) << "the title";
+    const QImage board = part<QWidget>("picSB").grab().toImage();
+    const QRgb bar = board.pixel(5, 50);
+    EXPECT_GE(Colours::contrast(bar, ground), Colours::kLineContrast);
+    EXPECT_NE(bar, board.pixel(5, 136)) << "each row has its colour";
+    EXPECT_TRUE(hasInk(board, {2, 56, 30, 14}, ground)) << "Zoë";
+    EXPECT_TRUE(hasInk(board, {360, 200, 1, 20}, ground)) << "where a chapter begins";
   }
 }
 
@@ -196,6 +214,64 @@ TEST_F(StoryboardTest, ADragThatIsGivenUpOrOvertakenMovesNothing) {
   EXPECT_EQ(chapter(2), (QList<qint32>{3, 1, 4}));
 }
 
+TEST_F(StoryboardTest, TheBoardScrollsUnderACardAtTheEdgeOnceItWasMoved) {
+  form().resize(form().minimumSize());
+  const auto timers = form().findChildren<QTimer*>(Qt::FindDirectChildrenOnly);
+  const auto edge =
+      std::find_if(timers.begin(), timers.end(), [](const QTimer* one) { return one->interval() == 200; });
+  ASSERT_NE(edge, timers.end());
+  const QWidget& frame = part<QWidget>("picFrame");
+  const QPoint atEdge = frame.mapToGlobal(QPoint(frame.width() - 2, 40));
+  send(card(0), QEvent::MouseButtonPress, card(0).mapToGlobal(QPoint(11, 13)), Qt::ShiftModifier);
+  EXPECT_FALSE((*edge)->isActive()) << "a press alone moves nothing";
+  StoryCard& lifted = childOf<StoryCard>(form(), u"picScene(lifted)"_s);
+  send(lifted, QEvent::MouseMove, atEdge);
+  EXPECT_TRUE((*edge)->isActive());
+  (*edge)->setInterval(0);
+  EXPECT_TRUE(soon([&] { return part<QScrollBar>("HScroll1").value() > 0; }));
+  press(Qt::Key_Escape);
+  EXPECT_FALSE((*edge)->isActive());
+}
+
+TEST_F(StoryboardTest, ScrollsUntilTheLastCardIsSeenWhole) {
+  form().resize(form().minimumSize());
+  sceneAt(5)->SetViewpointByID(99);
+  form().refresh();
+  auto& down = part<QScrollBar>("VScroll1");
+  auto& sideways = part<QScrollBar>("HScroll1");
+  ASSERT_TRUE(down.isEnabled());
+  EXPECT_EQ(down.singleStep(), 1);
+  down.setValue(down.maximum());
+  // More to the side than down, as a hand on a touchpad moves.
+  const QPointF place(60, 60);
+  QWheelEvent turn(place, form().mapToGlobal(place), QPoint(), QPoint(-120, 30), Qt::NoButton, Qt::NoModifier,
+                   Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&form(), &turn);
+  EXPECT_GT(sideways.value(), 0);
+  EXPECT_EQ(down.value(), down.maximum());
+  sideways.setValue(sideways.maximum());
+  const QWidget& frame = part<QWidget>("picFrame");
+  const auto cards = form().findChildren<StoryCard*>();
+  const auto last = std::find_if(cards.begin(), cards.end(), [](const StoryCard* one) { return one->tag() == 5; });
+  ASSERT_NE(last, cards.end());
+  EXPECT_TRUE(frame.rect().contains(QRect((*last)->mapTo(&frame, QPoint(0, 0)), (*last)->size())));
+  form().clear();
+  EXPECT_EQ(down.value(), 0);
+}
+
+TEST_F(StoryboardTest, WhatHappensWhileItIsMinimizedIsShownBehind) {
+  form().showMinimized();
+  chapterAt(1)->RemoveSceneByID(2);
+  chapterAt(2)->InsertScene(sceneAt(2), 2);
+  window().RefreshAll();
+  form().showNormal();
+  EXPECT_EQ(shown(), (QList<qint32>{1, 3, 2, 4, 5}));
+  form().showMinimized();
+  trigger("mnuCloseProject");
+  form().showNormal();
+  EXPECT_EQ(shown(), QList<qint32>());
+}
+
 TEST_F(StoryboardTest, ArrowsMoveTheKeyboardAndWithShiftTheScene) {
   ASSERT_NE(focused(), nullptr) << "a card has the keyboard at once";
   press(Qt::Key_Right);
@@ -263,8 +339,15 @@ TEST_F(StoryboardTest, KeepsInStepWithTheBookAndGoesOnWithoutOne) {
   sceneAt(2)->Title = u"Landfall"_s;
   sceneAt(2)->Save();
   EXPECT_TRUE(soon([&] { return card(1).accessibleName().startsWith(u"Landfall"_s); }));
+  g_Project->CharByID(2)->setTitle(u"Nora"_s);
+  EXPECT_TRUE(soon([&] { return card(0).accessibleName().contains(u"viewpoint Nora"_s); }));
   g_Project->RemoveSceneByID(4);
   EXPECT_TRUE(soon([&] { return shown() == QList<qint32>({1, 2, 3, 5}); }));
+  // Drawn anew in the middle of a command that takes a chapter away.
+  part<QTimer>("Timer1").stop();
+  g_Project->RemoveChapterByID(3);
+  form().resize(form().width() + 200, form().height());
+  EXPECT_EQ(marks().section(u' ', 0, 0), u"1:1"_s);
   // Nothing is drawn, moved or opened of a book that is being read or written.
   const QString other = smallProject(u"Other"_s);
   startWith(smallProject(u"First"_s));

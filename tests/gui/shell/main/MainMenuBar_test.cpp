@@ -46,7 +46,7 @@ using MainMenuBarTest = ShellTest;
 
 TEST_F(MainMenuBarTest, WhatIsNotBuiltIsDisabledInEveryStateAndSaysSo) {
   startWith(smallProject());
-  for (const char* name : {"mnuChart", "mnuPrintOnStatus(0)", "mnuPrintOnStatus(3)", "mnuPrintWorkSched"}) {
+  for (const char* name : {"mnuChart"}) {
     EXPECT_FALSE(isEnabled(name)) << name;
     EXPECT_EQ(control<QAction>(name).toolTip(), u"not in this version yet"_s) << name;
   }
