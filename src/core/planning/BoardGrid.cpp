@@ -53,6 +53,10 @@ int lastFirstRow(int rows, double frameHeight) {
   return std::max(rows - wholeRows(frameHeight), 1);
 }
 
+int screenshots(int columns, int whole) {
+  return (columns + whole - 1) / whole;
+}
+
 double boardWidth(double frameWidth) {
   return frameWidth + kBoardMore;
 }

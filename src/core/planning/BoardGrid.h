@@ -42,6 +42,9 @@ int wholeRows(double frameHeight);
 int lastFirstColumn(int columns, double frameWidth);
 int lastFirstRow(int rows, double frameHeight);
 
+/// How many pictures it takes to show each card whole, one behind the other.
+int screenshots(int columns, int whole);
+
 double boardWidth(double frameWidth);
 double boardHeight(int rows);
 Point cardAt(int place, int row);

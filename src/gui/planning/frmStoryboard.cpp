@@ -94,10 +94,8 @@ void frmStoryboard::createMenu() {
   connect(add(u"mnuEditScene"_s, u"Edit Scene"_s), &QAction::triggered, this,
           guarded("mnuEditScene_Click", kModule, this, &frmStoryboard::mnuEditScene_Click));
   add(u"mnuSceneDetails"_s, u"View Details"_s);
-  // What prints the board, one screenshot after another, is connected here.
-  QAction* const print = add(u"mnuPrintSB"_s, u"Print Storyboard"_s);
-  print->setEnabled(false);
-  print->setToolTip(u"not in this version yet"_s);
+  connect(add(u"mnuPrintSB"_s, u"Print Storyboard"_s), &QAction::triggered, this,
+          guarded("PrintSB", kModule, this, &frmStoryboard::PrintSB));
   assignMnemonics(mnuMain->actions());
 }
 

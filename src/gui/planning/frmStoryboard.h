@@ -2,6 +2,7 @@
 
 #include "core/infra/ChangePoller.h"
 #include "core/planning/BoardTables.h"
+#include "core/reports/PrintReport.h"
 #include "gui/planning/StoryCard.h"
 
 #include <QDialog>
@@ -95,6 +96,12 @@ class frmStoryboard : public QDialog {
   void focusCurrent();
   void mnuEditScene_Click();
   void popUpMenu(const QPoint& place);
+
+  // frmStoryboardPrint.cpp
+  class AsBefore;
+  void PrintSB();
+  PrintDocument screenshots(const ReportJob& job);
+  QByteArray screenshot();
 
   QWidget* picFrame = nullptr;
   BoardGround* picSB = nullptr;

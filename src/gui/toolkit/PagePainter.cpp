@@ -35,6 +35,8 @@ void PagePainter::paint(QPainter& painter, const PrintedPage& page) {
   for (const PlacedLine& line : page.lines) {
     painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
   }
+  // Letters in a picture stay sharp on paper, and can be read in a small preview.
+  painter.setRenderHints(QPainter::LosslessImageRendering | QPainter::SmoothPixmapTransform);
   for (const PlacedPicture& picture : page.pictures) {
     painter.drawImage(QRectF(picture.x, picture.y, picture.width, picture.height), QImage::fromData(picture.png));
   }

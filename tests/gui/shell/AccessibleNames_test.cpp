@@ -6,6 +6,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/frmEditor.h"
+#include "gui/planning/frmChart.h"
 #include "gui/planning/frmStoryboard.h"
 #include "gui/planning/frmWordTarget.h"
 #include "gui/sheets/frmEditChapter.h"
@@ -98,6 +99,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   const frmProjectWizard wizard(&window());
   const frmSceneList scenes(&window());
   const frmStoryboard board(&window());
+  const frmChart chart(&window());
   const frmWordTarget target({}, 0, &window());
   const frmPickChapters chapters(&window());
   frmPrinterSetup printer(&window());

@@ -7,6 +7,7 @@
 #include "support/SquareLetters.h"
 #include "support/TestHome.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QImage>
 #include <QProcess>
@@ -89,6 +90,37 @@ TEST_F(PdfFileTest, PutsEachTextWhereItWasPlaced) {
   const QImage picture(folder_.path(u"page.png"_s));
   EXPECT_LT(qGray(picture.pixel(150, 360)), 200);
   EXPECT_GT(qGray(picture.pixel(150, 370)), 200);
+}
+
+TEST_F(PdfFileTest, PutsAPictureOnAPageOnItsSide) {
+  QImage drawn(40, 20, QImage::Format_RGB32);
+  drawn.fill(QColor(250, 3, 200));
+  drawn.setPixelColor(39, 19, Qt::green);
+  QBuffer png;
+  png.open(QIODevice::WriteOnly);
+  drawn.save(&png, "PNG");
+  PrintDocument document{u"Board"_s, {}, PaperSize::a4().turned(), {}};
+  for (int i = 0; i < 2; ++i) {
+    document.pages.push_back({{}, {}, {{1440, 2880, 11520, 5760, png.data()}}});
+  }
+  PdfFile(path()).print(document, progress_);
+  const QString info = outputOf(u"pdfinfo"_s, {u"-l"_s, u"2"_s, path()});
+  if (info.isEmpty()) {
+    GTEST_SKIP() << "no program here reads PDF files";
+  }
+  EXPECT_EQ(info.count(QRegularExpression(u"size: +84[12][.0-9]* x 59[56]"_s)), 2) << info;
+  outputOf(u"pdfimages"_s, {u"-png"_s, path(), folder_.path(u"picture"_s)});
+  EXPECT_EQ(QImage(folder_.path(u"picture-000.png"_s)).convertToFormat(drawn.format()), drawn) << "to the last dot";
+  outputOf(u"pdftoppm"_s, {u"-r"_s, u"72"_s, u"-png"_s, u"-singlefile"_s, path(), folder_.path(u"page"_s)});
+  const QImage page(folder_.path(u"page.png"_s));
+  EXPECT_GT(page.width(), page.height());
+  // An inch from the left, two from above, eight wide and four high.
+  for (const QPoint& inside : {QPoint(75, 147), QPoint(640, 147), QPoint(75, 428)}) {
+    EXPECT_EQ(page.pixelColor(inside), QColor(250, 3, 200));
+  }
+  for (const QPoint& outside : {QPoint(69, 300), QPoint(651, 300), QPoint(300, 141), QPoint(300, 435)}) {
+    EXPECT_EQ(page.pixelColor(outside), Qt::white);
+  }
 }
 
 TEST_F(PdfFileTest, LeavesWhatStoodThereWhenItIsStoppedOrTheDiskIsFull) {

@@ -8,14 +8,13 @@
 #include "core/model/StoryCast.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
-#include "gui/sheets/frmList.h"
+#include "gui/shell/commands/BookCast.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/GuardedSlot.h"
-#include "gui/toolkit/OverActiveWindow.h"
 #include "gui/views/ListView.h"
 #include "gui/views/modFillList.h"
 
@@ -85,7 +84,7 @@ void CastCommands::joinLists() {
 void CastCommands::manage(void (*open)(clsProject&)) {
   const bool wasUnsaved = main_.ProjectChanged.isUnsaved();
   open(*g_Project);
-  showCast();
+  BookCast::show(main_);
   if (g_Project->EditedSinceSave() || g_Project->ReloadWanted()) {
     return;  // its save was given up just now
   }
@@ -97,35 +96,17 @@ void CastCommands::manage(void (*open)(clsProject&)) {
   main_.showTitle();
 }
 
-/// What the book's cast has become, in rows, display and editors.
-void CastCommands::showCast() {
-  main_.ProjectChanged = true;
-  main_.panes().FillSceneList(0);
-  main_.showBook();
-  g_Project->UpdateCombosInEditorWindows();
-}
-
 void CastCommands::addToSelectedScene(CastKind kind, int listType) {
   const qint32 id = main_.panes().scenes().SelectedSceneID();
   if (id == 0) {
     toolkit().MsgBox(u"Select a scene first"_s);
     return;
   }
-  const OverActiveWindow<frmList> form;
-  form->SetupFor(listType, false);
-  const bool chosen = form.accepted();
-  if (!form.isThere()) {
-    return;
-  }
-  // Also who chooses nobody may have changed who there is.
-  const bool changed = form->hasChangedBook();
-  if (changed) {
-    showCast();
-  }
+  const BookCast::Choice choice = BookCast::choose(main_, listType);
   const auto scene = g_Project->SceneByID(id);
-  const QList<qint32> ids = chosen && scene->InScenes() ? form->selectedIDs() : QList<qint32>();
+  const QList<qint32> ids = scene->InScenes() ? choice.ids : QList<qint32>();
   if (ids.isEmpty()) {
-    if (changed) {
+    if (choice.changedBook) {
       main_.session().saveChange();
     }
     return;
@@ -143,7 +124,7 @@ void CastCommands::editSelected(CastKind kind, const ListView& list) {
     g_Project->UnMarkAllCharInEditorWindows();
     g_Project->MarkAllCharInEditorWindows();
   }
-  showCast();
+  BookCast::show(main_);
   main_.session().saveChange();
 }
 

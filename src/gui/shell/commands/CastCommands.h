@@ -26,7 +26,6 @@ class CastCommands : public QObject, public CommandGroup {
   void manage(void (*open)(clsProject&));
   void addToSelectedScene(CastKind kind, int listType);
   void removeSelected(CastKind kind);
-  void showCast();
   void editSelected(CastKind kind, const ListView& list);
   void mnuSetVP_Click();
   void eachSelectedScene(void (*change)(clsScene&, CastKind, const QList<qint32>&));

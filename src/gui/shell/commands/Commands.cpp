@@ -13,6 +13,7 @@
 #include "gui/shell/commands/SettingsCommands.h"
 #include "gui/shell/commands/StatisticsCommands.h"
 #include "gui/shell/commands/TextExportCommands.h"
+#include "gui/shell/commands/TimelineCommand.h"
 #include "gui/shell/commands/ToolCommands.h"
 #include "gui/shell/commands/WindowCommands.h"
 #include "gui/shell/main/frmMain.h"
@@ -33,4 +34,5 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<PrintCommands>(main));
   main.addCommands(std::make_unique<HtmlExportCommand>(main));
   main.addCommands(std::make_unique<TextExportCommands>(main));
+  main.addCommands(std::make_unique<TimelineCommand>(main));
 }

@@ -3,6 +3,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "gui/planning/frmChart.h"
 #include "gui/planning/frmStoryboard.h"
 #include "gui/shell/commands/BookScenes.h"
 #include "gui/shell/main/MainMenuBar.h"
@@ -35,6 +36,7 @@ WindowCommands::WindowCommands(frmMain& main) : main_(main) {
 void WindowCommands::bind(MenuBindings& menu) {
   menu.bind("mnuListView", [this] { mnuListView_Click(); });
   menu.bind("mnuStoryboard", [this] { mnuStoryboard_Click(); });
+  menu.bind("mnuChart", [this] { mnuChart_Click(); });
   menu.bind("mnuShowDebug", [this] { mnuShowDebug_Click(); });
 }
 
@@ -132,6 +134,24 @@ void WindowCommands::Storyboard_MadeChange() {
   main_.ProjectChanged = true;
   main_.RefreshAll();
   g_Project->UpdateCombosInEditorWindows();
+}
+
+void WindowCommands::mnuChart_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  if (!Chart) {
+    createChart();
+  }
+  Chart->bringForward();
+}
+
+void WindowCommands::createChart() {
+  Chart = new frmChart(&main_);
+  frmChart* const chart = Chart;
+  connect(&main_, &frmMain::listsCleared, chart, guarded("ClearLists", kModule, [chart] { chart->clear(); }));
+  connect(&main_, &frmMain::refreshed, chart, guarded("RefreshAll", kModule, [chart] { chart->refresh(); }));
+  connect(&main_, &frmMain::layoutStored, chart, guarded("StoreLayout", kModule, [chart] { chart->storeLayout(); }));
 }
 
 void WindowCommands::mnuShowDebug_Click() {

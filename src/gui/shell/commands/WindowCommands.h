@@ -6,13 +6,14 @@
 #include <QObject>
 #include <QPointer>
 
+class frmChart;
 class frmDebug;
 class frmMain;
 class frmSceneList;
 class frmStoryboard;
 
-/// The windows that stay up beside the main one: the list of all scenes, the storyboard, and the window that shows what
-/// is locked.
+/// The windows that stay up beside the main one: the list of all scenes, the storyboard, the chart of ratings, and the
+/// window that shows what is locked.
 class WindowCommands : public QObject, public CommandGroup {
   Q_OBJECT
 
@@ -30,6 +31,8 @@ class WindowCommands : public QObject, public CommandGroup {
   void ExternalSceneList_MovedScenes();
   void createStoryboard();
   void Storyboard_MadeChange();
+  void mnuChart_Click();
+  void createChart();
   void changeStatus(const QList<qint32>& scenes, qint16 status);
   /// It is on the screen, or would be if it weren't minimised.
   bool sceneListIsUp() const;
@@ -37,5 +40,6 @@ class WindowCommands : public QObject, public CommandGroup {
   frmMain& main_;
   QPointer<frmSceneList> ExternalSceneList;
   QPointer<frmStoryboard> Storyboard;
+  QPointer<frmChart> Chart;
   QPointer<frmDebug> DebugWindow;
 };

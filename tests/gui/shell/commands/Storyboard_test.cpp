@@ -10,6 +10,8 @@
 #include "gui/planning/frmStoryboard.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/toolkit/Colours.h"
+#include "support/ModalHelper.h"
+#include "support/PrintedPages.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
 
@@ -19,6 +21,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
@@ -326,13 +329,66 @@ TEST_F(StoryboardTest, ItsMenuEditsTheSceneUnderTheMouse) {
   auto& menu = part<QMenu>("mnuMain");
   QTest::mousePress(&card(2), Qt::RightButton);
   EXPECT_TRUE(menu.isVisible());
-  EXPECT_FALSE(part<QAction>("mnuPrintSB").isEnabled());
-  EXPECT_EQ(part<QAction>("mnuPrintSB").toolTip(), u"not in this version yet"_s);
   part<QAction>("mnuSceneDetails").trigger();
   EXPECT_EQ(editor(), nullptr);
   part<QAction>("mnuEditScene").trigger();
   EXPECT_TRUE(sceneAt(3)->EditingScene());
   menu.close();
+}
+
+TEST_F(StoryboardTest, IsPrintedAsScreenshotsAndShownAsBefore) {
+  PrintedPages pages;
+  chapterAt(1)->Title = u"Arrival"_s;
+  for (int i = 0; i < 30; ++i) {
+    chapterAt(2)->Addscene(std::make_shared<clsScene>());
+  }
+  window().RefreshAll();
+  form().resize(700, 400);
+  form().setPalette(QPalette(QColor(30, 30, 30), QColor(30, 30, 30)));
+  press(Qt::Key_End);
+  const qint32 current = focused()->tag();
+  const QSize size = form().size();
+  const QList<qint32> before = shown();
+  const QString ready = u"so that all active characters are visible,\r\nand set the width to maximum."_s;
+  const auto print = [&] {
+    // Six cells wide: the name of a viewpoint, and five cards.
+    toolkit.expectBox(ready, Answer::Yes);
+    toolkit.onBox = [this] { EXPECT_TRUE(form().isMaximized()); };
+    toolkit.expectBox(u"This routine will print 7 screenshot(s). Are you sure?"_s, Answer::Yes);
+    const WhenModal choice([](QWidget& printer) { childOf<QPushButton>(printer, u"cmdOk"_s).click(); });
+    part<QAction>("mnuPrintSB").trigger();
+  };
+  const auto isAsBefore = [&] {
+    EXPECT_EQ(form().size(), size);
+    EXPECT_FALSE(form().isMaximized());
+    EXPECT_EQ(shown(), before);
+    EXPECT_EQ(form().palette().color(QPalette::Window), QColor(30, 30, 30));
+    ASSERT_NE(focused(), nullptr);
+    EXPECT_EQ(focused()->tag(), current);
+  };
+  toolkit.expectBox(ready, Answer::No);
+  part<QAction>("mnuPrintSB").trigger();
+  isAsBefore();
+
+  toolkit.onYield = [this] { toolkit.pressStop(); };
+  print();
+  isAsBefore();
+  EXPECT_TRUE(pages.documents.empty()) << "it was stopped";
+
+  print();
+  isAsBefore();
+  ASSERT_EQ(pages.documents.size(), 1);
+  const PrintDocument& printed = pages.documents[0];
+  EXPECT_TRUE(printed.paper.isLandscape());
+  ASSERT_EQ(printed.pages.size(), 7);
+  QSet<QByteArray> pictures;
+  for (const PrintedPage& page : printed.pages) {
+    const PlacedPicture& picture = page.pictures.at(0);
+    EXPECT_EQ(QRectF(picture.x, picture.y, picture.width, picture.height), QRectF(500, 500, 15838, 10906));
+    EXPECT_EQ(QImage::fromData(picture.png).pixelColor(3, 3), Qt::white);
+    pictures.insert(picture.png);
+  }
+  EXPECT_EQ(pictures.size(), 7);
 }
 
 TEST_F(StoryboardTest, KeepsInStepWithTheBookAndGoesOnWithoutOne) {

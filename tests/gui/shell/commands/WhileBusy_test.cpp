@@ -83,6 +83,8 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuExportNano",
                               "mnuListView",
                               "mnuStoryboard",
+                              "mnuChart",
+                              "mnuExportTimeline",
                               "mnuWordTarget",
                               "mnuPrintOnStatus(0)",
                               "mnuFind",

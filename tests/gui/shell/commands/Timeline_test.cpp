@@ -1,0 +1,120 @@
+// The page with the timeline, from the menu to the program that shows it, and the chart of ratings.
+
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/planning/frmChart.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/toolkit/Colours.h"
+#include "support/ModalHelper.h"
+#include "support/SampleProject.h"
+#include "support/WaitFor.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class TimelineTest : public ShellTest {
+ protected:
+  void SetUp() override {
+    ShellTest::SetUp();
+    startWith(smallProject());
+  }
+
+  /// With these rows of the list of characters selected.
+  void exportFor(const QList<int>& rows, const char* button = "cmdOK") {
+    const WhenModal picker([&](QWidget& form) {
+      auto& list = childOf<ListView>(form, u"ListItems"_s);
+      list.clearSelection();
+      for (const int row : rows) {
+        click(list, row, Qt::ControlModifier);
+      }
+      childOf<QPushButton>(form, QString::fromLatin1(button)).click();
+    });
+    trigger("mnuExportTimeline");
+  }
+  static QString path() { return g_Project->Path() + u"Timeline.html"_s; }
+};
+
+class ChartTest : public ShellTest {
+ protected:
+  void SetUp() override {
+    ShellTest::SetUp();
+    startWith(smallProject());
+    trigger("mnuChart");
+    EXPECT_TRUE(waitUntilActive(form()));
+    part<QTimer>("Timer1").setInterval(0);
+  }
+
+  frmChart& form() { return required(window().findChild<frmChart*>(), u"chart"_s); }
+  template <class Part>
+  Part& part(const char* name) {
+    return childOf<Part>(form(), QString::fromLatin1(name));
+  }
+  QImage chart() { return part<QWidget>("PicChart").grab().toImage(); }
+  QString message() { return part<QLabel>("lblEmpty").isVisible() ? part<QLabel>("lblEmpty").text() : QString(); }
+};
+
+}  // namespace
+
+TEST_F(TimelineTest, IsWrittenForTheMarkedCharactersAndShown) {
+  exportFor({}, "cmdCancel");
+  toolkit.expectBox(u"No characters selected."_s);
+  exportFor({});
+  EXPECT_FALSE(QFile::exists(path()));
+  exportFor({0, 1});
+  EXPECT_EQ(toolkit.openedDocuments, QStringList(path()));
+  EXPECT_EQ(toolkit.pointer, Pointer::Normal);
+  const QByteArray page = fileBytes(path());
+  EXPECT_TRUE(page.contains("<TD align=center><B>Anna</b></TD>\r\n<TD align=center><B>Zo\xEB</b></TD>\r\n</TR>"));
+  EXPECT_TRUE(page.contains("<TR>\r\n<td>&nbsp;</td><td>Arrival 1</td></TR>\r\n"));
+  QFile::remove(path());
+  QDir().mkpath(path());
+  toolkit.expectBox(u"Could not create output file. Already open in another program?"_s);
+  exportFor({0});
+}
+
+TEST_F(ChartTest, SaysWhyItIsEmptyAndFollowsTheBook) {
+  EXPECT_TRUE(message().startsWith(u"No scene of this book is rated yet."_s)) << message();
+  const QImage before = chart();
+  g_Project->setFieldTitle(1, u"Suspense"_s);
+  sceneAt(2)->setField(1, 9);
+  EXPECT_TRUE(soon([this] { return part<QLabel>("lblLegend(0)").text() == u"Suspense"_s; }));
+  EXPECT_EQ(message(), QString());
+  EXPECT_NE(chart(), before);
+  auto& picture = part<QWidget>("PicChart");
+  EXPECT_TRUE(picture.accessibleDescription().contains(u"Suspense from 1 to 9"_s)) << picture.accessibleDescription();
+  trigger("mnuCloseProject");
+  EXPECT_EQ(chart().pixelColor(5, 5), part<QWidget>("PicChart").palette().color(QPalette::Base));
+  EXPECT_TRUE(soon([this] { return message() == u"No project is open."_s; })) << message();
+  const QPointer<frmChart> closed = &form();
+  QTest::keyClick(form().focusWidget(), Qt::Key_Escape);
+  EXPECT_TRUE(soon([&] { return closed.isNull(); }));
+}
+
+TEST_F(ChartTest, ItsColoursReadOnAnyGround) {
+  sceneAt(2)->setField(1, 9);
+  form().refresh();
+  const std::array told{QColor(0, 0, 255), QColor(0, 128, 0), QColor(255, 0, 0), QColor(128, 128, 128)};
+  for (const QColor& ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
+    form().setPalette(QPalette(ground, ground));
+    const QColor paper = form().palette().color(QPalette::Base);
+    EXPECT_EQ(chart().pixelColor(2, 2), paper);
+    for (size_t field = 0; field < told.size(); ++field) {
+      const auto& legend = childOf<QLabel>(form(), u"lblLegend(%1)"_s.arg(field));
+      const QColor colour = legend.palette().color(QPalette::WindowText);
+      if (ground == Qt::white) {
+        EXPECT_EQ(colour, told[field]);
+      } else {
+        EXPECT_GE(Colours::contrast(colour, ground), Colours::kEnoughContrast);
+      }
+    }
+  }
+}
