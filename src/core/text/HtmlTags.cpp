@@ -25,6 +25,10 @@ const UsualTags& tagsOf(HtmlCode code) {
 
 }  // namespace
 
+QString alignmentTag(QLatin1StringView where) {
+  return "<table width=100%><tr><td align=\""_L1 + where + "\">"_L1;
+}
+
 QString HtmlFont::tag() const {
   if (CurrentFace.isEmpty() && CurrentColor.isEmpty() && CurrentSize.isEmpty()) {
     return {};

@@ -21,6 +21,9 @@ struct HtmlFont {
   static int sizeOf(int halfPoints);
 };
 
+/// The opening tag of text that stands at "center" or "right".
+QString alignmentTag(QLatin1StringView where);
+
 /// Writes text between tags that are always well nested. Codes are asked for and closed as the text goes along; tags
 /// are written with the next text, so that none encloses nothing. Blanks alone are no text to that end: they go out
 /// where they stand. A code that closes takes those above it along, and they are asked for again.

@@ -30,10 +30,6 @@ QString colourName(quint32 blueGreenRed) {
   return u'#' + QString::number(redGreenBlue, 16).rightJustified(6, u'0');
 }
 
-QString alignmentTag(QLatin1StringView where) {
-  return "<table width=100%><tr><td align=\""_L1 + where + "\">"_L1;
-}
-
 /// A number is told to the reader's program, which counts and shows it: it is no text.
 QString itemTag(const ListMark& mark, int number) {
   static constexpr std::array kStyles{"decimal"_L1, "upper-alpha"_L1, "lower-alpha"_L1, "upper-roman"_L1,

@@ -73,6 +73,8 @@ constexpr std::array kWords{WordRule{"b", Action::Switch, HtmlCode::Bold},
                             WordRule{"ul", Action::Switch, HtmlCode::Underline},
                             WordRule{"ulnone", Action::End, HtmlCode::Underline}};
 
+static_assert(std::ranges::is_sorted(kWords, {}, &WordRule::name), "they are found by halving");
+
 constexpr WordRule kIgnorable{"*", Action::Skip};
 constexpr WordRule kUnknown{"", Action::None};
 
@@ -386,7 +388,7 @@ void RtfHtml::plain() {
 }
 
 void RtfHtml::align(QLatin1StringView where) {
-  const QString tag = u"<table width=100%><tr><td align=\""_s + where + "\">"_L1;
+  const QString tag = alignmentTag(where);
   if (tag != AlignTag) {
     tags_.close(HtmlCode::Alignment);
     AlignTag = tag;

@@ -100,10 +100,10 @@ QStringList nameFilters(const QString& patterns) {
   return filters;
 }
 
-/// The extension of the first pattern, without its dot; empty when that is no plain one.
+/// The extension of the first pattern in small letters, without its dot; empty when that is no plain one.
 QString defaultSuffix(const QString& patterns) {
   const QString first = patterns.section(u';', 0, 0).trimmed();
-  const QString suffix = first.startsWith(u"*."_s) ? first.mid(2) : QString();
+  const QString suffix = first.startsWith(u"*."_s) ? first.mid(2).toLower() : QString();
   return suffix.contains(u'*') || suffix.contains(u'?') ? QString() : suffix;
 }
 
