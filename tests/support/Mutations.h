@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QList>
 
+#include <utility>
+
 /// Damages bytes in the ways that files get damaged: cut off, bits turned, pieces doubled, lost or moved, and
 /// some of `snippets` put in. The same generator state gives the same damage.
 template <class Generator>
@@ -40,4 +42,23 @@ QByteArray mutated(QByteArray bytes, Generator& random, const QList<QByteArray>&
     }
   }
   return bytes;
+}
+
+/// The same bytes as a disk or a stranger may have left them; each `kind` from 0 to 3 in a way of its own: cut off,
+/// zeros, any bytes, damaged here and there.
+template <class Generator>
+QByteArray damaged(QByteArray bytes, qsizetype kind, Generator& random, const QList<QByteArray>& snippets) {
+  switch (kind) {
+    case 0:
+      return bytes.first(static_cast<qsizetype>(random() % (static_cast<quint64>(bytes.size()) + 1)));
+    case 1:
+      return bytes.fill('\0');
+    case 2:
+      for (char& byte : bytes) {
+        byte = static_cast<char>(random());
+      }
+      return bytes;
+    default:
+      return mutated(std::move(bytes), random, snippets);
+  }
 }

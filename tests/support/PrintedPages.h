@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/infra/RuntimeError.h"
 #include "gui/toolkit/PagePainter.h"
 #include "gui/toolkit/cSharedPrinter.h"
 
@@ -19,6 +20,8 @@ class PrintedPages {
 
   /// What the system's dialog is answered with; empty is cancel.
   QString choice;
+  /// Why nothing can be printed on them; empty while it can.
+  QString failure;
   /// The printer and what went to it.
   QStringList printers;
   std::vector<PrintDocument> documents;
@@ -28,7 +31,11 @@ class PrintedPages {
    public:
     Target(PrintedPages& pages, QString name) : pages_(pages), name_(std::move(name)) {}
     const TextMeasure& measure() const override { return measure_; }
-    void print(const PrintDocument& document, PrintProgress&) override {
+    void print(const PrintDocument& document, PrintProgress& progress) override {
+      progress.step(QStringLiteral("Printing page "), 1);
+      if (!pages_.failure.isEmpty()) {
+        throw RuntimeError(RuntimeError::DeviceError, pages_.failure);
+      }
       pages_.printers.append(name_);
       pages_.documents.push_back(document);
     }

@@ -17,7 +17,7 @@ class SquareLetters : public TextMeasure {
   mutable qsizetype measured = 0;
 };
 
-/// Nobody waits; the print is stopped after so many steps.
+/// Nobody waits; the steps are kept.
 class CountedProgress : public PrintProgress {
  public:
   void step(const QString& what, qint32 number) override { steps.append(what + QString::number(number)); }

@@ -1,7 +1,7 @@
 #include "core/infra/WholeText.h"
 
 #include "core/infra/CodePage.h"
-#include "core/infra/NativeFile.h"
+#include "core/infra/cSharedFileSubs.h"
 
 #include <QStringDecoder>
 
@@ -83,9 +83,7 @@ QByteArray toBytes(QStringView text) {
 }
 
 void replaceFile(const QString& path, QStringView text) {
-  ReplacementFile file(path);
-  file.write(toBytes(text));
-  file.commit(ReplacementFile::Durability::OnDisk);
+  Files().ReplaceFile(path, toBytes(text));
 }
 
 }  // namespace WholeText

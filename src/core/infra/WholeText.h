@@ -32,7 +32,7 @@ class Builder {
 QByteArray toBytes(QStringView text);
 
 /// The text takes the place of the file in one step, once it is on the disk: whatever fails before, the old file stays.
-/// Throws what ReplacementFile throws.
+/// A read-only file is made writable first. Throws what cSharedFileSubs::ReplaceFile throws.
 void replaceFile(const QString& path, QStringView text);
 
 }  // namespace WholeText

@@ -3,6 +3,7 @@
 #include "core/infra/Blanks.h"
 #include "core/infra/CodePage.h"
 #include "core/infra/Guard.h"
+#include "core/infra/KeyedLines.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
@@ -82,11 +83,6 @@ QByteArray printForm(const QVariant& value) {
     return (digits.startsWith('-') ? "" : " ") + digits + ' ';
   }
   return CodePage::toMarkedLine(value.toString());
-}
-
-/// Our own lines end with CR LF; a file without any such end was written by an editor of another platform.
-QByteArray lineEndOf(const QByteArray& content) {
-  return content.contains("\r\n") ? "\r\n" : "\n";
 }
 
 QString volumeNamed(const QString& path) {
@@ -269,14 +265,10 @@ bool cSHAREDSettings::SaveSettings(const QString& path) {
 }
 
 void cSHAREDSettings::loadLine(const QByteArray& line) {
-  const qsizetype comma = line.indexOf(',');
-  const QString key = comma < 0 ? QString() : CodePage::fromMarkedBytes(line.first(comma));
-  if (key.trimmed().isEmpty()) {
-    return;
+  if (const auto parts = KeyedLines::parted(line)) {
+    const std::optional<bool> truth = truthOf(parts->value);
+    AddSetting(parts->key, truth ? QVariant(asInteger(*truth)) : QVariant(parts->value));
   }
-  const QString value = CodePage::fromMarkedBytes(line.sliced(comma + 1));
-  const std::optional<bool> truth = truthOf(value);
-  AddSetting(key, truth ? QVariant(asInteger(*truth)) : QVariant(value));
 }
 
 void cSHAREDSettings::LoadSettings(const QString& path) {
@@ -289,16 +281,12 @@ void cSHAREDSettings::LoadSettings(const QString& path) {
     unread_ = path;
     showLineError(RuntimeError::of(failure), {}, path);
   }
-  const QByteArray lineEnd = lineEndOf(content);
-  for (qsizetype from = 0; from < content.size();) {
-    const qsizetype end = content.indexOf(lineEnd, from);
-    const QByteArray line = content.sliced(from, (end < 0 ? content.size() : end) - from);
+  for (const QByteArray& line : KeyedLines::of(content)) {
     try {
       loadLine(line);
     } catch (const std::exception& failure) {
       showLineError(RuntimeError::of(failure), line, path);
     }
-    from += line.size() + lineEnd.size();
   }
 }
 

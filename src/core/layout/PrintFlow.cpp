@@ -19,19 +19,10 @@ constexpr double kHeaderTop = 200;
 constexpr double kPageLeft = 500;
 /// A text doesn't begin in the last lines of a page.
 constexpr int kWidowLines = 4;
-/// Nor does a heading that the text would then leave behind.
-constexpr int kHeadingLines = kWidowLines + 1;
 const PrintFont kHeaderFont{u"Arial"_s, 8, false};
 constexpr double kFooterPoints = 7;
-
-/// Line ends of all kinds become LF, tabs blanks.
-QString plainLines(QString text) {
-  text.replace(u"\r\n"_s, u"\n"_s);
-  text.replace(QChar::LineSeparator, u'\n');
-  text.replace(QChar::ParagraphSeparator, u'\n');
-  text.remove(u'\r');
-  return text.replace(u"\t"_s, u"    "_s);
-}
+/// A larger number would run into what a printer can't print on.
+constexpr double kLargestNumber = 30;
 
 bool isBlank(QStringView text) {
   return std::all_of(text.begin(), text.end(), [](QChar c) { return c == u' '; });
@@ -45,11 +36,22 @@ QString elided(const QString& text, double room, const LineBreaker& breaker) {
   QString cut = text;
   while (!cut.isEmpty() && breaker.widthOf(QString(cut + u'\u2026')) > room) {
     cut.truncate(qMin<qsizetype>(cut.size() - 1, cut.size() * 9 / 10));
+    if (!cut.isEmpty() && cut.back().isHighSurrogate()) {
+      cut.chop(1);
+    }
   }
   return cut + u'\u2026';
 }
 
 }  // namespace
+
+QString PrintFlow::plainLines(QString text) {
+  text.replace(u"\r\n"_s, u"\n"_s);
+  text.replace(QChar::LineSeparator, u'\n');
+  text.replace(QChar::ParagraphSeparator, u'\n');
+  text.remove(u'\r');
+  return text.replace(u"\t"_s, u"    "_s);
+}
 
 PrintFlow::PrintFlow(const TextMeasure& measure, const PrintState& state, const PaperSize& paper)
     : font(state.font()),
@@ -62,38 +64,52 @@ PrintFlow::PrintFlow(const TextMeasure& measure, const PrintState& state, const 
 void PrintFlow::PrintText(const QString& text, bool firstPage) {
   furnitureAhead_ = [this] { printNumber(); };
   if (firstPage) {
-    page();
     printNumber();
   }
   if (text.isEmpty()) {
+    headings_.reset();
     return;
   }
-  turnWithin(kWidowLines);
+  beginText();
   flow(text, textColumn());
 }
 
 void PrintFlow::PrintBold(const QString& text) {
-  turnWithin(kHeadingLines);
+  if (text.isEmpty()) {
+    return;
+  }
+  beginHeading();
   font.bold = true;
-  PrintText(text);
+  flow(text, textColumn());
   font.bold = false;
 }
 
 void PrintFlow::PrintPage(const QString& text, const QString& title) {
   furnitureAhead_ = [this, title] { printHeaderAndFooter(title); };
+  headings_.reset();
   turnPage();
   page();
   flow(text, {kPageLeft, paper_.width - 1400.0, paper_.width - 1000.0, u"   "_s});
 }
 
 void PrintFlow::PrintRuns(const QList<PrintRun>& runs, double x) {
+  furnitureAhead_ = [this] { printNumber(); };
+  beginText();
+  flowRuns(runs, x);
+}
+
+void PrintFlow::PrintHeading(const QList<PrintRun>& runs, double x) {
+  beginHeading();
+  flowRuns(runs, x);
+}
+
+void PrintFlow::flowRuns(const QList<PrintRun>& runs, double x) {
   const Column column = textColumn();
-  turnWithin(kHeadingLines);
   const double right = column.left + column.width;
   double at = x;
   for (const PrintRun& run : runs) {
     font.bold = run.bold;
-    const QString text = plainLines(run.text).replace(u'\n', u' ');
+    const QString text = oneLine(run.text);
     for (qsizetype from = 0; from < text.size();) {
       const bool startsLine = at <= x;
       const LineBreaker::Line line = breaker().lineAt(text, from, right - at);
@@ -120,13 +136,18 @@ void PrintFlow::PrintRuns(const QList<PrintRun>& runs, double x) {
 }
 
 void PrintFlow::PrintCentred(const QString& text) {
-  const QString line = plainLines(text).replace(u'\n', u' ');
+  furnitureAhead_ = [this] { printNumber(); };
+  const QString line = oneLine(text);
   for (qsizetype from = 0; from < line.size();) {
     const LineBreaker::Line part = breaker().lineAt(line, from, textColumn().width);
     const QStringView shown = QStringView(line).mid(from, part.length);
     place((paper_.width - breaker().widthOf(shown)) / 2, shown);
     blankLine();
     from = part.next;
+    if (y_ > bottom()) {
+      printNumber();
+      turnPage();
+    }
   }
 }
 
@@ -142,6 +163,7 @@ void PrintFlow::newPage() {
   turned_ = true;
   furniture_ = nullptr;
   y_ = 0;
+  headings_.reset();
 }
 
 void PrintFlow::newNumberedPage() {
@@ -149,15 +171,34 @@ void PrintFlow::newNumberedPage() {
   turnPage();
 }
 
+/// Headings that would be left behind come along.
 void PrintFlow::turnPage() {
+  const std::optional<Headings> headings = std::exchange(headings_, {});
+  const double left = y_;
   turned_ = true;
   furniture_ = furnitureAhead_;
   y_ = kTextTop;
+  if (headings && headings->top > kTextTop && left - headings->top < (bottom() - kTextTop) / 2) {
+    takeHeadingsAlong(*headings);
+    y_ += left - headings->top;
+  }
+}
+
+void PrintFlow::takeHeadingsAlong(const Headings& headings) {
+  std::vector<PlacedText>& left = pages_.back().texts;
+  const auto first = left.begin() + static_cast<std::ptrdiff_t>(headings.firstText);
+  const std::vector<PlacedText> moved(first, left.end());
+  left.erase(first, left.end());
+  headings_ = {page().texts.size(), kTextTop};
+  for (const PlacedText& text : moved) {
+    placeAt(text.x, text.y + kTextTop - headings.top, text.text, text.font);
+  }
 }
 
 PrintedPage& PrintFlow::page() {
   if (turned_) {
     turned_ = false;
+    numbered_ = false;
     pages_.emplace_back();
     if (const auto begin = std::exchange(furniture_, nullptr)) {
       begin();
@@ -166,10 +207,24 @@ PrintedPage& PrintFlow::page() {
   return pages_.back();
 }
 
-/// Goes to the next page where no more than so many lines are left on this one.
-void PrintFlow::turnWithin(int lines) {
-  if (y_ > qMax(kTextTop, bottom() - lines * lineHeight())) {
+/// Goes to the next page where only a few lines are left on this one.
+void PrintFlow::turnNearBottom() {
+  if (y_ > qMax(kTextTop, bottom() - kWidowLines * lineHeight())) {
     turnPage();
+  }
+}
+
+/// It ends its headings, once they are on one page.
+void PrintFlow::beginText() {
+  turnNearBottom();
+  headings_.reset();
+}
+
+void PrintFlow::beginHeading() {
+  furnitureAhead_ = [this] { printNumber(); };
+  turnNearBottom();
+  if (!headings_) {
+    headings_ = {page().texts.size(), y_};
   }
 }
 
@@ -242,11 +297,18 @@ void PrintFlow::placeAt(double x, double y, const QString& text, const PrintFont
   page().texts.push_back({x, y, text, textFont});
 }
 
+/// Once on a page, however often it is asked for.
 void PrintFlow::printNumber() {
-  const bool wasBold = std::exchange(font.bold, false);
+  page();
+  if (std::exchange(numbered_, true)) {
+    return;
+  }
+  const PrintFont textFont = font;
+  font.bold = false;
+  font.points = qMin(font.points, kLargestNumber);
   const QString number = QString::number(++number_);
   placeAt((paper_.width - breaker().widthOf(number)) / 2, paper_.height - kNumberFromBottom, number, font);
-  font.bold = wasBold;
+  font = textFont;
 }
 
 void PrintFlow::printHeaderAndFooter(const QString& title) {
@@ -254,7 +316,7 @@ void PrintFlow::printHeaderAndFooter(const QString& title) {
   const QString number = u"Page: "_s + QString::number(++number_);
   const double numberLeft = paper_.width - breaker().widthOf(number) - 1200;
   const double blank = breaker().widthOf(u"    ");
-  const QString line = plainLines(title).replace(u'\n', u' ');
+  const QString line = oneLine(title);
   const double centred = (paper_.width - breaker().widthOf(line)) / 2 - 500;
   const double left = qMax(kPageLeft, centred);
   placeAt(left, kHeaderTop, elided(line, numberLeft - blank - left, breaker()), font);

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// A stretch of a line, in bold or not.
@@ -35,12 +36,15 @@ class PrintFlow {
   /// Flows text between the margins, each page with its number below. On a first page that number is printed at once,
   /// where nothing else has begun the page. A text does not begin within the last four lines of a page.
   void PrintText(const QString& text, bool firstPage = false);
-  /// The same in bold: a heading, which stays with the first lines of what follows.
+  /// The same in bold: a heading. Headings, with all their lines, go to the next page together with the text that
+  /// follows them.
   void PrintBold(const QString& text);
   /// Flows text over pages of its own, each with a header and a footer.
   void PrintPage(const QString& text, const QString& title);
-  /// A heading of runs one behind the other from x on, broken between words like text, and a line end.
+  /// Text of runs one behind the other from x on, broken between words, and a line end.
   void PrintRuns(const QList<PrintRun>& runs, double x = kTextLeft);
+  /// The same as a heading.
+  void PrintHeading(const QList<PrintRun>& runs, double x = kTextLeft);
   /// A title in the middle, in as many lines as it needs.
   void PrintCentred(const QString& text);
   /// The room that the chosen line spacing leaves after a paragraph.
@@ -59,8 +63,12 @@ class PrintFlow {
   /// For the present font.
   const LineBreaker& breaker();
   const PaperSize& paper() const { return paper_; }
-  qint32 pageNumber() const { return number_; }
   std::vector<PrintedPage> takePages() { return std::move(pages_); }
+
+  /// The text with line ends of all kinds as LF and tabs as blanks.
+  static QString plainLines(QString text);
+  /// The same on one line.
+  static QString oneLine(const QString& text) { return plainLines(text).replace(QChar(u'\n'), QChar(u' ')); }
 
   static constexpr double kTextLeft = 600;
   /// Where text begins on a page that goes on.
@@ -75,13 +83,23 @@ class PrintFlow {
     QString indent;
   };
 
+  /// Headings that no text has followed yet, the last texts of the page.
+  struct Headings {
+    size_t firstText;
+    double top;
+  };
+
   Column textColumn() const;
   double bottom();
   void flow(const QString& text, const Column& column);
+  void flowRuns(const QList<PrintRun>& runs, double x);
   void flowParagraph(const QString& paragraph, const Column& column, bool isLast);
   void flushLine(QStringView line, const Column& column);
   void turnPage();
-  void turnWithin(int lines);
+  void turnNearBottom();
+  void beginText();
+  void beginHeading();
+  void takeHeadingsAlong(const Headings& headings);
   void place(double x, QStringView text);
   void placeAt(double x, double y, const QString& text, const PrintFont& textFont);
   void printNumber();
@@ -95,6 +113,9 @@ class PrintFlow {
   qint32 number_ = 0;
   /// A page was turned to that nothing stands on yet.
   bool turned_ = true;
+  /// The page that is being filled has its number.
+  bool numbered_ = false;
+  std::optional<Headings> headings_;
   /// What stands on a turned page by itself, and on one that the present text goes on to; empty for nothing.
   std::function<void()> furniture_;
   std::function<void()> furnitureAhead_;

@@ -14,8 +14,12 @@ void PrintState::makeCurrent() const {
   g_12Spaced = PrintOneAndHalf;
   g_FontSize = PrintFontSize;
   g_FontName = PrintFontName;
-  Settings().sSet(u"DblSpaced"_s, g_DblSpaced);
-  Settings().sSet(u"12Spaced"_s, g_12Spaced);
-  Settings().sSet(u"FontSize"_s, static_cast<int>(g_FontSize));
-  Settings().sSet(u"FontName"_s, g_FontName);
+  store();
+}
+
+void PrintState::store() const {
+  Settings().sSet(u"DblSpaced"_s, PrintDoubleSpaced);
+  Settings().sSet(u"12Spaced"_s, PrintOneAndHalf);
+  Settings().sSet(u"FontSize"_s, static_cast<int>(PrintFontSize));
+  Settings().sSet(u"FontName"_s, PrintFontName);
 }

@@ -20,4 +20,5 @@ struct PrintState {
   static PrintState current();
   /// From now on, and kept with the settings.
   void makeCurrent() const;
+  void store() const;
 };

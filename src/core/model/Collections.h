@@ -93,6 +93,7 @@ class clsScenes : public EntityCollection<SceneTraits> {
   /// Unless `singleFile`, each scene's RTF file is read too; one that is missing ends it with false, and its path goes
   /// where it is wanted.
   bool CreateFromXML(const TagView& block, bool singleFile, QString* missing = nullptr);
+  bool ImportQN3(const QString& File, OlderFiles& from);
   /// Writes the file of each scene whose text is due; forced, those too that have gone from the disk. Yields now and
   /// then. What other programs left under these names stays, unless `overOthers`. A text that can't be written stays
   /// due; false, and `cause` says why, when its scene has no file at all then.

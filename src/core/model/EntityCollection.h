@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+class OlderFiles;
 class TagView;
 
 /// The ordered, keyed collection behind the six kinds of entity. It owns its entities; the key is the ID that an
@@ -34,6 +35,9 @@ class EntityCollection {
   /// Replaces the content by that of a block; the first error ends it with false. An entity whose ID is taken gets
   /// another one.
   bool CreateFromXML(const TagView& block);
+  /// The same by a list file of a generation-3 project; what its entries name and isn't there is logged and left out.
+  /// False when the list isn't there.
+  bool ImportQN3(const QString& File, OlderFiles& from);
 
   /// An entity that was read and whose ID another one had.
   struct Renumbered {

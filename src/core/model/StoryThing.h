@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+class KeyedFile;
+class OlderFiles;
 class TagView;
 
 /// What a location and an item of the story have in common: everything but the names of dialog and table.
@@ -25,6 +27,7 @@ class StoryThing {
   ~StoryThing() = default;
   void appendXML(QByteArray& out, const Tag& element, qint32 id) const;
   void readXML(const TagView& element, const char* module);
+  void importQN3(const KeyedFile& file, OlderFiles& from, const QString& defaultTitle);
 
   qint32 id_ = 0;
 };

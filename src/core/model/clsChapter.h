@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class KeyedFile;
+class OlderFiles;
 class TagView;
 class clsScene;
 
@@ -54,6 +56,8 @@ class clsChapter : public std::enable_shared_from_this<clsChapter> {
   void GenerateID();
   void DataAsXML(QByteArray& out);
   void CreateFromXML(const TagView& element);
+  /// From a file of a generation-3 project.
+  void ImportQN3(const KeyedFile& file, OlderFiles& from);
 
  private:
   void adopt(const std::shared_ptr<clsScene>& scene);

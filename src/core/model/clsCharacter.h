@@ -5,6 +5,8 @@
 
 #include <memory>
 
+class KeyedFile;
+class OlderFiles;
 class TagView;
 
 /// A person of the story.
@@ -39,6 +41,8 @@ class clsCharacter : public std::enable_shared_from_this<clsCharacter> {
   void GenerateID();
   void DataAsXML(QByteArray& out);
   void CreateFromXML(const TagView& element);
+  /// From a file of a generation-3 project.
+  void ImportQN3(const KeyedFile& file, OlderFiles& from);
 
  private:
   qint32 id_ = 0;

@@ -13,4 +13,6 @@ class clsItem : public StoryThing, public std::enable_shared_from_this<clsItem> 
   void GenerateID();
   void DataAsXML(QByteArray& out);
   void CreateFromXML(const TagView& element);
+  /// From a file of a generation-3 project.
+  void ImportQN3(const KeyedFile& file, OlderFiles& from);
 };

@@ -13,7 +13,9 @@
 
 class BusyMark;
 class FolderLock;
+class KeyedFile;
 class LongWork;
+class OlderFiles;
 class TagView;
 
 /// The document: the root of everything the writer has written. One is alive at a time, in g_Project; every
@@ -187,9 +189,10 @@ class clsProject {
   bool ReloadWanted() const { return reloadWanted_; }
   /// How its saves went.
   const SaveNote& LastSaves() const { return lastSaves_; }
-  /// True for a file of a kind that can be opened; else the user has been told by then.
-  static bool CanOpen(const QString& file);
-  /// True on success; a failed load leaves an empty project. The user has been told by then.
+  /// A project file of the generation before, which is converted when it is loaded.
+  static bool IsQN3(const QString& file);
+  /// True on success; a failed load leaves an empty project. The user has been told by then. A file of generation 3 is
+  /// converted and saved in the present form; until that is done all of it stays as it is.
   bool Load(const QString& file, bool showProgress);
   /// Writes the project and every scene that is due. With progress every RTF file is written anew. False when the
   /// user gave up: the project is whole in memory then, counts as unsaved, and the next save tries its own file again.
@@ -213,6 +216,10 @@ class clsProject {
   friend class RescueFolder;
   friend class clsScene;
 
+  /// What the project file of generation 3 holds; what it doesn't is as in a new one.
+  void CopySettingsToVariables(const KeyedFile& file, OlderFiles& from);
+  /// The texts that still older files have beside it.
+  void ImportDescBioFiles(const KeyedFile& file, OlderFiles& from);
   void cScenes_LoadingNum(qint32 number);
   void cScenes_SavingNum(qint32 number);
   void eachOpenEditor(void (clsScene::*action)());

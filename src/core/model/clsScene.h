@@ -13,8 +13,11 @@
 class clsCharacter;
 class clsItem;
 class clsLocation;
+class KeyedFile;
+class OlderFiles;
 class OpenEditor;
 class SceneEditor;
+class SceneFolder;
 class TagView;
 
 /// The unit of writing: one rich text and its planning data. The text is held as RTF and mirrored to a file of its
@@ -159,6 +162,8 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   /// With `singleFile` the RTF goes into the element.
   void DataAsXML(QByteArray& out, bool singleFile);
   void CreateFromXML(const TagView& element);
+  /// From a file of a generation-3 project, and its text from the folder. A text that isn't there leaves it empty.
+  void ImportQN3(const KeyedFile& file, OlderFiles& from, SceneFolder& texts);
 
  private:
   friend class DiskConflicts;
@@ -177,6 +182,8 @@ class clsScene : public std::enable_shared_from_this<clsScene> {
   void readFields(const TagView& element);
   void readLists(const TagView& element);
   void readRTF(const TagView& element);
+  void importPlan(const KeyedFile& file);
+  void importLists(const KeyedFile& file);
 
   qint32 id_ = 0;
   WatchedFlag inScenes_;

@@ -77,12 +77,8 @@ bool clsProject::Load(const QString& file, bool showProgress) {
   return ProjectLoader(*this).load(file, showProgress);
 }
 
-bool clsProject::CanOpen(const QString& file) {
-  if (extensionOf(file) != u"qn3"_s) {
-    return true;
-  }
-  toolkit().MsgBox(u"Quillane 3 projects can't be opened by this version yet."_s);
-  return false;
+bool clsProject::IsQN3(const QString& file) {
+  return extensionOf(file) == u"qn3"_s;
 }
 
 bool ProjectLoader::load(const QString& file, bool showProgress) {
@@ -90,11 +86,10 @@ bool ProjectLoader::load(const QString& file, bool showProgress) {
     Logging().AddDebug(u"Not loaded while a load or save is under way: "_s + file, u"Load"_s, u"clsProject"_s);
     return false;
   }
-  const BusyMark busy(project_);
-  if (!clsProject::CanOpen(file)) {
-    project_.Clear();
-    return false;
+  if (clsProject::IsQN3(file)) {
+    return convertQN3(file, showProgress);
   }
+  const BusyMark busy(project_);
   const bool result = loadQN4(file, showProgress);
   if (extensionOf(file) == u"qnc4"_s) {
     toolkit().MsgBox(singleFileNotice());

@@ -20,6 +20,12 @@ class ProjectLoader {
  private:
   bool mayOpenFolder(const QString& file);
   bool loadQN4(const QString& file, bool showProgress);
+  /// Reads the older project, saves it in the present form and gives the old file another name.
+  bool convertQN3(const QString& file, bool showProgress);
+  bool readQN3(const QString& file, bool showProgress);
+  /// False when nothing of it could be read.
+  bool ImportQN3(const QString& file, bool showProgress);
+  bool saveConverted(const QString& file);
   /// Reads the book from the text of a project file and tells what went wrong.
   bool readBook(const QString& file, QByteArrayView text, bool showProgress);
   bool readText(LongWork& work, QByteArrayView text);

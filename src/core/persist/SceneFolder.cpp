@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
+#include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsProject.h"
 
@@ -27,6 +28,11 @@ void logLeadsOut(const QString& path) {
 
 SceneFolder::SceneFolder(const clsProject& project)
     : project_(project), path_(project.RTFFolder()), leadsOut_(leadsOut(project, path_ + u'.')) {}
+
+QString SceneFolder::bareName(const QString& stored) {
+  const QString name = Files().FileOnly(stored);
+  return name == u"."_s || name == u".."_s || name.contains(QChar(u'\0')) ? QString() : name;
+}
 
 bool SceneFolder::leadsOut(const clsProject& project, const QString& file) {
   const QString own = QFileInfo(project.Path()).canonicalFilePath();

@@ -25,6 +25,8 @@ class SceneFolder {
   /// Nothing, and logged where that tells more, for a file that is missing, can't be read or leads out.
   std::optional<File> read(const QString& name);
 
+  /// The name of a file in this folder and nowhere else, of what is stored as a scene's file; empty where that is none.
+  static QString bareName(const QString& stored);
   /// True for a file that is a link to somewhere outside the project's folder, or in a folder that is one.
   static bool leadsOut(const clsProject& project, const QString& file);
 

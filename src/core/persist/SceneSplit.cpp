@@ -70,7 +70,7 @@ void takeIn(const clsScene& source, clsChapter& chapter, qint32 position, const 
   const qint32 viewpoint = source.ViewPointID() == 0 && hasFirst ? kFirstCharacter : source.ViewPointID();
   for (const auto& scene : scenes) {
     chapter.InsertScene(scene, position++);
-    if (viewpoint != 0) {
+    if (viewpoint != 0 && scene->CharCount() == 0) {
       scene->SetViewpointByID(viewpoint);
     }
     g_SceneChanges.MarkUpdated(scene->ID());
@@ -120,8 +120,11 @@ std::vector<RichText> cut(const RichText& text, QStringView separator) {
 }
 
 QString addBehind(clsScene& source, const std::vector<QByteArray>& texts) {
+  return addBehind(source, makeScenes(texts));
+}
+
+QString addBehind(clsScene& source, const std::vector<std::shared_ptr<clsScene>>& scenes) {
   const auto chapter = g_Project->ChapterByID(source.BelongsToChID);
-  const Scenes scenes = makeScenes(texts);
   const QString cause = writeTexts(scenes);
   const QStringList files = filesOf(scenes);
   if (!cause.isEmpty()) {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <memory>
 #include <vector>
 
 class clsScene;
@@ -21,5 +22,8 @@ std::vector<RichText> cut(const RichText& text, QStringView separator);
 /// are on the disk before the project file names them; the source's own text is left as it is, so that no kill loses a
 /// word. Empty when that is done, else why not, as it may be told: the book is as it was then, on the disk too.
 QString addBehind(clsScene& source, const std::vector<QByteArray>& texts);
+/// The same with scenes that have their texts and plans, in no book yet. One without a character is told by who tells
+/// the source.
+QString addBehind(clsScene& source, const std::vector<std::shared_ptr<clsScene>>& scenes);
 
 }  // namespace SceneSplit

@@ -1,9 +1,9 @@
 #include "core/infra/RuntimeError.h"
-#include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsScene.h"
 #include "core/persist/ElementWriter.h"
 #include "core/persist/ReadFields.h"
+#include "core/persist/SceneFolder.h"
 #include "core/persist/modConstXML.h"
 #include "core/text/cSharedHTML.h"
 
@@ -12,12 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStoredFields = 4;
-
-/// The name of a file in the project's RTF folder and nowhere else.
-QString bareFileName(const QString& stored) {
-  const QString name = Files().FileOnly(stored);
-  return name == u"."_s || name == u".."_s || name.contains(QChar(u'\0')) ? QString() : name;
-}
 
 }  // namespace
 
@@ -91,7 +85,7 @@ void clsScene::readFields(const TagView& element) {
   LastsMinutes = element.integer16(kLastsMinutes);
   LastsHours = element.integer16(kLastsHours);
   LastsDays = element.integer16(kLastsDays);
-  rtfFilename_ = bareFileName(ReadFields::rawValue(element, kRTFFile, "clsScene"));
+  rtfFilename_ = SceneFolder::bareName(ReadFields::rawValue(element, kRTFFile, "clsScene"));
   DescText = element.text(kDesc);
   Tags = element.text(kTags);
   Notes = element.text(kNotes);

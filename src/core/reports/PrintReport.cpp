@@ -9,10 +9,9 @@
 
 using namespace Qt::StringLiterals;
 
-void Reports::eachUsedChapter(const ReportJob& job, const EachChapter& report) {
-  for (qint32 number = job.chapters.first; number <= qMin(job.chapters.last, g_Project->ChapterCount()); ++number) {
+void Reports::eachUsedChapter(const ChapterRange& chapters, const EachChapter& report) {
+  for (qint32 number = chapters.first; number <= qMin(chapters.last, g_Project->ChapterCount()); ++number) {
     const auto chapter = g_Project->ChapterByIndex(number);
-    job.progress.step(u"Laying out chapter "_s, number);
     if (!chapter->Unused) {
       report(*chapter, number);
     }
@@ -30,6 +29,24 @@ void Reports::eachUsedScene(const clsChapter& chapter, const EachScene& report) 
   for (const qint32 number : used) {
     report(*chapter.SceneByIndex(number), number, number == used.back());
   }
+}
+
+void Reports::eachUsedChapter(const ReportJob& job, const EachChapter& report) {
+  eachUsedChapter(job.chapters, [&](clsChapter& chapter, qint32 number) {
+    job.progress.step(u"Laying out chapter "_s, number);
+    report(chapter, number);
+  });
+}
+
+void Reports::eachUsedScene(const ReportJob& job, const clsChapter& chapter, const EachScene& report) {
+  eachUsedScene(chapter, [&](clsScene& scene, qint32 number, bool isLast) {
+    job.progress.step(u"Laying out scene "_s, number);
+    report(scene, number, isLast);
+  });
+}
+
+QString Reports::numberOf(qint32 chapter, qint32 scene) {
+  return u"%1.%2"_s.arg(chapter).arg(scene);
 }
 
 QString Reports::titleOf(const QString& report) {

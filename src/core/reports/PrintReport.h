@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <functional>
-#include <memory>
 
 class clsChapter;
 class clsScene;
@@ -37,10 +36,16 @@ namespace Reports {
 
 /// The chapters of the range that are used, with their number in the book.
 using EachChapter = std::function<void(clsChapter&, qint32 number)>;
-void eachUsedChapter(const ReportJob& job, const EachChapter& report);
-/// The scenes of a chapter that are used, with their number in it, and whether another one follows.
+void eachUsedChapter(const ChapterRange& chapters, const EachChapter& report);
+/// The scenes of a chapter that are used, with their number in it, and whether it is the last.
 using EachScene = std::function<void(clsScene&, qint32 number, bool isLast)>;
 void eachUsedScene(const clsChapter& chapter, const EachScene& report);
+/// The same for a print: each is a step of it.
+void eachUsedChapter(const ReportJob& job, const EachChapter& report);
+void eachUsedScene(const ReportJob& job, const clsChapter& chapter, const EachScene& report);
+
+/// The number of a scene, as reports tell it.
+QString numberOf(qint32 chapter, qint32 scene);
 
 /// What a report of the whole book is called in the document itself.
 QString titleOf(const QString& report);

@@ -14,17 +14,13 @@ const QString kLine = u"\r\n"_s;
 
 QString synopsisText(const ChapterRange& chapters) {
   QString text = g_Project->Title + u" synopsis"_s + kLine + kLine;
-  for (qint32 number = chapters.first; number <= qMin(chapters.last, g_Project->ChapterCount()); ++number) {
-    const auto chapter = g_Project->ChapterByIndex(number);
-    if (chapter->Unused) {
-      continue;
-    }
-    text += kLine + chapter->Title + kLine + kLine;
-    Reports::eachUsedScene(*chapter, [&](const clsScene& scene, qint32 index, bool isLast) {
-      text += u"  %1.%2 "_s.arg(number).arg(index) + scene.DescText + kLine;
+  Reports::eachUsedChapter(chapters, [&](const clsChapter& chapter, qint32 number) {
+    text += kLine + chapter.Title + kLine + kLine;
+    Reports::eachUsedScene(chapter, [&](const clsScene& scene, qint32 index, bool isLast) {
+      text += u"  "_s + Reports::numberOf(number, index) + u' ' + scene.DescText + kLine;
       text += isLast ? QString() : kLine + u"* * *"_s + kLine + kLine;
     });
-  }
+  });
   return text;
 }
 

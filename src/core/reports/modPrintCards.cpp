@@ -46,7 +46,7 @@ class CardGrid {
     Card card{column_ == 0 ? kGridSide + kTextInCard : middle_ + kTextInCard, kGridTop + row_ * height_ + kAboveText,
               kGridTop + (row_ + 1) * height_};
     write(card, true,
-          u"%1.%2 "_s.arg(chapterNumber).arg(number) + scene.Title + u" (%L1 words)"_s.arg(scene.Wordcount()));
+          Reports::numberOf(chapterNumber, number) + u' ' + scene.Title + u" (%1 words)"_s.arg(scene.Wordcount()));
     write(card, false, castOf(scene));
     write(card, false, scene.DescText.isEmpty() ? u"No summary found"_s : scene.DescText);
     next();
@@ -79,20 +79,24 @@ class CardGrid {
   }
 
   /// Flows a text on the card as far as there is room for whole lines.
-  void write(Card& card, bool bold, QString text) {
+  void write(Card& card, bool bold, const QString& text) {
+    if (text.isEmpty()) {
+      return;
+    }
     flow_.font = kCardFont;
     flow_.font.bold = bold;
     const LineBreaker& breaker = flow_.breaker();
     const double width = (flow_.paper().width - kOutsideTexts) / 2;
-    text.remove(u'\r');
-    for (const QString& paragraph : text.split(u'\n')) {
+    for (const QString& paragraph : PrintFlow::plainLines(text).split(u'\n')) {
       qsizetype from = 0;
       do {
-        if (card.y + breaker.lineHeight() > card.bottom || text.isEmpty()) {
+        if (card.y + breaker.lineHeight() > card.bottom) {
           return;
         }
         const LineBreaker::Line line = breaker.lineAt(paragraph, from, width);
-        flow_.page().texts.push_back({card.left, card.y, paragraph.mid(from, line.length), flow_.font});
+        if (line.length > 0) {
+          flow_.page().texts.push_back({card.left, card.y, paragraph.mid(from, line.length), flow_.font});
+        }
         card.y += breaker.lineHeight();
         from = line.next;
       } while (from < paragraph.size());
@@ -113,7 +117,7 @@ PrintDocument PrintSummaryCards(const ReportJob& job, int cardsPerPage) {
   PrintFlow flow(job.measure, job.state);
   CardGrid grid(flow, cardsPerPage);
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32 chapterNumber) {
-    Reports::eachUsedScene(chapter,
+    Reports::eachUsedScene(job, chapter,
                            [&](clsScene& scene, qint32 number, bool) { grid.PrintCard(chapterNumber, scene, number); });
   });
   return Reports::finished(g_Project->Title + u" scene cards"_s, flow);

@@ -11,8 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void printCharacter(PrintFlow& flow, const clsCharacter& character) {
-  const QString fullName = character.FullName.isEmpty() ? QString() : u" ("_s + character.FullName + u')';
-  flow.PrintBold(character.Title() + fullName);
+  flow.PrintBold(character.Title() + u" ("_s + character.FullName + u')');
   flow.spacing();
   const std::pair<QString, const QString&> fields[] = {{u"Desc: "_s, character.DescText},
                                                        {u"Bio: "_s, character.Bio},
@@ -30,7 +29,9 @@ template <class Things>
 PrintDocument printTitles(const ReportJob& job, const Things& things, const QString& title) {
   PrintFlow flow(job.measure, job.state);
   flow.newNumberedPage();
+  qint32 done = 0;
   for (const auto& thing : things) {
+    job.progress.step(u"Laying out line "_s, ++done);
     flow.PrintText(thing->Title);
     flow.spacing();
   }
@@ -45,9 +46,6 @@ PrintDocument PrintCharList(const ReportJob& job) {
   qint32 done = 0;
   for (const auto& character : g_Project->Chars) {
     job.progress.step(u"Laying out character "_s, ++done);
-    if (done > 1) {
-      flow.blankLine();
-    }
     printCharacter(flow, *character);
   }
   return Reports::finished(Reports::titleOf(u"Characters"_s), flow);
@@ -59,4 +57,11 @@ PrintDocument PrintLocationList(const ReportJob& job) {
 
 PrintDocument PrintItemList(const ReportJob& job) {
   return printTitles(job, g_Project->Items, Reports::titleOf(u"Items"_s));
+}
+
+PrintDocument PrintPlainText(const ReportJob& job, const QString& text, const QString& title) {
+  PrintFlow flow(job.measure, job.state);
+  flow.newNumberedPage();
+  flow.PrintText(text);
+  return Reports::finished(title, flow);
 }

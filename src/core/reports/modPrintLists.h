@@ -7,3 +7,6 @@
 PrintDocument PrintCharList(const ReportJob& job);
 PrintDocument PrintLocationList(const ReportJob& job);
 PrintDocument PrintItemList(const ReportJob& job);
+
+/// A text as it is, such as one of a window.
+PrintDocument PrintPlainText(const ReportJob& job, const QString& text, const QString& title);

@@ -6,6 +6,8 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 
+#include <QScopedValueRollback>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -36,9 +38,9 @@ QString sceneBlock(clsScene& scene) {
   return block + ruler(u"End Content"_s, 56);
 }
 
-QString manuscriptOf(const clsChapter& chapter) {
+QString manuscriptOf(const ReportJob& job, const clsChapter& chapter) {
   QString text;
-  Reports::eachUsedScene(chapter, [&text](clsScene& scene, qint32, bool isLast) {
+  Reports::eachUsedScene(job, chapter, [&text](clsScene& scene, qint32, bool isLast) {
     text += scene.ConvertedToBodyText();
     if (!isLast) {
       text += kLine + kLine + u"* * *"_s + kLine + kLine;
@@ -47,15 +49,33 @@ QString manuscriptOf(const clsChapter& chapter) {
   return text;
 }
 
-void printDetails(PrintFlow& flow, const clsChapter& chapter) {
-  const PrintFont before = flow.font;
-  flow.font.points = qMax(kSmallestPoints, before.points - kDetailsSmaller);
-  flow.doubleSpaced = false;
-  flow.oneAndHalf = false;
+void PrintScene(PrintFlow& flow, clsScene& scene) {
+  flow.PrintPage(sceneBlock(scene), scene.Title);
+}
+
+/// All scenes, in smaller letters and close lines.
+void printDetails(const ReportJob& job, PrintFlow& flow, const clsChapter& chapter) {
+  const QScopedValueRollback smaller(flow.font.points, qMax(kSmallestPoints, flow.font.points - kDetailsSmaller));
+  const QScopedValueRollback notDoubled(flow.doubleSpaced, false);
+  const QScopedValueRollback close(flow.oneAndHalf, false);
   for (qint32 i = 1; i <= chapter.SceneCount(); ++i) {
+    job.progress.step(u"Laying out scene "_s, i);
     PrintScene(flow, *chapter.SceneByIndex(i));
   }
-  flow.font = before;
+}
+
+/// From a fresh page: its title and the text of its used scenes, or all of them with details.
+void PrintChapter(const ReportJob& job, PrintFlow& flow, const clsChapter& chapter) {
+  if (job.details) {
+    printDetails(job, flow, chapter);
+    return;
+  }
+  flow.newPage();
+  flow.moveTo(kChapterTop);
+  flow.PrintCentred(chapter.Title);
+  flow.blankLine();
+  flow.blankLine();
+  flow.PrintText(manuscriptOf(job, chapter), true);
 }
 
 QString titleOf(const QString& part) {
@@ -64,26 +84,9 @@ QString titleOf(const QString& part) {
 
 }  // namespace
 
-void PrintScene(PrintFlow& flow, clsScene& scene) {
-  flow.PrintPage(sceneBlock(scene), scene.Title);
-}
-
-void PrintChapter(PrintFlow& flow, const clsChapter& chapter, bool details) {
-  if (details) {
-    printDetails(flow, chapter);
-    return;
-  }
-  flow.newPage();
-  flow.moveTo(kChapterTop);
-  flow.PrintCentred(chapter.Title);
-  flow.blankLine();
-  flow.blankLine();
-  flow.PrintText(manuscriptOf(chapter), true);
-}
-
 PrintDocument PrintProject(const ReportJob& job) {
   PrintFlow flow(job.measure, job.state);
-  Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) { PrintChapter(flow, chapter, job.details); });
+  Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) { PrintChapter(job, flow, chapter); });
   return Reports::finished(titleOf(u"Manuscript"_s), flow);
 }
 
@@ -92,7 +95,7 @@ PrintDocument PrintChapters(const ReportJob& job, const QList<qint32>& chapterID
   qint32 done = 0;
   for (const qint32 id : chapterIDs) {
     job.progress.step(u"Laying out chapter "_s, ++done);
-    PrintChapter(flow, *g_Project->ChapterByID(id), job.details);
+    PrintChapter(job, flow, *g_Project->ChapterByID(id));
   }
   return Reports::finished(titleOf(u"Chapters"_s), flow);
 }

@@ -12,8 +12,3 @@ PrintDocument PrintProject(const ReportJob& job);
 PrintDocument PrintChapters(const ReportJob& job, const QList<qint32>& chapterIDs);
 /// These scenes, each from a fresh page.
 PrintDocument PrintScenes(const ReportJob& job, const QList<qint32>& sceneIDs);
-
-/// A chapter from a fresh page: its title and the text of its used scenes; with details all its scenes, in smaller
-/// letters and close lines.
-void PrintChapter(PrintFlow& flow, const clsChapter& chapter, bool details);
-void PrintScene(PrintFlow& flow, clsScene& scene);

@@ -16,7 +16,7 @@ const QString kParagraphEnd = u"\r\n\r\n"_s;
 const QString kSeparator = u"#"_s;
 
 QString counted(qint32 words) {
-  return u"%L1 words"_s.arg(words);
+  return u"%1 words"_s.arg(words);
 }
 
 void printParagraph(PrintFlow& flow, const QString& text) {
@@ -41,11 +41,14 @@ QString statusOf(const clsScene& scene) {
 
 void printExpandedScene(PrintFlow& flow, clsScene& scene, qint32 number) {
   const double tab = PrintFlow::kTextLeft + 3 * flow.breaker().widthOf(u"x");
-  flow.PrintRuns({{u"Scene "_s, true},
-                  {QString::number(number) + u": "_s + counted(scene.Wordcount()) + statusOf(scene) + u", "_s, false},
-                  {scene.ViewPointChar()->Title(), true}},
-                 tab);
-  flow.PrintText(scene.Title);
+  flow.PrintHeading(
+      {{u"Scene "_s, true},
+       {QString::number(number) + u": "_s + counted(scene.Wordcount()) + statusOf(scene) + u", "_s, false},
+       {scene.ViewPointChar()->Title(), true}},
+      tab);
+  if (!scene.Title.isEmpty()) {
+    flow.PrintHeading({{scene.Title, false}});
+  }
   flow.PrintText(scene.DescText);
   flow.spacing();
 }
@@ -58,7 +61,7 @@ PrintDocument PrintSynopsis(const ReportJob& job) {
   printHeading(flow, heading);
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) {
     printTitle(flow, chapter);
-    Reports::eachUsedScene(chapter, [&](const clsScene& scene, qint32 number, bool isLast) {
+    Reports::eachUsedScene(job, chapter, [&](const clsScene& scene, qint32 number, bool isLast) {
       QString description = scene.DescText;
       TextTools().RemoveCRLFFromEnd(description);
       printParagraph(flow, QString::number(number) + u". "_s + scene.Title + kParagraphEnd + description);
@@ -76,9 +79,9 @@ PrintDocument PrintSummary(const ReportJob& job) {
   printHeading(flow, heading);
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32 chapterNumber) {
     printTitle(flow, chapter);
-    Reports::eachUsedScene(chapter, [&](const clsScene& scene, qint32 number, bool) {
-      printParagraph(
-          flow, u" %1.%2  ["_s.arg(chapterNumber).arg(number) + scene.ViewPointChar()->Title() + u"] "_s + scene.Title);
+    Reports::eachUsedScene(job, chapter, [&](const clsScene& scene, qint32 number, bool) {
+      printParagraph(flow, u' ' + Reports::numberOf(chapterNumber, number) + u"  ["_s + scene.ViewPointChar()->Title() +
+                               u"] "_s + scene.Title);
     });
   });
   return Reports::finished(heading, flow);
@@ -88,10 +91,10 @@ PrintDocument PrintExpandedSynopsis(const ReportJob& job) {
   PrintFlow flow(job.measure, job.state);
   flow.newNumberedPage();
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32 chapterNumber) {
-    flow.PrintRuns({{QString::number(chapterNumber) + u") "_s, true},
-                    {chapter.Title + u" ("_s + counted(chapter.Wordcount(false)) + u')', false}});
+    flow.PrintHeading({{QString::number(chapterNumber) + u") "_s, true},
+                       {chapter.Title + u" ("_s + counted(chapter.Wordcount(false)) + u')', false}});
     flow.spacing();
-    Reports::eachUsedScene(chapter,
+    Reports::eachUsedScene(job, chapter,
                            [&](clsScene& scene, qint32 number, bool) { printExpandedScene(flow, scene, number); });
   });
   return Reports::finished(g_Project->Title + u" synopsis"_s, flow);

@@ -128,11 +128,11 @@ class WorkSchedule {
     flow_.spacing();
     const qint32 completion = g_Project->DeadlineDate(kLastLevel);
     flow_.PrintText(u"Days left until project completion date: "_s +
-                    (completion == 0 ? u"no date set"_s : u"%L1"_s.arg(completion - start_)));
+                    (completion == 0 ? u"no date set"_s : u"%1"_s.arg(completion - start_)));
     flow_.spacing();
     QString standing;
     for (int status = 1; status <= kLastLevel; ++status) {
-      standing += u"  "_s + g_StatusNames.value(status) + u" (%L1) "_s.arg(count_[static_cast<size_t>(status)]);
+      standing += u"  "_s + g_StatusNames.value(status) + u" (%1) "_s.arg(count_[static_cast<size_t>(status)]);
     }
     flow_.PrintRuns({{u"Needed at each status level: "_s, true}, {standing, false}});
     flow_.spacing();
@@ -180,7 +180,7 @@ class WorkSchedule {
     const QDate date = Clock::dateOf(qMax(g_Project->DeadlineStartDate(level), start_) + day);
     flow_.PrintRuns(
         {{u"--- Complete by "_s + formatByPattern(date, u"DDD"_s, QLocale()), true},
-         {u' ' + Dates().ShortFormatDate(date) + QString(30, u'-') + u"(%L1 words)"_s.arg(words) + QString(10, u'-'),
+         {u' ' + Dates().ShortFormatDate(date) + QString(30, u'-') + u"(%1 words)"_s.arg(words) + QString(10, u'-'),
           false}});
     endLine();
   }

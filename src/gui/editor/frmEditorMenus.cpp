@@ -133,12 +133,12 @@ void frmEditor::createSceneMenu() {
   addEntry(menu, u"mnuPrintScene"_s, u"Print Scene"_s, [this] { mnuPrintScene_Click(); });
 }
 
-// From the book: what hasn't been saved isn't in the print.
+// From the book: what was typed since it was last kept there isn't in the print.
 void frmEditor::mnuPrintScene_Click() {
   const auto shown = scene();
   if (!shown || !shown->InScenes()) {
-    toolkit().MsgBox(u"Save the scene first. What is printed is the scene as it was last saved."_s);
-  } else if (!g_Project->IsBusy()) {
+    toolkit().MsgBox(u"Save the scene first. What is printed is the scene as the book holds it."_s);
+  } else {
     printScenes({shown->ID()});
   }
 }

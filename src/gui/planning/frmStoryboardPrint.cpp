@@ -113,7 +113,12 @@ void frmStoryboard::PrintSB() {
   const ReportLayout report = [board](const ReportJob& job) {
     return board ? board->screenshots(job) : PrintDocument();
   };
-  printReport({u"Storyboard"_s, u"Click PRINT to continue."_s, printFileName(u"Storyboard"_s), report});
+  printReport({.key = u"Storyboard"_s,
+               .prompt = u"Click PRINT to continue."_s,
+               .name = printFileName(u"Storyboard"_s),
+               .report = report,
+               .routine = "PrintSB",
+               .module = "frmStoryboard"});
 }
 
 PrintDocument frmStoryboard::screenshots(const ReportJob& job) {

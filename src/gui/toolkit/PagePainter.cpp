@@ -2,7 +2,6 @@
 
 #include "gui/toolkit/PdfFile.h"
 
-#include <QImage>
 #include <QPainter>
 
 #include <algorithm>
@@ -30,15 +29,28 @@ void paintTexts(QPainter& painter, const PrintedPage& page) {
 
 }  // namespace
 
+PagePainter::Pictures PagePainter::picturesOf(const PrintedPage& page) {
+  Pictures pictures;
+  for (const PlacedPicture& picture : page.pictures) {
+    pictures.push_back(QImage::fromData(picture.png));
+  }
+  return pictures;
+}
+
 void PagePainter::paint(QPainter& painter, const PrintedPage& page) {
+  paint(painter, page, picturesOf(page));
+}
+
+void PagePainter::paint(QPainter& painter, const PrintedPage& page, const Pictures& pictures) {
   painter.setPen(QPen(Qt::black, kLineWidth));
   for (const PlacedLine& line : page.lines) {
     painter.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
   }
   // Letters in a picture stay sharp on paper, and can be read in a small preview.
   painter.setRenderHints(QPainter::LosslessImageRendering | QPainter::SmoothPixmapTransform);
-  for (const PlacedPicture& picture : page.pictures) {
-    painter.drawImage(QRectF(picture.x, picture.y, picture.width, picture.height), QImage::fromData(picture.png));
+  for (size_t i = 0; i < pictures.size(); ++i) {
+    const PlacedPicture& placed = page.pictures[i];
+    painter.drawImage(QRectF(placed.x, placed.y, placed.width, placed.height), pictures[i]);
   }
   paintTexts(painter, page);
 }

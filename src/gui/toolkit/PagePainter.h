@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
+#include <QImage>
 #include <QPdfWriter>
 
 #include <vector>
@@ -14,7 +15,11 @@ class QPainter;
 
 namespace PagePainter {
 
+/// The pictures of a page as they are painted, for who paints it often.
+using Pictures = std::vector<QImage>;
+Pictures picturesOf(const PrintedPage& page);
 /// Paints a page; a unit of the painter is a twip.
+void paint(QPainter& painter, const PrintedPage& page, const Pictures& pictures);
 void paint(QPainter& painter, const PrintedPage& page);
 /// A font whose sizes are told in twips, so that it is as large on any device.
 QFont fontOf(const PrintFont& font);

@@ -2,79 +2,69 @@
 
 #include "core/infra/RuntimeError.h"
 #include "gui/toolkit/OverActiveWindow.h"
-#include "gui/toolkit/PagePainter.h"
+#include "gui/toolkit/PaperPrint.h"
 
 #include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
+RuntimeError doesNotAnswer(const QString& printer) {
+  return {RuntimeError::DeviceError, u"The printer "_s + printer + u" does not answer."_s};
+}
 
-/// A print on paper. A page that is larger than the printer's paper is made smaller, as a whole.
-class PaperPrint : public PrintTarget {
+/// A print on one of the system's printers.
+class SystemPrint : public PaperPrint {
  public:
-  explicit PaperPrint(std::shared_ptr<QPrinter> printer) : printer_(std::move(printer)) {}
+  using PaperPrint::PaperPrint;
 
-  const TextMeasure& measure() const override { return measure_; }
-
+  /// The print system takes a job for a printer that is gone without a word; so it is looked for before and after.
   void print(const PrintDocument& document, PrintProgress& progress) override {
-    printer_->setDocName(document.title);
-    printer_->setCreator(u"Quillane"_s);
-    printer_->setFullPage(true);
-    printer_->setPageSize(QPageSize(QPageSize::A4));
-    printer_->setPageOrientation(document.paper.isLandscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
-    QPainter painter;
-    if (!painter.begin(printer_.get())) {
-      throw RuntimeError(RuntimeError::DeviceError,
-                         u"The printer "_s + printer_->printerName() + u" does not answer."_s);
-    }
-    const QRectF sheet = printer_->paperRect(QPrinter::DevicePixel);
-    const double fit =
-        qMin(1.0, qMin(sheet.width() / printer_->logicalDpiX() * kTwipsPerInch / document.paper.width,
-                       sheet.height() / printer_->logicalDpiY() * kTwipsPerInch / document.paper.height));
-    painter.scale(fit * printer_->logicalDpiX() / kTwipsPerInch, fit * printer_->logicalDpiY() / kTwipsPerInch);
-    printPages(painter, document, progress);
-    painter.end();
-    if (printer_->printerState() == QPrinter::Error) {
-      throw RuntimeError(RuntimeError::DeviceError);
-    }
+    requirePrinter();
+    PaperPrint::print(document, progress);
+    requirePrinter();
   }
 
  private:
-  void printPages(QPainter& painter, const PrintDocument& document, PrintProgress& progress) {
-    qint32 number = 0;
-    try {
-      for (const PrintedPage& page : document.pages) {
-        if (number > 0 && !printer_->newPage()) {
-          throw RuntimeError(RuntimeError::DeviceError);
-        }
-        progress.step(u"Printing page "_s, ++number);
-        PagePainter::paint(painter, page);
-      }
-    } catch (...) {
-      // Nothing of a print that was stopped comes out later.
-      printer_->abort();
-      painter.end();
-      throw;
+  void requirePrinter() const {
+    if (QPrinterInfo::printerInfo(printer().printerName()).isNull()) {
+      throw doesNotAnswer(printer().printerName());
     }
   }
-
-  std::shared_ptr<QPrinter> printer_;
-  QtTextMeasure measure_;
 };
+
+/// A4 where the printer has it, and where it doesn't say; else its own, since it would cut an A4 page off.
+QPageSize sheetOf(const QPrinterInfo& printer) {
+  const QPageSize a4(QPageSize::A4);
+  const QList<QPageSize> sheets = printer.supportedPageSizes();
+  const bool hasA4 =
+      std::any_of(sheets.begin(), sheets.end(), [&](const QPageSize& one) { return one.isEquivalentTo(a4); });
+  return sheets.isEmpty() || hasA4 || !printer.defaultPageSize().isValid() ? a4 : printer.defaultPageSize();
+}
 
 /// A file that isn't there: the dialog asks nothing about it, and the name that counts is asked for later.
 QString noFile() {
   return QDir::temp().filePath(u"quillane-%1.pdf"_s.arg(quintptr(qApp), 0, 16));
+}
+
+std::shared_ptr<QPrinter> printerFor(const QString& name) {
+  auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  if (name == cSharedPrinter::pdfFile()) {
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    printer->setOutputFileName(noFile());
+  } else if (!name.isEmpty()) {
+    printer->setPrinterName(name);
+  }
+  return printer;
 }
 
 /// It chooses and sets up a printer; printing is begun where it was opened.
@@ -111,28 +101,32 @@ QString QtPrinters::defaultName() const {
 }
 
 QString QtPrinters::choose(const QString& current) {
-  auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-  if (current == cSharedPrinter::pdfFile()) {
-    printer->setOutputFormat(QPrinter::PdfFormat);
-  } else if (!current.isEmpty()) {
-    printer->setPrinterName(current);
-  }
-  printer->setOutputFileName(current == cSharedPrinter::pdfFile() ? noFile() : QString());
+  const bool isSetUp = printer_ && printer_->printerName() == current;
+  const auto printer = isSetUp ? printer_ : printerFor(current);
   const OverActiveWindow<QPrintDialog> dialog(printer.get());
   makeChooser(*dialog.operator->());
   if (!dialog.accepted()) {
     return {};
   }
   if (!printer->outputFileName().isEmpty() || printer->outputFormat() == QPrinter::PdfFormat) {
+    forgetSetup();
     return cSharedPrinter::pdfFile();
   }
-  printer_ = std::move(printer);
+  printer_ = printer;
   return printer_->printerName();
 }
 
 std::unique_ptr<PrintTarget> QtPrinters::open(const QString& name) {
-  if (!printer_ || printer_->printerName() != name) {
-    printer_ = std::make_shared<QPrinter>(QPrinterInfo::printerInfo(name), QPrinter::HighResolution);
+  const QPrinterInfo info = QPrinterInfo::printerInfo(name);
+  if (info.isNull()) {
+    // The system would take another one in its place.
+    throw doesNotAnswer(name);
   }
-  return std::make_unique<PaperPrint>(printer_);
+  const bool isSetUp = printer_ && printer_->printerName() == name;
+  return std::make_unique<SystemPrint>(isSetUp ? printer_ : std::make_shared<QPrinter>(info, QPrinter::HighResolution),
+                                       sheetOf(info));
+}
+
+void QtPrinters::forgetSetup() {
+  printer_.reset();
 }

@@ -14,8 +14,10 @@ class QtPrinters : public PrinterSystem {
   QString defaultName() const override;
   QString choose(const QString& current) override;
   std::unique_ptr<PrintTarget> open(const QString& name) override;
+  void forgetSetup() override;
 
  private:
-  /// As it was set up in the dialog: the copies, and what the printer has besides.
+  /// As it was set up in the dialog for the next print: the copies, and what the printer has besides. Null when it
+  /// wasn't.
   std::shared_ptr<QPrinter> printer_;
 };

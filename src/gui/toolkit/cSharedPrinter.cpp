@@ -41,6 +41,7 @@ void cSharedPrinter::RestoreDefaultPrinter() {
     isStored_ = false;
     name_ = stored_;
   }
+  system_->forgetSetup();
 }
 
 void cSharedPrinter::SetBkMode(QPainter& painter, bool transparent) {

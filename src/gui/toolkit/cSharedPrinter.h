@@ -19,7 +19,10 @@ class PrinterSystem {
   /// The system's printer dialog, modal. The name of the chosen printer, cSharedPrinter::pdfFile() among them; empty on
   /// cancel.
   virtual QString choose(const QString& current) = 0;
+  /// Set up as it was in the dialog. Throws RuntimeError when the printer isn't there.
   virtual std::unique_ptr<PrintTarget> open(const QString& name) = 0;
+  /// The copies and whatever else was set up in the dialog were for one print.
+  virtual void forgetSetup() {}
   /// A PDF file can be made here.
   virtual bool hasPdf() const { return true; }
 };

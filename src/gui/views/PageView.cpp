@@ -1,7 +1,6 @@
 #include "gui/views/PageView.h"
 
 #include "gui/toolkit/Controls.h"
-#include "gui/toolkit/PagePainter.h"
 #include "gui/toolkit/Twips.h"
 
 #include <QPainter>
@@ -27,6 +26,7 @@ PageView::PageView(QWidget* parent) : QWidget(parent) {
 
 void PageView::show(const PrintedPage& page, const PaperSize& paper) {
   page_ = &page;
+  pictures_ = PagePainter::picturesOf(page);
   paper_ = paper;
   setAccessibleDescription(spokenTextOf(page));
   adapt();
@@ -51,8 +51,7 @@ void PageView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
   if (page_ != nullptr) {
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(static_cast<double>(width()) / paper_.width, static_cast<double>(height()) / paper_.height);
-    PagePainter::paint(painter, *page_);
+    PagePainter::paint(painter, *page_, pictures_);
   }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/layout/PrintedPage.h"
+#include "gui/toolkit/PagePainter.h"
 
 #include <QWidget>
 
@@ -24,6 +24,7 @@ class PageView : public QWidget {
   void adapt();
 
   const PrintedPage* page_ = nullptr;
+  PagePainter::Pictures pictures_;
   PaperSize paper_ = PaperSize::a4();
   double zoom_ = 1;
 };

@@ -1,5 +1,6 @@
 #include "gui/views/PrintRun.h"
 
+#include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedLogging.h"
@@ -14,14 +15,17 @@
 #include "gui/views/frmPrintPreview.h"
 #include "gui/views/frmPrinterSetup.h"
 
+#include <QScopeGuard>
+
+#include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A book of fewer scenes is laid out before a window about it could be read.
-constexpr qint32 kScenesInAMoment = 150;
+const QString kNotLaidOut = u"The report could not be laid out."_s;
 
 [[noreturn]] void cancel(const QString& why) {
   throw RuntimeError(kPrintCancelled, why, u"SelectPrinter"_s);
@@ -30,10 +34,11 @@ constexpr qint32 kScenesInAMoment = 150;
 /// A print as a long work that can be stopped.
 class PrintWork : public PrintProgress {
  public:
-  PrintWork() : work_(*g_Project, u"Printing"_s, g_Project->SceneCount() > kScenesInAMoment, LongWork::Stop::Offered) {}
+  PrintWork() : work_(*g_Project, u"Printing"_s, false, LongWork::Stop::Offered) {}
 
   void step(const QString& what, qint32 number) override {
     work_.setCaption(what, number);
+    work_.showIfLong();
     if (work_.stopWanted()) {
       cancel(u"The print was stopped"_s);
     }
@@ -58,60 +63,127 @@ bool unlessStopped(Piece piece) {
   }
 }
 
-bool preview(const PrintOrder& order, const PrintState& state, bool details) {
-  PrintDocument document;
-  const QtTextMeasure measure;
-  const bool isWhole = unlessStopped([&] {
-    PrintWork work;
-    document = order.report({measure, state, work, order.chapters, details});
-  });
-  if (!isWhole) {
-    return false;
+/// A report between the printer window and the paper. What was laid out for a look is printed as it was seen.
+class ReportRun {
+ public:
+  explicit ReportRun(const PrintOrder& order) : order_(order) {}
+
+  /// True when the user wants it printed as it is shown.
+  bool preview(const PrintState& state, bool details);
+  /// On the printer in use.
+  bool print(bool details);
+
+ private:
+  template <class Piece>
+  bool isWhole(const QString& failure, Piece piece) const;
+  void layOut(const TextMeasure& measure, const PrintState& state, bool details, PrintProgress& progress);
+  bool hasPages() const;
+
+  const PrintOrder& order_;
+  /// Laid out so; null when nothing was.
+  std::shared_ptr<const PrintDocument> document_;
+  PrintState state_;
+  bool details_ = false;
+};
+
+/// Runs a piece of it under its own names. False when it was stopped or failed, which is told once the work is over
+/// that it was a part of.
+template <class Piece>
+bool ReportRun::isWhole(const QString& failure, Piece piece) const {
+  bool isDone = false;
+  const QString cause = Guard(order_.routine, order_.module).causeOf([&] { isDone = unlessStopped(std::move(piece)); });
+  if (!cause.isEmpty()) {
+    toolkit().MsgBox(failure + u"\n\n"_s + cause);
   }
-  if (document.pages.empty()) {
+  return isDone;
+}
+
+void ReportRun::layOut(const TextMeasure& measure, const PrintState& state, bool details, PrintProgress& progress) {
+  if (document_ && state == state_ && details == details_) {
+    return;
+  }
+  document_.reset();
+  document_ =
+      std::make_shared<const PrintDocument>(order_.report({measure, state, progress, order_.chapters, details}));
+  state_ = state;
+  details_ = details;
+}
+
+bool ReportRun::hasPages() const {
+  if (document_->pages.empty()) {
     toolkit().MsgBox(u"There is nothing to print."_s);
     return false;
   }
-  const OverActiveWindow<frmPrintPreview> form(std::move(document));
+  return true;
+}
+
+bool ReportRun::preview(const PrintState& state, bool details) {
+  const bool isThere = isWhole(kNotLaidOut, [&] {
+    const QtTextMeasure measure;
+    PrintWork work;
+    layOut(measure, state, details, work);
+  });
+  if (!isThere || !hasPages()) {
+    return false;
+  }
+  const OverActiveWindow<frmPrintPreview> form(document_);
   return form.accepted();
 }
 
-void tellFailure(const QString& cause) {
-  toolkit().MsgBox(Printers().Name() == cSharedPrinter::pdfFile()
-                       ? u"The file "_s + Printers().PdfPath + u" could not be written.\n\n"_s + cause
-                       : u"The report could not be printed on "_s + Printers().Name() + u".\n\n"_s + cause);
+QString whatCouldNotBePrinted() {
+  return Printers().Name() == cSharedPrinter::pdfFile()
+             ? u"The file "_s + Printers().PdfPath + u" could not be written."_s
+             : u"The report could not be printed on "_s + Printers().Name() + u'.';
 }
 
-void tellDone() {
-  if (Printers().Name() == cSharedPrinter::pdfFile()) {
-    toolkit().MsgBox(u"The report is in the file "_s + Printers().PdfPath);
-  }
-}
-
-bool printed(const PrintOrder& order, bool details) {
-  const auto target = Printers().open();
-  bool anyPages = false;
-  const bool isWhole = unlessStopped([&] {
+bool ReportRun::print(bool details) {
+  QString failure = whatCouldNotBePrinted();
+  const bool isPrinted = isWhole(failure, [&] {
+    const auto target = Printers().open();
+    failure = kNotLaidOut;
     PrintWork work;
-    const PrintDocument document =
-        order.report({target->measure(), PrintState::current(), work, order.chapters, details});
-    anyPages = !document.pages.empty();
-    if (anyPages) {
-      target->print(document, work);
+    layOut(target->measure(), PrintState::current(), details, work);
+    failure = whatCouldNotBePrinted();
+    if (!document_->pages.empty()) {
+      target->print(*document_, work);
     }
   });
-  if (isWhole && !anyPages) {
-    toolkit().MsgBox(u"There is nothing to print."_s);
+  return isPrinted && hasPages();
+}
+
+/// In one box: what is told of this report, and where a file of it is.
+void tellDone(const QString& told) {
+  QStringList parts;
+  if (!told.isEmpty()) {
+    parts.append(told);
   }
-  return isWhole && anyPages;
+  if (Printers().Name() == cSharedPrinter::pdfFile()) {
+    parts.append(u"The report is in the file "_s + Printers().PdfPath);
+  }
+  if (!parts.isEmpty()) {
+    toolkit().MsgBox(parts.join(u"\n\n"_s));
+  }
+}
+
+QString shortened(const QString& text, qsizetype length) {
+  const bool cutsLetter = text.size() > length && text.at(length - 1).isHighSurrogate();
+  return text.left(cutsLetter ? length - 1 : length);
+}
+
+/// Nothing when the user wants no print after all.
+std::optional<bool> chosenDetails(const PrintOrder& order, ReportRun& run) {
+  std::optional<bool> details;
+  const auto look = [&run](const PrintState& state, bool withDetails) { return run.preview(state, withDetails); };
+  Guard("SelectPrinter", "modRoutines")([&] { unlessStopped([&] { details = SelectPrinter(order, look); }); });
+  return details;
 }
 
 }  // namespace
 
-bool SelectPrinter(const PrintOrder& order) {
+bool SelectPrinter(const PrintOrder& order, const PrintPreview& preview) {
   const OverActiveWindow<frmPrinterSetup> form;
   form->SuggestName(order.name);
-  form->OfferPreview([&order](const PrintState& state, bool details) { return preview(order, state, details); });
+  form->OfferPreview(preview);
   if (order.offersDetails) {
     form->OfferDetails();
   }
@@ -123,45 +195,53 @@ bool SelectPrinter(const PrintOrder& order) {
 }
 
 bool printReport(const PrintOrder& order) {
-  Printers().StoreDefaultPrinter();
-  bool isDone = false;
-  try {
-    isDone = printed(order, SelectPrinter(order));
-    if (isDone) {
-      tellDone();
-    }
-  } catch (const RuntimeError& error) {
-    if (error.number() != kPrintCancelled) {
-      Logging().AddDebug(error.description(), u"PrintReport"_s, u"modRoutines"_s);
-      tellFailure(error.description());
-    }
+  if (g_Project->IsBusy()) {
+    return false;
   }
-  Printers().RestoreDefaultPrinter();
+  Printers().StoreDefaultPrinter();
+  const auto restored = qScopeGuard([] { Printers().RestoreDefaultPrinter(); });
+  ReportRun run(order);
+  const std::optional<bool> details = chosenDetails(order, run);
+  const bool isDone = details && run.print(*details);
+  if (isDone) {
+    tellDone(order.told);
+  }
   return isDone;
 }
 
 bool printScenes(const QList<qint32>& sceneIDs) {
-  const ReportLayout report = [sceneIDs](const ReportJob& job) { return PrintScenes(job, sceneIDs); };
-  return printReport({u"StoryFile"_s, u"Print scene(s)"_s, printFileName(u"Scenes"_s), report});
+  return printReport({.key = u"StoryFile"_s,
+                      .prompt = u"Print scene(s)"_s,
+                      .name = printFileName(u"Scenes"_s),
+                      .report = [sceneIDs](const ReportJob& job) { return PrintScenes(job, sceneIDs); },
+                      .routine = "PrintScene",
+                      .module = "modPrintProject"});
 }
 
 bool printCast(CastKind kind) {
-  const auto print = [](const QString& key, const ReportLayout& report) {
-    return printReport({key, u"Click PRINT to continue."_s, printFileName(key), report});
+  const auto print = [](const QString& key, const ReportLayout& report, const char* routine) {
+    return printReport({.key = key,
+                        .prompt = u"Click PRINT to continue."_s,
+                        .name = printFileName(key),
+                        .report = report,
+                        .routine = routine,
+                        .module = "modPrintLists"});
   };
   switch (kind) {
     case CastKind::Character:
-      return print(u"Character List"_s, &PrintCharList);
+      return print(u"Character List"_s, &PrintCharList, "PrintCharList");
     case CastKind::Location:
-      return print(u"Location List"_s, &PrintLocationList);
+      return print(u"Location List"_s, &PrintLocationList, "PrintLocationList");
     default:
-      return print(u"Item List"_s, &PrintItemList);
+      return print(u"Item List"_s, &PrintItemList, "PrintItemList");
   }
 }
 
-/// What some system takes for something else becomes a blank.
+/// What some system takes for something else becomes a blank; and no longer than any file system takes it.
 QString printFileName(const QString& report) {
-  QString name = g_Project->Title.isEmpty() ? report : g_Project->Title + u" - "_s + report;
+  constexpr qsizetype kLongestTitle = 60;
+  const QString title = shortened(g_Project->Title, kLongestTitle);
+  QString name = title.isEmpty() ? report : title + u" - "_s + report;
   for (QChar& letter : name) {
     if (u"\\/:*?\"<>|"_s.contains(letter) || letter < u' ') {
       letter = u' ';

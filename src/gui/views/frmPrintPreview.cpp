@@ -30,20 +30,18 @@ constexpr int kHundredths[] = {50, 75, 100, 125, 150, 200, 300};
 constexpr int kFits = 2;
 constexpr double kPartOfScreen = 0.8;
 
-/// The keys turn pages; Enter belongs to the print.
 QPushButton* makeTurner(const QString& name, const QString& caption, const QString& tip, QWidget* parent) {
   QPushButton* const button = makeButton(name, caption, parent);
   button->setToolTip(tip);
-  button->setAutoDefault(false);
   return button;
 }
 
 }  // namespace
 
-frmPrintPreview::frmPrintPreview(PrintDocument document, QWidget* parent)
+frmPrintPreview::frmPrintPreview(std::shared_ptr<const PrintDocument> document, QWidget* parent)
     : QDialog(parent), document_(std::move(document)) {
   setObjectName(u"frmPrintPreview"_s);
-  setWindowTitle(literalTitle(u"Preview: "_s + document_.title));
+  setWindowTitle(literalTitle(u"Preview: "_s + document_->title));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   createControls();
   buildLayout();
@@ -72,6 +70,7 @@ void frmPrintPreview::createControls() {
   txtPage->setRange(1, qMax(1, pageCount()));
   txtPage->setSuffix(u" of %L1"_s.arg(pageCount()));
   txtPage->setKeyboardTracking(false);
+  txtPage->installEventFilter(this);
   cmbZoom = new QComboBox(this);
   giveName(*cmbZoom, u"cmbZoom"_s, u"Zoom"_s);
   cmbZoom->setToolTip(u"Size of the page (Ctrl++, Ctrl+-)"_s);
@@ -131,16 +130,21 @@ void frmPrintPreview::connectSignals() {
 }
 
 void frmPrintPreview::showPage(int number) {
-  if (document_.pages.empty()) {
+  if (document_->pages.empty()) {
     return;
   }
-  picPage->show(document_.pages[static_cast<size_t>(number - 1)], document_.paper);
+  picPage->show(document_->pages[static_cast<size_t>(number - 1)], document_->paper);
   area_->verticalScrollBar()->setValue(0);
+  const auto* const turner = qobject_cast<QPushButton*>(focusWidget());
   for (QPushButton* const button : {cmdFirst, cmdPrevious}) {
     button->setEnabled(number > 1);
   }
   for (QPushButton* const button : {cmdNext, cmdLast}) {
     button->setEnabled(number < pageCount());
+  }
+  // A button that went leaves the focus to its counterpart: what comes next in the window may print at Enter.
+  if (turner != nullptr && !turner->isEnabled()) {
+    (number > 1 ? cmdPrevious : cmdNext)->setFocus();
   }
 }
 
@@ -155,7 +159,8 @@ void frmPrintPreview::zoomTo() {
     return;
   }
   constexpr int kAround = 12;
-  QSize room = area_->viewport()->size() - QSize(kAround, kAround);
+  // As if there were no scroll bars: those of another size are about to go.
+  QSize room = area_->maximumViewportSize() - QSize(kAround, kAround);
   if (choice == kPageWidth) {
     room = QSize(area_->width() - area_->verticalScrollBar()->sizeHint().width() - kAround, 0);
   }
@@ -213,10 +218,26 @@ void frmPrintPreview::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-/// The sheet would take these keys to scroll.
+/// Enter takes the number that was typed, and isn't one for the print; Home and End stay the field's own.
+bool frmPrintPreview::readNumberKey(const QKeyEvent& event) {
+  const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  const bool isTurn = event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown;
+  if (isEnter || isTurn) {
+    txtPage->interpretText();
+  }
+  if (isEnter) {
+    txtPage->selectAll();
+  }
+  return isEnter || (isTurn && readKey(event));
+}
+
+/// The sheet and the number would take these keys for something else.
 bool frmPrintPreview::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == area_ && event->type() == QEvent::KeyPress && readKey(*static_cast<QKeyEvent*>(event))) {
-    return true;
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (watched == txtPage ? readNumberKey(key) : watched == area_ && readKey(key)) {
+      return true;
+    }
   }
   return QDialog::eventFilter(watched, event);
 }

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+#include <memory>
+
 class PageView;
 class QComboBox;
 class QLabel;
@@ -16,10 +18,7 @@ class frmPrintPreview : public QDialog {
   Q_OBJECT
 
  public:
-  explicit frmPrintPreview(PrintDocument document, QWidget* parent = nullptr);
-
-  /// Waits. True when the document is to be printed.
-  bool isWanted() { return exec() == QDialog::Accepted; }
+  explicit frmPrintPreview(std::shared_ptr<const PrintDocument> document, QWidget* parent = nullptr);
 
   void done(int result) override;
 
@@ -33,14 +32,15 @@ class frmPrintPreview : public QDialog {
   void createControls();
   void buildLayout();
   void connectSignals();
-  int pageCount() const { return static_cast<int>(document_.pages.size()); }
+  int pageCount() const { return static_cast<int>(document_->pages.size()); }
   void showPage(int number);
   void goBy(int pages);
   void zoomTo();
   void zoomBy(int steps);
   bool readKey(const QKeyEvent& event);
+  bool readNumberKey(const QKeyEvent& event);
 
-  PrintDocument document_;
+  std::shared_ptr<const PrintDocument> document_;
   PageView* picPage = nullptr;
   QScrollArea* area_ = nullptr;
   QPushButton* cmdFirst = nullptr;

@@ -21,6 +21,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -95,14 +96,12 @@ void frmPrinterSetup::createControls() {
   chkDetails->hide();
   cmdPreview = makeButton(u"cmdPreview"_s, u"Pre&view..."_s, this);
   cmdPreview->setToolTip(u"Shows the pages as they will be printed"_s);
-  cmdPreview->setAutoDefault(false);
   cmdPreview->hide();
   cmdOk = makeButton(u"cmdOk"_s, u"&Print"_s, this);
   cmdOk->setToolTip(u"Prints the report"_s);
   cmdOk->setDefault(true);
   cmdCancel = makeButton(u"cmdCancel"_s, u"&Cancel"_s, this);
   cmdCancel->setToolTip(u"Cancels the whole printing thing"_s);
-  cmdSetup->setAutoDefault(false);
 }
 
 void frmPrinterSetup::buildLayout() {
@@ -219,27 +218,29 @@ PrintState frmPrinterSetup::chosenState() const {
           cmbFonts->currentData().toString()};
 }
 
-bool frmPrinterSetup::isSizeTaken() const {
+bool frmPrinterSetup::isSizeTaken() {
   const double points = Numbers::Val(QStringView(txtFontSize->text()));
   if (points >= kSmallestSize && points <= kLargestSize) {
     return true;
   }
-  toolkit().MsgBox(points < kSmallestSize ? u"Font size must be at least 6 points"_s
-                                          : u"Font size must be at most 72 points"_s);
   txtFontSize->setFocus();
   txtFontSize->selectAll();
+  toolkit().MsgBox(points < kSmallestSize ? u"Font size must be at least 6 points"_s
+                                          : u"Font size must be at most 72 points"_s);
   return false;
 }
 
 void frmPrinterSetup::cmdSetup_Click() {
+  const QPointer<frmPrinterSetup> alive(this);
   const QString chosen = Printers().Choose(printerName_);
-  if (!chosen.isEmpty()) {
+  if (alive && !chosen.isEmpty()) {
     showPrinter(chosen);
   }
 }
 
 void frmPrinterSetup::cmdPreview_Click() {
-  if (isSizeTaken() && preview_(chosenState(), chkDetails->isChecked())) {
+  const QPointer<frmPrinterSetup> alive(this);
+  if (isSizeTaken() && preview_(chosenState(), chkDetails->isChecked()) && alive) {
     cmdOk_Click();
   }
 }
@@ -268,7 +269,8 @@ void frmPrinterSetup::cmdOk_Click() {
     toolkit().MsgBox(u"Please choose a printer"_s);
     return;
   }
-  if (!isSizeTaken() || (printerName_ == cSharedPrinter::pdfFile() && !askPdfPath())) {
+  const QPointer<frmPrinterSetup> alive(this);
+  if (!isSizeTaken() || (printerName_ == cSharedPrinter::pdfFile() && !askPdfPath()) || !alive) {
     return;
   }
   Printers().SelectPrinter(printerName_);

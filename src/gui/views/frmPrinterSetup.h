@@ -48,7 +48,7 @@ class frmPrinterSetup : public QDialog {
   void showPrinter(const QString& name);
   void showSample();
   PrintState chosenState() const;
-  bool isSizeTaken() const;
+  bool isSizeTaken();
   bool askPdfPath();
   void cmdSetup_Click();
   void cmdPreview_Click();

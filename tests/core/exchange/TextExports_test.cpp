@@ -146,4 +146,8 @@ TEST_F(TextExportsTest, NoWordOfAnObfuscatedTextCanBeRead) {
   EXPECT_EQ(shown(ExportToNano(false, counting())), u"Nnnn Nnn, nnN 42 Éné./Nn'n  nnn /nnn nnnnn nnnnn nnnn///"_s);
   EXPECT_EQ(shown(ExportToNano(true, [](qint32) {})).section(u'/', 2),
             u"nnnn nnnn/nnn nnnnn nnnnn nnnn///nnnnnn nnnnnn//"_s);
+  sceneAt(3)->setTextRTF("{\\rtf1 \\u1046?uk}");
+  const QByteArray marked = ExportToNano(false, [](qint32) {});
+  EXPECT_TRUE(marked.startsWith("\xEF\xBB\xBFNnnn"));
+  EXPECT_EQ(shown(marked), u"Nnnn Nnn, nnN 42 Éné./Nn'n  nnn /Жnn///"_s);
 }

@@ -1,5 +1,10 @@
 #include "core/infra/WholeText.h"
 
+#include "support/SampleProject.h"
+#include "support/TestHome.h"
+
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +34,16 @@ TEST(WholeText, IsSingleBytesUntilALetterIsMissing) {
   EXPECT_EQ(WholeText::toBytes(u"Zoë – d’accord"), QByteArray("Zo\xEB \x96 d\x92"
                                                               "accord"));
   EXPECT_EQ(WholeText::fromBytes(WholeText::toBytes(u"Žofie a Łukasz 🙂")), u"Žofie a Łukasz 🙂");
+}
+
+TEST(WholeText, TakesThePlaceOfAReadOnlyFileToo) {
+  const ScratchFolder folder;
+  const QString path = folder.path(u"Out.txt"_s);
+  writeFile(path, "old");
+  QFile::setPermissions(path, QFile::ReadOwner);
+  WholeText::replaceFile(path, u"new");
+  EXPECT_EQ(fileBytes(path), "new");
+  EXPECT_TRUE(QFile::permissions(path).testFlag(QFile::WriteOwner));
 }
 
 }  // namespace

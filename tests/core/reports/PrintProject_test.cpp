@@ -47,6 +47,15 @@ TEST_F(PrintProjectTest, PrintsAnEmptyChapterOnAPageOfItsOwn) {
   EXPECT_EQ(textsOf(document.pages[0]), (QStringList{u"Arrival"_s, u"1"_s}));
 }
 
+TEST_F(PrintProjectTest, PrintsAChapterOfUnusedScenesAsItsTitle) {
+  ReportJob second = job();
+  second.chapters = {2, 2};
+  sceneAt(3)->Unused = true;
+  const PrintDocument document = PrintProject(second);
+  ASSERT_EQ(document.pages.size(), 1);
+  EXPECT_EQ(textsOf(document.pages[0]), (QStringList{u"Departure"_s, u"1"_s}));
+}
+
 TEST_F(PrintProjectTest, PrintsASceneWithItsData) {
   const auto scene = sceneAt(1);
   scene->Goal = u"to stay"_s;
@@ -90,4 +99,5 @@ TEST_F(PrintProjectTest, PrintsDetailsOfUnusedScenesTooSmallAndClose) {
   EXPECT_EQ(unused.texts[0].text, sceneAt(4)->Title);
   EXPECT_EQ(unused.texts[3].font.points, 8);
   EXPECT_EQ(unused.texts[4].y - unused.texts[3].y, 160);
+  EXPECT_EQ(progress_.steps.count(u"Laying out scene 1"_s), 2) << "each can be stopped at";
 }

@@ -11,6 +11,8 @@
 #include "support/SquareLetters.h"
 #include "support/TestHome.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -61,12 +63,68 @@ TEST_F(ReportsTest, TellTheBookSceneByScene) {
     const PrintDocument document = one.report(job());
     ASSERT_EQ(document.pages.size(), 1);
     EXPECT_EQ(textsOf(document.pages[0]), one.texts);
+    EXPECT_EQ(progress_.steps, (QStringList{u"Laying out chapter 1"_s, u"Laying out scene 1"_s, u"Laying out scene 2"_s,
+                                            u"Laying out chapter 2"_s, u"Laying out scene 1"_s}));
+    progress_.steps.clear();
   }
+}
+
+TEST_F(ReportsTest, TellTheChosenChaptersAlone) {
+  for (const ReportLayout& report :
+       std::initializer_list<ReportLayout>{&PrintSynopsis, &PrintSummary, &PrintExpandedSynopsis,
+                                           [](const ReportJob& job) { return PrintSummaryCards(job, 6); }}) {
+    for (const qint32 chapter : {1, 2}) {
+      ReportJob part = job();
+      part.chapters = {chapter, chapter};
+      const QString texts = textsOf(report(part).pages.at(0)).join(u'|');
+      EXPECT_EQ(texts.contains(u"Arrival"_s), chapter == 1) << texts;
+      EXPECT_EQ(texts.contains(u"Departure"_s), chapter == 2) << texts;
+    }
+  }
+  const ScratchFolder folder;
+  g_Project->FileWithPath = folder.path(u"Small.qn4"_s);
+  EXPECT_FALSE(fileBytes(SaveSynopsis({2, 2})).contains("Arrival"));
+  EXPECT_FALSE(fileBytes(SaveSynopsis({1, 1})).contains("Departure"));
+}
+
+TEST_F(ReportsTest, LeaveOutWhatIsUnused) {
+  sceneAt(3)->Unused = true;
+  for (const auto report : {&PrintSynopsis, &PrintSummary}) {
+    const QStringList texts = textsOf(report(job()).pages.at(0));
+    EXPECT_EQ(texts.last(), u"*Departure*"_s) << "the title alone";
+  }
+}
+
+TEST_F(ReportsTest, LeaveTheRoomThatWasChosen) {
+  const struct {
+    const char* what;
+    ReportLayout report;
+    /// The first five texts below the page's number; lines are 200 high and 200 apart.
+    QList<double> y;
+  } cases[] = {
+      {"synopsis", &PrintSynopsis, {650, 1050, 1450, 2250, 2650}},
+      {"summary", &PrintSummary, {650, 1050, 1450, 1850, 2250}},
+      {"cast", &PrintCharList, {650, 1050, 1450, 1850, 2250}},
+      {"places", &PrintLocationList, {650, 1050}},
+  };
+  for (const auto& one : cases) {
+    ReportJob spaced = job();
+    spaced.state.PrintDoubleSpaced = true;
+    const std::vector<PlacedText> texts = one.report(spaced).pages.at(0).texts;
+    for (qsizetype i = 0; i < one.y.size(); ++i) {
+      EXPECT_EQ(texts.at(static_cast<size_t>(i) + 1).y, one.y[i]) << one.what << i;
+    }
+  }
+  const std::vector<PlacedText> texts = PrintExpandedSynopsis(job()).pages.at(0).texts;
+  EXPECT_EQ(texts.at(3).text, u"Scene "_s);
+  EXPECT_EQ(texts.at(3).x, 600 + 3 * 100) << "the fourth column";
 }
 
 TEST_F(ReportsTest, ListTheCastAndTheWorld) {
   g_Project->CharByID(1)->Bio = u"Born at sea"_s;
+  g_Project->CharByID(2)->FullName.clear();
   const QStringList cast = textsOf(PrintCharList(job()).pages.at(0));
+  EXPECT_TRUE(cast.contains(u'*' + g_Project->CharByID(2)->Title() + u" ()*"_s)) << cast.join(u'|');
   EXPECT_EQ(cast.mid(0, 7), (QStringList{u"1"_s, u"*Anna (Anna Marsh)*"_s, u"*Desc: *"_s, u"*Bio: *"_s,
                                          u"Born at sea"_s, u"*Goals: *"_s, u"*Notes: *"_s}));
   EXPECT_EQ(textsOf(PrintLocationList(job()).pages.at(0)), (QStringList{u"1"_s, u"The pier"_s, u"Café Röhm"_s}));
@@ -76,6 +134,7 @@ TEST_F(ReportsTest, ListTheCastAndTheWorld) {
 TEST_F(ReportsTest, LayOutCardsInTwoColumns) {
   makeLargerProject(1, 20);
   sceneAt(2)->DescText = QString();
+  sceneAt(3)->DescText = u"A description that goes on and on. "_s.repeated(200);
   const struct {
     int perPage;
     double height;
@@ -92,13 +151,31 @@ TEST_F(ReportsTest, LayOutCardsInTwoColumns) {
     EXPECT_TRUE(first.font.bold);
     EXPECT_EQ(textsOf(document.pages[0])[1], u"Zoë, Anna"_s);
     EXPECT_TRUE(textsOf(document.pages[0]).contains(u"No summary found"_s));
-    double right = 0;
+    double cardsSeen = 0;
     for (const PlacedText& text : document.pages[0].texts) {
-      right = qMax(right, text.x);
-      EXPECT_LE(text.y + 180, 200 + one.rows * one.height);
+      const int row = static_cast<int>((text.y - 200) / one.height);
+      EXPECT_LE(text.y + 180, 200 + (row + 1) * one.height) << text.text << "runs out of its card";
+      if (text.font.bold) {
+        // The first column from top to bottom, then the second.
+        EXPECT_EQ(text.y, 260 + static_cast<int>(cardsSeen) % one.rows * one.height) << text.text;
+        EXPECT_EQ(text.x > document.paper.width / 2.0, cardsSeen >= one.rows) << text.text;
+        ++cardsSeen;
+      } else {
+        EXPECT_EQ(text.font, (PrintFont{u"Arial"_s, 9, false}));
+      }
     }
-    EXPECT_GT(right, document.paper.width / 2);
+    EXPECT_EQ(cardsSeen, 2 * one.rows);
   }
+}
+
+TEST_F(ReportsTest, TellNumbersWithoutGrouping) {
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+  sceneAt(1)->setTextRTF(simpleRtf(QByteArray("word ").repeated(1234)));
+  sceneAt(1)->ForceWordcount();
+  EXPECT_TRUE(textsOf(PrintSummaryCards(job(), 6).pages.at(0)).contains(u"*1.1 Arrival 1 (1234 words)*"_s));
+  EXPECT_TRUE(textsOf(PrintExpandedSynopsis(job()).pages.at(0)).contains(u"Arrival (1236 words)"_s));
+  QLocale::setDefault(before);
 }
 
 TEST_F(ReportsTest, SaveASynopsis) {

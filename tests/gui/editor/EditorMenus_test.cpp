@@ -6,6 +6,7 @@
 #include "support/ModalHelper.h"
 #include "support/PrintedPages.h"
 #include "support/SquareLetters.h"
+#include "support/WaitFor.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -16,6 +17,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -166,11 +168,17 @@ TEST_F(EditorMenusTest, KeysOfTheText) {
 
 }  // namespace
 
-TEST_F(EditorMenusTest, TheSceneIsPrintedAsItWasSaved) {
+TEST_F(EditorMenusTest, TheSceneIsPrintedAsTheBookHoldsIt) {
   const PrintedPages pages;
   type(*editor_, u" unsaved"_s);
-  const WhenModal whenUp([](QWidget& printer) { childOf<QPushButton>(printer, u"cmdOk"_s).click(); });
-  trigger(*editor_, "mnuPrintScene");
-  ASSERT_EQ(pages.documents.size(), 1);
-  EXPECT_TRUE(textsOf(pages.documents[0].pages.at(0)).contains(u"   one bold word"_s));
+  auto& timer = control<QTimer>(*editor_, "TimerBackup");
+  for (const QString& text : {u"   one bold word"_s, u"   one bold word unsaved"_s}) {
+    const WhenModal whenUp([](QWidget& printer) { childOf<QPushButton>(printer, u"cmdOk"_s).click(); });
+    trigger(*editor_, "mnuPrintScene");
+    const QStringList printed = textsOf(pages.documents.back().pages.at(0));
+    EXPECT_TRUE(printed.contains(text)) << printed.join(u'|');
+    // What was typed is kept in the book when the timer comes round.
+    timer.start(0);
+    ASSERT_TRUE(waitFor([&] { return timer.interval() > 0; }));
+  }
 }

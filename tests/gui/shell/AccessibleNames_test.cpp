@@ -105,7 +105,7 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   frmPrinterSetup printer(&window());
   printer.OfferPreview({});
   printer.OfferDetails();
-  const frmPrintPreview preview({}, &window());
+  const frmPrintPreview preview(std::make_shared<const PrintDocument>(), &window());
   const frmOverview overview(&window());
   const frmDebug debug(&window());
   const SheetSubject subject{EntityKind::Item, 1, nullptr};

@@ -3,6 +3,7 @@
 #include "core/infra/RuntimeError.h"
 #include "core/layout/PrintFlow.h"
 #include "support/FailingDisk.h"
+#include "support/ReadPdf.h"
 #include "support/SampleProject.h"
 #include "support/SquareLetters.h"
 #include "support/TestHome.h"
@@ -10,28 +11,13 @@
 #include <QBuffer>
 #include <QDir>
 #include <QImage>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// What one of the programs that read PDF files says; empty where it isn't there.
-QString outputOf(const QString& program, const QStringList& arguments) {
-  const QString path = QStandardPaths::findExecutable(program);
-  if (path.isEmpty()) {
-    return {};
-  }
-  QProcess process;
-  process.start(path, arguments);
-  process.waitForFinished();
-  EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError();
-  return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 class PdfFileTest : public ::testing::Test {
  protected:

@@ -1,5 +1,7 @@
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
+#include "core/model/clsProject.h"
 #include "gui/views/PageView.h"
 #include "gui/views/PrintRun.h"
 #include "gui/views/frmPrintPreview.h"
@@ -20,6 +22,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTest>
+#include <QThread>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -151,19 +154,96 @@ TEST_F(PrinterSetupTest, AsksForTheNameOfAPdfFileAndWritesIt) {
   }));
 }
 
-TEST_F(PrinterSetupTest, StopsInTheMiddleAndPrintsNothing) {
-  makeLargerProject(10, 20);
+TEST_F(PrinterSetupTest, StopsWhereverItIsAndPrintsNothing) {
   const PrintedPages pages;
-  const WhenModal whenUp([](QWidget& form) { press(form, u"cmdOk"_s); });
-  PrintOrder stopped = order(3);
-  stopped.report = [this](const ReportJob& job) {
-    toolkit_.pressStop();
-    return (job.progress.step(u"Laying out chapter "_s, 1), PrintDocument());
-  };
-  EXPECT_FALSE(printReport(stopped));
+  const WhenModal::Act printIt = [](QWidget& form) { press(form, u"cmdOk"_s); };
+  int behind = 0;
+  for (const bool inLayout : {true, false}) {
+    PrintOrder stopped = order(3);
+    stopped.report = [&](const ReportJob& job) {
+      toolkit_.pressStop();
+      if (inLayout) {
+        job.progress.step(u"Laying out chapter "_s, 1);
+        ++behind;
+      }
+      return order(3).report(job);
+    };
+    const WhenModal whenUp(printIt);
+    EXPECT_FALSE(printReport(stopped));
+  }
+  EXPECT_EQ(behind, 0);
   EXPECT_TRUE(pages.documents.empty());
-  EXPECT_EQ(toolkit_.progressWindowsShown, 1);
+  EXPECT_EQ(toolkit_.boxes, QStringList()) << "who stops it knows";
   EXPECT_EQ(toolkit_.pointer, Pointer::Normal);
+}
+
+TEST_F(PrinterSetupTest, ShowsProgressOnceItTakesLong) {
+  const PrintedPages pages;
+  for (const int milliseconds : {0, 600}) {
+    PrintOrder longer = order(1);
+    longer.report = [&](const ReportJob& job) {
+      QThread::msleep(static_cast<unsigned long>(milliseconds));
+      job.progress.step(u"Laying out scene "_s, 1);
+      return order(1).report(job);
+    };
+    const WhenModal whenUp([](QWidget& form) { press(form, u"cmdOk"_s); });
+    EXPECT_TRUE(printReport(longer));
+    EXPECT_EQ(toolkit_.progressWindowsShown, milliseconds == 0 ? 0 : 1);
+  }
+}
+
+TEST_F(PrinterSetupTest, TellsWhatFailsAndLogsItUnderTheReportsName) {
+  PrintedPages pages;
+  PrintOrder failing = order(1);
+  failing.routine = "PrintSummary";
+  failing.module = "modPrintSynopsis";
+  const ReportLayout whole = failing.report;
+  const ReportLayout broken = [](const ReportJob&) -> PrintDocument { throw std::bad_alloc(); };
+  pages.failure = u"The printer Laser does not answer."_s;
+  const auto printed = [&](const ReportLayout& report, const QString& button, const QString& told) {
+    failing.report = report;
+    const WhenModal whenUp([&](QWidget& form) {
+      toolkit_.expectBox(told);
+      press(form, button);
+      form.close();
+    });
+    EXPECT_FALSE(printReport(failing));
+    EXPECT_TRUE(Logging().CurrentAction().contains(u") in PrintSummary of module modPrintSynopsis"_s))
+        << Logging().CurrentAction();
+  };
+  printed(whole, u"cmdOk"_s, u"The report could not be printed on Laser.\n\nThe printer Laser does not answer."_s);
+  printed(broken, u"cmdOk"_s, u"The report could not be laid out.\n\n"_s);
+  printed(broken, u"cmdPreview"_s, u"The report could not be laid out.\n\n"_s);
+}
+
+TEST_F(PrinterSetupTest, PrintsWhatWasSeenWithoutAnotherLayout) {
+  const PrintedPages pages;
+  for (const bool changes : {false, true}) {
+    int layouts = 0;
+    PrintOrder counted = order(2);
+    counted.report = [&](const ReportJob& job) {
+      ++layouts;
+      return order(2).report(job);
+    };
+    const WhenModal whenUp([&](QWidget& form) {
+      {
+        const WhenModal seen([](QWidget& previewed) { QTest::keyClick(&previewed, Qt::Key_Escape); });
+        press(form, u"cmdPreview"_s);
+      }
+      size(form).setText(changes ? u"12"_s : u"10"_s);
+      press(form, u"cmdOk"_s);
+    });
+    EXPECT_TRUE(printReport(counted));
+    EXPECT_EQ(layouts, changes ? 2 : 1);
+  }
+  EXPECT_EQ(pages.documents.at(1).pages.at(0).texts.at(1).font.points, 12);
+}
+
+TEST_F(PrinterSetupTest, LeavesNoNameTooLongForAFile) {
+  g_Project->Title = u"A/B: "_s + u"Война и мир "_s.repeated(60);
+  const QString name = printFileName(u"Expanded Synopsis"_s);
+  EXPECT_TRUE(name.startsWith(u"A B Война"_s) && name.endsWith(u" - Expanded Synopsis"_s)) << name;
+  EXPECT_LT(name.toUtf8().size(), 240);
 }
 
 TEST_F(PrinterSetupTest, ShowsThePagesBefore) {
@@ -180,6 +260,23 @@ TEST_F(PrinterSetupTest, ShowsThePagesBefore) {
     EXPECT_FALSE(childOf<QPushButton>(form, u"cmdNext"_s).isEnabled());
     QTest::keyClick(&form, Qt::Key_Home);
     EXPECT_EQ(number.value(), 1);
+    // What is typed is taken by Enter, which prints nothing here; and pages turn from here by one as well.
+    number.setFocus();
+    number.selectAll();
+    QTest::keyClicks(&number, u"2"_s);
+    QTest::keyClick(&number, Qt::Key_Return);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(view.accessibleDescription(), u"2\ntext 2"_s);
+    QTest::keyClick(&number, Qt::Key_PageUp);
+    EXPECT_EQ(number.value(), 1);
+    // At the last page Enter on the button stays with pages.
+    auto& next = childOf<QPushButton>(form, u"cmdNext"_s);
+    next.setFocus();
+    for (const int page : {2, 3, 2}) {
+      QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+      EXPECT_EQ(number.value(), page);
+    }
+    press(form, u"cmdFirst"_s);
     childOf<QComboBox>(form, u"cmbZoom"_s).setCurrentText(u"100%"_s);
     EXPECT_EQ(view.size(), QSize(794, 1123));
     QTest::keyClick(&form, Qt::Key_Plus, Qt::ControlModifier);
@@ -195,6 +292,13 @@ TEST_F(PrinterSetupTest, ShowsThePagesBefore) {
           press(form, u"cmdPreview"_s);
         }
         EXPECT_TRUE(form.isVisible());
+        {
+          const WhenModal cancelled([&](QWidget& previewed) { previewed.close(); });
+          auto& button = childOf<QPushButton>(form, u"cmdPreview"_s);
+          button.setFocus();
+          QTest::keyClick(&button, Qt::Key_Return);
+        }
+        EXPECT_TRUE(form.isVisible()) << "Enter is the focused button's";
         const WhenModal wanted([](QWidget& previewed) { QTest::keyClick(&previewed, Qt::Key_Return); });
         press(form, u"cmdPreview"_s);
       },

@@ -6,6 +6,7 @@
 #include "gui/shell/commands/FontCommand.h"
 #include "gui/shell/commands/HtmlExportCommand.h"
 #include "gui/shell/commands/NewProjectCommands.h"
+#include "gui/shell/commands/OlderProjectCommands.h"
 #include "gui/shell/commands/PrintCommands.h"
 #include "gui/shell/commands/ProjectCommands.h"
 #include "gui/shell/commands/SceneCommands.h"
@@ -21,6 +22,7 @@
 void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<ProjectCommands>(main));
   main.addCommands(std::make_unique<NewProjectCommands>(main));
+  main.addCommands(std::make_unique<OlderProjectCommands>(main));
   main.addCommands(std::make_unique<SettingsCommands>(main));
   main.addCommands(std::make_unique<CastCommands>(main));
   main.addCommands(std::make_unique<ChapterCommands>(main));

@@ -24,6 +24,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// It goes into the book's folder. Empty when it can.
+QString whyNoSynopsis() {
+  if (g_Project->FileWithPath.isEmpty()) {
+    return u"Save the book first. The synopsis goes into its folder."_s;
+  }
+  return g_Project->ReadOnly() ? u"The book was opened read-only, so no synopsis is saved in its folder."_s : QString();
+}
+
 /// Nothing when the user wants no cards after all.
 std::optional<int> askCardsPerPage() {
   QString offered = u"8"_s;
@@ -43,10 +51,16 @@ std::optional<int> askCardsPerPage() {
 }  // namespace
 
 void PrintCommands::bind(MenuBindings& menu) {
-  bindChapterReport(menu, "mnuPrintSynopsis", u"Synopsis"_s, u"Click PRINT to output the list."_s, &PrintSynopsis);
-  bindChapterReport(menu, "mnuExpandedSynopsis", u"Expanded Synopsis"_s, u"Click PRINT to output the list."_s,
-                    &PrintExpandedSynopsis);
-  bindChapterReport(menu, "mnuPrintSummary", u"Summary"_s, u"Click PRINT to continue."_s, &PrintSummary);
+  const auto bindReport = [&menu](const char* entry, const char* routine, const QString& key, const QString& prompt,
+                                  const ReportLayout& report) {
+    bindChapterReport(
+        menu, entry,
+        {.key = key, .prompt = prompt, .report = report, .routine = routine, .module = "modPrintSynopsis"});
+  };
+  bindReport("mnuPrintSynopsis", "PrintSynopsis", u"Synopsis"_s, u"Click PRINT to output the list."_s, &PrintSynopsis);
+  bindReport("mnuExpandedSynopsis", "PrintExpandedSynopsis", u"Expanded Synopsis"_s,
+             u"Click PRINT to output the list."_s, &PrintExpandedSynopsis);
+  bindReport("mnuPrintSummary", "PrintSummary", u"Summary"_s, u"Click PRINT to continue."_s, &PrintSummary);
   bindWorkSchedule(menu);
   bindList(menu, "mnuPrintChar", CastKind::Character);
   bindList(menu, "mnuPrintLocationList", CastKind::Location);
@@ -58,34 +72,33 @@ void PrintCommands::bind(MenuBindings& menu) {
   menu.bind("mnuSaveSynopsis", [this] { mnuSaveSynopsis_Click(); });
 }
 
-void PrintCommands::bindChapterReport(MenuBindings& menu, const char* entry, const QString& key, const QString& prompt,
-                                      const ReportLayout& report) {
-  menu.bind(entry, [key, prompt, report] {
+void PrintCommands::bindChapterReport(MenuBindings& menu, const char* entry, const PrintOrder& report) {
+  menu.bind(entry, [report] {
     if (g_Project->IsBusy()) {
       return;
     }
     if (const auto chapters = pickChapters()) {
-      printReport({key, prompt, printFileName(key), report, *chapters});
+      PrintOrder order = report;
+      order.name = printFileName(order.key);
+      order.chapters = *chapters;
+      printReport(order);
     }
   });
 }
 
 void PrintCommands::bindWorkSchedule(MenuBindings& menu) {
   menu.bind("mnuPrintOnStatus", [](const MenuChoice& chosen) {
-    if (g_Project->IsBusy()) {
-      return;
-    }
-    const ReportLayout report = [item = chosen.index](const ReportJob& job) { return PrintWorkSchedule(job, item); };
-    printReport({u"SceneList"_s, u"Click PRINT to output the report."_s, printFileName(u"Work Schedule"_s), report});
+    printReport({.key = u"SceneList"_s,
+                 .prompt = u"Click PRINT to output the report."_s,
+                 .name = printFileName(u"Work Schedule"_s),
+                 .report = [item = chosen.index](const ReportJob& job) { return PrintWorkSchedule(job, item); },
+                 .routine = "PrintWorkSchedule",
+                 .module = "modPrintWorkSchedule"});
   });
 }
 
 void PrintCommands::bindList(MenuBindings& menu, const char* entry, CastKind kind) {
-  menu.bind(entry, [kind] {
-    if (!g_Project->IsBusy()) {
-      printCast(kind);
-    }
-  });
+  menu.bind(entry, [kind] { printCast(kind); });
 }
 
 void PrintCommands::mnuPrintProject_Click() {
@@ -93,17 +106,29 @@ void PrintCommands::mnuPrintProject_Click() {
     return;
   }
   if (const auto chapters = pickChapters()) {
-    printReport({u"Chapter"_s, u"Print chapter(s)"_s, printFileName(u"Manuscript"_s), &PrintProject, *chapters, true});
+    printReport({.key = u"Chapter"_s,
+                 .prompt = u"Print chapter(s)"_s,
+                 .name = printFileName(u"Manuscript"_s),
+                 .report = &PrintProject,
+                 .chapters = *chapters,
+                 .offersDetails = true,
+                 .routine = "PrintProject",
+                 .module = "modPrintProject"});
   }
 }
 
 void PrintCommands::mnuPrintSelectedChapters_Click() {
   const QList<qint32> chapters = main_.panes().chapters().listChapters().SelectedTags();
-  if (chapters.isEmpty() || g_Project->IsBusy()) {
+  if (chapters.isEmpty()) {
     return;
   }
-  const ReportLayout report = [chapters](const ReportJob& job) { return PrintChapters(job, chapters); };
-  printReport({u"Chapter"_s, u"Print chapter(s)"_s, printFileName(u"Chapters"_s), report, {}, true});
+  printReport({.key = u"Chapter"_s,
+               .prompt = u"Print chapter(s)"_s,
+               .name = printFileName(u"Chapters"_s),
+               .report = [chapters](const ReportJob& job) { return PrintChapters(job, chapters); },
+               .offersDetails = true,
+               .routine = "PrintChapter",
+               .module = "modPrintProject"});
 }
 
 void PrintCommands::mnuPrintScene_Click() {
@@ -112,9 +137,7 @@ void PrintCommands::mnuPrintScene_Click() {
     toolkit().MsgBox(u"Select a scene first"_s);
     return;
   }
-  if (!g_Project->IsBusy()) {
-    printScenes(scenes);
-  }
+  printScenes(scenes);
 }
 
 void PrintCommands::mnuPrintSceneCards_Click() {
@@ -124,14 +147,23 @@ void PrintCommands::mnuPrintSceneCards_Click() {
   const std::optional<int> cards = askCardsPerPage();
   const std::optional<ChapterRange> chapters = cards ? pickChapters() : std::nullopt;
   if (chapters) {
-    const ReportLayout report = [perPage = *cards](const ReportJob& job) { return PrintSummaryCards(job, perPage); };
-    printReport({u"Scene Cards"_s, u"Click PRINT to output all project summaries."_s, printFileName(u"Scene Cards"_s),
-                 report, *chapters});
+    printReport({.key = u"Scene Cards"_s,
+                 .prompt = u"Click PRINT to output all project summaries."_s,
+                 .name = printFileName(u"Scene Cards"_s),
+                 .report = [perPage = *cards](const ReportJob& job) { return PrintSummaryCards(job, perPage); },
+                 .chapters = *chapters,
+                 .routine = "PrintSummaryCards",
+                 .module = "modPrintCards"});
   }
 }
 
 void PrintCommands::mnuSaveSynopsis_Click() {
-  if (g_Project->IsBusy() || g_Project->FileWithPath.isEmpty()) {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  const QString refusal = whyNoSynopsis();
+  if (!refusal.isEmpty()) {
+    toolkit().MsgBox(refusal);
     return;
   }
   const std::optional<ChapterRange> chapters = pickChapters();

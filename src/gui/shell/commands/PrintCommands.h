@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/model/StoryMoves.h"
-#include "core/reports/PrintReport.h"
 #include "gui/shell/main/MenuBindings.h"
+#include "gui/views/PrintRun.h"
 
 class frmMain;
 
@@ -14,11 +14,11 @@ class PrintCommands : public CommandGroup {
   void bind(MenuBindings& menu) override;
 
  private:
-  void bindChapterReport(MenuBindings& menu, const char* entry, const QString& key, const QString& prompt,
-                         const ReportLayout& report);
+  /// The chapters are asked for each time, and the file is named after the book of the time.
+  static void bindChapterReport(MenuBindings& menu, const char* entry, const PrintOrder& report);
   /// The entries of the work schedule, by the status that the scenes stand at.
   static void bindWorkSchedule(MenuBindings& menu);
-  void bindList(MenuBindings& menu, const char* entry, CastKind kind);
+  static void bindList(MenuBindings& menu, const char* entry, CastKind kind);
   void mnuPrintProject_Click();
   void mnuPrintSelectedChapters_Click();
   void mnuPrintScene_Click();

@@ -3,6 +3,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLogging.h"
+#include "core/layout/PrintState.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
@@ -197,10 +198,7 @@ void frmMain::storeSettings() {
   if (!settingsLoaded_) {
     return;
   }
-  Settings().sSet(u"DblSpaced"_s, g_DblSpaced);
-  Settings().sSet(u"12Spaced"_s, g_12Spaced);
-  Settings().sSet(u"FontSize"_s, static_cast<int>(g_FontSize));
-  Settings().sSet(u"FontName"_s, g_FontName);
+  PrintState::current().store();
   storeLayout();
   Q_EMIT layoutStored();
 }

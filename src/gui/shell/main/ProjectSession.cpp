@@ -14,16 +14,29 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString kConvert =
+    u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s;
+
+}  // namespace
+
 void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
-  if (!clsProject::CanOpen(Path)) {
+  const bool isOlder = clsProject::IsQN3(Path);
+  if (isOlder && toolkit().MsgBox(kConvert, Buttons::YesNo) != Answer::Yes) {
     return;
   }
   // Written at once, so that the list outlives a crash; as it stands already at most starts, it is left alone then.
-  RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
+  if (!isOlder) {
+    RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
+  }
   if (!readProject(Path, ShowProgress)) {
     showEmptyProject();
     toolkit().DoEvents();
     return;
+  }
+  if (isOlder) {
+    AddToRecent(g_Project->FileWithPath);
   }
   main_.EnableMenus();
   main_.ProjectChanged = false;

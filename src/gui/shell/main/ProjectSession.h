@@ -9,8 +9,9 @@ class ProjectSession {
  public:
   explicit ProjectSession(frmMain& main) : main_(main) {}
 
-  /// A load that fails leaves the empty project and its menus, and a file of a kind that can't be opened yet all as it
-  /// is. The user has been told by then. What open editors hold has been asked about: they close.
+  /// A load that fails leaves the empty project and its menus, and the user has been told by then. Whether a project of
+  /// generation 3 may be converted is asked; a No leaves all as it is. What open editors hold has been asked about:
+  /// they close.
   void LoadProject(const QString& Path, bool ShowProgress);
   /// A failed save has been told by then.
   void SaveProject(bool ShowProgress);

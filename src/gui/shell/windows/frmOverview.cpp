@@ -1,8 +1,6 @@
 #include "gui/shell/windows/frmOverview.h"
 
-#include "core/infra/Toolkit.h"
-#include "core/model/Globals.h"
-#include "core/model/clsProject.h"
+#include "core/reports/modPrintLists.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Twips.h"
@@ -62,16 +60,14 @@ void frmOverview::setText(const QString& text) {
 }
 
 void frmOverview::cmdPrint_Click() {
-  const ReportLayout printText = [text = txtOverview->toPlainText()](const ReportJob& job) {
-    PrintFlow flow(job.measure, job.state);
-    flow.newNumberedPage();
-    flow.PrintText(text);
-    return Reports::finished(u"Project Overview"_s, flow);
-  };
-  if (!g_Project->IsBusy() &&
-      printReport({u"AllStoryFile"_s, u"Click PRINT to continue."_s, printFileName(u"Overview"_s), printText})) {
-    toolkit().MsgBox(u"Overview printed"_s);
-  }
+  printReport({.key = u"AllStoryFile"_s,
+               .prompt = u"Click PRINT to continue."_s,
+               .name = printFileName(u"Overview"_s),
+               .report = [text = txtOverview->toPlainText()](
+                             const ReportJob& job) { return PrintPlainText(job, text, u"Project Overview"_s); },
+               .told = u"Overview printed"_s,
+               .routine = "cmdPrint_Click",
+               .module = "frmOverview"});
 }
 
 void frmOverview::done(int result) {

@@ -182,27 +182,6 @@ TEST_F(ProjectCommandsTest, ClosingReleasesTheLocksOfItsScenes) {
   EXPECT_FALSE(window().Editing());
 }
 
-// Nothing converts them yet, so nobody is asked whether they may be converted.
-TEST_F(ProjectCommandsTest, AProjectOfAnOlderKindIsRefusedAndNothingChanges) {
-  const QString path = smallProject();
-  const QString older = folder.path(u"old.QN3"_s);
-  writeFile(older, "older");
-  writeSettings({u"Recent0,"_s + older});
-  start(path);
-  window().EditSelectedScene();
-  for (const char* command : {"mnuLoadProj", "mnuRecent(2)"}) {
-    if (qstrcmp(command, "mnuLoadProj") == 0) {
-      toolkit.expectFile(older);
-    }
-    toolkit.expectBox(u"Quillane 3 projects can't be opened by this version yet."_s);
-    trigger(command);
-    EXPECT_EQ(g_Project->FileWithPath, path) << command;
-    EXPECT_EQ(list("ListChapters").rowCount(), 3) << command;
-    EXPECT_EQ(recent(0), path) << command;
-    EXPECT_NE(editor(), nullptr) << command;
-  }
-}
-
 TEST_F(ProjectCommandsTest, AFailedLoadLeavesAnEmptyProjectAndClosedMenus) {
   startWith(smallProject());
   const QString broken = folder.path(u"broken.qn4"_s);

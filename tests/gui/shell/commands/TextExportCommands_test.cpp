@@ -146,8 +146,9 @@ TEST_F(TextExportCommandsTest, ABookWithoutAPlaceOfItsOwnIsAskedForOne) {
     toolkit.expectFile(path);
     toolkit.expectBox(u"Outline saved to "_s + path);
     trigger("mnuExportOutline");
-    EXPECT_EQ(toolkit.fileQuestions.last().defaultName, u"auto_outline.txt"_s);
-    EXPECT_EQ(toolkit.fileQuestions.last().folder, inFolder);
+    const FileQuestion asked = toolkit.fileQuestions.value(toolkit.fileQuestions.size() - 1);
+    EXPECT_EQ(asked.defaultName, u"auto_outline.txt"_s);
+    EXPECT_EQ(asked.folder, inFolder);
     EXPECT_TRUE(QFile::remove(path));
   };
   toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);

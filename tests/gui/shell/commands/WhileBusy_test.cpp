@@ -56,6 +56,8 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuCloseProject",
                               "mnuNewProj",
                               "mnuProjectGen",
+                              "mnuImportQuillane2",
+                              "mnuImportQuillane3",
                               "mnuWordUsageCount",
                               "mnuLostAndFound",
                               "mnuBackupProject",

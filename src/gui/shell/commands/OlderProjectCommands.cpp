@@ -1,0 +1,160 @@
+#include "gui/shell/commands/OlderProjectCommands.h"
+
+#include "core/exchange/ImportQN2.h"
+#include "core/exchange/clsQN2Project.h"
+#include "core/infra/Paths.h"
+#include "core/infra/ScanPause.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/Globals.h"
+#include "core/model/LongWork.h"
+#include "core/model/SceneTitle.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/shell/commands/BookScenes.h"
+#include "gui/shell/commands/modCreateProject.h"
+#include "gui/shell/main/BookBackups.h"
+#include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ProjectSession.h"
+#include "gui/shell/main/ScenePane.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/views/ListView.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Asks for a file of an older project, where one was chosen last.
+QString askForOlder(const QString& title, const QString& filter) {
+  const QString key = u"ImportFolder"_s;
+  const QString last = Settings().sGet(key).toString();
+  const bool isThere = !last.isEmpty() && Files().FolderExists(last);
+  const QString path = toolkit().OpenFileDialog({title, filter, QString(), isThere ? last : Paths::documentsFolder()});
+  if (!path.isEmpty()) {
+    Settings().sSet(key, Files().PathOnly(path));
+  }
+  return path;
+}
+
+QString whyNotRead(const QString& path) {
+  return u"No chapter of the Quillane 2 project "_s + path +
+         u" could be read. (The texts of its chapters are expected in the folder of the project file.) Nothing was "
+         "imported."_s;
+}
+
+}  // namespace
+
+void OlderProjectCommands::bind(MenuBindings& menu) {
+  menu.bind("mnuImportQuillane3", [this] { mnuImportQuillane3_Click(); });
+  menu.bind("mnuImportQuillane2", [this] { mnuImportQuillane2_Click(); });
+  menu.bind("mnuConvQN2Scn", [this] { mnuConvQN2Scn_Click(); });
+}
+
+// Whoever opens a project by hand is not asked about updates in this run.
+void OlderProjectCommands::mnuImportQuillane3_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  main_.stopUpdateCheck();
+  if (!main_.session().mayReplaceProject()) {
+    return;
+  }
+  const ScanPause pause;
+  const QString path = askForOlder(u"Import Quillane3 Project"_s, u"*.qn3"_s);
+  if (!path.isEmpty()) {
+    main_.LoadProject(path, true);
+  }
+  main_.session().setMenusByProject();
+}
+
+void OlderProjectCommands::mnuImportQuillane2_Click() {
+  if (g_Project->IsBusy() || !main_.session().mayReplaceProject()) {
+    return;
+  }
+  const ScanPause pause;
+  const QString path = askForOlder(u"Import Quillane2 Project"_s, u"*.QNP"_s);
+  if (path.isEmpty()) {
+    return;
+  }
+  clsQN2Project old;
+  bool isRead = false;
+  {
+    LongWork work(*g_Project, u"Loading Project"_s, true);
+    old.LoadingNum = [&work](qint32 number) { work.setCaption(u"Loading Chapter "_s, number); };
+    isRead = old.LoadProject(path);
+    old.LoadingNum = nullptr;
+  }
+  if (!isRead) {
+    toolkit().MsgBox(whyNotRead(path));
+    return;
+  }
+  toolkit().MsgBox(u"I STRONGLY SUGGEST you create the Quillane 4 project in an EMPTY folder"_s);
+  if (beginBook()) {
+    fillBook(old);
+  }
+}
+
+bool OlderProjectCommands::beginBook() {
+  const QString former = g_Project->FileWithPath;
+  main_.session().leaveProject();
+  if (CreateEmptyProject()) {
+    return true;
+  }
+  main_.DisableMenus();
+  main_.ProjectChanged = false;
+  main_.RefreshAll();
+  if (!former.isEmpty() && Files().FileExists(former)) {
+    main_.LoadProject(former, true);
+  }
+  return false;
+}
+
+void OlderProjectCommands::fillBook(const clsQN2Project& from) {
+  QStringList findings = from.findings();
+  {
+    LongWork work(*g_Project, u"Importing Project"_s, true);
+    findings += ImportQN2::fill(from, work);
+  }
+  const bool saved = g_Project->SaveQN4(true);
+  if (saved) {
+    main_.session().AddToRecent(g_Project->FileWithPath);
+  }
+  main_.session().setMenusByProject();
+  main_.ProjectChanged = !saved;
+  main_.RefreshAll();
+  main_.backups().bookOpened();
+  if (!findings.isEmpty()) {
+    toolkit().MsgBox(u"This was found when the project was imported:\n\n"_s + findings.join(u"\n\n"_s));
+  }
+}
+
+void OlderProjectCommands::mnuConvQN2Scn_Click() {
+  const QList<qint32> selected = main_.panes().scenes().listScenes().SelectedTags();
+  if (g_Project->IsBusy() || selected.isEmpty()) {
+    return;
+  }
+  const auto scene = g_Project->SceneByID(selected.constFirst());
+  if (scene->Locked()) {
+    BookScenes::tellRefused(true);
+    return;
+  }
+  if (!clsQN2Text::MarksScenes(scene->ConvertedToBodyText())) {
+    toolkit().MsgBox(u"I can't see any [SCENE] marks in the text of '"_s + calledScene(scene->Title) +
+                     u"'. Nothing was converted."_s);
+    return;
+  }
+  // The new scenes' texts are written before the project file that names them.
+  if (!g_Project->HasPlace() && !g_Project->SaveQN4(false)) {
+    return;
+  }
+  const qint32 before = g_Project->SceneCount();
+  const QString failure = ImportQN2::splitScene(*scene);
+  if (!failure.isEmpty()) {
+    toolkit().MsgBox(u"The scene was not converted, and nothing has changed.\n\n"_s + failure);
+  }
+  main_.RefreshAll();
+  if (failure.isEmpty()) {
+    main_.showMessage(countedScenes(g_Project->SceneCount() - before) + u" made of the selected one"_s);
+  }
+}

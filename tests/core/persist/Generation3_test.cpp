@@ -1,0 +1,237 @@
+// Projects of generation 3: all of one is read and converted, and nothing of it is lost whatever fails.
+
+#include "core/infra/Numbers.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsCharacter.h"
+#include "core/model/clsItem.h"
+#include "core/model/clsLocation.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "support/FailingDisk.h"
+#include "support/ListeningToolkit.h"
+#include "support/Mutations.h"
+#include "support/OlderProjects.h"
+#include "support/SampleProject.h"
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Generation3 : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    path = writeGeneration3(scratch.path());
+    before = filesBelow(scratch.path());
+    newProject();
+  }
+  void TearDown() override { newProject(); }
+
+  /// Everything of the old project is on the disk as it was, its file under this name.
+  void expectOldWhole(const QString& name) {
+    QMap<QString, QByteArray> now = filesBelow(scratch.path());
+    for (const auto& [file, content] : before.asKeyValueRange()) {
+      const QString place = file == u"Old book.qn3"_s ? name : file;
+      EXPECT_TRUE(now.contains(place) && now[place] == content) << place;
+    }
+  }
+  QString data(const QString& name) { return scratch.path(u"data/"_s + name); }
+
+  ScratchFolder scratch;
+  QString path;
+  QMap<QString, QByteArray> before;
+};
+
+std::vector<qint32> in(const IDList& list) {
+  return {list.begin(), list.end()};
+}
+
+void expectBook() {
+  EXPECT_EQ(g_Project->Title, u"The old book"_s);
+  EXPECT_EQ(g_Project->AuthorName, u"A. Writer"_s);
+  EXPECT_EQ(g_Project->AuthorBio, u"She wrote."_s);
+  EXPECT_EQ(g_Project->WordTarget, 50000);
+  EXPECT_EQ(g_Project->WordTargetStartDate, Numbers::DayNumber("2004-02-29"));
+  EXPECT_EQ(g_Project->DeadlineDate(1), Numbers::DayNumber("2005-01-31"));
+  EXPECT_EQ(g_Project->DeadlineDate(2), 0);
+  EXPECT_EQ(g_Project->FieldTitle(1), u"Fear"_s);
+  EXPECT_EQ(g_Project->FieldTitle(2), u"Tension"_s);
+  EXPECT_EQ(g_Project->LastFileIndex(4), 3);
+  ASSERT_EQ(g_Project->ChapterCount(), 2);
+  EXPECT_EQ(chapterAt(1)->Title, u"One, and a comma"_s);
+  EXPECT_EQ(chapterAt(1)->DescText, u"Café, \"quoted\"\r\nline"_s);
+  EXPECT_EQ(in(chapterAt(1)->SceneIDs()), (std::vector<qint32>{2, 1}));
+  EXPECT_EQ(chapterAt(2)->Title, u"Chapter"_s);
+  EXPECT_EQ(chapterAt(2)->DescText, u"Plain déjà vu"_s);
+  EXPECT_TRUE(chapterAt(2)->Unused);
+  ASSERT_EQ(g_Project->SceneCount(), 3);
+  const auto first = g_Project->SceneByID(1);
+  EXPECT_EQ(first->Title, u"True"_s);
+  EXPECT_EQ(first->ConvertedToBodyText(), u"First old text."_s);
+  EXPECT_EQ(in(first->CharIDs()), (std::vector<qint32>{4, 3, 7}));
+  EXPECT_EQ(in(first->LocationIDs()), (std::vector<qint32>{5}));
+  EXPECT_EQ(in(first->ItemIDs()), (std::vector<qint32>{6}));
+  EXPECT_EQ(first->BelongsToChID, 1) << "the chapter's list wins";
+  EXPECT_EQ(first->LastsDays, 2);
+  EXPECT_EQ(first->Hour, 13);
+  EXPECT_EQ(first->Field(2), 4);
+  EXPECT_EQ(first->Status, 3);
+  EXPECT_TRUE(first->ReactionScene && first->SubPlot);
+  EXPECT_EQ(g_Project->SceneByID(2)->ConvertedToBodyText(), u"Second old text."_s);
+  EXPECT_EQ(g_Project->SceneByID(3)->Title, u"Unnamed Scene"_s);
+  EXPECT_EQ(g_Project->SceneByID(3)->Status, 1);
+  ASSERT_EQ(g_Project->CharCount(), 3);
+  EXPECT_EQ(g_Project->CharByID(3)->Bio, u"Bio"_s);
+  EXPECT_EQ(g_Project->CharByID(3)->Notes, u"(n)"_s);
+  EXPECT_EQ(g_Project->CharByID(4)->Bio, u"Born."_s);
+  EXPECT_EQ(g_Project->LocationByID(5)->Title, u"Location"_s);
+  EXPECT_EQ(g_Project->LocationByID(5)->DescText, u"Wet"_s);
+  EXPECT_EQ(g_Project->ItemByID(6)->Title, u"Lamp"_s);
+}
+
+}  // namespace
+
+TEST_F(Generation3, IsReadWholeAndSavedInThePresentForm) {
+  ScriptedToolkit toolkit;
+  toolkit.expectBox(
+      u"READ THIS CAREFULLY!\nYour Quillane 3 project has been converted to Quillane 4. Your old project file has been "
+      "renamed to Old book.qn3.bak\nIf you want to revert to Quillane 3, make a copy of the entire project folder and "
+      "rename Old book.qn3.bak to Old book.qn3"_s);
+  toolkit.expectBox(
+      u"Missing in the old project, or not to be read: none.txt\n\nNot understood, and left empty: "
+      "DeadlineDate2 \"someday\""_s);
+  ASSERT_TRUE(g_Project->Load(path, true));
+  expectBook();
+  const QString converted = scratch.path(u"Old book.qn4"_s);
+  EXPECT_EQ(g_Project->FileWithPath, converted);
+  EXPECT_FALSE(g_Project->QN3FileMode || g_Project->HoldsUnsaved());
+  EXPECT_TRUE(toolkit.progressCaptions.contains(u"Loading Scene 3"_s) && !toolkit.askedWhileHeld);
+  EXPECT_FALSE(QFile::exists(path));
+  expectOldWhole(u"Old book.qn3.bak"_s);
+  newProject();
+  ASSERT_TRUE(g_Project->Load(converted, false));
+  expectBook();
+}
+
+TEST_F(Generation3, WhatIsMissingNamesItselfAndTheRestIsLoaded) {
+  for (const auto& name : {u"Ch2.txt"_s, u"Sc1.txt"_s, u"P3.txt"_s, u"Loc.txt"_s}) {
+    ASSERT_TRUE(QFile::remove(data(name)));
+  }
+  QFile::remove(scratch.path(u"RTF/RTF_00003.rtf"_s));
+  ListeningToolkit listener;
+  installToolkit(&listener);
+  EXPECT_TRUE(g_Project->Load(path, false));
+  installToolkit(nullptr);
+  ASSERT_EQ(listener.told.size(), 2);
+  for (const auto& name : {u"chapter Ch2.txt"_s, u"scene Sc1.txt"_s, u"character P3.txt"_s,
+                           u"the list of Locations (Loc.txt)"_s, u"the text of Unnamed Scene (RTF_00003.rtf)"_s}) {
+    EXPECT_TRUE(listener.told[1].contains(name)) << qPrintable(name) << qPrintable(listener.told[1]);
+  }
+  EXPECT_EQ(g_Project->ChapterCount(), 1);
+  EXPECT_EQ(g_Project->SceneCount(), 2);
+  EXPECT_EQ(g_Project->CharCount(), 2);
+}
+
+// Each row: what stands in the way, and what the writer is told.
+TEST_F(Generation3, WhateverStopsItTheOldProjectIsAsItWas) {
+  const auto stopped = [this](const char* what) {
+    EXPECT_FALSE(g_Project->Load(path, false)) << what;
+    EXPECT_EQ(g_Project->FileWithPath, QString()) << what;
+    EXPECT_TRUE(filesBelow(scratch.path()) == before) << what;
+  };
+  {
+    ScriptedToolkit toolkit;
+    ASSERT_TRUE(QDir().rename(scratch.path(u"data"_s), scratch.path(u"away"_s)));
+    before = filesBelow(scratch.path());
+    toolkit.expectBox(u"none of its lists"_s);
+    stopped("no Data");
+    ASSERT_TRUE(QDir().rename(scratch.path(u"away"_s), scratch.path(u"data"_s)));
+  }
+  const QString target = scratch.path(u"Old book.qn4"_s);
+  {
+    ScriptedToolkit toolkit;
+    writeFile(target, "a book that was converted before");
+    before = filesBelow(scratch.path());
+    toolkit.expectChoice(u"Saved here it would replace"_s, {});
+    toolkit.expectBox(u"so nothing has changed"_s);
+    stopped("there is one already");
+    QFile::remove(target);
+  }
+  if (FailingDisk::available()) {
+    ScriptedToolkit toolkit;
+    before = filesBelow(scratch.path());
+    FailingDisk full;
+    toolkit.expectBox(u"Please"_s);
+    toolkit.expectFile({});
+    toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+    toolkit.expectBox(u"so nothing has changed"_s);
+    EXPECT_FALSE(g_Project->Load(path, false));
+    full.clear();
+    EXPECT_TRUE(filesBelow(scratch.path()) == before);
+  }
+}
+
+TEST_F(Generation3, SavedElsewhereTheOldFileKeepsItsName) {
+  ScriptedToolkit toolkit;
+  const QString place = scratch.path(u"new/Book.qn4"_s);
+  writeFile(scratch.path(u"Old book.qn4"_s), "another");
+  toolkit.expectChoice(u"Saved here it would replace"_s, u"Save under a new name"_s);
+  toolkit.expectFile(place);
+  toolkit.expectBox(u"Your old project file has kept its name: "_s + path);
+  toolkit.expectBox(u"none.txt"_s);
+  EXPECT_TRUE(g_Project->Load(path, false));
+  EXPECT_EQ(g_Project->FileWithPath, place);
+  expectOldWhole(u"Old book.qn3"_s);
+  newProject();
+  EXPECT_TRUE(g_Project->Load(place, false));
+  expectBook();
+}
+
+// Cut, zeroed, random: each of its files in turn.
+TEST_F(Generation3, AnyBytesAtAllEndInABookOrAMessage) {
+  std::mt19937 random(7);
+  const QList<QByteArray> snippets{
+      "\r\n", ",",        "SCENES, 2147483647 \r\n", "ID,-1\r\n",     "ID, 2147483647 \r\n", "_INDEX,",
+      "%",    "..\\..\\", QByteArray("\0", 1),       "RTFFILE,..\r\n"};
+  const QStringList files = before.keys();
+  int converted = 0;
+  int refused = 0;
+  for (int round = 0; round < 120; ++round) {
+    const QString file = files[round % files.size()];
+    const QByteArray bytes = damaged(before[file], round / files.size() % 4, random, snippets);
+    QDir(scratch.path()).removeRecursively();
+    QDir().mkpath(scratch.path());
+    ASSERT_EQ(writeGeneration3(scratch.path()), path);
+    writeFile(scratch.path(file), bytes);
+    ListeningToolkit listener;
+    installToolkit(&listener);
+    const bool loaded = g_Project->Load(path, false);
+    EXPECT_FALSE(listener.told.isEmpty());
+    EXPECT_EQ(QFile::exists(path), !loaded) << "round " << round;
+    EXPECT_TRUE(fileBytes(loaded ? path + u".bak"_s : path) ==
+                (path.endsWith(file) ? bytes : before[u"Old book.qn3"_s]));
+    if (loaded) {
+      const QString book = g_Project->FileWithPath;
+      const qint32 scenes = g_Project->SceneCount();
+      newProject();
+      EXPECT_TRUE(g_Project->Load(book, false)) << "round " << round << ": what was written can't be read";
+      EXPECT_EQ(g_Project->SceneCount(), scenes) << "round " << round;
+    }
+    (loaded ? converted : refused)++;
+    newProject();
+    installToolkit(nullptr);
+  }
+  EXPECT_GT(converted, 80) << "most damage should cost a value and not the book";
+  EXPECT_GT(refused, 0);
+  RecordProperty("converted", converted);
+  RecordProperty("refused", refused);
+}
