@@ -81,7 +81,10 @@ QString placeOfExport(const QString& name) {
 }
 
 QString missingTexts(bool withUnused) {
-  const QStringList unread = unreadTexts(withUnused);
+  return missingTexts(unreadTexts(withUnused));
+}
+
+QString missingTexts(const QStringList& unread) {
   if (unread.isEmpty()) {
     return {};
   }
