@@ -77,15 +77,15 @@ TEST_F(WorkScheduleTest, SevenScenesOverThreeDaysAreThreeTwoAndTwo) {
 
 TEST_F(WorkScheduleTest, AStatusThatTheLadderLacksIsLoggedAndPassedOver) {
   makeBook(7, 1, -5, 1);
-  int times = 0;
+  const auto logged = [] {
+    Logging().WriteActionsToLog();
+    return fileBytes(Logging().CurrentLogFilename()).count("(9) in PrintWorkSchedule of module modPrintWorkSchedule");
+  };
   for (const qint16 odd : {qint16{9}, qint16{-1}}) {
+    const auto before = logged();
     sceneAt(1)->Status = odd;
     EXPECT_TRUE(printed(1).contains(scene(7, 32)));
-    Logging().WriteActionsToLog();
-    EXPECT_EQ(
-        fileBytes(Logging().CurrentLogFilename()).count("(9) in PrintWorkSchedule of module modPrintWorkSchedule"),
-        ++times)
-        << odd;
+    EXPECT_EQ(logged(), before + 1) << odd;
   }
 }
 
