@@ -82,6 +82,8 @@ TEST_F(WorkScheduleTest, AStatusThatTheLadderLacksIsLoggedAndPassedOver) {
     return fileBytes(Logging().CurrentLogFilename()).count("(9) in PrintWorkSchedule of module modPrintWorkSchedule");
   };
   for (const qint16 odd : {qint16{9}, qint16{-1}}) {
+    // A line that is the same as the one before is only counted.
+    Logging().LogEvent(u"again"_s);
     const auto before = logged();
     sceneAt(1)->Status = odd;
     EXPECT_TRUE(printed(1).contains(scene(7, 32)));
