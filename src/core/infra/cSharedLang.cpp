@@ -42,6 +42,11 @@ QString fromFile(QStringView text) {
   return text.trimmed().toString().replace(u"\\n"_s, u"\n"_s);
 }
 
+/// Files and windows end lines in different ways.
+QString evenLines(const QString& text) {
+  return QString(text).replace(u"\r\n"_s, u"\n"_s);
+}
+
 /// An ampersand in front of a letter marks a key, a doubled one and one between blanks are shown.
 QString withoutMarks(const QString& text) {
   QString bare;
@@ -69,7 +74,9 @@ Pieces piecesOf(const QString& text) {
   while (begin < text.size() && text[begin].isSpace()) {
     ++begin;
   }
-  qsizetype end = text.size();
+  // Behind a tab stands the key of an entry.
+  const qsizetype tab = text.indexOf(u'\t', begin);
+  qsizetype end = tab < 0 ? text.size() : tab;
   while (end > begin && isTail(text[end - 1])) {
     --end;
   }
@@ -237,14 +244,14 @@ QString cSharedLang::GetTranslation(const QString& text) const {
 }
 
 QString cSharedLang::KeyOf(const QString& text) {
-  return piecesOf(withoutMarks(text)).core;
+  return piecesOf(withoutMarks(evenLines(text))).core;
 }
 
 QString cSharedLang::TranslationOf(const QString& text) const {
   if (text.isEmpty() || strings_.empty()) {
     return text;
   }
-  const QString bare = withoutMarks(text);
+  const QString bare = withoutMarks(evenLines(text));
   Pieces pieces = piecesOf(bare);
   for (const QString& whole : {text, bare, bare.trimmed()}) {
     if (find(whole) != nullptr) {

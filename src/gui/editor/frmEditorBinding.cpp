@@ -3,6 +3,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
@@ -174,7 +175,7 @@ void frmEditor::ShowSceneWordCount() {
   if (text != LastCountedText) {
     LastCountedText = text;
     const qint32 words = Html().CalcWordCount(text);
-    StatusBar1->setPanel(EditorStatusBar::sceneWords, u"Scene: %L1 words"_s.arg(words));
+    StatusBar1->setPanel(EditorStatusBar::sceneWords, translated(u"Scene: %L1 words"_s).arg(words));
     showChapterWordCount(words);
   }
   TimerWC.start(kWordCountMs);
@@ -195,7 +196,7 @@ void frmEditor::showChapterWordCount(qint32 wordsHere) {
     unused += other->Unused || chapter->Unused ? words : 0;
   }
   // The chapter list leaves them out.
-  StatusBar1->setPanel(EditorStatusBar::chapterWords, u"Chapter: %L1 words"_s.arg(total),
+  StatusBar1->setPanel(EditorStatusBar::chapterWords, translated(u"Chapter: %L1 words"_s).arg(total),
                        unused > 0 ? u"%L1 in use, %L2 in unused scenes"_s.arg(total - unused).arg(unused) : QString());
 }
 

@@ -1,6 +1,7 @@
 #include "gui/toolkit/QtToolkit.h"
 
 #include "core/infra/Paths.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/InputShield.h"
 #include "gui/toolkit/OverActiveWindow.h"
@@ -94,9 +95,9 @@ QStringList nameFilters(const QString& patterns) {
   const QStringList wanted = patterns.split(u';', Qt::SkipEmptyParts);
   QStringList filters;
   if (!wanted.isEmpty()) {
-    filters.append(u"Files (%1)"_s.arg(wanted.join(u' ')));
+    filters.append(translated(u"Files (%1)"_s).arg(wanted.join(u' ')));
   }
-  filters.append(u"All files (*)"_s);
+  filters.append(translated(u"All files"_s) + u" (*)"_s);
   return filters;
 }
 
@@ -110,7 +111,7 @@ QString defaultSuffix(const QString& patterns) {
 using FileDialog = OverActiveWindow<QFileDialog>;
 
 void prepare(const FileDialog& dialog, const FileQuestion& question) {
-  dialog->setWindowTitle(literalTitle(question.title));
+  dialog->setWindowTitle(literalTitle(translated(question.title)));
   dialog->setNameFilters(nameFilters(question.filter));
   // Without a folder that is there the dialog would begin where the program was started.
   const bool known = !question.folder.isEmpty() && QFileInfo(question.folder).isDir();
@@ -141,7 +142,7 @@ void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture
   box->setWindowTitle(u"Quillane"_s);
   // Titles and paths stand in these texts as they are, "<" and "&" too.
   box->setTextFormat(Qt::PlainText);
-  box->setText(text);
+  box->setText(translatedLines(text));
   box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   letScroll(*box.operator->());
 }
@@ -213,7 +214,7 @@ int QtToolkit::Choose(const ChoiceQuestion& question) {
   QString taken;
   for (const QString& choice : question.choices) {
     // In this role buttons stand in the order in which they are added.
-    buttons.append(box->addButton(withMnemonic(choice, taken), QMessageBox::ActionRole));
+    buttons.append(box->addButton(withMnemonic(translated(choice), taken), QMessageBox::ActionRole));
   }
   box->setEscapeButton(box->addButton(QMessageBox::Cancel));
   auto* const first = qobject_cast<QPushButton*>(buttons.value(question.byDefault));
@@ -229,8 +230,8 @@ int QtToolkit::Choose(const ChoiceQuestion& question) {
 QString QtToolkit::InputBox(const QString& prompt, const QString& title, const QString& text) {
   const PointerPause pause(*this);
   const OverActiveWindow<QInputDialog> dialog;
-  dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : literalTitle(title));
-  dialog->setLabelText(prompt);
+  dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : literalTitle(translated(title)));
+  dialog->setLabelText(translatedLines(prompt));
   for (QLabel* const label : dialog->findChildren<QLabel*>()) {
     label->setTextFormat(Qt::PlainText);
   }
@@ -283,7 +284,7 @@ std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initi
   const PointerPause pause(*this);
   static const ColourWords words;
   const OverActiveWindow<QColorDialog> dialog;
-  dialog->setWindowTitle(literalTitle(title));
+  dialog->setWindowTitle(literalTitle(translated(title)));
   dialog->setCurrentColor(Colours::toQt(initial, QApplication::palette()));
   return dialog.accepted() ? std::optional(Colours::fromQt(dialog->selectedColor())) : std::nullopt;
 }

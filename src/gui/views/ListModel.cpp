@@ -1,5 +1,6 @@
 #include "gui/views/ListModel.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/PlainToolTip.h"
 #include "gui/views/RowColours.h"
 #include "gui/views/RowIcon.h"
@@ -151,11 +152,11 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
   }
   switch (role) {
     case Qt::DisplayRole:
-      return titles_.at(section);
+      return translated(titles_.at(section));
     case Qt::AccessibleTextRole:
-      return spokenTitle(section);
+      return translated(spokenTitle(section));
     case Qt::ToolTipRole:
-      return spokenTitle(section) == titles_.at(section) ? QVariant() : QVariant(spokenTitle(section));
+      return spokenTitle(section) == titles_.at(section) ? QVariant() : QVariant(translated(spokenTitle(section)));
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(int(alignmentOf(section)));
     default:

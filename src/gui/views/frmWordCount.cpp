@@ -1,6 +1,7 @@
 #include "gui/views/frmWordCount.h"
 
 #include "core/infra/BusyPointer.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/clsHashTable.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -95,10 +96,10 @@ class frmWordCount::Rows : public QAbstractTableModel {
 
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
-      return section == kWord ? u"Word"_s : u"Count"_s;
+      return translated(section == kWord ? u"Word"_s : u"Count"_s);
     }
     if (orientation == Qt::Horizontal && role == Qt::ToolTipRole) {
-      return section == kWord ? u"Click to sort by word (Ctrl+1)"_s : u"Click to sort by count (Ctrl+2)"_s;
+      return translated(section == kWord ? u"Click to sort by word (Ctrl+1)"_s : u"Click to sort by count (Ctrl+2)"_s);
     }
     return orientation == Qt::Horizontal && role == Qt::TextAlignmentRole ? alignmentOf(section) : QVariant();
   }

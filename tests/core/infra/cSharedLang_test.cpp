@@ -113,6 +113,7 @@ TEST_F(LangTest, KeepsMarksDotsAndBlanksOutOfTheKeys) {
                                                 {u"%1 of %2"_s, u"%1 of %2"_s},
                                                 {u"Done."_s, u"Fertig."_s},
                                                 {u"Done"_s, u"Done"_s},
+                                                {u"&Title\tCtrl+T"_s, u"Titel\tCtrl+T"_s},
                                                 {u"&Unknown..."_s, u"&Unknown..."_s}};
   for (const auto& [english, german] : told) {
     EXPECT_EQ(lang_.TranslationOf(english), german);

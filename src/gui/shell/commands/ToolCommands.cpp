@@ -4,12 +4,14 @@
 #include "core/infra/Guard.h"
 #include "core/infra/HelpFile.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/DebugFile.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/InterfaceFont.h"
+#include "gui/shell/main/InterfaceLanguage.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/frmMain.h"
@@ -17,6 +19,8 @@
 #include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/fSHAREDLogViewer.h"
+
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +45,9 @@ void tellOf(const DebugFile& debug, const QString& cause, bool zipped) {
 }  // namespace
 
 void ToolCommands::bind(MenuBindings& menu) {
+  // The folder of the languages is looked at when somebody wants to choose one.
+  QObject::connect(main_.menus().menu(u"mnuChooseLang"_s), &QMenu::aboutToShow, &main_,
+                   guarded("mnuChooseLang_Click", "frmMain", [&main = main_] { fillLanguageMenu(main); }));
   menu.bind("mnuCreateDebug", [this] { mnuCreateDebug_Click(); });
   menu.bind("mnuViewLog", [this] { mnuViewLog_Click(); });
   menu.bind("mnuLostAndFound", [this] { mnuLostAndFound_Click(); });
@@ -95,9 +102,12 @@ void ToolCommands::mnuFont_Click(const QString& family) {
   }
 }
 
-// English is built in and so far the only language.
 void ToolCommands::mnuLanguage_Click(const QString& language) {
-  main_.menus().checkElement(u"mnuLanguage"_s, language);
+  if (!useLanguage(main_, language)) {
+    main_.showMessage(translated(u"The language %1 could not be read."_s).arg(language));
+    return;
+  }
+  Settings().sSet(kLanguageSetting, language);
 }
 
 void ToolCommands::mnuAbout_Click() {

@@ -20,6 +20,7 @@
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/InterfaceFont.h"
+#include "gui/shell/main/InterfaceLanguage.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/PaneLayout.h"
@@ -159,7 +160,7 @@ void StartUp::splashStatus(const QString& text) const {
 void StartUp::fillStatusMenu() const {
   QList<MenuElement> elements;
   for (qsizetype i = 2; i < g_StatusNames.size(); ++i) {
-    elements.append({g_StatusNames.at(i), QString::number(i)});
+    elements.append({g_StatusNames.at(i), QString::number(i), {}, true});
   }
   main_.menus().setCaption(u"mnuStatus(0)"_s, g_StatusNames.value(1));
   main_.menus().loadElements(u"mnuStatus"_s, elements);
@@ -179,12 +180,12 @@ void StartUp::readSettings() const {
   g_DebugMode = truth(Settings().sGet(u"DebugMode"_s, false));
   main_.menus().setVisible(u"mnuManual"_s, HelpFile::isInstalled());
   SearchCommands::fillProblemWords(main_.menus());
-  // English is built in and so far the only language.
-  main_.menus().checkElement(u"mnuLanguage"_s, u"English"_s);
   const QString font = Settings().sGet(u"FormFont"_s).toString().trimmed();
   if (font.isEmpty() || !useFormFont(main_, font)) {
     useFormFont(main_, kSystemFormFont);
   }
+  // A language may want a font of its own.
+  useStoredLanguage(main_);
 }
 
 void StartUp::readFonts() const {

@@ -3,6 +3,7 @@
 #include "core/infra/Guard.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/PlainToolTip.h"
+#include "gui/toolkit/WindowTexts.h"
 
 #include <QAction>
 #include <QHelpEvent>
@@ -23,6 +24,13 @@ namespace {
 /// A caption as it is shown: an ampersand in it marks no key, and a tab parts nothing from it.
 QString shown(const QString& caption) {
   return QString(caption).replace(u'&', u"&&"_s).replace(u'\t', u' ');
+}
+
+/// The element that stands in the table. What stands for itself is a name.
+MenuElement ownElement(const MenuEntry& entry) {
+  const QString caption = QString::fromUtf16(entry.caption);
+  const QString tag = QString::fromUtf16(entry.tag);
+  return {caption, tag, {}, caption != tag};
 }
 
 QString elementName(const QString& array, qsizetype index) {
@@ -66,9 +74,8 @@ void MainMenuBar::addLine(const MenuEntry& entry, QMenuBar& bar) {
     }
     return;
   }
-  QAction* action = menuNames().contains(name)
-                        ? addMenu(entry, bar)->menuAction()
-                        : addEntry(entry, name, {QString::fromUtf16(entry.caption), QString::fromUtf16(entry.tag)});
+  QAction* action =
+      menuNames().contains(name) ? addMenu(entry, bar)->menuAction() : addEntry(entry, name, ownElement(entry));
   action->setVisible(isOffered(entry, developmentBuild_));
 }
 
@@ -91,6 +98,9 @@ QMenu* MainMenuBar::addMenu(const MenuEntry& entry, QMenuBar& bar) {
 QAction* MainMenuBar::addEntry(const MenuEntry& entry, const QString& name, const MenuElement& element) {
   QMenu* menu = menus_.value(QString::fromLatin1(entry.parent));
   auto* action = new QAction(shown(element.caption), menu);
+  if (!element.isTranslated) {
+    keepWords(*action);
+  }
   action->setCheckable((entry.flags & kCheckable) != 0);
   if (*entry.shortcut != '\0') {
     action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut), QKeySequence::PortableText));

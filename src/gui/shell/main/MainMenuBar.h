@@ -17,6 +17,8 @@ struct MenuElement {
   QVariant tag;
   /// Why it can't be chosen; empty when it can.
   QString whyNot = {};
+  /// Whether the caption is the program's own; else it is a name, which stays as it is in every language.
+  bool isTranslated = false;
 };
 
 /// The menu tree as the window shows it. Actions and menus bear the names of the table. An entry whose command isn't

@@ -1,6 +1,7 @@
 #include "gui/shell/main/StatusPanels.h"
 
 #include "core/infra/FirstOf.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -91,24 +92,32 @@ void StatusPanels::setOffer(const QString& text, const std::function<void()>& lo
 }
 
 void StatusPanels::showFirstPanel() {
-  message_->setText(hint_.isEmpty() ? resting() : hint_);
+  message_->setText(hint_.isEmpty() ? resting() : translated(hint_));
 }
 
 QString StatusPanels::resting() const {
   if (offer_.isEmpty()) {
-    return said_.isEmpty() ? rest_ : said_;
+    return translated(said_.isEmpty() ? rest_ : said_);
   }
-  return restKind_ == Rest::Lasting ? rest_ + u" \u2013 "_s + offer_ : offer_;
+  const QString offer = translated(offer_);
+  return restKind_ == Rest::Lasting ? translated(rest_) + u" \u2013 "_s + offer : offer;
 }
 
 void StatusPanels::setTotal(qint32 words, const QString& target) {
-  total_->setText(u"Total words: "_s + QLocale().toString(words));
+  total_->setText(translated(u"Total words: %1"_s).arg(QLocale().toString(words)));
   total_->setToolTip(target);
   total_->setAccessibleDescription(target);
 }
 
 void StatusPanels::setVersion(const QString& version) {
-  version_->setText(u"v:"_s + version);
+  shownVersion_ = version;
+  version_->setText(translated(u"v:%1"_s).arg(version));
+}
+
+void StatusPanels::showAgain() {
+  showFirstPanel();
+  setVersion(shownVersion_);
+  showBackupPanel();
 }
 
 void StatusPanels::setBackupReminder(bool due) {
@@ -123,9 +132,9 @@ void StatusPanels::setBackupFailure(const QStringList& causes) {
 
 void StatusPanels::showBackupPanel() {
   const bool failed = !backupFailure_.isEmpty();
-  backup_->setText(failed       ? u"  The last backup failed  "_s
-                   : backupDue_ ? u"  Use Tools - Backups and make a full backup!  "_s
-                                : QString());
+  backup_->setText(translated(failed       ? u"  The last backup failed  "_s
+                              : backupDue_ ? u"  Use Tools - Backups and make a full backup!  "_s
+                                           : QString()));
   backup_->setToolTip(failed ? plainToolTip(firstOf(backupFailure_).join(u'\n')) : QString());
   backup_->setVisible(failed || backupDue_);
 }

@@ -33,6 +33,8 @@ class StatusPanels {
   void setBackupReminder(bool due);
   /// In the reminder's place until it is set to nothing: why the last backup was not made.
   void setBackupFailure(const QStringList& causes);
+  /// In the language that is in force now.
+  void showAgain();
 
  private:
   void showFirstPanel();
@@ -47,6 +49,7 @@ class StatusPanels {
   QString hint_;
   QString offer_;
   std::function<void()> load_;
+  QString shownVersion_;
   bool backupDue_ = false;
   QStringList backupFailure_;
   ElidedLabel* message_;

@@ -6,6 +6,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
@@ -252,6 +253,11 @@ void frmMain::showTotal() {
   status_->setTotal(words, targetSummary(*g_Project, words, Clock::dayNumber(Clock::today())));
 }
 
+void frmMain::showInLanguage() {
+  status_->showAgain();
+  showTotal();
+}
+
 void frmMain::showMessage(const QString& text) {
   status_->setMessage(text);
 }
@@ -288,7 +294,7 @@ void frmMain::showBook() {
 void frmMain::sayWhyNot(const QAction& action) {
   const QString why = MainMenuBar::whyNot(action);
   if (!why.isEmpty()) {
-    showMessage(commandName(withoutMnemonic(action.text())) + u": "_s + why);
+    showMessage(commandName(withoutMnemonic(action.text())) + u": "_s + translated(why));
   }
 }
 

@@ -79,6 +79,8 @@ class frmMain : public QMainWindow {
   /// No rows, whatever the project holds: it is going.
   void clearLists();
   void showTotal();
+  /// What the window has put together itself, in another language than before.
+  void showInLanguage();
   /// In panel 1 of the status bar.
   void showMessage(const QString& text);
   /// What was said of a command or a state is true no more.

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+class frmMain;
+
+inline const QString kLanguageSetting = QStringLiteral("langID");
+
+/// Shows the program in the language of this title. False when it isn't there, which changes nothing, or can't be read,
+/// which leaves English.
+bool useLanguage(frmMain& main, const QString& title);
+/// At start-up. In English nothing is looked for.
+void useStoredLanguage(frmMain& main);
+/// The languages that are there now, the one in use checked.
+void fillLanguageMenu(frmMain& main);
