@@ -3,6 +3,7 @@
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
 #include "gui/toolkit/PlainToolTip.h"
+#include "gui/toolkit/WindowTexts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,7 @@ EditorStatusBar::EditorStatusBar(QWidget* parent) : QStatusBar(parent), panels_{
   }
   // The title takes what it needs and no more than a part, the hint has the rest.
   QLabel& title = *panels_[chapterTitle - 1];
+  keepWords(title);
   title.setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
   title.setMaximumWidth(fontMetrics().averageCharWidth() * kTitleLetters);
   title.setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -3,6 +3,7 @@
 #include "gui/editor/SceneOverview.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
+#include "gui/toolkit/WindowTexts.h"
 
 #include <QGridLayout>
 #include <QPlainTextEdit>
@@ -36,6 +37,7 @@ OverviewTab::OverviewTab(QWidget* parent)
   for (size_t i = 0; i < lblOVRating.size(); ++i) {
     lblOVRating[i] = makeElidedLabel(u"lblOVRating(%1)"_s.arg(i), this);
   }
+  keepWords(*lblOVTitle);
   QFont bold = lblOVTitle->font();
   bold.setBold(true);
   lblOVTitle->setFont(bold);

@@ -1,5 +1,6 @@
 #include "gui/editor/ViewpointTab.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -65,8 +66,8 @@ void ViewpointTab::DisplayCharacter(qint32 id) {
     return;
   }
   const auto shown = g_Project->CharByID(id);
-  lblFullName->setText(u"Full name: "_s + shown->FullName);
-  lblAltNames->setText(u"AKA: "_s + shown->AlternateNames);
+  lblFullName->setText(translated(u"Full name: %1"_s).arg(shown->FullName));
+  lblAltNames->setText(translated(u"AKA: %1"_s).arg(shown->AlternateNames));
   txtCharDesc->setPlainText(::describe(*shown));
   txtCharNotes->setPlainText(shown->Notes.isEmpty() ? u"No notes."_s : u"Notes: "_s + shown->Notes);
 }

@@ -21,6 +21,7 @@
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/toolkit/Twips.h"
 #include "gui/toolkit/WindowSettings.h"
+#include "gui/toolkit/WindowTexts.h"
 #include "gui/toolkit/WindowTitle.h"
 #include "gui/views/TextKeys.h"
 #include "gui/views/TextObjects.h"
@@ -58,6 +59,8 @@ constexpr QSize kFirstSize(920, 680);
 
 frmEditor::frmEditor() {
   setObjectName(u"frmEditor"_s);
+  // Its title is the scene's.
+  keepWords(*this);
   setWindowIcon(icon("quillane"));
   buildLayout();
   createMenus();

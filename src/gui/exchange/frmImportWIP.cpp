@@ -5,6 +5,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
@@ -209,7 +210,7 @@ void frmImportWIP::showStep(int step) {
   if (step == kConfirm) {
     showConfirmation();
   }
-  lblStepNum->setText(u"Step "_s + QString::number(step + 1));
+  lblStepNum->setText(translated(u"Step %1"_s).arg(step + 1));
   lblStepDetails->setText(kDetails[static_cast<size_t>(step)]);
   steps_->setCurrentIndex(step);
   cmdBack->setText(step == kManuscript ? u"E&xit"_s : u"<<   &Back"_s);

@@ -5,6 +5,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -202,7 +203,8 @@ void fSHAREDErrorRpt::viewReport() {
   }
   if (!written || !Files().RunFile(path)) {
     Logging().AddDebug(u"The report could not be shown"_s, u"cmdViewReport_Click"_s, u"fSHAREDErrorRpt"_s);
-    lblNotice_->setText(written ? u"The report was written to %1."_s.arg(path) : u"The report could not be written."_s);
+    lblNotice_->setText(written ? translated(u"The report was written to %1."_s).arg(path)
+                                : translated(u"The report could not be written."_s));
     lblNotice_->show();
   }
 }

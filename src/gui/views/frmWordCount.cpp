@@ -223,7 +223,7 @@ void frmWordCount::buildLayout() {
 void frmWordCount::FillForm(const clsHashTable& table, bool sortByCount) {
   const BusyPointer pointer;
   rows_->fill(table);
-  lblInfo->setText(u"Total words: %L1 Unique: %L2"_s.arg(rows_->total()).arg(rows_->rowCount()));
+  lblInfo->setText(translated(u"Total words: %L1 Unique: %L2"_s).arg(rows_->total()).arg(rows_->rowCount()));
   ListView1->header()->setSortIndicatorShown(false);
   if (sortByCount) {
     ascending_ = false;

@@ -78,7 +78,7 @@ QStringList keysIn(const QString& text) {
 /// The texts that the sources hand over whole to be translated where they are shown.
 QStringList spokenInSources() {
   static const QRegularExpression call(
-      uR"re((?:translated|MsgBox|showMessage|InputBox|setRest|setHint|FileDialog|GetFiles|PickFolder)\(\s*\{?)re"
+      uR"re((?:translated|MsgBox|showMessage|InputBox|setRest|setHint|FileDialog|GetFiles|PickFolder|setText|setToolTip|setWindowTitle|setPanel)\((?:[\w:]+, )?\s*\{?)re"
       uR"re(((?:\s*u?"(?:[^"\\]|\\.)*")+)_s\s*[,)}]\s*(?:u"((?:[^"\\*]|\\.)*)"_s)?)re"_s);
   static const QRegularExpression seam(uR"re("\s*u?")re"_s);
   QStringList keys;

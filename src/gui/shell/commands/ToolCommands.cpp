@@ -98,7 +98,7 @@ void ToolCommands::mnuLostAndFound_Click() {
 void ToolCommands::mnuFont_Click(const QString& family) {
   Settings().sSet(u"FormFont"_s, family);
   if (!useFormFont(main_, family)) {
-    main_.showMessage(u"The font "_s + family + u" isn't installed on this computer."_s);
+    main_.showMessage(translated(u"The font %1 isn't installed on this computer."_s).arg(family));
   }
 }
 
@@ -116,6 +116,6 @@ void ToolCommands::mnuAbout_Click() {
 
 void ToolCommands::mnuManual_Click() {
   if (!HelpFile::open()) {
-    main_.showMessage(u"The help "_s + HelpFile::address() + u" could not be opened."_s);
+    main_.showMessage(translated(u"The help %1 could not be opened."_s).arg(HelpFile::address()));
   }
 }

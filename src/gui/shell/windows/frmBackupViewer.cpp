@@ -7,6 +7,7 @@
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -245,7 +246,7 @@ void frmBackupViewer::showSelection() {
   showText(tag > 0 ? &copies_[static_cast<size_t>(tag) - 1] : nullptr);
   showButtons();
   const qsizetype count = std::ssize(copies_);
-  lblInfo->setText(count == 0 ? QString() : count == 1 ? u"1 copy"_s : u"%L1 copies"_s.arg(count));
+  lblInfo->setText(count == 0 ? QString() : count == 1 ? u"1 copy"_s : translated(u"%L1 copies"_s).arg(count));
 }
 
 void frmBackupViewer::showText(const BackupCopy* copy) {
