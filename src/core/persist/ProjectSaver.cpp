@@ -8,6 +8,7 @@
 #include "core/infra/cSHAREDShowError.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -198,7 +199,8 @@ QString ProjectSaver::extensionGiven(const QString& extension) const {
 
 bool ProjectSaver::saveBook(bool showProgress, const QString& own) {
   const bool saved = save(showProgress, Form::Folder, own);
-  if (saved && !leavesFile_ && behindEachSave()) {
+  // A book that isn't the open one yet has nothing to log.
+  if (saved && !leavesFile_ && &project_ == g_Project.get() && behindEachSave()) {
     Guard("WriteProgressLog", "clsProject")(behindEachSave());
   }
   return saved;

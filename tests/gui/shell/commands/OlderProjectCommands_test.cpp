@@ -95,6 +95,34 @@ TEST_F(OlderProjectCommandsTest, ImportingGeneration3RemembersTheFolder) {
   EXPECT_EQ(toolkit.fileQuestions.last().folder, folder.path(u"older/"_s));
 }
 
+// A book without a file, with an editor open: nothing of it stands anywhere else.
+TEST_F(OlderProjectCommandsTest, WhatCannotBeImportedLeavesTheOpenBookAsItIs) {
+  const QString path = writeGeneration2(folder.path(u"older"_s));
+  startWith(smallProject());
+  window().EditSelectedScene();
+  g_Project->FileWithPath.clear();
+  const clsProject* book = g_Project.get();
+  for (const char* command : {"mnuImportQuillane3", "mnuImportQuillane2"}) {
+    toolkit.expectFile({});
+    toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+    toolkit.expectBox(u"What isn't saved is lost if you go on."_s, Answer::Yes);
+    if (qstrcmp(command, "mnuImportQuillane3") == 0) {
+      toolkit.expectFile(folder.path(u"Old book.qn3.bak"_s));
+      toolkit.expectBox(u"is not a Quillane 3 project"_s);
+    } else {
+      toolkit.expectFile(path);
+      toolkit.expectBox(u"EMPTY folder"_s);
+      toolkit.expectFile({});
+      toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+    }
+    trigger(command);
+    EXPECT_TRUE(g_Project.get() == book && !g_Project->IsBusy()) << command;
+    EXPECT_EQ(list("ListChapters").rowCount(), 3) << command;
+    EXPECT_NE(editor(), nullptr) << command;
+    EXPECT_TRUE(isEnabled("mnuSaveProj")) << command;
+  }
+}
+
 TEST_F(OlderProjectCommandsTest, GivenOnTheCommandLineItIsAskedAboutToo) {
   writeGeneration3(folder.path(u"older"_s));
   expectConversion();
