@@ -155,6 +155,11 @@ void OlderProjectCommands::mnuConvQN2Scn_Click() {
                      u"'. Nothing was converted."_s);
     return;
   }
+  if (g_Project->ReadOnly()) {
+    toolkit().MsgBox(
+        u"The book was opened read-only, so nothing is saved to its place and no scene can be converted."_s);
+    return;
+  }
   // The new scenes' texts are written before the project file that names them.
   if (!g_Project->HasPlace() && !g_Project->SaveQN4(false)) {
     return;

@@ -1,5 +1,6 @@
 // Projects of the generations before, opened and imported by the commands of the window.
 
+#include "core/infra/FolderLock.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
@@ -15,6 +16,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +66,20 @@ TEST_F(OlderProjectCommandsTest, AnOlderProjectIsConvertedOnlyAfterAYes) {
     EXPECT_NE(editor(), nullptr) << command;
     EXPECT_TRUE(QFile::exists(older) && !QFile::exists(converted)) << command;
   }
+}
+
+TEST_F(OlderProjectCommandsTest, AConversionThatIsGivenUpLeavesTheFormerBookOpen) {
+  writeGeneration3(folder.path(u"older"_s));
+  writeFile(converted, "another");
+  const QString former = smallProject();
+  startWith(former);
+  toolkit.expectFile(older);
+  toolkit.expectBox(kConvert, Answer::Yes);
+  toolkit.expectChoice(u"Saved here it would replace"_s, {});
+  toolkit.expectBox(u"so nothing has changed"_s);
+  trigger("mnuImportQuillane3");
+  EXPECT_EQ(g_Project->FileWithPath, former);
+  EXPECT_EQ(list("ListChapters").rowCount(), 3);
 }
 
 TEST_F(OlderProjectCommandsTest, OpenConvertsAndShowsTheBook) {
@@ -191,4 +207,12 @@ TEST_F(OlderProjectCommandsTest, ASceneWithMarkedScenesInItsTextBecomesThose) {
   EXPECT_EQ(second->ViewPointID(), source->ViewPointID());
   EXPECT_TRUE(QFile::exists(second->RTFFileWithPath()));
   EXPECT_FALSE(g_Project->HoldsUnsaved());
+  const QString other = smallProject(u"Other"_s);
+  const FolderLock elsewhere(QFileInfo(other).path());
+  toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  window().LoadProject(other, false);
+  click(list("ListScenes"), 0);
+  sceneAt(1)->setTextRTF(text);
+  toolkit.expectBox(u"no scene can be converted"_s);
+  trigger("mnuConvQN2Scn");
 }
