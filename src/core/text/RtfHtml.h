@@ -27,6 +27,7 @@ class RtfHtml {
   void takeText();
   void next();
   void skip();
+  void countGroup();
   void handle();
   void act();
   void readTable();
