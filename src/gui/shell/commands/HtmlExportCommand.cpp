@@ -45,7 +45,7 @@ bool writePage(const HtmlExport& what, const QString& path) {
   }
   return runExport({"ExportToHTML", "modExportHTML", path, [&](const ExportStep& step) {
                       file->write(ExportToHTML(what, step));
-                      file->commit(ReplacementFile::Durability::OnDisk);
+                      file->commit(ReplacementFile::Durability::ContentOnDisk);
                     }});
 }
 
@@ -70,8 +70,9 @@ void HtmlExportCommand::mnuExportHTML_Click() {
   }
   const QString end = u"The book was exported to "_s + path;
   const QString missing = missingTexts(unreadTexts(what));
-  main_.showMessage(end);
-  if (!missing.isEmpty()) {
+  if (missing.isEmpty()) {
+    main_.showMessage(end);
+  } else {
     toolkit().MsgBox(end + u"\n\n"_s + missing);
   }
 }
