@@ -3,7 +3,7 @@
 #include "core/text/HtmlTags.h"
 #include "core/text/ListMark.h"
 #include "core/text/RichText.h"
-#include "core/text/mSHAREDRtf2Html3.h"
+#include "core/text/Rtf2HtmlOptions.h"
 
 #include <QHash>
 #include <QStringList>
