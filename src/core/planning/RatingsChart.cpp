@@ -1,7 +1,10 @@
 #include "core/planning/RatingsChart.h"
 
+#include "core/planning/Rgb.h"
+
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -15,10 +18,6 @@ constexpr double kLabelLeft = 100;
 constexpr double kLabelAbove = 300;
 constexpr double kLevel = 120;
 constexpr int kLevels = 3;
-
-constexpr quint32 rgb(quint32 red, quint32 green, quint32 blue) {
-  return red | green << 8 | blue << 16;
-}
 
 constexpr std::array<quint32, SceneRatings::kFields> kColours{rgb(0, 0, 255), rgb(0, 128, 0), rgb(255, 0, 0),
                                                               rgb(128, 128, 128)};
@@ -44,15 +43,14 @@ std::vector<double> gridOf(const SceneRatings& ratings, const Scales& scales) {
   return grid;
 }
 
-// A coordinate of 0 is none yet.
 std::vector<RatingsChart::Stroke> graphOf(const SceneRatings& ratings, size_t field, const Scales& scales) {
   std::vector<RatingsChart::Stroke> graph;
   graph.reserve(ratings.scenes.size());
-  RatingsChart::Point last;
+  std::optional<RatingsChart::Point> last;
   size_t n = 0;
   for (const SceneRatings::Scene& scene : ratings.scenes) {
     const RatingsChart::Point point{scales.x(++n), scales.y(scene.ratings[field])};
-    graph.push_back({{last.x == 0 ? point.x : last.x, last.y == 0 ? point.y : last.y}, point});
+    graph.push_back({last.value_or(point), point});
     last = point;
   }
   return graph;
