@@ -216,3 +216,14 @@ TEST_F(ProgressLogTest, AFailureIsLoggedOnceAndTheSaveWasDone) {
   behindEachSave() = &WriteProgressLog;
   EXPECT_LE(save(), 2);
 }
+
+TEST_F(ProgressLogTest, OnlyASaveOfTheBookIsLogged) {
+  const ScratchFolder elsewhere;
+  int logs = 0;
+  behindEachSave() = [&logs] { ++logs; };
+  EXPECT_TRUE(ProjectSaver(*g_Project).saveCopy(elsewhere.path(u"copy.qnc4"_s)));
+  EXPECT_TRUE(g_Project->SaveQNC4(false));
+  EXPECT_EQ(logs, 0);
+  EXPECT_TRUE(g_Project->SaveQN4(false));
+  EXPECT_EQ(logs, 1);
+}
