@@ -121,8 +121,9 @@ OlderFiles::OlderFiles(const clsProject& project)
 void OlderFiles::noteLost(const KeyedFile& from, const QString& list, const QString& where) {
   const std::optional<qint32> counted = from.counted(list);
   if (const qint32 found = from.found(list); counted && *counted != found) {
-    noteUnread(list + (where.isEmpty() ? QString() : u" of "_s + where) +
-               u": %1 counted, %2 found"_s.arg(*counted).arg(found));
+    miscounted_.append(list + (where.isEmpty() ? QString() : u" of "_s + where) +
+                       u" (%1 counted, %2 found)"_s.arg(*counted).arg(found));
+    Logging().LogEvent(u"Miscounted in the old project: "_s + miscounted_.constLast());
   }
 }
 
@@ -170,6 +171,7 @@ QStringList OlderFiles::findings() const {
     }
   };
   tell(u"Missing in the old project, or not to be read: "_s, missing_);
+  tell(u"Lists that count other than they hold, so something of them may be lost: "_s, miscounted_);
   tell(u"Not understood, and left empty: "_s, unread_);
   return sentences;
 }

@@ -70,5 +70,6 @@ class OlderFiles {
  private:
   OldFolder folder_;
   QStringList missing_;
+  QStringList miscounted_;
   QStringList unread_;
 };

@@ -276,8 +276,8 @@ TEST_F(Generation3, WhatADamagedListLosesIsTold) {
   };
   const Row rows[] = {
       {u"Sc.txt"_s, "SCENES,2x\r\nSCENES_1,Sc1.txt\r\nSCENES_2,Sc2.txt\r\n", {}, 2},
-      {u"Sc.txt"_s, "SCENES, 1 \r\nSCENES_1,Sc1.txt\r\nSCENES_2,Sc2.txt\r\n", u"Scenes: 1 counted, 2 found"_s, 1},
-      {u"Sc.txt"_s, "SCENES, 3 \r\nSCENES_1,Sc1.txt\r\nSCENES_3,Sc2.txt\r\n", u"Scenes: 3 counted, 2 found"_s, 2},
+      {u"Sc.txt"_s, "SCENES, 1 \r\nSCENES_1,Sc1.txt\r\nSCENES_2,Sc2.txt\r\n", u"Scenes (1 counted, 2 found)"_s, 1},
+      {u"Sc.txt"_s, "SCENES, 3 \r\nSCENES_1,Sc1.txt\r\nSCENES_3,Sc2.txt\r\n", u"Scenes (3 counted, 2 found)"_s, 2},
       {u"Sc.txt"_s, "\xEF\xBB\xBFSCENES, 1 \rSCENES_1,Sc1.txt\r", {}, 1},
       {u"Ch1.txt"_s, "ID, 1 \r\nTITLE,One\r\nSCENES, 2 \r\nSCENES_1,x\r\nSCENES_2,2\r\n",
        u"Scenes of chapter One: \"x\""_s, 3},
