@@ -16,7 +16,8 @@ enum class Kind { Text, Html, Rtf };
 std::optional<Kind> kindOf(const QString& file);
 
 /// What is called RTF and is none is read as text. Text is read by its byte order mark, as UTF-8 where it is valid,
-/// else in our code page; its lines end with CR LF, LF or CR. Tells what of RTF has no place in a rich text.
+/// else in our code page, a page in the encoding that it names; its lines end with CR LF, LF or CR. Tells what of RTF
+/// has no place in a rich text.
 RichText read(const QByteArray& bytes, Kind kind, RtfLosses* losses = nullptr);
 
 /// The RTF of a scene that is to hold what a file does: RTF as it is, text as RTF; nothing for what is neither.
