@@ -6,9 +6,11 @@
 #include "core/infra/WholeText.h"
 #include "core/infra/cSharedFileSubs.h"
 
+#include <QFileInfo>
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -76,12 +78,19 @@ std::optional<QByteArray> sceneText(const QByteArray& bytes) {
   if (isRtf(bytes)) {
     return bytes;
   }
-  const QString text = WholeText::fromBytes(bytes);
+  const std::optional<QString> text = plainText(bytes);
+  return text ? std::optional(writeRtf(plainToRich(*text))) : std::nullopt;
+}
+
+std::optional<QString> plainText(const QByteArray& bytes) {
+  QString text = WholeText::fromBytes(bytes);
   // Documents, archives and pictures have some, texts none.
-  if (text.contains(QChar::Null)) {
-    return {};
-  }
-  return writeRtf(plainToRich(text));
+  return text.contains(QChar::Null) ? std::nullopt : std::optional(std::move(text));
+}
+
+bool takesLong(const QString& file) {
+  constexpr qint64 kMuch = qint64{1} << 24;
+  return QFileInfo(file).size() > kMuch;
 }
 
 QByteArray bytesOf(const QString& file) {

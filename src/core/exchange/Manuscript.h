@@ -23,6 +23,12 @@ RichText read(const QByteArray& bytes, Kind kind, RtfLosses* losses = nullptr);
 /// The RTF of a scene that is to hold what a file does: RTF as it is, text as RTF; nothing for what is neither.
 std::optional<QByteArray> sceneText(const QByteArray& bytes);
 
+/// The text of bytes that are one; nothing for what is none.
+std::optional<QString> plainText(const QByteArray& bytes);
+
+/// So much that the writer should see at once that it is being read.
+bool takesLong(const QString& file);
+
 /// The bytes of a file. Throws what the system says, also where there is none.
 QByteArray bytesOf(const QString& file);
 
