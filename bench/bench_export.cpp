@@ -4,6 +4,7 @@
 // "ratio" is how many times that an export takes; the goal is 1.5.
 #include "Paired.h"
 #include "core/exchange/DescriptionExport.h"
+#include "core/exchange/HtmlExport.h"
 #include "core/exchange/NanoExport.h"
 #include "core/exchange/OutlineExport.h"
 #include "core/exchange/RtfExport.h"
@@ -14,6 +15,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/text/Rtf.h"
+#include "core/text/mSHAREDRtf2Html3.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -33,6 +35,9 @@ QByteArray text() {
 QByteArray rtf() {
   return ExportToRTF({}, kNoStep);
 }
+QByteArray html() {
+  return ExportToHTML({1, g_Project->ChapterCount(), false}, kNoStep);
+}
 QByteArray nano() {
   return ExportToNano(false, kNoStep);
 }
@@ -48,6 +53,9 @@ void toPlain(const QByteArray& rtf) {
 }
 void toRtf(const QByteArray& rtf) {
   benchmark::DoNotOptimize(writeRtf(readRtf(rtf)));
+}
+void toHtml(const QByteArray& rtf) {
+  benchmark::DoNotOptimize(Rtf2Html(rtf, u"+CR+U"));
 }
 void notAtAll(const QByteArray&) {}
 
@@ -92,11 +100,9 @@ int main(int argc, char** argv) {
     const char* name;
     Content content;
     Conversion conversion;
-  } exports[] = {{"text", text, toPlain},
-                 {"RTF", rtf, toRtf},
-                 {"obfuscated", nano, toPlain},
-                 {"outline", outline, notAtAll},
-                 {"descriptions", descriptions, notAtAll}};
+  } exports[] = {{"text", text, toPlain},        {"RTF", rtf, toRtf},
+                 {"HTML", html, toHtml},         {"obfuscated", nano, toPlain},
+                 {"outline", outline, notAtAll}, {"descriptions", descriptions, notAtAll}};
   for (int i = 1; i < argc; ++i) {
     const QString project = QString::fromLocal8Bit(argv[i]);
     for (const auto& one : exports) {

@@ -8,10 +8,12 @@
 //
 // HOME is the folder for settings and log. It prints what a user is told, and how each save went. The exit status is 0
 // when the last save was done.
+#include "core/exchange/ProgressLog.h"
 #include "core/infra/Paths.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/persist/ProjectSaver.h"
 #include "core/persist/SceneSplit.h"
 #include "core/text/Rtf.h"
 #include "faults/ChangedBook.h"
@@ -123,6 +125,7 @@ int main(int argc, char** argv) {
   }
   Paths::overrideFolders(arguments[1]);
   installToolkit(&screen());
+  behindEachSave() = &WriteProgressLog;
   const bool done = saveAsTold(arguments[2], arguments[3], arguments.value(4));
   {
     // What closing a book does to its folder is a part of it.

@@ -140,7 +140,8 @@ QMap<QString, QByteArray> filesBelow(const QString& folder) {
   while (walk.hasNext()) {
     const QString path = walk.next();
     const bool isArchive = path.contains(u"/Autobackups/"_s) && path.endsWith(u".zip"_s);
-    if (walk.fileName() != FolderLock::fileName() && !isArchive) {
+    const bool isLog = path.contains(u"/Logs/"_s);
+    if (walk.fileName() != FolderLock::fileName() && !isArchive && !isLog) {
       files.insert(path.mid(folder.size() + 1), fileBytes(path));
     }
   }

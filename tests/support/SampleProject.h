@@ -30,8 +30,8 @@ std::shared_ptr<clsChapter> chapterAt(qint32 index);
 /// One paragraph of RTF with this text, which must be plain ASCII.
 QByteArray simpleRtf(const QByteArray& text);
 
-/// The bytes of every file below the folder, by relative path; without the mark of who has it open, and without the
-/// archives of backups, which come by themselves.
+/// The bytes of every file below the folder, by relative path; without the mark of who has it open, and without what
+/// comes by itself: the archives of backups, the log of progress.
 QMap<QString, QByteArray> filesBelow(const QString& folder);
 QByteArray fileBytes(const QString& path);
 void writeFile(const QString& path, const QByteArray& bytes);

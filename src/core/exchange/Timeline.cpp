@@ -1,12 +1,12 @@
 #include "core/exchange/Timeline.h"
 
+#include "core/infra/cSharedDateSubs.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 
 #include <QHash>
-#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +17,7 @@ const QString kEmptyCell = u"<td>&nbsp;</td>"_s;
 
 QString heading(const clsProject& project, const QDateTime& now) {
   const QString book = project.Title + u" by "_s + project.AuthorName;
-  const QString exported = u" (Exported "_s + QLocale().toString(now, QLocale::ShortFormat) + u')';
+  const QString exported = u" (Exported "_s + Dates().ShortFormatDateTime(now) + u')';
   const QStringList lines{u"<HTML><HEAD><Title>"_s + book + exported + u"</title></HEAD><BODY>"_s,
                           u"<font size=+2><BR><center>"_s,
                           book,

@@ -16,7 +16,7 @@ inline constexpr char16_t kHigh[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0
                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 /// The character of a byte.
-inline char16_t toChar(uchar byte) {
+constexpr char16_t toChar(uchar byte) {
   return byte >= 0x80 && byte < 0xA0 ? kHigh[byte - 0x80U] : byte;
 }
 /// The byte of a UTF-16 unit, or -1 when the code page lacks it.

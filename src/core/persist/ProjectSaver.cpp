@@ -59,6 +59,11 @@ FileQuestion projectFileQuestion(const QString& folder) {
 
 }  // namespace
 
+std::function<void()>& behindEachSave() {
+  static std::function<void()> work;
+  return work;
+}
+
 bool clsProject::SaveQN4(bool showProgress) {
   return ProjectSaver(*this).saveQN4(showProgress);
 }
@@ -127,7 +132,7 @@ bool ProjectSaver::saveQN4(bool showProgress) {
   if (!project_.FileWithPath.isEmpty()) {
     project_.FileWithPath = forcedExtension(u".qn4"_s);
   }
-  return save(showProgress, Form::Folder, project_.FileWithPath);
+  return saveBook(showProgress, project_.FileWithPath);
 }
 
 bool ProjectSaver::saveQNC4(bool showProgress) {
@@ -154,7 +159,7 @@ bool ProjectSaver::saveAs() {
     project_.FileWithPath = own;
     return false;
   }
-  save(true, Form::Folder, own);
+  saveBook(true, own);
   return true;
 }
 
@@ -164,7 +169,7 @@ bool ProjectSaver::saveElsewhere() {
   }
   sharesFolder_ = true;
   const QString own = std::exchange(project_.FileWithPath, {});
-  return save(true, Form::Folder, own);
+  return saveBook(true, own);
 }
 
 // Also in the middle of another save: nothing of the book is changed by it.
@@ -189,6 +194,14 @@ QString ProjectSaver::extensionGiven(const QString& extension) const {
   const QString own = Files().ExtOnlyWithDot(Files().FileOnly(project_.FileWithPath)).toLower();
   const bool isOurs = own == u".qn4"_s || own == u".qnc4"_s || own == u".qn3"_s;
   return isOurs ? forcedExtension(extension) : project_.FileWithPath + extension;
+}
+
+bool ProjectSaver::saveBook(bool showProgress, const QString& own) {
+  const bool saved = save(showProgress, Form::Folder, own);
+  if (saved && !leavesFile_ && behindEachSave()) {
+    Guard("WriteProgressLog", "clsProject")(behindEachSave());
+  }
+  return saved;
 }
 
 // Every failure turns into the question for another file; only giving that up ends the save.

@@ -4,11 +4,16 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class FolderLock;
 class LongWork;
 class clsProject;
+
+/// What is done behind each save of the book to its own place, when the save is over; nothing by itself. It fails on
+/// its own: the save was done.
+std::function<void()>& behindEachSave();
 
 /// Writes a project to its file, asking for another place for as long as one fails. Refused, and logged, while the
 /// project is busy.
@@ -43,6 +48,8 @@ class ProjectSaver {
   class NewPlace;
 
   bool mayBegin() const;
+  /// The save of the book, with what is to be done behind it.
+  bool saveBook(bool showProgress, const QString& own);
   /// `own` is the name that stays when it is given up.
   bool save(bool showProgress, Form form, QString own);
   /// The project keeps its own file's name, and counts as unsaved unless only a copy of it was to be made.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -44,15 +45,14 @@ std::vector<double> gridOf(const SceneRatings& ratings, const Scales& scales) {
   return grid;
 }
 
-// A coordinate of 0 is none yet.
 std::vector<RatingsChart::Stroke> graphOf(const SceneRatings& ratings, size_t field, const Scales& scales) {
   std::vector<RatingsChart::Stroke> graph;
   graph.reserve(ratings.scenes.size());
-  RatingsChart::Point last;
+  std::optional<RatingsChart::Point> last;
   size_t n = 0;
   for (const SceneRatings::Scene& scene : ratings.scenes) {
     const RatingsChart::Point point{scales.x(++n), scales.y(scene.ratings[field])};
-    graph.push_back({{last.x == 0 ? point.x : last.x, last.y == 0 ? point.y : last.y}, point});
+    graph.push_back({last.value_or(point), point});
     last = point;
   }
   return graph;

@@ -35,7 +35,10 @@ SceneRatings SceneRatings::of(const clsProject& project) {
     ++number;
     qint32 index = 0;
     for (const qint32 id : chapter->SceneIDs()) {
-      result.scenes.push_back({number, ++index, ratingsOf(*project.SceneByID(id))});
+      ++index;
+      if (const auto scene = project.SceneByID(id); scene->InScenes()) {
+        result.scenes.push_back({number, index, ratingsOf(*scene)});
+      }
     }
   }
   return result;
@@ -48,12 +51,14 @@ bool SceneRatings::any() const {
 }
 
 QString SceneRatings::inWords() const {
-  QStringList parts(u"%1 scenes"_s.arg(scenes.size()));
+  QStringList parts(scenes.size() == 1 ? u"1 scene"_s : u"%1 scenes"_s.arg(scenes.size()));
   for (size_t field = 0; field < titles.size() && !scenes.empty(); ++field) {
     const auto less = [field](const Scene& a, const Scene& b) { return a.ratings[field] < b.ratings[field]; };
     const auto [lowest, highest] = std::minmax_element(scenes.begin(), scenes.end(), less);
     const QString title = titles[field].isEmpty() ? u"Rating %1"_s.arg(field + 1) : titles[field];
-    parts.append(u"%1 from %2 to %3"_s.arg(title).arg(lowest->ratings[field]).arg(highest->ratings[field]));
+    const qint16 from = lowest->ratings[field];
+    const qint16 to = highest->ratings[field];
+    parts.append(from == to ? u"%1 %2"_s.arg(title).arg(from) : u"%1 from %2 to %3"_s.arg(title).arg(from).arg(to));
   }
   return parts.join(u", "_s);
 }

@@ -71,7 +71,8 @@ QString sceneLine(const Standing& standing) {
 class WorkSchedule {
  public:
   WorkSchedule(const ReportJob& job, const QDateTime& now)
-      : flow_(job.measure, job.state),
+      : progress_(job.progress),
+        flow_(job.measure, job.state),
         startsTomorrow_(isLate(now)),
         start_(Clock::dayNumber(now.date()) + (startsTomorrow_ ? 1 : 0)),
         scenes_(usedScenes(job)) {
@@ -152,6 +153,7 @@ class WorkSchedule {
       if (standing.scene->Status != level - 1) {
         continue;
       }
+      progress_.step(u"Laying out scene "_s, ++laidOut_);
       flow_.PrintText(sceneLine(standing));
       endLine();
       batch.words += standing.scene->Wordcount();
@@ -185,6 +187,8 @@ class WorkSchedule {
     endLine();
   }
 
+  PrintProgress& progress_;
+  qint32 laidOut_ = 0;
   PrintFlow flow_;
   bool startsTomorrow_;
   qint32 start_;

@@ -2,6 +2,7 @@
 #include "core/infra/CodePage.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/RuntimeError.h"
+#include "core/text/HtmlText.h"
 #include "core/text/Tags.h"
 #include "core/text/TextBasics.h"
 #include "core/text/cSharedHTML.h"
@@ -24,14 +25,7 @@ bool isBlankText(QStringView text) {
 
 /// The name of a character for CharToHtml; empty for one that stays.
 QLatin1StringView entityOf(char16_t unit) {
-  if (unit == u' ') {
-    return "nbsp"_L1;
-  }
-  const auto* const found = std::lower_bound(std::begin(kHtmlEntities), std::end(kHtmlEntities), unit,
-                                             [](const HtmlEntity& entity, char16_t c) { return entity.character < c; });
-  const bool stays = unit == u'&' || found == std::end(kHtmlEntities) || found->character != unit;
-  return stays ? QLatin1StringView()
-               : QLatin1StringView(found->name.data(), static_cast<qsizetype>(found->name.size()));
+  return unit == u' ' ? "nbsp"_L1 : unit == u'&' ? QLatin1StringView() : HtmlText::entityName(unit);
 }
 
 /// What a typewriter has for a character. The euro sign is one of the list: it stays.

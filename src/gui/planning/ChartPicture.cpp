@@ -68,7 +68,7 @@ void paint(QPainter& painter, const RatingsChart::Drawing& drawing, const QPalet
   const bool smooth = drawing.step >= kRoomForSmoothLines;
   painter.setRenderHint(QPainter::Antialiasing, smooth);
   for (size_t field = 0; field < drawing.graphs.size(); ++field) {
-    paintGraph(painter, drawing.graphs[field], ChartPicture::colourOf(field, palette, QPalette::Base), smooth);
+    paintGraph(painter, drawing.graphs[field], ChartPicture::colourOf(field, palette), smooth);
   }
   painter.setPen(palette.color(QPalette::Text));
   const double ascent = QFontMetricsF(painter.font(), painter.device()).ascent();
@@ -89,8 +89,11 @@ void ChartPicture::setRatings(const SceneRatings& ratings) {
   update();
 }
 
-QColor ChartPicture::colourOf(size_t field, const QPalette& palette, QPalette::ColorRole ground) {
-  return Colours::readable(RatingsChart::colourOf(field), palette, ground);
+QColor ChartPicture::colourOf(size_t field, const QPalette& palette) {
+  // Of the paper and of the window around it the lighter one: what reads there on a dark desktop reads on both.
+  const bool isPaper = Colours::contrast(palette.color(QPalette::Base), Qt::white) <=
+                       Colours::contrast(palette.color(QPalette::Window), Qt::white);
+  return Colours::readable(RatingsChart::colourOf(field), palette, isPaper ? QPalette::Base : QPalette::Window);
 }
 
 QPixmap ChartPicture::painted() const {

@@ -14,7 +14,7 @@ class ChartPicture : public QWidget {
 
   void setRatings(const SceneRatings& ratings);
   /// The told colour of a field, or its counterpart on a dark desktop.
-  static QColor colourOf(size_t field, const QPalette& palette, QPalette::ColorRole ground);
+  static QColor colourOf(size_t field, const QPalette& palette);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

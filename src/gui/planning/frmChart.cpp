@@ -82,6 +82,9 @@ void frmChart::clear() {
 }
 
 void frmChart::showRatings(const SceneRatings& ratings) {
+  if (ratings == ratings_) {
+    return;
+  }
   ratings_ = ratings;
   PicChart->setRatings(ratings);
   PicChart->setAccessibleDescription(ratings.inWords());
@@ -91,7 +94,7 @@ void frmChart::showRatings(const SceneRatings& ratings) {
 void frmChart::showLegend() {
   for (size_t field = 0; field < lblLegend.size(); ++field) {
     QPalette coloured;
-    coloured.setColor(QPalette::WindowText, ChartPicture::colourOf(field, palette(), QPalette::Window));
+    coloured.setColor(QPalette::WindowText, ChartPicture::colourOf(field, palette()));
     lblLegend[field]->setPalette(coloured);
     lblLegend[field]->setText(ratings_.titles[field]);
   }

@@ -53,6 +53,12 @@ bool frmStoryboard::doKey(int key, bool shift) {
     case Qt::Key_Down:
       shift ? moveBy({0, 1}) : stepTo(tables_.columnBeside(column, 1));
       return true;
+    case Qt::Key_F10:
+      // Small keyboards have no key for the menu.
+      if (StoryCard* const card = shift ? dynamic_cast<StoryCard*>(focusWidget()) : nullptr) {
+        popUpMenu(card->mapToGlobal(card->rect().center()));
+      }
+      return shift;
     case Qt::Key_Home:
       stepTo(1);
       return true;

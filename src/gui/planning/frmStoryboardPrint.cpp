@@ -90,6 +90,10 @@ class frmStoryboard::AsBefore {
 };
 
 void frmStoryboard::PrintSB() {
+  if (tables_.columns() == 0) {
+    toolkit().MsgBox(u"There is nothing to print."_s);
+    return;
+  }
   if (g_Project->IsBusy() ||
       toolkit().MsgBox(
           u"For best results, set the height of the storyboard so that all active characters are visible,\r\n"

@@ -100,10 +100,10 @@ QStringList nameFilters(const QString& patterns) {
   return filters;
 }
 
-/// The extension of the first pattern, without its dot; empty when that is no plain one.
+/// The extension of the first pattern in small letters, without its dot; empty when that is no plain one.
 QString defaultSuffix(const QString& patterns) {
   const QString first = patterns.section(u';', 0, 0).trimmed();
-  const QString suffix = first.startsWith(u"*."_s) ? first.mid(2) : QString();
+  const QString suffix = first.startsWith(u"*."_s) ? first.mid(2).toLower() : QString();
   return suffix.contains(u'*') || suffix.contains(u'?') ? QString() : suffix;
 }
 
@@ -330,6 +330,9 @@ bool QtToolkit::runProgram(const QString& program, const QStringList& arguments,
   process.setProgram(program);
   process.setArguments(arguments);
   if (hidden) {
+    // A script has its files beside it.
+    const QFileInfo file(program);
+    process.setWorkingDirectory(file.isAbsolute() ? file.path() : QString());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
   }

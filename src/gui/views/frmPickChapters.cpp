@@ -6,6 +6,7 @@
 #include "core/model/clsProject.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/OverActiveWindow.h"
 #include "gui/toolkit/WindowSettings.h"
 
 #include <QAbstractItemView>
@@ -127,4 +128,13 @@ void frmPickChapters::choose(qint32 first, qint32 last) {
 void frmPickChapters::done(int result) {
   storeWindow(kBlock, *this);
   QDialog::done(result);
+}
+
+std::optional<ChapterRange> pickChapters() {
+  const OverActiveWindow<frmPickChapters> form;
+  form->ShowRange();
+  if (!form.isThere() || form->Cancelled) {
+    return {};
+  }
+  return ChapterRange{form->FirstChapter, form->LastChapter};
 }

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "core/reports/PrintReport.h"
+
 #include <QDialog>
+
+#include <optional>
 
 class QComboBox;
 class QPushButton;
@@ -39,3 +43,6 @@ class frmPickChapters : public QDialog {
   QPushButton* cmdOk = nullptr;
   QPushButton* cmdCancel = nullptr;
 };
+
+/// Asks for a range over the active window; nothing when none was chosen.
+std::optional<ChapterRange> pickChapters();

@@ -46,8 +46,7 @@ TEST(RatingsChart, HasAPointForEachScene) {
   const auto drawing = RatingsChart::drawn(ratingsOf({2, 10, 4}), {3400, 5600, 60});
   EXPECT_EQ(drawing.axis, 5000);
   EXPECT_EQ(drawing.grid, (std::vector<double>{1200, 2200, 3200}));
-  const std::vector<Stroke> first{
-      {{1200, 4000}, {1200, 4000}}, {{1200, 4000}, {2200, 0}}, {{2200, 3000}, {3200, 3000}}};
+  const std::vector<Stroke> first{{{1200, 4000}, {1200, 4000}}, {{1200, 4000}, {2200, 0}}, {{2200, 0}, {3200, 3000}}};
   EXPECT_EQ(drawing.graphs[0], first);
   EXPECT_EQ(drawing.graphs[3].back(), (Stroke{{2200, 4500}, {3200, 4500}}));
   const std::vector<Label> labels{{{1100, 5180}, u"1:1"_s}, {{2100, 5060}, u"1:2"_s}, {{3100, 5300}, u"1:3"_s}};

@@ -63,7 +63,7 @@ class WorkScheduleTest : public ::testing::Test {
 
 TEST_F(WorkScheduleTest, SevenScenesOverThreeDaysAreThreeTwoAndTwo) {
   makeBook(7, 1, -5, 1);
-  sceneAt(5)->Status = 9;
+  sceneAt(1)->Status = 9;
   EXPECT_EQ(
       printed(1),
       (QStringList{u"1"_s, u"*Project work schedule.  (Starting date 02/01/2026)*"_s,
@@ -73,6 +73,22 @@ TEST_F(WorkScheduleTest, SevenScenesOverThreeDaysAreThreeTwoAndTwo) {
                    u" 02/01/2026"_s + kDashes + u"(36 words)"_s + kTail, scene(4, 20), scene(5, 24),
                    u"*--- Complete by Sat*"_s, u" 03/01/2026"_s + kDashes + u"(44 words)"_s + kTail, scene(6, 28),
                    scene(7, 32), u"*--- Complete by Sun*"_s, u" 04/01/2026"_s + kDashes + u"(60 words)"_s + kTail}));
+}
+
+TEST_F(WorkScheduleTest, AStatusThatTheLadderLacksIsLoggedAndPassedOver) {
+  makeBook(7, 1, -5, 1);
+  const auto logged = [] {
+    Logging().WriteActionsToLog();
+    return fileBytes(Logging().CurrentLogFilename()).count("(9) in PrintWorkSchedule of module modPrintWorkSchedule");
+  };
+  for (const qint16 odd : {qint16{9}, qint16{-1}}) {
+    // A line that is the same as the one before is only counted.
+    Logging().LogEvent(u"again"_s);
+    const auto before = logged();
+    sceneAt(1)->Status = odd;
+    EXPECT_TRUE(printed(1).contains(scene(7, 32)));
+    EXPECT_EQ(logged(), before + 1) << odd;
+  }
 }
 
 TEST_F(WorkScheduleTest, TheDaysAreFilledByTheirQuotas) {

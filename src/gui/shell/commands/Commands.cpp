@@ -4,6 +4,7 @@
 #include "gui/shell/commands/CastCommands.h"
 #include "gui/shell/commands/ChapterCommands.h"
 #include "gui/shell/commands/FontCommand.h"
+#include "gui/shell/commands/HtmlExportCommand.h"
 #include "gui/shell/commands/ImportCommands.h"
 #include "gui/shell/commands/NewProjectCommands.h"
 #include "gui/shell/commands/OlderProjectCommands.h"
@@ -35,6 +36,7 @@ void addCommands(frmMain& main) {
   main.addCommands(std::make_unique<WindowCommands>(main));
   main.addCommands(std::make_unique<PrintCommands>(main));
   main.addCommands(std::make_unique<ImportCommands>(main));
+  main.addCommands(std::make_unique<HtmlExportCommand>(main));
   main.addCommands(std::make_unique<TextExportCommands>(main));
   main.addCommands(std::make_unique<TimelineCommand>(main));
 }

@@ -81,8 +81,12 @@ QString placeOfExport(const QString& name) {
 }
 
 QString missingTexts(bool withUnused) {
+  return missingTexts(unreadTexts(withUnused));
+}
+
+QString missingTexts(const QStringList& unread) {
   QStringList missing;
-  if (const QStringList unread = unreadTexts(withUnused); !unread.isEmpty()) {
+  if (!unread.isEmpty()) {
     missing.append(u"The text of %1 could not be read when the book was opened, and is missing in the file:\n"_s.arg(
                        countedScenes(unread.size())) +
                    firstOf(unread).join(u'\n'));

@@ -14,7 +14,6 @@
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
-#include "gui/toolkit/OverActiveWindow.h"
 #include "gui/views/ListView.h"
 #include "gui/views/PrintRun.h"
 #include "gui/views/frmPickChapters.h"
@@ -24,15 +23,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-std::optional<ChapterRange> pickChapters() {
-  const OverActiveWindow<frmPickChapters> form;
-  form->ShowRange();
-  if (!form.isThere() || form->Cancelled) {
-    return {};
-  }
-  return ChapterRange{form->FirstChapter, form->LastChapter};
-}
 
 /// It goes into the book's folder. Empty when it can.
 QString whyNoSynopsis() {

@@ -10,7 +10,6 @@
 #include "core/model/clsProject.h"
 #include "gui/shell/commands/ExportRun.h"
 #include "gui/shell/main/frmMain.h"
-#include "gui/toolkit/OverActiveWindow.h"
 #include "gui/views/frmPickChapters.h"
 
 using namespace Qt::StringLiterals;
@@ -93,14 +92,13 @@ void TextExportCommands::mnuExportDesc_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
-  const OverActiveWindow<frmPickChapters> form;
-  form->ShowRange();
-  if (!form.isThere() || form->Cancelled) {
+  const std::optional<ChapterRange> chapters = pickChapters();
+  if (!chapters) {
     return;
   }
   const QString path = placeOfExport(u"Auto_Descriptions.txt"_s);
-  const auto text = [first = form->FirstChapter, last = form->LastChapter](const ExportStep& step) {
-    return ExportDescriptionsByChapter(first, last, step);
+  const auto text = [&chapters](const ExportStep& step) {
+    return ExportDescriptionsByChapter(chapters->first, chapters->last, step);
   };
   if (!path.isEmpty() && exportFile("ExportDescriptionsByChapter", "modExportDesc", path, text)) {
     tell(u"Your summary was saved to "_s + path);

@@ -50,21 +50,22 @@ void TimelineCommand::ExportTimeline() {
     return;
   }
   const BookCast::Choice choice = BookCast::choose(main_, kListCharacters);
-  if (choice.changedBook) {
-    main_.session().saveChange();
-  }
-  if (!choice.taken) {
-    return;
-  }
-  if (choice.ids.isEmpty()) {
-    toolkit().MsgBox(u"No characters selected."_s);
-    return;
-  }
   QStringList names;
   for (const qint32 id : choice.ids) {
     names.append(g_Project->CharByID(id)->Title());
   }
   const QString path = Timeline::pathOf(*g_Project);
+  if (choice.changedBook) {
+    main_.session().saveChange();
+  }
+  // The save may have asked, and the answer may have brought another book.
+  if (!choice.taken || path != Timeline::pathOf(*g_Project)) {
+    return;
+  }
+  if (names.isEmpty()) {
+    toolkit().MsgBox(u"No characters selected."_s);
+    return;
+  }
   if (const QString failure = writePage(path, names); !failure.isEmpty()) {
     toolkit().MsgBox(failure);
   } else if (!openPage(path)) {

@@ -6,12 +6,14 @@
 #include "core/model/clsProject.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/sheets/EntitySheets.h"
+#include "gui/shell/life/ProgressLogging.h"
 #include "gui/toolkit/fSHAREDGetDate.h"
 
 void registerWindows() {
   sceneEditorFactory() = [] { return new frmEditor; };
   registerSheets();
   cSharedGetDate::installWindow(&fSHAREDGetDate::run);
+  logProgressBehindSaves();
 }
 
 void letBookGo() {

@@ -1,6 +1,7 @@
 #pragma once
 
-/// Makes the windows known to those who ask for them without knowing them: the one place where that happens.
+/// Makes the windows, and what else stands above them, known to those who ask for them without knowing them: the one
+/// place where that happens.
 void registerWindows();
 
 /// The book goes, and editors that are open let go of their scenes. To be called while there is still an application:

@@ -19,6 +19,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -180,7 +182,8 @@ void ChapterPane::countOn(const QList<qint32>& chapters) {
   counts_.clear();
   counts_.reserve(static_cast<size_t>(chapters.size()));
   for (const qint32 id : chapters) {
-    progressiveTotal_ += g_Project->ChapterByID(id)->Wordcount(false);
+    const qint64 total = qint64{progressiveTotal_} + g_Project->ChapterByID(id)->Wordcount(false);
+    progressiveTotal_ = static_cast<qint32>(qMin<qint64>(total, std::numeric_limits<qint32>::max()));
     counts_.push_back(progressiveTotal_);
   }
 }

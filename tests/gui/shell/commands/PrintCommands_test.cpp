@@ -75,6 +75,8 @@ TEST_F(PrintCommandsTest, EachEntryPrintsItsReport) {
       {"mnuPrintLocationList", false, u"Location List"_s, u"Click PRINT to continue."_s, u"The pier"_s},
       {"mnuPrintOnStatus(0)", false, u"SceneList"_s, u"Click PRINT to output the report."_s,
        u"*Needed at each status level: *"_s},
+      {"mnuPrintOnStatus(2)", false, u"SceneList"_s, u"Click PRINT to output the report."_s,
+       u"*You need to turn the following scenes into 1st Edit*"_s},
       {"mnuPrintItemList", false, u"Item List"_s, u"Click PRINT to continue."_s, u"A lamp"_s},
   };
   size_t printed = 0;

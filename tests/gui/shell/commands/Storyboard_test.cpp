@@ -331,6 +331,9 @@ TEST_F(StoryboardTest, ItsMenuEditsTheSceneUnderTheMouse) {
   EXPECT_TRUE(menu.isVisible());
   part<QAction>("mnuSceneDetails").trigger();
   EXPECT_EQ(editor(), nullptr);
+  menu.close();
+  press(Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_TRUE(menu.isVisible());
   part<QAction>("mnuEditScene").trigger();
   EXPECT_TRUE(sceneAt(3)->EditingScene());
   menu.close();

@@ -59,6 +59,20 @@ class ChartTest : public ShellTest {
     return childOf<Part>(form(), QString::fromLatin1(name));
   }
   QImage chart() { return part<QWidget>("PicChart").grab().toImage(); }
+  /// Where the chart of five scenes has one of them, on a screen of 15 twips to the dot.
+  static int sceneX(const QImage& picture, int scene) {
+    return qRound((scene * (picture.width() * 15.0 - 400) / 5 + 200) / 15);
+  }
+  static bool isBlueAt(const QImage& picture, int scene, int rating) {
+    const QPoint at(sceneX(picture, scene), qRound((picture.height() - 40) * (10 - rating) / 10.0));
+    for (int dy = -3; dy <= 3; ++dy) {
+      const QColor dot = picture.pixelColor(at + QPoint(0, dy));
+      if (dot.blue() > dot.red() + 60) {
+        return true;
+      }
+    }
+    return false;
+  }
   QString message() { return part<QLabel>("lblEmpty").isVisible() ? part<QLabel>("lblEmpty").text() : QString(); }
 };
 
@@ -89,6 +103,8 @@ TEST_F(ChartTest, SaysWhyItIsEmptyAndFollowsTheBook) {
   EXPECT_TRUE(soon([this] { return part<QLabel>("lblLegend(0)").text() == u"Suspense"_s; }));
   EXPECT_EQ(message(), QString());
   EXPECT_NE(chart(), before);
+  EXPECT_FALSE(isBlueAt(before, 2, 9));
+  EXPECT_TRUE(isBlueAt(chart(), 2, 9));
   auto& picture = part<QWidget>("PicChart");
   EXPECT_TRUE(picture.accessibleDescription().contains(u"Suspense from 1 to 9"_s)) << picture.accessibleDescription();
   trigger("mnuCloseProject");
@@ -106,7 +122,13 @@ TEST_F(ChartTest, ItsColoursReadOnAnyGround) {
   for (const QColor& ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
     form().setPalette(QPalette(ground, ground));
     const QColor paper = form().palette().color(QPalette::Base);
-    EXPECT_EQ(chart().pixelColor(2, 2), paper);
+    const QImage picture = chart();
+    EXPECT_EQ(picture.pixelColor(2, 2), paper);
+    int lines = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+      lines += static_cast<int>(picture.pixelColor(x, 3) != paper);
+    }
+    EXPECT_EQ(lines, 5) << "the grid";
     for (size_t field = 0; field < told.size(); ++field) {
       const auto& legend = childOf<QLabel>(form(), u"lblLegend(%1)"_s.arg(field));
       const QColor colour = legend.palette().color(QPalette::WindowText);

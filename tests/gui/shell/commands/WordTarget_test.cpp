@@ -88,6 +88,9 @@ TEST_F(WordTargetTest, EachChangeIsWorkedOutAtOnce) {
   EXPECT_EQ(figures(), (QStringList{u"31"_s, u"1"_s, u"45"_s, u"9 words done (20.0%)"_s, u"0"_s, u"22"_s, u"45"_s,
                                     u"You need to write 36 more words"_s}));
   EXPECT_DOUBLE_EQ(bar().share(), 0.2);
+  const QImage picture = bar().grab().toImage();
+  EXPECT_EQ(picture.pixelColor(picture.width() / 10, 4), TargetBar::green(bar().palette()));
+  EXPECT_EQ(picture.pixelColor(picture.width() * 9 / 10, 4), bar().palette().color(QPalette::Window));
   button("cmdCopy").click();
   EXPECT_EQ(figures(), (QStringList{u"31"_s, u"1"_s, u"54"_s, u"0 words done (0.0%)"_s, u"9"_s, u"31"_s, u"54"_s,
                                     u"You need to write 45 more words"_s}));

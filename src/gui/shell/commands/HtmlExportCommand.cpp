@@ -1,0 +1,77 @@
+#include "gui/shell/commands/HtmlExportCommand.h"
+
+#include "core/exchange/HtmlExport.h"
+#include "core/infra/Guard.h"
+#include "core/infra/NativeFile.h"
+#include "core/infra/Toolkit.h"
+#include "core/infra/cSharedFileSubs.h"
+#include "core/model/Globals.h"
+#include "core/model/clsProject.h"
+#include "gui/shell/commands/ExportRun.h"
+#include "gui/shell/main/frmMain.h"
+#include "gui/views/frmPickChapters.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The dialog has asked about the name that was typed, not about what we have made of it.
+bool mayTake(const QString& path, const QString& typed) {
+  return path == typed || !Files().FileExists(path) ||
+         toolkit().MsgBox(path + u" already exists. Do you want to replace it?"_s, Buttons::NoUnlessYes) == Answer::Yes;
+}
+
+/// Empty when the user wants none.
+QString GetHTMLFilename() {
+  for (;;) {
+    const QString typed =
+        askForExportFile({u"Enter a filename"_s, u"*.HTML;*.HTM;*.PLHTM"_s, QString(), folderForExports()});
+    const QString path = typed.isEmpty() ? QString() : HtmlExport::withExtension(typed);
+    if (mayTake(path, typed)) {
+      return path;
+    }
+  }
+}
+
+/// Of a file that can't be opened the writer hears before the work begins.
+bool writePage(const HtmlExport& what, const QString& path) {
+  std::optional<ReplacementFile> file;
+  const QString cause = Guard("ExportToHTML", "modExportHTML").causeOf([&] { file.emplace(path); });
+  if (!cause.isEmpty()) {
+    toolkit().MsgBox(u"Couldn't open output file.\n\n"_s + cause);
+    return false;
+  }
+  return runExport({"ExportToHTML", "modExportHTML", path, [&](const ExportStep& step) {
+                      file->write(ExportToHTML(what, step));
+                      file->commit(ReplacementFile::Durability::OnDisk);
+                    }});
+}
+
+}  // namespace
+
+void HtmlExportCommand::bind(MenuBindings& menu) {
+  menu.bind("mnuExportHTML", [this] { mnuExportHTML_Click(); });
+}
+
+void HtmlExportCommand::mnuExportHTML_Click() {
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  const std::optional<ChapterRange> chapters = pickChapters();
+  const QString path = chapters ? GetHTMLFilename() : QString();
+  if (path.isEmpty()) {
+    return;
+  }
+  const HtmlExport what{chapters->first, chapters->last, HtmlExport::isForPages(path)};
+  if (!writePage(what, path)) {
+    return;
+  }
+  const QString end = u"The book was exported to "_s + path;
+  const QString missing = missingTexts(unreadTexts(what));
+  main_.showMessage(end);
+  if (!missing.isEmpty()) {
+    toolkit().MsgBox(end + u"\n\n"_s + missing);
+  }
+}

@@ -1,0 +1,144 @@
+#include "core/exchange/ProgressLog.h"
+
+#include "core/infra/Clock.h"
+#include "core/infra/Paths.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "support/SampleProject.h"
+#include "support/ScriptedToolkit.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A saved book, and the templates as they come with the program.
+class ProgressLogTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    Clock::set(QDateTime(QDate(2026, 11, 20), QTime(9, 5)));
+    QDir().mkpath(installed_);
+    for (const char* name : {"WebTemplate.txt", "Logo.png", "style.css", "copyto.sh"}) {
+      const QString from = QStringLiteral(QUILLANE_SOURCE_DIR "/data/WebTemplate/") + QString::fromLatin1(name);
+      writeFile(installed_ + u'/' + QString::fromLatin1(name), fileBytes(from));
+    }
+    g_SettingsFile = folder_.path(u"settings.ini"_s);
+    saveSmallProject(folder_.path());
+    ASSERT_TRUE(g_Project->Load(folder_.path(u"Small.qn4"_s), false));
+  }
+  void TearDown() override {
+    newProject();
+    QDir(installed_).removeRecursively();
+    g_SettingsFile.clear();
+    Clock::set({});
+  }
+
+  QString log(const QString& name) const { return folder_.path(u"Logs/"_s + name); }
+  QByteArray page() const { return fileBytes(log(u"index.html"_s)); }
+
+  ScriptedToolkit toolkit_;
+  ScratchFolder folder_;
+  const QString installed_ = Paths::programFolder() + u"WebTemplate"_s;
+};
+
+}  // namespace
+
+TEST_F(ProgressLogTest, KeepsTheDaysCountsAndAPage) {
+  chapterAt(1)->Title = u"Ünder"_s;
+  g_Project->Title = u"Пьеса & \"more\""_s;
+  sceneAt(2)->Unused = true;
+  WriteProgressLog();
+  EXPECT_EQ(QDir(log({})).entryList(QDir::Files),
+            (QStringList{u"2026-11-20 - Small.txt"_s, u"copyto.sh"_s, u"index.html"_s, u"logo.png"_s, u"style.css"_s,
+                         u"WebTemplate.txt"_s}));
+  const QString counts = QString::fromUtf8(fileBytes(log(u"2026-11-20 - Small.txt"_s)).sliced(3));
+  EXPECT_TRUE(
+      counts.startsWith(u"Word count summary for project: Пьеса & \"more\" by N. Öbody\r\n\r\n\r\n"
+                        "Description   Words\r\nÜnder, 3 \r\nDeparture, 4 \r\nCut scenes, 0 \r\n\r\n"
+                        "Total word count: 7 (Date: "_s))
+      << counts.toStdString();
+  EXPECT_TRUE(counts.contains(u")\r\nTotal word count (inc Unused): 12 (Date: "_s));
+  EXPECT_TRUE(counts.endsWith(u", 2026\r\n"_s));
+  EXPECT_TRUE(page().contains("<h1>&#1055;&#1100;&#1077;&#1089;&#1072; &amp; \"more\"</h1>"));
+  EXPECT_TRUE(page().contains("<strong>7</strong>") && !page().contains('$')) << page();
+
+  // A second save of the day; what the writer has changed stays, what went comes back.
+  sceneAt(2)->Unused = false;
+  writeFile(log(u"style.css"_s), "mine");
+  QFile::remove(log(u"logo.png"_s));
+  writeFile(log(u"WebTemplate.txt"_s), "\xE9 $wordcount $WORDCOUNT$WORDCOUNT");
+  WriteProgressLog();
+  EXPECT_EQ(QDir(log({})).entryList(QDir::Files).size(), 6);
+  EXPECT_TRUE(QString::fromUtf8(fileBytes(log(u"2026-11-20 - Small.txt"_s))).contains(u"Total word count: 9 "_s));
+  EXPECT_EQ(fileBytes(log(u"style.css"_s)), "mine");
+  EXPECT_EQ(fileBytes(log(u"logo.png"_s)), fileBytes(installed_ + u"/Logo.png"_s));
+  EXPECT_EQ(page(), "\xE9 $wordcount 99");
+
+  // Nothing to fill in leaves the page as it is, and nothing was ever run.
+  writeFile(log(u"WebTemplate.txt"_s), " \r\n");
+  WriteProgressLog();
+  EXPECT_EQ(page(), "\xE9 $wordcount 99");
+  EXPECT_FALSE(PublishingScript::isUnasked());
+  EXPECT_TRUE(toolkit_.programsRun.isEmpty());
+}
+
+TEST_F(ProgressLogTest, WritesNowhereButInTheBooksFolder) {
+  const ScratchFolder elsewhere;
+  writeFile(elsewhere.path(u"mine"_s), "mine");
+  ASSERT_TRUE(QFile::link(elsewhere.path(), folder_.path(u"Logs"_s)));
+  WriteProgressLog();
+  EXPECT_EQ(QDir(elsewhere.path()).entryList(QDir::Files), QStringList(u"mine"_s));
+  QFile::remove(folder_.path(u"Logs"_s));
+  QDir().mkpath(log({}));
+  ASSERT_TRUE(QFile::link(elsewhere.path(u"mine"_s), log(u"index.html"_s)));
+  WriteProgressLog();
+  EXPECT_EQ(fileBytes(elsewhere.path(u"mine"_s)), "mine");
+  EXPECT_TRUE(QFile::exists(log(u"style.css"_s)));
+
+  QDir(installed_).removeRecursively();
+  QDir(log({})).removeRecursively();
+  WriteProgressLog();
+  EXPECT_EQ(QDir(log({})).entryList(QDir::Files), QStringList(u"2026-11-20 - Small.txt"_s));
+  QDir(log({})).removeRecursively();
+  g_Project->FileWithPath.clear();
+  WriteProgressLog();
+  EXPECT_FALSE(QFile::exists(log({})));
+}
+
+TEST_F(ProgressLogTest, AChangedScriptRunsOnlyWhereTheWriterSaidSo) {
+  WriteProgressLog();
+  writeFile(log(u"copyto.sh"_s), "#!/bin/sh\necho one\n");
+  WriteProgressLog();
+  EXPECT_TRUE(toolkit_.programsRun.isEmpty());
+  ASSERT_TRUE(PublishingScript::isUnasked());
+  toolkit_.expectBox(u"This project has a publishing script"_s, Answer::No);
+  PublishingScript::ask();
+  EXPECT_EQ(toolkit_.lastButtons, Buttons::NoUnlessYes);
+  WriteProgressLog();
+  EXPECT_FALSE(PublishingScript::isUnasked());
+  EXPECT_TRUE(toolkit_.programsRun.isEmpty());
+
+  // Another script is another question.
+  writeFile(log(u"copyto.sh"_s), "#!/bin/sh\necho two\n");
+  toolkit_.expectBox(u"copyto.sh"_s, Answer::Yes);
+  PublishingScript::ask();
+  PublishingScript::ask();
+  WriteProgressLog();
+  ASSERT_EQ(toolkit_.programsRun.size(), 2);
+  EXPECT_TRUE(toolkit_.programsRun[0].contains(u"Logs/copyto.sh"_s));
+
+  // And another folder.
+  const ScratchFolder copy;
+  QDir().mkpath(copy.path(u"Logs"_s));
+  ASSERT_TRUE(QFile::copy(log(u"copyto.sh"_s), copy.path(u"Logs/copyto.sh"_s)));
+  g_Project->FileWithPath = copy.path(u"Small.qn4"_s);
+  EXPECT_TRUE(PublishingScript::isUnasked());
+}
