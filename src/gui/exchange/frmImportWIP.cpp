@@ -339,7 +339,8 @@ bool frmImportWIP::projectFileIsGood() {
   QString complaint;
   if (file.isEmpty()) {
     complaint = u"You must select a project file"_s;
-  } else if (extensionOf(file) != u"qn4") {
+  } else if (extensionOf(file) != u"qn4" && !Paths::areSame(file, g_Project->FileWithPath)) {
+    // What is open is saved as a QN4 file in any case.
     complaint = u"Unsupported format. Please specify a QN4 file."_s;
   } else if (!Files().FileExists(file)) {
     complaint = NewBookFolder::whyNot(Files().PathOnly(file));

@@ -339,6 +339,8 @@ TEST_F(ImportTest, WhatTheSaveWouldReplaceIsAskedAbout) {
   toolkit.expectBox(u"You've loaded an all-in-one"_s);
   startWith(single);
   const QByteArray former = fileBytes(project_);
+  fillIn(book_);
+  press(Qt::Key_Escape);
   const QString ideas = folder.path(u"ideas.txt"_s);
   writeFile(ideas, "One.\n");
   toolkit.expectBox(kSureOfScenes, Answer::Yes);
@@ -393,6 +395,12 @@ TEST_F(ImportTest, WhatCanNotBeReadIsTold) {
   toolkit.expectFile(huge);
   toolkit.expectBox(u"The file can't be read. Nothing was imported.\n\n"_s);
   trigger("mnuImportSceneFile");
+  writeFile(folder.path(u"archive.txt"_s), QByteArray("PK\3\4\0\0", 6));
+  toolkit.expectBox(kSureOfScenes, Answer::Yes);
+  toolkit.expectBox(kAboutScenes);
+  toolkit.expectFile(folder.path(u"archive.txt"_s));
+  toolkit.expectBox(u"The file can't be read. Nothing was imported.\n\narchive.txt is no text."_s);
+  trigger("mnuImportSceneFile");
   EXPECT_TRUE(isAsItWas());
   toolkit.expectBox(u"Each becomes a new scene"_s);
   toolkit.expectFile(huge);
@@ -430,6 +438,24 @@ TEST_F(ImportTest, AListOfScenesTakesThePlaceOfTheBook) {
   endProgram();
   startWith(project_);
   EXPECT_EQ(g_Project->SceneCount(), 3);
+}
+
+TEST_F(ImportTest, ReadingCanBeStopped) {
+  const QString big = folder.path(u"big.txt"_s);
+  writeFile(big, QByteArray("word ").repeated(4 << 20));
+  open();
+  type(big);
+  toolkit.onYield = [this] { toolkit.pressStop(); };
+  press(Qt::Key_Return);
+  EXPECT_EQ(said("lblStepNum"), u"Step 1"_s);
+  press(Qt::Key_Escape);
+  toolkit.expectBox(kSureOfScenes, Answer::Yes);
+  toolkit.expectBox(kAboutScenes);
+  toolkit.expectFile(big);
+  toolkit.onYield = [this] { toolkit.pressStop(); };
+  trigger("mnuImportSceneFile");
+  EXPECT_TRUE(isAsItWas());
+  EXPECT_EQ(g_Project->SceneCount(), 5);
 }
 
 TEST_F(ImportTest, FilesBecomeScenesOfTheChapter) {
