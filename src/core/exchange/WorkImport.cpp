@@ -22,7 +22,7 @@ constexpr QStringView kLineEnd = u"\r\n";
 // What our own exports put between the texts. As text the lines that are to be centred say so.
 constexpr QStringView kPageBreak = u"[PB]\r\n";
 constexpr QStringView kCentre = u"<center>";
-constexpr QStringView kTitleMark = u"*";
+constexpr QStringView kCentredTitle = u"<center>*";
 constexpr QStringView kInstructions = u"   Formatting instructions (delete these lines)\r\n";
 constexpr QStringView kRule = u"--------------------------------------------------\r\n";
 
@@ -123,12 +123,14 @@ struct Frame {
 
 /// The frame that a heading stands in; nothing in a manuscript that isn't ours.
 std::optional<Frame> frameAround(QStringView text, qsizetype heading) {
-  const qsizetype line = text.first(heading).lastIndexOf(u'\n') + 1;
-  const QStringView mark = text.sliced(line, heading - line);
-  const bool isText = mark.startsWith(kCentre) && mark.sliced(kCentre.size()) == kTitleMark;
+  const bool isText = text.first(heading).endsWith(kCentredTitle);
+  const qsizetype line = heading - (isText ? kCentredTitle.size() : 0);
+  if (!isLineStart(text, line)) {
+    return {};
+  }
   const qsizetype end = beforeEmptyLines(text, line, line);
   const qsizetype begin = end - kPageBreak.size();
-  if ((!isText && !mark.isEmpty()) || !text.first(end).endsWith(kPageBreak) || !isLineStart(text, begin)) {
+  if (!text.first(end).endsWith(kPageBreak) || !isLineStart(text, begin)) {
     return {};
   }
   return Frame{beforeEmptyLines(text, begin, isText ? 3 : 1), isText};
@@ -139,25 +141,33 @@ qsizetype behindTitle(QStringView text, qsizetype heading, qint32 number, const 
   const qsizetype found = text.indexOf(kLineEnd, heading);
   const qsizetype end = found < 0 ? text.size() : found;
   QStringView said = text.sliced(heading, end - heading).trimmed();
-  said.chop(said.endsWith(kTitleMark) ? kTitleMark.size() : 0);
+  said.chop(frame.isText && said.endsWith(u'*') ? 1 : 0);
   return said.compare(ImportedBook::titleOfChapter(number), Qt::CaseInsensitive) == 0
              ? behindEmptyLines(text, end, frame.isText ? 4 : 3)
              : heading;
 }
 
-/// The chapters' stretches of the text.
-std::vector<TextRange> chaptersOf(QStringView plain, qsizetype begin) {
+struct Chapters {
+  /// The end of what stands in front of the first.
+  qsizetype begin = 0;
+  std::vector<TextRange> texts;
+};
+
+Chapters chaptersOf(QStringView plain, qsizetype begin) {
   const std::vector<qsizetype> bounds = chapterBounds(plain, begin);
-  std::vector<TextRange> chapters;
+  Chapters chapters{bounds.front(), {}};
   for (size_t i = 0; i + 1 < bounds.size(); ++i) {
     const std::optional<Frame> frame = frameAround(plain, bounds[i]);
     if (frame && i > 0) {
-      chapters.back().to = std::max(chapters.back().from, frame->begin);
+      TextRange& former = chapters.texts.back();
+      former.to = std::max(former.from, frame->begin);
+    } else if (frame) {
+      chapters.begin = std::max(begin, frame->begin);
     }
     const qsizetype from = frame ? behindTitle(plain, bounds[i], static_cast<qint32>(i) + 1, *frame) : bounds[i];
     // Behind the last text our export to text has an empty line.
     const bool isWhole = i + 2 == bounds.size() && !(frame && frame->isText);
-    chapters.push_back({from, bounds[i + 1], isWhole});
+    chapters.texts.push_back({from, bounds[i + 1], isWhole});
   }
   return chapters;
 }
@@ -187,13 +197,12 @@ std::optional<WorkImport> WorkImport::cut(const RichText& text, const std::funct
   const QString plain = text.plainText();
   const ReadPlaces places(text, plain);
   const qsizetype begin = behindInstructions(plain);
-  const std::vector<TextRange> chapters = chaptersOf(plain, begin);
+  const Chapters chapters = chaptersOf(plain, begin);
   WorkImport work;
-  const qsizetype firstChapter = chapters.empty() ? plain.size() : chapters.front().from;
-  work.wordsInFront = Html().CalcWordCount(QStringView(plain).sliced(begin, firstChapter - begin));
+  work.wordsInFront = Html().CalcWordCount(QStringView(plain).sliced(begin, chapters.begin - begin));
   std::vector<TextRange> ranges;
   std::vector<size_t> lastScenes;
-  for (const TextRange& chapter : chapters) {
+  for (const TextRange& chapter : chapters.texts) {
     for (const TextRange& scene : scenesOf(QStringView(plain).sliced(chapter.from, chapter.to - chapter.from))) {
       const qsizetype end = chapter.from + scene.to;
       ranges.push_back({places.behindLetterBefore(chapter.from + scene.from),

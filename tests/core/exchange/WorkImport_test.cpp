@@ -131,7 +131,9 @@ TEST(WorkImport, ABookThatWasExportedComesBack) {
   const QStringList counts = shape();
   const QByteArray asText = CombineFiles({}, [](qint32) {});
   const QByteArray rtf = ExportToRTF({}, [](qint32) {});
-  cut(readRtf(rtf)).fill(*g_Project);
+  const WorkImport work = cut(readRtf(rtf));
+  EXPECT_EQ(work.wordsInFront, 0);
+  work.fill(*g_Project);
   EXPECT_EQ(shape(), counts);
   ASSERT_EQ(static_cast<size_t>(g_Project->SceneCount()), former.size());
   for (size_t i = 0; i < former.size(); ++i) {

@@ -1,5 +1,6 @@
 #include "gui/shell/commands/ReplacedContents.h"
 
+#include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
@@ -63,9 +64,13 @@ class LentPlace {
     if (sharesFolder_) {
       g_Project->LockFolder();
     }
-    main_.session().setMenusByProject();
-    main_.RefreshAll();
-    main_.backups().bookOpened();
+    Guard("LentPlace", "ReplacedContents")([this] {
+      main_.session().setMenusByProject();
+      main_.RefreshAll();
+      if (!g_Project->FileWithPath.isEmpty()) {
+        main_.backups().bookOpened();
+      }
+    });
   }
   LentPlace(const LentPlace&) = delete;
   LentPlace& operator=(const LentPlace&) = delete;
