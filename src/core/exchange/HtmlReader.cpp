@@ -216,7 +216,8 @@ class HtmlReader {
 
   // Blocks are counted from the first that says how its letters look, each up to the tag that ends it.
   void openBlock(const TagName& name, QStringView attributes) {
-    if (openBlocks_ == 0 && attributes.isEmpty()) {
+    const Wish wish = sheets_.wishOf(name, attributes);
+    if (openBlocks_ == 0 && wish.isNone()) {
       return;
     }
     const QString called = name.toString();
@@ -226,7 +227,6 @@ class HtmlReader {
         closeBlock(ended.toString());
       }
     }
-    const Wish wish = sheets_.wishOf(name, attributes);
     if (called != u"hr" && (openBlocks_ > 0 || !wish.isNone())) {
       ++openBlocks_;
       openLooks(name, 0, wish);

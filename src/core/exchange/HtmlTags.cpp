@@ -216,7 +216,9 @@ Wish StyleSheets::wishOf(const TagName& tag, QStringView attributes) const {
       wish.add(classes_.value(tag.toString() + u'.' + name));
     }
   }
-  wish.add(HtmlTags::wishOf(attributeOf(attributes, u"style")));
+  if (const QStringView style = attributeOf(attributes, u"style"); !style.isEmpty()) {
+    wish.add(HtmlTags::wishOf(style));
+  }
   return wish;
 }
 
