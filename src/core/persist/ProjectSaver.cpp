@@ -3,6 +3,7 @@
 #include "core/infra/FileChannels.h"
 #include "core/infra/FolderLock.h"
 #include "core/infra/Guard.h"
+#include "core/infra/MayReplace.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSHAREDShowError.h"
@@ -270,8 +271,7 @@ bool ProjectSaver::askForFile(const QString& folder, Form form) {
 // The dialog has asked about the name that was typed, not about what we have made of it.
 bool ProjectSaver::mayTakeName(const QString& typed) const {
   const QString& path = project_.FileWithPath;
-  return path == typed || !Files().FileExists(path) || Paths::areSame(path, project_.storedIn_) ||
-         toolkit().MsgBox(path + u" already exists. Do you want to replace it?"_s, Buttons::NoUnlessYes) == Answer::Yes;
+  return path == typed || Paths::areSame(path, project_.storedIn_) || mayReplace(path);
 }
 
 bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
