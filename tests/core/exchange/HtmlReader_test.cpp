@@ -70,6 +70,7 @@ TEST(HtmlReader, APageIsReadAsItIsSeen) {
       {"a<script>if (a < b) { '<p>' }</SCRIPT>b<style>p { }</style>c<script src=x />d<title>no", u"abcdno|"_s},
       {"a < b, 1<2, <3 and <é", u"a < b, 1<2, <3 and <é|"_s},
       {"<p class=\"a>b\" title='c>'>x</p><p class=\"lost>y</p><i</i>w", u"x|y|w|"_s},
+      {"<p class=\"lost>y</p><p class=\"x\">z</p>a<style>b</styles>c</style>d", u"y|z|ad|"_s},
       {"a <b and no end", u"a <b and no end|"_s},
       {"<html><head><title>T</title><body><p>Chapter 1<header>x</header></html>", u"Chapter 1|x|"_s},
       {"<head>No<script>'</head><body>'</script>no</head>a<head>b", u"ab|"_s},
