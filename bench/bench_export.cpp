@@ -36,7 +36,7 @@ QByteArray rtf() {
   return ExportToRTF({}, kNoStep);
 }
 QByteArray html() {
-  return ExportToHTML({1, g_Project->ChapterCount(), false}, kNoStep);
+  return ExportToHTML({{}, false}, kNoStep);
 }
 QByteArray nano() {
   return ExportToNano(false, kNoStep);

@@ -6,10 +6,13 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 void BookWalk::eachChapter(const EachChapter& visit) const {
-  for (qint32 number = 1; number <= g_Project->ChapterCount(); ++number) {
+  const qint32 last = std::min(span_.last, g_Project->ChapterCount());
+  for (qint32 number = std::max(span_.first, 1); number <= last; ++number) {
     const auto chapter = g_Project->ChapterByIndex(number);
     if (withUnused_ || !chapter->Unused) {
       visit(chapter, number);
@@ -31,9 +34,9 @@ bool isParted(const clsChapter& chapter, qint32 index) {
   return index < chapter.SceneCount() && !chapter.SceneByIndex(index + 1)->Unused;
 }
 
-QStringList unreadTexts(bool withUnused) {
+QStringList unreadTexts(bool withUnused, ChapterSpan span) {
   QStringList titles;
-  BookWalk walk([](qint32) {}, withUnused);
+  BookWalk walk([](qint32) {}, withUnused, span);
   walk.eachChapter([&](const auto& chapter, qint32) {
     walk.eachScene(chapter, [&](const clsScene& scene, qint32) {
       if (scene.TextUnread()) {

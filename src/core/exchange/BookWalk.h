@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -20,6 +21,12 @@ struct ManuscriptOptions {
   bool unused = false;
 };
 
+/// Places of chapters in the book, from 1; both belong to it.
+struct ChapterSpan {
+  qint32 first = 1;
+  qint32 last = std::numeric_limits<qint32>::max();
+};
+
 /// The chapters and scenes of the book in order, as exports go through them.
 class BookWalk {
  public:
@@ -27,7 +34,8 @@ class BookWalk {
   using EachChapter = std::function<void(const std::shared_ptr<clsChapter>&, qint32 number)>;
   using EachScene = std::function<void(clsScene&, qint32 index)>;
 
-  explicit BookWalk(ExportStep step, bool withUnused = true) : step_(std::move(step)), withUnused_(withUnused) {}
+  explicit BookWalk(ExportStep step, bool withUnused = true, ChapterSpan span = {})
+      : step_(std::move(step)), withUnused_(withUnused), span_(span) {}
 
   void eachChapter(const EachChapter& visit) const;
   /// With a step in front of each. What a chapter names and the book lacks is passed over.
@@ -36,6 +44,7 @@ class BookWalk {
  private:
   ExportStep step_;
   bool withUnused_;
+  ChapterSpan span_;
   qint32 begun_ = 0;
 };
 
@@ -44,7 +53,7 @@ class BookWalk {
 bool isParted(const clsChapter& chapter, qint32 index);
 
 /// Titles of the scenes that go in, but whose texts could not be read when the book was opened.
-QStringList unreadTexts(bool withUnused);
+QStringList unreadTexts(bool withUnused, ChapterSpan span = {});
 
 /// The text with CR LF at the end of each line, however they ended.
 QString withLineEnds(const QString& text);

@@ -25,11 +25,8 @@ QString described(const clsScene& scene) {
 
 QByteArray ExportDescriptionsByChapter(qint32 first, qint32 last, const ExportStep& step) {
   QString text = withLineEnds(g_Project->Title) + u"\r\n\r\n"_s;
-  BookWalk walk(step);
+  BookWalk walk(step, true, {first, last});
   walk.eachChapter([&](const auto& chapter, qint32 number) {
-    if (number < first || number > last) {
-      return;
-    }
     text += withLineEnds(chapter->Title) + kPieceEnd;
     walk.eachScene(chapter, [&](const clsScene& scene, qint32 index) {
       text += u" %1.%2 "_s.arg(number).arg(index) + withLineEnds(scene.Title) + u"\r\n"_s;

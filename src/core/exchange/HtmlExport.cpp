@@ -2,7 +2,6 @@
 
 #include "core/exchange/BookWalk.h"
 #include "core/infra/cSharedFileSubs.h"
-#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsScene.h"
 #include "core/text/HtmlText.h"
@@ -42,14 +41,6 @@ QByteArray chapterOf(const clsChapter& chapter, bool hasPageMarks) {
          HtmlText::escaped(chapter.Title).toLatin1() + "</B></center>\r\n" + kEmptyLine.repeated(4);
 }
 
-void eachChapter(const HtmlExport& what, const BookWalk& walk, const BookWalk::EachChapter& visit) {
-  walk.eachChapter([&](const auto& chapter, qint32 number) {
-    if (number >= what.first && number <= what.last) {
-      visit(chapter, number);
-    }
-  });
-}
-
 }  // namespace
 
 bool HtmlExport::isForPages(const QString& name) {
@@ -63,8 +54,8 @@ QString HtmlExport::withExtension(const QString& path) {
 
 QByteArray ExportToHTML(const HtmlExport& what, const ExportStep& step) {
   QByteArray page = kHead;
-  BookWalk walk(step, false);
-  eachChapter(what, walk, [&](const auto& chapter, qint32) {
+  BookWalk walk(step, false, what.chapters);
+  walk.eachChapter([&](const auto& chapter, qint32) {
     page += chapterOf(*chapter, what.hasPageMarks);
     walk.eachScene(chapter, [&](const clsScene& scene, qint32 index) {
       appendText(page, scene);
@@ -73,15 +64,4 @@ QByteArray ExportToHTML(const HtmlExport& what, const ExportStep& step) {
     });
   });
   return page + kFoot;
-}
-
-QStringList unreadTexts(const HtmlExport& what) {
-  QStringList titles;
-  BookWalk walk([](qint32) {}, false);
-  eachChapter(what, walk, [&](const auto& chapter, qint32) {
-    walk.eachScene(chapter, [&](const clsScene& scene, qint32) {
-      titles += scene.TextUnread() ? QStringList(calledScene(scene.Title)) : QStringList();
-    });
-  });
-  return titles;
 }

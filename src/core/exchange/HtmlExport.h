@@ -1,15 +1,14 @@
 #pragma once
 
+#include "core/exchange/BookWalk.h"
 #include "core/exchange/ExportStep.h"
 
 #include <QByteArray>
-#include <QStringList>
+#include <QString>
 
 /// What of the book becomes a page, and how.
 struct HtmlExport {
-  /// Places of chapters in the book, from 1; both belong to the range.
-  qint32 first = 1;
-  qint32 last = 0;
+  ChapterSpan chapters{};
   /// For a reader that knows "[pb]" as a new page.
   bool hasPageMarks = false;
 
@@ -21,6 +20,3 @@ struct HtmlExport {
 
 /// The used chapters and scenes of the range as one page to read, in ASCII.
 QByteArray ExportToHTML(const HtmlExport& what, const ExportStep& step);
-
-/// Titles of its scenes whose texts could not be read when the book was opened.
-QStringList unreadTexts(const HtmlExport& what);

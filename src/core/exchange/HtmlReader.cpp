@@ -1,13 +1,13 @@
 #include "core/exchange/HtmlReader.h"
 
 #include "core/exchange/HtmlTags.h"
-#include "core/text/cSharedHTML.h"
 #include "helpers/HtmlReferences.h"
 
 #include <QHash>
 #include <QSet>
 
 #include <array>
+#include <utility>
 
 using namespace HtmlTags;
 using namespace Qt::StringLiterals;
@@ -21,6 +21,15 @@ constexpr bool isBlank(char16_t unit) {
 constexpr bool isLetter(char16_t unit) {
   return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
 }
+
+constexpr bool isPartOfName(char16_t unit) {
+  return unit != u'\0' && unit != u'/' && unit != u'>' && !isBlank(unit);
+}
+
+/// Tags that end another that isn't closed, besides the paragraph, which each block ends.
+constexpr std::pair<QStringView, QStringView> kEnding[] = {
+    {u"li", u"li"}, {u"td", u"td"}, {u"td", u"th"}, {u"th", u"th"}, {u"th", u"td"}, {u"tr", u"td"}, {u"tr", u"th"},
+};
 
 class HtmlReader {
  public:
@@ -41,6 +50,12 @@ class HtmlReader {
       const qsizetype end = found < 0 ? html_.size() : found;
       addText(html_.sliced(at, end - at));
       at = found < 0 ? end : passTag(found);
+      if (at >= html_.size() && inHead_) {
+        // No body has begun: what looked like a head was the text.
+        inHead_ = false;
+        hasHead_ = false;
+        at = headAt_;
+      }
     }
     return builder_.takeClosed(formats_[0], paragraph_);
   }
@@ -56,6 +71,9 @@ class HtmlReader {
     }
     const bool closes = next == u'/';
     const qsizetype name = at + (closes ? 2 : 1);
+    if (closes && unitAt(name) == u'>') {
+      return name + 1;
+    }
     const qsizetype end = isLetter(unitAt(name)) ? endOfTag(name) : -1;
     if (end < 0) {
       addWord(u"<");
@@ -70,9 +88,16 @@ class HtmlReader {
     const TagName called(html_.sliced(name, nameEnd - name));
     const QStringView attributes = html_.sliced(nameEnd, end - nameEnd);
     const TagRule rule = called.rule();
+    if (rule.kind == Tag::Head) {
+      inHead_ = !closes && hasHead_ && !hasText_;
+      headAt_ = behind;
+      return behind;
+    }
     if (rule.kind == Tag::NoText) {
       return closes || attributes.endsWith(u'/') ? behind : behindNoText(called.toString(), behind);
     }
+    // What has its place in a body begins it.
+    inHead_ = inHead_ && rule.kind == Tag::Unknown;
     closes ? close(called, rule) : open(called, rule, attributes);
     return behind;
   }
@@ -93,13 +118,11 @@ class HtmlReader {
     return -1;
   }
 
-  /// The closing quotation mark; a value that runs into the next tag has lost it.
+  /// The closing quotation mark. A value behind which the tag doesn't go on has lost it.
   qsizetype endOfValue(qsizetype quote) const {
-    qsizetype at = quote + 1;
-    while (at < html_.size() && unitAt(at) != unitAt(quote) && unitAt(at) != u'<') {
-      ++at;
-    }
-    return unitAt(at) == unitAt(quote) ? at : quote;
+    const qsizetype end = html_.indexOf(html_[quote], quote + 1);
+    const char16_t behind = end < 0 ? u'\0' : unitAt(end + 1);
+    return isBlank(behind) || behind == u'/' || behind == u'>' ? end : quote;
   }
 
   qsizetype passDeclaration(qsizetype at) {
@@ -119,11 +142,19 @@ class HtmlReader {
     if (neverClosed_.contains(name)) {
       return at;
     }
-    const qsizetype end = html_.indexOf(u"</"_s + name, at, Qt::CaseInsensitive);
+    const QString closing = u"</"_s + name;
+    qsizetype end = html_.indexOf(closing, at, Qt::CaseInsensitive);
+    while (end >= 0 && isPartOfName(unitAt(end + closing.size()))) {
+      end = html_.indexOf(closing, end + 1, Qt::CaseInsensitive);
+    }
     if (end < 0) {
       neverClosed_.insert(name);
+      return at;
     }
-    return end < 0 ? at : end;
+    if (name == u"style") {
+      sheets_.read(html_.sliced(at, end - at));
+    }
+    return end;
   }
 
   void open(const TagName& name, TagRule rule, QStringView attributes) {
@@ -132,19 +163,26 @@ class HtmlReader {
         endLine();
         break;
       case Tag::Cell:
+        openBlock(name, attributes);
         if (lineHasText_) {
           addWord(u"\t");
         }
         break;
       case Tag::Preformatted:
         endBlock();
+        openBlock(name, attributes);
         ++preformatted_;
+        lineEndIsTheTags_ = true;
         break;
       case Tag::Block:
         endBlock();
+        openBlock(name, attributes);
         break;
+      case Tag::Quotation:
+        addWord(u"\u201C");
+        [[fallthrough]];
       case Tag::Letters:
-        openLetters(name.toString(), styledLooks(rule.looks, attributes));
+        openLooks(name, rule.looks, sheets_.wishOf(name, attributes));
         break;
       default:
         break;
@@ -153,42 +191,89 @@ class HtmlReader {
 
   void close(const TagName& name, TagRule rule) {
     switch (rule.kind) {
+      case Tag::Break:
+        endLine();
+        break;
       case Tag::Preformatted:
         preformatted_ = qMax(0, preformatted_ - 1);
         [[fallthrough]];
       case Tag::Block:
         endBlock();
+        [[fallthrough]];
+      case Tag::Cell:
+        closeBlock(name.toString());
         break;
+      case Tag::Quotation:
+        addWord(u"\u201D");
+        [[fallthrough]];
       case Tag::Letters:
-        closeLetters(name.toString());
+        closeLooks(name.toString());
         break;
       default:
         break;
     }
   }
 
-  // Tags that overlap end each by its own name.
-  void openLetters(const QString& name, quint8 looks) {
-    open_[name].append(looks);
-    count(looks, 1);
-  }
-  void closeLetters(const QString& name) {
-    const auto found = open_.find(name);
-    if (found != open_.end() && !found->isEmpty()) {
-      count(found->takeLast(), -1);
+  // Blocks are counted from the first that says how its letters look, each up to the tag that ends it.
+  void openBlock(const TagName& name, QStringView attributes) {
+    const Wish wish = sheets_.wishOf(name, attributes);
+    if (openBlocks_ == 0 && wish.isNone()) {
+      return;
+    }
+    const QString called = name.toString();
+    closeBlock(u"p"_s);
+    for (const auto& [next, ended] : kEnding) {
+      if (called == next) {
+        closeBlock(ended.toString());
+      }
+    }
+    if (called != u"hr" && (openBlocks_ > 0 || !wish.isNone())) {
+      ++openBlocks_;
+      openLooks(name, 0, wish);
     }
   }
-  void count(quint8 looks, int by) {
+  void closeBlock(const QString& name) {
+    if (openBlocks_ > 0 && closeLooks(name)) {
+      --openBlocks_;
+    }
+  }
+
+  /// How many more tags ask for each look from here on.
+  using Shift = std::array<int, 3>;
+
+  // Tags that overlap end each by its own name.
+  void openLooks(const TagName& name, quint8 looks, Wish wish) {
+    Wish all{looks, 0};
+    all.add(wish);
+    Shift shift{};
+    for (size_t i = 0; i < shift.size(); ++i) {
+      const auto look = 1U << i;
+      shift[i] = (all.on & look) != 0 ? 1 : (all.off & look) != 0 ? -qMax(0, counts_[i]) : 0;
+    }
+    open_[name.toString()].append(shift);
+    count(shift, 1);
+  }
+  bool closeLooks(const QString& name) {
+    const auto found = open_.find(name);
+    if (found == open_.end() || found->isEmpty()) {
+      return false;
+    }
+    count(found->takeLast(), -1);
+    return true;
+  }
+  void count(const Shift& shift, int sign) {
     quint8 shown = 0;
     for (size_t i = 0; i < counts_.size(); ++i) {
-      const auto look = static_cast<quint8>(1U << i);
-      counts_[i] += (looks & look) != 0 ? by : 0;
-      shown = static_cast<quint8>(shown | (counts_[i] > 0 ? look : 0));
+      counts_[i] += sign * shift[i];
+      shown = static_cast<quint8>(shown | (counts_[i] > 0 ? 1U << i : 0U));
     }
     looks_ = shown;
   }
 
   void addText(QStringView text) {
+    if (inHead_) {
+      return;
+    }
     for (qsizetype at = 0; at < text.size();) {
       const char16_t unit = text[at].unicode();
       if (isBlank(unit)) {
@@ -208,7 +293,8 @@ class HtmlReader {
     const char16_t* const units = text.utf16();
     const qsizetype size = text.size();
     for (qsizetype end = at + 1; end < size; ++end) {
-      const bool isSingleBlank = units[end] == u' ' && end + 1 < size && units[end + 1] > u' ';
+      const bool isSingleBlank =
+          units[end] == u' ' && end + 1 < size && units[end + 1] > u' ' && units[end + 1] != u'&';
       if (units[end] <= u'&' && !isSingleBlank && (units[end] == u'&' || isBlank(units[end]))) {
         return end;
       }
@@ -223,7 +309,9 @@ class HtmlReader {
       return 1;
     }
     if (text.front() == u'\r' || text.front() == u'\n') {
-      endLine();
+      if (!std::exchange(lineEndIsTheTags_, false)) {
+        endLine();
+      }
       return text.startsWith(u"\r\n") ? 2 : 1;
     }
     addWord(text.first(1));
@@ -249,12 +337,17 @@ class HtmlReader {
   }
 
   void addWord(QStringView units) {
+    if (inHead_) {
+      return;
+    }
     if (blank_ != kNoBlank) {
       builder_.appendUnit(u' ', blank_);
       blank_ = kNoBlank;
     }
     builder_.append(units, formats_[looks_], paragraph_);
     lineHasText_ = true;
+    hasText_ = true;
+    lineEndIsTheTags_ = false;
   }
 
   void endLine() {
@@ -276,13 +369,21 @@ class HtmlReader {
   std::array<int, kLooks> formats_{};
   int paragraph_ = 0;
   quint8 looks_ = 0;
+  StyleSheets sheets_;
   /// How many open tags ask for each look.
-  std::array<int, 3> counts_{};
-  QHash<QString, QList<quint8>> open_;
+  Shift counts_{};
+  QHash<QString, QList<Shift>> open_;
+  int openBlocks_ = 0;
+  bool hasText_ = false;
+  bool hasHead_ = true;
+  bool inHead_ = false;
+  qsizetype headAt_ = 0;
   /// The format of white space that stands behind the last word; it is a blank if another word follows.
   int blank_ = kNoBlank;
   bool lineHasText_ = false;
   int preformatted_ = 0;
+  /// A line end right behind the tag is not the text's.
+  bool lineEndIsTheTags_ = false;
   /// What was sought in vain isn't sought again.
   bool commentsEnd_ = true;
   QSet<QString> neverClosed_;
@@ -291,6 +392,5 @@ class HtmlReader {
 }  // namespace
 
 RichText readHtml(const QString& html) {
-  const QString body = Html().TrimHeadTags(html);
-  return HtmlReader(body).read();
+  return HtmlReader(html).read();
 }

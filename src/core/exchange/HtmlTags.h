@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringView>
 
@@ -21,6 +22,10 @@ enum class Tag {
   Preformatted,
   /// Letters that may look different.
   Letters,
+  /// Letters in quotation marks, which the page leaves to the reader.
+  Quotation,
+  /// What is said about the page.
+  Head,
   /// What stands in it is no text.
   NoText
 };
@@ -43,7 +48,33 @@ class TagName {
   size_t length_;
 };
 
-/// The looks of a tag, as the style among its attributes changes them.
-quint8 styledLooks(quint8 looks, QStringView attributes);
+/// The looks that are asked for, and those that are asked not to be.
+struct Wish {
+  quint8 on = 0;
+  quint8 off = 0;
+
+  bool isNone() const { return (on | off) == 0; }
+  /// The later one holds.
+  void add(Wish later);
+};
+
+/// What the declarations of a style ask for.
+Wish wishOf(QStringView style);
+
+/// The value of an attribute, which is named in small letters; empty where the tag has none.
+QStringView attributeOf(QStringView attributes, QStringView name);
+
+/// The classes of style sheets that say how letters look. Rules for elements, for what stands in what, and for certain
+/// media aren't read.
+class StyleSheets {
+ public:
+  void read(QStringView sheet);
+  /// What a tag asks for: by its classes, then by its own style.
+  Wish wishOf(const TagName& tag, QStringView attributes) const;
+
+ private:
+  /// By "tag.class" and ".class".
+  QHash<QString, Wish> classes_;
+};
 
 }  // namespace HtmlTags

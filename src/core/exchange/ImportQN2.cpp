@@ -1,6 +1,7 @@
 #include "core/exchange/ImportQN2.h"
 
 #include "core/exchange/clsQN2Project.h"
+#include "core/infra/FirstOf.h"
 #include "core/infra/Guard.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
@@ -143,7 +144,8 @@ void addScene(const clsQN2Scene& from, clsChapter& chapter, Cast& cast) {
 namespace ImportQN2 {
 
 QStringList fill(const clsQN2Project& from, LongWork& work) {
-  const QStringList refused = takeSettings(from);
+  QStringList findings = takeSettings(from);
+  QStringList described;
   Cast cast(from);
   qint32 number = 0;
   for (const clsQN2Project::Chapter& old : from.Chapters) {
@@ -151,13 +153,20 @@ QStringList fill(const clsQN2Project& from, LongWork& work) {
     const auto chapter = std::make_shared<clsChapter>();
     chapter->Title = old.Title;
     chapter->DescText = besideScenes(old.Text);
+    if (!chapter->DescText.isEmpty()) {
+      described.append(old.Title);
+    }
     g_Project->AddChapter(chapter);
     for (const clsQN2Scene& scene : old.Text.Scenes) {
       addScene(scene, *chapter, cast);
     }
   }
   cast.addUnused();
-  return refused;
+  if (!described.isEmpty()) {
+    findings.append(u"What stood before the first scene of these chapters is in their descriptions now: "_s +
+                    firstOf(described).join(u"; "_s));
+  }
+  return findings;
 }
 
 QString splitScene(clsScene& source) {

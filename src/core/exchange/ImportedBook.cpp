@@ -9,9 +9,9 @@ using namespace Qt::StringLiterals;
 namespace ImportedBook {
 
 std::shared_ptr<clsCharacter> begin(clsProject& project) {
-  const QString file = project.FileWithPath;
-  project.Clear();
-  project.FileWithPath = file;
+  // Its save is one like any other: whatever that would replace is asked about.
+  project.ClearContents();
+  project.MarkEdited();
   // Chapters of the same numbers come, and none of them ends a section.
   project.EndBeginningChID = 0;
   project.EndMiddleChID = 0;
@@ -23,9 +23,13 @@ std::shared_ptr<clsCharacter> begin(clsProject& project) {
   return narrator;
 }
 
+QString titleOfChapter(qint32 number) {
+  return u"Chapter "_s + QString::number(number);
+}
+
 std::shared_ptr<clsChapter> addChapter(clsProject& project) {
   auto chapter = std::make_shared<clsChapter>();
-  chapter->Title = u"Chapter "_s + QString::number(project.ChapterCount() + 1);
+  chapter->Title = titleOfChapter(project.ChapterCount() + 1);
   project.AddChapter(chapter);
   return chapter;
 }

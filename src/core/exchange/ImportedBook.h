@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <memory>
 
 class clsChapter;
@@ -12,6 +14,8 @@ namespace ImportedBook {
 /// Everything in the project is erased but what is set about it as a whole: its file, its settings. It gets a title and
 /// an author to be replaced, and the character who narrates all that comes.
 std::shared_ptr<clsCharacter> begin(clsProject& project);
+
+QString titleOfChapter(qint32 number);
 
 /// At the end, numbered, without a scene.
 std::shared_ptr<clsChapter> addChapter(clsProject& project);

@@ -1,38 +1,63 @@
 #include "core/exchange/LogFolder.h"
 
+#include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/clsProject.h"
-#include "core/persist/SceneFolder.h"
+
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
-LogFolder::LogFolder(const clsProject& project)
-    : project_(project), path_(project.Path() + u"Logs"_s + Paths::separator()) {}
+namespace {
+
+/// Of a template or a script.
+constexpr qint64 kMostBytes = 1024 * 1024;
+
+void refuseLink(const QString& path) {
+  const QFileInfo about(path);
+  if (about.isSymLink() || about.isJunction()) {
+    throw RuntimeError(RuntimeError::PathAccess, path + u" is a link, and isn't followed"_s);
+  }
+}
+
+}  // namespace
+
+LogFolder::LogFolder(const clsProject& project) : path_(project.Path() + u"Logs"_s) {}
 
 void LogFolder::make() const {
-  refuseLink(u"."_s);
+  refuseLink(path_);
   Files().MkMissingDir(path_);
-  refuseLink(u"."_s);
+  const QFileInfo about(path_);
+  if (!about.isDir() || !about.isWritable()) {
+    throw RuntimeError(RuntimeError::PathAccess, path_ + u" is no folder that can be written to"_s);
+  }
+}
+
+QString LogFolder::pathOf(const QString& name) const {
+  return path_ + Paths::separator() + name;
 }
 
 bool LogFolder::has(const QString& name) const {
-  return Files().FileExists(path_ + name);
+  return Files().FileExists(pathOf(name));
 }
 
 QByteArray LogFolder::read(const QString& name) const {
-  refuseLink(name);
-  return readWholeFile(path_ + name).value_or(QByteArray());
-}
-
-void LogFolder::write(const QString& name, QByteArrayView bytes, ReplacementFile::Durability durability) const {
-  refuseLink(name);
-  Files().ReplaceFile(path_ + name, bytes, durability);
-}
-
-void LogFolder::refuseLink(const QString& name) const {
-  if (SceneFolder::leadsOut(project_, path_ + name)) {
-    throw RuntimeError(RuntimeError::PathAccess, path_ + name + u" leads out of the project's folder"_s);
+  refuseLinkAt(name);
+  const QString path = pathOf(name);
+  if (QFileInfo(path).size() > kMostBytes) {
+    throw RuntimeError(RuntimeError::Overflow, path + u" is too big, and isn't read"_s);
   }
+  return readWholeFile(path, Links::Refused).value_or(QByteArray());
+}
+
+void LogFolder::write(const QString& name, QByteArrayView bytes) const {
+  refuseLinkAt(name);
+  Files().ReplaceFile(pathOf(name), bytes, ReplacementFile::Durability::Cached);
+}
+
+void LogFolder::refuseLinkAt(const QString& name) const {
+  refuseLink(path_);
+  refuseLink(pathOf(name));
 }

@@ -1,30 +1,28 @@
 #pragma once
 
-#include "core/infra/NativeFile.h"
-
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 class clsProject;
 
-/// The folder Logs of a book. It and its files are part of the book's folder: a link that leads out is refused.
-/// Failures are RuntimeErrors.
+/// The folder Logs of a book. Neither it nor a file in it is ever reached by a link, which may have come with somebody
+/// else's book and lead to any file, this book's own too. Failures are RuntimeErrors.
 class LogFolder {
  public:
   explicit LogFolder(const clsProject& project);
 
+  /// Throws where nothing could be written to it.
   void make() const;
-  QString pathOf(const QString& name) const { return path_ + name; }
+  QString pathOf(const QString& name) const;
   bool has(const QString& name) const;
-  /// Empty when it isn't there.
+  /// Empty when it isn't there. A file that is too big for what stands here is refused: it would be read at each save.
   QByteArray read(const QString& name) const;
-  /// Puts the whole file in the old one's place.
-  void write(const QString& name, QByteArrayView bytes,
-             ReplacementFile::Durability durability = ReplacementFile::Durability::Cached) const;
+  /// Puts the whole file in the old one's place. It can be made again, so nobody waits for the disk.
+  void write(const QString& name, QByteArrayView bytes) const;
 
  private:
-  void refuseLink(const QString& name) const;
+  void refuseLinkAt(const QString& name) const;
 
-  const clsProject& project_;
   QString path_;
 };

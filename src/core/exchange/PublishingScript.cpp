@@ -1,5 +1,6 @@
+#include "core/exchange/PublishingScript.h"
+
 #include "core/exchange/LogFolder.h"
-#include "core/exchange/ProgressLog.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
@@ -49,7 +50,7 @@ QByteArray scriptToRun() {
 
 /// Of this script in this folder: another one has to be asked about again.
 QString settingOf(const QByteArray& script) {
-  QCryptographicHash hash(QCryptographicHash::Sha1);
+  QCryptographicHash hash(QCryptographicHash::Sha256);
   hash.addData(Paths::identity(g_Project->Path()).toUtf8() + '\n' + script);
   return u"PublishingScript_"_s + QString::fromLatin1(hash.result().toHex());
 }
@@ -61,18 +62,15 @@ void runScript(const QByteArray& script) {
     return;
   }
   QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser);
-  Files().RunFileHidden(path);
+  if (!Files().RunFileHidden(path)) {
+    Logging().LogEvent(path + u" could not be run"_s);
+  }
 }
 
 }  // namespace
 
 QString PublishingScript::name() {
   return isWindows() ? u"copyto.bat"_s : u"copyto.sh"_s;
-}
-
-bool PublishingScript::isUnasked() {
-  const QByteArray script = scriptToRun();
-  return !script.isEmpty() && !Settings().IsSettingPresent(settingOf(script));
 }
 
 void PublishingScript::ask() {
@@ -91,9 +89,15 @@ void PublishingScript::ask() {
 }
 
 // What stands there now may be another script than the one that was asked about.
-void PublishingScript::run() {
+bool PublishingScript::run() {
   const QByteArray script = scriptToRun();
-  if (!script.isEmpty() && Settings().RetrieveWithDefault(settingOf(script), 0).toInt() != 0) {
+  if (script.isEmpty()) {
+    return false;
+  }
+  const QString setting = settingOf(script);
+  const bool isUnasked = !Settings().IsSettingPresent(setting);
+  if (Settings().RetrieveWithDefault(setting, 0).toInt() != 0) {
     runScript(script);
   }
+  return isUnasked;
 }

@@ -39,11 +39,10 @@ class Frame {
   }
 
   /// The end of a paragraph in the format that it has, and an empty one behind it.
-  RichText lineEnd(const CharFormat& format) const {
+  RichText lineEnd(const CharFormat& format, const ParagraphFormat& paragraph) const {
     RichText::Builder builder;
-    const int paragraph = builder.paragraphFormat(paragraph_);
-    builder.endParagraph(builder.charFormat(format), paragraph);
-    return builder.take(builder.charFormat(character_), paragraph);
+    builder.endParagraph(builder.charFormat(format), builder.paragraphFormat(paragraph));
+    return builder.take(builder.charFormat(character_), builder.paragraphFormat(paragraph_));
   }
   /// How a whole document begins. The distance of tabs is the document's, and the scenes are written to theirs.
   RichText document(QStringView text) const {
@@ -88,7 +87,8 @@ class Document {
     if (!std::exchange(inScene_, false)) {
       return text;
     }
-    worker_.AppendText(frame_.lineEnd(worker_.Text().charFormatAt(worker_.Text().size())));
+    const RichText& all = worker_.Text();
+    worker_.AppendText(frame_.lineEnd(all.charFormatAt(all.size()), all.paragraphFormatAt(all.size())));
     return text.startsWith(kLine) ? text.sliced(kLine.size()) : text;
   }
 

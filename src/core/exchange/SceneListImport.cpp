@@ -34,7 +34,7 @@ QString shortDescription(QStringView line) {
   const qsizetype stop = line.indexOf(u'.');
   const qsizetype call = line.indexOf(u'!');
   const qsizetype end = stop < 0 || (call >= 0 && call < stop) ? call : stop;
-  return end < 0 ? u"No short description"_s : line.first(end + 1).trimmed().toString();
+  return end < 0 ? u"No short description"_s : line.first(end + 1).toString();
 }
 
 bool isHtml(const QString& text) {

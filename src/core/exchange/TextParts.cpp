@@ -60,7 +60,8 @@ class Parts {
 
   void finish(const TextRange& range) {
     const int format = numberOf(text_.charFormatAt(range.to));
-    take_(builder_->takeClosed(format, builder_->paragraphFormat(text_.paragraphFormatAt(range.to))));
+    const int paragraph = builder_->paragraphFormat(text_.paragraphFormatAt(range.to));
+    take_(range.isWhole ? builder_->take(format, paragraph) : builder_->takeClosed(format, paragraph));
     ++next_;
     begin();
   }

@@ -9,10 +9,12 @@
 struct TextRange {
   qsizetype from = 0;
   qsizetype to = 0;
+  /// A line end at its end opens a paragraph.
+  bool isWhole = false;
 };
 
 /// Hands over parts of a text as texts of their own, with their formats, in one pass. The ranges are in order, don't
-/// overlap, and cut no line end in two. A line end that closes a part opens no paragraph behind it.
+/// overlap, and cut no line end in two. A line end that closes any but a whole one opens no paragraph behind it.
 void eachPart(const RichText& text, const std::vector<TextRange>& ranges,
               const std::function<void(const RichText&)>& take);
 

@@ -17,17 +17,32 @@ namespace {
 
 constexpr QStringView kHeading = u"chapter ";
 constexpr QStringView kSceneBreak = u"* * *";
+constexpr QStringView kLineEnd = u"\r\n";
+
+// What our own exports put between the texts. As text the lines that are to be centred say so.
+constexpr QStringView kPageBreak = u"[PB]\r\n";
+constexpr QStringView kCentre = u"<center>";
+constexpr QStringView kCentredTitle = u"<center>*";
+constexpr QStringView kInstructions = u"   Formatting instructions (delete these lines)\r\n";
+constexpr QStringView kRule = u"--------------------------------------------------\r\n";
+
+/// Our own exports begin with instructions, between two rules. They are no part of the book.
+qsizetype behindInstructions(QStringView plain) {
+  const qsizetype first = plain.startsWith(kInstructions) ? plain.indexOf(kRule) : -1;
+  const qsizetype second = first < 0 ? -1 : plain.indexOf(kRule, first + kRule.size());
+  return second < 0 ? 0 : second + kRule.size();
+}
 
 /// Where the headings begin, and the end of the text. By a letter that is rare: a comparison that ignores case costs
 /// more than all else at each place.
-std::vector<qsizetype> chapterBounds(const QString& plain) {
+std::vector<qsizetype> chapterBounds(QStringView plain, qsizetype from) {
   constexpr qsizetype kRare = 3;
   static_assert(kHeading[kRare] == u'p');
-  const char16_t* const units = QStringView(plain).utf16();
+  const char16_t* const units = plain.utf16();
   std::vector<qsizetype> bounds;
-  for (qsizetype at = 0; at + kHeading.size() <= plain.size(); ++at) {
+  for (qsizetype at = from; at + kHeading.size() <= plain.size(); ++at) {
     if ((units[at + kRare] | 0x20) == u'p' &&
-        QStringView(plain).sliced(at, kHeading.size()).compare(kHeading, Qt::CaseInsensitive) == 0) {
+        plain.sliced(at, kHeading.size()).compare(kHeading, Qt::CaseInsensitive) == 0) {
       bounds.push_back(at);
     }
   }
@@ -50,13 +65,41 @@ bool isIndent(QChar unit) {
   return unit == u' ' || unit == u'\t';
 }
 
+bool isLineStart(QStringView text, qsizetype at) {
+  return at == 0 || text[at - 1] == u'\n';
+}
+
+/// Without so many of the empty lines in front of the line that begins here.
+qsizetype beforeEmptyLines(QStringView text, qsizetype at, qsizetype atMost) {
+  const qsizetype size = kLineEnd.size();
+  for (; atMost > 0 && at >= size && isLineStart(text, at - size) && text.first(at).endsWith(kLineEnd); --atMost) {
+    at -= size;
+  }
+  return at;
+}
+
+qsizetype behindEmptyLines(QStringView text, qsizetype at, qsizetype atMost) {
+  for (; atMost > 0 && text.sliced(at).startsWith(kLineEnd); --atMost) {
+    at += kLineEnd.size();
+  }
+  return at;
+}
+
+/// A mark of scenes as our export to text writes it.
+bool isOurBreak(QStringView chapter, qsizetype mark) {
+  return chapter.first(mark).endsWith(kCentre) && isLineStart(chapter, mark - kCentre.size());
+}
+
 /// The scene in front of a break ends here: blanks that only put the mark in its place go with it.
 qsizetype endBefore(QStringView chapter, qsizetype mark) {
+  if (isOurBreak(chapter, mark)) {
+    return beforeEmptyLines(chapter, mark - kCentre.size(), 1);
+  }
   qsizetype at = mark;
   while (at > 0 && isIndent(chapter[at - 1])) {
     --at;
   }
-  return at == 0 || chapter[at - 1] == u'\n' ? at : mark;
+  return isLineStart(chapter, at) ? at : mark;
 }
 
 /// And the one behind it begins here.
@@ -65,7 +108,68 @@ qsizetype beginBehind(QStringView chapter, qsizetype mark) {
   while (at < chapter.size() && isIndent(chapter[at])) {
     ++at;
   }
-  return chapter.sliced(at).startsWith(u"\r\n") ? at + 2 : mark + kSceneBreak.size();
+  if (!chapter.sliced(at).startsWith(kLineEnd)) {
+    return mark + kSceneBreak.size();
+  }
+  return behindEmptyLines(chapter, at + kLineEnd.size(), isOurBreak(chapter, mark) ? 1 : 0);
+}
+
+/// What our own exports put around a chapter's title. How many empty lines there are is known, so those that belong to
+/// a text stay.
+struct Frame {
+  qsizetype begin = 0;
+  bool isText = false;
+};
+
+/// The frame that a heading stands in; nothing in a manuscript that isn't ours.
+std::optional<Frame> frameAround(QStringView text, qsizetype heading) {
+  const bool isText = text.first(heading).endsWith(kCentredTitle);
+  const qsizetype line = heading - (isText ? kCentredTitle.size() : 0);
+  if (!isLineStart(text, line)) {
+    return {};
+  }
+  const qsizetype end = beforeEmptyLines(text, line, line);
+  const qsizetype begin = end - kPageBreak.size();
+  if (!text.first(end).endsWith(kPageBreak) || !isLineStart(text, begin)) {
+    return {};
+  }
+  return Frame{beforeEmptyLines(text, begin, isText ? 3 : 1), isText};
+}
+
+/// Where the text of a chapter begins: a heading that says nothing but the chapter's title isn't said again.
+qsizetype behindTitle(QStringView text, qsizetype heading, qint32 number, const Frame& frame) {
+  const qsizetype found = text.indexOf(kLineEnd, heading);
+  const qsizetype end = found < 0 ? text.size() : found;
+  QStringView said = text.sliced(heading, end - heading).trimmed();
+  said.chop(frame.isText && said.endsWith(u'*') ? 1 : 0);
+  return said.compare(ImportedBook::titleOfChapter(number), Qt::CaseInsensitive) == 0
+             ? behindEmptyLines(text, end, frame.isText ? 4 : 3)
+             : heading;
+}
+
+struct Chapters {
+  /// The end of what stands in front of the first.
+  qsizetype begin = 0;
+  std::vector<TextRange> texts;
+};
+
+Chapters chaptersOf(QStringView plain, qsizetype begin) {
+  const std::vector<qsizetype> bounds = chapterBounds(plain, begin);
+  Chapters chapters{bounds.front(), {}};
+  for (size_t i = 0; i + 1 < bounds.size(); ++i) {
+    const std::optional<Frame> frame = frameAround(plain, bounds[i]);
+    if (frame && i > 0) {
+      TextRange& former = chapters.texts.back();
+      former.to = std::max(former.from, frame->begin);
+    } else if (frame) {
+      chapters.begin = std::max(begin, frame->begin);
+    }
+    const qsizetype from = frame ? behindTitle(plain, bounds[i], static_cast<qint32>(i) + 1, *frame) : bounds[i];
+    // Behind the last text our export to text has an empty line.
+    const bool isWhole = i + 2 == bounds.size() && !(frame && frame->isText);
+    chapters.texts.push_back({from, bounds[i + 1], isWhole});
+  }
+  return chapters;
 }
 
 /// The scenes of a chapter. Of marks that run into each other the last one counts, so they are taken from the end.
@@ -78,11 +182,11 @@ std::vector<TextRange> scenesOf(QStringView chapter) {
     if (*mark + kSceneBreak.size() > lastMark) {
       continue;
     }
-    scenes.push_back({std::min(beginBehind(chapter, *mark), end), end});
+    scenes.push_back({std::min(beginBehind(chapter, *mark), end), end, false});
     end = endBefore(chapter, *mark);
     lastMark = *mark;
   }
-  scenes.push_back({0, end});
+  scenes.push_back({0, end, false});
   std::reverse(scenes.begin(), scenes.end());
   return scenes;
 }
@@ -92,17 +196,18 @@ std::vector<TextRange> scenesOf(QStringView chapter) {
 std::optional<WorkImport> WorkImport::cut(const RichText& text, const std::function<bool()>& goOn) {
   const QString plain = text.plainText();
   const ReadPlaces places(text, plain);
-  const std::vector<qsizetype> bounds = chapterBounds(plain);
+  const qsizetype begin = behindInstructions(plain);
+  const Chapters chapters = chaptersOf(plain, begin);
   WorkImport work;
-  work.wordsInFront = Html().CalcWordCount(QStringView(plain).first(bounds.front()));
+  work.wordsInFront = Html().CalcWordCount(QStringView(plain).sliced(begin, chapters.begin - begin));
   std::vector<TextRange> ranges;
   std::vector<size_t> lastScenes;
-  for (size_t i = 0; i + 1 < bounds.size(); ++i) {
-    const qsizetype begin = bounds[i];
-    for (const TextRange& scene : scenesOf(QStringView(plain).sliced(begin, bounds[i + 1] - begin))) {
-      const bool endsChapter = begin + scene.to == bounds[i + 1];
-      ranges.push_back({places.behindLetterBefore(begin + scene.from),
-                        endsChapter ? places.behindLetterBefore(begin + scene.to) : places.of(begin + scene.to)});
+  for (const TextRange& chapter : chapters.texts) {
+    for (const TextRange& scene : scenesOf(QStringView(plain).sliced(chapter.from, chapter.to - chapter.from))) {
+      const qsizetype end = chapter.from + scene.to;
+      ranges.push_back({places.behindLetterBefore(chapter.from + scene.from),
+                        end == chapter.to ? places.behindLetterBefore(end) : places.of(end),
+                        end == chapter.to && chapter.isWhole});
     }
     lastScenes.push_back(ranges.size());
   }

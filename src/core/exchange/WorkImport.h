@@ -23,8 +23,9 @@ struct WorkImport {
   qint32 wordsInFront = 0;
 
   /// A chapter begins wherever "chapter " stands, in any case, and goes on to the next or to the end; its heading is a
-  /// part of it. "* * *" parts its scenes, and goes with the line that it has to itself. Nothing when `goOn`, which is
-  /// asked at each scene, wants no more.
+  /// part of it. "* * *" parts its scenes, and goes with the line that it has to itself. What our own exports put
+  /// between the texts goes: "[PB]", titles that the chapters get anyway, and the empty lines around. Nothing when
+  /// `goOn`, which is asked at each scene, wants no more.
   static std::optional<WorkImport> cut(
       const RichText& text, const std::function<bool()>& goOn = [] { return true; });
 

@@ -11,7 +11,7 @@
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/persist/OldFolder.h"
-#include "core/text/cSharedText.h"
+#include "core/persist/OlderDate.h"
 
 #include <optional>
 #include <utility>
@@ -30,10 +30,11 @@ QString takeField(QStringView& rest) {
   return field.remove(u'"').trimmed();
 }
 
+/// Quotes around all of it go; those inside belong to the text.
 QString wholeOf(QStringView rest) {
-  QString text = rest.trimmed().toString();
-  TextTools().StripDblQuotes(text);
-  return text;
+  const QStringView text = rest.trimmed();
+  const bool isQuoted = text.size() > 1 && text.startsWith(u'"') && text.indexOf(u'"', 1) == text.size() - 1;
+  return (isQuoted ? text.sliced(1, text.size() - 2) : text).toString();
 }
 
 /// The index of "NAME1", "NAME2" ... from 0; -1 for another keyword.
@@ -60,8 +61,8 @@ bool clsQN2Project::LoadProject(const QString& File) {
   Logging().LogEvent(u"Filename: "_s + name);
   Logging().LogEvent(u"File opened"_s);
   const QString path = Files().PathOnly(name);
-  OldFolder folder(path);
-  OldFolder actors(clsQN2Actor::ActorPath(path));
+  OldFolder folder(path, path);
+  OldFolder actors(path, clsQN2Actor::ActorPath(path));
   QStringList lines = linesOf(WholeText::fromBytes(*content));
   Title = lines.isEmpty() ? QString() : lines.takeFirst();
   for (const QString& line : lines) {
@@ -77,7 +78,7 @@ bool clsQN2Project::LoadProject(const QString& File) {
   for (const QString& actor : linesOf(unseen)) {
     addActor(actor.trimmed(), actors);
   }
-  return chaptersRead_ > 0;
+  return isAnyRead_ || !Actors.empty();
 }
 
 void clsQN2Project::readLine(QStringView line, OldFolder& folder) {
@@ -85,7 +86,9 @@ void clsQN2Project::readLine(QStringView line, OldFolder& folder) {
     return;
   }
   const QString field = takeField(line);
-  if (!readKeyword(field.toUpper(), line)) {
+  if (readKeyword(field.toUpper(), line)) {
+    isAnyRead_ = true;
+  } else {
     readChapter(field, line, folder);
   }
 }
@@ -119,16 +122,21 @@ bool clsQN2Project::readKeyword(const QString& keyword, QStringView rest) {
 
 void clsQN2Project::readDate(const QString& keyword, const QString& text, qint32& into) {
   const Guard guard("LoadProject", "clsQN2Project");
-  if (!text.isEmpty() && !guard([&] { into = Numbers::DayNumber(CodePage::toBytes(text)); })) {
-    unread_.append(keyword + u" \""_s + text + u'"');
+  if (!guard([&] { into = olderDay(text); })) {
+    noteUnread(keyword, text);
   }
 }
 
 void clsQN2Project::readNumber(const QString& keyword, const QString& text, qint32& into) {
   const Guard guard("LoadProject", "clsQN2Project");
   if (!guard([&] { into = Numbers::Strict32(CodePage::toBytes(text)); })) {
-    unread_.append(keyword + u" \""_s + text + u'"');
+    noteUnread(keyword, text);
   }
+}
+
+void clsQN2Project::noteUnread(const QString& keyword, const QString& text) {
+  unread_.append(keyword + u" \""_s + text + u'"');
+  Logging().LogEvent(u"Not understood in the old project: "_s + unread_.constLast());
 }
 
 void clsQN2Project::readChapter(const QString& title, QStringView rest, OldFolder& folder) {
@@ -139,9 +147,10 @@ void clsQN2Project::readChapter(const QString& title, QStringView rest, OldFolde
   const QString file = takeField(rest);
   Chapter chapter{title, {}};
   if (chapter.Text.LoadText(folder, file, false)) {
-    ++chaptersRead_;
+    isAnyRead_ = true;
   } else {
     missing_.append(title + u" ("_s + (file.isEmpty() ? u"no file is named"_s : file) + u')');
+    Logging().LogEvent(u"The text of a chapter is missing or can't be read: "_s + missing_.constLast());
   }
   Chapters.push_back(std::move(chapter));
 }

@@ -38,7 +38,8 @@ class clsQN2Project {
   /// Before each chapter is read; counted from 1.
   std::function<void(qint32)> LoadingNum;
 
-  /// Reads the file and all that belongs to it. False when no chapter of it could be read.
+  /// Reads the file and all that belongs to it. False when there is nothing to import: neither the text of a chapter
+  /// nor an actor nor anything that the file itself tells by a keyword.
   bool LoadProject(const QString& File);
   /// Position of an actor in Actors, by the name in any letters; -1 for an unknown one.
   qint32 ActorNum(const QString& name) const;
@@ -51,10 +52,11 @@ class clsQN2Project {
   void readChapter(const QString& title, QStringView rest, OldFolder& folder);
   void readDate(const QString& keyword, const QString& text, qint32& into);
   void readNumber(const QString& keyword, const QString& text, qint32& into);
+  void noteUnread(const QString& keyword, const QString& text);
   void addActor(const QString& name, OldFolder& actors);
 
   QHash<QString, qint32> actorNumbers_;
-  qint32 chaptersRead_ = 0;
+  bool isAnyRead_ = false;
   QStringList missing_;
   QStringList unread_;
 };

@@ -93,7 +93,9 @@ clsQN2Scene clsQN2Scene::ofWholeText(const QString& text) {
 }
 
 QByteArray clsQN2Scene::TextRTF() const {
-  if (const QByteArray bytes = Text.startsWith(u'{') ? CodePage::toBytes(Text) : QByteArray(); isRtf(bytes)) {
+  // RTF has no letters beyond the code page: a text with such is a plain one, and keeps them.
+  const bool mayBeRtf = Text.startsWith(u'{') && CodePage::canEncode(Text);
+  if (const QByteArray bytes = mayBeRtf ? CodePage::toBytes(Text) : QByteArray(); isRtf(bytes)) {
     return bytes;
   }
   return writeRtf(RichText::fromPlain(Text));

@@ -50,9 +50,18 @@ qsizetype shareLength(QStringView path) {
   return nextSeparator(path, nextSeparator(path, 2) + 1);
 }
 
+/// Windows' scripts say by their names alone that they are some.
+bool isBatchFile(const QFileInfo& file) {
+  const QString extension = file.suffix().toLower();
+  return Paths::separator() == u'\\' && (extension == u"bat"_s || extension == u"cmd"_s);
+}
+
 /// A file that may be run and is made for it. On a volume without such rights everything may be run, a text too.
 bool isExecutable(const QString& path) {
   const QFileInfo info(path);
+  if (info.isFile() && isBatchFile(info)) {
+    return true;
+  }
   QFile file(path);
   if (!info.isFile() || !info.isExecutable() || !file.open(QIODevice::ReadOnly)) {
     return false;
@@ -71,11 +80,11 @@ QString programOf(const QString& path) {
   return lastSeparator(path) < 0 ? QStandardPaths::findExecutable(path) : QString();
 }
 
-/// A document is opened in its program, which takes neither a parameter nor the word to stay hidden.
-bool start(const QString& file, const QStringList& arguments, bool hidden) {
+/// A document is opened in its program, which takes no parameter.
+bool start(const QString& file, const QStringList& arguments) {
   const QString path = Paths::native(file);
   const QString program = programOf(path);
-  return program.isEmpty() ? toolkit().openDocument(path) : toolkit().runProgram(program, arguments, hidden);
+  return program.isEmpty() ? toolkit().openDocument(path) : toolkit().runProgram(program, arguments, false);
 }
 
 }  // namespace
@@ -167,15 +176,16 @@ void cSharedFileSubs::CleanString(QString& Name) const {
 }
 
 bool cSharedFileSubs::RunFile(const QString& File) const {
-  return start(File, {}, false);
+  return start(File, {});
 }
 
 bool cSharedFileSubs::RunFileWithParam(const QString& File, const QString& Param) const {
-  return start(File, {Param}, false);
+  return start(File, {Param});
 }
 
 bool cSharedFileSubs::RunFileHidden(const QString& File) const {
-  return start(File, {}, true);
+  const QString program = programOf(Paths::native(File));
+  return !program.isEmpty() && toolkit().runProgram(program, {}, true);
 }
 
 cSharedFileSubs& Files() {

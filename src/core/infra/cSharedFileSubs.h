@@ -169,7 +169,7 @@ class cSharedFileSubs {
   bool RunFile(const QString& File) const;
   /// The parameter reaches a program as one, whatever blanks are in it.
   bool RunFileWithParam(const QString& File, const QString& Param) const;
-  /// What a program prints goes nowhere.
+  /// A program alone, no document: that would be seen. It runs in its own folder, and what it prints goes nowhere.
   bool RunFileHidden(const QString& File) const;
 };
 

@@ -331,12 +331,24 @@ void clsProject::Clear() {
   made_.clear();
   reloadWanted_ = false;
   rescueFolder_.clear();
+  ClearContents();
+}
+
+void clsProject::ClearContents() {
   Chapters.Clear();
   Chars.Clear();
   Locations.Clear();
   Scenes.Clear();
   Items.Clear();
   Notes.Clear();
+}
+
+void clsProject::UnlockFolder() {
+  lock_.reset();
+}
+
+void clsProject::LockFolder() {
+  lock_ = readOnly_ ? nullptr : std::make_unique<FolderLock>(Path());
 }
 
 void clsProject::cScenes_LoadingNum(qint32 number) {

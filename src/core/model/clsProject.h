@@ -162,6 +162,11 @@ class clsProject {
 
   /// Empties FileWithPath and the collections; scalar fields keep their values.
   void Clear();
+  /// Empties the collections; where the book stands, and what is known of its files there, stays.
+  void ClearContents();
+  /// Another book of the same folder may be opened meanwhile.
+  void UnlockFolder();
+  void LockFolder();
   /// A load or save is under way, or a walk over its scenes: nothing may replace or end the project now.
   bool IsBusy() const { return busy_; }
   /// Something was edited that the file doesn't hold. What another program has left there is no longer wanted in its

@@ -154,7 +154,12 @@ BackupOutcome backUpProject(clsProject& project, bool complete, bool weekdayFile
   if (!Files().FolderExists(project.Path())) {
     outcome.causes.append(u"The folder %1 is not there."_s.arg(project.Path()));
   } else {
-    Guard("BackupProject", "clsProject")([&] { complete ? packAll(project, outcome) : packProject(project, outcome); });
+    const QString cause = Guard("BackupProject", "clsProject").causeOf([&] {
+      complete ? packAll(project, outcome) : packProject(project, outcome);
+    });
+    if (!cause.isEmpty()) {
+      outcome.causes.append(cause);
+    }
   }
   const bool made = outcome.causes.isEmpty();
   outcome.result = made ? Result::Made : Result::Failed;

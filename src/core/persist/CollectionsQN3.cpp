@@ -1,6 +1,5 @@
 #include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
-#include "core/infra/cSharedFileSubs.h"
 #include "core/model/Collections.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -72,11 +71,12 @@ ListRead<Traits> readList(const QString& file, OlderFiles& from, Fill fill) {
   }
   read.isThere = true;
   const Guard guard("ImportQN3", Traits::kModule);
+  from.noteLost(*entries, list);
   for (const QString& entry : entries->list(list)) {
     guard([&] {
       const auto content = from.read(entry);
       if (!content) {
-        from.noteMissing(called + u' ' + Files().FileOnly(entry));
+        from.noteMissing(called + u' ' + OldFolder::shown(entry));
         throw RuntimeError(kImportFailed, u"Error loading "_s + called + u' ' + entry + u". Project load cancelled"_s);
       }
       const auto entity = std::make_shared<typename Traits::Entity>();

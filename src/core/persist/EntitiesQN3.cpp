@@ -38,6 +38,7 @@ void clsChapter::ImportQN3(const KeyedFile& file, OlderFiles& from) {
   Unused = file.boolean(u"Unused"_s);
   DescText = file.decoded(u"Desc"_s);
   from.importText(file, u"DescFile"_s, DescText);
+  from.noteLostIDs(file, u"Scenes"_s, u"chapter "_s + Title);
   addAll(file.ids(u"Scenes"_s), "clsChapter", scenes_);
 }
 
@@ -79,15 +80,25 @@ void clsScene::ImportQN3(const KeyedFile& file, OlderFiles& from, SceneFolder& t
   Clear();
   Title = file.text(u"Title"_s, u"Unnamed Scene"_s);
   id_ = file.integer32(u"ID"_s);
-  rtfFilename_ = SceneFolder::bareName(file.text(u"RTFFile"_s).trimmed());
-  if (!SceneFile(*this).load(texts)) {
+  const QString named = file.text(u"RTFFile"_s).trimmed();
+  rtfFilename_ = SceneFolder::bareName(named);
+  const bool isRead = SceneFile(*this).load(texts);
+  if (!isRead) {
     // Its plan is worth keeping, and the text may turn up.
     textUnread_ = true;
     from.noteMissing(u"the text of "_s + calledScene(Title) + u" ("_s +
-                     (rtfFilename_.isEmpty() ? u"no file is named"_s : rtfFilename_) + u')');
+                     (named.isEmpty() ? u"no file is named"_s : OldFolder::shown(named)) + u')');
+  }
+  // The book could not be opened again with such a name: the save gives a new one, and what bears the old one stays.
+  if (isRead ? !SceneFolder::isNameForProjectFile(rtfFilename_) : !texts.isFree(rtfFilename_)) {
+    rtfFilename_.clear();
+    stored_ = {};
   }
   importPlan(file);
   from.importText(file, u"DescFile"_s, DescText);
+  for (const QString& list : {u"Characters"_s, u"Locations"_s, u"Items"_s}) {
+    from.noteLostIDs(file, list, calledScene(Title));
+  }
   importLists(file);
 }
 

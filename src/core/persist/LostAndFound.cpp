@@ -1,6 +1,5 @@
 #include "core/persist/LostAndFound.h"
 
-#include "core/infra/CodePage.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
@@ -33,12 +32,6 @@ QString rtfFolder() {
 /// Names that some system takes for the same file are the same here.
 QString asName(const QString& fileName) {
   return fileName.toCaseFolded();
-}
-
-/// Raw in the project file, and nothing but a name when it is read.
-bool isNameForProjectFile(const QString& name) {
-  const bool isPlain = std::none_of(name.begin(), name.end(), [](QChar c) { return c == u'<' || c < u' '; });
-  return isPlain && CodePage::canEncode(name) && name == name.trimmed() && name == Files().FileOnly(name);
 }
 
 QString cutAtWord(const QString& line, qsizetype most) {
@@ -110,7 +103,7 @@ void addFiles(std::vector<LostText>& lost, const QSet<QString>& named) {
 }  // namespace
 
 bool clsScene::TakeRTFFile(const QString& name) {
-  if (!isNameForProjectFile(name)) {
+  if (!SceneFolder::isNameForProjectFile(name)) {
     return false;
   }
   const QString before = std::exchange(rtfFilename_, name);

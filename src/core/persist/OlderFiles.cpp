@@ -7,7 +7,9 @@
 #include "core/infra/Paths.h"
 #include "core/infra/WholeText.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLogging.h"
 #include "core/model/clsProject.h"
+#include "core/persist/OlderDate.h"
 #include "core/text/Tags.h"
 
 #include <algorithm>
@@ -15,8 +17,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// As those programs wrote it: a present editor may have saved it with a mark, another one with ends of another
+/// system.
+QByteArray asWritten(QByteArray content) {
+  if (content.startsWith("\xEF\xBB\xBF")) {
+    content = CodePage::toMarkedBytes(WholeText::fromBytes(content));
+  }
+  return content.contains('\n') ? content : content.replace('\r', '\n');
+}
+
+}  // namespace
+
 KeyedFile::KeyedFile(const QByteArray& content) {
-  for (const QByteArray& line : KeyedLines::of(content)) {
+  for (const QByteArray& line : KeyedLines::of(asWritten(content))) {
     if (const auto parts = KeyedLines::parted(line)) {
       values_.insert(parts->key.trimmed().toUpper(), parts->value);
     }
@@ -46,27 +61,30 @@ bool KeyedFile::boolean(const QString& key) const {
 }
 
 qint32 KeyedFile::date(const QString& key) const {
-  const QString value = text(key).trimmed();
-  return value.isEmpty() ? 0 : Numbers::DayNumber(CodePage::toBytes(value));
+  return olderDay(text(key));
 }
 
 // The keys are looked through, not the numbers: a damaged count may be anything.
-QStringList KeyedFile::list(const QString& name) const {
+KeyedFile::Entries KeyedFile::entries(const QString& name) const {
   const QString prefix = name.toUpper() + u'_';
-  const QString index = prefix + u"INDEX"_s;
-  const bool isCounted = values_.contains(name.toUpper()) || values_.contains(index);
-  const int count = isCounted ? std::max(integer32(name), integer32(index)) : std::numeric_limits<int>::max();
-  std::vector<std::pair<int, QString>> entries;
+  Entries found;
   for (auto entry = values_.keyValueBegin(); entry != values_.keyValueEnd(); ++entry) {
     const int number = entry->first.startsWith(prefix) ? QStringView(entry->first).sliced(prefix.size()).toInt() : 0;
-    if (number > 0 && number <= count) {
-      entries.emplace_back(number, entry->second);
+    if (number > 0) {
+      found.emplace_back(number, entry->second);
     }
   }
-  std::sort(entries.begin(), entries.end());
+  std::sort(found.begin(), found.end());
+  return found;
+}
+
+QStringList KeyedFile::list(const QString& name) const {
+  const qint32 count = counted(name).value_or(std::numeric_limits<qint32>::max());
   QStringList values;
-  for (const auto& [number, value] : entries) {
-    values.append(value);
+  for (const auto& [number, value] : entries(name)) {
+    if (number <= count) {
+      values.append(value);
+    }
   }
   return values;
 }
@@ -81,8 +99,42 @@ std::vector<qint32> KeyedFile::ids(const QString& name) const {
   return numbers;
 }
 
+std::optional<qint32> KeyedFile::counted(const QString& name) const {
+  std::optional<qint32> count;
+  for (const QString& key : {name, name + u"_INDEX"_s}) {
+    bool isNumber = false;
+    text(key).trimmed().toDouble(&isNumber);
+    if (isNumber) {
+      count = std::max({0, count.value_or(0), integer32(key)});
+    }
+  }
+  return count;
+}
+
+qint32 KeyedFile::found(const QString& name) const {
+  return static_cast<qint32>(entries(name).size());
+}
+
 OlderFiles::OlderFiles(const clsProject& project)
-    : folder_(project.Path() + Files().NameOnDisk(project.Path(), u"Data"_s) + Paths::separator()) {}
+    : folder_(project.Path(), project.Path() + Files().NameOnDisk(project.Path(), u"Data"_s) + Paths::separator()) {}
+
+void OlderFiles::noteLost(const KeyedFile& from, const QString& list, const QString& where) {
+  const std::optional<qint32> counted = from.counted(list);
+  if (const qint32 found = from.found(list); counted && *counted != found) {
+    miscounted_.append(list + (where.isEmpty() ? QString() : u" of "_s + where) +
+                       u" (%1 counted, %2 found)"_s.arg(*counted).arg(found));
+    Logging().LogEvent(u"Miscounted in the old project: "_s + miscounted_.constLast());
+  }
+}
+
+void OlderFiles::noteLostIDs(const KeyedFile& from, const QString& list, const QString& where) {
+  noteLost(from, list, where);
+  for (const QString& entry : from.list(list)) {
+    if (Numbers::ToInt(entry) == 0 && entry.trimmed() != u"0"_s) {
+      noteUnread(list + u" of "_s + where + u": \""_s + entry.trimmed() + u'"');
+    }
+  }
+}
 
 std::optional<KeyedFile> OlderFiles::read(const QString& name) {
   const auto content = folder_.read(name);
@@ -101,6 +153,16 @@ void OlderFiles::importText(const KeyedFile& from, const QString& key, QString& 
   }
 }
 
+void OlderFiles::noteMissing(const QString& what) {
+  Logging().LogEvent(u"Missing in the old project, or not to be read: "_s + what);
+  missing_.append(what);
+}
+
+void OlderFiles::noteUnread(const QString& what) {
+  Logging().LogEvent(u"Not understood in the old project: "_s + what);
+  unread_.append(what);
+}
+
 QStringList OlderFiles::findings() const {
   QStringList sentences;
   const auto tell = [&](const QString& what, const QStringList& names) {
@@ -109,6 +171,7 @@ QStringList OlderFiles::findings() const {
     }
   };
   tell(u"Missing in the old project, or not to be read: "_s, missing_);
+  tell(u"Lists that count other than they hold, so something of them may be lost: "_s, miscounted_);
   tell(u"Not understood, and left empty: "_s, unread_);
   return sentences;
 }

@@ -6,10 +6,14 @@
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 #include "core/persist/OlderFiles.h"
 #include "core/persist/ProjectLoader.h"
 #include "core/persist/ProjectRepair.h"
 
+#include <QDir>
+
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <optional>
@@ -23,8 +27,8 @@ namespace {
 
 QString whyNotRead(const QString& file) {
   return u"The Quillane 3 project "_s + file +
-         u" can't be converted: none of its lists of chapters, scenes, characters, locations and items could be read "
-         "from the folder Data beside it. (If you moved the QN3 file without its folders Data and RTF, just put it "
+         u" can't be converted: neither its list of chapters nor that of scenes could be read from the folder Data "
+         "beside it. (If you moved the QN3 file without its folders Data and RTF, just put it "
          "back where it was.) Nothing was changed."_s;
 }
 
@@ -48,6 +52,54 @@ QString convertedNotice(const QString& name) {
 QString keptNotice(const QString& file, const QString& converted) {
   return u"READ THIS CAREFULLY!\nYour Quillane 3 project has been converted to Quillane 4, and is "_s + converted +
          u" now. Your old project file has kept its name: "_s + file;
+}
+
+/// The folder of the texts before the conversion is saved.
+class OldTexts {
+ public:
+  explicit OldTexts(const clsProject& project)
+      : project_(project), folder_(project.RTFFolder()), wasThere_(QDir(folder_).exists()), names_(namesNow()) {}
+
+  /// Empty files that a failed save has made for texts that are missing would be taken for these the next time.
+  void removeNew() const {
+    for (const auto& scene : project_.Scenes) {
+      const QString& name = scene->RTFFilename();
+      if (!name.isEmpty() && !names_.contains(name) && scene->TextUnread()) {
+        Files().EraseFile(folder_ + name);
+      }
+    }
+    if (!wasThere_) {
+      QDir().rmdir(folder_);
+    }
+  }
+
+ private:
+  QStringList namesNow() const { return QDir(folder_).entryList(QDir::AllEntries | QDir::Hidden | QDir::System); }
+
+  const clsProject& project_;
+  QString folder_;
+  bool wasThere_;
+  QStringList names_;
+};
+
+/// The file is called ".bak" now. One of that name goes only once the new one is there.
+bool tookBakName(const QString& file) {
+  const QString kept = file + u".bak"_s;
+  const QString aside = kept + u".former"_s;
+  const bool hasFormer = Files().FileExists(kept);
+  if (hasFormer && !Files().MoveFile(kept, aside)) {
+    return false;
+  }
+  if (!Files().MoveFile(file, kept)) {
+    if (hasFormer) {
+      Files().MoveFile(aside, kept);
+    }
+    return false;
+  }
+  if (hasFormer) {
+    Files().EraseFile(aside);
+  }
+  return true;
 }
 
 }  // namespace
@@ -86,8 +138,7 @@ bool ProjectLoader::ImportQN3(const QString& file, bool showProgress) {
   project_.QN3FileMode = true;
   project_.FileWithPath = file;
   project_.SourceFile = file;
-  FileStamp stamp;
-  const std::optional<QByteArray> content = readWholeFile(Paths::native(file), Links::Followed, &stamp);
+  const std::optional<QByteArray> content = readWholeFile(Paths::native(file));
   const KeyedFile settings(content.value_or(QByteArray()));
   OlderFiles from(project_);
   project_.CopySettingsToVariables(settings, from);
@@ -104,29 +155,32 @@ bool ProjectLoader::ImportQN3(const QString& file, bool showProgress) {
       Step{u"Loading Characters"_s, [&] { return into.Chars.ImportQN3(into.CharacterFile, from); }},
       Step{u"Loading Items"_s, [&] { return into.Items.ImportQN3(into.ItemFile, from); }},
   };
-  bool isAnyRead = false;
-  for (const Step& step : steps) {
-    work.setCaption(step.caption);
-    isAnyRead = step.read() || isAnyRead;
+  std::array<bool, 5> isThere{};
+  for (size_t i = 0; i < steps.size(); ++i) {
+    work.setCaption(steps[i].caption);
+    isThere[i] = steps[i].read();
   }
   findings_ = from.findings() + ProjectRepair(project_).run();
   work.setCaption(u"Loading Complete"_s);
   // The book stands in the old one's folder, and a save asks before it replaces what else is there.
   project_.storedIn_ = file;
-  project_.stored_ = stamp;
   project_.freshlyRead_ = true;
-  return isAnyRead;
+  // A book of items alone is no conversion of one whose chapters and scenes are lost.
+  const bool hasText = !into.ChapterFile.isEmpty() || !into.SceneFile.isEmpty();
+  const auto last = hasText ? isThere.begin() + 2 : isThere.end();
+  return std::find(isThere.begin(), last, true) != last;
 }
 
 bool ProjectLoader::saveConverted(const QString& file) {
   project_.FileWithPath = Files().FileWithoutExt(project_.SourceFile) + u".qn4"_s;
+  const OldTexts before(project_);
   if (!project_.SaveQN4(true) || !Files().FileExists(project_.FileWithPath)) {
+    before.removeNew();
     toolkit().MsgBox(notSaved(file));
     return false;
   }
-  const QString kept = file + u".bak"_s;
   const bool isHere = Paths::areSame(Files().PathOnly(file), project_.Path());
-  const bool isRenamed = isHere && Files().EraseFile(kept) && Files().MoveFile(file, kept);
+  const bool isRenamed = isHere && tookBakName(file);
   toolkit().MsgBox(isRenamed ? convertedNotice(Files().FileOnly(file)) : keptNotice(file, project_.FileWithPath));
   return true;
 }

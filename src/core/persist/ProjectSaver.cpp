@@ -3,11 +3,13 @@
 #include "core/infra/FileChannels.h"
 #include "core/infra/FolderLock.h"
 #include "core/infra/Guard.h"
+#include "core/infra/MayReplace.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSHAREDShowError.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
+#include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -198,7 +200,8 @@ QString ProjectSaver::extensionGiven(const QString& extension) const {
 
 bool ProjectSaver::saveBook(bool showProgress, const QString& own) {
   const bool saved = save(showProgress, Form::Folder, own);
-  if (saved && !leavesFile_ && behindEachSave()) {
+  // A book that isn't the open one yet has nothing to log.
+  if (saved && !leavesFile_ && &project_ == g_Project.get() && behindEachSave()) {
     Guard("WriteProgressLog", "clsProject")(behindEachSave());
   }
   return saved;
@@ -270,8 +273,7 @@ bool ProjectSaver::askForFile(const QString& folder, Form form) {
 // The dialog has asked about the name that was typed, not about what we have made of it.
 bool ProjectSaver::mayTakeName(const QString& typed) const {
   const QString& path = project_.FileWithPath;
-  return path == typed || !Files().FileExists(path) || Paths::areSame(path, project_.storedIn_) ||
-         toolkit().MsgBox(path + u" already exists. Do you want to replace it?"_s, Buttons::NoUnlessYes) == Answer::Yes;
+  return path == typed || Paths::areSame(path, project_.storedIn_) || mayReplace(path);
 }
 
 bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {

@@ -64,6 +64,21 @@ void logUnsaved(const QString& path) {
   Logging().LogEvent(u"Could not save "_s + path);
 }
 
+/// Until the file of the older project that the book comes from is renamed, the folder Data beside it is that one's.
+bool isDataOfOlderProject() {
+  const QString& source = g_Project->SourceFile;
+  return clsProject::IsQN3(source) && Paths::areSame(Files().PathOnly(source), g_Project->Path()) &&
+         Files().FileExists(source);
+}
+
+/// What an older project or another program has left in the folder is never called like this.
+QString mirrorNameOf(const QString& rtfFile) {
+  const QString mark = u"Plain_"_s;
+  QString name = Files().FileWithoutExt(rtfFile) + u".txt"_s;
+  name.replace(u"RTF_"_s, mark);
+  return name.startsWith(mark) ? name : mark + name;
+}
+
 }  // namespace
 
 // What a window saves by itself: there is somebody to ask.
@@ -138,7 +153,7 @@ bool clsScenes::SaveScenesText(bool force, bool overOthers, QString* cause) cons
 }
 
 QString SceneFile::mirrorFolder() {
-  if (!Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s))) {
+  if (!Numbers::ToBool(Settings().sGet(u"CreateTextToo"_s)) || isDataOfOlderProject()) {
     return {};
   }
   const QString project = g_Project->Path();
@@ -294,8 +309,7 @@ bool SceneFile::keepUndecodedText() const {
 
 // The mirror is for other programs: it is written where it differs, and in a form that holds every letter.
 void SceneFile::writePlainMirror(const QString& folder) const {
-  QString name = Files().FileWithoutExt(scene_.rtfFilename_) + u".txt"_s;
-  name.replace(u"RTF_"_s, u"Plain_"_s);
+  const QString name = mirrorNameOf(scene_.rtfFilename_);
   if (scene_.mirroredStamp_ == scene_.textStamp_ && QFileInfo(folder + name).isFile()) {
     return;
   }

@@ -1,5 +1,6 @@
 #include "core/persist/SceneFolder.h"
 
+#include "core/infra/CodePage.h"
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/cSharedFileSubs.h"
@@ -7,8 +8,10 @@
 #include "core/model/clsProject.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -34,8 +37,26 @@ QString SceneFolder::bareName(const QString& stored) {
   return name == u"."_s || name == u".."_s || name.contains(QChar(u'\0')) ? QString() : name;
 }
 
+bool SceneFolder::isNameForProjectFile(const QString& name) {
+  const bool isPlain = std::none_of(name.begin(), name.end(), [](QChar c) { return c == u'<' || c < u' '; });
+  return isPlain && CodePage::canEncode(name) && name == name.trimmed() && name == Files().FileOnly(name);
+}
+
+bool SceneFolder::isFree(const QString& name) const {
+  constexpr qsizetype kMostBytes = 200;
+  const bool hasReserved =
+      std::any_of(name.begin(), name.end(), [](QChar c) { return QStringView(u"\\/:*?<>|\"").contains(c); });
+  const QFileInfo there(path_ + name);
+  return !name.isEmpty() && isNameForProjectFile(name) && !hasReserved &&
+         QFile::encodeName(name).size() <= kMostBytes && !there.exists() && !there.isSymLink();
+}
+
 bool SceneFolder::leadsOut(const clsProject& project, const QString& file) {
-  const QString own = QFileInfo(project.Path()).canonicalFilePath();
+  return leadsOut(project.Path(), file);
+}
+
+bool SceneFolder::leadsOut(const QString& projectFolder, const QString& file) {
+  const QString own = QFileInfo(projectFolder).canonicalFilePath();
   const QFileInfo about(file);
   const QString folder = QFileInfo(about.path()).canonicalFilePath();
   // What isn't there leads nowhere; a broken link may lead anywhere.

@@ -27,8 +27,13 @@ class SceneFolder {
 
   /// The name of a file in this folder and nowhere else, of what is stored as a scene's file; empty where that is none.
   static QString bareName(const QString& stored);
+  /// A file's name that comes back from the project file, where it stands raw.
+  static bool isNameForProjectFile(const QString& name);
+  /// The same, and a new file may get it.
+  bool isFree(const QString& name) const;
   /// True for a file that is a link to somewhere outside the project's folder, or in a folder that is one.
   static bool leadsOut(const clsProject& project, const QString& file);
+  static bool leadsOut(const QString& projectFolder, const QString& file);
 
  private:
   std::optional<File> readAs(const QString& name) const;

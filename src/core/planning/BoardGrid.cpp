@@ -1,5 +1,7 @@
 #include "core/planning/BoardGrid.h"
 
+#include "core/planning/Rgb.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -11,10 +13,6 @@ constexpr double kExtraHeight = 500;
 constexpr double kBarShare = 0.3;
 constexpr double kNameShare = 0.35;
 constexpr double kNameBelow = 50;
-
-constexpr quint32 rgb(quint32 red, quint32 green, quint32 blue) {
-  return red | green << 8 | blue << 16;
-}
 
 constexpr std::array kRowColours{rgb(0, 0, 255),   rgb(192, 0, 0),     rgb(128, 0, 128), rgb(0, 128, 0),
                                  rgb(255, 128, 0), rgb(255, 192, 255), rgb(0, 176, 0),   rgb(128, 64, 0),

@@ -1,5 +1,7 @@
 #include "core/planning/RatingsChart.h"
 
+#include "core/planning/Rgb.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -16,10 +18,6 @@ constexpr double kLabelLeft = 100;
 constexpr double kLabelAbove = 300;
 constexpr double kLevel = 120;
 constexpr int kLevels = 3;
-
-constexpr quint32 rgb(quint32 red, quint32 green, quint32 blue) {
-  return red | green << 8 | blue << 16;
-}
 
 constexpr std::array<quint32, SceneRatings::kFields> kColours{rgb(0, 0, 255), rgb(0, 128, 0), rgb(255, 0, 0),
                                                               rgb(128, 128, 128)};

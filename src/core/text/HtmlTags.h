@@ -60,6 +60,8 @@ class HtmlTags {
   void text(QStringView html);
   /// Closes what is closing: not even blanks come into it any more.
   void writeClosed();
+  /// Opens what is asked for: even blanks come into it.
+  void writeTags();
   /// Closes what is open and gives the whole; breaks that no text came behind are none.
   QString finish();
 
@@ -81,7 +83,6 @@ class HtmlTags {
   void dropAsked(HtmlCode code);
   void closeFrom(size_t first, bool keepsTied);
   void writeBreak();
-  void writeTags();
 
   std::vector<Pair> Codes;      ///< In force, in order of opening; those that are closing stand at the end.
   std::vector<Pair> NextCodes;  ///< Asked for since text was last written.

@@ -15,14 +15,15 @@ constexpr bool isPlain(char16_t unit) {
   return (unit >= u' ' && unit < 0x7F && unit != u'&' && unit != u'<' && unit != u'>') || unit == u'\t';
 }
 
-/// Halves of pairs are nothing by themselves.
+/// Halves of pairs are nothing by themselves. References to what stands from 0x80 to 0x9F are read as other characters.
 bool hasNoPlace(char32_t character) {
-  return character < U' ' || character == 0x7F || QChar::isNonCharacter(character) || QChar::isSurrogate(character);
+  return character < U' ' || (character >= 0x7F && character < 0xA0) || QChar::isNonCharacter(character) ||
+         QChar::isSurrogate(character);
 }
 
 void appendReference(QString& html, char32_t character) {
   if (hasNoPlace(character)) {
-    html.append(QChar(character).isSpace() ? u" "_s : QString());
+    html.append(QChar::isSpace(character) ? u" "_s : QString());
     return;
   }
   const QLatin1StringView name =

@@ -2,6 +2,7 @@
 
 #include "core/text/HtmlText.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -30,15 +31,31 @@ QString colourName(quint32 blueGreenRed) {
   return u'#' + QString::number(redGreenBlue, 16).rightJustified(6, u'0');
 }
 
+/// Where a paragraph stands when it isn't at the left; empty for one that is.
+QLatin1StringView placeOf(const ParagraphFormat& paragraph) {
+  using Alignment = ParagraphFormat::Alignment;
+  return paragraph.alignment == Alignment::Centre  ? "center"_L1
+         : paragraph.alignment == Alignment::Right ? "right"_L1
+                                                   : QLatin1StringView();
+}
+
 /// A number is told to the reader's program, which counts and shows it: it is no text.
-QString itemTag(const ListMark& mark, int number) {
+QString itemTag(const ParagraphFormat& paragraph, int number) {
   static constexpr std::array kStyles{"decimal"_L1, "upper-alpha"_L1, "lower-alpha"_L1, "upper-roman"_L1,
                                       "lower-roman"_L1};
-  if (!mark.isNumbered()) {
-    return u"<li>"_s;
+  const ListMark& mark = paragraph.list;
+  const QLatin1StringView place = placeOf(paragraph);
+  QStringList looks;
+  QString value;
+  if (mark.isNumbered()) {
+    const auto style = static_cast<size_t>(mark.style) - static_cast<size_t>(ListMark::Style::Decimal);
+    looks.append("list-style-type:"_L1 + kStyles[style]);
+    value = " value=\""_L1 + QString::number(number) + u'"';
   }
-  const auto style = static_cast<size_t>(mark.style) - static_cast<size_t>(ListMark::Style::Decimal);
-  return "<li style=\"list-style-type:"_L1 + kStyles[style] + "\" value=\""_L1 + QString::number(number) + "\">"_L1;
+  if (!place.isEmpty()) {
+    looks.append("text-align:"_L1 + place);
+  }
+  return looks.isEmpty() ? u"<li>"_s : "<li style=\""_L1 + looks.join(u';') + u'"' + value + u'>';
 }
 
 }  // namespace
@@ -49,7 +66,7 @@ RichHtml::RichHtml(const RichText& text, const Rtf2HtmlOptions& options)
 QString RichHtml::write() {
   next_ = blockOf(*text_.paragraph(0).format);
   text_.visit(*this);
-  return tags_.finish();
+  return tags_.finish() + notes();
 }
 
 // Each item of a list has a block of its own. A block begins and ends a line by itself. It stands outside of all
@@ -63,11 +80,12 @@ void RichHtml::beginParagraph() {
   if (hasLineInFront) {
     tags_.dropBreak();
   }
-  // A break directly in front of a block ends a line and makes none.
-  if (tags_.hasBreak() && block_.tag.isEmpty()) {
+  tags_.closeAll();
+  tags_.writeClosed();
+  // A break directly in front of a block ends a line that is there and makes none.
+  if (hasLineInFront && tags_.hasBreak() && block_.tag.isEmpty()) {
     tags_.text(u" ");
   }
-  tags_.closeAll();
   format_ = nullptr;
   codes_ = 0;
   if (!next_.tag.isEmpty()) {
@@ -77,16 +95,12 @@ void RichHtml::beginParagraph() {
 }
 
 RichHtml::Block RichHtml::blockOf(const ParagraphFormat& paragraph) {
-  using Alignment = ParagraphFormat::Alignment;
   const int number = numbering_.next(paragraph.list);
   if (paragraph.list.style != ListMark::Style::None) {
-    return {HtmlCode::ListItem, itemTag(paragraph.list, number)};
+    return {HtmlCode::ListItem, itemTag(paragraph, number)};
   }
-  const bool isCentred = paragraph.alignment == Alignment::Centre;
-  if (isCentred || paragraph.alignment == Alignment::Right) {
-    return {HtmlCode::Alignment, alignmentTag(isCentred ? "center"_L1 : "right"_L1)};
-  }
-  return {};
+  const QLatin1StringView place = placeOf(paragraph);
+  return place.isEmpty() ? Block() : Block{HtmlCode::Alignment, alignmentTag(place)};
 }
 
 RichHtml::Look RichHtml::madeLook(const CharFormat& format) const {
@@ -133,16 +147,70 @@ void RichHtml::text(QStringView units, const CharFormat& format) {
   if (format.hidden) {
     return;
   }
+  words_.resize(0);
+  HtmlText::append(words_, wholePairs(units));
+  if (words_.isEmpty()) {
+    return;
+  }
   if (!isBegun_) {
     beginParagraph();
   }
   setFormat(format);
-  words_.resize(0);
-  HtmlText::append(words_, wholePairs(units));
-  if (!words_.isEmpty()) {
-    tags_.writeClosed();
-    tags_.text(words_);
+  // The block makes the line, also one of blanks.
+  if (tags_.isAsked(block_.code)) {
+    tags_.writeTags();
   }
+  tags_.writeClosed();
+  tags_.text(words_);
+}
+
+void RichHtml::object(const CharFormat& format) {
+  const InlineObject& object = *format.object;
+  const bool isBehindTheText =
+      object.kind == InlineObject::Kind::Footnote || object.kind == InlineObject::Kind::Endnote;
+  const QString words =
+      isBehindTheText && object.content && !format.hidden ? object.content->plainText().trimmed() : QString();
+  if (words.isEmpty()) {
+    return;
+  }
+  half_.clear();
+  notes_.append(words);
+  noteNumber(format);
+}
+
+void RichHtml::noteNumber(const CharFormat& format) {
+  if (!isBegun_) {
+    beginParagraph();
+  }
+  setFormat(format);
+  const bool isLow = (codes_ & bitOf(HtmlCode::Subscript)) != 0;
+  const bool isHigh = (codes_ & bitOf(HtmlCode::Superscript)) != 0;
+  if (isLow) {
+    tags_.close(HtmlCode::Subscript);
+  }
+  tags_.open(HtmlCode::Superscript);
+  tags_.text(QString::number(notes_.size()));
+  if (!isHigh) {
+    tags_.close(HtmlCode::Superscript);
+  }
+  if (isLow) {
+    tags_.open(HtmlCode::Subscript);
+  }
+}
+
+/// An empty line parts them from the text, whose last block may have ended its line.
+QString RichHtml::notes() const {
+  const QString lineEnd = "<br>"_L1 + options_.LineEnd;
+  QString html;
+  for (qsizetype i = 0; i < notes_.size(); ++i) {
+    html += (i == 0 && block_.tag.isEmpty() ? lineEnd : QString()) + lineEnd + "<sup>"_L1 + QString::number(i + 1) +
+            "</sup>"_L1;
+    QStringList lines = notes_[i].split(u"\r\n"_s);
+    std::transform(lines.begin(), lines.end(), lines.begin(),
+                   [](const QString& line) { return HtmlText::escaped(line); });
+    html += u' ' + lines.join(lineEnd);
+  }
+  return html;
 }
 
 // A format can change inside a pair.

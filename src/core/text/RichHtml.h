@@ -3,12 +3,13 @@
 #include "core/text/HtmlTags.h"
 #include "core/text/ListMark.h"
 #include "core/text/RichText.h"
-#include "core/text/mSHAREDRtf2Html3.h"
+#include "core/text/Rtf2HtmlOptions.h"
 
 #include <QHash>
+#include <QStringList>
 
-/// A rich text as HTML: all that its plain text says, escaped, each format exactly where it is in force. One object
-/// writes one text.
+/// A rich text as HTML: all that its plain text says, escaped, each format exactly where it is in force. Footnotes and
+/// endnotes are numbered, and stand behind the text without formats; comments stay out. One object writes one text.
 class RichHtml {
  public:
   RichHtml(const RichText& text, const Rtf2HtmlOptions& options);
@@ -17,7 +18,7 @@ class RichHtml {
 
   // What RichText::visit calls.
   void text(QStringView units, const CharFormat& format);
-  void object(const CharFormat&) {}
+  void object(const CharFormat& format);
   void lineBreak(const CharFormat& format);
   void paragraphEnd(const CharFormat& format, const ParagraphFormat& paragraph);
 
@@ -39,6 +40,8 @@ class RichHtml {
   Look madeLook(const CharFormat& format) const;
   void setFormat(const CharFormat& format);
   QStringView wholePairs(QStringView units);
+  void noteNumber(const CharFormat& format);
+  QString notes() const;
 
   const RichText& text_;
   Rtf2HtmlOptions options_;
@@ -53,6 +56,7 @@ class RichHtml {
   bool hasText_ = false;
   bool isBegun_ = false;  ///< Some text of the paragraph was written.
   QString words_{};       ///< Of one piece, escaped.
+  QStringList notes_{};   ///< Those whose numbers were written.
   QString half_{};        ///< Of a pair, from the end of the piece in front.
   QString joined_{};      ///< With the piece that it belongs to.
 };

@@ -155,7 +155,7 @@ void RtfHtml::next() {
     skip();
     return;
   }
-  depth_ += token_ == Token::Open ? 1 : token_ == Token::Close ? -1 : 0;
+  countGroup();
   if (token_ == Token::Word && (action_ == Action::Skip || action_ == Action::Item)) {
     SkipDepth = 1;
   }
@@ -167,6 +167,15 @@ void RtfHtml::next() {
 void RtfHtml::skip() {
   SkipDepth += token_ == Token::Open ? 1 : token_ == Token::Close ? -1 : 0;
   if (SkipDepth == 0) {
+    countGroup();
+  }
+}
+
+// A brace that closes nothing leaves the groups behind it what they are.
+void RtfHtml::countGroup() {
+  if (token_ == Token::Open) {
+    ++depth_;
+  } else if (token_ == Token::Close && depth_ > 0) {
     --depth_;
   }
 }
@@ -239,6 +248,10 @@ void RtfHtml::readWord() {
 }
 
 void RtfHtml::handle() {
+  // Line ends alone are no token.
+  if (token_ == Token::Text && words_.isEmpty()) {
+    return;
+  }
   if (SkipTokens > 0) {
     --SkipTokens;
     return;
@@ -257,9 +270,7 @@ void RtfHtml::handle() {
       act();
       return;
     case Token::Text:
-      if (!words_.isEmpty()) {
-        text(words_);
-      }
+      text(words_);
   }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/text/HtmlTags.h"
-#include "core/text/mSHAREDRtf2Html3.h"
+#include "core/text/Rtf2HtmlOptions.h"
 
 #include <QByteArrayView>
 #include <QString>
@@ -27,6 +27,7 @@ class RtfHtml {
   void takeText();
   void next();
   void skip();
+  void countGroup();
   void handle();
   void act();
   void readTable();

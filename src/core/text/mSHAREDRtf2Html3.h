@@ -16,13 +16,3 @@
 /// Without "+U" the reading is a simple one: it knows what a rich-text control writes and passes over the rest, also
 /// typographic quotes and dashes, and leaves markup in the text as it is.
 QString Rtf2Html(const QByteArray& rtf, QStringView options);
-
-/// What the options say.
-struct Rtf2HtmlOptions {
-  explicit Rtf2HtmlOptions(QStringView options);
-
-  QString LineEnd;  ///< Behind each "<br>".
-  qint16 BaseSize = 0;
-  bool UseFontFaces = true;
-  bool isWhole = false;  ///< "+U".
-};

@@ -340,7 +340,8 @@ bool frmImportWIP::projectFileIsGood() {
   QString complaint;
   if (file.isEmpty()) {
     complaint = u"You must select a project file"_s;
-  } else if (extensionOf(file) != u"qn4") {
+  } else if (extensionOf(file) != u"qn4" && !Paths::areSame(file, g_Project->FileWithPath)) {
+    // What is open is saved as a QN4 file in any case.
     complaint = u"Unsupported format. Please specify a QN4 file."_s;
   } else if (!Files().FileExists(file)) {
     complaint = NewBookFolder::whyNot(Files().PathOnly(file));
@@ -354,8 +355,19 @@ bool frmImportWIP::readManuscript() {
   std::optional<WorkImport> read;
   RtfLosses losses;
   const QString cause = Guard("cmdNext_Click", kModule).causeOf([&] {
-    LongWork work(*g_Project, u"Reading "_s + Files().FileOnly(file), false, LongWork::Stop::Offered);
-    const RichText text = Manuscript::read(Manuscript::bytesOf(file), *Manuscript::kindOf(file), &losses);
+    LongWork work(*g_Project, u"Reading "_s + Files().FileOnly(file), Manuscript::takesLong(file),
+                  LongWork::Stop::Offered);
+    const QByteArray bytes = Manuscript::bytesOf(file);
+    work.setCaption(u"Reading "_s + Files().FileOnly(file));
+    if (work.stopWanted()) {
+      return;
+    }
+    const RichText text = Manuscript::read(bytes, *Manuscript::kindOf(file), &losses);
+    work.showIfLong();
+    work.setCaption(u"Looking for chapters"_s);
+    if (work.stopWanted()) {
+      return;
+    }
     qint32 scenes = 0;
     read = WorkImport::cut(text, [&] {
       work.showIfLong();

@@ -24,10 +24,10 @@ TEST(HtmlExport, TheUsedChaptersOfTheRangeBecomeOnePage) {
                            "<b>one</b><BR>\r\n &nbsp; &nbsp; two&rsquo;s &mdash; 1 &lt; 2\r\n"
                            "<BR><BR><BR><center>* * *</center><BR><BR>\r\n";
   const QByteArray foot = "</font>\r\n</Td></Tr></Table>\r\n</BODY></HTML>\r\n";
-  EXPECT_EQ(ExportToHTML({1, 1, false}, step), head + empty.repeated(3) + first + foot);
-  EXPECT_EQ(ExportToHTML({1, 1, true}, [](qint32) {}), head + "[pb]\r\n" + first + foot);
+  EXPECT_EQ(ExportToHTML({{1, 1}, false}, step), head + empty.repeated(3) + first + foot);
+  EXPECT_EQ(ExportToHTML({{1, 1}, true}, [](qint32) {}), head + "[pb]\r\n" + first + foot);
   steps = 0;
-  const QByteArray whole = ExportToHTML({2, 99, true}, step);
+  const QByteArray whole = ExportToHTML({{2, 99}, true}, step);
   EXPECT_TRUE(whole.contains("Departure") && !whole.contains("Arrival") && !whole.contains("Cut scenes")) << whole;
   EXPECT_EQ(steps, 1);
   newProject();

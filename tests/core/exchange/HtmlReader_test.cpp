@@ -70,7 +70,23 @@ TEST(HtmlReader, APageIsReadAsItIsSeen) {
       {"a<script>if (a < b) { '<p>' }</SCRIPT>b<style>p { }</style>c<script src=x />d<title>no", u"abcdno|"_s},
       {"a < b, 1<2, <3 and <é", u"a < b, 1<2, <3 and <é|"_s},
       {"<p class=\"a>b\" title='c>'>x</p><p class=\"lost>y</p><i</i>w", u"x|y|w|"_s},
+      {"<p class=\"lost>y</p><p class=\"x\">z</p>a<style>b</styles>c</style>d", u"y|z|ad|"_s},
       {"a <b and no end", u"a <b and no end|"_s},
+      {"<html><head><title>T</title><body><p>Chapter 1<header>x</header></html>", u"Chapter 1|x|"_s},
+      {"<head>No<script>'</head><body>'</script>no</head>a<head>b", u"ab|"_s},
+      {"<head><title>T</title>all the text", u"all the text|"_s},
+      {"<p title='1 < 2' class=\"x\">Hello</p><img alt=\"<3\"/><a onclick=\"if (a < b) 'c'\">d</a>", u"Hello|d|"_s},
+      {"<p style='font-style:italic'>a<p>b<div style='font-weight:bold'>c<div>d</div>e</div>f"
+       "<ul><li style='font-style:italic'>g<li>h</ul><table><td style='font-weight:700'>i<td>j</table>k",
+       u"/a/|b|*c*|*d*|*e*|f|/g/|h|*i*\tj|k|"_s},
+      {"<span class='style1' lang=en data-style='font-style:italic' style='font-weight:bold'>a</span>"
+       "<i>b<span style='font-style:normal'>c</span>d</i>",
+       u"*a*/b/c/d/|"_s},
+      {"<head><style>@media print { .b { font-style: italic } } /* .x{} */ .C1, p.c2 { FONT-WEIGHT: 700 !important; }"
+       " .c3{font-style:italic}</style></head><p class='c2'>a<span class='x c3'>b</span></p><i class=c2>c</i>"
+       "<i class=\"c1 b\">d</i>",
+       u"*a/b*/|/c*d*/|"_s},
+      {"a</br>b</>c<pre>\r\nd</pre><q>e</q>", u"a|bc|d|\u201Ce\u201D|"_s},
   };
   for (const Case& expected : cases) {
     EXPECT_EQ(marked(readHtml(QString::fromUtf8(expected.html))), expected.seen) << expected.html;
@@ -79,8 +95,9 @@ TEST(HtmlReader, APageIsReadAsItIsSeen) {
 
 TEST(HtmlReader, WhateverStandsThereIsReadInOnePass) {
   constexpr qsizetype kTimes = 200000;
-  for (const char* piece : {"<", "<p", "<!--", "<script>", "<title ", "<i a=\"", "<b>x</i>", "&", "&#",
-                            "<span style=", "</", "<pre>\r", "<a b='<'"}) {
+  for (const char* piece :
+       {"<", "<p", "<!--", "<script>", "<title ", "<i a=\"", "<b>x</i>", "&", "&#", "<span style=", "</", "<p class='",
+        "<style>a{", "<p class=a style='font-style:italic'>", "<head>", "<pre>\r", "<a b='<'"}) {
     QElapsedTimer time;
     time.start();
     readHtml(QString::fromLatin1(piece).repeated(kTimes));
@@ -112,4 +129,15 @@ TEST(Manuscript, ItsEncodingAndItsLineEndsAreFoundOut) {
   EXPECT_EQ(marked(Manuscript::read("no rtf", Manuscript::Kind::Rtf)), u"no rtf|"_s);
   EXPECT_EQ(Manuscript::sceneText(rtf), rtf);
   EXPECT_EQ(Manuscript::sceneText(QByteArray("PK\3\4\0\0", 6)), std::nullopt);
+  const std::pair<QByteArray, QString> pages[] = {
+      {"<meta charset='windows-1251'>\xE4\xEE", u"\u0434\u043E|"_s},
+      {"<META http-equiv=x content='text/html; charset=ISO-8859-2'>\xB1", u"\u0105|"_s},
+      {"<meta charset=iso-8859-1>\x97", u"\u2014|"_s},
+      {"<meta charset=\"windows-1251\">\xD0\xB4", u"\u0434|"_s},
+      {"<meta charset=nonsense>\xEB", u"\u00EB|"_s},
+      {"<meta charset=", u"<meta charset=|"_s},
+  };
+  for (const auto& [bytes, seen] : pages) {
+    EXPECT_EQ(marked(Manuscript::read(bytes, Manuscript::Kind::Html)), seen) << bytes.constData();
+  }
 }

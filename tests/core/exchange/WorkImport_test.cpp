@@ -1,6 +1,9 @@
 #include "core/exchange/WorkImport.h"
 
+#include "core/exchange/Manuscript.h"
+#include "core/exchange/RtfExport.h"
 #include "core/exchange/SceneListImport.h"
+#include "core/exchange/TextExport.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -84,6 +87,66 @@ TEST(WorkImport, FormatsAndObjectsGoWithTheirText) {
   EXPECT_EQ(shown(work).section(u'#', 1), u"Chapter 2"_s);
 }
 
+TEST(WorkImport, WhatOurExportsPutBetweenTheTextsGoes) {
+  const std::pair<QString, QString> cases[] = {
+      {u"x\n\n[PB]\n\n\nchapter 1\n\n\n\na\n\n\n[PB]\nChapter Two\n\nb\n\n[PB]\n\nIn chapter 3\nc"_s,
+       u"|a|#Chapter Two||b||[PB]||In #chapter 3|c"_s},
+      {u"[PB]\n<center>*Chapter 1*\n\n\n\na\n\n\n<center>* * *\n\n\nb\n\n\n\n\n[PB]\n\n<center>*Chapter 2*\n\n\n\nc\n"_s,
+       u"a|/|b|#c"_s},
+      {u" [PB]\nChapter 1\na<center>* * *\n\n[PB]\nend"_s, u"Chapter 1|a<center>/|[PB]|end"_s},
+  };
+  for (const auto& [text, expected] : cases) {
+    EXPECT_EQ(shown(cut(RichText::fromPlain(text))), expected) << text;
+  }
+}
+
+TEST(WorkImport, ABookThatWasExportedComesBack) {
+  makeSmallProject();
+  const QByteArray head =
+      "{\\rtf1\\deff0{\\fonttbl{\\f0 Arial;}{\\f1 Courier;}}{\\colortbl;\\red9\\green0\\blue0;}\\deftab300\\f0 ";
+  const QByteArray texts[] = {
+      head + "\\qc\\f1\\fs30 {\\b Bold} and {\\i it}\\par\\pard\\li300 last {\\ul line}\\par\\par}",
+      head + "\\par\\ql begins and ends empty\\par\\par\\par}", "", head + "\\qr\\cf1 red [PB]\\par * *\\par}",
+      head + "\\li200 the end\\par\\par}"};
+  std::vector<RichText> former;
+  for (qint32 i = 1; i <= 3; ++i) {
+    chapterAt(i)->Title = u"Chapter "_s + QString::number(i);
+    chapterAt(i)->Unused = false;
+  }
+  const auto shape = [] {
+    QStringList counts;
+    for (const auto& chapter : g_Project->Chapters) {
+      counts.append(QString::number(chapter->SceneCount()));
+    }
+    return counts;
+  };
+  qint32 next = 0;
+  for (const auto& chapter : g_Project->Chapters) {
+    for (qint32 i = 1; i <= chapter->SceneCount(); ++i) {
+      chapter->SceneByIndex(i)->Unused = false;
+      chapter->SceneByIndex(i)->setTextRTF(texts[next++ % 5]);
+      former.push_back(readRtf(chapter->SceneByIndex(i)->TextRTF()));
+    }
+  }
+  const QStringList counts = shape();
+  const QByteArray asText = CombineFiles({}, [](qint32) {});
+  const QByteArray rtf = ExportToRTF({}, [](qint32) {});
+  const WorkImport work = cut(readRtf(rtf));
+  EXPECT_EQ(work.wordsInFront, 0);
+  work.fill(*g_Project);
+  EXPECT_EQ(shape(), counts);
+  ASSERT_EQ(static_cast<size_t>(g_Project->SceneCount()), former.size());
+  for (size_t i = 0; i < former.size(); ++i) {
+    const RichText text = readRtf(sceneAt(static_cast<qint32>(i) + 1)->TextRTF());
+    EXPECT_EQ(text.text(), former[i].text()) << i;
+    EXPECT_TRUE(text.isEmpty() || text == former[i]) << i;
+  }
+  EXPECT_EQ(ExportToRTF({}, [](qint32) {}), rtf) << "as often as you like";
+  cut(Manuscript::read(asText, Manuscript::Kind::Text)).fill(*g_Project);
+  EXPECT_EQ(shape(), counts);
+  EXPECT_EQ(CombineFiles({}, [](qint32) {}), asText);
+}
+
 TEST(WorkImport, ItCanBeStoppedAtEachScene) {
   int asked = 0;
   EXPECT_FALSE(WorkImport::cut(RichText::fromPlain(u"chapter 1 * * * chapter 2"_s), [&] { return ++asked < 2; }));
@@ -124,7 +187,7 @@ TEST(SceneListImport, ALineIsAScene) {
   const Case cases[] = {
       {u""_s, u""_s},
       {u"One. Two!\r\nWow! Really.\rNone\n\tIndented. Yes"_s,
-       u"+One.=One. Two! Wow!=Wow! Really. No short description=None +Indented.=\tIndented. Yes"_s},
+       u"+One.=One. Two! Wow!=Wow! Really. No short description=None +\tIndented.=\tIndented. Yes"_s},
       {u"1.\n2.\n3.\n4.\n5.\n6.\n7.\n"_s, u"+1.=1. 2.=2. 3.=3. +4.=4. 5.=5. 6.=6. +7.=7."_s},
       // Empty lines count, and the first idea always has a chapter.
       {u"\n1.\n \n2.\n\n3.\n\n4."_s, u"+1.=1. +2.=2. 3.=3. 4.=4."_s},

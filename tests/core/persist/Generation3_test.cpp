@@ -1,6 +1,7 @@
 // Projects of generation 3: all of one is read and converted, and nothing of it is lost whatever fails.
 
 #include "core/infra/Numbers.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -45,6 +46,19 @@ class Generation3 : public ::testing::Test {
     }
   }
   QString data(const QString& name) { return scratch.path(u"data/"_s + name); }
+  /// Loads it, whatever is asked or told; what was told last.
+  QString findingsOf(bool loads = true) {
+    ListeningToolkit listener;
+    installToolkit(&listener);
+    EXPECT_EQ(g_Project->Load(path, false), loads);
+    installToolkit(nullptr);
+    return listener.told.value(listener.told.size() - 1);
+  }
+  void freshProject() {
+    newProject();
+    QDir(scratch.path()).removeRecursively();
+    writeGeneration3(scratch.path());
+  }
 
   ScratchFolder scratch;
   QString path;
@@ -127,14 +141,10 @@ TEST_F(Generation3, WhatIsMissingNamesItselfAndTheRestIsLoaded) {
     ASSERT_TRUE(QFile::remove(data(name)));
   }
   QFile::remove(scratch.path(u"RTF/RTF_00003.rtf"_s));
-  ListeningToolkit listener;
-  installToolkit(&listener);
-  EXPECT_TRUE(g_Project->Load(path, false));
-  installToolkit(nullptr);
-  ASSERT_EQ(listener.told.size(), 2);
+  const QString told = findingsOf();
   for (const auto& name : {u"chapter Ch2.txt"_s, u"scene Sc1.txt"_s, u"character P3.txt"_s,
                            u"the list of Locations (Loc.txt)"_s, u"the text of Unnamed Scene (RTF_00003.rtf)"_s}) {
-    EXPECT_TRUE(listener.told[1].contains(name)) << qPrintable(name) << qPrintable(listener.told[1]);
+    EXPECT_TRUE(told.contains(name)) << qPrintable(name) << qPrintable(told);
   }
   EXPECT_EQ(g_Project->ChapterCount(), 1);
   EXPECT_EQ(g_Project->SceneCount(), 2);
@@ -152,9 +162,20 @@ TEST_F(Generation3, WhateverStopsItTheOldProjectIsAsItWas) {
     ScriptedToolkit toolkit;
     ASSERT_TRUE(QDir().rename(scratch.path(u"data"_s), scratch.path(u"away"_s)));
     before = filesBelow(scratch.path());
-    toolkit.expectBox(u"none of its lists"_s);
+    toolkit.expectBox(u"neither its list"_s);
     stopped("no Data");
-    ASSERT_TRUE(QDir().rename(scratch.path(u"away"_s), scratch.path(u"data"_s)));
+    const ScratchFolder outside;
+    ASSERT_TRUE(QDir().rename(scratch.path(u"away"_s), outside.path(u"data"_s)));
+    ASSERT_TRUE(QFile::link(outside.path(u"data"_s), scratch.path(u"data"_s)));
+    before = filesBelow(scratch.path());
+    toolkit.expectBox(u"neither its list"_s);
+    stopped("Data leads out");
+    freshProject();
+    ASSERT_TRUE(QFile::remove(data(u"ChList.txt"_s)) && QFile::remove(data(u"Sc.txt"_s)));
+    before = filesBelow(scratch.path());
+    toolkit.expectBox(u"neither its list"_s);
+    stopped("only the rest is there");
+    freshProject();
   }
   const QString target = scratch.path(u"Old book.qn4"_s);
   {
@@ -178,6 +199,114 @@ TEST_F(Generation3, WhateverStopsItTheOldProjectIsAsItWas) {
     full.clear();
     EXPECT_TRUE(filesBelow(scratch.path()) == before);
   }
+  if (FailingDisk::available()) {
+    // Full behind the texts: what stands in for the missing one goes again, or the next try would find it.
+    ASSERT_TRUE(QFile::remove(scratch.path(u"RTF/RTF_00003.rtf"_s)));
+    before = filesBelow(scratch.path());
+    FailingDisk full(1000);
+    findingsOf(false);
+    full.clear();
+    EXPECT_TRUE(filesBelow(scratch.path()) == before);
+  }
+}
+
+TEST_F(Generation3, MirrorsOfItsTextsAreNeverFilesOfTheOldProject) {
+  writeFile(scratch.path(u"RTF/Sc1.rtf"_s), simpleRtf("Named like a scene."));
+  writeFile(data(u"Sc2.txt"_s), "ID, 2 \r\nRTFFILE,Sc1.rtf\r\n");
+  before = filesBelow(scratch.path());
+  Settings().sSet(u"CreateTextToo"_s, true);
+  findingsOf();
+  EXPECT_EQ(QDir(data({})).entryList({u"Plain_*"_s}), QStringList()) << "the conversion leaves the folder alone";
+  EXPECT_TRUE(g_Project->SaveQN4(true));
+  Settings().sSet(u"CreateTextToo"_s, false);
+  expectOldWhole(u"Old book.qn3.bak"_s);
+  EXPECT_EQ(fileBytes(data(u"Plain_Sc1.txt"_s)).trimmed(), "Named like a scene.");
+  EXPECT_TRUE(QFile::exists(data(u"Plain_00001.txt"_s)));
+}
+
+// Each row: what the old project calls a scene's text, what stands there, and whether that can be read.
+TEST_F(Generation3, ATextWhoseNameWontDoGetsAnotherAndTheBookOpensAgain) {
+  const ScratchFolder outside;
+  writeFile(outside.path(u"secret.rtf"_s), simpleRtf("secret"));
+  enum class There { Text, Nothing, Folder, LinkOut };
+  struct Row {
+    QString named;
+    QString file;
+    There there;
+    bool keepsName;
+  };
+  const Row rows[] = {
+      {u"a<ID>.rtf"_s, u"a<ID>.rtf"_s, There::Text, false},
+      {u"%u4E2D.rtf"_s, QString(QChar(0x4E2D)) + u".rtf"_s, There::Text, false},
+      {u"gone.rtf"_s, {}, There::Nothing, true},
+      {u"gone</RTFFile>.rtf"_s, {}, There::Nothing, false},
+      {QString(300, u'x'), {}, There::Nothing, false},
+      {u"a:b?.rtf"_s, {}, There::Nothing, false},
+      {u"folder.rtf"_s, u"folder.rtf"_s, There::Folder, false},
+      {u"link.rtf"_s, u"link.rtf"_s, There::LinkOut, false},
+  };
+  for (const Row& row : rows) {
+    freshProject();
+    const QString there = scratch.path(u"RTF/"_s + row.file);
+    if (row.there == There::Text) {
+      writeFile(there, simpleRtf("Kept."));
+    } else if (row.there == There::Folder) {
+      ASSERT_TRUE(QDir().mkpath(there));
+    } else if (row.there == There::LinkOut) {
+      ASSERT_TRUE(QFile::link(outside.path(u"secret.rtf"_s), there));
+    }
+    writeFile(data(u"Sc2.txt"_s), "ID, 2 \r\nTITLE,Second\r\nRTFFILE," + row.named.toLatin1() + "\r\n");
+    const bool isText = row.there == There::Text;
+    EXPECT_EQ(findingsOf().contains(u"the text of Second"_s), !isText) << qPrintable(row.named);
+    const QString book = g_Project->FileWithPath;
+    newProject();
+    ASSERT_TRUE(g_Project->Load(book, false)) << qPrintable(row.named);
+    const auto scene = g_Project->SceneByID(2);
+    EXPECT_EQ(scene->ConvertedToBodyText(), isText ? u"Kept."_s : QString()) << qPrintable(row.named);
+    EXPECT_EQ(scene->RTFFilename() == row.named, row.keepsName) << qPrintable(row.named);
+  }
+}
+
+TEST_F(Generation3, WhatADamagedListLosesIsTold) {
+  struct Row {
+    QString file;
+    QByteArray content;
+    QString told;
+    qint32 scenes;
+  };
+  const Row rows[] = {
+      {u"Sc.txt"_s, "SCENES,2x\r\nSCENES_1,Sc1.txt\r\nSCENES_2,Sc2.txt\r\n", {}, 2},
+      {u"Sc.txt"_s, "SCENES, 1 \r\nSCENES_1,Sc1.txt\r\nSCENES_2,Sc2.txt\r\n", u"Scenes (1 counted, 2 found)"_s, 1},
+      {u"Sc.txt"_s, "SCENES, 3 \r\nSCENES_1,Sc1.txt\r\nSCENES_3,Sc2.txt\r\n", u"Scenes (3 counted, 2 found)"_s, 2},
+      {u"Sc.txt"_s, "\xEF\xBB\xBFSCENES, 1 \rSCENES_1,Sc1.txt\r", {}, 1},
+      {u"Ch1.txt"_s, "ID, 1 \r\nTITLE,One\r\nSCENES, 2 \r\nSCENES_1,x\r\nSCENES_2,2\r\n",
+       u"Scenes of chapter One: \"x\""_s, 3},
+      {u"Old book.qn3"_s, "CHAPTERFILE,ChList.txt\r\nSCENEFILE,Sc.txt\r\nDEADLINEDATE1,00:00:00\r\n", {}, 3},
+  };
+  for (const Row& row : rows) {
+    freshProject();
+    writeFile(row.file.endsWith(u"qn3"_s) ? path : data(row.file), row.content);
+    const QString told = findingsOf();
+    EXPECT_TRUE(told.contains(row.told)) << row.content.constData() << qPrintable(told);
+    EXPECT_FALSE(row.told.isEmpty() && told.contains(u"counted"_s)) << qPrintable(told);
+    EXPECT_FALSE(told.contains(u"00:00:00"_s)) << qPrintable(told);
+    EXPECT_EQ(g_Project->SceneCount(), row.scenes) << row.content.constData();
+  }
+}
+
+TEST_F(Generation3, AFormerBakGoesOnlyOnceTheNewOneIsThere) {
+  writeFile(path + u".bak"_s, "converted before");
+  findingsOf();
+  expectOldWhole(u"Old book.qn3.bak"_s);
+  EXPECT_EQ(QDir(scratch.path()).entryList({u"*.bak.*"_s}), QStringList());
+  freshProject();
+  ASSERT_TRUE(QDir().mkpath(path + u".bak/in the way"_s));
+  ListeningToolkit listener;
+  installToolkit(&listener);
+  EXPECT_TRUE(g_Project->Load(path, false));
+  installToolkit(nullptr);
+  EXPECT_TRUE(listener.told.value(0).contains(u"Your old project file has kept its name"_s));
+  EXPECT_TRUE(QFile::exists(path));
 }
 
 TEST_F(Generation3, SavedElsewhereTheOldFileKeepsItsName) {
@@ -199,9 +328,18 @@ TEST_F(Generation3, SavedElsewhereTheOldFileKeepsItsName) {
 // Cut, zeroed, random: each of its files in turn.
 TEST_F(Generation3, AnyBytesAtAllEndInABookOrAMessage) {
   std::mt19937 random(7);
-  const QList<QByteArray> snippets{
-      "\r\n", ",",        "SCENES, 2147483647 \r\n", "ID,-1\r\n",     "ID, 2147483647 \r\n", "_INDEX,",
-      "%",    "..\\..\\", QByteArray("\0", 1),       "RTFFILE,..\r\n"};
+  const QList<QByteArray> snippets{"\r\n",
+                                   ",",
+                                   "SCENES, 2147483647 \r\n",
+                                   "ID,-1\r\n",
+                                   "ID, 2147483647 \r\n",
+                                   "_INDEX,",
+                                   "%",
+                                   "..\\..\\",
+                                   QByteArray("\0", 1),
+                                   "RTFFILE,..\r\n",
+                                   "<ID>",
+                                   QByteArray(300, 'x')};
   const QStringList files = before.keys();
   int converted = 0;
   int refused = 0;

@@ -8,8 +8,11 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <random>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -40,21 +43,99 @@ QString misnested(const QString& html) {
 
 /// Words however blanks and line ends stand, without what HTML has no place for.
 QString words(const QString& text) {
-  static const QRegularExpression control(u"[\\x00-\\x08\\x0e-\\x1f\\x7f]"_s);
-  static const QRegularExpression blank(u"[\\s\\x{a0}]+"_s);
+  static const QRegularExpression control(u"[\\x00-\\x08\\x0e-\\x1f\\x7f-\\x84\\x86-\\x9f]"_s);
+  static const QRegularExpression blank(u"[\\s\\x{85}\\x{a0}]+"_s);
   QString whole;
   for (const char32_t character : text.toUcs4()) {
     whole += QChar::isNonCharacter(character) || character == QChar::ReplacementCharacter
                  ? QString()
                  : QString::fromUcs4(&character, 1);
   }
-  return whole.remove(control).split(blank, Qt::SkipEmptyParts).join(u' ');
+  return whole.remove(control).replace(blank, u" "_s);
 }
 
-QString wordsOfHtml(QString html) {
-  static const QRegularExpression block(u"<br>|</?li[^>]*>|</?table[^>]*>"_s);
+/// Without empty lines at the end, of which a page needs none.
+QStringList closed(QStringList lines) {
+  while (!lines.isEmpty() && lines.back().isEmpty()) {
+    lines.removeLast();
+  }
+  return lines;
+}
+
+/// However a line that shows nothing is told.
+QStringList trimmed(QStringList lines) {
+  std::transform(lines.begin(), lines.end(), lines.begin(), [](const QString& line) { return line.trimmed(); });
+  return closed(lines);
+}
+
+/// The lines of a text: a number where a note stands, and the notes behind an empty line.
+struct ReadLines {
+  explicit ReadLines(const RichText& rich) { rich.visit(*this); }
+
+  void text(QStringView units, const CharFormat& format) { line += format.hidden ? QString() : units.toString(); }
+  void object(const CharFormat& format) {
+    const bool isNote =
+        format.object->kind == InlineObject::Kind::Footnote || format.object->kind == InlineObject::Kind::Endnote;
+    const QString words = isNote && !format.hidden ? format.object->content->plainText().trimmed() : QString();
+    if (!words.isEmpty()) {
+      notes += words;
+      line += QString::number(notes.size());
+    }
+  }
+  void lineBreak(const CharFormat& format) {
+    if (!format.hidden) {
+      lines += words(std::exchange(line, {}));
+    }
+  }
+  void paragraphEnd(const CharFormat& format, const ParagraphFormat&) { lineBreak(format); }
+
+  QStringList all() const {
+    QStringList all = closed(lines + QStringList(words(line)));
+    all += notes.isEmpty() ? QStringList() : QStringList(QString());
+    for (qsizetype i = 0; i < notes.size(); ++i) {
+      const QStringList parts = (QString::number(i + 1) + u' ' + notes[i]).split(u"\r\n"_s);
+      std::transform(parts.begin(), parts.end(), std::back_inserter(all), &words);
+    }
+    return trimmed(all);
+  }
+
+  QString line;
+  QStringList lines;
+  QStringList notes;
+};
+
+/// The lines that a browser shows: a break ends one, a block stands in lines of its own.
+QStringList shownLines(QString html) {
+  static const QRegularExpression end(u"<br>|</?li[^>]*>|</?table[^>]*>"_s);
   static const QRegularExpression tag(u"<[^>]*>"_s);
-  return words(Html().HtmlToChar(html.replace(block, u" "_s).remove(tag)));
+  html.remove(u"\r\n"_s);
+  QStringList lines;
+  QString line;
+  qsizetype from = 0;
+  for (auto found = end.globalMatch(html); found.hasNext();) {
+    const QRegularExpressionMatch match = found.next();
+    line = html.sliced(from, match.capturedStart() - from).remove(tag);
+    from = match.capturedEnd();
+    if (match.captured() == u"<br>" || !line.isEmpty()) {
+      lines += words(Html().HtmlToChar(line));
+    }
+  }
+  return trimmed(lines + QStringList(words(Html().HtmlToChar(html.sliced(from).remove(tag)))));
+}
+
+/// Paragraphs that say little, of every kind that stands in a block or in none.
+QByteArray littleParagraphs(std::mt19937& generator) {
+  static const QList<QByteArray> blocks{"", "", "\\qc", "\\qr", "{\\pntext x}{\\*\\pn\\pnlvlblt{\\pntxtb x}}"};
+  static const QList<QByteArray> texts{"",       " ", "a", "{\\b  }{\\i x}", "\\u2?", "\\u-10179?", "\\ul b\\ulnone",
+                                       "c\\line"};
+  const auto any = [&generator](const QList<QByteArray>& list) {
+    return list[static_cast<qsizetype>(generator() % static_cast<quint32>(list.size()))];
+  };
+  QByteArray rtf = "{\\rtf1 ";
+  for (int i = 0; i < 6; ++i) {
+    rtf += "\\pard" + any(blocks) + ' ' + any(texts) + "\\par ";
+  }
+  return rtf + '}';
 }
 
 /// RTF of any kind, and what is left of it when it is damaged.
@@ -62,6 +143,9 @@ QList<QByteArray> anyRtf() {
   QList<QByteArray> all = rtfSamples();
   for (const CorpusFile& file : rtfCorpus()) {
     all.append(file.rtf);
+  }
+  for (const QString& name : rtfSampleFiles()) {
+    all.append(rtfSampleFile(QString(name).chopped(4)));
   }
   QRandomGenerator random(7);
   for (int i = 0; i < 300; ++i) {
@@ -87,6 +171,9 @@ QList<QByteArray> anyRtf() {
                                           "\\bullet ",
                                           "\\nosupersub "};
   std::mt19937 generator(11);
+  for (int i = 0; i < 500; ++i) {
+    all.append(littleParagraphs(generator));
+  }
   for (const QByteArray& rtf : QList<QByteArray>(all)) {
     all.append(mutated(mutated(rtf, generator, snippets), generator, snippets));
   }
@@ -134,7 +221,8 @@ TEST(Rtf2Html, ReadsWhatARichTextControlWrites) {
       {"\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt{\\pntxtb\\'B7}}a\\par\r\n{\\pntext\\'B7\\tab}b\\par\r\n\\pard "
        "c}",
        "", "<li>a</li><li>b</li>c"},
-      {"a\\bullet b\\pntxta{x\\pntxtb\\'b7y}", "", "a<li>bxy</li>"},
+      {"a\\bullet b\\pntxta{x\\pntxtb\r\n\r\n\\'b7y}", "", "a<li>bxy</li>"},
+      {"a}{\\colortbl ;\\red1\\green2\\blue3;}\\cf1 b", "", "a<font color=\"#010203\">b</font>"},
       {"{\\stylesheet a\\par b}", "", "a<br>b"}};
   for (const Sample& sample : samples) {
     SCOPED_TRACE(sample.rtf);
@@ -161,7 +249,17 @@ TEST(Rtf2Html, KeepsEveryWordWithTheOptionForIt) {
       {"\\pard{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt{\\pntxtb\\'b7}}\\b a\\par{\\pntext\\'b7\\tab}b\\par\\pard c", "+U",
        "<li><b>a</b></li><li><b>b</b></li><b>c</b>"},
       {"\\pard{\\pntext 3.\\tab}{\\*\\pn\\pnlvlbody\\pndec\\pnstart3{\\pntxta.}}a", "+U",
-       "<li style=\"list-style-type:decimal\" value=\"3\">a</li>"}};
+       "<li style=\"list-style-type:decimal\" value=\"3\">a</li>"},
+      {"a\\par\\pard\\qc  \\par\\pard b\\par\\pard\\qc\\u2?\\par\\pard c", "+U",
+       "a<table width=100%><tr><td align=\"center\">&nbsp;</td></tr></table>b<br><br>c"},
+      {"\\par\\qc a", "+U", "<br><table width=100%><tr><td align=\"center\">a</td></tr></table>"},
+      {"\\qr{\\pntext x}{\\*\\pn\\pnlvlblt{\\pntxtb x}}a", "+U", "<li style=\"text-align:right\">a</li>"},
+      {"a\\u133?b\\u150?c\\u-10177?\\u-8194?", "+U", "a bc"},
+      {"a{\\super\\chftn}{\\footnote\\pard {\\super\\chftn} One {\\b < two}\\par Three}\\sub b{\\footnote\\ftnalt "
+       "End}\\nosupersub{\\*\\annotation no} c\\par",
+       "+U+CR",
+       "a<sup>1</sup><sub>b</sub><sup>2</sup> c<br>\r\n<br>\r\n<sup>1</sup> One &lt; two<br>\r\nThree<br>\r\n"
+       "<sup>2</sup> End"}};
   for (const Sample& sample : samples) {
     SCOPED_TRACE(sample.rtf);
     const QByteArray rtf =
@@ -173,12 +271,12 @@ TEST(Rtf2Html, KeepsEveryWordWithTheOptionForIt) {
   }
 }
 
-TEST(Rtf2Html, WhateverComesInTheTagsAreWellNestedAndNoWordIsLost) {
+TEST(Rtf2Html, WhateverComesInTheTagsAreWellNestedAndNoWordOrLineIsLost) {
   for (QByteArray rtf : anyRtf()) {
     SCOPED_TRACE(rtf.first(qMin<qsizetype>(rtf.size(), 2000)).toStdString());
     const QString html = Rtf2Html(rtf, u"+CR+U");
     ASSERT_EQ(misnested(html), QString());
-    ASSERT_EQ(wordsOfHtml(html), words(rtfToPlainText(rtf)));
+    ASSERT_EQ(shownLines(html), ReadLines(readRtf(rtf)).all()) << html;
     ASSERT_TRUE(std::all_of(html.begin(), html.end(), [](QChar unit) { return unit.unicode() < 0x7F; }));
     // The simple reading leaves markup in the text.
     rtf.replace('<', '(').replace('>', ')');

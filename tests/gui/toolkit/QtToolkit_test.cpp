@@ -4,6 +4,7 @@
 #include "gui/toolkit/UrlCatcher.h"
 #include "support/ModalHelper.h"
 #include "support/Required.h"
+#include "support/SampleProject.h"
 #include "support/TestHome.h"
 #include "support/WaitFor.h"
 
@@ -252,9 +253,11 @@ TEST(OpenDocument, KeepsAMailWholeWhoseBodyIsCutInsideAnEscape) {
 TEST(RunProgram, StartsItAndSaysWhenItCouldNot) {
   const ScratchFolder folder;
   QtToolkit toolkit;
-  const QString made = folder.path(u"a file"_s);
-  EXPECT_TRUE(toolkit.runProgram(u"touch"_s, {made}, true));
-  EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(made); }));
+  const QString script = folder.path(u"a script"_s);
+  writeFile(script, "#!/bin/sh\ntouch \"$1\"\n");
+  QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner);
+  EXPECT_TRUE(toolkit.runProgram(script, {u"a file"_s}, true));
+  EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(folder.path(u"a file"_s)); })) << "it runs where it stands";
   EXPECT_FALSE(toolkit.runProgram(u"/no/such/program"_s, {}, false));
 }
 

@@ -85,10 +85,14 @@ QString missingTexts(bool withUnused) {
 }
 
 QString missingTexts(const QStringList& unread) {
-  if (unread.isEmpty()) {
-    return {};
+  QStringList missing;
+  if (!unread.isEmpty()) {
+    missing.append(u"The text of %1 could not be read when the book was opened, and is missing in the file:\n"_s.arg(
+                       countedScenes(unread.size())) +
+                   firstOf(unread).join(u'\n'));
   }
-  return u"The text of %1 could not be read when the book was opened, and is missing in the file:\n"_s.arg(
-             countedScenes(unread.size())) +
-         firstOf(unread).join(u'\n');
+  if (g_Project->EditorsHoldUnsaved()) {
+    missing.append(u"What isn't saved yet in open editor windows is not in it."_s);
+  }
+  return missing.join(u"\n\n"_s);
 }

@@ -40,7 +40,7 @@ QString folderForExports();
 QString placeOfExport(const QString& name);
 
 /// What the user has to know of an export that was done: texts that are missing in it, because they could not be read
-/// when the book was opened. Empty when it is whole.
+/// when the book was opened or are still being written. Empty when it is whole.
 QString missingTexts(bool withUnused);
 /// The same of these.
 QString missingTexts(const QStringList& unread);

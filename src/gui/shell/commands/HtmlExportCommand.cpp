@@ -2,9 +2,9 @@
 
 #include "core/exchange/HtmlExport.h"
 #include "core/infra/Guard.h"
+#include "core/infra/MayReplace.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/Toolkit.h"
-#include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/commands/ExportRun.h"
@@ -17,19 +17,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The dialog has asked about the name that was typed, not about what we have made of it.
-bool mayTake(const QString& path, const QString& typed) {
-  return path == typed || !Files().FileExists(path) ||
-         toolkit().MsgBox(path + u" already exists. Do you want to replace it?"_s, Buttons::NoUnlessYes) == Answer::Yes;
-}
-
 /// Empty when the user wants none.
 QString GetHTMLFilename() {
   for (;;) {
     const QString typed =
         askForExportFile({u"Enter a filename"_s, u"*.HTML;*.HTM;*.PLHTM"_s, QString(), folderForExports()});
     const QString path = typed.isEmpty() ? QString() : HtmlExport::withExtension(typed);
-    if (mayTake(path, typed)) {
+    // The dialog has asked about the name that was typed, not about what we have made of it.
+    if (path == typed || mayReplace(path)) {
       return path;
     }
   }
@@ -45,7 +40,7 @@ bool writePage(const HtmlExport& what, const QString& path) {
   }
   return runExport({"ExportToHTML", "modExportHTML", path, [&](const ExportStep& step) {
                       file->write(ExportToHTML(what, step));
-                      file->commit(ReplacementFile::Durability::OnDisk);
+                      file->commit(ReplacementFile::Durability::ContentOnDisk);
                     }});
 }
 
@@ -64,14 +59,15 @@ void HtmlExportCommand::mnuExportHTML_Click() {
   if (path.isEmpty()) {
     return;
   }
-  const HtmlExport what{chapters->first, chapters->last, HtmlExport::isForPages(path)};
+  const HtmlExport what{{chapters->first, chapters->last}, HtmlExport::isForPages(path)};
   if (!writePage(what, path)) {
     return;
   }
   const QString end = u"The book was exported to "_s + path;
-  const QString missing = missingTexts(unreadTexts(what));
-  main_.showMessage(end);
-  if (!missing.isEmpty()) {
+  const QString missing = missingTexts(unreadTexts(false, what.chapters));
+  if (missing.isEmpty()) {
+    main_.showMessage(end);
+  } else {
     toolkit().MsgBox(end + u"\n\n"_s + missing);
   }
 }

@@ -5,9 +5,9 @@
 #include "core/infra/FirstOf.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
+#include "core/infra/RuntimeError.h"
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
-#include "core/infra/WholeText.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
@@ -22,6 +22,7 @@
 #include "gui/toolkit/GuardedSlot.h"
 
 #include <QCollator>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <optional>
@@ -90,6 +91,25 @@ std::shared_ptr<clsScene> sceneOf(const QString& file, Misfits& misfits) {
   return scene;
 }
 
+/// Nothing when the writer has stopped it.
+std::optional<SceneListImport> readList(const QString& file) {
+  LongWork work(*g_Project, u"Reading "_s + Files().FileOnly(file), Manuscript::takesLong(file),
+                LongWork::Stop::Offered);
+  const std::optional<QString> text = Manuscript::plainText(Manuscript::bytesOf(file));
+  if (!text) {
+    throw RuntimeError(RuntimeError::InvalidCall, Files().FileOnly(file) + u" is no text."_s);
+  }
+  work.setCaption(u"Looking for scenes"_s);
+  return work.stopWanted() ? std::nullopt : std::optional(SceneListImport::read(*text));
+}
+
+QString doneWith(qint32 imported, qsizetype files, bool isStopped) {
+  const QString done = imported == 1 ? u"1 scene was imported"_s : u"%L1 scenes were imported"_s.arg(imported);
+  return !isStopped   ? done
+         : files == 1 ? done + u" before it was stopped; 1 file is left"_s
+                      : done + u" before it was stopped; %L1 files are left"_s.arg(files);
+}
+
 }  // namespace
 
 void ImportCommands::bind(MenuBindings& menu) {
@@ -130,10 +150,13 @@ void ImportCommands::ImportWorkInProgress() {
   frmImportWIP* const wizard = frmImportWIP::showOver(main_);
   QObject::connect(wizard, &frmImportWIP::importWanted, &main_,
                    guarded("ImportWorkInProgress", kModule, [this, wizard] {
-                     const bool imported = replaceContents(
-                         main_, wizard->ProjectFile(), [wizard](clsProject& project) { wizard->Work().fill(project); });
                      // The answers stay where the project stays.
-                     imported ? wizard->accept() : wizard->show();
+                     auto again = qScopeGuard([wizard] { wizard->show(); });
+                     if (replaceContents(main_, wizard->ProjectFile(),
+                                         [wizard](clsProject& project) { wizard->Work().fill(project); })) {
+                       again.dismiss();
+                       wizard->accept();
+                     }
                    }));
 }
 
@@ -149,15 +172,15 @@ void ImportCommands::ImportScenesFromFile() {
   if (file.isEmpty()) {
     return;
   }
-  SceneListImport list;
-  const QString cause = Guard("ImportScenesFromFile", kModule).causeOf([&] {
-    list = SceneListImport::read(WholeText::fromBytes(Manuscript::bytesOf(file)));
-  });
+  std::optional<SceneListImport> list;
+  const QString cause = Guard("ImportScenesFromFile", kModule).causeOf([&] { list = readList(file); });
   if (!cause.isEmpty()) {
     toolkit().MsgBox(u"The file can't be read. Nothing was imported.\n\n"_s + cause);
     return;
   }
-  replaceContents(main_, {}, [&list](clsProject& project) { list.fill(project); });
+  if (list) {
+    replaceContents(main_, {}, [&list](clsProject& project) { list->fill(project); });
+  }
 }
 
 void ImportCommands::mnuImportScene_Click() {
@@ -179,6 +202,7 @@ void ImportCommands::mnuImportScene_Click() {
 void ImportCommands::importScenes(clsChapter& chapter, const QStringList& files) {
   Misfits misfits;
   qint32 imported = 0;
+  qsizetype left = files.size();
   {
     LongWork work(*g_Project, u"Importing scenes"_s, false, LongWork::Stop::Offered);
     for (const QString& file : files) {
@@ -187,6 +211,7 @@ void ImportCommands::importScenes(clsChapter& chapter, const QStringList& files)
       if (work.stopWanted()) {
         break;
       }
+      --left;
       const auto scene = Files().FileExists(file) ? sceneOf(file, misfits) : nullptr;
       if (scene) {
         chapter.Addscene(scene);
@@ -199,7 +224,9 @@ void ImportCommands::importScenes(clsChapter& chapter, const QStringList& files)
     main_.ProjectChanged = true;
     main_.session().saveChange();
     main_.RefreshAll();
-    main_.showMessage(imported == 1 ? u"1 scene was imported"_s : u"%L1 scenes were imported"_s.arg(imported));
+  }
+  if (imported > 0 || left > 0) {
+    main_.showMessage(doneWith(imported, left, left > 0));
   }
   misfits.tell();
 }

@@ -13,13 +13,15 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/commands/BookScenes.h"
-#include "gui/shell/commands/modCreateProject.h"
 #include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/views/ListView.h"
+
+#include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +37,13 @@ QString askForOlder(const QString& title, const QString& filter) {
     Settings().sSet(key, Files().PathOnly(path));
   }
   return path;
+}
+
+QString whyNotOlder(const QString& path) {
+  return path +
+         u" is not a Quillane 3 project: the name of such a file ends in .qn3. (One that was converted before ends in "
+         ".qn3.bak. To convert it again, make a copy of the entire project folder and remove the .bak from the name "
+         "there.) Nothing was imported."_s;
 }
 
 QString whyNotRead(const QString& path) {
@@ -62,7 +71,9 @@ void OlderProjectCommands::mnuImportQuillane3_Click() {
   }
   const ScanPause pause;
   const QString path = askForOlder(u"Import Quillane3 Project"_s, u"*.qn3"_s);
-  if (!path.isEmpty()) {
+  if (!path.isEmpty() && !clsProject::IsQN3(path)) {
+    toolkit().MsgBox(whyNotOlder(path));
+  } else if (!path.isEmpty()) {
     main_.LoadProject(path, true);
   }
   main_.session().setMenusByProject();
@@ -96,18 +107,18 @@ void OlderProjectCommands::mnuImportQuillane2_Click() {
 }
 
 bool OlderProjectCommands::beginBook() {
-  const QString former = g_Project->FileWithPath;
+  auto book = std::make_unique<clsProject>();
+  {
+    // What stays open until then is not to be touched behind the question.
+    const BusyMark busy(*g_Project);
+    if (!book->SaveQN4(true)) {
+      return false;
+    }
+  }
   main_.session().leaveProject();
-  if (CreateEmptyProject()) {
-    return true;
-  }
-  main_.DisableMenus();
-  main_.ProjectChanged = false;
-  main_.RefreshAll();
-  if (!former.isEmpty() && Files().FileExists(former)) {
-    main_.LoadProject(former, true);
-  }
-  return false;
+  g_Project->Clear();
+  g_Project = std::move(book);
+  return true;
 }
 
 void OlderProjectCommands::fillBook(const clsQN2Project& from) {
@@ -142,6 +153,11 @@ void OlderProjectCommands::mnuConvQN2Scn_Click() {
   if (!clsQN2Text::MarksScenes(scene->ConvertedToBodyText())) {
     toolkit().MsgBox(u"I can't see any [SCENE] marks in the text of '"_s + calledScene(scene->Title) +
                      u"'. Nothing was converted."_s);
+    return;
+  }
+  if (g_Project->ReadOnly()) {
+    toolkit().MsgBox(
+        u"The book was opened read-only, so nothing is saved to its place and no scene can be converted."_s);
     return;
   }
   // The new scenes' texts are written before the project file that names them.

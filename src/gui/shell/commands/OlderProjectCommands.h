@@ -19,8 +19,8 @@ class OlderProjectCommands : public CommandGroup {
   void mnuImportQuillane2_Click();
   void mnuConvQN2Scn_Click();
 
-  /// A new book, in a place that is asked for, takes the open one's place. When that is given up the open one is read
-  /// again.
+  /// A new book, in a place that is asked for, takes the open one's place. When that is given up the open one is as it
+  /// was.
   bool beginBook();
   void fillBook(const clsQN2Project& from);
 

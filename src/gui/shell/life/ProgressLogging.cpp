@@ -1,6 +1,7 @@
 #include "gui/shell/life/ProgressLogging.h"
 
 #include "core/exchange/ProgressLog.h"
+#include "core/exchange/PublishingScript.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/ProjectSaver.h"
@@ -11,17 +12,18 @@
 
 namespace {
 
-/// Where it isn't the time for a question the next save leads to it again.
-void askAtRest() {
-  if (!g_Project->IsBusy() && QApplication::activeModalWidget() == nullptr) {
+/// Where it isn't the time for a question, or another book was opened since, the next save leads to it again.
+void askAtRest(const QString& saved) {
+  const bool isAtRest = !g_Project->IsBusy() && QApplication::activeModalWidget() == nullptr;
+  if (isAtRest && g_Project->FileWithPath == saved) {
     PublishingScript::ask();
   }
 }
 
 void logProgress() {
-  WriteProgressLog();
-  if (PublishingScript::isUnasked()) {
-    QTimer::singleShot(0, qApp, guarded("WriteProgressLog", "modProgressLog", &askAtRest));
+  if (WriteProgressLog()) {
+    const QString saved = g_Project->FileWithPath;
+    QTimer::singleShot(0, qApp, guarded("WriteProgressLog", "modProgressLog", [saved] { askAtRest(saved); }));
   }
 }
 

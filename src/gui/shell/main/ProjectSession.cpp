@@ -30,9 +30,14 @@ void ProjectSession::LoadProject(const QString& Path, bool ShowProgress) {
   if (!isOlder) {
     RecentProjects::isNewest(Path) ? UpdateRecent() : AddToRecent(Path);
   }
+  const QString former = g_Project->FileWithPath;
   if (!readProject(Path, ShowProgress)) {
     showEmptyProject();
     toolkit().DoEvents();
+    // A conversion that came to nothing has changed nothing.
+    if (isOlder && Files().FileExists(former)) {
+      LoadProject(former, ShowProgress);
+    }
     return;
   }
   if (isOlder) {

@@ -6,8 +6,12 @@
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QPushButton>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -68,4 +72,14 @@ TEST_F(HtmlExportTest, ASaveLogsTheProgressAndAsksAboutAScriptOnceItIsOver) {
   EXPECT_EQ(fileBytes(logs + u"index.html"_s), "page");
   trigger("mnuSaveProj");
   EXPECT_EQ(toolkit.programsRun.size(), 2);
+
+  // The question is about the book that was saved, not about one that was opened behind.
+  QDir().mkpath(folder.path(u"Other/Logs"_s));
+  for (const QString& script : {logs + u"copyto.sh"_s, folder.path(u"Other/Logs/copyto.sh"_s)}) {
+    writeFile(script, "#!/bin/sh\necho another\n");
+  }
+  trigger("mnuSaveProj");
+  const QString saved = std::exchange(g_Project->FileWithPath, folder.path(u"Other/Other.qn4"_s));
+  QCoreApplication::processEvents();
+  g_Project->FileWithPath = saved;
 }

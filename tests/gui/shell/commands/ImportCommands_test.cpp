@@ -274,6 +274,89 @@ TEST_F(ImportTest, AnotherProjectThatCanNotBePackedStaysAndTheFormerOneIsOpenAga
   EXPECT_EQ(list("ListChapters").rowCount(), 3);
 }
 
+// What it knows only in memory too.
+TEST_F(ImportTest, ABookThatIsOpenReadOnlyComesBackAsItWasChanged) {
+  endProgram();
+  const QString other = smallProject(u"Other"_s);
+  const FolderLock elsewhere(folder.path(u"Small"_s));
+  toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  startWith(project_);
+  sceneAt(1)->Title = u"Changed and not saved"_s;
+  g_Project->MarkEdited();
+  writeFile(folder.path(u"Other/Autobackups"_s), "in the way");
+  fillIn(book_, other);
+  toolkit.expectChoice(u"The book was opened read-only, so what you have changed"_s, u"Leave it unsaved"_s);
+  toolkit.expectBox(u"Import all the same?"_s, Answer::No);
+  press(Qt::Key_Return);
+  EXPECT_EQ(g_Project->FileWithPath, project_);
+  EXPECT_EQ(sceneAt(1)->Title, u"Changed and not saved"_s);
+  EXPECT_TRUE(g_Project->HoldsUnsaved() && g_Project->ReadOnly());
+  EXPECT_EQ(list("ListChapters").rowCount(), 3);
+}
+
+TEST_F(ImportTest, AnotherBookOfTheSameFolderIsOpenedWithoutAQuestion) {
+  const QString other = below(u"Other.qn4"_s);
+  ASSERT_TRUE(QFile::copy(project_, other));
+  QDir(below(u"Autobackups"_s)).removeRecursively();
+  writeFile(below(u"Autobackups"_s), "in the way");
+  for (const bool goesOn : {false, true}) {
+    fillIn(book_, other);
+    toolkit.expectBox(u"Import all the same?"_s, goesOn ? Answer::Yes : Answer::No);
+    if (goesOn) {
+      toolkit.expectChoice(u"You opened Other.qn4"_s, u"Replace"_s);
+    }
+    press(Qt::Key_Return);
+    EXPECT_EQ(g_Project->FileWithPath, goesOn ? other : project_);
+    EXPECT_TRUE(FolderLock(folder.path(u"Small"_s)).other()) << "it is ours";
+    if (!goesOn) {
+      press(Qt::Key_Escape);
+    }
+  }
+}
+
+// Its save is one like any other.
+TEST_F(ImportTest, WhatTheSaveWouldReplaceIsAskedAbout) {
+  fillIn(book_);
+  writeFile(project_, fileBytes(project_).replace("Arrival", "Theirs!"));
+  const QByteArray theirs = fileBytes(project_);
+  toolkit.expectChoice(u"Another program has changed what you are about to save"_s, u"Keep both"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(outline(), kImported);
+  EXPECT_EQ(filesBelow(folder.path(u"Small"_s)).values().count(theirs), 1);
+  QFile::remove(below(u"Small (conflict "_s + Clock::today().toString(Qt::ISODate) + u").qn4"_s));
+  fillIn(book_);
+  writeFile(project_, theirs);
+  toolkit.expectChoice(u"Another program has changed what you are about to save"_s, u"Take theirs"_s);
+  press(Qt::Key_Return);
+  EXPECT_TRUE(sceneAt(1)->Title.contains(u"Theirs!"_s));
+  EXPECT_TRUE(wizard_->isVisible());
+  press(Qt::Key_Escape);
+
+  const QString single = below(u"Small.qnc4"_s);
+  g_Project->FileWithPath = single;
+  ASSERT_TRUE(g_Project->SaveQNC4(false));
+  endProgram();
+  toolkit.expectBox(u"You've loaded an all-in-one"_s);
+  startWith(single);
+  const QByteArray former = fileBytes(project_);
+  fillIn(book_);
+  press(Qt::Key_Escape);
+  const QString ideas = folder.path(u"ideas.txt"_s);
+  writeFile(ideas, "One.\n");
+  toolkit.expectBox(kSureOfScenes, Answer::Yes);
+  toolkit.expectBox(kAboutScenes);
+  toolkit.expectFile(ideas);
+  toolkit.expectChoice(u"You opened Small.qnc4"_s, {});
+  toolkit.expectBox(u"What was imported could not be saved whole. What the project held before is in\n"_s);
+  trigger("mnuImportSceneFile");
+  EXPECT_EQ(fileBytes(project_), former);
+  EXPECT_EQ(g_Project->SceneCount(), 1);
+  EXPECT_TRUE(window().isWindowModified());
+  toolkit.expectChoice(u"You opened Small.qnc4"_s, u"Replace"_s);
+  trigger("mnuSaveProj");
+  EXPECT_NE(fileBytes(project_), former);
+}
+
 TEST_F(ImportTest, AFailedSaveIsToldAndLeavesTheFormerBookOnTheDisk) {
   if (!FailingDisk::available()) {
     GTEST_SKIP();
@@ -312,6 +395,12 @@ TEST_F(ImportTest, WhatCanNotBeReadIsTold) {
   toolkit.expectFile(huge);
   toolkit.expectBox(u"The file can't be read. Nothing was imported.\n\n"_s);
   trigger("mnuImportSceneFile");
+  writeFile(folder.path(u"archive.txt"_s), QByteArray("PK\3\4\0\0", 6));
+  toolkit.expectBox(kSureOfScenes, Answer::Yes);
+  toolkit.expectBox(kAboutScenes);
+  toolkit.expectFile(folder.path(u"archive.txt"_s));
+  toolkit.expectBox(u"The file can't be read. Nothing was imported.\n\narchive.txt is no text."_s);
+  trigger("mnuImportSceneFile");
   EXPECT_TRUE(isAsItWas());
   toolkit.expectBox(u"Each becomes a new scene"_s);
   toolkit.expectFile(huge);
@@ -349,6 +438,24 @@ TEST_F(ImportTest, AListOfScenesTakesThePlaceOfTheBook) {
   endProgram();
   startWith(project_);
   EXPECT_EQ(g_Project->SceneCount(), 3);
+}
+
+TEST_F(ImportTest, ReadingCanBeStopped) {
+  const QString big = folder.path(u"big.txt"_s);
+  writeFile(big, QByteArray("word ").repeated(4 << 20));
+  open();
+  type(big);
+  toolkit.onYield = [this] { toolkit.pressStop(); };
+  press(Qt::Key_Return);
+  EXPECT_EQ(said("lblStepNum"), u"Step 1"_s);
+  press(Qt::Key_Escape);
+  toolkit.expectBox(kSureOfScenes, Answer::Yes);
+  toolkit.expectBox(kAboutScenes);
+  toolkit.expectFile(big);
+  toolkit.onYield = [this] { toolkit.pressStop(); };
+  trigger("mnuImportSceneFile");
+  EXPECT_TRUE(isAsItWas());
+  EXPECT_EQ(g_Project->SceneCount(), 5);
 }
 
 TEST_F(ImportTest, FilesBecomeScenesOfTheChapter) {

@@ -1,5 +1,6 @@
 // Projects of the generations before, opened and imported by the commands of the window.
 
+#include "core/infra/FolderLock.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
@@ -15,6 +16,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -66,6 +68,20 @@ TEST_F(OlderProjectCommandsTest, AnOlderProjectIsConvertedOnlyAfterAYes) {
   }
 }
 
+TEST_F(OlderProjectCommandsTest, AConversionThatIsGivenUpLeavesTheFormerBookOpen) {
+  writeGeneration3(folder.path(u"older"_s));
+  writeFile(converted, "another");
+  const QString former = smallProject();
+  startWith(former);
+  toolkit.expectFile(older);
+  toolkit.expectBox(kConvert, Answer::Yes);
+  toolkit.expectChoice(u"Saved here it would replace"_s, {});
+  toolkit.expectBox(u"so nothing has changed"_s);
+  trigger("mnuImportQuillane3");
+  EXPECT_EQ(g_Project->FileWithPath, former);
+  EXPECT_EQ(list("ListChapters").rowCount(), 3);
+}
+
 TEST_F(OlderProjectCommandsTest, OpenConvertsAndShowsTheBook) {
   writeGeneration3(folder.path(u"older"_s));
   startWith(smallProject());
@@ -93,6 +109,34 @@ TEST_F(OlderProjectCommandsTest, ImportingGeneration3RemembersTheFolder) {
   toolkit.expectFile({});
   trigger("mnuImportQuillane3");
   EXPECT_EQ(toolkit.fileQuestions.last().folder, folder.path(u"older/"_s));
+}
+
+// A book without a file, with an editor open: nothing of it stands anywhere else.
+TEST_F(OlderProjectCommandsTest, WhatCannotBeImportedLeavesTheOpenBookAsItIs) {
+  const QString path = writeGeneration2(folder.path(u"older"_s));
+  startWith(smallProject());
+  window().EditSelectedScene();
+  g_Project->FileWithPath.clear();
+  const clsProject* book = g_Project.get();
+  for (const char* command : {"mnuImportQuillane3", "mnuImportQuillane2"}) {
+    toolkit.expectFile({});
+    toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+    toolkit.expectBox(u"What isn't saved is lost if you go on."_s, Answer::Yes);
+    if (qstrcmp(command, "mnuImportQuillane3") == 0) {
+      toolkit.expectFile(folder.path(u"Old book.qn3.bak"_s));
+      toolkit.expectBox(u"is not a Quillane 3 project"_s);
+    } else {
+      toolkit.expectFile(path);
+      toolkit.expectBox(u"EMPTY folder"_s);
+      toolkit.expectFile({});
+      toolkit.expectBox(u"No project file specified. Save cancelled."_s);
+    }
+    trigger(command);
+    EXPECT_TRUE(g_Project.get() == book && !g_Project->IsBusy()) << command;
+    EXPECT_EQ(list("ListChapters").rowCount(), 3) << command;
+    EXPECT_NE(editor(), nullptr) << command;
+    EXPECT_TRUE(isEnabled("mnuSaveProj")) << command;
+  }
 }
 
 TEST_F(OlderProjectCommandsTest, GivenOnTheCommandLineItIsAskedAboutToo) {
@@ -163,4 +207,12 @@ TEST_F(OlderProjectCommandsTest, ASceneWithMarkedScenesInItsTextBecomesThose) {
   EXPECT_EQ(second->ViewPointID(), source->ViewPointID());
   EXPECT_TRUE(QFile::exists(second->RTFFileWithPath()));
   EXPECT_FALSE(g_Project->HoldsUnsaved());
+  const QString other = smallProject(u"Other"_s);
+  const FolderLock elsewhere(QFileInfo(other).path());
+  toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
+  window().LoadProject(other, false);
+  click(list("ListScenes"), 0);
+  sceneAt(1)->setTextRTF(text);
+  toolkit.expectBox(u"no scene can be converted"_s);
+  trigger("mnuConvQN2Scn");
 }

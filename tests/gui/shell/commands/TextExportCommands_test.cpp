@@ -6,6 +6,7 @@
 #include "core/model/clsScene.h"
 #include "core/persist/ProjectSaver.h"
 #include "core/text/Rtf.h"
+#include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
 #include "support/FailingDisk.h"
 #include "support/ModalHelper.h"
@@ -14,7 +15,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -161,6 +164,16 @@ TEST_F(TextExportCommandsTest, ABookWithoutAPlaceOfItsOwnIsAskedForOne) {
   exportOutline({});
   toolkit.expectFile({});
   trigger("mnuExportNano");
+}
+
+TEST_F(TextExportCommandsTest, WhatAnEditorHoldsIsNotInIt) {
+  window().EditSelectedScene();
+  QTest::keyClicks(&childOf<QLineEdit>(openEditor(), u"txtTitle"_s), u"typed"_s);
+  const QString out = folder.path(u"Out.txt"_s);
+  expectManuscript(out, Answer::No, Answer::No);
+  toolkit.expectBox(u"The book was exported to "_s + out +
+                    u"\n\nWhat isn't saved yet in open editor windows is not in it."_s);
+  trigger("mnuCombineFiles");
 }
 
 TEST_F(TextExportCommandsTest, TextsThatCouldNotBeReadAreNamed) {

@@ -82,6 +82,7 @@ TEST_F(WhileBusyTest, NoCommandOfTheMenuBeginsInTheMiddleOfASave) {
                               "mnuScenesPerCharacter",
                               "mnuCreateDebug",
                               "mnuCombineFiles",
+                              "mnuExportHTML",
                               "mnuExportToRTF",
                               "mnuExportOutline",
                               "mnuExportDesc",
