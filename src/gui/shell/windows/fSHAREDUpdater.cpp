@@ -49,8 +49,8 @@ fSHAREDUpdater::fSHAREDUpdater(QWidget* parent)
     : QDialog(parent),
       internet_(std::make_shared<cSHAREDInternet>()),
       lblProgram(makeLabel(u"lblProgram"_s, {}, this)),
-      lblUpdate(makeWrappedLabel(u"lblUpdate"_s, {}, kLetters, this)),
-      lblStatus(makeWrappedLabel(u"lblStatus"_s, {}, kLetters, this)),
+      lblUpdate(makeLabel(u"lblUpdate"_s, {}, this)),
+      lblStatus(makeLabel(u"lblStatus"_s, {}, this)),
       ProgressBar1(new QProgressBar(this)),
       txtDetail(makeReadOnlyText(u"txtDetail"_s, u"What is new"_s, this)),
       chkDisableAutoUpdate(new QCheckBox(u"Don't check for new versions &automatically"_s, this)),
@@ -80,6 +80,10 @@ void fSHAREDUpdater::buildLayout() {
   QFont bold = lblProgram->font();
   bold.setBold(true);
   lblProgram->setFont(bold);
+  for (QLabel* label : {lblUpdate, lblStatus}) {
+    label->setWordWrap(true);
+    label->setMinimumWidth(fontMetrics().averageCharWidth() * kLetters);
+  }
   giveName(*ProgressBar1, u"ProgressBar1"_s, u"Download"_s);
   ProgressBar1->setRange(0, kPercent);
   giveName(*chkDisableAutoUpdate, u"chkDisableAutoUpdate"_s);
