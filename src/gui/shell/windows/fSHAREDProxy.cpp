@@ -59,11 +59,11 @@ void fSHAREDProxy::buildLayout() {
   column->addWidget(optNamed);
   auto* const fields = new QFormLayout;
   fields->setContentsMargins(kIndent, 0, 0, 0);
-  txtServer = addLineEdit(*fields, u"txtServer"_s, u"&Server:"_s);
-  txtPort = addLineEdit(*fields, u"txtPort"_s, u"&Port:"_s);
-  txtUser = addLineEdit(*fields, u"txtUser"_s, u"Us&er name:"_s);
-  txtPwd = addLineEdit(*fields, u"txtPwd"_s, u"Pass&word:"_s);
-  txtPwdRepeat = addLineEdit(*fields, u"txtPwdRepeat"_s, u"&Repeat password:"_s);
+  txtServer = addLineEdit(*fields, u"txtServer"_s, u"&Server"_s);
+  txtPort = addLineEdit(*fields, u"txtPort"_s, u"&Port"_s);
+  txtUser = addLineEdit(*fields, u"txtUser"_s, u"Us&er name"_s);
+  txtPwd = addLineEdit(*fields, u"txtPwd"_s, u"Pass&word"_s);
+  txtPwdRepeat = addLineEdit(*fields, u"txtPwdRepeat"_s, u"&Repeat password"_s);
   txtServer->setMinimumWidth(fontMetrics().averageCharWidth() * kLetters);
   txtPort->setValidator(new QIntValidator(1, kHighestPort, txtPort));
   txtPwd->setEchoMode(QLineEdit::Password);

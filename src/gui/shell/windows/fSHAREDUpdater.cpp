@@ -179,6 +179,7 @@ void fSHAREDUpdater::showForm() {
 
 void fSHAREDUpdater::tellUpdate(const QString& text) {
   lblUpdate->setText(text);
+  layout()->activate();
 }
 
 void fSHAREDUpdater::tellStatus(const QString& text) {

@@ -32,14 +32,15 @@ void frmAbout::showOver(QWidget& window) {
 /// As text that can be read, walked through and copied in parts.
 QWidget* frmAbout::makeFacts() {
   constexpr int kLetters = 64;
-  constexpr int kLines = 7;
+  constexpr int kLines = 9;
   auto* const facts = makeReadOnlyText(u"txtFacts"_s, u"Libraries and folders"_s, this);
   QStringList lines;
   for (const ProgramFacts::Library& library : ProgramFacts::libraries()) {
     lines += library.name + u' ' + library.version;
   }
   facts->setPlainText((lines + ProgramFacts::places()).join(u'\n'));
-  facts->setMinimumSize(fontMetrics().averageCharWidth() * kLetters, fontMetrics().lineSpacing() * kLines);
+  facts->setMinimumWidth(fontMetrics().averageCharWidth() * kLetters);
+  facts->setFixedHeight(fontMetrics().lineSpacing() * kLines);
   return facts;
 }
 
