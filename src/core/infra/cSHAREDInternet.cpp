@@ -105,10 +105,6 @@ void cSHAREDInternet::Transfer::describe(const QString& address) {
   set(CURLOPT_ERRORBUFFER, why_.data());
   set(CURLOPT_WRITEFUNCTION, &Transfer::receive);
   set(CURLOPT_WRITEDATA, static_cast<void*>(this));
-  if (!internet_.CertificateFile.isEmpty()) {
-    const QByteArray file = internet_.CertificateFile.toLocal8Bit();
-    set(CURLOPT_CAINFO, file.constData());
-  }
 }
 
 void cSHAREDInternet::Transfer::allow(const QString& address) {

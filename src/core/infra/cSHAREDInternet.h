@@ -23,8 +23,6 @@ class cSHAREDInternet {
   qint64 TimeoutMs = 60'000;
   /// A server that sends elsewhere is followed.
   bool MayBeSentElsewhere = true;
-  /// Whose signatures under certificates are believed; empty for those that the system believes.
-  QString CertificateFile;
 
   /// Takes the settings of the proxy over for the transfers that follow.
   void ApplyProxy();
