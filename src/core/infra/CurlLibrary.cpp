@@ -13,6 +13,7 @@ CurlLibrary::CurlLibrary() {
       break;
     }
   }
+  resolve(versionInfo, "curl_version_info");
   resolve(makeRequest, "curl_easy_init");
   resolve(freeRequest, "curl_easy_cleanup");
   resolve(setOption, "curl_easy_setopt");

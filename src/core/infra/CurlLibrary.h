@@ -11,6 +11,7 @@ class CurlLibrary {
   /// Throws RuntimeError 53, and logs, when the library isn't there or lacks a routine.
   static const CurlLibrary& get();
 
+  decltype(&::curl_version_info) versionInfo = nullptr;
   decltype(&::curl_easy_init) makeRequest = nullptr;
   decltype(&::curl_easy_cleanup) freeRequest = nullptr;
   decltype(&::curl_easy_setopt) setOption = nullptr;

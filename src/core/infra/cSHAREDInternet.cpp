@@ -3,12 +3,14 @@
 #include "core/infra/Clock.h"
 #include "core/infra/CurlLibrary.h"
 #include "core/infra/Guard.h"
-#include "core/infra/Maker.h"
 #include "core/infra/NativeFile.h"
+#include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
-#include "core/infra/cSHAREDSubs.h"
+#include "core/infra/WholeText.h"
+#include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedEncrypt.h"
 #include "core/infra/cSharedLogging.h"
 
 #include <QTimer>
@@ -43,7 +45,7 @@ struct cSHAREDInternet::Steps {
 /// One request, and where its bytes go.
 class cSHAREDInternet::Transfer {
  public:
-  Transfer(const QString& address, ReplacementFile& file, qint64 mostBytes);
+  Transfer(const cSHAREDInternet& internet, const QString& address, qint64 mostBytes, Sink sink);
   ~Transfer();
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
@@ -62,6 +64,8 @@ class cSHAREDInternet::Transfer {
     curl_.setOption(request_, option, value);
   }
   void describe(const QString& address);
+  void allow(const QString& address);
+  void useProxy(const Proxy& proxy);
   void take(QByteArrayView bytes);
   void finish(CURLcode result) const;
   /// Called by the library, which no exception may travel through.
@@ -70,16 +74,20 @@ class cSHAREDInternet::Transfer {
   const CurlLibrary& curl_ = CurlLibrary::get();
   CURL* const request_ = curl_.makeRequest();
   CURLM* const queue_ = curl_.makeQueue();
-  ReplacementFile& file_;
+  const cSHAREDInternet& internet_;
+  Sink sink_;
   qint64 mostBytes_;
   qint64 received_ = 0;
   std::exception_ptr failure_;
   std::array<char, CURL_ERROR_SIZE> why_{};
 };
 
-cSHAREDInternet::Transfer::Transfer(const QString& address, ReplacementFile& file, qint64 mostBytes)
-    : file_(file), mostBytes_(mostBytes) {
+cSHAREDInternet::Transfer::Transfer(const cSHAREDInternet& internet, const QString& address, qint64 mostBytes,
+                                    Sink sink)
+    : internet_(internet), sink_(std::move(sink)), mostBytes_(mostBytes) {
   describe(address);
+  allow(address);
+  useProxy(internet.proxy_);
   curl_.add(queue_, request_);
 }
 
@@ -91,19 +99,33 @@ cSHAREDInternet::Transfer::~Transfer() {
 
 void cSHAREDInternet::Transfer::describe(const QString& address) {
   const QByteArray url = address.toUtf8();
-  const bool isSecure = address.startsWith(u"https:"_s, Qt::CaseInsensitive);
-  const QByteArray program = QByteArray(Maker::kProgramTitle) + '/' + Subs().AppVersion().toLatin1();
   set(CURLOPT_URL, url.constData());
-  set(CURLOPT_PROTOCOLS_STR, "http,https");
-  set(CURLOPT_REDIR_PROTOCOLS_STR, isSecure ? "https" : "http,https");
-  set(CURLOPT_FOLLOWLOCATION, 1L);
-  set(CURLOPT_MAXREDIRS, kMostRedirections);
   set(CURLOPT_FAILONERROR, 1L);
   set(CURLOPT_NOSIGNAL, 1L);
-  set(CURLOPT_USERAGENT, program.constData());
   set(CURLOPT_ERRORBUFFER, why_.data());
   set(CURLOPT_WRITEFUNCTION, &Transfer::receive);
   set(CURLOPT_WRITEDATA, static_cast<void*>(this));
+}
+
+void cSHAREDInternet::Transfer::allow(const QString& address) {
+  const bool isSecure = address.startsWith(u"https:"_s, Qt::CaseInsensitive);
+  set(CURLOPT_PROTOCOLS_STR, "http,https,ftp");
+  set(CURLOPT_REDIR_PROTOCOLS_STR, isSecure ? "https" : "http,https");
+  set(CURLOPT_FOLLOWLOCATION, internet_.MayBeSentElsewhere ? 1L : 0L);
+  set(CURLOPT_MAXREDIRS, kMostRedirections);
+}
+
+void cSHAREDInternet::Transfer::useProxy(const Proxy& proxy) {
+  if (proxy.type == Proxy::System) {
+    return;
+  }
+  // An empty name keeps the library from looking for the system's.
+  const bool isNamed = proxy.type == Proxy::Named;
+  set(CURLOPT_PROXY, isNamed ? proxy.server.constData() : "");
+  if (isNamed && !proxy.user.isEmpty()) {
+    set(CURLOPT_PROXYUSERNAME, proxy.user.constData());
+    set(CURLOPT_PROXYPASSWORD, proxy.password.constData());
+  }
 }
 
 size_t cSHAREDInternet::Transfer::receive(const char* bytes, size_t size, size_t count, void* transfer) noexcept {
@@ -122,7 +144,7 @@ void cSHAREDInternet::Transfer::take(QByteArrayView bytes) {
   if (received_ > mostBytes_ || announced() > mostBytes_) {
     fail(u"The file is too long"_s);
   }
-  file_.write(bytes);
+  sink_(bytes);
 }
 
 qint64 cSHAREDInternet::Transfer::announced() const {
@@ -153,21 +175,61 @@ void cSHAREDInternet::Transfer::finish(CURLcode result) const {
   if (result != CURLE_OK) {
     fail(QString::fromUtf8(why_.front() != '\0' ? why_.data() : curl_.describe(result)));
   }
+  constexpr long kSentElsewhere = 300;
+  constexpr long kSentElsewhereEnd = 400;
+  long reply = 0;
+  curl_.getInfo(request_, CURLINFO_RESPONSE_CODE, &reply);
+  if (reply >= kSentElsewhere && reply < kSentElsewhereEnd) {
+    fail(u"The server sends to another address"_s);
+  }
 }
 
-bool cSHAREDInternet::GetFile(const QString& Address, const QString& LocalFile) {
+void cSHAREDInternet::ApplyProxy() {
+  const auto text = [](const QString& key) { return Settings().sGet(key).toString().trimmed(); };
+  proxy_ = {};
+  proxy_.type = static_cast<qint16>(Numbers::ToInt(Settings().sGet(u"ProxyType"_s, qint16{Proxy::System})));
+  const QString server = text(u"ProxyServer"_s);
+  const QString port = text(u"ProxyPort"_s);
+  if (proxy_.type != Proxy::Named) {
+    return;
+  }
+  proxy_.server = (server.isEmpty() || port.isEmpty() ? server : server + u':' + port).toUtf8();
+  Logging().LogEvent(u"Proxy set to: "_s + QString::fromUtf8(proxy_.server));
+  proxy_.user = text(u"ProxyUser"_s).toUtf8();
+  proxy_.password = cSharedDecrypt::Decrypt(Settings().sGet(u"ProxyPwd"_s).toString()).toUtf8();
+  if (!proxy_.user.isEmpty()) {
+    Logging().LogEvent(u"Proxy username/password set"_s);
+  }
+}
+
+void cSHAREDInternet::tell(const QString& status) const {
+  Logging().LogEvent(status);
+  if (Status) {
+    Status(status);
+  }
+}
+
+template <class Fetch>
+bool cSHAREDInternet::run(const QString& address, Fetch&& fetch) {
   if (std::exchange(running_, true)) {
     return false;
   }
   cancelled_ = false;
   expected_ = 0;
-  Logging().LogEvent(u"Trying to download "_s + Address);
-  const bool fetched = Guard("GetFile", "cSHAREDInternet")([&] { fetch(Address, LocalFile); });
+  Logging().LogEvent(u"Trying to download "_s + address);
+  const bool fetched = Guard("GetFile", "cSHAREDInternet")(fetch);
   running_ = false;
-  if (cancelled_) {
-    Logging().LogEvent(u"Download cancelled"_s);
-  }
+  tell(cancelled_ ? u"Download cancelled"_s : fetched ? u"Response Completed"_s : u"Error"_s);
   return fetched && !cancelled_;
+}
+
+bool cSHAREDInternet::GetFile(const QString& Address, const QString& LocalFile) {
+  return run(Address, [&] { fetch(Address, LocalFile); });
+}
+
+QString cSHAREDInternet::OpenURL(const QString& Address) {
+  QByteArray text;
+  return run(Address, [&] { fetchText(Address, text); }) ? WholeText::fromBytes(text) : QString();
 }
 
 void cSHAREDInternet::fetch(const QString& address, const QString& file) {
@@ -175,15 +237,24 @@ void cSHAREDInternet::fetch(const QString& address, const QString& file) {
     fail(u"No address specified"_s);
   }
   ReplacementFile replacement(Paths::native(file));
-  Transfer transfer(address, replacement, MostBytes);
+  Transfer transfer(*this, address, MostBytes, [&replacement](QByteArrayView bytes) { replacement.write(bytes); });
   follow(transfer);
   if (!cancelled_) {
     replacement.commit(ReplacementFile::Durability::OnDisk);
   }
 }
 
+void cSHAREDInternet::fetchText(const QString& address, QByteArray& text) {
+  if (address.isEmpty()) {
+    fail(u"No address specified"_s);
+  }
+  Transfer transfer(*this, address, kMostOfText, [&text](QByteArrayView bytes) { text.append(bytes); });
+  follow(transfer);
+}
+
 // A window that opens while this yields doesn't let it go on until it is closed: the timer does, under that.
 void cSHAREDInternet::follow(Transfer& transfer) {
+  tell(u"Connecting"_s);
   std::exception_ptr failure;
   Steps steps{transfer, 0, Clock::ticks()};
   bool isRunning = true;
@@ -210,6 +281,9 @@ void cSHAREDInternet::follow(Transfer& transfer) {
 bool cSHAREDInternet::step(Steps& steps) {
   const bool isRunning = steps.transfer.goOn();
   if (steps.transfer.received() != steps.told) {
+    if (steps.told == 0) {
+      tell(u"Receiving Response"_s);
+    }
     steps.told = steps.transfer.received();
     steps.last = Clock::ticks();
     expected_ = steps.transfer.announced();

@@ -1,5 +1,6 @@
 #include "core/infra/cSHAREDInternet.h"
 
+#include "core/infra/cSHAREDSettings.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 #include "support/WebServer.h"
@@ -110,6 +111,26 @@ TEST_F(Internet, AFileGoesOnComingUnderAWindowThatIsUpMeanwhile) {
   EXPECT_TRUE(internet.GetFile(server.address(u"/list.zip"_s), path));
   EXPECT_TRUE(came);
   EXPECT_EQ(content(), body);
+}
+
+TEST_F(Internet, ATextIsTakenByTheProxyOfTheSettings) {
+  const WebServer server({{u"/text"_s, WebServer::ok("4.0.90\r\nnext")},
+                          {u"/long"_s, WebServer::ok(QByteArray(cSHAREDInternet::kMostOfText + 1, 'z'))},
+                          {u"/moved"_s, WebServer::moved("/text")},
+                          {u"http://nowhere.invalid/text"_s, WebServer::ok("by the proxy")}});
+  EXPECT_EQ(internet.OpenURL(server.address(u"/text"_s)), u"4.0.90\r\nnext"_s);
+  EXPECT_EQ(internet.OpenURL(server.address(u"/moved"_s)), u"4.0.90\r\nnext"_s);
+  for (const QString& none : {server.address(u"/long"_s), u"http://nowhere.invalid/text"_s, u""_s}) {
+    EXPECT_EQ(internet.OpenURL(none), QString()) << none.toStdString();
+  }
+  internet.MayBeSentElsewhere = false;
+  EXPECT_EQ(internet.OpenURL(server.address(u"/moved"_s)), QString());
+  Settings().sSet(u"ProxyType"_s, 2);
+  Settings().sSet(u"ProxyServer"_s, u"127.0.0.1"_s);
+  Settings().sSet(u"ProxyPort"_s, server.address({}).section(u':', -1));
+  internet.ApplyProxy();
+  EXPECT_EQ(internet.OpenURL(u"http://nowhere.invalid/text"_s), u"by the proxy"_s);
+  Settings().DeleteAllSettings();
 }
 
 TEST_F(Internet, ACancelledTransferEndsAtOnceAndOneRunsAtATime) {

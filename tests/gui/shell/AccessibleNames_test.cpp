@@ -15,6 +15,8 @@
 #include "gui/sheets/frmEditThing.h"
 #include "gui/sheets/frmList.h"
 #include "gui/shell/MainWindow.h"
+#include "gui/shell/windows/fSHAREDProxy.h"
+#include "gui/shell/windows/fSHAREDUpdater.h"
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmBackupViewer.h"
 #include "gui/shell/windows/frmDebug.h"
@@ -92,6 +94,8 @@ TEST_F(AccessibleNamesTest, EveryControlThatTakesTheKeyboardHasOne) {
   fSHAREDErrorRpt report(ErrorReport::about(u"Error 61 - Disk full"_s), {});
   fSHAREDLogViewer log;
   frmAbout about(&window());
+  const fSHAREDUpdater updater(&window());
+  const fSHAREDProxy proxy(&window());
   const frmLostAndFound lost(&window());
   const frmBackupViewer backups(&window());
   const frmEditProject settings(ProjectSettings::of(*g_Project), &window());

@@ -14,6 +14,7 @@
 #include "gui/shell/main/InterfaceLanguage.h"
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/UpdateCheck.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmLostAndFound.h"
@@ -54,6 +55,7 @@ void ToolCommands::bind(MenuBindings& menu) {
   menu.bind("mnuFont", [this](const MenuChoice& chosen) { mnuFont_Click(chosen.tag.toString()); });
   menu.bind("mnuLanguage", [this](const MenuChoice& chosen) { mnuLanguage_Click(chosen.tag.toString()); });
   menu.bind("mnuAbout", [this] { mnuAbout_Click(); });
+  menu.bind("mnuCheckVersion", [this] { mnuCheckVersion_Click(); });
   menu.bind("mnuManual", [this] { mnuManual_Click(); });
 }
 
@@ -112,6 +114,22 @@ void ToolCommands::mnuLanguage_Click(const QString& language) {
 
 void ToolCommands::mnuAbout_Click() {
   frmAbout::showOver(main_);
+}
+
+// It may end in an installer that wants the program closed: what is open is brought to the disk first.
+void ToolCommands::mnuCheckVersion_Click() {
+  if (main_.Editing()) {
+    toolkit().MsgBox(u"Please close all editor windows first"_s);
+    return;
+  }
+  if (g_Project->IsBusy()) {
+    return;
+  }
+  if (main_.ProjectChanged) {
+    main_.SaveProject(false);
+  }
+  main_.stopUpdateCheck();
+  checkForUpdate(main_, false);
 }
 
 void ToolCommands::mnuManual_Click() {

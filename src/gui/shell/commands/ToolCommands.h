@@ -21,6 +21,7 @@ class ToolCommands : public CommandGroup {
   void mnuFont_Click(const QString& family);
   void mnuLanguage_Click(const QString& language);
   void mnuAbout_Click();
+  void mnuCheckVersion_Click();
   void mnuManual_Click();
 
   frmMain& main_;

@@ -27,6 +27,7 @@
 #include "gui/shell/main/ScenePane.h"
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/StatusPanels.h"
+#include "gui/shell/main/UpdateCheck.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/frmSplash.h"
 #include "gui/toolkit/ProportionalSplitter.h"
@@ -179,6 +180,7 @@ void StartUp::readSettings() const {
   main_.settingsLoaded_ = true;
   g_DebugMode = truth(Settings().sGet(u"DebugMode"_s, false));
   main_.menus().setVisible(u"mnuManual"_s, HelpFile::isInstalled());
+  offerUpdateCheck(main_);
   SearchCommands::fillProblemWords(main_.menus());
   const QString font = Settings().sGet(u"FormFont"_s).toString().trimmed();
   if (font.isEmpty() || !useFormFont(main_, font)) {

@@ -25,11 +25,13 @@
 #include "gui/shell/main/SceneTabs.h"
 #include "gui/shell/main/StatusPanels.h"
 #include "gui/shell/main/StrayEditors.h"
+#include "gui/shell/main/UpdateCheck.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/WindowTitle.h"
 #include "gui/views/ListView.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QMenu>
@@ -314,12 +316,13 @@ void frmMain::triggerEntry(const QString& name) {
   entry.isEnabled() ? entry.trigger() : sayWhyNot(entry);
 }
 
-// A one-shot that waits until no scene is open. There is nothing to check with yet.
+// A one-shot that waits until no scene is open, no work under way and no question up.
 void frmMain::Timer3_Timer() {
-  if (Closing || Editing()) {
+  if (Closing || Editing() || g_Project->IsBusy() || QApplication::activeModalWidget() != nullptr) {
     return;
   }
   Timer3.stop();
+  checkForUpdateByItself(*this);
 }
 
 void frmMain::Updater_InstallFile() {

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-/// The program's version, its maker and the way to the maker's page.
+/// The program's version, licence and maker, the libraries that it uses and where its files are kept.
 class frmAbout : public QDialog {
   Q_OBJECT
 
@@ -14,4 +14,5 @@ class frmAbout : public QDialog {
 
  private:
   void buildLayout();
+  QWidget* makeFacts();
 };

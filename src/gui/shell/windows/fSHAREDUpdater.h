@@ -1,0 +1,83 @@
+#pragma once
+
+#include "core/infra/VersionFile.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class cSHAREDInternet;
+class QCheckBox;
+class QLabel;
+class QPlainTextEdit;
+class QProgressBar;
+class QPushButton;
+
+/// Whether there is a newer version, what is new in it, and the way to its installer. It is there all the time and
+/// shown when asked for. Whatever is fetched, the windows go on; one transfer runs at a time.
+class fSHAREDUpdater : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit fSHAREDUpdater(QWidget* parent);
+  ~fSHAREDUpdater() override;
+
+  /// Whether no check is made by itself. Asks the first time.
+  bool NoAutoCheck();
+  /// Whether the last check is a week old.
+  bool DoCheckNow() const;
+  static void SaveLastCheckDate();
+  /// A silent one speaks only of a newer version.
+  void CheckForUpdate(bool Silent);
+  void ShowandCheck() { CheckForUpdate(false); }
+  void DownloadAndInstall();
+  void StopAll();
+  void reject() override;
+
+ Q_SIGNALS:
+  void Status(const QString& text);
+  void Finished();
+  void FormClosed();
+  void InstallFile();
+
+ private:
+  enum class State { Idle, Checking, Failed, UpToDate, Available, Downloading };
+
+  void buildLayout();
+  void connectSignals();
+  void setState(State state);
+  void showForm();
+  void tellUpdate(const QString& text);
+  void tellStatus(const QString& text);
+  /// Nothing when the window has gone or the transfer was stopped meanwhile.
+  std::optional<QString> fetchText(const QString& address);
+  void takeReply(const QString& reply);
+  void tellFailure(const QString& text);
+  void tellAvailable();
+  void tellUpToDate();
+  bool Download(const QString& path);
+  void tellProgress(qint64 received);
+  void cmdShowDetail_Click();
+  void cmdDownload_Click();
+
+  const std::shared_ptr<cSHAREDInternet> internet_;
+  VersionFile newest_;
+  State state_ = State::Idle;
+  bool silent_ = false;
+  bool running_ = false;
+  bool stopped_ = false;
+
+  QLabel* lblProgram;
+  QLabel* lblUpdate;
+  QLabel* lblStatus;
+  QProgressBar* ProgressBar1;
+  QPlainTextEdit* txtDetail;
+  QCheckBox* chkDisableAutoUpdate;
+  QPushButton* cmdCheckAgain;
+  QPushButton* cmdShowDetail;
+  QPushButton* cmdDownload;
+  QPushButton* cmdDownloadInstall;
+  QPushButton* cmdCancel;
+  QPushButton* cmdProxy;
+  QPushButton* cmdClose;
+};
