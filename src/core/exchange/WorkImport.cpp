@@ -191,10 +191,25 @@ std::vector<TextRange> scenesOf(QStringView chapter) {
   return scenes;
 }
 
+/// Word processors write the blanks of headings and marks as ones that don't break, which look the same: there they are
+/// plain blanks. In the middle of a line they are the writer's.
+QString withPlainBlanks(QString plain) {
+  const auto word = kHeading.chopped(1);
+  for (qsizetype at = plain.indexOf(QChar::Nbsp); at >= 0; at = plain.indexOf(QChar::Nbsp, at + 1)) {
+    const QStringView before = QStringView(plain).first(at);
+    const bool isInMark = before.endsWith(u'*') && QStringView(plain).sliced(at + 1).startsWith(u'*');
+    const bool isInHeading = before.endsWith(word, Qt::CaseInsensitive) && isLineStart(plain, at - word.size());
+    if (isInMark || isInHeading) {
+      plain[at] = u' ';
+    }
+  }
+  return plain;
+}
+
 }  // namespace
 
 std::optional<WorkImport> WorkImport::cut(const RichText& text, const std::function<bool()>& goOn) {
-  const QString plain = text.plainText();
+  const QString plain = withPlainBlanks(text.plainText());
   const ReadPlaces places(text, plain);
   const qsizetype begin = behindInstructions(plain);
   const Chapters chapters = chaptersOf(plain, begin);

@@ -53,9 +53,10 @@ TEST(WorkImport, ATextIsCutIntoChaptersAndScenes) {
       {u"Chapter 1\na\n* * *\nb\n   * * *  \nc"_s, u"Chapter 1|a/b/c"_s, 5, 0},
       {u"Chapter 1 a * * * b"_s, u"Chapter 1 a / b"_s, 4, 0},
       {u"Chapter 1\n***\na\n* * *\n"_s, u"Chapter 1|***|a/"_s, 3, 0},
+      {u"Chapter\u00a01\na\n*\u00a0*\u00a0*\nb"_s, u"Chapter\u00a01|a/b"_s, 4, 0},
       {u"Chapter 1\n* * * * *\nb"_s, u"Chapter 1|* * /b"_s, 3, 0},
       {u"Chapter 1\n* * *\n* * *\nb"_s, u"Chapter 1//b"_s, 3, 0},
-      {u"Chapter\u00A01, chapters\n and a chapter too"_s, u"chapter too"_s, 2, 5},
+      {u"In Chapter\u00A01, chapters\n and a chapter too"_s, u"chapter too"_s, 2, 6},
       {u"a\n\n\nChapter 1\n\n\nb\n\n\nChapter 2"_s, u"Chapter 1|||b||#Chapter 2"_s, 5, 1},
   };
   for (const Case& expected : cases) {
