@@ -221,7 +221,10 @@ void frmImportWIP::showStep(int step) {
   if (field != nullptr) {
     field->selectAll();
   }
-  QWidget* const focused = field != nullptr ? static_cast<QWidget*>(field) : cmdNext;
+  // Enter doesn't erase a book for one without chapters.
+  QPushButton* const usual = step == kConfirm && work_.chapters.empty() ? cmdBack : cmdNext;
+  usual->setDefault(true);
+  QWidget* const focused = field != nullptr ? static_cast<QWidget*>(field) : usual;
   // A screen reader comes upon the focused control alone.
   QStringList words{lblStepNum->text(), lblStepDetails->text()};
   for (const QLabel* label : steps_->currentWidget()->findChildren<QLabel*>()) {

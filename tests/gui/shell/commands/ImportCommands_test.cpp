@@ -156,8 +156,10 @@ TEST_F(ImportTest, EachStepAsksForOneThingAndChecksIt) {
             "file would not be in it."_s);
   EXPECT_EQ(withoutMnemonic(part<QPushButton>("cmdNext").text()), u"Finish"_s);
   EXPECT_EQ(withoutMnemonic(part<QPushButton>("cmdBack").text()), u"<<   Back"_s);
-  EXPECT_EQ(wizard_->focusWidget(), &part<QPushButton>("cmdNext"));
+  EXPECT_EQ(wizard_->focusWidget(), &part<QPushButton>("cmdBack"));
+  EXPECT_TRUE(part<QPushButton>("cmdBack").isDefault());
   part<QPushButton>("cmdBack").click();
+  EXPECT_TRUE(part<QPushButton>("cmdNext").isDefault());
   part<QPushButton>("cmdBack").click();
   part<QLineEdit>("txtWipFile").setText(book_);
   press(Qt::Key_Return);
