@@ -107,16 +107,17 @@ TEST(HtmlReader, WhateverStandsThereIsReadInOnePass) {
 
 TEST(Manuscript, ItsEncodingAndItsLineEndsAreFoundOut) {
   const QString text = u"Zo\u00EB\u2019s caf\u00E9|\u2014 end"_s;
+  const QString inLines = QString(text).replace(u'|', u'\n');
   const auto utf16 = [&](bool big) {
     QByteArray bytes = big ? "\xFE\xFF" : "\xFF\xFE";
-    for (const QChar unit : QString(text).replace(u'|', u'\n')) {
+    for (const QChar unit : inLines) {
       const auto high = static_cast<char>(unit.unicode() >> 8);
       const auto low = static_cast<char>(unit.unicode() & 0xFF);
       bytes.append(big ? high : low).append(big ? low : high);
     }
     return bytes;
   };
-  const QByteArray utf8 = QString(text).replace(u'|', u'\n').toUtf8();
+  const QByteArray utf8 = inLines.toUtf8();
   const QByteArray single = "Zo\xEB\x92s caf\xE9\r\n\x97 end";
   for (const QByteArray& bytes : {utf8, "\xEF\xBB\xBF" + utf8 + "\r\n", utf16(true), utf16(false), single,
                                   QByteArray(single).replace("\r\n", "\r"), QByteArray(single).replace("\r\n", "\n")}) {
