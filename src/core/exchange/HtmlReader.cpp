@@ -1,6 +1,6 @@
 #include "core/exchange/HtmlReader.h"
 
-#include "core/exchange/HtmlTags.h"
+#include "core/exchange/PageTags.h"
 #include "helpers/HtmlReferences.h"
 
 #include <QHash>
@@ -9,7 +9,7 @@
 #include <array>
 #include <utility>
 
-using namespace HtmlTags;
+using namespace PageTags;
 using namespace Qt::StringLiterals;
 
 namespace {

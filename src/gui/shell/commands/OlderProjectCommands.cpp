@@ -13,6 +13,7 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/commands/BookScenes.h"
+#include "gui/shell/commands/OpenChosen.h"
 #include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/ProjectSession.h"
@@ -60,23 +61,15 @@ void OlderProjectCommands::bind(MenuBindings& menu) {
   menu.bind("mnuConvQN2Scn", [this] { mnuConvQN2Scn_Click(); });
 }
 
-// Whoever opens a project by hand is not asked about updates in this run.
 void OlderProjectCommands::mnuImportQuillane3_Click() {
-  if (g_Project->IsBusy()) {
-    return;
-  }
-  main_.stopUpdateCheck();
-  if (!main_.session().mayReplaceProject()) {
-    return;
-  }
-  const ScanPause pause;
-  const QString path = askForOlder(u"Import Quillane3 Project"_s, u"*.qn3"_s);
-  if (!path.isEmpty() && !clsProject::IsQN3(path)) {
+  openChosen(main_, [] {
+    const QString path = askForOlder(u"Import Quillane3 Project"_s, u"*.qn3"_s);
+    if (path.isEmpty() || clsProject::IsQN3(path)) {
+      return path;
+    }
     toolkit().MsgBox(whyNotOlder(path));
-  } else if (!path.isEmpty()) {
-    main_.LoadProject(path, true);
-  }
-  main_.session().setMenusByProject();
+    return QString();
+  });
 }
 
 void OlderProjectCommands::mnuImportQuillane2_Click() {

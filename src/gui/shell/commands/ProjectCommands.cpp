@@ -2,13 +2,13 @@
 
 #include "core/infra/FirstOf.h"
 #include "core/infra/Paths.h"
-#include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "gui/shell/commands/OpenChosen.h"
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/frmMain.h"
 
@@ -41,22 +41,10 @@ void ProjectCommands::bind(MenuBindings& menu) {
   menu.bind("mnuSaveToSingleFile", [this] { mnuSaveToSingleFile_Click(); });
 }
 
-// Whoever opens a project by hand is not asked about updates in this run.
 void ProjectCommands::mnuLoadProj_Click() {
-  if (g_Project->IsBusy()) {
-    return;
-  }
-  main_.stopUpdateCheck();
-  if (!main_.session().mayReplaceProject()) {
-    return;
-  }
-  const ScanPause pause;
-  const QString path =
-      toolkit().OpenFileDialog({u"Open"_s, u"*.qn3;*.qn4;*.qnc4"_s, QString(), Paths::documentsFolder()});
-  if (!path.isEmpty()) {
-    main_.LoadProject(path, true);
-  }
-  main_.session().setMenusByProject();
+  openChosen(main_, [] {
+    return toolkit().OpenFileDialog({u"Open"_s, u"*.qn3;*.qn4;*.qnc4"_s, QString(), Paths::documentsFolder()});
+  });
 }
 
 void ProjectCommands::mnuRecent_Click(const QString& Path) {
@@ -64,16 +52,7 @@ void ProjectCommands::mnuRecent_Click(const QString& Path) {
     main_.showMessage(u"No project has been opened yet."_s);
     return;
   }
-  if (g_Project->IsBusy()) {
-    return;
-  }
-  main_.stopUpdateCheck();
-  if (!main_.session().mayReplaceProject()) {
-    return;
-  }
-  const ScanPause pause;
-  main_.LoadProject(Path, true);
-  main_.session().setMenusByProject();
+  openChosen(main_, [&Path] { return Path; });
 }
 
 void ProjectCommands::mnuSaveProj_Click() {

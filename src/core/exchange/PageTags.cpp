@@ -1,4 +1,4 @@
-#include "core/exchange/HtmlTags.h"
+#include "core/exchange/PageTags.h"
 
 #include <QStringList>
 
@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace HtmlTags {
+namespace PageTags {
 
 namespace {
 
@@ -192,7 +192,7 @@ void StyleSheets::read(QStringView sheet) {
     if (close < 0) {
       return;
     }
-    const Wish wish = HtmlTags::wishOf(rules.sliced(open + 1, close - open - 1));
+    const Wish wish = PageTags::wishOf(rules.sliced(open + 1, close - open - 1));
     if (!wish.isNone()) {
       for (const QStringView selector : rules.sliced(at, open - at).split(u',')) {
         if (isClassSelector(selector.trimmed())) {
@@ -217,9 +217,9 @@ Wish StyleSheets::wishOf(const TagName& tag, QStringView attributes) const {
     }
   }
   if (const QStringView style = attributeOf(attributes, u"style"); !style.isEmpty()) {
-    wish.add(HtmlTags::wishOf(style));
+    wish.add(PageTags::wishOf(style));
   }
   return wish;
 }
 
-}  // namespace HtmlTags
+}  // namespace PageTags

@@ -6,7 +6,7 @@
 
 #include <array>
 
-namespace HtmlTags {
+namespace PageTags {
 
 /// How letters look.
 enum Look : quint8 { kBold = 1, kItalic = 2, kUnderlined = 4 };
@@ -77,4 +77,4 @@ class StyleSheets {
   QHash<QString, Wish> classes_;
 };
 
-}  // namespace HtmlTags
+}  // namespace PageTags
