@@ -6,7 +6,7 @@ PACKAGES=(
   qt6-base-dev libqt6svg6 libzip-dev libcurl4-openssl-dev libgtest-dev
   fonts-dejavu-core fonts-liberation
   wamerican-large wbritish-large
-  xvfb xauth openbox imagemagick x11-utils xdotool procps python3 poppler-utils
+  git xvfb xauth openbox imagemagick x11-utils xdotool procps python3 poppler-utils
 )
 
 say() { printf '%s\n' "$*" >&2; }
@@ -79,16 +79,19 @@ run_tests() {
 with_display() {
   local runtime
   runtime=$(mktemp -d)
-  export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$runtime}
+  # Nothing of the desktop that this may be called from: not its display, and no program that runs there already.
+  export XDG_RUNTIME_DIR=$runtime QT_QPA_PLATFORM=xcb
+  unset WAYLAND_DISPLAY
   local number=90
   while [ -e "/tmp/.X11-unix/X$number" ] || [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
-  Xvfb ":$number" -screen 0 1440x900x24 -nolisten tcp >/dev/null 2>&1 &
+  # Without "-noreset" it starts anew when the first that asks whether it is there has gone, and turns others away.
+  Xvfb ":$number" -screen 0 1440x900x24 -nolisten tcp -noreset >/dev/null 2>&1 &
   local server=$!
   export DISPLAY=":$number"
   local tries=0
   until xdpyinfo >/dev/null 2>&1; do
     tries=$((tries + 1))
-    [ $tries -lt 100 ] || { say "The virtual display did not start."; exit 1; }
+    [ $tries -lt 100 ] || { say "The virtual display did not start."; kill "$server"; exit 1; }
     sleep 0.1
   done
   local manager=$server
@@ -98,7 +101,7 @@ with_display() {
     # A window that is mapped before the manager runs gets no keys.
     until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
       tries=$((tries + 1))
-      [ $tries -lt 200 ] || { say "The window manager did not start."; exit 1; }
+      [ $tries -lt 200 ] || { say "The window manager did not start."; kill "$server"; exit 1; }
       sleep 0.05
     done
   fi
@@ -109,4 +112,35 @@ with_display() {
   wait "$manager" "$server" 2>/dev/null || true
   rm -rf "$runtime"
   return $status
+}
+
+# Starts a program on a project, on a display that is there, and ends it when its picture is taken: when the main window
+# is up, with a title that has the words given, and two pictures in a row are the same. Prints the picture's path.
+photograph() {
+  local program=$1 project=$2 picture=$3 title=${4:-Quillane 4 by } last='' now box tries=0 log=${3%.png}.log
+  "$program" "$project" >/dev/null 2>"$log" &
+  program=$!
+  while [ $tries -lt 300 ]; do
+    tries=$((tries + 1))
+    sleep 0.2
+    if ! kill -0 $program 2>/dev/null; then
+      say "The program ended; what it said:"
+      cat "$log" >&2
+      return 1
+    fi
+    if xdotool search --onlyvisible --name "$title" >/dev/null 2>&1; then
+      timeout 20 import -silent -window root "$picture" || continue
+      now=$(identify -format '%#' "$picture")
+      [ "$now" = "$last" ] && break
+      last=$now
+    elif box=$(xdotool search --onlyvisible --name '^Quillane$' 2>/dev/null | tail -n 1) && [ -n "$box" ]; then
+      # The box of a first start.
+      timeout 5 xdotool windowactivate --sync "$box" key Return 2>/dev/null || true
+    fi
+  done
+  [ -n "$last" ] || timeout 20 import -silent -window root "$picture" || true
+  kill $program 2>/dev/null || true
+  wait $program 2>/dev/null || true
+  [ -n "$last" ] || { say "The main window did not appear; what was shown instead: $picture"; return 1; }
+  echo "$picture"
 }

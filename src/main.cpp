@@ -1,9 +1,12 @@
 #include "Version.h"
+#include "core/infra/Guard.h"
 #include "core/infra/Maker.h"
 #include "gui/shell/life/EndSignals.h"
 #include "gui/shell/life/GuardedApplication.h"
+#include "gui/shell/life/HelpKey.h"
 #include "gui/shell/life/InstanceCheck.h"
 #include "gui/shell/life/RegisterWindows.h"
+#include "gui/shell/main/InterfaceLanguage.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
@@ -30,6 +33,7 @@ QIcon windowIcon() {
 }
 
 int run() {
+  Guard("Form_Initialize", "frmMain")(loadStoredLanguage);
   InstanceCheck instance;
   if (!Form_Initialize(instance)) {
     return 0;
@@ -58,6 +62,7 @@ int main(int argc, char** argv) {
 #endif
   GuardedApplication application(argc, argv);
   const ReadableHints hints;
+  const HelpKey helpKey;
   QCoreApplication::setApplicationName(u"quillane4"_s);
   QCoreApplication::setOrganizationName(QString::fromLatin1(Maker::kName));
   QCoreApplication::setApplicationVersion(QStringLiteral(QUILLANE_VERSION));

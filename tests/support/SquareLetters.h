@@ -20,7 +20,7 @@ class SquareLetters : public TextMeasure {
 /// Nobody waits; the steps are kept.
 class CountedProgress : public PrintProgress {
  public:
-  void step(const QString& what, qint32 number) override { steps.append(what + QString::number(number)); }
+  void step(const QString& pattern, qint32 number) override { steps.append(pattern.arg(number)); }
 
   QStringList steps;
 };

@@ -1,38 +1,51 @@
 #pragma once
 
+#include "support/LocalServer.h"
+
 #include <QByteArray>
+#include <QFile>
 #include <QHash>
+#include <QSslKey>
+#include <QSslSocket>
 #include <QString>
-#include <QTcpServer>
-#include <QTcpSocket>
+#include <QStringList>
 
-#include <atomic>
 #include <memory>
-#include <thread>
+#include <mutex>
 #include <utility>
-#include <vector>
 
-/// A web server on this machine, with a thread of its own. Each request for a path gets the bytes that are held for it
+/// A web server on this machine. Each request for a path gets the bytes that are held for it
 /// and a closed connection; one for any other path gets no answer at all.
 class WebServer {
  public:
-  explicit WebServer(QHash<QString, QByteArray> replies) : replies_(std::move(replies)), thread_([this] { serve(); }) {
+  enum class Kind { Plain, Secure };
+
+  struct Reply {
+    Reply(QByteArray all) : bytes(std::move(all)) {}
+    Reply(const char* all) : bytes(all) {}
+    QByteArray bytes;
+    /// The connection stays as it is behind these bytes.
+    bool isHeld = false;
+  };
+
+  explicit WebServer(QHash<QString, Reply> replies, Kind kind = Kind::Plain)
+      : replies_(std::move(replies)), kind_(kind) {
     // No proxy of this machine stands between.
-    qputenv("no_proxy", "127.0.0.1");
-    while (port_ == 0) {
-      std::this_thread::yield();
-    }
+    qputenv("no_proxy", "127.0.0.1,localhost");
   }
-  ~WebServer() {
-    ends_ = true;
-    thread_.join();
-  }
-  WebServer(const WebServer&) = delete;
-  WebServer& operator=(const WebServer&) = delete;
 
   QString address(const QString& path) const {
-    return QStringLiteral("http://127.0.0.1:%1%2").arg(port_.load()).arg(path);
+    const QString scheme = kind_ == Kind::Secure ? QStringLiteral("https") : QStringLiteral("http");
+    return QStringLiteral("%1://127.0.0.1:%2%3").arg(scheme).arg(server_.port()).arg(path);
   }
+  /// The heads of all requests so far.
+  QStringList asked() const {
+    const std::scoped_lock lock(mutex_);
+    return asked_;
+  }
+
+  /// What a secure server shows for itself; nobody vouches for it but this file.
+  static QString certificateFile() { return QStringLiteral(QUILLANE_SOURCE_DIR "/tests/support/TestServer.pem"); }
 
   /// A whole answer: the body, or the first bytes of one that was announced as longer.
   static QByteArray ok(const QByteArray& body, qsizetype announced = -1) {
@@ -40,38 +53,70 @@ class WebServer {
            "\r\n\r\n" + body;
   }
   static QByteArray moved(const QByteArray& to) {
-    return "HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + to + "\r\n\r\n";
+    return "HTTP/1.1 302 Found\r\nContent-Length: 5\r\nLocation: " + to + "\r\n\r\nMoved";
+  }
+  /// The first bytes of a longer answer whose rest never comes.
+  static Reply held(const QByteArray& bytes) {
+    Reply reply(bytes);
+    reply.isHeld = true;
+    return reply;
   }
 
  private:
-  void serve() {
-    constexpr int kLookMs = 20;
-    QTcpServer server;
-    server.listen(QHostAddress::LocalHost);
-    port_ = server.serverPort();
-    std::vector<std::unique_ptr<QTcpSocket>> silent;
-    while (!ends_) {
-      if (!server.waitForNewConnection(kLookMs)) {
-        continue;
+  class Listener : public QTcpServer {
+   public:
+    explicit Listener(Kind kind) : kind_(kind) {}
+
+   protected:
+    void incomingConnection(qintptr descriptor) override {
+      auto* const socket = new QSslSocket(this);
+      socket->setSocketDescriptor(descriptor);
+      if (kind_ == Kind::Secure) {
+        QFile key(certificateFile());
+        key.open(QIODevice::ReadOnly);
+        socket->setLocalCertificate(certificateFile());
+        socket->setPrivateKey(QSslKey(&key, QSsl::Ec));
+        socket->startServerEncryption();
+        // Whoever refuses the certificate isn't waited for.
+        if (!socket->waitForEncrypted()) {
+          socket->abort();
+        }
       }
-      std::unique_ptr<QTcpSocket> socket(server.nextPendingConnection());
-      while (!socket->canReadLine() && socket->waitForReadyRead()) {
-      }
-      const auto reply = replies_.constFind(QString::fromLatin1(socket->readLine()).section(u' ', 1, 1));
-      if (reply == replies_.constEnd()) {
-        silent.push_back(std::move(socket));
-        continue;
-      }
-      socket->write(*reply);
-      socket->disconnectFromHost();
-      if (socket->state() != QAbstractSocket::UnconnectedState) {
-        socket->waitForDisconnected();
-      }
+      addPendingConnection(socket);
     }
+
+   private:
+    const Kind kind_;
+  };
+
+  void answer(QTcpSocket& socket) {
+    QByteArray head;
+    while (!head.contains("\r\n\r\n") && LocalServer::isOpen(socket) && !server_.ends()) {
+      if (!socket.waitForReadyRead(LocalServer::kLookMs) && socket.error() != QAbstractSocket::SocketTimeoutError) {
+        break;
+      }
+      head += socket.readAll();
+    }
+    {
+      const std::scoped_lock lock(mutex_);
+      asked_.append(QString::fromLatin1(head));
+    }
+    const auto reply = replies_.constFind(QString::fromLatin1(head).section(u' ', 1, 1));
+    if (reply != replies_.constEnd()) {
+      socket.write(reply->bytes);
+      socket.flush();
+    }
+    // Who didn't even ask has hung up.
+    if (!head.isEmpty() && (reply == replies_.constEnd() || reply->isHeld)) {
+      return;
+    }
+    LocalServer::close(socket);
   }
 
-  const QHash<QString, QByteArray> replies_;
-  std::atomic<quint16> port_ = 0;
-  std::atomic<bool> ends_ = false;
-  std::thread thread_;
+  const QHash<QString, Reply> replies_;
+  const Kind kind_;
+  mutable std::mutex mutex_;
+  QStringList asked_;
+  LocalServer server_{[this](QTcpSocket& socket) { answer(socket); },
+                      [this] { return std::make_unique<Listener>(kind_); }};
 };

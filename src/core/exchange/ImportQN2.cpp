@@ -3,6 +3,7 @@
 #include "core/exchange/clsQN2Project.h"
 #include "core/infra/FirstOf.h"
 #include "core/infra/Guard.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
@@ -102,7 +103,7 @@ QStringList takeSettings(const clsQN2Project& from) {
     const QString& name = from.FieldTitle[static_cast<size_t>(i)];
     const QString cause = Guard("ImportQN2", "frmMain").causeOf([&] { into.setFieldTitle(i + 1, name); });
     if (!cause.isEmpty()) {
-      refused.append(cause);
+      refused.append(translated(cause));
     }
   }
   return refused;
@@ -149,7 +150,7 @@ QStringList fill(const clsQN2Project& from, LongWork& work) {
   Cast cast(from);
   qint32 number = 0;
   for (const clsQN2Project::Chapter& old : from.Chapters) {
-    work.setCaption(u"Importing Chapter "_s, ++number);
+    work.setCaption(shownText(u"Importing Chapter %1"_s), ++number);
     const auto chapter = std::make_shared<clsChapter>();
     chapter->Title = old.Title;
     chapter->DescText = besideScenes(old.Text);
@@ -163,8 +164,9 @@ QStringList fill(const clsQN2Project& from, LongWork& work) {
   }
   cast.addUnused();
   if (!described.isEmpty()) {
-    findings.append(u"What stood before the first scene of these chapters is in their descriptions now: "_s +
-                    firstOf(described).join(u"; "_s));
+    findings.append(
+        translated(u"What stood before the first scene of these chapters is in their descriptions now: "_s) +
+        firstOf(described).join(u"; "_s));
   }
   return findings;
 }

@@ -3,7 +3,9 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsProject.h"
 
 #include <QFileInfo>
@@ -18,7 +20,7 @@ constexpr qint64 kMostBytes = 1024 * 1024;
 void refuseLink(const QString& path) {
   const QFileInfo about(path);
   if (about.isSymLink() || about.isJunction()) {
-    throw RuntimeError(RuntimeError::PathAccess, path + u" is a link, and isn't followed"_s);
+    throw RuntimeError(RuntimeError::PathAccess, toldText(shownText(u"%1 is a link, and isn't followed"_s), {path}));
   }
 }
 
@@ -31,7 +33,8 @@ void LogFolder::make() const {
   Files().MkMissingDir(path_);
   const QFileInfo about(path_);
   if (!about.isDir() || !about.isWritable()) {
-    throw RuntimeError(RuntimeError::PathAccess, path_ + u" is no folder that can be written to"_s);
+    throw RuntimeError(RuntimeError::PathAccess,
+                       toldText(shownText(u"%1 is no folder that can be written to"_s), {path_}));
   }
 }
 
@@ -47,7 +50,7 @@ QByteArray LogFolder::read(const QString& name) const {
   refuseLinkAt(name);
   const QString path = pathOf(name);
   if (QFileInfo(path).size() > kMostBytes) {
-    throw RuntimeError(RuntimeError::Overflow, path + u" is too big, and isn't read"_s);
+    throw RuntimeError(RuntimeError::Overflow, toldText(shownText(u"%1 is too big, and isn't read"_s), {path}));
   }
   return readWholeFile(path, Links::Refused).value_or(QByteArray());
 }

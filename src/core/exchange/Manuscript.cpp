@@ -3,8 +3,10 @@
 #include "core/exchange/HtmlReader.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/WholeText.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QFileInfo>
 #include <QStringDecoder>
@@ -96,7 +98,7 @@ bool takesLong(const QString& file) {
 QByteArray bytesOf(const QString& file) {
   std::optional<QByteArray> bytes = readWholeFile(file);
   if (!bytes) {
-    throw RuntimeError(RuntimeError::FileNotFound, u"There is no such file: "_s + file);
+    throw RuntimeError(RuntimeError::FileNotFound, toldText(shownText(u"There is no such file: %1"_s), {file}));
   }
   return *std::move(bytes);
 }

@@ -6,6 +6,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
@@ -79,9 +80,12 @@ void PublishingScript::ask() {
     return;
   }
   const QString setting = settingOf(script);
-  const QString question = u"This project has a publishing script:\n"_s + LogFolder(*g_Project).pathOf(name()) +
-                           u"\n\nRun it after each save? A script can do anything that you can do on this computer: "
-                           "say Yes only to one that you have written or looked through yourself."_s;
+  const QString question =
+      translated(
+          u"This project has a publishing script:\n%1\n\nRun it after each save? A script can do anything that "
+          "you can do on this computer: say Yes only to one that you have written or looked through "
+          "yourself."_s)
+          .arg(LogFolder(*g_Project).pathOf(name()));
   const bool allowed = toolkit().MsgBox(question, Buttons::NoUnlessYes) == Answer::Yes;
   Settings().sSet(setting, allowed);
   Settings().SaveSettings(g_SettingsFile);

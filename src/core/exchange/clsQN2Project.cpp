@@ -7,12 +7,15 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/WholeText.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/persist/OldFolder.h"
 #include "core/persist/OlderDate.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -149,7 +152,8 @@ void clsQN2Project::readChapter(const QString& title, QStringView rest, OldFolde
   if (chapter.Text.LoadText(folder, file, false)) {
     isAnyRead_ = true;
   } else {
-    missing_.append(title + u" ("_s + (file.isEmpty() ? u"no file is named"_s : file) + u')');
+    missing_.append(
+        toldText(u"%1 (%2)"_s, {title, file.isEmpty() ? toldText(shownText(u"no file is named"_s)) : file}));
     Logging().LogEvent(u"The text of a chapter is missing or can't be read: "_s + missing_.constLast());
   }
   Chapters.push_back(std::move(chapter));
@@ -172,11 +176,13 @@ qint32 clsQN2Project::ActorNum(const QString& name) const {
 QStringList clsQN2Project::findings() const {
   QStringList sentences;
   if (!missing_.isEmpty()) {
-    sentences.append(u"The text of these chapters is missing or can't be read, and they are empty: "_s +
-                     firstOf(missing_).join(u"; "_s));
+    QStringList told = firstOf(missing_);
+    std::transform(told.begin(), told.end(), told.begin(), retold);
+    sentences.append(translated(u"The text of these chapters is missing or can't be read, and they are empty: "_s) +
+                     told.join(u"; "_s));
   }
   if (!unread_.isEmpty()) {
-    sentences.append(u"Not understood, and left empty: "_s + firstOf(unread_).join(u"; "_s));
+    sentences.append(translated(u"Not understood, and left empty: "_s) + firstOf(unread_).join(u"; "_s));
   }
   return sentences;
 }

@@ -1,6 +1,8 @@
 #include "core/infra/CurlLibrary.h"
 
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 
 using namespace Qt::StringLiterals;
@@ -35,7 +37,8 @@ const CurlLibrary& CurlLibrary::get() {
   static const CurlLibrary library;
   if (!library.complete_) {
     throw RuntimeError(RuntimeError::FileNotFound,
-                       RuntimeError::descriptionOf(RuntimeError::FileNotFound) + u": the library for transfers"_s);
+                       toldText(RuntimeError::descriptionOf(RuntimeError::FileNotFound) + u": %1"_s,
+                                {toldText(shownText(u"the library for transfers"_s))}));
   }
   return library;
 }

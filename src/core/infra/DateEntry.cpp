@@ -1,5 +1,7 @@
 #include "core/infra/DateEntry.h"
 
+#include "core/infra/cSharedLang.h"
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -70,7 +72,7 @@ DateEntry::Outcome DateEntry::pressEnter() {
   // The user sees the guessed century before Enter takes it.
   focus_ = Year;
   if (!expandYear()) {
-    message_ = u"Year must be 2 or 4 digits. If you enter 2 digits I will guess at the century."_s;
+    message_ = shownText(u"Year must be 2 or 4 digits. If you enter 2 digits I will guess at the century."_s);
   }
   return Outcome::Done;
 }
@@ -123,7 +125,7 @@ DateEntry::Outcome DateEntry::accept() {
   expandYear();
   const QDate date(texts_[Year].toInt(), texts_[monthBox()].toInt(), texts_[dayBox()].toInt());
   if (!date.isValid() || date.year() < kFirstYear) {
-    message_ = u"Invalid Date"_s;
+    message_ = shownText(u"Invalid Date"_s);
     return Outcome::Done;
   }
   result_ = date;

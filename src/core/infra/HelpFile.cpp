@@ -7,12 +7,23 @@
 
 #include <QUrl>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+QString page(const QString& name) {
+  return Paths::installed(u"Help/"_s + name + u".html"_s);
+}
+
 QString manual() {
-  return Paths::installed(u"Help/index.html"_s);
+  return page(u"index"_s);
+}
+
+HelpFile::Window& installedWindow() {
+  static HelpFile::Window window;
+  return window;
 }
 
 }  // namespace
@@ -24,6 +35,9 @@ bool isInstalled() {
 }
 
 QString address(const QString& topic) {
+  if (isInstalled() && !topic.isEmpty() && Files().FileExists(page(topic))) {
+    return QUrl::fromLocalFile(page(topic)).toString(QUrl::FullyEncoded);
+  }
   QUrl url = isInstalled() ? QUrl::fromLocalFile(manual()) : QUrl(QLatin1String(Maker::kWebAddress) + u"/help"_s);
   if (!topic.isEmpty()) {
     url.setFragment(topic);
@@ -31,8 +45,13 @@ QString address(const QString& topic) {
   return url.toString(QUrl::FullyEncoded);
 }
 
+void installWindow(Window window) {
+  installedWindow() = std::move(window);
+}
+
 bool open(const QString& topic) {
-  return toolkit().openDocument(address(topic));
+  const QString where = address(topic);
+  return installedWindow() && isInstalled() ? installedWindow()(where) : toolkit().openDocument(where);
 }
 
 }  // namespace HelpFile

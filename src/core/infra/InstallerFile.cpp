@@ -3,6 +3,11 @@
 #include "core/infra/VersionFile.h"
 #include "core/infra/cSHAREDInternet.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -14,23 +19,62 @@ constexpr qint64 kLongestPage = 25'000;
 bool isErrorPage(const QString& path) {
   QByteArray content;
   return Files().FileSize(path) < kLongestPage && Files().LoadTextFile(path, content) &&
-         content.toUpper().contains("<HTML>");
+         UpdateAddress::isPage(QString::fromLatin1(content));
+}
+
+QString failed() {
+  return shownText(u"Error - Download failed."_s);
+}
+
+QString incomplete() {
+  return shownText(u"Error - Downloaded file is incomplete. Please retry"_s);
 }
 
 }  // namespace
 
 QString downloadInstaller(cSHAREDInternet& internet, const QString& address, const QString& path) {
-  if (!internet.GetFile(address, path)) {
-    return u"Error - Download failed."_s;
-  }
+  // Where a server sends on to is no less safe than the address itself.
+  internet.MayBeSentTo = [&address](const QString& to) { return UpdateAddress::installer(address, to); };
+  const auto ended = qScopeGuard([&internet] { internet.MayBeSentTo = nullptr; });
+  const bool hasCome = internet.GetFile(address, path);
   const qint64 expected = internet.ExpectedFilesize();
+  if (!hasCome) {
+    return internet.WasCutShort() ? incomplete() : failed();
+  }
+  if (Files().FileSize(path) <= 0) {
+    Files().EraseFile(path);
+    return failed();
+  }
   if (expected > 0 && Files().FileSize(path) != expected) {
     Files().EraseFile(path);
-    return u"Error - Downloaded file is incomplete. Please retry"_s;
+    return incomplete();
   }
   if (isErrorPage(path)) {
     Files().EraseFile(path);
-    return u"Error - File not found on server."_s;
+    return shownText(u"Error - File not found on server."_s);
+  }
+  QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser);
+  return {};
+}
+
+QString downloadOwnInstaller(cSHAREDInternet& internet, const QString& address, const QString& path) {
+  if (!Files().EraseFile(path)) {
+    return failed();
+  }
+  const QString failure = downloadInstaller(internet, address, path);
+  if (!failure.isEmpty()) {
+    return failure;
+  }
+  constexpr QFile::Permissions kOwnersAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+  if (!QFile::setPermissions(path, kOwnersAlone)) {
+    Files().EraseFile(path);
+    return failed();
   }
   return {};
+}
+
+bool isStillThat(const QString& path, const QByteArray& hash) {
+  QFile file(path);
+  QCryptographicHash now(QCryptographicHash::Sha256);
+  return !hash.isEmpty() && file.open(QIODevice::ReadOnly) && now.addData(&file) && now.result() == hash;
 }

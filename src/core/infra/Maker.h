@@ -6,9 +6,6 @@ namespace Maker {
 constexpr const char* kName = "Brackenlight Software";
 constexpr const char* kProgramTitle = "Quillane";
 constexpr const char* kWebAddress = "https://www.brackenlight.example";
-/// Where new versions are told of, without a path. Empty: this build is brought up to date in another way, and the
-/// program neither looks nor offers to.
-constexpr const char* kUpdateAddress = "";
 /// Of the mailboxes; that for error reports is "bugs" and the year in front of it.
 constexpr const char* kMailDomain = "brackenlight.example";
 constexpr const char* kSupportAddress = "support@brackenlight.example";

@@ -1,6 +1,8 @@
 #include "core/infra/Clock.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QDir>
 #include <QFile>
@@ -118,8 +120,9 @@ void flushFolder(const QByteArray& folder) {
     failWriting(code, path);
   }
   const RuntimeError error = RuntimeError::fromErrno(code, path);
-  throw RuntimeError(error.number(), error.description() + u", can't make a new file in "_s +
-                                         QDir::toNativeSeparators(QFileInfo(path).absolutePath()));
+  throw RuntimeError(error.number(),
+                     toldText(shownText(u"%1, can't make a new file in %2"_s),
+                              {error.description(), QDir::toNativeSeparators(QFileInfo(path).absolutePath())}));
 }
 
 /// What a program that was cut off has left in the folder. Once for each folder is enough, and what is young may be
@@ -366,7 +369,7 @@ std::optional<QByteArray> readWholeFile(const QString& path, Links links, FileSt
     return {};
   }
   if (about.st_size > kLargestRead) {
-    throw RuntimeError(RuntimeError::Overflow, path + u" is larger than any file of ours"_s);
+    throw RuntimeError(RuntimeError::Overflow, toldText(shownText(u"%1 is larger than any file of ours"_s), {path}));
   }
   // One byte more than the size tells the end in the same call; a file that grows meanwhile is read on.
   constexpr qsizetype kStep = 65536;

@@ -1,5 +1,7 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QDir>
 #include <QFile>
@@ -49,7 +51,7 @@ int numberOf(const QFileDevice& file, bool writing) {
 
 [[noreturn]] void fail(const QFileDevice& file, bool writing) {
   const int number = numberOf(file, writing);
-  throw RuntimeError(number, RuntimeError::descriptionOf(number) + u": "_s + file.fileName());
+  throw RuntimeError(number, toldText(RuntimeError::descriptionOf(number) + u": %1"_s, {file.fileName()}));
 }
 
 void writeAll(QFileDevice& file, QByteArrayView bytes) {
@@ -160,7 +162,7 @@ std::optional<QByteArray> readWholeFile(const QString& path, Links links, FileSt
     return {};
   }
   if (info.size() > kLargestRead) {
-    throw RuntimeError(RuntimeError::Overflow, path + u" is larger than any file of ours"_s);
+    throw RuntimeError(RuntimeError::Overflow, toldText(shownText(u"%1 is larger than any file of ours"_s), {path}));
   }
   const FileStamp before = FileStamp::lookAt(path);
   QFile file(path);

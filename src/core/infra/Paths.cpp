@@ -19,10 +19,15 @@ QString& overridden() {
   return folder;
 }
 
+/// A folder of ours beside that of the executables.
+QString besideExecutables(const QString& folder, const QString& name) {
+  return withSeparator(QDir::cleanPath(folder + u"/../"_s + name));
+}
+
 /// With a share folder of ours next to it the program is installed: whoever may write to the folder of
 /// executables, as an administrator may, still keeps nothing of his own there.
 bool isInstalled(const QString& folder) {
-  return QFileInfo::exists(folder + u"/../share/quillane4"_s);
+  return QFileInfo::exists(besideExecutables(folder, u"share/quillane4"_s));
 }
 
 QString decideProgramFolder() {
@@ -78,18 +83,34 @@ QString programFolder() {
   return overridden().isEmpty() ? folder : overridden();
 }
 
+QString settingsFile() {
+  return programFolder() + u"Quillane4.ini"_s;
+}
+
 QString executableFolder() {
   return overridden().isEmpty() ? withSeparator(QCoreApplication::applicationDirPath()) : overridden();
 }
 
-QString installed(const QString& name) {
-  const QString share = executableFolder() + u"../share/quillane4/"_s;
+QStringList allInstalled(const QString& name) {
+  const QString share = besideExecutables(executableFolder(), u"share/quillane4"_s);
+  QStringList paths;
   for (const QString& folder : {programFolder(), executableFolder(), share}) {
-    if (QFileInfo::exists(folder + name)) {
-      return folder + name;
+    const QString path = folder + name;
+    if (!paths.contains(path) && QFileInfo::exists(path)) {
+      paths.append(path);
     }
   }
-  return programFolder() + name;
+  return paths;
+}
+
+QString installed(const QString& name) {
+  return allInstalled(name).value(0, programFolder() + name);
+}
+
+QString helperLibrary(const QString& name) {
+  const QString beside = executableFolder() + name;
+  const QString installed = besideExecutables(executableFolder(), u"lib/quillane4/helpers"_s) + name;
+  return !QFileInfo::exists(beside) && QFileInfo::exists(installed) ? installed : beside;
 }
 
 QString documentsFolder() {

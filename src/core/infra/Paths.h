@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 /// Where the program's files stand, and how a path is parted.
@@ -25,11 +26,18 @@ bool areSame(const QString& path, const QString& other);
 /// be written to, unless the program is installed there with a share folder; else the user's data folder.
 /// Decided once.
 QString programFolder();
-/// The folder of the executable itself, with a trailing separator: the helper libraries stand there.
+/// Every folder that installed() would look at and that has this, the first one first.
+QStringList allInstalled(const QString& name);
+/// The user's preferences.
+QString settingsFile();
+/// The folder of the executable itself, with a trailing separator.
 QString executableFolder();
 /// A folder or file that is installed with the program ("Dict", "Languages", "WebTemplate"): beside the
 /// program's data when it is there, else in the executable's folder or the installed share folder.
 QString installed(const QString& name);
+/// A helper library: beside the executable, or in the library folder of an installed program. Where it is missing
+/// in both, the path beside the executable.
+QString helperLibrary(const QString& name);
 /// The user's documents folder, or the home folder where there is none, with a trailing separator.
 QString documentsFolder();
 /// The system's temporary folder, with a trailing separator.

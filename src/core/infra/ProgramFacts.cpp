@@ -3,8 +3,12 @@
 #include "core/infra/CurlLibrary.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/ZipLibrary.h"
 #include "core/infra/cSHAREDSubs.h"
+#include "core/infra/cSharedLang.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -12,9 +16,15 @@ namespace {
 
 template <class Ask>
 QString versionOf(Ask&& ask) {
-  QString version = u"not found"_s;
+  QString version = translated(u"not found"_s);
   Guard("libraries", "ProgramFacts")([&] { version = QString::fromLatin1(ask()); });
   return version;
+}
+
+QStringList placesInEnglish() {
+  return {toldText(shownText(u"Settings and log: %1"_s), {Paths::programFolder()}),
+          toldText(shownText(u"Dictionaries: %1"_s), {Paths::installed(u"Dict"_s)}),
+          toldText(shownText(u"Program: %1"_s), {Paths::executableFolder()})};
 }
 
 }  // namespace
@@ -22,11 +32,11 @@ QString versionOf(Ask&& ask) {
 namespace ProgramFacts {
 
 QString version() {
-  return u"Version "_s + Subs().AppVersion();
+  return toldText(shownText(u"Version %1"_s), {Subs().AppVersion()});
 }
 
 QString licence() {
-  return u"MIT License"_s;
+  return shownText(u"MIT License"_s);
 }
 
 QList<Library> libraries() {
@@ -36,8 +46,9 @@ QList<Library> libraries() {
 }
 
 QStringList places() {
-  return {u"Settings and log: "_s + Paths::programFolder(), u"Dictionaries: "_s + Paths::installed(u"Dict"_s),
-          u"Program: "_s + Paths::executableFolder()};
+  QStringList lines = placesInEnglish();
+  std::transform(lines.begin(), lines.end(), lines.begin(), translated);
+  return lines;
 }
 
 QString report() {
@@ -45,7 +56,7 @@ QString report() {
   for (const Library& library : libraries()) {
     lines += library.name + u' ' + library.version;
   }
-  return (lines + places()).join(u'\n') + u'\n';
+  return (lines + placesInEnglish()).join(u'\n') + u'\n';
 }
 
 }  // namespace ProgramFacts

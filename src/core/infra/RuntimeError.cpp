@@ -1,5 +1,8 @@
 #include "core/infra/RuntimeError.h"
 
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
+
 #include <array>
 #include <cerrno>
 #include <new>
@@ -11,29 +14,30 @@ namespace {
 
 struct Described {
   int number;
-  const char* text;
+  const char16_t* text;
 };
 
 constexpr std::array kDescriptions{
-    Described{RuntimeError::InvalidCall, "Invalid procedure call or argument"},
-    Described{RuntimeError::Overflow, "Overflow"},
-    Described{RuntimeError::OutOfMemory, "Out of memory"},
-    Described{RuntimeError::OutOfBounds, "Subscript out of range"},
-    Described{RuntimeError::TypeMismatch, "Type mismatch"},
-    Described{RuntimeError::Internal, "Internal error"},
-    Described{RuntimeError::BadFileName, "Bad file name or number"},
-    Described{RuntimeError::FileNotFound, "File not found"},
-    Described{RuntimeError::BadFileMode, "Bad file mode"},
-    Described{RuntimeError::FileAlreadyOpen, "File already open"},
-    Described{RuntimeError::DeviceError, "Device I/O error"},
-    Described{RuntimeError::DiskFull, "Disk full"},
-    Described{RuntimeError::InputPastEnd, "Input past end of file"},
-    Described{RuntimeError::PermissionDenied, "Permission denied"},
-    Described{RuntimeError::PathAccess, "Path/File access error"},
-    Described{RuntimeError::PathNotFound, "Path not found"},
-    Described{RuntimeError::NoObject, "Object variable or With block variable not set"},
-    Described{RuntimeError::InvalidFileFormat, "Invalid file format"},
-    Described{RuntimeError::DuplicateKey, "This key is already associated with an element of this collection"},
+    Described{RuntimeError::InvalidCall, shownText(u"Invalid procedure call or argument")},
+    Described{RuntimeError::Overflow, shownText(u"Overflow")},
+    Described{RuntimeError::OutOfMemory, shownText(u"Out of memory")},
+    Described{RuntimeError::OutOfBounds, shownText(u"Subscript out of range")},
+    Described{RuntimeError::TypeMismatch, shownText(u"Type mismatch")},
+    Described{RuntimeError::Internal, shownText(u"Internal error")},
+    Described{RuntimeError::BadFileName, shownText(u"Bad file name or number")},
+    Described{RuntimeError::FileNotFound, shownText(u"File not found")},
+    Described{RuntimeError::BadFileMode, shownText(u"Bad file mode")},
+    Described{RuntimeError::FileAlreadyOpen, shownText(u"File already open")},
+    Described{RuntimeError::DeviceError, shownText(u"Device I/O error")},
+    Described{RuntimeError::DiskFull, shownText(u"Disk full")},
+    Described{RuntimeError::InputPastEnd, shownText(u"Input past end of file")},
+    Described{RuntimeError::PermissionDenied, shownText(u"Permission denied")},
+    Described{RuntimeError::PathAccess, shownText(u"Path/File access error")},
+    Described{RuntimeError::PathNotFound, shownText(u"Path not found")},
+    Described{RuntimeError::NoObject, shownText(u"Object variable or With block variable not set")},
+    Described{RuntimeError::InvalidFileFormat, shownText(u"Invalid file format")},
+    Described{RuntimeError::DuplicateKey,
+              shownText(u"This key is already associated with an element of this collection")},
 };
 
 int numberOfErrno(int code) {
@@ -61,7 +65,7 @@ int numberOfErrno(int code) {
 
 }  // namespace
 
-RuntimeError::RuntimeError(int number) : RuntimeError(number, descriptionOf(number)) {}
+RuntimeError::RuntimeError(int number) : RuntimeError(number, toldText(descriptionOf(number))) {}
 
 RuntimeError::RuntimeError(int number, QString description, QString source)
     : number_(number), description_(std::move(description)), source_(std::move(source)), what_(description_.toUtf8()) {}
@@ -69,10 +73,10 @@ RuntimeError::RuntimeError(int number, QString description, QString source)
 QString RuntimeError::descriptionOf(int number) {
   for (const Described& entry : kDescriptions) {
     if (entry.number == number) {
-      return QString::fromLatin1(entry.text);
+      return QString::fromUtf16(entry.text);
     }
   }
-  return u"Application-defined or object-defined error"_s;
+  return shownText(u"Application-defined or object-defined error"_s);
 }
 
 RuntimeError RuntimeError::of(const std::exception& failure) {
@@ -85,5 +89,5 @@ RuntimeError RuntimeError::of(const std::exception& failure) {
 
 RuntimeError RuntimeError::fromErrno(int code, const QString& path) {
   const int number = numberOfErrno(code);
-  return {number, descriptionOf(number) + u": "_s + path};
+  return {number, toldText(descriptionOf(number) + u": %1"_s, {path})};
 }

@@ -1,6 +1,5 @@
 #include "core/infra/VersionFile.h"
 
-#include "core/infra/Maker.h"
 #include "core/infra/cSHAREDSettings.h"
 
 #include <QUrl>
@@ -11,6 +10,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Where new versions are told of, without a path. Empty: this build is brought up to date in another way, and the
+/// program neither looks nor offers to.
+constexpr const char* kUpdateAddress = QUILLANE_UPDATE_ADDRESS;
 
 /// Digits alone: no signs, no blanks in between.
 std::optional<int> number(QStringView text) {
@@ -57,8 +60,10 @@ VersionFile VersionFile::read(const QString& text) {
   QString plain = text;
   const QStringList lines = plain.remove(u'\r').split(u'\n');
   VersionFile file;
-  file.version = lines.value(0).trimmed();
-  file.numbers = ProgramVersion::read(file.version);
+  constexpr qsizetype kMostShown = 40;
+  const QString version = lines.value(0).trimmed();
+  file.version = version.left(kMostShown);
+  file.numbers = ProgramVersion::read(version);
   file.download = lines.value(1).trimmed();
   if (file.numbers) {
     file.download.replace(u"@@@"_s, file.numbers->joined());
@@ -69,8 +74,7 @@ VersionFile VersionFile::read(const QString& text) {
 namespace UpdateAddress {
 
 QString server() {
-  QString address =
-      Settings().sGet(u"UpdateAddress"_s, QString::fromLatin1(Maker::kUpdateAddress)).toString().trimmed();
+  QString address = Settings().sGet(u"UpdateAddress"_s, QString::fromLatin1(kUpdateAddress)).toString().trimmed();
   while (address.endsWith(u'/')) {
     address.chop(1);
   }

@@ -22,7 +22,7 @@ struct ProgramVersion {
 
 /// The two lines by which the maker's web server tells of the newest version.
 struct VersionFile {
-  /// As it stands there.
+  /// As it stands there, so much of it as a window has room for.
   QString version;
   /// Nothing when the line can't be read.
   std::optional<ProgramVersion> numbers;

@@ -4,6 +4,7 @@
 #include "core/infra/cSharedFileSubs.h"
 
 #include <QStringDecoder>
+#include <QStringEncoder>
 
 namespace {
 
@@ -30,16 +31,30 @@ qsizetype copyAscii(const char16_t* from, const char16_t* end, char* to) {
   return at - from;
 }
 
+std::optional<QStringConverter::Encoding> markOf(QByteArrayView bytes) {
+  const bool mayBeMark = bytes.size() > 1 && (uchar(bytes[0]) == 0xEF || uchar(bytes[0]) >= 0xFE);
+  return mayBeMark ? QStringConverter::encodingForData(bytes) : std::nullopt;
+}
+
 }  // namespace
 
 namespace WholeText {
 
 QString fromBytes(QByteArrayView bytes) {
-  if (const auto marked = QStringConverter::encodingForData(bytes);
-      marked && bytes.size() > 1 && (uchar(bytes[0]) == 0xEF || uchar(bytes[0]) >= 0xFE)) {
+  if (const auto marked = markOf(bytes)) {
     return QStringDecoder(*marked).decode(bytes);
   }
   return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : CodePage::fromBytes(bytes);
+}
+
+std::optional<QByteArray> encodedAs(QByteArrayView bytes, QStringView text) {
+  if (const auto marked = markOf(bytes)) {
+    return QByteArray(QStringEncoder(*marked).encode(text));
+  }
+  if (bytes.isValidUtf8()) {
+    return text.toUtf8();
+  }
+  return CodePage::canEncode(text) ? std::optional(CodePage::toBytes(text)) : std::nullopt;
 }
 
 void Builder::append(QStringView piece) {

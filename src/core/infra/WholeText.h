@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
 #include <utility>
 
 /// Texts that come from and go to other programs as files.
@@ -27,6 +28,9 @@ class Builder {
   QByteArray bytes_;
   bool isUnicode_ = false;
 };
+
+/// A text as the file of these bytes is encoded, to be put behind them; nothing when that encoding lacks a letter.
+std::optional<QByteArray> encodedAs(QByteArrayView bytes, QStringView text);
 
 /// Single bytes like all our text files; UTF-8, marked as such, for a text whose characters those lack.
 QByteArray toBytes(QStringView text);

@@ -1,7 +1,9 @@
 #include "core/infra/ZipContents.h"
 
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/ZipLibrary.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QByteArrayView>
 #include <QFile>
@@ -38,7 +40,7 @@ ZipMember memberOf(const zip_stat_t& about) {
 }
 
 [[noreturn]] void failReading(const QString& name, const QString& why) {
-  throw RuntimeError(RuntimeError::InvalidFileFormat, name + u": "_s + why);
+  throw RuntimeError(RuntimeError::InvalidFileFormat, toldText(u"%1: %2"_s, {name, toldText(why)}));
 }
 
 }  // namespace
@@ -84,7 +86,8 @@ QByteArray ZipContents::read(qsizetype index) const {
   const ZipLibrary& library = handle_->library;
   const ZipMember& member = members_.at(index);
   if (member.size > kLargestRead) {
-    throw RuntimeError(RuntimeError::Overflow, member.name + u" is larger than any file of ours"_s);
+    throw RuntimeError(RuntimeError::Overflow,
+                       toldText(shownText(u"%1 is larger than any file of ours"_s), {member.name}));
   }
   const std::unique_ptr<zip_file_t, decltype(&zip_fclose)> entry(
       library.openEntry(handle_->zip.get(), static_cast<zip_uint64_t>(index), 0), library.closeEntry);
@@ -105,11 +108,11 @@ QByteArray ZipContents::read(qsizetype index) const {
     }
     content.append(QByteArrayView(step).first(got));
     if (content.size() > member.size) {
-      failReading(member.name, u"it is longer than the archive tells"_s);
+      failReading(member.name, shownText(u"it is longer than the archive tells"_s));
     }
   }
   if (content.size() < member.size) {
-    failReading(member.name, u"it is shorter than the archive tells"_s);
+    failReading(member.name, shownText(u"it is shorter than the archive tells"_s));
   }
   return content;
 }

@@ -1,6 +1,8 @@
 #include "core/infra/ZipLibrary.h"
 
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 
 using namespace Qt::StringLiterals;
@@ -62,7 +64,8 @@ const ZipLibrary& ZipLibrary::get() {
   static const ZipLibrary library;
   if (!library.complete_) {
     throw RuntimeError(RuntimeError::FileNotFound,
-                       RuntimeError::descriptionOf(RuntimeError::FileNotFound) + u": the library for archives"_s);
+                       toldText(RuntimeError::descriptionOf(RuntimeError::FileNotFound) + u": %1"_s,
+                                {toldText(shownText(u"the library for archives"_s))}));
   }
   return library;
 }

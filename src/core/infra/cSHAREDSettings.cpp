@@ -8,10 +8,12 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDShowError.h"
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 
 #include <QFileInfo>
@@ -91,9 +93,10 @@ QString volumeNamed(const QString& path) {
 }
 
 bool askAfterDiskFull(const QString& path) {
-  return toolkit().MsgBox(u"You've run out of disk space on drive "_s + volumeNamed(path) +
-                              u":\rPlease clear some space and then click Retry, else click Cancel to abort."_s,
-                          Buttons::RetryCancel) == Answer::Retry;
+  const QString text = translated(
+      u"You've run out of disk space on drive %1:\rPlease clear some space and then click Retry, else click Cancel to "
+      "abort."_s);
+  return toolkit().MsgBox(text.arg(volumeNamed(path)), Buttons::RetryCancel) == Answer::Retry;
 }
 
 bool tellReadOnly() {
@@ -102,8 +105,8 @@ bool tellReadOnly() {
 }
 
 void showLineError(const RuntimeError& error, const QByteArray& line, const QString& path) {
-  ShowError().ShowErr(u"Error "_s + QString::number(error.number()) + u" in setting file. Line: "_s +
-                      CodePage::fromMarkedBytes(line) + u" of "_s + path);
+  ShowError().ShowErr(toldText(u"Error %1 in setting file. Line: %2 of %3"_s,
+                               {QString::number(error.number()), CodePage::fromMarkedBytes(line), path}));
 }
 
 /// What is done about a failed save. True when it is worth another try; made writable in vain it is not.
@@ -122,7 +125,8 @@ class SaveRecovery {
       case RuntimeError::DiskFull:
         return askAfterDiskFull(path_);
       default:
-        ShowError().ShowErr(QString::number(error.number()) + u" - "_s + error.description() + u" in SaveSettings"_s);
+        ShowError().ShowErr(
+            toldText(u"%1 - %2 in %3"_s, {QString::number(error.number()), error.description(), u"SaveSettings"_s}));
         return false;
     }
   }
@@ -288,6 +292,18 @@ void cSHAREDSettings::LoadSettings(const QString& path) {
       showLineError(RuntimeError::of(failure), line, path);
     }
   }
+}
+
+QVariant cSHAREDSettings::storedIn(const QString& path, const QString& key) {
+  cSHAREDSettings settings;
+  try {
+    for (const QByteArray& line : KeyedLines::of(readWholeFile(Paths::native(path)).value_or(QByteArray()))) {
+      settings.loadLine(line);
+    }
+  } catch (const std::exception&) {
+    // The reading of all settings tells of it.
+  }
+  return settings.sGet(key);
 }
 
 int cSHAREDSettings::LastIndexInSet(const QString& setName) const {

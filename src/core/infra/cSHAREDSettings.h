@@ -71,6 +71,8 @@ class cSHAREDSettings {
   bool SaveSettings(const QString& path);
   /// The table holds afterwards what the file holds; nothing when there is no file.
   void LoadSettings(const QString& path);
+  /// One value of a file, for whoever can't wait until all are read; nothing is said of what is wrong with the file.
+  static QVariant storedIn(const QString& path, const QString& key);
 
   // Sets: growing lists kept as N_INDEX, N_1, N_2 and so on.
 

@@ -1,6 +1,7 @@
 #include "core/infra/cSHAREDShowError.h"
 
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 
 using namespace Qt::StringLiterals;
@@ -11,9 +12,9 @@ void cSHAREDShowError::ShowErr(const QString& text, const QString& helpTopic) co
 
 void cSHAREDShowError::ShowErrObj(const RuntimeError& error, const QString& routine, const QString& module,
                                   const QString& helpTopic) const {
-  ShowErr(u"Error "_s + QString::number(error.number()) + u" - "_s + error.description() + u" in "_s + routine +
-              u" of "_s + module,
-          helpTopic);
+  ShowErr(
+      toldText(u"Error %1 - %2 in %3 of %4"_s, {QString::number(error.number()), error.description(), routine, module}),
+      helpTopic);
 }
 
 cSHAREDShowError& ShowError() {

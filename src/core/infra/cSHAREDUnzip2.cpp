@@ -3,9 +3,11 @@
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/ZipNames.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,7 +31,7 @@ QByteArray withLineEnds(const QByteArray& text) {
 }
 
 [[noreturn]] void refuse(const QString& name, const QString& why) {
-  throw RuntimeError(RuntimeError::PathAccess, name + u": "_s + why);
+  throw RuntimeError(RuntimeError::PathAccess, toldText(u"%1: %2"_s, {name, toldText(why)}));
 }
 
 void writeOut(const QByteArray& content) {
@@ -103,10 +105,11 @@ QString cSHAREDUnzip2::GetVersion() const {
 void cSHAREDUnzip2::extract(const ZipContents& archive, const Entry& entry) {
   const ZipMember& member = entry.about;
   if (entry.position >= archive.members().size() || archive.members().at(entry.position).name != member.name) {
-    refuse(member.name, u"it is no longer in the archive"_s);
+    refuse(member.name, shownText(u"it is no longer in the archive"_s));
   }
   if (!ZipNames::isSafe(member.name) || member.isSpecial) {
-    refuse(member.name, member.isSpecial ? u"it is no file"_s : u"its name leads out of the folder"_s);
+    refuse(member.name,
+           member.isSpecial ? shownText(u"it is no file"_s) : shownText(u"its name leads out of the folder"_s));
   }
   const QString target = TestZip || ExtractToStdOut ? QString() : targetOf(member);
   if (!target.isEmpty() && !mayWrite(target, member)) {
@@ -154,7 +157,7 @@ bool cSHAREDUnzip2::mayWrite(const QString& target, const ZipMember& member) con
 
 void cSHAREDUnzip2::write(const QString& target, const QByteArray& content, const ZipMember& member) const {
   if (hasLinkBelow(folder(), target)) {
-    refuse(member.name, u"a link leads out of the folder"_s);
+    refuse(member.name, shownText(u"a link leads out of the folder"_s));
   }
   Files().MkMissingDir(QDir::toNativeSeparators(QFileInfo(target).path()));
   Files().ReplaceFile(QDir::toNativeSeparators(target), content);

@@ -3,11 +3,13 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/ZipImage.h"
 #include "core/infra/ZipLibrary.h"
 #include "core/infra/ZipNames.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 
 #include <QDirIterator>
@@ -39,7 +41,7 @@ void cSHAREDZipFiles::Setup() {
 
 void cSHAREDZipFiles::AddFile(const QString& File) {
   if (known_.contains(File)) {
-    throw RuntimeError(kAlreadyInList, u"File is already in Zip List"_s, u"CGZip::AddFile"_s);
+    throw RuntimeError(kAlreadyInList, shownText(u"File is already in Zip List"_s), u"CGZip::AddFile"_s);
   }
   known_.insert(File);
   files_.append(File);
@@ -47,7 +49,7 @@ void cSHAREDZipFiles::AddFile(const QString& File) {
 
 void cSHAREDZipFiles::RemoveFile(const QString& File) {
   if (!known_.remove(File)) {
-    throw RuntimeError(kNotInList, u"File is not in Zip List"_s, u"CGZip::RemoveFile"_s);
+    throw RuntimeError(kNotInList, shownText(u"File is not in Zip List"_s), u"CGZip::RemoveFile"_s);
   }
   files_.removeOne(File);
 }
@@ -112,7 +114,7 @@ int cSHAREDZipFiles::addBatch(ZipImage& image, const QStringList& files) {
   for (const QString& path : files) {
     const QString name = memberName(path);
     if (taken_.contains(name)) {
-      code = fail(ZIP_ER_EXISTS, path, u"another file has its name in the archive"_s);
+      code = fail(ZIP_ER_EXISTS, path, toldText(shownText(u"another file has its name in the archive"_s)));
       continue;
     }
     taken_.insert(name);
@@ -124,7 +126,7 @@ int cSHAREDZipFiles::addBatch(ZipImage& image, const QStringList& files) {
       print(u"adding: "_s + name);
     } catch (const RuntimeError& error) {
       const bool isFolder = QFileInfo(path).isDir();
-      code = fail(ZIP_ER_OPEN, path, isFolder ? u"it is a folder"_s : error.description());
+      code = fail(ZIP_ER_OPEN, path, isFolder ? toldText(shownText(u"it is a folder"_s)) : error.description());
     }
   }
   if (const int added = image.add(batch); added != ZIP_ER_OK) {

@@ -4,6 +4,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedDateSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 
 #include <QLocale>
@@ -39,7 +40,7 @@ qint32 cSharedGetDate::GetDate(const QString& prompt, qint32 start) const {
   const bool monthFirst = Dates().SysDateMonthField() <= Dates().SysDateDayField();
   DateEntry entry(monthFirst, Dates().DateSeparator(), start == 0 ? Clock::today() : Clock::dateOf(start));
   logOrder(entry);
-  const QString caption = prompt.isEmpty() ? u"Enter the date ("_s + entry.orderString() + u')' : prompt;
+  const QString caption = prompt.isEmpty() ? translated(u"Enter the date (%1)"_s).arg(entry.orderString()) : prompt;
   Guard("GetDate", kModule)([&] {
     if (installed()) {
       installed()(entry, caption);
@@ -54,8 +55,8 @@ qint32 cSharedGetDate::GetDateUpTo(const QString& prompt, qint32 limit) const {
     if (isWithin(Clock::dateOf(day), last)) {
       return day;
     }
-    toolkit().MsgBox(u"The date must be in the current month (up to "_s +
-                     formatByPattern(last, u"DD-MMM-YYYY"_s, QLocale()) + u')');
+    toolkit().MsgBox(translated(u"The date must be in the current month (up to %1)"_s)
+                         .arg(formatByPattern(last, u"DD-MMM-YYYY"_s, QLocale())));
   }
   return 0;
 }

@@ -3,12 +3,14 @@
 #include "core/infra/BusyPointer.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/WholeText.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLogging.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
-#include <QSet>
 
 #include <algorithm>
 
@@ -19,6 +21,10 @@ namespace {
 const QString kEnglish = u"English"_s;
 const QString kBar = u"||"_s;
 const QString kTemplate = u"template.txt"_s;
+/// A file that is larger is no list of a program's texts.
+constexpr qint64 kMostBytes = 1024 * 1024;
+/// What a menu has room for.
+constexpr qsizetype kMostLetters = 60;
 
 bool bySource(const QString& a, const QString& b) {
   return QStringView(a).compare(QStringView(b), Qt::CaseSensitive) < 0;
@@ -44,7 +50,7 @@ QString fromFile(QStringView text) {
 
 /// Files and windows end lines in different ways.
 QString evenLines(const QString& text) {
-  return QString(text).replace(u"\r\n"_s, u"\n"_s);
+  return QString(text).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
 }
 
 /// An ampersand in front of a letter marks a key, a doubled one and one between blanks are shown.
@@ -97,6 +103,40 @@ QStringList placesOf(const QString& text) {
   return places;
 }
 
+/// Also of a text that was told in English: an ampersand in that marks nothing.
+QString captionIn(const cSharedLang& language, const QString& text) {
+  const QString found = language.TranslationOf(text);
+  const QString told = found == text ? retold(text) : text;
+  return told == text ? found : QString(told).replace(u'&', u"&&"_s);
+}
+
+/// The first line that is no remark.
+QString titleIn(const QByteArray& bytes) {
+  for (const QString& raw : linesOf(WholeText::fromBytes(bytes))) {
+    const QString line = cleanLine(raw);
+    if (!line.isEmpty() && !line.startsWith(u'#')) {
+      return line.first(std::min(line.size(), kMostLetters)).trimmed();
+    }
+  }
+  return {};
+}
+
+/// All languages are asked for their titles at once: of each no more is read than that takes.
+QString titleOf(const QString& path) {
+  constexpr qint64 kHead = 2048;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    return {};
+  }
+  QByteArray head = file.read(kHead);
+  if (!file.atEnd()) {
+    // No letter is cut in two.
+    head.truncate(head.lastIndexOf('\n') + 1);
+  }
+  const QString title = titleIn(head);
+  return title.isEmpty() && file.seek(0) ? titleIn(file.readAll()) : title;
+}
+
 }  // namespace
 
 cSharedLang& Lang() {
@@ -105,7 +145,12 @@ cSharedLang& Lang() {
 }
 
 QString translated(const QString& text) {
-  return Lang().IsEnglish() ? text : Lang().TranslationOf(text);
+  const QString found = Lang().IsEnglish() ? text : Lang().WordsOf(text);
+  return found == text ? retold(text) : found;
+}
+
+QString translatedCaption(const QString& text) {
+  return Lang().IsEnglish() ? text : captionIn(Lang(), text);
 }
 
 QString translatedLines(const QString& text) {
@@ -124,8 +169,8 @@ void cSharedLang::OverrideLanguagePath(const QString& folder) {
   }
 }
 
-QString cSharedLang::languagesFolder() const {
-  return path_.isEmpty() ? Paths::installed(u"Languages"_s) : Files().Combine(path_, u"Languages"_s);
+QStringList cSharedLang::languageFolders() const {
+  return path_.isEmpty() ? Paths::allInstalled(u"Languages"_s) : QStringList{Files().Combine(path_, u"Languages"_s)};
 }
 
 QString cSharedLang::LanguageTitle(int index) const {
@@ -143,29 +188,39 @@ bool cSharedLang::IsEnglish() const {
 void cSharedLang::LoadAllLanguages() {
   files_.clear();
   titles_.clear();
-  const QString folder = languagesFolder();
-  if (!Files().FolderExists(folder)) {
-    return;
-  }
-  Files().FillFiles(folder, u"txt"_s, files_);
-  files_.removeIf([](const QString& name) { return name.compare(kTemplate, Qt::CaseInsensitive) == 0; });
-  for (const QString& name : std::as_const(files_)) {
-    QByteArray bytes;
-    Files().LoadTextFile(Files().Combine(folder, name), bytes);
-    titles_.append(read(WholeText::fromBytes(bytes), titles_.size() + 1).title);
+  for (const QString& folder : languageFolders()) {
+    listFolder(folder);
   }
 }
 
-auto cSharedLang::read(const QString& text, qsizetype number) -> Language {
+void cSharedLang::listFolder(const QString& folder) {
+  QStringList names;
+  Files().FillFiles(folder, u"txt"_s, names);
+  const QStringList former = titles_;
+  for (const QString& name : std::as_const(names)) {
+    const QString path = Files().Combine(folder, name);
+    if (name.compare(kTemplate, Qt::CaseInsensitive) == 0 || QFileInfo(path).size() > kMostBytes) {
+      continue;
+    }
+    const QString title = titleOf(path);
+    if (!former.contains(title)) {
+      files_.append(path);
+      titles_.append(title.isEmpty() ? u"Language "_s + QString::number(titles_.size() + 1) : title);
+    }
+  }
+}
+
+auto cSharedLang::read(const QString& text) -> Language {
   static const QRegularExpression fontLine(u"^#\\s*font:(.*)$"_s, QRegularExpression::CaseInsensitiveOption);
   Language language;
+  bool hasTitle = false;
   for (const QString& raw : linesOf(text)) {
     const QString line = cleanLine(raw);
     if (line.startsWith(u'#')) {
       const QRegularExpressionMatch font = fontLine.match(line);
       language.font = font.hasMatch() ? font.captured(1).trimmed() : language.font;
-    } else if (!line.isEmpty() && language.title.isEmpty()) {
-      language.title = line;
+    } else if (!line.isEmpty() && !hasTitle) {
+      hasTitle = true;
     } else if (const qsizetype bar = line.indexOf(kBar); bar > 0) {
       const Entry entry{fromFile(QStringView(line).first(bar)), fromFile(QStringView(line).sliced(bar + kBar.size()))};
       // An entry that nobody has filled in yet would show nothing.
@@ -173,9 +228,6 @@ auto cSharedLang::read(const QString& text, qsizetype number) -> Language {
         language.entries.push_back(entry);
       }
     }
-  }
-  if (language.title.isEmpty()) {
-    language.title = u"Language "_s + QString::number(number);
   }
   sort(language.entries);
   return language;
@@ -197,13 +249,14 @@ void cSharedLang::LoadLanguage(int index) {
     return;
   }
   QByteArray bytes;
-  if (!Files().LoadTextFile(Files().Combine(languagesFolder(), files_.at(index - 1)), bytes)) {
+  if (!Files().LoadTextFile(files_.at(index - 1), bytes)) {
     return;
   }
-  Language language = read(WholeText::fromBytes(bytes), index);
-  current_ = language.title;
+  Language language = read(WholeText::fromBytes(bytes));
+  current_ = title;
   font_ = language.font;
   strings_ = std::move(language.entries);
+  english_.clear();
 }
 
 void cSharedLang::RevertToEnglish() {
@@ -213,6 +266,7 @@ void cSharedLang::RevertToEnglish() {
   current_ = kEnglish;
   font_.clear();
   for (Entry& entry : strings_) {
+    english_.insert(entry.english);
     std::swap(entry.english, entry.translated);
   }
   sort(strings_);
@@ -243,6 +297,13 @@ QString cSharedLang::GetTranslation(const QString& text) const {
   return entry == nullptr ? text : entry->translated;
 }
 
+// A translation may be another text's English: "Desc" is French for "Description", which is its own.
+bool cSharedLang::isEnglishText(const QString& text) const {
+  const QString bare = withoutMarks(evenLines(text));
+  return IsEnglish() &&
+         (english_.contains(text) || english_.contains(bare.trimmed()) || english_.contains(piecesOf(bare).core));
+}
+
 QString cSharedLang::KeyOf(const QString& text) {
   return piecesOf(withoutMarks(evenLines(text))).core;
 }
@@ -255,7 +316,10 @@ QString cSharedLang::TranslationOf(const QString& text) const {
   Pieces pieces = piecesOf(bare);
   for (const QString& whole : {text, bare, bare.trimmed()}) {
     if (find(whole) != nullptr) {
-      pieces = {whole == bare.trimmed() ? pieces.before : QString(), whole, {}};
+      // Blanks around it stay.
+      const bool isTrimmed = whole == bare.trimmed();
+      pieces = {isTrimmed ? pieces.before : QString(), whole,
+                isTrimmed ? bare.sliced(pieces.before.size() + whole.size()) : QString()};
       break;
     }
   }
@@ -266,11 +330,17 @@ QString cSharedLang::TranslationOf(const QString& text) const {
   return pieces.before + entry->translated + pieces.behind;
 }
 
+QString cSharedLang::WordsOf(const QString& text) const {
+  const QString found = TranslationOf(text);
+  return found == text ? text : withoutMarks(found);
+}
+
 void cSharedLang::ChangeFont(TranslatableForm& form) {
   const QString family = font_.trimmed();
-  if (family.isEmpty() || form.fontExists(family)) {
-    form.setFontFamily(family);
-  } else if (!missingFonts_.contains(family)) {
+  const bool isMissing = !family.isEmpty() && !form.fontExists(family);
+  // The former language's doesn't stay either.
+  form.setFontFamily(isMissing ? QString() : family);
+  if (isMissing && !missingFonts_.contains(family)) {
     missingFonts_.append(family);
     Logging().LogEvent(u"Cannot set font to "_s + family + u". Not present."_s);
   }
@@ -283,9 +353,9 @@ void cSharedLang::TranslateForm(TranslatableForm& form) {
   ChangeFont(form);
   form.eachText([this](const FormText& text) {
     if (text.english.isNull()) {
-      return TranslationOf(text.shown);
+      return isEnglishText(text.shown) ? text.shown : captionIn(*this, text.shown);
     }
-    return IsEnglish() ? text.english : TranslationOf(text.english);
+    return IsEnglish() ? text.english : captionIn(*this, text.english);
   });
 }
 
@@ -348,7 +418,7 @@ void cSharedLang::updateTemplate(const QString& path, const QStringList& wanted)
   if (!Files().LoadTextFile(path, bytes)) {
     return;
   }
-  QString text = WholeText::fromBytes(bytes);
+  const QString text = WholeText::fromBytes(bytes);
   QSet<QString> present;
   for (const QString& line : linesOf(text)) {
     present.insert(cleanLine(line).section(kBar, 0, 0).trimmed());
@@ -362,7 +432,9 @@ void cSharedLang::updateTemplate(const QString& path, const QStringList& wanted)
     }
   }
   if (!added.isEmpty()) {
-    text += text.isEmpty() || text.endsWith(u'\n') ? QString() : end;
-    WholeText::replaceFile(path, text + added);
+    added.prepend(text.isEmpty() || text.endsWith(u'\n') ? QString() : end);
+    // A translator finds his file in the encoding that he gave it.
+    const std::optional<QByteArray> behind = WholeText::encodedAs(bytes, added);
+    Files().ReplaceFile(path, behind ? bytes + *behind : WholeText::toBytes(text + added));
   }
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 #include <functional>
 #include <vector>
@@ -51,6 +53,7 @@ class cSharedLang {
   /// What the language wants to be written in; empty when it doesn't care.
   const QString& LanguageFont() const { return font_; }
 
+  /// Of two folders that hold a language of one title the program's own folder goes first.
   void LoadAllLanguages();
   /// 0 is English. A language whose file can't be read leaves the one that is in force.
   void LoadLanguage(int index);
@@ -63,6 +66,8 @@ class cSharedLang {
   /// The same for what a window shows: one entry serves a caption with and without mark of a key, dots, colon and
   /// blanks around it. A translation that has lost a place ("%1") isn't used.
   QString TranslationOf(const QString& text) const;
+  /// The same without the marks of keys that a translation may have.
+  QString WordsOf(const QString& text) const;
   /// The entry that such a text is looked up by.
   static QString KeyOf(const QString& text);
 
@@ -80,23 +85,28 @@ class cSharedLang {
     QString translated;
   };
   struct Language {
-    QString title;
     QString font;
     std::vector<Entry> entries;
   };
 
-  QString languagesFolder() const;
-  static Language read(const QString& text, qsizetype number);
+  QStringList languageFolders() const;
+  void listFolder(const QString& folder);
+  static Language read(const QString& text);
   static void sort(std::vector<Entry>& entries);
   const Entry* find(const QString& text) const;
+  /// Back in English: a text that has never been anything else.
+  bool isEnglishText(const QString& text) const;
   void ChangeFont(TranslatableForm& form);
   static void WriteStrings(TranslatableForm& form, QStringList& lines);
   static void updateTemplate(const QString& path, const QStringList& wanted);
 
   QString path_;
+  /// The full paths, and what stands in them.
   QStringList files_;
   QStringList titles_;
   std::vector<Entry> strings_;
+  /// The English texts, while the entries lead back.
+  QSet<QString> english_;
   QString current_ = QStringLiteral("English");
   QString font_;
   QStringList missingFonts_;
@@ -105,8 +115,21 @@ class cSharedLang {
 /// The application's one.
 cSharedLang& Lang();
 
-/// A text of the program in the language that is in force, as cSharedLang::TranslationOf. What is filled in comes
-/// behind: translated(u"%1 words"_s).arg(count).
+/// A text of the program in the language that is in force, as cSharedLang::WordsOf; one of toldText() too. What is
+/// filled in comes behind: translated(u"%1 words"_s).arg(count).
 QString translated(const QString& text);
+/// The same for a place where an ampersand marks a key.
+QString translatedCaption(const QString& text);
 /// A message of several lines: as a whole where that has an entry, else line by line.
 QString translatedLines(const QString& text);
+
+/// Marks a text that is translated where it is shown: one of a table, or one that is logged in English as well.
+inline QString shownText(QString text) {
+  return text;
+}
+constexpr const char16_t* shownText(const char16_t* text) {
+  return text;
+}
+constexpr QStringView shownText(QStringView text) {
+  return text;
+}

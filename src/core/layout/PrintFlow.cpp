@@ -1,6 +1,7 @@
 #include "core/layout/PrintFlow.h"
 
 #include "core/infra/Clock.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QLocale>
 
@@ -313,7 +314,7 @@ void PrintFlow::printNumber() {
 
 void PrintFlow::printHeaderAndFooter(const QString& title) {
   const PrintFont textFont = std::exchange(font, kHeaderFont);
-  const QString number = u"Page: "_s + QString::number(++number_);
+  const QString number = translated(u"Page: %1"_s).arg(++number_);
   const double numberLeft = paper_.width - breaker().widthOf(number) - 1200;
   const double blank = breaker().widthOf(u"    ");
   const QString line = oneLine(title);
@@ -323,5 +324,6 @@ void PrintFlow::printHeaderAndFooter(const QString& title) {
   placeAt(numberLeft, kHeaderTop, number, font);
   font = textFont;
   const QString printed = QLocale::c().toString(Clock::now(), u"dd-MMM-yyyy, HH:mm"_s);
-  placeAt(kPageLeft, paper_.height - kFooterFromBottom, u"Printed "_s + printed, {font.name, kFooterPoints, false});
+  placeAt(kPageLeft, paper_.height - kFooterFromBottom, translated(u"Printed %1"_s).arg(printed),
+          {font.name, kFooterPoints, false});
 }

@@ -10,7 +10,8 @@
 class PrintProgress {
  public:
   virtual ~PrintProgress() = default;
-  virtual void step(const QString& what, qint32 number) = 0;
+  /// A caption with a place for the number.
+  virtual void step(const QString& pattern, qint32 number) = 0;
 };
 
 /// What pages are printed on.

@@ -1,10 +1,29 @@
 #include "core/model/Globals.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 
 using namespace Qt::StringLiterals;
+
+QStringList usualStatusNames() {
+  return {u"Dummy"_s,
+          shownText(u"Outline"_s),
+          shownText(u"Draft"_s),
+          shownText(u"1st Edit"_s),
+          shownText(u"2nd Edit"_s),
+          shownText(u"Done"_s)};
+}
+
+QStringList usualRatingNames() {
+  return {u"Dummy"_s, shownText(u"Relevance"_s), shownText(u"Tension"_s), shownText(u"Humour"_s),
+          shownText(u"Quality"_s)};
+}
+
+QString shownRating(const QString& title) {
+  return usualRatingNames().contains(title) ? translated(title) : title;
+}
 
 clsHashTable g_SceneChanges;
 clsHashTable g_CharChanges;
@@ -13,8 +32,8 @@ clsHashTable g_ItemChanges;
 // Behind the tables: entities that go with the project still reset their records.
 std::unique_ptr<clsProject> g_Project = std::make_unique<clsProject>();
 
-QStringList g_StatusNames = u"Dummy,Outline,Draft,1st Edit,2nd Edit,Done"_s.split(u',');
-QStringList g_RatingNames = u"Dummy,Relevance,Tension,Humour,Quality"_s.split(u',');
+QStringList g_StatusNames = usualStatusNames();
+QStringList g_RatingNames = usualRatingNames();
 
 QString g_SettingsFile;
 bool g_DebugMode = false;

@@ -22,6 +22,11 @@ extern clsHashTable g_ItemChanges;
 extern QStringList g_StatusNames;
 /// The default names of the four ratings, 1 to 4; element 0 is a placeholder.
 extern QStringList g_RatingNames;
+/// Both as the program begins with them.
+QStringList usualStatusNames();
+QStringList usualRatingNames();
+/// What a rating of the book is called where it is shown: the usual names are in the language that is in force.
+QString shownRating(const QString& title);
 
 /// Full path of the settings file.
 extern QString g_SettingsFile;

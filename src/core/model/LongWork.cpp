@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/cSHAREDSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsProject.h"
 
 namespace {
@@ -22,7 +23,7 @@ LongWork::LongWork(clsProject& project, const QString& caption, bool showProgres
   if (stop == Stop::Offered) {
     progress_->offerStop([this] { stopWanted_ = true; });
   }
-  progress_->setCaption(caption);
+  progress_->setCaption(translated(caption));
   if (showProgress) {
     progress_->Show();
   }
@@ -43,11 +44,11 @@ void LongWork::showIfLong() {
 }
 
 void LongWork::setCaption(const QString& caption) {
-  progress_->setCaption(caption);
+  progress_->setCaption(translated(caption));
   toolkit().DoEvents();
 }
 
-void LongWork::setCaption(const QString& what, qint32 number) {
-  progress_->setCaption(what + QString::number(number));
+void LongWork::setCaption(const QString& pattern, qint32 number) {
+  progress_->setCaption(translated(pattern).arg(number));
   Subs().RegularDoEvents();
 }

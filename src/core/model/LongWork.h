@@ -25,7 +25,7 @@ class BusyMark {
 
 /// A work that takes long, for as long as the object lives: the busy pointer, a progress window, input held back, and
 /// the project marked busy. A question in its middle can be answered; what is told afterwards waits until it has
-/// gone. They nest.
+/// gone. They nest. Its captions are put into the language that is in force.
 class LongWork {
  public:
   enum class Stop { Refused, Offered };
@@ -40,8 +40,8 @@ class LongWork {
 
   /// Shows the caption and yields once.
   void setCaption(const QString& caption);
-  /// The same with a number behind, for a step of many; yields now and then.
-  void setCaption(const QString& what, qint32 number);
+  /// The same with a number in its place, for a step of many; yields now and then.
+  void setCaption(const QString& pattern, qint32 number);
   /// Shows the progress window if the work has taken longer than a moment by now. Whoever works calls it between two
   /// steps.
   void showIfLong();

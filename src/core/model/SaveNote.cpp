@@ -3,6 +3,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedDateSubs.h"
+#include "core/infra/cSharedLang.h"
 
 #include <utility>
 
@@ -13,15 +14,15 @@ namespace {
 /// What the file system says, without the path that it says it of.
 QString inPlainWords(const QString& why) {
   const std::pair<int, QString> known[] = {
-      {RuntimeError::DiskFull, u"the disk is full"_s},
-      {RuntimeError::PathAccess, u"the file or its folder can't be written"_s},
+      {RuntimeError::DiskFull, shownText(u"the disk is full"_s)},
+      {RuntimeError::PathAccess, shownText(u"the file or its folder can't be written"_s)},
   };
   for (const auto& [number, words] : known) {
     if (why.startsWith(RuntimeError::descriptionOf(number))) {
       return words;
     }
   }
-  return why.simplified();
+  return why;
 }
 
 }  // namespace
@@ -52,7 +53,9 @@ void SaveNote::textNotSaved(const QString& why) {
 
 QString SaveNote::text() const {
   if (failed()) {
-    return why_.isEmpty() ? u"Not saved"_s : u"Not saved: "_s + why_;
+    return why_.isEmpty() ? translated(u"Not saved"_s)
+                          : translated(u"Not saved: %1"_s).arg(translated(why_).simplified());
   }
-  return savedAt_.isValid() ? u"Saved "_s + cSharedDateSubs::HourAndMinute(savedAt_.time()) : QString();
+  return savedAt_.isValid() ? translated(u"Saved %1"_s).arg(cSharedDateSubs::HourAndMinute(savedAt_.time()))
+                            : QString();
 }

@@ -7,6 +7,7 @@
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
@@ -353,12 +354,12 @@ void clsProject::LockFolder() {
 
 void clsProject::cScenes_LoadingNum(qint32 number) {
   if (work_ != nullptr) {
-    work_->setCaption(u"Loading Scene "_s, number);
+    work_->setCaption(shownText(u"Loading Scene %1"_s), number);
   }
 }
 
 void clsProject::cScenes_SavingNum(qint32 number) {
   if (work_ != nullptr) {
-    work_->setCaption(u"Saving Scene "_s, number);
+    work_->setCaption(shownText(u"Saving Scene %1"_s), number);
   }
 }

@@ -3,10 +3,12 @@
 #include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/ZipContents.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSHAREDZipFiles.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
@@ -37,12 +39,12 @@ QString archiveOf(const clsProject& project, bool complete, bool weekdayFile) {
 /// Why no backup is made; empty when one is.
 QString reasonToSkip(const clsProject& project) {
   if (project.FileWithPath.isEmpty()) {
-    return u"The book has no file yet."_s;
+    return shownText(u"The book has no file yet."_s);
   }
   if (project.ReadOnly()) {
-    return u"The book is opened read-only."_s;
+    return shownText(u"The book is opened read-only."_s);
   }
-  return project.IsBusy() ? u"The book is being loaded or saved."_s : QString();
+  return project.IsBusy() ? shownText(u"The book is being loaded or saved."_s) : QString();
 }
 
 /// Collects what goes into one archive.
@@ -56,8 +58,9 @@ class Packing {
 
   void addProject() {
     if (wouldSpoilBackup()) {
-      outcome_.causes.append(project_.FileWithPath +
-                             u": it is incomplete, and the whole one in the backup was not replaced by it"_s);
+      outcome_.causes.append(
+          toldText(shownText(u"%1: it is incomplete, and the whole one in the backup was not replaced by it"_s),
+                   {project_.FileWithPath}));
     } else {
       guard_([&] { zip_.AddFile(project_.FileWithPath); });
     }
@@ -75,7 +78,8 @@ class Packing {
     }
     const bool isInProjectFile = Files().ExtOnly(project_.FileWithPath).compare(u"qnc4"_s, Qt::CaseInsensitive) == 0;
     if (!isInProjectFile && !(scene.RTFFilename().isEmpty() && scene.TextRTF().isEmpty())) {
-      outcome_.causes.append(u"The scene \"%1\" has no file of its text."_s.arg(calledScene(scene.Title)));
+      outcome_.causes.append(
+          toldText(shownText(u"The scene \"%1\" has no file of its text."_s), {calledScene(scene.Title)}));
     }
   }
 
@@ -88,8 +92,8 @@ class Packing {
       outcome_.causes.append(cause);
     }
     for (const cSHAREDZipFiles::Failure& failure : zip_.Failures()) {
-      outcome_.causes.append(failure.cause.contains(failure.file) ? failure.cause
-                                                                  : failure.file + u": "_s + failure.cause);
+      outcome_.causes.append(
+          failure.cause.contains(failure.file) ? failure.cause : toldText(u"%1: %2"_s, {failure.file, failure.cause}));
     }
   }
 
@@ -123,7 +127,7 @@ class Packing {
 
 /// Packed anew as a whole: that is what mends one that was damaged.
 void packAll(clsProject& project, BackupOutcome& outcome) {
-  const LongWork work(project, u"Making Backup"_s, true);
+  const LongWork work(project, shownText(u"Making Backup"_s), true);
   Packing packing(project, outcome);
   packing.addProject();
   for (const auto& scene : project.Scenes) {
@@ -152,7 +156,7 @@ BackupOutcome backUpProject(clsProject& project, bool complete, bool weekdayFile
   outcome.archive = archiveOf(project, complete, weekdayFile);
   // A folder that has gone isn't made anew.
   if (!Files().FolderExists(project.Path())) {
-    outcome.causes.append(u"The folder %1 is not there."_s.arg(project.Path()));
+    outcome.causes.append(toldText(shownText(u"The folder %1 is not there."_s), {project.Path()}));
   } else {
     const QString cause = Guard("BackupProject", "clsProject").causeOf([&] {
       complete ? packAll(project, outcome) : packProject(project, outcome);
@@ -174,10 +178,10 @@ BackupCheck verifyBackup(clsProject& project, const QString& archive) {
   BackupCheck check;
   const Guard guard("verifyBackup", "Backups");
   check.failure = guard.causeOf([&] {
-    LongWork work(project, u"Verifying Backup"_s, true);
+    LongWork work(project, shownText(u"Verifying Backup"_s), true);
     const ZipContents contents(archive);
     for (qsizetype i = 0; i < contents.members().size(); ++i) {
-      work.setCaption(u"Verifying File "_s, ++check.members);
+      work.setCaption(shownText(u"Verifying File %1"_s), ++check.members);
       const QString why = guard.causeOf([&] { contents.read(i); });
       if (!why.isEmpty()) {
         check.damaged.append(why);

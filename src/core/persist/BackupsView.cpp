@@ -4,7 +4,9 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/ZipContents.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -250,7 +252,7 @@ RestoredFile restoreFromBackup(const QString& archive, const QString& name) {
     const auto found =
         std::find_if(members.begin(), members.end(), [&](const ZipMember& member) { return member.name == name; });
     if (found == members.end()) {
-      throw RuntimeError(RuntimeError::FileNotFound, name + u" is not in the archive"_s);
+      throw RuntimeError(RuntimeError::FileNotFound, toldText(shownText(u"%1 is not in the archive"_s), {name}));
     }
     restored.content = contents.read(found - members.begin());
   });

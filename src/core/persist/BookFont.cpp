@@ -4,7 +4,9 @@
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
@@ -47,8 +49,8 @@ class TextFolder {
     if (!g_Project->HasPlace()) {
       scene.SaveRTF(false);
       return scene.RTFChanged() && !RescueFolder(*g_Project).holds(scene)
-                 ? u"The book has no place of its own, and the text could not be kept in "_s +
-                       RescueFolder(*g_Project).path()
+                 ? toldText(shownText(u"The book has no place of its own, and the text could not be kept in %1"_s),
+                            {RescueFolder(*g_Project).path()})
                  : QString();
     }
     SceneFile file(scene);

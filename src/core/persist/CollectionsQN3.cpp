@@ -1,5 +1,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Collections.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -30,23 +32,23 @@ template <class Traits>
 constexpr OlderForm olderFormOf();
 template <>
 constexpr OlderForm olderFormOf<ChapterTraits>() {
-  return {u"Chapters", u"chapter"};
+  return {shownText(u"Chapters"), shownText(u"chapter")};
 }
 template <>
 constexpr OlderForm olderFormOf<SceneTraits>() {
-  return {u"Scenes", u"scene"};
+  return {shownText(u"Scenes"), shownText(u"scene")};
 }
 template <>
 constexpr OlderForm olderFormOf<CharacterTraits>() {
-  return {u"Characters", u"character"};
+  return {shownText(u"Characters"), shownText(u"character")};
 }
 template <>
 constexpr OlderForm olderFormOf<LocationTraits>() {
-  return {u"Locations", u"Location"};
+  return {shownText(u"Locations"), shownText(u"Location")};
 }
 template <>
 constexpr OlderForm olderFormOf<ItemTraits>() {
-  return {u"Items", u"Item"};
+  return {shownText(u"Items"), shownText(u"Item")};
 }
 
 template <class Traits>
@@ -66,17 +68,18 @@ ListRead<Traits> readList(const QString& file, OlderFiles& from, Fill fill) {
   ListRead<Traits> read;
   const auto entries = from.read(file);
   if (!entries) {
-    from.noteMissing(u"the list of "_s + list + (file.isEmpty() ? QString() : u" ("_s + file + u')'));
+    from.noteMissing(file.isEmpty() ? toldText(shownText(u"the list of %1"_s), {toldText(list)})
+                                    : toldText(shownText(u"the list of %1 (%2)"_s), {toldText(list), file}));
     return read;
   }
   read.isThere = true;
   const Guard guard("ImportQN3", Traits::kModule);
-  from.noteLost(*entries, list);
+  from.noteLost(*entries, toldText(list));
   for (const QString& entry : entries->list(list)) {
     guard([&] {
       const auto content = from.read(entry);
       if (!content) {
-        from.noteMissing(called + u' ' + OldFolder::shown(entry));
+        from.noteMissing(toldText(u"%1 %2"_s, {toldText(called), OldFolder::shown(entry)}));
         throw RuntimeError(kImportFailed, u"Error loading "_s + called + u' ' + entry + u". Project load cancelled"_s);
       }
       const auto entity = std::make_shared<typename Traits::Entity>();

@@ -6,6 +6,7 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
@@ -21,9 +22,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kBoth = u"Keep both"_s;
-const QString kMine = u"Keep mine"_s;
-const QString kTheirs = u"Take theirs"_s;
+const QString kBoth = shownText(u"Keep both"_s);
+const QString kMine = shownText(u"Keep mine"_s);
+const QString kTheirs = shownText(u"Take theirs"_s);
 
 }  // namespace
 
@@ -89,15 +90,18 @@ QString DiskConflicts::question() const {
   QStringList lines;
   for (const Conflict& conflict : conflicts_) {
     const QString date = Files().FileDate(conflict.path).toString(u"yyyy-MM-dd HH:mm"_s);
-    const QString what =
-        conflict.scene ? u"The text of '"_s + calledScene(conflict.scene->Title) + u'\'' : u"The plan of the book"_s;
+    const QString what = conflict.scene ? translated(u"The text of '%1'"_s).arg(calledScene(conflict.scene->Title))
+                                        : translated(u"The plan of the book"_s);
     lines.append(u"%1 (%2, %3)"_s.arg(what, Files().FileOnly(conflict.path), date));
   }
-  return u"Another program has changed what you are about to save:\n\n"_s + firstOf(lines).join(u'\n') +
-         u"\n\nKeep both: yours is saved, and the other stays beside it with \"(conflict "_s +
-         Clock::today().toString(Qt::ISODate) +
-         u")\" in its name.\nKeep mine: the other is replaced.\nTake theirs: what you have written since your last "
-         "save is dropped."_s;
+  const QString offers =
+      translated(
+          u"Keep both: yours is saved, and the other stays beside it with \"(conflict %1)\" in its name.\n"
+          "Keep mine: the other is replaced.\n"
+          "Take theirs: what you have written since your last save is dropped."_s)
+          .arg(Clock::today().toString(Qt::ISODate));
+  return translated(u"Another program has changed what you are about to save:"_s) + u"\n\n"_s +
+         firstOf(lines).join(u'\n') + u"\n\n"_s + offers;
 }
 
 bool DiskConflicts::isWhole(const Conflict& conflict) {
@@ -134,15 +138,17 @@ bool DiskConflicts::mayTakeTheirs(Askers askers) const {
 bool DiskConflicts::keepBeside(const Conflict& conflict) const {
   const QString name = ConflictCopy::nameFor(conflict.path);
   if (!conflict.changed.readable) {
-    toolkit().MsgBox(u"The other version of "_s + conflict.path +
-                     u" can't be read, so it can't be kept. Nothing was written over it."_s);
+    toolkit().MsgBox(
+        translated(u"The other version of %1 can't be read, so it can't be kept. Nothing was written over it."_s)
+            .arg(conflict.path));
     return false;
   }
   const QString cause =
       Guard("keepBeside", "DiskConflicts").causeOf([&] { Files().ReplaceFile(name, conflict.changed.text); });
   if (!cause.isEmpty()) {
-    toolkit().MsgBox(u"The other version of "_s + conflict.path + u" could not be kept as "_s + name +
-                     u". Nothing was written over it.\n\n"_s + cause);
+    toolkit().MsgBox(translated(u"The other version of %1 could not be kept as %2. Nothing was written over it."_s)
+                         .arg(conflict.path, name) +
+                     u"\n\n"_s + translated(cause));
     return false;
   }
   Logging().LogEvent(u"The version that another program left is kept as "_s + name);
@@ -171,13 +177,14 @@ ChoiceQuestion DiskConflicts::questionFor(Askers askers) const {
   const bool areReadable = std::all_of(conflicts_.begin(), conflicts_.end(),
                                        [](const Conflict& conflict) { return conflict.changed.readable; });
   if (!areReadable) {
-    asked = {asked.text + u" The other can't be read, so it can't be kept."_s, {kMine}, ChoiceQuestion::kNone};
+    asked = {
+        asked.text + translated(u" The other can't be read, so it can't be kept."_s), {kMine}, ChoiceQuestion::kNone};
   } else if (!areWhole()) {
-    asked.text += u" The other is cut off or empty."_s;
+    asked.text += translated(u" The other is cut off or empty."_s);
   } else if (mayTakeTheirs(askers)) {
     asked.choices.append(kTheirs);
   } else {
-    asked.text += u" To take the other, please close all editor windows first."_s;
+    asked.text += translated(u" To take the other, please close all editor windows first."_s);
   }
   return asked;
 }

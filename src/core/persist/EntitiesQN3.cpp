@@ -1,4 +1,6 @@
 #include "core/infra/Guard.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -38,7 +40,7 @@ void clsChapter::ImportQN3(const KeyedFile& file, OlderFiles& from) {
   Unused = file.boolean(u"Unused"_s);
   DescText = file.decoded(u"Desc"_s);
   from.importText(file, u"DescFile"_s, DescText);
-  from.noteLostIDs(file, u"Scenes"_s, u"chapter "_s + Title);
+  from.noteLostIDs(file, u"Scenes"_s, toldText(shownText(u"chapter %1"_s), {Title}));
   addAll(file.ids(u"Scenes"_s), "clsChapter", scenes_);
 }
 
@@ -86,8 +88,9 @@ void clsScene::ImportQN3(const KeyedFile& file, OlderFiles& from, SceneFolder& t
   if (!isRead) {
     // Its plan is worth keeping, and the text may turn up.
     textUnread_ = true;
-    from.noteMissing(u"the text of "_s + calledScene(Title) + u" ("_s +
-                     (named.isEmpty() ? u"no file is named"_s : OldFolder::shown(named)) + u')');
+    from.noteMissing(toldText(
+        shownText(u"the text of %1 (%2)"_s),
+        {calledScene(Title), named.isEmpty() ? toldText(shownText(u"no file is named"_s)) : OldFolder::shown(named)}));
   }
   // The book could not be opened again with such a name: the save gives a new one, and what bears the old one stays.
   if (isRead ? !SceneFolder::isNameForProjectFile(rtfFilename_) : !texts.isFree(rtfFilename_)) {

@@ -1,6 +1,7 @@
 #include "core/persist/GlobalReplace.h"
 
 #include "core/infra/Guard.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/SaveSeries.h"
@@ -75,10 +76,11 @@ GlobalReplace::Outcome GlobalReplace::run() const {
     }
     if (!work && outcome.scenes > 0) {
       series.emplace();
-      work.emplace(*g_Project, u"Replacing"_s, true, LongWork::Stop::Offered);
+      work.emplace(*g_Project, shownText(u"Replacing"_s), true, LongWork::Stop::Offered);
     }
     if (work) {
-      work->setCaption(u"Replacing. Scenes done, of "_s + QLocale().toString(g_Project->SceneCount()) + u": "_s, i);
+      work->setCaption(
+          translated(u"Replacing. Scenes done, of %1: %2"_s).arg(QLocale().toString(g_Project->SceneCount())), i);
     }
   }
   return outcome;

@@ -2,6 +2,7 @@
 
 #include "core/infra/Paths.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kExtension = u".qn4"_s;
-const QString kCannotBeMade = u"Unable to create project folder. Please choose another location."_s;
+const QString kCannotBeMade = shownText(u"Unable to create project folder. Please choose another location."_s);
 
 /// Room for the extension, the time and what copies put behind it, where a name has 255 bytes.
 constexpr qsizetype kMostBytes = 200;
@@ -93,14 +94,15 @@ QString nearestThere(const QString& folder) {
 
 QString whyNot(const QString& folder) {
   if (Files().FolderExists(folder + Files().NameOnDisk(folder, u"Rtf"_s))) {
-    return u"There's already a project in that folder. Please choose another location."_s;
+    return shownText(u"There's already a project in that folder. Please choose another location."_s);
   }
   const QFileInfo nearest(nearestThere(folder));
   if (nearest.isDir() && nearest.isWritable()) {
     return {};
   }
-  return Files().FolderExists(folder) ? u"Nothing can be written to that folder. Please choose another location."_s
-                                      : kCannotBeMade;
+  return Files().FolderExists(folder)
+             ? shownText(u"Nothing can be written to that folder. Please choose another location."_s)
+             : kCannotBeMade;
 }
 
 QString make(const QString& folder) {

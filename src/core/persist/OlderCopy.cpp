@@ -4,6 +4,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/ConflictCopy.h"
@@ -55,8 +56,9 @@ QString OlderCopy::question(const QStringList& others) const {
   }
   const QString opened =
       ProjectSummary::of(project_).described(project_.storedIn_, Files().FileDate(project_.storedIn_));
-  return u"You opened "_s + opened + u".\n\nSaved here it would replace, with the texts of its scenes:\n"_s +
-         firstOf(described, 3).join(u'\n') + u"\n\nHow do you want to save it?"_s;
+  return translated(u"You opened %1."_s).arg(opened) + u"\n\n"_s +
+         translated(u"Saved here it would replace, with the texts of its scenes:"_s) + u'\n' +
+         firstOf(described, 3).join(u'\n') + u"\n\n"_s + translated(u"How do you want to save it?"_s);
 }
 
 OlderCopy::Answer OlderCopy::settle(Texts texts) {
@@ -65,7 +67,7 @@ OlderCopy::Answer OlderCopy::settle(Texts texts) {
   if (others.isEmpty()) {
     return Answer::NothingToAsk;
   }
-  switch (toolkit().Choose({question(others), {u"Save under a new name"_s, u"Replace"_s}, 0})) {
+  switch (toolkit().Choose({question(others), {shownText(u"Save under a new name"_s), shownText(u"Replace"_s)}, 0})) {
     case 0:
       return Answer::NewName;
     case 1:

@@ -5,8 +5,10 @@
 #include "core/infra/KeyedLines.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/WholeText.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsProject.h"
 #include "core/persist/OlderDate.h"
@@ -121,8 +123,9 @@ OlderFiles::OlderFiles(const clsProject& project)
 void OlderFiles::noteLost(const KeyedFile& from, const QString& list, const QString& where) {
   const std::optional<qint32> counted = from.counted(list);
   if (const qint32 found = from.found(list); counted && *counted != found) {
-    miscounted_.append(list + (where.isEmpty() ? QString() : u" of "_s + where) +
-                       u" (%1 counted, %2 found)"_s.arg(*counted).arg(found));
+    const QString name = where.isEmpty() ? list : toldText(shownText(u"%1 of %2"_s), {list, where});
+    miscounted_.append(
+        toldText(shownText(u"%1 (%2 counted, %3 found)"_s), {name, QString::number(*counted), QString::number(found)}));
     Logging().LogEvent(u"Miscounted in the old project: "_s + miscounted_.constLast());
   }
 }
@@ -131,7 +134,7 @@ void OlderFiles::noteLostIDs(const KeyedFile& from, const QString& list, const Q
   noteLost(from, list, where);
   for (const QString& entry : from.list(list)) {
     if (Numbers::ToInt(entry) == 0 && entry.trimmed() != u"0"_s) {
-      noteUnread(list + u" of "_s + where + u": \""_s + entry.trimmed() + u'"');
+      noteUnread(toldText(shownText(u"%1 of %2: \"%3\""_s), {list, where, entry.trimmed()}));
     }
   }
 }
@@ -167,11 +170,13 @@ QStringList OlderFiles::findings() const {
   QStringList sentences;
   const auto tell = [&](const QString& what, const QStringList& names) {
     if (!names.isEmpty()) {
-      sentences.append(what + firstOf(names).join(u"; "_s));
+      QStringList told = firstOf(names);
+      std::transform(told.begin(), told.end(), told.begin(), retold);
+      sentences.append(translated(what) + told.join(u"; "_s));
     }
   };
-  tell(u"Missing in the old project, or not to be read: "_s, missing_);
-  tell(u"Lists that count other than they hold, so something of them may be lost: "_s, miscounted_);
-  tell(u"Not understood, and left empty: "_s, unread_);
+  tell(shownText(u"Missing in the old project, or not to be read: "_s), missing_);
+  tell(shownText(u"Lists that count other than they hold, so something of them may be lost: "_s), miscounted_);
+  tell(shownText(u"Not understood, and left empty: "_s), unread_);
   return sentences;
 }

@@ -6,8 +6,10 @@
 #include "core/infra/Maker.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSHAREDShowError.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
 #include "core/model/SceneTitle.h"
@@ -35,36 +37,45 @@ using namespace modConstXML;
 
 namespace {
 
-const QString kBackup = u"Open the newest backup"_s;
-const QString kAsItIs = u"Open the file as it is"_s;
-const QString kEmptyBook = u"Begin an empty book"_s;
+const QString kBackup = shownText(u"Open the newest backup"_s);
+const QString kAsItIs = shownText(u"Open the file as it is"_s);
+const QString kEmptyBook = shownText(u"Begin an empty book"_s);
 
 QString singleFileNotice() {
-  return u"IMPORTANT!\nYou've loaded an all-in-one 'qnc4' project file. When it saves, it'll be saved as a regular "
-         "'qn4' file with separate scene RTF files. If you want to update the qnc4 file instead, you need to click "
-         "'Tools' then 'Backups' then 'Save project content to single file'"_s;
+  return shownText(
+      u"IMPORTANT!\nYou've loaded an all-in-one 'qnc4' project file. When it saves, it'll be saved as a regular "
+      "'qn4' file with separate scene RTF files. If you want to update the qnc4 file instead, you need to click "
+      "'Tools' then 'Backups' then 'Save project content to single file'"_s);
 }
 
 QString unreadNotice(const QStringList& titles) {
-  return u"The text of these scenes could not be read, and they are empty now:\n"_s + firstOf(titles).join(u'\n');
+  return translated(u"The text of these scenes could not be read, and they are empty now:"_s) + u'\n' +
+         firstOf(titles).join(u'\n');
+}
+
+QString whereTaken(const FolderLock::Holder& other, const QString& more) {
+  if (other.isHere) {
+    return translated(u"This book is open already in another window of this computer%1."_s).arg(more);
+  }
+  return other.host.isEmpty() ? translated(u"This book is open already elsewhere%1."_s).arg(more)
+                              : translated(u"This book is open already on %1%2."_s).arg(other.host, more);
 }
 
 QString takenNotice(const FolderLock::Holder& other) {
-  const QString where = other.isHere           ? u"in another window of this computer"_s
-                        : other.host.isEmpty() ? u"elsewhere"_s
-                                               : u"on "_s + other.host;
-  const QString who = other.user.isEmpty() ? QString() : u" by "_s + other.user;
-  const QString since = other.since.isEmpty() ? QString() : u", since "_s + other.since;
-  return u"This book is open already "_s + where + who + since +
-         u".\n\nOpened read-only it can be looked at, and nothing is saved. Opened by two at once, whoever saves last "
-         "may replace what the other has written."_s;
+  const QString who = other.user.isEmpty() ? QString() : translated(u" by %1"_s).arg(other.user);
+  const QString since = other.since.isEmpty() ? QString() : translated(u", since %1"_s).arg(other.since);
+  return whereTaken(other, who + since) + u"\n\n"_s +
+         translated(
+             u"Opened read-only it can be looked at, and nothing is saved. Opened by two at once, whoever saves "
+             "last may replace what the other has written."_s);
 }
 
+/// The report is English, the window puts it into the language.
 QString loadFailure() {
-  return u"There was an error loading this project. (If you moved the QN4 file and didn't move the RTF folder along "
-         "with it, just put the QN4 file back where it was again.) Please submit an error report - and if possible, "
-         "email your QN4 project file to "_s +
-         QString::fromLatin1(Maker::kSupportAddress);
+  return toldText(shownText(u"There was an error loading this project. (If you moved the QN4 file and didn't move the "
+                            "RTF folder along with it, just put the QN4 file back where it was again.) Please submit "
+                            "an error report - and if possible, email your QN4 project file to %1"_s),
+                  {QString::fromLatin1(Maker::kSupportAddress)});
 }
 
 QString extensionOf(const QString& file) {
@@ -106,8 +117,8 @@ bool ProjectLoader::mayOpenFolder(const QString& file) {
   const QString folder = Files().PathOnly(file);
   auto lock = std::make_unique<FolderLock>(folder);
   if (const auto& other = lock->other()) {
-    const int choice =
-        toolkit().Choose({takenNotice(*other), {u"Open read-only"_s, u"Open anyway"_s}, 0, ChoiceQuestion::kNone});
+    const int choice = toolkit().Choose(
+        {takenNotice(*other), {shownText(u"Open read-only"_s), shownText(u"Open anyway"_s)}, 0, ChoiceQuestion::kNone});
     if (choice == ChoiceQuestion::kNone) {
       Logging().LogEvent(u"Not opened, being open elsewhere: "_s + file);
       return false;
@@ -174,13 +185,13 @@ bool ProjectLoader::readBook(const QString& file, QByteArrayView text, bool show
   bool isWhole = true;
   // Whatever a yield leads to: an empty project must not bear the name of a book.
   Guard("LoadQN4", "clsProject")([&] {
-    LongWork work(project_, u"Loading Project"_s, showProgress);
+    LongWork work(project_, shownText(u"Loading Project"_s), showProgress);
     project_.FileWithPath = file;
     isRead = readText(work, text);
     if (isRead) {
       findings_ = ProjectRepair(project_).run();
       isWhole = IntegrityCheck(project_);
-      work.setCaption(u"Loading Complete"_s);
+      work.setCaption(shownText(u"Loading Complete"_s));
     }
   });
   if (!isRead) {
@@ -208,17 +219,17 @@ bool ProjectLoader::readBlocks(LongWork& work, QByteArrayView text) {
   const bool singleFile = extensionOf(into.FileWithPath) == u"qnc4"_s;
   const std::array steps{
       Step{{}, kProject, u"extract project data from "_s, [&](const TagView& xml) { return into.CreateFromXML(xml); }},
-      Step{u"Loading Chapters"_s, kChapters, u"extract chapter data from "_s,
+      Step{shownText(u"Loading Chapters"_s), kChapters, u"extract chapter data from "_s,
            [&](const TagView& xml) { return into.Chapters.CreateFromXML(xml); }},
-      Step{u"Loading Scenes"_s, kScenes, u"extract scene data / load scenes from "_s,
+      Step{shownText(u"Loading Scenes"_s), kScenes, u"extract scene data / load scenes from "_s,
            [&](const TagView& xml) { return into.Scenes.CreateFromXML(xml, singleFile, &missingText_); }},
-      Step{u"Loading Locations"_s, kLocations, u"extract location data from "_s,
+      Step{shownText(u"Loading Locations"_s), kLocations, u"extract location data from "_s,
            [&](const TagView& xml) { return into.Locations.CreateFromXML(xml); }},
-      Step{u"Loading Characters"_s, kCharacters, u"extract character data from "_s,
+      Step{shownText(u"Loading Characters"_s), kCharacters, u"extract character data from "_s,
            [&](const TagView& xml) { return into.Chars.CreateFromXML(xml); }},
-      Step{u"Loading Items"_s, kItems, u"extract items data from "_s,
+      Step{shownText(u"Loading Items"_s), kItems, u"extract items data from "_s,
            [&](const TagView& xml) { return into.Items.CreateFromXML(xml); }},
-      Step{u"Loading Notes"_s, kProjectNotes, u"extract notes data from "_s,
+      Step{shownText(u"Loading Notes"_s), kProjectNotes, u"extract notes data from "_s,
            [&](const TagView& xml) { return into.Notes.CreateFromXML(xml); }},
   };
   const TagIndex index(text);
@@ -237,7 +248,9 @@ bool ProjectLoader::readBlocks(LongWork& work, QByteArrayView text) {
 
 void ProjectLoader::tellFailure() const {
   const QString cause =
-      missingText_.isEmpty() ? QString() : u"\n\nThe text of a scene is missing or can't be read: "_s + missingText_;
+      missingText_.isEmpty()
+          ? QString()
+          : u"\n\n"_s + toldText(shownText(u"The text of a scene is missing or can't be read: %1"_s), {missingText_});
   ShowError().ShowErr(loadFailure() + cause, {});
 }
 
@@ -248,14 +261,21 @@ qsizetype ProjectLoader::filesBesideIt(const QString& file) const {
   return texts.size();
 }
 
-QString ProjectLoader::whatWasFound(bool isRead) const {
+QString ProjectLoader::whatWasFound(bool isRead, qsizetype texts) const {
   if (!isRead) {
-    return u"No book could be read from it"_s;
+    return translated(u"No book could be read from it; %1 files with the texts of scenes stand beside it."_s)
+        .arg(texts);
   }
-  const QString found =
-      u"%1 chapters and %2 scenes were found in it"_s.arg(project_.ChapterCount()).arg(project_.SceneCount());
   const bool inNoChapter = project_.ChapterCount() == 0 && project_.SceneCount() > 0;
-  return inNoChapter ? found + u" (Tools - Lost and Found shows scenes that are in no chapter)"_s : found;
+  const QString found =
+      inNoChapter
+          ? translated(
+                u"%1 chapters and %2 scenes were found in it (Tools - Lost and Found shows scenes that are in no "
+                "chapter); %3 files with the texts of scenes stand beside it."_s)
+          : translated(
+                u"%1 chapters and %2 scenes were found in it; %3 files with the texts of scenes stand beside "
+                "it."_s);
+  return found.arg(project_.ChapterCount()).arg(project_.SceneCount()).arg(texts);
 }
 
 bool ProjectLoader::settleIncomplete(const QString& file, bool isRead, bool showProgress) {
@@ -265,22 +285,22 @@ bool ProjectLoader::settleIncomplete(const QString& file, bool isRead, bool show
     return false;  // some other file
   }
   ChoiceQuestion question;
-  question.text = u"The project file is incomplete: it may have been cut off. "_s + whatWasFound(isRead) +
-                  u"; %1 files with the texts of scenes stand beside it.\n\nThe file is not written over before you "
-                  "have been asked."_s.arg(texts);
+  question.text = translated(u"The project file is incomplete: it may have been cut off. "_s) +
+                  whatWasFound(isRead, texts) + u"\n\n"_s +
+                  translated(u"The file is not written over before you have been asked."_s);
   if (backup) {
     question.choices.append(kBackup);
-    question.text +=
-        u" The newest backup is "_s + ProjectSummary::of(backup->text).described(backup->path, backup->date) + u'.';
+    question.text += translated(u" The newest backup is %1."_s)
+                         .arg(ProjectSummary::of(backup->text).described(backup->path, backup->date));
   } else {
-    question.text += u" No backup was found."_s;
+    question.text += translated(u" No backup was found."_s);
   }
   if (isRead) {
     question.unattended = static_cast<int>(question.choices.size());
     question.choices.append(kAsItIs);
   } else if (texts > 0) {
     question.choices.append(kEmptyBook);
-    question.text += u" In an empty book Tools - Lost and Found lists the texts."_s;
+    question.text += translated(u" In an empty book Tools - Lost and Found lists the texts."_s);
   }
   const QString choice = question.choices.value(toolkit().Choose(question));
   if (choice == kBackup) {
@@ -308,7 +328,7 @@ void ProjectLoader::beginEmptyBook(const QString& file) {
 
 void ProjectLoader::tellFindings() const {
   if (!findings_.isEmpty()) {
-    toolkit().MsgBox(u"This was found when the book was opened:\n\n"_s + findings_.join(u"\n\n"_s));
+    toolkit().MsgBox(translated(u"This was found when the book was opened:"_s) + u"\n\n"_s + findings_.join(u"\n\n"_s));
   }
 }
 

@@ -33,7 +33,7 @@ class ProjectLoader {
   /// What becomes of a file that was cut off: true when a book is to be shown.
   bool settleIncomplete(const QString& file, bool isRead, bool showProgress);
   void beginEmptyBook(const QString& file);
-  QString whatWasFound(bool isRead) const;
+  QString whatWasFound(bool isRead, qsizetype texts) const;
   qsizetype filesBesideIt(const QString& file) const;
   /// Texts that an editor has saved behind the project file, or another program wrote.
   void recountYounger(const QString& file, const FileStamp& projectFile) const;

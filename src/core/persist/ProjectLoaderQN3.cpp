@@ -3,6 +3,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsProject.h"
@@ -26,32 +27,39 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString whyNotRead(const QString& file) {
-  return u"The Quillane 3 project "_s + file +
-         u" can't be converted: neither its list of chapters nor that of scenes could be read from the folder Data "
-         "beside it. (If you moved the QN3 file without its folders Data and RTF, just put it "
-         "back where it was.) Nothing was changed."_s;
+  return translated(
+             u"The Quillane 3 project %1 can't be converted: neither its list of chapters nor that of scenes could "
+             "be read from the folder Data beside it. (If you moved the QN3 file without its folders Data and "
+             "RTF, just put it back where it was.) Nothing was changed."_s)
+      .arg(file);
 }
 
 QString notSaved(const QString& file) {
-  return u"The converted project was not saved, so nothing has changed: your Quillane 3 project is still "_s + file;
+  return translated(
+             u"The converted project was not saved, so nothing has changed: your Quillane 3 project is still %1"_s)
+      .arg(file);
 }
 
 QString readOnlyNotice(const QString& file) {
-  return u"The Quillane 3 project "_s + file +
-         u" can't be opened read-only, since it is converted to Quillane 4 format. Please open it again when nobody "
-         "else has it open."_s;
+  return translated(
+             u"The Quillane 3 project %1 can't be opened read-only, since it is converted to Quillane 4 format. "
+             "Please open it again when nobody else has it open."_s)
+      .arg(file);
 }
 
 QString convertedNotice(const QString& name) {
-  return u"READ THIS CAREFULLY!\nYour Quillane 3 project has been converted to Quillane 4. Your old project file has "
-         "been renamed to "_s +
-         name + u".bak\nIf you want to revert to Quillane 3, make a copy of the entire project folder and rename "_s +
-         name + u".bak to "_s + name;
+  return translated(
+             u"READ THIS CAREFULLY!\nYour Quillane 3 project has been converted to Quillane 4. Your old project "
+             "file has been renamed to %1.bak\nIf you want to revert to Quillane 3, make a copy of the entire "
+             "project folder and rename %1.bak to %1"_s)
+      .arg(name);
 }
 
 QString keptNotice(const QString& file, const QString& converted) {
-  return u"READ THIS CAREFULLY!\nYour Quillane 3 project has been converted to Quillane 4, and is "_s + converted +
-         u" now. Your old project file has kept its name: "_s + file;
+  return translated(
+             u"READ THIS CAREFULLY!\nYour Quillane 3 project has been converted to Quillane 4, and is %1 now. Your "
+             "old project file has kept its name: %2"_s)
+      .arg(converted, file);
 }
 
 /// The folder of the texts before the conversion is saved.
@@ -134,7 +142,7 @@ bool ProjectLoader::readQN3(const QString& file, bool showProgress) {
 }
 
 bool ProjectLoader::ImportQN3(const QString& file, bool showProgress) {
-  LongWork work(project_, u"Loading Project"_s, showProgress);
+  LongWork work(project_, shownText(u"Loading Project"_s), showProgress);
   project_.QN3FileMode = true;
   project_.FileWithPath = file;
   project_.SourceFile = file;
@@ -149,11 +157,11 @@ bool ProjectLoader::ImportQN3(const QString& file, bool showProgress) {
     std::function<bool()> read;
   };
   const std::array steps{
-      Step{u"Loading Chapters"_s, [&] { return into.Chapters.ImportQN3(into.ChapterFile, from); }},
-      Step{u"Loading Scenes"_s, [&] { return into.Scenes.ImportQN3(into.SceneFile, from); }},
-      Step{u"Loading Locations"_s, [&] { return into.Locations.ImportQN3(into.LocationFile, from); }},
-      Step{u"Loading Characters"_s, [&] { return into.Chars.ImportQN3(into.CharacterFile, from); }},
-      Step{u"Loading Items"_s, [&] { return into.Items.ImportQN3(into.ItemFile, from); }},
+      Step{shownText(u"Loading Chapters"_s), [&] { return into.Chapters.ImportQN3(into.ChapterFile, from); }},
+      Step{shownText(u"Loading Scenes"_s), [&] { return into.Scenes.ImportQN3(into.SceneFile, from); }},
+      Step{shownText(u"Loading Locations"_s), [&] { return into.Locations.ImportQN3(into.LocationFile, from); }},
+      Step{shownText(u"Loading Characters"_s), [&] { return into.Chars.ImportQN3(into.CharacterFile, from); }},
+      Step{shownText(u"Loading Items"_s), [&] { return into.Items.ImportQN3(into.ItemFile, from); }},
   };
   std::array<bool, 5> isThere{};
   for (size_t i = 0; i < steps.size(); ++i) {
@@ -161,7 +169,7 @@ bool ProjectLoader::ImportQN3(const QString& file, bool showProgress) {
     isThere[i] = steps[i].read();
   }
   findings_ = from.findings() + ProjectRepair(project_).run();
-  work.setCaption(u"Loading Complete"_s);
+  work.setCaption(shownText(u"Loading Complete"_s));
   // The book stands in the old one's folder, and a save asks before it replaces what else is there.
   project_.storedIn_ = file;
   project_.freshlyRead_ = true;

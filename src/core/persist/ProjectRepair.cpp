@@ -2,6 +2,7 @@
 
 #include "core/infra/FirstOf.h"
 #include "core/infra/Guard.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
@@ -13,6 +14,7 @@
 #include "core/model/clsScene.h"
 #include "core/persist/ConflictCopy.h"
 
+#include <QLocale>
 #include <QSet>
 
 #include <algorithm>
@@ -72,11 +74,11 @@ void ProjectRepair::tell(const QString& what, const QStringList& names) {
   }
   Logging().LogEvent(what + u": "_s + names.join(u", "_s));
   constexpr qsizetype kNamed = 5;
-  findings_.append(what + u": "_s + firstOf(names, kNamed).join(u"; "_s));
+  findings_.append(translated(what) + u": "_s + firstOf(names, kNamed).join(u"; "_s));
 }
 
 void ProjectRepair::tellNewIDs() {
-  tell(u"Had the number of another scene, chapter or character, and got one of their own"_s,
+  tell(shownText(u"Had the number of another scene, chapter or character, and got one of their own"_s),
        titlesOfRenumbered(project_.Scenes) + titlesOfRenumbered(project_.Chapters) +
            titlesOfRenumbered(project_.Chars) + titlesOfRenumbered(project_.Locations) +
            titlesOfRenumbered(project_.Items) + titlesOfRenumbered(project_.Notes));
@@ -118,10 +120,10 @@ void ProjectRepair::dropMissingScenes() {
       chapter->RemoveSceneByID(id);
     }
     if (!missing.empty()) {
-      chapters.append(u"%1 (%2)"_s.arg(chapter->Title).arg(missing.size()));
+      chapters.append(u"%1 (%2)"_s.arg(chapter->Title, QString::number(missing.size())));
     }
   }
-  tell(u"Chapters that listed so many scenes which aren't in the book, and don't any more"_s, chapters);
+  tell(shownText(u"Chapters that listed so many scenes which aren't in the book, and don't any more"_s), chapters);
 }
 
 // What a chapter lists is its scene, whatever the scene says of itself; of two chapters that list it the one that it
@@ -139,8 +141,8 @@ void ProjectRepair::placeScenesOnce() {
         others.push_back(id);
         twice.append(calledScene(scene->Title));
       } else {
-        Logging().LogEvent(
-            u"Changing scene '%1' from %2 to %3"_s.arg(scene->Title).arg(scene->BelongsToChID).arg(chapter->ID()));
+        Logging().LogEvent(u"Changing scene '%1' from %2 to %3"_s.arg(
+            scene->Title, QString::number(scene->BelongsToChID), QString::number(chapter->ID())));
         scene->BelongsToChID = chapter->ID();
       }
     }
@@ -148,7 +150,7 @@ void ProjectRepair::placeScenesOnce() {
       chapter->RemoveSceneByID(id);
     }
   }
-  tell(u"Stood in two chapters, and stand in one now"_s, twice);
+  tell(shownText(u"Stood in two chapters, and stand in one now"_s), twice);
 }
 
 // One of the two would be written over the other.
@@ -169,18 +171,18 @@ void ProjectRepair::partSharedFiles() {
     scene->rtfChanged_ = true;
     titles.append(calledScene(scene->Title));
   }
-  tell(u"Shared a file with another scene, and get their own when the book is saved"_s, titles);
+  tell(shownText(u"Shared a file with another scene, and get their own when the book is saved"_s), titles);
 }
 
 void ProjectRepair::findEmptiedFiles() {
   QStringList titles;
   for (const auto& scene : project_.Scenes) {
     if (scene->TextRTF().isEmpty() && !scene->TextUnread() && !scene->wordsStale_) {
-      titles.append(
-          u"%1 (%2, %L3 words)"_s.arg(calledScene(scene->Title), scene->RTFFilename()).arg(scene->wordcount_));
+      titles.append(translated(u"%1 (%2, %3 words)"_s)
+                        .arg(calledScene(scene->Title), scene->RTFFilename(), QLocale().toString(scene->wordcount_)));
     }
   }
-  tell(u"Scenes whose file is empty now, though there were words in it"_s, titles);
+  tell(shownText(u"Scenes whose file is empty now, though there were words in it"_s), titles);
 }
 
 void ProjectRepair::findConflictCopies() {
@@ -188,6 +190,8 @@ void ProjectRepair::findConflictCopies() {
   for (const QString& folder : {project_.Path(), project_.RTFFolder()}) {
     Guard("findConflictCopies", "ProjectRepair")([&] { copies += ConflictCopy::in(folder); });
   }
-  tell(u"Copies from a time when two programs changed the same file (Tools - Lost and Found shows those of scenes)"_s,
-       copies);
+  tell(
+      shownText(
+          u"Copies from a time when two programs changed the same file (Tools - Lost and Found shows those of scenes)"_s),
+      copies);
 }

@@ -5,9 +5,11 @@
 #include "core/infra/Guard.h"
 #include "core/infra/MayReplace.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSHAREDShowError.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
@@ -32,8 +34,9 @@ using namespace modConstXML;
 
 namespace {
 
-const QString kUnableToReplace = u"Unable to write the project file. Please choose another location."_s;
-const QString kUnableToSave = u"Unable to save project. Please use Save As and choose a different location."_s;
+const QString kUnableToReplace = shownText(u"Unable to write the project file. Please choose another location."_s);
+const QString kUnableToSave =
+    shownText(u"Unable to save project. Please use Save As and choose a different location."_s);
 
 /// The new project file while it is written: whatever ends the save early throws it away.
 class NewFile {
@@ -56,7 +59,7 @@ class NewFile {
 };
 
 FileQuestion projectFileQuestion(const QString& folder) {
-  return {u"Specify your Project file."_s, u"*.qn4"_s, u"MyProject.qn4"_s, folder};
+  return {shownText(u"Specify your Project file."_s), u"*.qn4"_s, u"MyProject.qn4"_s, folder};
 }
 
 }  // namespace
@@ -238,7 +241,7 @@ bool ProjectSaver::isUnchanged(Form form) {
   const bool written = Guard("Save", "clsProject")([&] {
     QString cause;
     const NewFile file(Files().CreateReplacementFile(project_.FileWithPath, cause));
-    LongWork work(project_, u"Saving Project"_s, false);
+    LongWork work(project_, shownText(u"Saving Project"_s), false);
     if (file.number() > 0 && isDone(writeSteps(work, file.number(), form, Texts::Skipped))) {
       hash = Channels().hashOf(file.number());
     }
@@ -307,11 +310,13 @@ bool ProjectSaver::attempt(bool showProgress, Form form, bool asked) {
 
 // What the system says may be all that a writer needs to mend it.
 void ProjectSaver::tell(const Failure& failure) {
-  const QString text = failure.cause.isEmpty() ? failure.text : failure.text + u"\n\n"_s + failure.cause;
+  const auto text = [&failure](const QString& what, const QString& cause) {
+    return failure.cause.isEmpty() ? what : what + u"\n\n"_s + cause;
+  };
   if (failure.told == Failure::Told::ByBox) {
-    toolkit().MsgBox(text);
+    toolkit().MsgBox(text(translated(failure.text), translated(failure.cause)));
   } else if (failure.told == Failure::Told::ByReport) {
-    ShowError().ShowErr(text, {});
+    ShowError().ShowErr(text(failure.text, failure.cause), {});
   }
 }
 
@@ -322,7 +327,8 @@ void ProjectSaver::note(Form form) const {
   }
   project_.lastSaves_.bookSaved();
   if (const qint32 unsaved = project_.UnsavedTexts(); unsaved > 0) {
-    project_.lastSaves_.textNotSaved(u"the text of %1 scene(s) could not be written"_s.arg(unsaved));
+    project_.lastSaves_.textNotSaved(
+        toldText(shownText(u"the text of %1 scene(s) could not be written"_s), {QString::number(unsaved)}));
   }
 }
 
@@ -332,13 +338,13 @@ ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) {
   const bool isOurs =
       (project_.IsInOwnFolder() && !project_.readOnly_ && !sharesFolder_) || project_.made_.contains(texts);
   if (form == Form::Folder && asked && !isOurs && Files().FolderExists(texts)) {
-    return boxed(u"There's already a project in that location. Please choose a different folder."_s);
+    return boxed(shownText(u"There's already a project in that location. Please choose a different folder."_s));
   }
   Files().MkMissingDir(folder);
   if (form == Form::Folder && !project_.IsInOwnFolder() && Files().FolderExists(folder)) {
     lock_ = std::make_unique<FolderLock>(folder);
     if (lock_->other()) {
-      return boxed(u"The book in that folder is open elsewhere. Please choose a different folder."_s);
+      return boxed(shownText(u"The book in that folder is open elsewhere. Please choose a different folder."_s));
     }
   }
   if (form == Form::Folder) {
@@ -346,7 +352,7 @@ ProjectSaver::Failure ProjectSaver::prepareTarget(Form form, bool asked) {
       project_.made_.append(texts);
     }
     if (!Files().FolderExists(folder)) {
-      return boxed(u"Unable to create project folder. Please choose another location."_s);
+      return boxed(shownText(u"Unable to create project folder. Please choose another location."_s));
     }
   }
   return {};
@@ -366,7 +372,7 @@ ProjectSaver::Failure ProjectSaver::write(bool showProgress, Form form) {
     return form == Form::Folder && !writeTexts(form, showProgress) ? boxed(kUnableToSave, textFailure_) : Failure();
   }
   cause = Guard("Save", "clsProject").causeOf([&] {
-    LongWork work(project_, u"Saving Project"_s, showProgress);
+    LongWork work(project_, shownText(u"Saving Project"_s), showProgress);
     failure = writeSteps(work, file.number(), form, showProgress ? Texts::All : Texts::Due);
     if (isDone(failure) && !keepLateChange()) {
       failure = boxed(kUnableToReplace);
@@ -405,18 +411,22 @@ ProjectSaver::Failure ProjectSaver::writeSteps(LongWork& work, int file, Form fo
   }
   const std::array steps{
       Step{{}, [&] { return writeHead(file); }, kUnableToSave, Failure::Told::ByBox},
-      Step{u"Saving Locations, Items, Characters"_s, [&] { return from.Locations.WriteXML(file); },
-           u"Unable to write location details (cProject.Save)"_s},
-      Step{{}, [&] { return from.Items.WriteXML(file); }, u"Unable to write item details (cProject.Save)"_s},
-      Step{{}, [&] { return from.Chars.WriteXML(file); }, u"Unable to write character details (cProject.Save)"_s},
-      Step{{}, [&] { return from.Notes.WriteXML(file); }, u"Unable to write notes (cProject.Save)"_s},
-      Step{u"Saving Scenes and Chapters"_s,
+      Step{shownText(u"Saving Locations, Items, Characters"_s), [&] { return from.Locations.WriteXML(file); },
+           shownText(u"Unable to write location details (cProject.Save)"_s)},
+      Step{{}, [&] { return from.Items.WriteXML(file); }, shownText(u"Unable to write item details (cProject.Save)"_s)},
+      Step{{},
+           [&] { return from.Chars.WriteXML(file); },
+           shownText(u"Unable to write character details (cProject.Save)"_s)},
+      Step{{}, [&] { return from.Notes.WriteXML(file); }, shownText(u"Unable to write notes (cProject.Save)"_s)},
+      Step{shownText(u"Saving Scenes and Chapters"_s),
            [&] { return texts == Texts::Skipped || writeTexts(form, texts == Texts::All); },
-           u"Unable to scene contents (cProject.Save)"_s},
+           shownText(u"Unable to scene contents (cProject.Save)"_s)},
       Step{{},
            [&] { return from.Scenes.WriteXML(file, form == Form::SingleFile); },
-           u"Unable to write scene details (cProject.Save)"_s},
-      Step{{}, [&] { return from.Chapters.WriteXML(file); }, u"Unable to write chapter details (cProject.Save)"_s},
+           shownText(u"Unable to write scene details (cProject.Save)"_s)},
+      Step{{},
+           [&] { return from.Chapters.WriteXML(file); },
+           shownText(u"Unable to write chapter details (cProject.Save)"_s)},
       Step{{},
            [&] { return guard([&] { Channels().PrintLine(file, Tag(kRoot).close); }); },
            kUnableToSave,

@@ -1,5 +1,6 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsProject.h"
 #include "core/persist/DiskConflicts.h"
 #include "core/persist/OlderCopy.h"
@@ -36,9 +37,10 @@ ProjectSaver::Way ProjectSaver::wayPastLostFolder() const {
   };
   while (project_.IsInOwnFolder() && isLost()) {
     const int choice =
-        toolkit().Choose({u"The book's folder isn't there any more:\n"_s + project_.Path() +
-                              u"\n\nIf it is on a stick or in a network, please bring it back and try again."_s,
-                          {u"Try again"_s, u"Save somewhere else"_s}});
+        toolkit().Choose({translated(u"The book's folder isn't there any more:\n%1\n\n"
+                                     "If it is on a stick or in a network, please bring it back and try again."_s)
+                              .arg(project_.Path()),
+                          {shownText(u"Try again"_s), shownText(u"Save somewhere else"_s)}});
     if (choice != 0) {
       return choice == 1 ? Way::AskForAnother : Way::GiveUp;
     }

@@ -1,6 +1,7 @@
 #include "core/persist/ProjectSummary.h"
 
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "core/persist/modConstXML.h"
@@ -36,8 +37,8 @@ ProjectSummary ProjectSummary::of(const clsProject& project) {
 }
 
 QString ProjectSummary::described(const QString& path, const QDateTime& date) const {
-  return u"%1 (%2, %3 words)"_s.arg(Files().FileOnly(path), date.toString(u"yyyy-MM-dd HH:mm"_s),
-                                    QLocale().toString(words));
+  return translated(u"%1 (%2, %3 words)"_s)
+      .arg(Files().FileOnly(path), date.toString(u"yyyy-MM-dd HH:mm"_s), QLocale().toString(words));
 }
 
 QString ProjectSummary::described(const QString& path) {

@@ -1,7 +1,9 @@
 #include "core/persist/SceneCopy.h"
 
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -63,7 +65,7 @@ QDateTime textSaved(const clsScene& scene) {
 
 void write(const QString& path, const QByteArray& rtf) {
   if (!Files().FolderExists(g_Project->Path())) {
-    throw RuntimeError(RuntimeError::PathNotFound, u"The book's folder isn't there any more."_s);
+    throw RuntimeError(RuntimeError::PathNotFound, shownText(u"The book's folder isn't there any more."_s));
   }
   g_Project->MakeAutoBackupFolder();
   Files().MkMissingDir(g_Project->TodaysBackupFolder());
@@ -86,7 +88,8 @@ void putAside(const QString& path, const QByteArray& newText, const QDateTime& s
     aside = name + u'_' + QString::number(number) + u".rtf"_s;
   }
   if (!Files().MoveFile(path, aside)) {
-    throw RuntimeError(RuntimeError::PathAccess, u"The copy of earlier words could not be put aside: "_s + path);
+    throw RuntimeError(RuntimeError::PathAccess,
+                       toldText(shownText(u"The copy of earlier words could not be put aside: %1"_s), {path}));
   }
   Logging().LogEvent(u"A copy that is younger than its scene is kept as "_s + aside);
 }

@@ -5,9 +5,11 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/SaveSeries.h"
@@ -109,8 +111,8 @@ void clsScene::SaveRTF(bool force) {
     SaveSeries::nameIsNew();
   }
   countsHeld_ = countsHeld_ && rtfChanged_;
-  saveFailure_ =
-      Files().FolderExists(g_Project->Path()) ? file.failure() : u"The book's folder isn't there any more."_s;
+  saveFailure_ = Files().FolderExists(g_Project->Path()) ? file.failure()
+                                                         : shownText(u"The book's folder isn't there any more."_s);
   if (saveFailure_.isEmpty()) {
     g_Project->lastSaves_.textSaved(g_Project->UnsavedTexts() == 0);
   } else {
@@ -252,11 +254,11 @@ std::optional<SceneFile::Changed> SceneFile::changedByOthers() const {
 
 bool SceneFile::mayWrite(Others others) {
   if (SceneFolder::leadsOut(*g_Project, path())) {
-    failure_ = path() + u" leads out of the project's folder, and isn't written"_s;
+    failure_ = toldText(shownText(u"%1 leads out of the project's folder, and isn't written"_s), {path()});
     return false;
   }
   if (others == Others::Kept && changedByOthers()) {
-    failure_ = path() + u" was changed by another program, and isn't written over"_s;
+    failure_ = toldText(shownText(u"%1 was changed by another program, and isn't written over"_s), {path()});
     return false;
   }
   return true;

@@ -4,6 +4,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -41,7 +42,7 @@ QString writeTexts(const Scenes& scenes) {
     SceneFile file(*scene);
     file.save(true, {});
     if (scene->RTFChanged()) {
-      return file.failure().isEmpty() ? u"The text of a new scene could not be written."_s : file.failure();
+      return file.failure().isEmpty() ? shownText(u"The text of a new scene could not be written."_s) : file.failure();
     }
   }
   return Guard("SplitScene", "clsScene").causeOf([] { flushFolderToDisk(g_Project->RTFFolder()); });
@@ -143,7 +144,7 @@ QString addBehind(clsScene& source, const std::vector<std::shared_ptr<clsScene>>
   if (FileStamp::lookAt(g_Project->FileWithPath).looksLike(before)) {
     erase(files);
   }
-  return u"The project file could not be saved."_s;
+  return shownText(u"The project file could not be saved."_s);
 }
 
 }  // namespace SceneSplit

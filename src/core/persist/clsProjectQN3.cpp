@@ -1,4 +1,6 @@
 #include "core/infra/Guard.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/OlderFiles.h"
@@ -41,7 +43,7 @@ void clsProject::CopySettingsToVariables(const KeyedFile& file, OlderFiles& from
     const QString usual = g_RatingNames.value(rating);
     const QString name = file.text(u"Field"_s + QString::number(rating), usual);
     if (!Guard("CopySettingsToVariables", "clsProject")([&] { setFieldTitle(rating, name); })) {
-      from.noteUnread(u"the name of a rating \""_s + name + u'"');
+      from.noteUnread(toldText(shownText(u"the name of a rating \"%1\""_s), {name}));
       setFieldTitle(rating, usual);
     }
   }

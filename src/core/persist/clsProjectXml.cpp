@@ -1,6 +1,8 @@
 #include "core/infra/CodePage.h"
 #include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsProject.h"
 #include "core/persist/ElementWriter.h"
 #include "core/persist/OwnTags.h"
@@ -27,9 +29,10 @@ void clsProject::setFieldTitle(int index, const QString& name) {
 void clsProject::checkFieldTitle(const QString& name) {
   if (!CodePage::canEncode(name) || OwnTags::firstIn(name) >= 0) {
     throw RuntimeError(RuntimeError::InvalidCall,
-                       u"The name '"_s + name +
-                           u"' has characters that a project file can't hold in the name of a rating. Please use "
-                           "letters of the western European alphabets, and no tag of the file such as \"<Title>\"."_s);
+                       toldText(shownText(u"The name '%1' has characters that a project file can't hold in the name of "
+                                          "a rating. Please use letters of the western European alphabets, and no tag "
+                                          "of the file such as \"<Title>\"."_s),
+                                {name}));
   }
 }
 

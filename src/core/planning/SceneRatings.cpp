@@ -1,5 +1,7 @@
 #include "core/planning/SceneRatings.h"
 
+#include "core/infra/cSharedLang.h"
+#include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -51,14 +53,16 @@ bool SceneRatings::any() const {
 }
 
 QString SceneRatings::inWords() const {
-  QStringList parts(scenes.size() == 1 ? u"1 scene"_s : u"%1 scenes"_s.arg(scenes.size()));
+  QStringList parts(scenes.size() == 1 ? translated(u"1 scene"_s) : translated(u"%1 scenes"_s).arg(scenes.size()));
   for (size_t field = 0; field < titles.size() && !scenes.empty(); ++field) {
     const auto less = [field](const Scene& a, const Scene& b) { return a.ratings[field] < b.ratings[field]; };
     const auto [lowest, highest] = std::minmax_element(scenes.begin(), scenes.end(), less);
-    const QString title = titles[field].isEmpty() ? u"Rating %1"_s.arg(field + 1) : titles[field];
+    const QString title =
+        titles[field].isEmpty() ? translated(u"Rating %1"_s).arg(field + 1) : shownRating(titles[field]);
     const qint16 from = lowest->ratings[field];
     const qint16 to = highest->ratings[field];
-    parts.append(from == to ? u"%1 %2"_s.arg(title).arg(from) : u"%1 from %2 to %3"_s.arg(title).arg(from).arg(to));
+    parts.append(from == to ? u"%1 %2"_s.arg(title, QString::number(from))
+                            : translated(u"%1 from %2 to %3"_s).arg(title, QString::number(from), QString::number(to)));
   }
   return parts.join(u", "_s);
 }

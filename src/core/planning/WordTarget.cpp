@@ -3,6 +3,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedDateSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsProject.h"
 
 #include <QLocale>
@@ -69,30 +70,30 @@ QString TargetShare::text() const {
   const double percents = 100 * static_cast<double>(done) / (static_cast<double>(target) + kNearlyNothing);
   // No minus in front of nothing.
   const double tenths = std::round(percents * 10) / 10 + 0.0;
-  return u"%L1 words done (%L2%)"_s.arg(done).arg(tenths, 0, 'f', 1);
+  return translated(u"%L1 words done (%L2%)"_s).arg(done).arg(tenths, 0, 'f', 1);
 }
 
 TargetFigures targetFigures(const TargetInput& input, qint32 today) {
   const qint32 days = daysLeft(input, today);
   if (days <= 0) {
-    return {{}, {}, u"Please ensure the end date is ahead of today's date"_s};
+    return {{}, {}, translated(u"Please ensure the end date is ahead of today's date"_s)};
   }
   if (!input.target) {
-    return {days, {}, u"Words to Write must be a number"_s};
+    return {days, {}, translated(u"Words to Write must be a number"_s)};
   }
   if (*input.target == 0) {
-    return {days, {}, u"Need a TARGET word count"_s};
+    return {days, {}, translated(u"Need a TARGET word count"_s)};
   }
   if (!input.startCount) {
-    return {days, {}, u"Starting Count must be a number"_s};
+    return {days, {}, translated(u"Starting Count must be a number"_s)};
   }
   TargetShare share{rounded(input.projectWords - *input.startCount), rounded(*input.target), rounded(*input.startCount),
                     0};
   if (share.left() < 0) {
-    return {days, {}, u"Word count achieved"_s};
+    return {days, {}, translated(u"Word count achieved"_s)};
   }
   share.perDay = rounded(static_cast<double>(share.left()) / days);
-  return {days, share, u"You need to write %L1 more words"_s.arg(share.left())};
+  return {days, share, translated(u"You need to write %L1 more words"_s).arg(share.left())};
 }
 
 QString targetSummary(const clsProject& project, qint32 projectWords, qint32 today) {
@@ -102,8 +103,10 @@ QString targetSummary(const clsProject& project, qint32 projectWords, qint32 tod
   }
   const TargetFigures figures = targetFigures(
       {target.startDate, target.endDate, double(target.startCount), double(target.words), projectWords}, today);
-  const QString what = figures.share ? u"%L1 words a day until "_s.arg(figures.share->perDay) +
-                                           Dates().ShortFormatDate(Clock::dateOf(target.endDate))
-                                     : figures.status;
-  return u"Daily word target: "_s + what;
+  if (!figures.share) {
+    return translated(u"Daily word target: %1"_s).arg(figures.status);
+  }
+  return translated(u"Daily word target: %L1 words a day until %2"_s)
+      .arg(figures.share->perDay)
+      .arg(Dates().ShortFormatDate(Clock::dateOf(target.endDate)));
 }

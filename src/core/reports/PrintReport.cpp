@@ -1,5 +1,6 @@
 #include "core/reports/PrintReport.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -33,14 +34,14 @@ void Reports::eachUsedScene(const clsChapter& chapter, const EachScene& report) 
 
 void Reports::eachUsedChapter(const ReportJob& job, const EachChapter& report) {
   eachUsedChapter(job.chapters, [&](clsChapter& chapter, qint32 number) {
-    job.progress.step(u"Laying out chapter "_s, number);
+    job.progress.step(shownText(u"Laying out chapter %1"_s), number);
     report(chapter, number);
   });
 }
 
 void Reports::eachUsedScene(const ReportJob& job, const clsChapter& chapter, const EachScene& report) {
   eachUsedScene(chapter, [&](clsScene& scene, qint32 number, bool isLast) {
-    job.progress.step(u"Laying out scene "_s, number);
+    job.progress.step(shownText(u"Laying out scene %1"_s), number);
     report(scene, number, isLast);
   });
 }

@@ -1,5 +1,6 @@
 #include "core/reports/modPrintCards.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -46,9 +47,10 @@ class CardGrid {
     Card card{column_ == 0 ? kGridSide + kTextInCard : middle_ + kTextInCard, kGridTop + row_ * height_ + kAboveText,
               kGridTop + (row_ + 1) * height_};
     write(card, true,
-          Reports::numberOf(chapterNumber, number) + u' ' + scene.Title + u" (%1 words)"_s.arg(scene.Wordcount()));
+          Reports::numberOf(chapterNumber, number) + u' ' + scene.Title +
+              translated(u" (%1 words)"_s).arg(scene.Wordcount()));
     write(card, false, castOf(scene));
-    write(card, false, scene.DescText.isEmpty() ? u"No summary found"_s : scene.DescText);
+    write(card, false, scene.DescText.isEmpty() ? translated(u"No summary found"_s) : scene.DescText);
     next();
   }
 
@@ -120,5 +122,5 @@ PrintDocument PrintSummaryCards(const ReportJob& job, int cardsPerPage) {
     Reports::eachUsedScene(job, chapter,
                            [&](clsScene& scene, qint32 number, bool) { grid.PrintCard(chapterNumber, scene, number); });
   });
-  return Reports::finished(g_Project->Title + u" scene cards"_s, flow);
+  return Reports::finished(translated(u"%1 scene cards"_s).arg(g_Project->Title), flow);
 }

@@ -1,5 +1,6 @@
 #include "core/reports/modPrintLists.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
@@ -13,10 +14,10 @@ namespace {
 void printCharacter(PrintFlow& flow, const clsCharacter& character) {
   flow.PrintBold(character.Title() + u" ("_s + character.FullName + u')');
   flow.spacing();
-  const std::pair<QString, const QString&> fields[] = {{u"Desc: "_s, character.DescText},
-                                                       {u"Bio: "_s, character.Bio},
-                                                       {u"Goals: "_s, character.Goals},
-                                                       {u"Notes: "_s, character.Notes}};
+  const std::pair<QString, const QString&> fields[] = {{translated(u"Desc: "_s), character.DescText},
+                                                       {translated(u"Bio: "_s), character.Bio},
+                                                       {translated(u"Goals: "_s), character.Goals},
+                                                       {translated(u"Notes: "_s), character.Notes}};
   for (const auto& [label, field] : fields) {
     flow.PrintBold(label);
     flow.PrintText(field);
@@ -31,7 +32,7 @@ PrintDocument printTitles(const ReportJob& job, const Things& things, const QStr
   flow.newNumberedPage();
   qint32 done = 0;
   for (const auto& thing : things) {
-    job.progress.step(u"Laying out line "_s, ++done);
+    job.progress.step(shownText(u"Laying out line %1"_s), ++done);
     flow.PrintText(thing->Title);
     flow.spacing();
   }
@@ -45,18 +46,18 @@ PrintDocument PrintCharList(const ReportJob& job) {
   flow.newNumberedPage();
   qint32 done = 0;
   for (const auto& character : g_Project->Chars) {
-    job.progress.step(u"Laying out character "_s, ++done);
+    job.progress.step(shownText(u"Laying out character %1"_s), ++done);
     printCharacter(flow, *character);
   }
-  return Reports::finished(Reports::titleOf(u"Characters"_s), flow);
+  return Reports::finished(Reports::titleOf(translated(u"Characters"_s)), flow);
 }
 
 PrintDocument PrintLocationList(const ReportJob& job) {
-  return printTitles(job, g_Project->Locations, Reports::titleOf(u"Locations"_s));
+  return printTitles(job, g_Project->Locations, Reports::titleOf(translated(u"Locations"_s)));
 }
 
 PrintDocument PrintItemList(const ReportJob& job) {
-  return printTitles(job, g_Project->Items, Reports::titleOf(u"Items"_s));
+  return printTitles(job, g_Project->Items, Reports::titleOf(translated(u"Items"_s)));
 }
 
 PrintDocument PrintPlainText(const ReportJob& job, const QString& text, const QString& title) {

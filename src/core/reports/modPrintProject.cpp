@@ -1,5 +1,6 @@
 #include "core/reports/modPrintProject.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -23,19 +24,20 @@ QString ruler(const QString& name, int dashesBehind) {
 }
 
 QString sceneBlock(clsScene& scene) {
-  QString block = u"Viewpoint: "_s + scene.ViewPointChar()->Title() + kLine;
+  QString block = translated(u"Viewpoint: "_s) + scene.ViewPointChar()->Title() + kLine;
   for (int i = 1; i <= kRatings; ++i) {
-    block += g_Project->FieldTitle(i) + u": "_s + QString::number(scene.Field(i)) + kLine;
+    block += shownRating(g_Project->FieldTitle(i)) + u": "_s + QString::number(scene.Field(i)) + kLine;
   }
-  block += u"Goal: "_s + scene.Goal + kLine;
-  block += u"Conflict: "_s + scene.Conflict + kLine;
-  block += u"Outcome: "_s + scene.Outcome + kLine;
-  block += u"Details: "_s + (scene.Status > 0 ? g_StatusNames.value(scene.Status) : QString()) + kLine;
-  block += u"Description: "_s + kLine + kLine;
-  block += (scene.DescText.isEmpty() ? u"None"_s : scene.DescText) + kLine + kLine;
-  block += ruler(u"Content"_s, 60);
+  block += translated(u"Goal: "_s) + scene.Goal + kLine;
+  block += translated(u"Conflict: "_s) + scene.Conflict + kLine;
+  block += translated(u"Outcome: "_s) + scene.Outcome + kLine;
+  block += translated(u"Details: "_s) + (scene.Status > 0 ? translated(g_StatusNames.value(scene.Status)) : QString()) +
+           kLine;
+  block += translated(u"Description: "_s) + kLine + kLine;
+  block += (scene.DescText.isEmpty() ? translated(u"None"_s) : scene.DescText) + kLine + kLine;
+  block += ruler(translated(u"Content"_s), 60);
   block += scene.ConvertedToBodyText() + kLine;
-  return block + ruler(u"End Content"_s, 56);
+  return block + ruler(translated(u"End Content"_s), 56);
 }
 
 QString manuscriptOf(const ReportJob& job, const clsChapter& chapter) {
@@ -59,7 +61,7 @@ void printDetails(const ReportJob& job, PrintFlow& flow, const clsChapter& chapt
   const QScopedValueRollback notDoubled(flow.doubleSpaced, false);
   const QScopedValueRollback close(flow.oneAndHalf, false);
   for (qint32 i = 1; i <= chapter.SceneCount(); ++i) {
-    job.progress.step(u"Laying out scene "_s, i);
+    job.progress.step(shownText(u"Laying out scene %1"_s), i);
     PrintScene(flow, *chapter.SceneByIndex(i));
   }
 }
@@ -87,26 +89,26 @@ QString titleOf(const QString& part) {
 PrintDocument PrintProject(const ReportJob& job) {
   PrintFlow flow(job.measure, job.state);
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) { PrintChapter(job, flow, chapter); });
-  return Reports::finished(titleOf(u"Manuscript"_s), flow);
+  return Reports::finished(titleOf(translated(u"Manuscript"_s)), flow);
 }
 
 PrintDocument PrintChapters(const ReportJob& job, const QList<qint32>& chapterIDs) {
   PrintFlow flow(job.measure, job.state);
   qint32 done = 0;
   for (const qint32 id : chapterIDs) {
-    job.progress.step(u"Laying out chapter "_s, ++done);
+    job.progress.step(shownText(u"Laying out chapter %1"_s), ++done);
     PrintChapter(job, flow, *g_Project->ChapterByID(id));
   }
-  return Reports::finished(titleOf(u"Chapters"_s), flow);
+  return Reports::finished(titleOf(translated(u"Chapters"_s)), flow);
 }
 
 PrintDocument PrintScenes(const ReportJob& job, const QList<qint32>& sceneIDs) {
   PrintFlow flow(job.measure, job.state);
   qint32 done = 0;
   for (const qint32 id : sceneIDs) {
-    job.progress.step(u"Laying out scene "_s, ++done);
+    job.progress.step(shownText(u"Laying out scene %1"_s), ++done);
     PrintScene(flow, *g_Project->SceneByID(id));
   }
-  return Reports::finished(sceneIDs.size() == 1 ? g_Project->SceneByID(sceneIDs.front())->Title : titleOf(u"Scenes"_s),
-                           flow);
+  return Reports::finished(
+      sceneIDs.size() == 1 ? g_Project->SceneByID(sceneIDs.front())->Title : titleOf(translated(u"Scenes"_s)), flow);
 }

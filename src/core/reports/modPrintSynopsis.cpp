@@ -1,5 +1,6 @@
 #include "core/reports/modPrintSynopsis.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -16,7 +17,7 @@ const QString kParagraphEnd = u"\r\n\r\n"_s;
 const QString kSeparator = u"#"_s;
 
 QString counted(qint32 words) {
-  return u"%1 words"_s.arg(words);
+  return translated(u"%1 words"_s).arg(words);
 }
 
 void printParagraph(PrintFlow& flow, const QString& text) {
@@ -36,13 +37,13 @@ void printTitle(PrintFlow& flow, const clsChapter& chapter) {
 }
 
 QString statusOf(const clsScene& scene) {
-  return scene.Status > 0 ? u", "_s + g_StatusNames.value(scene.Status) : QString();
+  return scene.Status > 0 ? u", "_s + translated(g_StatusNames.value(scene.Status)) : QString();
 }
 
 void printExpandedScene(PrintFlow& flow, clsScene& scene, qint32 number) {
   const double tab = PrintFlow::kTextLeft + 3 * flow.breaker().widthOf(u"x");
   flow.PrintHeading(
-      {{u"Scene "_s, true},
+      {{translated(u"Scene "_s), true},
        {QString::number(number) + u": "_s + counted(scene.Wordcount()) + statusOf(scene) + u", "_s, false},
        {scene.ViewPointChar()->Title(), true}},
       tab);
@@ -57,7 +58,7 @@ void printExpandedScene(PrintFlow& flow, clsScene& scene, qint32 number) {
 
 PrintDocument PrintSynopsis(const ReportJob& job) {
   PrintFlow flow(job.measure, job.state);
-  const QString heading = g_Project->Title + u" synopsis"_s;
+  const QString heading = translated(u"%1 synopsis"_s).arg(g_Project->Title);
   printHeading(flow, heading);
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32) {
     printTitle(flow, chapter);
@@ -75,7 +76,7 @@ PrintDocument PrintSynopsis(const ReportJob& job) {
 
 PrintDocument PrintSummary(const ReportJob& job) {
   PrintFlow flow(job.measure, job.state);
-  const QString heading = g_Project->Title + u" scene descriptions"_s;
+  const QString heading = translated(u"%1 scene descriptions"_s).arg(g_Project->Title);
   printHeading(flow, heading);
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32 chapterNumber) {
     printTitle(flow, chapter);
@@ -97,5 +98,5 @@ PrintDocument PrintExpandedSynopsis(const ReportJob& job) {
     Reports::eachUsedScene(job, chapter,
                            [&](clsScene& scene, qint32 number, bool) { printExpandedScene(flow, scene, number); });
   });
-  return Reports::finished(g_Project->Title + u" synopsis"_s, flow);
+  return Reports::finished(translated(u"%1 synopsis"_s).arg(g_Project->Title), flow);
 }

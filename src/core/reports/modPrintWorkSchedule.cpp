@@ -4,6 +4,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedDateSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -63,9 +64,10 @@ std::vector<Standing> usedScenes(const ReportJob& job) {
 
 QString sceneLine(const Standing& standing) {
   clsScene& scene = *standing.scene;
-  return QString(standing.chapter->Title).replace(u"Chapter"_s, u"Ch"_s, Qt::CaseSensitive) +
-         u".%1: (%2w, "_s.arg(standing.number).arg(scene.Wordcount()) + scene.ViewPointChar()->Title() + u") "_s +
-         scene.Title;
+  const QString chapter = QString(standing.chapter->Title).replace(u"Chapter"_s, u"Ch"_s, Qt::CaseSensitive);
+  return translated(u"%1.%2: (%3w, %4) %5"_s)
+      .arg(chapter, QString::number(standing.number), QString::number(scene.Wordcount()),
+           scene.ViewPointChar()->Title(), scene.Title);
 }
 
 class WorkSchedule {
@@ -85,7 +87,7 @@ class WorkSchedule {
     for (int level = first; level <= last; ++level) {
       printLevel(level);
     }
-    return Reports::finished(Reports::titleOf(u"Work schedule"_s), flow_);
+    return Reports::finished(Reports::titleOf(translated(u"Work schedule"_s)), flow_);
   }
 
  private:
@@ -123,19 +125,22 @@ class WorkSchedule {
 
   void printHead() {
     const QString date = Dates().ShortFormatDate(Clock::dateOf(start_));
-    const QString begin = startsTomorrow_ ? u" (Starting date set to "_s + date + u" because it's after 10pm)"_s
-                                          : u" (Starting date "_s + date + u')';
-    flow_.PrintRuns({{u"Project work schedule. "_s + begin, true}});
+    const QString begin =
+        startsTomorrow_ ? translated(u"Project work schedule.  (Starting date set to %1 because it's after 10pm)"_s)
+                        : translated(u"Project work schedule.  (Starting date %1)"_s);
+    flow_.PrintRuns({{begin.arg(date), true}});
     flow_.spacing();
     const qint32 completion = g_Project->DeadlineDate(kLastLevel);
-    flow_.PrintText(u"Days left until project completion date: "_s +
-                    (completion == 0 ? u"no date set"_s : u"%1"_s.arg(completion - start_)));
+    flow_.PrintText(completion == 0
+                        ? translated(u"Days left until project completion date: no date set"_s)
+                        : translated(u"Days left until project completion date: %1"_s).arg(completion - start_));
     flow_.spacing();
     QString standing;
     for (int status = 1; status <= kLastLevel; ++status) {
-      standing += u"  "_s + g_StatusNames.value(status) + u" (%1) "_s.arg(count_[static_cast<size_t>(status)]);
+      standing +=
+          u"  "_s + translated(g_StatusNames.value(status)) + u" (%1) "_s.arg(count_[static_cast<size_t>(status)]);
     }
-    flow_.PrintRuns({{u"Needed at each status level: "_s, true}, {standing, false}});
+    flow_.PrintRuns({{translated(u"Needed at each status level: "_s), true}, {standing, false}});
     flow_.spacing();
   }
 
@@ -146,14 +151,15 @@ class WorkSchedule {
     Batch batch;
     if (left > 0) {
       flow_.blankLine();
-      flow_.PrintBold(u"You need to turn the following scenes into "_s + g_StatusNames.value(level));
+      flow_.PrintBold(
+          translated(u"You need to turn the following scenes into %1"_s).arg(translated(g_StatusNames.value(level))));
       endLine();
     }
     for (const Standing& standing : scenes_) {
       if (standing.scene->Status != level - 1) {
         continue;
       }
-      progress_.step(u"Laying out scene "_s, ++laidOut_);
+      progress_.step(shownText(u"Laying out scene %1"_s), ++laidOut_);
       flow_.PrintText(sceneLine(standing));
       endLine();
       batch.words += standing.scene->Wordcount();
@@ -180,10 +186,10 @@ class WorkSchedule {
 
   void printDay(int level, qint32 day, qint64 words) {
     const QDate date = Clock::dateOf(qMax(g_Project->DeadlineStartDate(level), start_) + day);
-    flow_.PrintRuns(
-        {{u"--- Complete by "_s + formatByPattern(date, u"DDD"_s, QLocale()), true},
-         {u' ' + Dates().ShortFormatDate(date) + QString(30, u'-') + u"(%1 words)"_s.arg(words) + QString(10, u'-'),
-          false}});
+    flow_.PrintRuns({{translated(u"--- Complete by %1"_s).arg(formatByPattern(date, u"DDD"_s, QLocale())), true},
+                     {u' ' + Dates().ShortFormatDate(date) + QString(30, u'-') +
+                          translated(u"(%1 words)"_s).arg(words) + QString(10, u'-'),
+                      false}});
     endLine();
   }
 

@@ -5,6 +5,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/spell/NumberWords.h"
 #include "core/spell/WordListArchive.h"
@@ -161,9 +162,9 @@ QString cSharedSpell::AddWordToCustomDict(const QString& word) {
 }
 
 void cSharedSpell::ShowInstructions() const {
-  toolkit().MsgBox(u"To enable spell checking, follow these instructions:\n1) Download the latest 12dicts from "_s +
-                   WordListArchive::page() + u"\n2) Extract to "_s + Paths::programFolder() + u"Dict"_s +
-                   u"\n3) Restart this program"_s);
+  toolkit().MsgBox(translated(u"To enable spell checking, follow these instructions:\n"
+                              "1) Download the latest 12dicts from %1\n2) Extract to %2\n3) Restart this program"_s)
+                       .arg(WordListArchive::page(), Paths::programFolder() + u"Dict"_s));
 }
 
 cSharedSpell& Spell() {

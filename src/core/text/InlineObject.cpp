@@ -1,5 +1,6 @@
 #include "core/text/InlineObject.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/text/RichText.h"
 
 using namespace Qt::StringLiterals;
@@ -54,29 +55,30 @@ QString describe(const InlineObject& object) {
   const QString text = object.content ? object.content->plainText().trimmed() : QString();
   switch (object.kind) {
     case Kind::Picture:
-      return u"Picture"_s;
+      return translated(u"Picture"_s);
     case Kind::Embedded:
-      return withText(u"Object of another program"_s, text);
+      return withText(translated(u"Object of another program"_s), text);
     case Kind::Footnote:
-      return withText(u"Footnote"_s, text);
+      return withText(translated(u"Footnote"_s), text);
     case Kind::Endnote:
-      return withText(u"Endnote"_s, text);
+      return withText(translated(u"Endnote"_s), text);
     case Kind::Comment: {
       const QString author = authorOf(object);
-      return withText(author.isEmpty() ? u"Comment"_s : u"Comment by "_s + author, text);
+      return withText(author.isEmpty() ? translated(u"Comment"_s) : translated(u"Comment by %1"_s).arg(author), text);
     }
     case Kind::BookmarkStart:
-      return withText(u"Start of bookmark"_s, object.label);
+      return withText(translated(u"Start of bookmark"_s), object.label);
     case Kind::BookmarkEnd:
-      return withText(u"End of bookmark"_s, object.label);
+      return withText(translated(u"End of bookmark"_s), object.label);
     case Kind::CommentStart:
-      return u"Start of the words commented on"_s;
+      return translated(u"Start of the words commented on"_s);
     case Kind::CommentEnd:
-      return u"End of the words commented on"_s;
+      return translated(u"End of the words commented on"_s);
     case Kind::Field:
-      return withText(u"Field"_s, object.label);
+      return withText(translated(u"Field"_s), object.label);
     case Kind::Entry:
-      return withText(object.label == u"xe" ? u"Index entry"_s : u"Entry of the contents"_s, text);
+      return withText(object.label == u"xe" ? translated(u"Index entry"_s) : translated(u"Entry of the contents"_s),
+                      text);
   }
   return {};
 }

@@ -1,4 +1,5 @@
 #include "core/infra/CodePage.h"
+#include "core/infra/cSharedLang.h"
 #include "core/text/Rtf.h"
 #include "core/text/RtfReader.h"
 #include "core/text/TextUnits.h"
@@ -103,20 +104,20 @@ bool isRtf(QByteArrayView bytes) {
 
 QStringList namesOf(RtfLosses losses) {
   static constexpr std::pair<RtfLoss, const char16_t*> kNames[] = {
-      {RtfLoss::Damaged, u"words behind a damaged place"},
-      {RtfLoss::TableLayout, u"table layout"},
-      {RtfLoss::HeadersFooters, u"headers and footers"},
-      {RtfLoss::Deletions, u"tracked deletions"},
-      {RtfLoss::TextBoxes, u"text boxes"},
-      {RtfLoss::Styles, u"styles"},
-      {RtfLoss::NestedFields, u"fields inside fields"},
-      {RtfLoss::FieldData, u"data of fields"},
-      {RtfLoss::ParagraphBorders, u"borders of paragraphs"},
-      {RtfLoss::Sections, u"sections"}};
+      {RtfLoss::Damaged, shownText(u"words behind a damaged place")},
+      {RtfLoss::TableLayout, shownText(u"table layout")},
+      {RtfLoss::HeadersFooters, shownText(u"headers and footers")},
+      {RtfLoss::Deletions, shownText(u"tracked deletions")},
+      {RtfLoss::TextBoxes, shownText(u"text boxes")},
+      {RtfLoss::Styles, shownText(u"styles")},
+      {RtfLoss::NestedFields, shownText(u"fields inside fields")},
+      {RtfLoss::FieldData, shownText(u"data of fields")},
+      {RtfLoss::ParagraphBorders, shownText(u"borders of paragraphs")},
+      {RtfLoss::Sections, shownText(u"sections")}};
   QStringList names;
   for (const auto& [loss, name] : kNames) {
     if (losses.testFlag(loss)) {
-      names.append(QString::fromUtf16(name));
+      names.append(translated(QString::fromUtf16(name)));
     }
   }
   return names;

@@ -4,7 +4,9 @@
 #include "core/infra/CodePage.h"
 #include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSHAREDShowError.h"
+#include "core/infra/cSharedLang.h"
 #include "core/text/HelperRoutines.h"
 #include "core/text/Tags.h"
 #include "core/text/TextBasics.h"
@@ -200,8 +202,9 @@ void cSharedHTML::tellRequired(const char* library) const {
   if (std::exchange(told_, true)) {
     return;
   }
-  ShowError().ShowErr(u"The library "_s + QString::fromLatin1(library) +
-                      u" is required, and it is missing or can't be used. Please reinstall the program."_s);
+  ShowError().ShowErr(toldText(
+      shownText(u"The library %1 is required, and it is missing or can't be used. Please reinstall the program."_s),
+      {QString::fromLatin1(library)}));
 }
 
 // The aim is to load the library and to find out early that it can't be used.

@@ -1,5 +1,6 @@
 #include "gui/editor/CharactersTab.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -16,8 +17,8 @@ using namespace Qt::StringLiterals;
 
 CharactersTab::CharactersTab(QWidget* parent)
     : EditorTab(u"Characters"_s, u"Add or remove characters from this scene"_s, parent),
-      ListChar{makeList(0, u"In this scene"_s, u"Nobody is in this scene"_s),
-               makeList(1, u"All characters"_s, u"The book has no characters yet"_s)} {
+      ListChar{makeList(0, u"In this scene"_s, shownText(u"Nobody is in this scene"_s)),
+               makeList(1, u"All characters"_s, shownText(u"The book has no characters yet"_s))} {
   auto* row = new QHBoxLayout(this);
   row->addWidget(ListChar[0]);
   row->addWidget(ListChar[1]);
@@ -28,8 +29,9 @@ CharactersTab::CharactersTab(QWidget* parent)
 // What is dropped on the list of the scene comes in, what is dropped on the other goes out; so do the keys of the list
 // on the other side.
 void CharactersTab::join(ListView& list, bool inScene) {
-  const QString how = inScene ? u"Drag characters here to add them to the scene. Delete takes the selected ones out."_s
-                              : u"Drag characters to the scene's list, or press Insert, to add them to the scene."_s;
+  const QString how =
+      inScene ? shownText(u"Drag characters here to add them to the scene. Delete takes the selected ones out."_s)
+              : shownText(u"Drag characters to the scene's list, or press Insert, to add them to the scene."_s);
   list.setToolTip(how);
   list.setAccessibleDescription(how);
   list.setDrags({[this] {

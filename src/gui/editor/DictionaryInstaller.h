@@ -17,10 +17,14 @@ class DictionaryInstaller {
   /// Gives up and says nothing more.
   void Cancel();
   static bool isRunning();
+  /// Makes the one that is running give up, whoever began it.
+  static void CancelRunning();
 
  private:
-  /// What the user is told in the end.
+  /// What the user is told in the end; empty when it got no further than the download.
   QString install();
+  /// Until it has come or the user gives up.
+  bool download();
   void tellProgress(qint64 received) const;
 
   cSHAREDInternet internet_;

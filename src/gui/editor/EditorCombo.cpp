@@ -39,6 +39,13 @@ void EditorCombo::selectIndex(int index) {
   setCurrentIndex(wanted < count() ? wanted : -1);
 }
 
+void EditorCombo::renew(const QStringList& entries) {
+  const int chosen = currentIndex();
+  clear();
+  addItems(entries);
+  setCurrentIndex(chosen);
+}
+
 QString EditorCombo::shownText() const {
   QStyleOptionComboBox option;
   initStyleOption(&option);

@@ -21,6 +21,8 @@ class EditorCombo : public QComboBox {
   /// Selects the entry at an index: the first for -1, which is a value that was never set. One that the list doesn't
   /// reach selects none, so that whoever reads it back leaves the value alone.
   void selectIndex(int index);
+  /// The same entries in other words: what is selected stays so.
+  void renew(const QStringList& entries);
 
  protected:
   bool event(QEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include "core/infra/BusyPointer.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/text/RichText.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -176,14 +177,14 @@ void EditorFind::Find_DoReplaceAll(const QString& text, const QString& with, boo
   }
   const QString replacement = asInText(with);
   if (last_.text.compare(replacement, last_.caseSensitivity) == 0) {
-    Q_EMIT told(u"Nothing replaced: both texts are the same"_s);
+    Q_EMIT told(translated(u"Nothing replaced: both texts are the same"_s));
     return;
   }
   const BusyPointer pointer;
   const qsizetype count = text_.replaceAll(last_.text, replacement, last_.caseSensitivity);
-  Q_EMIT told(count == 0   ? u"No matches, nothing replaced"_s
-              : count == 1 ? u"Replaced 1 occurrence"_s
-                           : u"Replaced %L1 occurrences"_s.arg(count));
+  Q_EMIT told(count == 0   ? translated(u"No matches, nothing replaced"_s)
+              : count == 1 ? translated(u"Replaced 1 occurrence"_s)
+                           : translated(u"Replaced %L1 occurrences"_s).arg(count));
 }
 
 void EditorFind::show(qsizetype start, qsizetype length) {

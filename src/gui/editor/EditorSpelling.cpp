@@ -3,6 +3,7 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/spell/CaretWord.h"
 #include "core/spell/cSharedSpell.h"
@@ -159,9 +160,9 @@ void EditorSpelling::mnuAddWordToCustom_Click() {
   SpellCheckEditor(false);
   if (!cause.isEmpty()) {
     toolkit().MsgBox(
-        u"The word could not be written to your custom dictionary. It is taken as right until the "
-        "program ends, and is written with the next word that you add.\n\n"_s +
-        cause);
+        translated(u"The word could not be written to your custom dictionary. It is taken as right until the program "
+                   "ends, and is written with the next word that you add."_s) +
+        u"\n\n"_s + translated(cause));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "gui/editor/EditorTabStrip.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/editor/CharactersTab.h"
 #include "gui/editor/DescriptionTab.h"
 #include "gui/editor/GoalsTab.h"
@@ -82,8 +83,9 @@ void EditorTabStrip::TabIcons() {
   for (const EditorTab* const tab : tabs_) {
     const int index = indexOf(tab);
     const char* const sign = tab->sign();
+    const QString caption = translated(tab->caption());
     setTabIcon(index, sign == nullptr ? QIcon() : icon(sign));
-    tabBar()->setAccessibleTabName(index, sign == nullptr ? tab->caption() : tab->caption() + u", filled in"_s);
+    tabBar()->setAccessibleTabName(index, sign == nullptr ? caption : translated(u"%1, filled in"_s).arg(caption));
   }
 }
 

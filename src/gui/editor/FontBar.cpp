@@ -1,6 +1,7 @@
 #include "gui/editor/FontBar.h"
 
 #include "core/infra/Numbers.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/editor/FormatCombo.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -143,8 +144,9 @@ void FontBar::fillLists() {
 void FontBar::markReplaced() {
   const QString name = cmbFont->currentText();
   const bool isMissing = cmbFont->count() > 0 && !name.isEmpty() && cmbFont->findText(name, Qt::MatchFixedString) < 0;
-  const QString told =
-      isMissing ? u"%1 isn't installed. %2 is shown in its place."_s.arg(name, standInFor(name)) : QString();
+  const QString told = isMissing
+                           ? translated(u"%1 isn't installed. %2 is shown in its place."_s).arg(name, standInFor(name))
+                           : QString();
   replaced_->setVisible(isMissing);
   replaced_->setToolTip(plainToolTip(told));
   cmbFont->setToolTip(isMissing ? plainToolTip(told) : u"Font"_s);

@@ -1,5 +1,6 @@
 #include "gui/editor/GoalsTab.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/EditorCombo.h"
 #include "gui/editor/KeysPressed.h"
@@ -15,11 +16,12 @@
 using namespace Qt::StringLiterals;
 
 GoalsTab::GoalsTab(QWidget* parent)
-    : EditorTab(u"Goals"_s, u"Edit Goal/Conflict/Outcome or Reaction/Dilemma/Choice"_s, parent),
+    : EditorTab(u"Goals"_s, shownText(u"Edit Goal/Conflict/Outcome or Reaction/Dilemma/Choice"_s), parent),
       cmbAction(new EditorCombo(u"cmbAction"_s, u"Type of scene"_s, this)),
       goals_{makeGoal(u"lblGoal(0)"_s, u"txtGoal"_s), makeGoal(u"lblConflict(0)"_s, u"txtConflict"_s),
              makeGoal(u"lblOutcome(0)"_s, u"txtOutcome"_s)} {
-  cmbAction->addItems({u"Action"_s, u"Reaction"_s});
+  fillAction();
+  cmbAction->setCurrentIndex(0);
   cmbAction->setMinimumContentsLength(10);
   auto* grid = new QGridLayout(this);
   auto* kind = new QHBoxLayout;
@@ -50,10 +52,21 @@ GoalsTab::Goal GoalsTab::makeGoal(const QString& labelName, const QString& textN
   return {label, text};
 }
 
+void GoalsTab::fillAction() {
+  cmbAction->renew({translated(u"Action"_s), translated(u"Reaction"_s)});
+}
+
+// In the language that is in force now.
+void GoalsTab::refresh(clsScene&) {
+  fillAction();
+  SetGoalsLabels();
+}
+
 void GoalsTab::SetGoalsLabels() {
-  const std::array<QString, 3> names = cmbAction->currentIndex() == 0
-                                           ? std::array{u"Goal"_s, u"Conflict"_s, u"Outcome"_s}
-                                           : std::array{u"Reaction"_s, u"Dilemma"_s, u"Choice"_s};
+  const std::array<QString, 3> names =
+      cmbAction->currentIndex() == 0
+          ? std::array{translated(u"Goal"_s), translated(u"Conflict"_s), translated(u"Outcome"_s)}
+          : std::array{translated(u"Reaction"_s), translated(u"Dilemma"_s), translated(u"Choice"_s)};
   for (size_t i = 0; i < goals_.size(); ++i) {
     goals_[i].label->setText(names[i]);
     goals_[i].text->setAccessibleName(names[i]);

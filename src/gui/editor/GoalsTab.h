@@ -17,6 +17,7 @@ class GoalsTab : public EditorTab {
 
   void DataToForm(clsScene& scene) override;
   void FormToData(clsScene& scene) const override;
+  void refresh(clsScene& scene) override;
   void describe(SceneOverview& shown) const override;
   const char* sign() const override;
 
@@ -27,6 +28,7 @@ class GoalsTab : public EditorTab {
   };
 
   Goal makeGoal(const QString& labelName, const QString& textName);
+  void fillAction();
   void SetGoalsLabels();
 
   EditorCombo* cmbAction;

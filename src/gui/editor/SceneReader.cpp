@@ -3,6 +3,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QString>
 
@@ -15,9 +16,10 @@ void viewInReader(const QByteArray& rtf) {
       continue;
     }
     if (!toolkit().openDocument(folder + name)) {
-      toolkit().MsgBox(u"No program could be started that opens this file:\n"_s + folder + name);
+      toolkit().MsgBox(translated(u"No program could be started that opens this file:\n%1"_s).arg(folder + name));
     }
     return;
   }
-  toolkit().MsgBox(u"The text could not be written to a file for the reader:\n"_s + Paths::temporaryFolder() + name);
+  toolkit().MsgBox(translated(u"The text could not be written to a file for the reader:\n%1"_s)
+                       .arg(Paths::temporaryFolder() + name));
 }

@@ -1,6 +1,7 @@
 #include "gui/editor/StatusTab.h"
 
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -9,6 +10,8 @@
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/ElidedLabel.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/WindowTexts.h"
+#include "gui/views/SceneCells.h"
 
 #include <QGridLayout>
 #include <QPushButton>
@@ -23,8 +26,8 @@ constexpr int kHighestRating = 10;
 /// What is seen of a long name.
 constexpr int kNameLetters = 30;
 
-const QString& fieldTitle(size_t index) {
-  return g_Project->FieldTitle(static_cast<int>(index) + 1);
+QString fieldTitle(size_t index) {
+  return shownRating(g_Project->FieldTitle(static_cast<int>(index) + 1));
 }
 
 }  // namespace
@@ -33,7 +36,6 @@ StatusTab::StatusTab(QWidget* parent)
     : EditorTab(u"Status"_s, u"Shows the type of scene and the ratings"_s, parent),
       cmbPlot(new EditorCombo(u"cmbPlot"_s, u"Plot"_s, this)),
       cmbStatus(new EditorCombo(u"cmbStatus"_s, u"Status"_s, this)) {
-  cmbPlot->addItems({u"Main plot"_s, u"Subplot"_s});
   for (EditorCombo* const box : {cmbPlot, cmbStatus}) {
     box->setMinimumContentsLength(12);
   }
@@ -54,6 +56,7 @@ StatusTab::StatusTab(QWidget* parent)
   connect(cmdHelp, &QPushButton::clicked, this, guarded("cmdHelp_Click", "frmEditor", this, &StatusTab::cmdHelp_Click));
   connectSignals();
   showNames();
+  cmbPlot->setCurrentIndex(0);
 }
 
 void StatusTab::addRating(QGridLayout& grid, size_t index) {
@@ -62,6 +65,8 @@ void StatusTab::addRating(QGridLayout& grid, size_t index) {
   name->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
   auto* const value = new EditorCombo(u"cmbFieldValue(%1)"_s.arg(index), {}, this);
   value->setMinimumContentsLength(3);
+  keepWords(*name);
+  keepWords(*value);
   for (int rating = 1; rating <= kHighestRating; ++rating) {
     value->addItem(QString::number(rating));
   }
@@ -82,13 +87,12 @@ void StatusTab::connectSignals() {
 }
 
 void StatusTab::showNames() {
-  const int chosen = cmbStatus->currentIndex();
-  cmbStatus->clear();
-  cmbStatus->addItems(g_StatusNames.mid(1));
-  cmbStatus->setCurrentIndex(chosen);
+  cmbPlot->renew({translated(u"Main plot"_s), translated(u"Subplot"_s)});
+  cmbStatus->renew(SceneCells::statuses());
   for (size_t i = 0; i < kRatings; ++i) {
     lblFieldTitle[i]->setText(fieldTitle(i) + u':');
-    cmbFieldValue[i]->setAccessibleName(fieldTitle(i).isEmpty() ? u"Rating %1"_s.arg(i + 1) : fieldTitle(i));
+    cmbFieldValue[i]->setAccessibleName(fieldTitle(i).isEmpty() ? translated(u"Rating %1"_s).arg(i + 1)
+                                                                : fieldTitle(i));
   }
   int width = 0;
   for (const ElidedLabel* const name : lblFieldTitle) {

@@ -1,5 +1,6 @@
 #include "gui/editor/TextMarkLayer.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/RichTextBox.h"
 
@@ -168,8 +169,8 @@ std::optional<TextMark::Kind> TextMarkLayer::kindAt(qsizetype position) const {
 void TextMarkLayer::tellOfCaret() {
   const auto mark = shownAt(pane_.textCursor().position());
   if (mark && pane_.accessibleDescription().isEmpty()) {
-    pane_.setAccessibleDescription(mark->kind == TextMark::Kind::Name ? u"Name of a character"_s
-                                                                      : u"Not in the dictionary"_s);
+    pane_.setAccessibleDescription(mark->kind == TextMark::Kind::Name ? shownText(u"Name of a character"_s)
+                                                                      : shownText(u"Not in the dictionary"_s));
   }
 }
 

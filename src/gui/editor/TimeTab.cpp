@@ -1,6 +1,7 @@
 #include "gui/editor/TimeTab.h"
 
 #include "core/infra/Numbers.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/EditorCombo.h"
 #include "gui/toolkit/Controls.h"
@@ -59,17 +60,32 @@ TimeTab::Span TimeTab::makeSpan(const SpanNames& names) {
   auto* const frame = new QGroupBox(names.caption, this);
   frame->setObjectName(names.frame);
   new QFormLayout(frame);
-  auto* const days = makeLineEdit(names.days, names.caption + u", days"_s);
+  auto* const days = makeLineEdit(names.days, {});
   days->setValidator(new QIntValidator(0, kMostDays, days));
-  auto* const hours = new EditorCombo(names.hours, names.caption + u", hours"_s);
+  auto* const hours = new EditorCombo(names.hours, {});
   for (int hour = 0; hour < kHours; ++hour) {
     hours->addItem(QString::number(hour));
   }
-  auto* const minutes = new EditorCombo(names.minutes, names.caption + u", minutes"_s);
+  auto* const minutes = new EditorCombo(names.minutes, {});
   for (int minute = 0; minute < kMinutes; ++minute) {
     minutes->addItem(QString::number(minute).rightJustified(2, u'0'));
   }
-  return {frame, days, hours, minutes};
+  const Span span{frame, days, hours, minutes, names.caption};
+  speakOf(span);
+  return span;
+}
+
+void TimeTab::speakOf(const Span& span) {
+  const QString of = translated(span.caption) + u", "_s;
+  span.days->setAccessibleName(of + translated(u"days"_s));
+  span.hours->setAccessibleName(of + translated(u"hours"_s));
+  span.minutes->setAccessibleName(of + translated(u"minutes"_s));
+}
+
+// In the language that is in force now.
+void TimeTab::refresh(clsScene&) {
+  speakOf(starts_);
+  speakOf(lasts_);
 }
 
 void TimeTab::show(const Span& span, qint16 days, qint16 hours, qint16 minutes) {

@@ -16,6 +16,7 @@ class TimeTab : public EditorTab {
 
   void DataToForm(clsScene& scene) override;
   void FormToData(clsScene& scene) const override;
+  void refresh(clsScene& scene) override;
 
  private:
   /// Days, hours and minutes in a frame of their own.
@@ -24,12 +25,14 @@ class TimeTab : public EditorTab {
     QLineEdit* days = nullptr;
     EditorCombo* hours = nullptr;
     EditorCombo* minutes = nullptr;
+    QString caption;
   };
   struct SpanNames {
     QString frame, caption, days, hours, minutes;
   };
 
   Span makeSpan(const SpanNames& names);
+  static void speakOf(const Span& span);
   static void show(const Span& span, qint16 days, qint16 hours, qint16 minutes);
   static void read(const Span& span, qint16& days, qint16& hours, qint16& minutes);
 

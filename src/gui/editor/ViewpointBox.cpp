@@ -1,5 +1,6 @@
 #include "gui/editor/ViewpointBox.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/clsScene.h"
 #include "gui/editor/Cast.h"
@@ -18,7 +19,6 @@ ViewpointBox::ViewpointBox(QWidget* parent)
       cmbViewpoint(new EditorCombo(u"cmbViewpoint"_s, u"Viewpoint"_s, this)),
       cmdAddChar(makeButton(u"cmdAddChar"_s, u"Cast..."_s, this)),
       cmdEditChar(makeButton(u"cmdEditChar"_s, u"Ed&it..."_s, this)) {
-  cmbViewpoint->setPlaceholderText(u"(nobody)"_s);
   cmdAddChar->setAccessibleName(u"Add or edit characters"_s);
   cmdEditChar->setAccessibleName(u"Edit the viewpoint character"_s);
   cmdAddChar->setToolTip(cmdAddChar->accessibleName());
@@ -26,8 +26,7 @@ ViewpointBox::ViewpointBox(QWidget* parent)
   cmbViewpoint->setMinimumContentsLength(13);
   auto* buttons = new QHBoxLayout;
   for (QPushButton* const button : {cmdAddChar, cmdEditChar}) {
-    button->setMinimumWidth(1);
-    buttons->addWidget(button, 1);
+    buttons->addWidget(button);
   }
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -68,6 +67,7 @@ void ViewpointBox::DataToForm(const clsScene& scene) {
 void ViewpointBox::refresh(const clsScene& scene) {
   const qint32 before = viewpointID();
   fill(scene);
+  cmbViewpoint->setPlaceholderText(translated(u"(nobody)"_s));
   chosen_ = chosen_ && cmbViewpoint->findData(before) >= 0;
   cmbViewpoint->selectID(chosen_ ? before : scene.ViewPointID());
   Q_EMIT viewpointShown(viewpointID());

@@ -18,12 +18,12 @@ namespace {
 QString describe(const clsCharacter& character) {
   QString text = character.DescText;
   if (!character.Goals.isEmpty()) {
-    text += u"\r\n\r\nGOALS: "_s + character.Goals;
+    text += u"\r\n\r\n"_s + translated(u"GOALS: %1"_s).arg(character.Goals);
   }
   if (!character.Bio.isEmpty()) {
-    text += u"\r\n\r\nBIO: "_s + character.Bio;
+    text += u"\r\n\r\n"_s + translated(u"BIO: %1"_s).arg(character.Bio);
   }
-  return text.isEmpty() ? u"No description"_s : text;
+  return text.isEmpty() ? translated(u"No description"_s) : text;
 }
 
 }  // namespace
@@ -69,7 +69,8 @@ void ViewpointTab::DisplayCharacter(qint32 id) {
   lblFullName->setText(translated(u"Full name: %1"_s).arg(shown->FullName));
   lblAltNames->setText(translated(u"AKA: %1"_s).arg(shown->AlternateNames));
   txtCharDesc->setPlainText(::describe(*shown));
-  txtCharNotes->setPlainText(shown->Notes.isEmpty() ? u"No notes."_s : u"Notes: "_s + shown->Notes);
+  txtCharNotes->setPlainText(shown->Notes.isEmpty() ? translated(u"No notes."_s)
+                                                    : translated(u"Notes: %1"_s).arg(shown->Notes));
 }
 
 bool ViewpointTab::eventFilter(QObject* watched, QEvent* event) {

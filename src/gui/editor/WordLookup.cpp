@@ -2,6 +2,7 @@
 
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QUrl>
 
@@ -36,7 +37,7 @@ void WordLookup(QString url, const QString& selected) {
   }
   url.replace(kWord, QString::fromLatin1(QUrl::toPercentEncoding(word)));
   if (!toolkit().openDocument(url)) {
-    toolkit().MsgBox(u"%1 could not be opened."_s.arg(url));
+    toolkit().MsgBox(translated(u"%1 could not be opened."_s).arg(url));
   }
 }
 

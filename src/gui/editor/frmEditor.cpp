@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/SceneTitle.h"
 #include "gui/editor/CharacterMarks.h"
 #include "gui/editor/EditorFind.h"
@@ -185,9 +186,10 @@ void frmEditor::readSettings() {
 void frmEditor::RedrawForm() {
   lower_->setVisible(!ControlsHidden);
   cmdHide->setArrowType(ControlsHidden ? Qt::UpArrow : Qt::DownArrow);
-  const QString what = ControlsHidden ? u"Show the planning data below the text"_s : u"Let the text fill the window"_s;
-  cmdHide->setToolTip(what);
-  cmdHide->setAccessibleName(what);
+  const QString what = ControlsHidden ? shownText(u"Show the planning data below the text"_s)
+                                      : shownText(u"Let the text fill the window"_s);
+  cmdHide->setToolTip(translated(what));
+  cmdHide->setAccessibleName(translated(what));
 }
 
 void frmEditor::cmdHide_Click() {

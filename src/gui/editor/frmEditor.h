@@ -138,6 +138,7 @@ class frmEditor : public QMainWindow, public SceneEditor {
   void mnuPrintScene_Click();
   void mnuTop20_Click();
   void ShowSceneWordCount();
+  void showInLanguage();
   void showChapterWordCount(qint32 wordsHere);
   /// False, and the user has been told, when there is no scene to save to any more.
   bool SaveChanges(bool spellCheck);

@@ -107,9 +107,10 @@ void frmEditor::loadMainText(const clsScene& from) {
 
 void frmEditor::tellLosses() {
   const QString names = namesOf(losses_).join(u", "_s);
-  StatusBar1->setPanel(EditorStatusBar::hint, losses_ ? u"Not kept when saved: "_s + names : QString(),
-                       losses_ ? u"This text holds what can't be kept when you change and save it: %1. The file as it "
-                                 "is now goes into the day's backup folder first."_s.arg(names)
+  StatusBar1->setPanel(EditorStatusBar::hint, losses_ ? translated(u"Not kept when saved: %1"_s).arg(names) : QString(),
+                       losses_ ? translated(u"This text holds what can't be kept when you change and save it: %1. The "
+                                            "file as it is now goes into the day's backup folder first."_s)
+                                     .arg(names)
                                : QString());
 }
 
@@ -152,7 +153,8 @@ bool frmEditor::keepOriginal(clsScene& of, bool mayAsk) {
       return false;
     }
     const Answer answer = toolkit().MsgBox(
-        u"The text as it was could not be copied to the backup folder. Saving it now loses: %1.\n\nSave all the same?"_s
+        translated(u"The text as it was could not be copied to the backup folder. Saving it now loses: %1.\n\nSave all "
+                   "the same?"_s)
             .arg(namesOf(losses_).join(u", "_s)),
         Buttons::NoUnlessYes);
     if (answer != Answer::Yes) {
@@ -181,6 +183,14 @@ void frmEditor::ShowSceneWordCount() {
   TimerWC.start(kWordCountMs);
 }
 
+// What was put together in the former language. What was typed or chosen stays.
+void frmEditor::showInLanguage() {
+  UpdateCombos();
+  TabStrip1->TabIcons();
+  LastCountedText.reset();
+  ShowSceneWordCount();
+}
+
 void frmEditor::showChapterWordCount(qint32 wordsHere) {
   const auto counted = scene();
   if (!counted) {
@@ -196,8 +206,9 @@ void frmEditor::showChapterWordCount(qint32 wordsHere) {
     unused += other->Unused || chapter->Unused ? words : 0;
   }
   // The chapter list leaves them out.
-  StatusBar1->setPanel(EditorStatusBar::chapterWords, translated(u"Chapter: %L1 words"_s).arg(total),
-                       unused > 0 ? u"%L1 in use, %L2 in unused scenes"_s.arg(total - unused).arg(unused) : QString());
+  StatusBar1->setPanel(
+      EditorStatusBar::chapterWords, translated(u"Chapter: %L1 words"_s).arg(total),
+      unused > 0 ? translated(u"%L1 in use, %L2 in unused scenes"_s).arg(total - unused).arg(unused) : QString());
 }
 
 // What stood there of the book is true no more.
@@ -227,7 +238,7 @@ void frmEditor::mnuOpenNote_Click() {
     return;
   }
   const QString there = txtMain->describeAtCaret();
-  showHint(there.isEmpty() ? u"There is no note, link or marked name at the caret"_s : there);
+  showHint(there.isEmpty() ? translated(u"There is no note, link or marked name at the caret"_s) : there);
 }
 
 void frmEditor::showHint(const QString& text) {
@@ -324,17 +335,22 @@ void frmEditor::savePlan() {
 }
 
 void frmEditor::showSaved() {
-  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? u"Not saved yet"_s : whereSaved());
+  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? translated(u"Not saved yet"_s) : whereSaved());
 }
 
 QString frmEditor::whereSaved() const {
   if (g_Project->HasPlace()) {
     const QString time = Clock::now().toString(u"HH:mm:ss"_s);
-    return g_Project->PlanDue() ? u"Text saved, project file not: "_s + time : u"Saved: "_s + time;
+    return (g_Project->PlanDue() ? translated(u"Text saved, project file not: %1"_s) : translated(u"Saved: %1"_s))
+        .arg(time);
   }
-  const QString why = g_Project->ReadOnly() ? u"Read-only"_s : u"No file yet"_s;
-  const RescueFolder rescue(*g_Project);
-  return why + (rescue.holds(*scene()) ? u": kept in the rescue folder"_s : u": kept in memory"_s);
+  const bool isRescued = RescueFolder(*g_Project).holds(*scene());
+  if (g_Project->ReadOnly()) {
+    return translated(isRescued ? shownText(u"Read-only: kept in the rescue folder"_s)
+                                : shownText(u"Read-only: kept in memory"_s));
+  }
+  return translated(isRescued ? shownText(u"No file yet: kept in the rescue folder"_s)
+                              : shownText(u"No file yet: kept in memory"_s));
 }
 
 // Should the scene's own file not take it, there is one more.
@@ -383,9 +399,11 @@ bool frmEditor::saveWhole(bool spellCheck) {
     return false;
   }
   if (Dirty && !scene()->SaveFailure().isEmpty()) {
-    toolkit().MsgBox(u"The text of this scene could not be written to "_s + scene()->RTFFileWithPath() +
-                     u". The window stays open. Please make room or free the file and save again.\n\n"_s +
-                     scene()->SaveFailure());
+    toolkit().MsgBox(
+        translated(u"The text of this scene could not be written to %1. The window stays open. Please make "
+                   "room or free the file and save again."_s)
+            .arg(scene()->RTFFileWithPath()) +
+        u"\n\n"_s + translated(scene()->SaveFailure()));
   }
   return !Dirty;
 }
@@ -395,8 +413,9 @@ bool frmEditor::AskIfSave() {
   if (!Dirty) {
     return true;
   }
-  switch (toolkit().MsgBox(u"File has been changed.  Save it?\n\n"_s + calledScene(TabStrip1->Title()),
-                           Buttons::YesNoOrBack)) {
+  switch (
+      toolkit().MsgBox(translated(u"File has been changed.  Save it?"_s) + u"\n\n"_s + calledScene(TabStrip1->Title()),
+                       Buttons::YesNoOrBack)) {
     case Answer::Yes:
       return saveWhole();
     case Answer::No:

@@ -1,6 +1,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/StoryMoves.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -70,13 +71,14 @@ void frmEditor::UpdateCombos() {
 void frmEditor::changeCast(const QList<qint32>& ids, bool inScene) {
   const auto changed = scene();
   if (!changed || g_Project->IsBusy()) {
-    showHint(changed ? u"The project is being loaded or saved"_s : u"This scene isn't in the open project any more"_s);
+    showHint(translated(changed ? shownText(u"The project is being loaded or saved"_s)
+                                : shownText(u"This scene isn't in the open project any more"_s)));
     return;
   }
   QList<qint32> moving = ids;
   moving.removeIf([&](qint32 id) { return changed->CharIDs().contains(id) == inScene || !isInCast(id); });
   if (moving.isEmpty()) {
-    showHint(inScene ? u"In this scene already"_s : u"Not in this scene"_s);
+    showHint(translated(inScene ? shownText(u"In this scene already"_s) : shownText(u"Not in this scene"_s)));
     return;
   }
   const QPointer<frmEditor> alive(this);
@@ -90,7 +92,8 @@ void frmEditor::changeCast(const QList<qint32>& ids, bool inScene) {
     return;
   }
   if (!saved) {
-    showHint(g_Project->ReadOnly() ? u"Read-only: changed, but not saved"_s : u"Changed, but not saved yet"_s);
+    showHint(translated(g_Project->ReadOnly() ? shownText(u"Read-only: changed, but not saved"_s)
+                                              : shownText(u"Changed, but not saved yet"_s)));
   }
   if (Changed && !saved) {
     Changed();
@@ -116,11 +119,12 @@ void frmEditor::mnuChar_Click(bool highlight) {
 
 void frmEditor::EditChar(qint32 id, qint32 tab) {
   if (!scene()) {
-    showHint(u"This scene isn't in the open project any more"_s);
+    showHint(translated(u"This scene isn't in the open project any more"_s));
     return;
   }
   if (!isInCast(id)) {
-    showHint(id == 0 ? u"No viewpoint character is selected"_s : u"There is no such character"_s);
+    showHint(translated(id == 0 ? shownText(u"No viewpoint character is selected"_s)
+                                : shownText(u"There is no such character"_s)));
     return;
   }
   showSheet(id, tab);

@@ -4,6 +4,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -76,7 +77,7 @@ void frmEditor::keepTyped(clsScene& shown) {
   FormToData(shown);
   before_->take(shown);
   if (!g_Project->HasPlace()) {
-    tellCopy(RescueFolder(*g_Project).keep(shown) ? QString() : u"The rescue folder takes no text."_s);
+    tellCopy(RescueFolder(*g_Project).keep(shown) ? QString() : shownText(u"The rescue folder takes no text."_s));
   }
 }
 
@@ -102,20 +103,20 @@ void frmEditor::AutoBackup(clsScene& shown, const QByteArray& rtf) {
 /// An empty failure is none.
 void frmEditor::tellCopy(const QString& failure) {
   if (failure.isEmpty()) {
-    StatusBar1->setPanel(EditorStatusBar::autosave, u"Autosaved: "_s + timeNow());
+    StatusBar1->setPanel(EditorStatusBar::autosave, translated(u"Autosaved: %1"_s).arg(timeNow()));
     return;
   }
-  StatusBar1->setPanel(EditorStatusBar::autosave, u"Autosave failed: "_s + timeNow(),
-                       u"There is no copy of what was typed last, and it is tried again every minute. Please save the "
-                       "scene.\n\n"_s +
-                           failure);
+  StatusBar1->setPanel(EditorStatusBar::autosave, translated(u"Autosave failed: %1"_s).arg(timeNow()),
+                       translated(u"There is no copy of what was typed last, and it is tried again every minute. "
+                                  "Please save the scene."_s) +
+                           u"\n\n"_s + translated(failure));
 }
 
 void frmEditor::showCopyPlace() {
   const QString folder =
       g_Project->HasPlace() ? g_Project->Path() + u"Autobackup"_s : Paths::programFolder() + u"Rescue"_s;
-  StatusBar1->setToolTip(
-      plainToolTip(u"This file will be backed up to "_s + folder + u" at 1 minute intervals (If changes occur)"_s));
+  StatusBar1->setToolTip(plainToolTip(
+      translated(u"This file will be backed up to %1 at 1 minute intervals (If changes occur)"_s).arg(folder)));
 }
 
 void frmEditor::dropTyped() {

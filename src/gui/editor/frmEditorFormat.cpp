@@ -1,6 +1,7 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/editor/EditorSpelling.h"
 #include "gui/editor/FontBar.h"
 #include "gui/editor/frmEditor.h"
@@ -48,6 +49,8 @@ void frmEditor::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     fontBar_->setFollowsText(Numbers::ToBool(Settings().sGet(u"FontBarFollowsText"_s, true)));
+  } else if (event->type() == QEvent::LanguageChange) {
+    Guard("Form_Localise", kModule)([this] { showInLanguage(); });
   }
 }
 
@@ -70,7 +73,7 @@ void frmEditor::mnuSelectFont_Click() {
 
 void frmEditor::mnuBGColour_Click() {
   const QPointer<frmEditor> alive(this);
-  const auto picked = pickedColour(u"Set background colour"_s, txtMain->palette().color(QPalette::Base));
+  const auto picked = pickedColour(shownText(u"Set background colour"_s), txtMain->palette().color(QPalette::Base));
   if (alive && picked) {
     takeColours({*picked, colours_.EditorFG});
   }
@@ -78,7 +81,7 @@ void frmEditor::mnuBGColour_Click() {
 
 void frmEditor::mnuFGColour_Click() {
   const QPointer<frmEditor> alive(this);
-  const auto picked = pickedColour(u"Set font colour"_s, txtMain->palette().color(QPalette::Text));
+  const auto picked = pickedColour(shownText(u"Set font colour"_s), txtMain->palette().color(QPalette::Text));
   if (alive && picked) {
     takeColours({colours_.EditorBG, *picked});
   }

@@ -1,6 +1,7 @@
 // The menus of the editor's window, a function for each.
 
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -125,7 +126,7 @@ void frmEditor::createSceneMenu() {
   menu->addSeparator();
   int index = 0;
   for (const QString& separator : {u"* * *"_s, u"***"_s, u"#"_s}) {
-    addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index++), u"Split scene on '"_s + separator + u'\'',
+    addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index++), translated(u"Split scene on '%1'"_s).arg(separator),
              [this, separator] { splitScene(separator); });
   }
   addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index), u"Split scene on custom"_s, [this] { splitOnCustom(); });

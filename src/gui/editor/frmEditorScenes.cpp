@@ -1,5 +1,6 @@
 #include "core/infra/BusyPointer.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
@@ -35,9 +36,9 @@ RichText objectsOf(const RichText& text) {
 /// Many more scenes than somebody has in mind are named before they are made.
 QString splitQuestion(const QString& text, const QString& separator) {
   constexpr size_t kMany = 50;
-  const QString question = u"Are you sure you want to split this scene on '"_s + separator + u"' markers?"_s;
+  const QString question = translated(u"Are you sure you want to split this scene on '%1' markers?"_s).arg(separator);
   const size_t scenes = SceneSplit::cut(RichText::fromPlain(text), separator).size();
-  return scenes > kMany ? question + u"\n\nIt becomes %L1 scenes."_s.arg(scenes) : question;
+  return scenes > kMany ? question + u"\n\n"_s + translated(u"It becomes %L1 scenes."_s).arg(scenes) : question;
 }
 
 }  // namespace
@@ -56,7 +57,7 @@ bool frmEditor::hasPlaceInBook() {
     return false;
   }
   if (g_Project->IsBusy()) {
-    showHint(u"The project is being loaded or saved"_s);
+    showHint(translated(u"The project is being loaded or saved"_s));
     return false;
   }
   return true;
@@ -103,7 +104,7 @@ void frmEditor::splitScene(const QString& separator) {
   }
   const auto isThere = [&] {
     if (!txtMain->Text().contains(separator)) {
-      toolkit().MsgBox(u"I can't see any "_s + separator + u" separators in the text. Split cancelled."_s);
+      toolkit().MsgBox(translated(u"I can't see any %1 separators in the text. Split cancelled."_s).arg(separator));
       return false;
     }
     return true;
@@ -131,7 +132,8 @@ void frmEditor::cutAt(const QString& separator) {
   const QPointer<frmEditor> alive(this);
   const QString failure = SceneSplit::addBehind(*source, texts);
   if (!failure.isEmpty()) {
-    toolkit().MsgBox(u"The scene was not split, and nothing has changed.\n\n"_s + failure);
+    toolkit().MsgBox(translated(u"The scene was not split, and nothing has changed."_s) + u"\n\n"_s +
+                     translated(failure));
   }
   if (!alive || !failure.isEmpty()) {
     return;
@@ -154,35 +156,36 @@ void frmEditor::cutAt(const QString& separator) {
     Changed();
   }
   if (isCut) {
-    showHint(u"The scene is split into %1"_s.arg(pieces.size()));
+    showHint(translated(u"The scene is split into %1"_s).arg(pieces.size()));
   } else {
     toolkit().MsgBox(
-        u"The text was changed while it was split, so this scene keeps all of it. What was to be cut off stands in "
-        "%1 behind it, too."_s.arg(countedScenes(static_cast<qsizetype>(texts.size()))));
+        translated(u"The text was changed while it was split, so this scene keeps all of it. What was to be cut off "
+                   "stands in %1 behind it, too."_s)
+            .arg(countedScenes(static_cast<qsizetype>(texts.size()))));
   }
 }
 
 // What is no letter has no place in a title, and stays where it is.
 void frmEditor::cutSelection(void (EditorTabStrip::*into)(const QString&)) {
   if (txtMain->Locked()) {
-    showHint(u"This scene isn't in the open project any more"_s);
+    showHint(translated(u"This scene isn't in the open project any more"_s));
     return;
   }
   if (txtMain->SelLength() == 0) {
-    showHint(u"Select the words first"_s);
+    showHint(translated(u"Select the words first"_s));
     return;
   }
   const RichText objects = objectsOf(txtMain->SelRichText());
   QString words = txtMain->SelText();
   words.remove(u"\r\n"_s).remove(QChar(QChar::ObjectReplacementCharacter));
   if (words.isEmpty()) {
-    showHint(u"There are no words in the selection"_s);
+    showHint(translated(u"There are no words in the selection"_s));
     return;
   }
   (TabStrip1->*into)(words);
   objects.isEmpty() ? txtMain->setSelText({}) : txtMain->setSelRichText(objects);
   markDirty();
   if (!objects.isEmpty()) {
-    showHint(u"What is no text stays in the scene"_s);
+    showHint(translated(u"What is no text stays in the scene"_s));
   }
 }

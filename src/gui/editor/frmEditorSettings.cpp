@@ -1,6 +1,7 @@
 #include "gui/editor/frmEditorSettings.h"
 
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 
@@ -108,8 +109,10 @@ bool frmEditorSettings::minutesAreFit() {
     return true;
   }
   toolkit().MsgBox(
-      u"Please enter the minutes between sequential files as a whole number from 0 to %1. With 0 each change gets a "
-      "file, once a minute."_s.arg(EditorSettings::kMostMinutes));
+      translated(
+          u"Please enter the minutes between sequential files as a whole number from 0 to %1. With 0 each change "
+          "gets a file, once a minute."_s)
+          .arg(EditorSettings::kMostMinutes));
   txtFreq->setFocus();
   txtFreq->selectAll();
   return false;

@@ -1,3 +1,4 @@
+#include "core/infra/cSharedLang.h"
 #include "gui/editor/EditorSpelling.h"
 #include "gui/editor/FieldClipboard.h"
 #include "gui/editor/frmEditor.h"
@@ -44,7 +45,7 @@ void frmEditor::mnuUndo_Click() {
   if (clipboard_->writesInField()) {
     clipboard_->undo();
   } else if (!history_->canUndo() && undoEndsAtSplit_) {
-    showHint(u"The split can't be undone here: its scenes are in the book"_s);
+    showHint(translated(u"The split can't be undone here: its scenes are in the book"_s));
   } else {
     history_->undo();
   }

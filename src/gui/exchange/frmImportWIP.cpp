@@ -8,6 +8,7 @@
 #include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
 #include "core/persist/NewBook.h"
 #include "gui/toolkit/Controls.h"
@@ -36,18 +37,18 @@ constexpr int kWidthInLetters = 95;
 
 enum Step { kManuscript, kProject, kConfirm };
 
-const std::array kDetails{u"Select the file containing your existing work."_s,
-                          u"Now specify your Quillane project file."_s, u"Confirm details"_s};
+const std::array kDetails{shownText(u"Select the file containing your existing work."_s),
+                          shownText(u"Now specify your Quillane project file."_s), shownText(u"Confirm details"_s)};
 
-const QString kFormats =
+const QString kFormats = shownText(
     u"DOC, PDF and other binary formats are not supported. (Use 'save as...' in your word processor and choose TEXT "
-    "(txt), RTF or HTML format. RTF will preserve fonts and formatting.)"_s;
-const QString kDelimiters =
+    "(txt), RTF or HTML format. RTF will preserve fonts and formatting.)"_s);
+const QString kDelimiters = shownText(
     u"To ensure the import process works properly, your chapter headings should be 'Chapter NN' (where NN is the "
-    "number) and all your scene breaks should be three asterisks, spaced out: * * *"_s;
-const QString kProjectNote =
+    "number) and all your scene breaks should be three asterisks, spaced out: * * *"_s);
+const QString kProjectNote = shownText(
     u"The default is your current project. Whichever project you pick, bear in mind that all existing contents will "
-    "be erased during the import process."_s;
+    "be erased during the import process."_s);
 
 /// What was typed, in full: what doesn't begin at a root stands in the documents folder.
 QString fullName(const QString& typed) {
@@ -64,9 +65,12 @@ QString extensionOf(const QString& path) {
   return name.contains(u'.') ? Files().ExtOnly(name).trimmed().toLower() : QString();
 }
 
-/// "1 scene", "7 scenes".
-QString counted(qint32 count, const QString& thing) {
-  return QLocale().toString(count) + u' ' + thing + (count == 1 ? QString() : u"s"_s);
+QString countedWords(qint32 count) {
+  return count == 1 ? translated(u"1 word"_s) : translated(u"%1 words"_s).arg(QLocale().toString(count));
+}
+
+QString countedChapters(qsizetype count) {
+  return count == 1 ? translated(u"1 chapter"_s) : translated(u"%1 chapters"_s).arg(QLocale().toString(count));
 }
 
 QLabel* makeNote(const QString& name, const QString& text = {}) {
@@ -87,7 +91,7 @@ QHBoxLayout* makeFileRow(const QString& caption, QLineEdit& field, QPushButton& 
 QPushButton* makePick(const QString& name, const QString& what) {
   QPushButton* const button = makeButton(name, u"B&rowse..."_s);
   button->setAutoDefault(false);
-  button->setAccessibleName(u"Browse for the "_s + what);
+  button->setAccessibleName(what);
   return button;
 }
 
@@ -119,9 +123,9 @@ void frmImportWIP::createControls() {
   lblStepNum->setFont(font);
   lblStepDetails = makeNote(u"lblStepDetails"_s);
   txtWipFile = makeLineEdit(u"txtWipFile"_s, u"Import file"_s);
-  cmdPickWIP = makePick(u"cmdPickWIP"_s, u"import file"_s);
+  cmdPickWIP = makePick(u"cmdPickWIP"_s, u"Browse for the import file"_s);
   txtProjFile = makeLineEdit(u"txtProjFile"_s, u"Project file"_s);
-  cmdPickProj = makePick(u"cmdPickProj"_s, u"project file"_s);
+  cmdPickProj = makePick(u"cmdPickProj"_s, u"Browse for the project file"_s);
   lblImportFile = makeElidedLabel(u"lblImportFile"_s, this);
   lblProjFile = makeElidedLabel(u"lblProjFile"_s, this);
   lblFound = makeNote(u"lblFound"_s);
@@ -213,10 +217,10 @@ void frmImportWIP::showStep(int step) {
   lblStepNum->setText(translated(u"Step %1"_s).arg(step + 1));
   lblStepDetails->setText(kDetails[static_cast<size_t>(step)]);
   steps_->setCurrentIndex(step);
-  cmdBack->setText(step == kManuscript ? u"E&xit"_s : u"<<   &Back"_s);
-  cmdBack->setAccessibleName(step == kManuscript ? u"Exit"_s : u"Back"_s);
-  cmdNext->setText(step == kConfirm ? u"&Finish"_s : u"&Next   >>"_s);
-  cmdNext->setAccessibleName(step == kConfirm ? u"Finish"_s : u"Next"_s);
+  cmdBack->setText(step == kManuscript ? shownText(u"E&xit"_s) : shownText(u"<<   &Back"_s));
+  cmdBack->setAccessibleName(step == kManuscript ? shownText(u"Exit"_s) : shownText(u"Back"_s));
+  cmdNext->setText(step == kConfirm ? shownText(u"&Finish"_s) : shownText(u"&Next   >>"_s));
+  cmdNext->setAccessibleName(step == kConfirm ? shownText(u"Finish"_s) : shownText(u"Next"_s));
   QLineEdit* const field = fields[static_cast<size_t>(step)];
   if (field != nullptr) {
     field->selectAll();
@@ -226,10 +230,10 @@ void frmImportWIP::showStep(int step) {
   usual->setDefault(true);
   QWidget* const focused = field != nullptr ? static_cast<QWidget*>(field) : usual;
   // A screen reader comes upon the focused control alone.
-  QStringList words{lblStepNum->text(), lblStepDetails->text()};
+  QStringList words{lblStepNum->text(), translated(lblStepDetails->text())};
   for (const QLabel* label : steps_->currentWidget()->findChildren<QLabel*>()) {
     if (label->buddy() == nullptr) {
-      words.append(label->text());
+      words.append(translated(label->text()));
     }
   }
   focused->setAccessibleDescription(words.join(u' '));
@@ -244,27 +248,34 @@ void frmImportWIP::showConfirmation() {
 }
 
 QString frmImportWIP::whatComes() const {
-  const QString inFront = counted(work_.wordsInFront, u"word"_s);
-  if (work_.chapters.empty()) {
-    return u"No chapter heading was found in the file. The project would have no chapters"_s +
-           (work_.wordsInFront == 0 ? u"."_s : u", and the "_s + inFront + u" of the file would not be in it."_s);
+  const QString inFront = countedWords(work_.wordsInFront);
+  if (work_.chapters.empty() && work_.wordsInFront == 0) {
+    return translated(u"No chapter heading was found in the file. The project would have no chapters."_s);
   }
-  QString text = u"Found: "_s + counted(static_cast<qint32>(work_.chapters.size()), u"chapter"_s) + u", "_s +
-                 counted(work_.scenes, u"scene"_s) + u", "_s + counted(work_.words, u"word"_s) + u'.';
+  if (work_.chapters.empty()) {
+    return translated(
+               u"No chapter heading was found in the file. The project would have no chapters, and the %1 of the "
+               "file would not be in it."_s)
+        .arg(inFront);
+  }
+  QString text = translated(u"Found: %1, %2, %3."_s)
+                     .arg(countedChapters(static_cast<qsizetype>(work_.chapters.size())), countedScenes(work_.scenes),
+                          countedWords(work_.words));
   if (work_.wordsInFront > 0) {
-    text += u"\nIn front of the first chapter heading: "_s + inFront + u". They are in no chapter and will be lost."_s;
+    text += u'\n' + translated(u"In front of the first chapter heading: %1. They are in no chapter and will be lost."_s)
+                        .arg(inFront);
   }
   if (losses_ != RtfLosses()) {
-    text += u"\nA scene has no place for some things in the file, so these will be lost: "_s +
-            namesOf(losses_).join(u", "_s) + u'.';
+    text += u'\n' + translated(u"A scene has no place for some things in the file, so these will be lost: %1."_s)
+                        .arg(namesOf(losses_).join(u", "_s));
   }
   return text;
 }
 
 QString frmImportWIP::whatGoes() const {
   return Files().FileExists(ProjectFile())
-             ? u"All that the project holds now will be erased. A complete backup of it is made before."_s
-             : u"The project file isn't there yet: a new project is made."_s;
+             ? shownText(u"All that the project holds now will be erased. A complete backup of it is made before."_s)
+             : shownText(u"The project file isn't there yet: a new project is made."_s);
 }
 
 void frmImportWIP::cmdBack_Click() {
@@ -329,11 +340,11 @@ bool frmImportWIP::importFileIsGood() {
   const QString file = ImportFile();
   QString complaint;
   if (file.isEmpty()) {
-    complaint = u"You must select an import file"_s;
+    complaint = shownText(u"You must select an import file"_s);
   } else if (!Manuscript::kindOf(file)) {
-    complaint = u"Unsupported format. Please choose a txt, rtf or html file."_s;
+    complaint = shownText(u"Unsupported format. Please choose a txt, rtf or html file."_s);
   } else if (!Files().FileExists(file)) {
-    complaint = u"Your import file does not exist."_s;
+    complaint = shownText(u"Your import file does not exist."_s);
   }
   return !refused(complaint, *txtWipFile);
 }
@@ -342,10 +353,10 @@ bool frmImportWIP::projectFileIsGood() {
   const QString file = ProjectFile();
   QString complaint;
   if (file.isEmpty()) {
-    complaint = u"You must select a project file"_s;
+    complaint = shownText(u"You must select a project file"_s);
   } else if (extensionOf(file) != u"qn4" && !Paths::areSame(file, g_Project->FileWithPath)) {
     // What is open is saved as a QN4 file in any case.
-    complaint = u"Unsupported format. Please specify a QN4 file."_s;
+    complaint = shownText(u"Unsupported format. Please specify a QN4 file."_s);
   } else if (!Files().FileExists(file)) {
     complaint = NewBookFolder::whyNot(Files().PathOnly(file));
   }
@@ -358,27 +369,30 @@ bool frmImportWIP::readManuscript() {
   std::optional<WorkImport> read;
   RtfLosses losses;
   const QString cause = Guard("cmdNext_Click", kModule).causeOf([&] {
-    LongWork work(*g_Project, u"Reading "_s + Files().FileOnly(file), Manuscript::takesLong(file),
+    LongWork work(*g_Project, translated(u"Reading %1"_s).arg(Files().FileOnly(file)), Manuscript::takesLong(file),
                   LongWork::Stop::Offered);
     const QByteArray bytes = Manuscript::bytesOf(file);
-    work.setCaption(u"Reading "_s + Files().FileOnly(file));
+    work.setCaption(translated(u"Reading %1"_s).arg(Files().FileOnly(file)));
     if (work.stopWanted()) {
       return;
     }
     const RichText text = Manuscript::read(bytes, *Manuscript::kindOf(file), &losses);
     work.showIfLong();
-    work.setCaption(u"Looking for chapters"_s);
+    work.setCaption(shownText(u"Looking for chapters"_s));
     if (work.stopWanted()) {
       return;
     }
     qint32 scenes = 0;
     read = WorkImport::cut(text, [&] {
       work.showIfLong();
-      work.setCaption(u"Scenes found: "_s, ++scenes);
+      work.setCaption(shownText(u"Scenes found: %1"_s), ++scenes);
       return !work.stopWanted();
     });
   });
-  if (refused(cause.isEmpty() ? cause : u"Your import file can't be read.\n\n"_s + cause, *txtWipFile) || !read) {
+  if (refused(
+          cause.isEmpty() ? cause : translated(u"Your import file can't be read."_s) + u"\n\n"_s + translated(cause),
+          *txtWipFile) ||
+      !read) {
     return false;
   }
   work_ = *std::move(read);

@@ -1,5 +1,6 @@
 #include "gui/planning/StoryCard.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
@@ -61,15 +62,17 @@ void StoryCard::PrintOnCard(clsScene& scene, int row, Place place) {
 }
 
 void StoryCard::say(clsScene& scene, Place place) {
-  const QString words = QLocale().toString(scene.Wordcount()) + u" words"_s;
-  const QString viewpoint =
-      scene.ViewPointID() == 0 ? u"no viewpoint"_s : u"viewpoint "_s + scene.ViewPointChar()->Title();
-  QStringList spoken{title_, u"chapter "_s + g_Project->ChapterByID(scene.BelongsToChID)->Title, viewpoint, words};
+  const QString words = translated(u"%1 words"_s).arg(QLocale().toString(scene.Wordcount()));
+  const QString viewpoint = scene.ViewPointID() == 0
+                                ? translated(u"no viewpoint"_s)
+                                : translated(u"viewpoint %1"_s).arg(scene.ViewPointChar()->Title());
+  const QString chapter = translated(u"chapter %1"_s).arg(g_Project->ChapterByID(scene.BelongsToChID)->Title);
+  QStringList spoken{title_, chapter, viewpoint, words};
   if (scene.Unused) {
-    spoken.append(u"unused"_s);
+    spoken.append(translated(u"unused"_s));
   }
   // A scene that was moved is heard to stand elsewhere.
-  spoken.append(u"scene %1 of %2"_s.arg(place.number).arg(place.of));
+  spoken.append(translated(u"scene %1 of %2"_s).arg(place.number).arg(place.of));
   // Whoever listens is told of what is new alone.
   if (const QString name = spoken.join(u", "_s); name != accessibleName()) {
     setToolTip(words);

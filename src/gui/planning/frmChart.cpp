@@ -1,6 +1,7 @@
 #include "gui/planning/frmChart.h"
 
 #include "core/infra/ScanPause.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/planning/ChartPicture.h"
@@ -8,6 +9,7 @@
 #include "gui/toolkit/ElidedLabel.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/WindowSettings.h"
+#include "gui/toolkit/WindowTexts.h"
 #include "gui/views/SceneCells.h"
 
 #include <QEvent>
@@ -56,6 +58,7 @@ void frmChart::createControls() {
   for (size_t field = 0; field < lblLegend.size(); ++field) {
     lblLegend[field] = makeElidedLabel(u"lblLegend(%1)"_s.arg(field), this);
     lblLegend[field]->setAlignment(Qt::AlignCenter);
+    keepWords(*lblLegend[field]);
   }
   Timer1.setParent(this);
   Timer1.setObjectName(u"Timer1"_s);
@@ -96,15 +99,15 @@ void frmChart::showLegend() {
     QPalette coloured;
     coloured.setColor(QPalette::WindowText, ChartPicture::colourOf(field, palette()));
     lblLegend[field]->setPalette(coloured);
-    lblLegend[field]->setText(ratings_.titles[field]);
+    lblLegend[field]->setText(shownRating(ratings_.titles[field]));
   }
 }
 
 void frmChart::sayWhyEmpty() {
   lblEmpty->setText(
       ratings_.scenes.empty()
-          ? SceneCells::whyNone()
-          : u"No scene of this book is rated yet.\nRatings are given in the editor, on the tab Status."_s);
+          ? translatedLines(SceneCells::whyNone())
+          : translated(u"No scene of this book is rated yet.\nRatings are given in the editor, on the tab Status."_s));
   lblEmpty->adjustSize();
   lblEmpty->move(PicChart->rect().center() - lblEmpty->rect().center());
   lblEmpty->setVisible(!ratings_.any());
@@ -143,5 +146,10 @@ void frmChart::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) {
     showLegend();
+  } else if (event->type() == QEvent::LanguageChange) {
+    Guard("Form_Localise", kModule)([this] {
+      ratings_ = {};
+      refresh();
+    });
   }
 }

@@ -1,6 +1,7 @@
 #include "gui/planning/frmStoryboard.h"
 
 #include "core/infra/Guard.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
@@ -207,6 +208,13 @@ void frmStoryboard::resizeEvent(QResizeEvent* event) {
   }
 }
 
+void frmStoryboard::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) {
+    Guard("Form_Localise", kModule)([this] { refresh(); });
+  }
+}
+
 void frmStoryboard::ResizeScreen() {
   picSB->resize(Twips::toPixels(BoardGrid::boardWidth(frameWidth())), Twips::toPixels(BoardGrid::boardHeight(rows())));
   Guard("DrawScrollbars", kModule)([this] { DrawScrollbars(); });
@@ -338,7 +346,7 @@ StoryCard* frmStoryboard::makeCard() {
 
 void frmStoryboard::sayWhyEmpty() {
   auto* const empty = picFrame->findChild<QLabel*>(u"lblEmpty"_s);
-  empty->setText(SceneCells::whyNone());
+  empty->setText(translatedLines(SceneCells::whyNone()));
   empty->adjustSize();
   empty->move(picFrame->rect().center() - empty->rect().center());
   empty->setVisible(tables_.columns() == 0);

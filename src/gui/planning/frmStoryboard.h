@@ -37,6 +37,7 @@ class frmStoryboard : public QDialog {
   void sceneOpened();
 
  protected:
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;

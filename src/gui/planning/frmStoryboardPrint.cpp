@@ -1,5 +1,6 @@
 // The board on paper: one screenshot after another.
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/planning/BoardGround.h"
@@ -109,8 +110,8 @@ void frmStoryboard::PrintSB() {
   }
   HScroll1->setValue(0);
   const int number = BoardGrid::screenshots(tables_.columns(), BoardGrid::wholeColumns(frameWidth()));
-  if (toolkit().MsgBox(u"This routine will print %1 screenshot(s). Are you sure?"_s.arg(number), Buttons::YesNo) !=
-          Answer::Yes ||
+  if (toolkit().MsgBox(translated(u"This routine will print %1 screenshot(s). Are you sure?"_s).arg(number),
+                       Buttons::YesNo) != Answer::Yes ||
       !board) {
     return;
   }
@@ -118,7 +119,7 @@ void frmStoryboard::PrintSB() {
     return board ? board->screenshots(job) : PrintDocument();
   };
   printReport({.key = u"Storyboard"_s,
-               .prompt = u"Click PRINT to continue."_s,
+               .prompt = shownText(u"Click PRINT to continue."_s),
                .name = printFileName(u"Storyboard"_s),
                .report = report,
                .routine = "PrintSB",
@@ -138,7 +139,7 @@ PrintDocument frmStoryboard::screenshots(const ReportJob& job) {
   HScroll1->setMaximum(std::max(HScroll1->maximum(), (number - 1) * whole));
   for (int shot = 0; shot < number; ++shot) {
     HScroll1->setValue(shot * whole);
-    job.progress.step(u"Taking screenshot "_s, shot + 1);
+    job.progress.step(shownText(u"Taking screenshot %1"_s), shot + 1);
     PrintedPage page;
     page.pictures.push_back(
         {kMargin, kMargin, document.paper.width - 2 * kMargin, document.paper.height - 2 * kMargin, screenshot()});

@@ -4,6 +4,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedGetDate.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/planning/TargetBar.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -23,8 +24,8 @@ namespace {
 constexpr auto kModule = "frmWordTarget";
 const QString kBlock = u"WordTarget"_s;
 const QString kNoFigure = u"N/A"_s;
-const QString kStartDate = u"Start date"_s;
-const QString kEndDate = u"End date"_s;
+const QString kStartDate = shownText(u"Start date"_s);
+const QString kEndDate = shownText(u"End date"_s);
 constexpr int kDigits = 12;
 
 enum Column { kCaption, kValue, kBeside, kRest };
@@ -241,7 +242,7 @@ void frmWordTarget::showDates() {
   for (const auto& [button, caption, date] :
        {std::tuple{lblStartDate, kStartDate, startDate_}, {lblEndDate, kEndDate, endDate_}}) {
     button->setText(Dates().ShortFormatDate(Clock::dateOf(date)));
-    button->setAccessibleName(caption + u", "_s + button->text());
+    button->setAccessibleName(translated(caption) + u", "_s + button->text());
   }
 }
 

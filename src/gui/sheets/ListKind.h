@@ -13,5 +13,10 @@ struct ListKind {
   /// In the chooser.
   QString button;
   QString buttonCaption;
-  QString one;
+  /// About one of this kind.
+  QString choose;
+  QString addTip;
+  QString editTip;
+  QString deleteTip;
+  QString emptyText;
 };

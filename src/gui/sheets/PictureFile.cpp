@@ -1,5 +1,7 @@
 #include "gui/sheets/PictureFile.h"
 
+#include "core/infra/cSharedLang.h"
+
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -15,9 +17,9 @@ constexpr qint64 kMostBytes = qint64{100} * 1024 * 1024;
 /// As many as the reader takes in its own 256 MB.
 constexpr qint64 kMostPixels = qint64{64} * 1024 * 1024;
 
-const QString kNoFile = u"This file isn't there."_s;
-const QString kTooLarge = u"This picture is too large to be shown."_s;
-const QString kNoPicture = u"This file can't be shown as a picture."_s;
+const QString kNoFile = shownText(u"This file isn't there."_s);
+const QString kTooLarge = shownText(u"This picture is too large to be shown."_s);
+const QString kNoPicture = shownText(u"This file can't be shown as a picture."_s);
 
 /// A file that ends when the patience does: a picture can be small and still take minutes.
 class TimedFile : public QFile {

@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/SelectAllOnFocus.h"
 #include "gui/toolkit/WindowSettings.h"
@@ -20,18 +21,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString wordFor(EntityKind kind) {
+QString goneText(EntityKind kind) {
   switch (kind) {
     case EntityKind::Chapter:
-      return u"chapter"_s;
+      return shownText(
+          u"This chapter isn't in the book any more, so it can't be saved. Please copy its text to keep it."_s);
     case EntityKind::Character:
-      return u"character"_s;
+      return shownText(
+          u"This character isn't in the book any more, so it can't be saved. Please copy its text to keep it."_s);
     case EntityKind::Location:
-      return u"location"_s;
+      return shownText(
+          u"This location isn't in the book any more, so it can't be saved. Please copy its text to keep it."_s);
     case EntityKind::Item:
       break;
   }
-  return u"item"_s;
+  return shownText(u"This item isn't in the book any more, so it can't be saved. Please copy its text to keep it."_s);
 }
 
 /// Turns to the tabs that the control stands on.
@@ -100,8 +104,7 @@ bool Sheet::mayAccept() {
     return false;
   }
   if (!subject_.isThere()) {
-    complain(u"This %1 isn't in the book any more, so it can't be saved. Please copy its text to keep it."_s.arg(
-        wordFor(subject_.kind)));
+    complain(goneText(subject_.kind));
     return false;
   }
   return true;

@@ -1,5 +1,6 @@
 #include "gui/sheets/frmEditChapter.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/sheets/SheetControls.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/MemoEdit.h"
@@ -18,7 +19,7 @@ namespace {
 QString summaryOf(const QStringList& descriptions) {
   QStringList scenes;
   for (const QString& description : descriptions) {
-    scenes.append(u"Scene: "_s + QString::number(scenes.size() + 1) + u'\n' + description);
+    scenes.append(translated(u"Scene: %1"_s).arg(scenes.size() + 1) + u'\n' + description);
   }
   return scenes.join(u"\n\n"_s);
 }
@@ -31,7 +32,7 @@ frmEditChapter::frmEditChapter(const SubjectOf<ChapterDetails>& subject, QWidget
   buildDetails(*addFrame(*strip, u"&Details"_s));
   buildSummaries(*addFrame(*strip, u"&Scene Summaries"_s));
   setFields(strip, {90, 26});
-  setNameField(*txtTitle, u"You must specify a title"_s);
+  setNameField(*txtTitle, shownText(u"You must specify a title"_s));
 }
 
 void frmEditChapter::buildDetails(QWidget& page) {

@@ -3,6 +3,7 @@
 #include "core/infra/BusyPointer.h"
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/sheets/PictureBox.h"
@@ -53,7 +54,7 @@ frmEditCharacter::frmEditCharacter(const SubjectOf<CharacterDetails>& subject, Q
   txtNotes = addPageMemo(*addFrame(*strip_, u"&Notes"_s), u"txtNotes"_s, u"Notes:"_s);
   buildImage(*addFrame(*strip_, u"&Image"_s));
   setFields(strip_, {96, 30});
-  setNameField(*txtShortName, u"You must specify a name"_s);
+  setNameField(*txtShortName, shownText(u"You must specify a name"_s));
   connectSignals();
 }
 
@@ -79,9 +80,9 @@ void frmEditCharacter::buildDetails(QWidget& page) {
 }
 
 void frmEditCharacter::buildImage(QWidget& page) {
-  const QString advice =
+  const QString advice = shownText(
       u"I recommend a size no larger than 300-400 pixels wide. Huge images will be slow to load and should be "
-      "resampled first."_s;
+      "resampled first."_s);
   auto* line = new QHBoxLayout;
   txtImageFile = makeLineEdit(u"txtImageFile"_s, u"Image file"_s);
   txtImageFile->setMaxLength(std::numeric_limits<int>::max());

@@ -1,5 +1,6 @@
 #include "gui/sheets/frmEditThing.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/sheets/SheetControls.h"
 #include "gui/toolkit/MemoEdit.h"
 
@@ -30,7 +31,7 @@ frmEditThing::frmEditThing(const SubjectOf<ThingDetails>& subject, QWidget* pare
   txtDesc = addMemo(form, u"txtDesc"_s, u"&Description:"_s);
   txtTags = addLine(form, u"txtTags"_s, u"&Tags:"_s);
   setFields(page, {80, 20});
-  setNameField(*txtTitle, u"You must specify a name"_s);
+  setNameField(*txtTitle, shownText(u"You must specify a name"_s));
 }
 
 void frmEditThing::DataToForm(const ThingDetails& details) {

@@ -1,6 +1,7 @@
 #include "gui/sheets/frmList.h"
 
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/StoryCast.h"
 #include "gui/sheets/ListKind.h"
@@ -41,10 +42,21 @@ constexpr int kFullName = 1;
 
 const std::array<ListKind, 3>& kinds() {
   static const std::array<ListKind, 3> all{
-      {{kListCharacters, CastKind::Character, u"Characters"_s, "character", u"cmdChar"_s, u"C&haracters"_s,
-        u"character"_s},
-       {kListLocations, CastKind::Location, u"Locations"_s, "location", u"cmdLoc"_s, u"&Locations"_s, u"location"_s},
-       {kListItems, CastKind::Item, u"Items"_s, "item", u"cmdItems"_s, u"&Items"_s, u"item"_s}}};
+      {{kListCharacters, CastKind::Character, shownText(u"Characters"_s), "character", u"cmdChar"_s, u"C&haracters"_s,
+        shownText(u"Select one character, or several with Ctrl or Shift."_s),
+        shownText(u"Makes a new character (Insert)"_s), shownText(u"Opens the sheet of the selected character (F2)"_s),
+        shownText(u"You can only delete a character when they are not viewpoint in any scenes"_s),
+        shownText(u"None yet.\nAdd New makes the first character."_s)},
+       {kListLocations, CastKind::Location, shownText(u"Locations"_s), "location", u"cmdLoc"_s, u"&Locations"_s,
+        shownText(u"Select one location, or several with Ctrl or Shift."_s),
+        shownText(u"Makes a new location (Insert)"_s), shownText(u"Opens the sheet of the selected location (F2)"_s),
+        shownText(u"Takes the selected location out of the book (Delete)"_s),
+        shownText(u"None yet.\nAdd New makes the first location."_s)},
+       {kListItems, CastKind::Item, shownText(u"Items"_s), "item", u"cmdItems"_s, u"&Items"_s,
+        shownText(u"Select one item, or several with Ctrl or Shift."_s), shownText(u"Makes a new item (Insert)"_s),
+        shownText(u"Opens the sheet of the selected item (F2)"_s),
+        shownText(u"Takes the selected item out of the book (Delete)"_s),
+        shownText(u"None yet.\nAdd New makes the first item."_s)}}};
   return all;
 }
 
@@ -196,19 +208,17 @@ void frmList::SetupFor(int type, bool ShowChooser) {
 }
 
 void frmList::showKind(bool ShowChooser) {
-  const QString& one = kind().one;
   setWindowTitle(kind().caption);
   setWindowIcon(icon(kind().icon));
   FrameChooser->setVisible(ShowChooser);
   findChild<QPushButton*>(kind().button)->setChecked(true);
   tintChooser();
   lblChoose->setVisible(!ShowChooser);
-  lblChoose->setText(u"Select one %1, or several with Ctrl or Shift."_s.arg(one));
+  lblChoose->setText(kind().choose);
   chkOnlyMajor->setVisible(isCast());
-  cmdAdd->setToolTip(u"Makes a new %1 (Insert)"_s.arg(one));
-  cmdEdit->setToolTip(u"Opens the sheet of the selected %1 (F2)"_s.arg(one));
-  cmdDel->setToolTip(isCast() ? u"You can only delete a character when they are not viewpoint in any scenes"_s
-                              : u"Takes the selected %1 out of the book (Delete)"_s.arg(one));
+  cmdAdd->setToolTip(kind().addTip);
+  cmdEdit->setToolTip(kind().editTip);
+  cmdDel->setToolTip(kind().deleteTip);
 }
 
 // Which one is down has to be seen on a dark desktop too.
@@ -297,8 +307,7 @@ void frmList::fillRows() {
 
 // What was selected stays so by itself.
 void frmList::FillList() {
-  ListItems->setEmptyText(OnlyMajor && isCast() ? u"No major characters."_s
-                                                : u"None yet.\nAdd New makes the first %1."_s.arg(kind().one));
+  ListItems->setEmptyText(OnlyMajor && isCast() ? shownText(u"No major characters."_s) : kind().emptyText);
   fillRows();
   if (ListItems->SelectedRow() < 0) {
     ListItems->SelectRow(0);

@@ -1,4 +1,5 @@
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
 #include "core/model/StoryCast.h"
@@ -51,8 +52,8 @@ void frmList::cmdDel_Click() {
         "delete the character."_s);
     return;
   }
-  if (toolkit().MsgBox(u"Are you sure you want to delete "_s + ListItems->text(row, kName), Buttons::NoUnlessYes) !=
-      Answer::Yes) {
+  if (toolkit().MsgBox(translated(u"Are you sure you want to delete %1"_s).arg(ListItems->text(row, kName)),
+                       Buttons::NoUnlessYes) != Answer::Yes) {
     return;
   }
   const bool alone = selectedIDs().size() == 1;
@@ -117,7 +118,7 @@ bool frmList::mayMove(qint32 id, qint32 past, int step) const {
   if (!isCast() || g_Project->CharByID(id)->major == g_Project->CharByID(past)->major) {
     return true;
   }
-  toolkit().MsgBox(step < 0 ? u"You can't move Minor characters above Major ones."_s
-                            : u"You can't move Major characters below Minor ones."_s);
+  toolkit().MsgBox(step < 0 ? shownText(u"You can't move Minor characters above Major ones."_s)
+                            : shownText(u"You can't move Major characters below Minor ones."_s));
   return false;
 }

@@ -1,6 +1,7 @@
 #include "gui/toolkit/Controls.h"
 
 #include "gui/toolkit/Mnemonics.h"
+#include "gui/toolkit/PlainTextBox.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -10,6 +11,31 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+
+namespace {
+
+/// Has room for all of its lines, whatever it says and in which language.
+class WrappedLabel : public QLabel {
+ public:
+  WrappedLabel(const QString& text, int letters, QWidget* parent) : QLabel(text, parent), letters_(letters) {
+    setWordWrap(true);
+  }
+  QSize minimumSizeHint() const override {
+    const int width = fontMetrics().averageCharWidth() * letters_;
+    return {width, heightForWidth(width)};
+  }
+
+ private:
+  int letters_;
+};
+
+QLabel* named(QLabel* label, const QString& name) {
+  giveName(*label, name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+}  // namespace
 
 void giveName(QWidget& control, const QString& name, const QString& spokenName) {
   control.setObjectName(name);
@@ -37,18 +63,12 @@ QToolButton* makeBarButton(const QString& name, const QIcon& picture, const QStr
 }
 
 QLabel* makeLabel(const QString& name, const QString& text, QWidget* parent) {
-  auto* label = new QLabel(text, parent);
-  giveName(*label, name);
-  label->setTextFormat(Qt::PlainText);
-  return label;
+  return named(new QLabel(text, parent), name);
 }
 
 QLabel* makeWrappedLabel(const QString& name, const QString& text, int letters, QWidget* parent) {
-  QLabel* label = makeLabel(name, text, parent);
-  label->setWordWrap(true);
+  QLabel* label = named(new WrappedLabel(text, letters, parent), name);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  const int width = label->fontMetrics().averageCharWidth() * letters;
-  label->setMinimumSize(width, label->heightForWidth(width));
   return label;
 }
 
@@ -72,7 +92,7 @@ QLineEdit* addLineEdit(QFormLayout& form, const QString& name, const QString& ca
 }
 
 QPlainTextEdit* makeTextEdit(const QString& name, const QString& spokenName, QWidget* parent) {
-  auto* text = new QPlainTextEdit(parent);
+  auto* text = new PlainTextBox(parent);
   giveName(*text, name, spokenName);
   text->setTabChangesFocus(true);
   return text;

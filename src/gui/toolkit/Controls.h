@@ -27,7 +27,7 @@ QPushButton* makeButton(const QString& name, const QString& caption, QWidget* pa
 QToolButton* makeBarButton(const QString& name, const QIcon& picture, const QString& tip, QWidget* parent = nullptr);
 /// Shows its text as it is, whatever it looks like.
 QLabel* makeLabel(const QString& name, const QString& text, QWidget* parent = nullptr);
-/// The same in lines, with room for all of them where they have no more than so many letters.
+/// The same in lines of so many letters at least, with room for all of them, whatever it comes to say.
 QLabel* makeWrappedLabel(const QString& name, const QString& text, int letters, QWidget* parent = nullptr);
 /// A caption over or beside the control that it belongs to.
 QLabel* makeLabelOf(const QString& caption, QWidget& buddy);

@@ -1,5 +1,6 @@
 #include "gui/toolkit/InlineObjectView.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/text/RichText.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/PictureImage.h"
@@ -188,7 +189,7 @@ void InlineObjectView::drawMissing(QPainter& painter, const QRectF& rect) const 
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(rect.adjusted(0.5, 0.5, -0.5, -0.5));
   painter.setFont(QGuiApplication::font());
-  const QString word = u"Picture"_s;
+  const QString word = translated(u"Picture"_s);
   const QRectF inside = rect.adjusted(2, 2, -2, -2);
   const QRectF needed = QFontMetricsF(painter.font()).boundingRect(word);
   if (needed.width() <= inside.width() && needed.height() <= inside.height()) {

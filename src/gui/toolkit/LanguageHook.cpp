@@ -1,20 +1,19 @@
 #include "gui/toolkit/LanguageHook.h"
 
-#include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/WindowTexts.h"
 
 #include <QAbstractButton>
 #include <QActionEvent>
 #include <QApplication>
+#include <QFontDatabase>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMenuBar>
 #include <QPointer>
 
 namespace {
 
 QString inLanguage(const FormText& text) {
-  return translated(text.english.isNull() ? text.shown : text.english);
+  return translatedCaption(text.english.isNull() ? text.shown : text.english);
 }
 
 /// Sees every control before it is laid out, shown, painted and hovered over.
@@ -42,6 +41,10 @@ class LanguageHook : public QObject {
         }
         break;
       case QEvent::Show:
+        if (auto* const widget = qobject_cast<QWidget*>(&watched); widget != nullptr && widget->isWindow()) {
+          partKeys(*widget);
+        }
+        [[fallthrough]];
       case QEvent::ToolTip:
       case QEvent::WindowTitleChange:
         if (watched.isWidgetType()) {
@@ -86,22 +89,49 @@ void watch(bool wanted) {
   }
 }
 
-}  // namespace
+/// All windows as one: none is still in the former language while another is in the next.
+class AllWindows : public TranslatableForm {
+ public:
+  void eachText(const TranslateText& translate) override {
+    each([&translate](WindowTexts& texts) { texts.eachText(translate); });
+  }
+  bool fontExists(const QString& family) const override { return QFontDatabase::hasFamily(family); }
+  void setFontFamily(const QString& family) override {
+    each([&family](WindowTexts& texts) { texts.setFontFamily(family); });
+  }
 
-bool useLanguage(int index, QWidget& window) {
-  // What is put there shall not be looked at twice.
-  watch(false);
-  WindowTexts own(window);
-  Lang().Localise(own, index);
-  for (QWidget* const other : QApplication::topLevelWidgets()) {
-    if (other != &window) {
-      WindowTexts texts(*other);
-      Lang().TranslateForm(texts);
+ private:
+  static void each(const std::function<void(WindowTexts&)>& act) {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      WindowTexts texts(*window);
+      act(texts);
     }
   }
-  for (const QMenuBar* const bar : window.findChildren<QMenuBar*>()) {
-    assignMnemonics(bar->actions());
+};
+
+// A window hands it on to those that belong to it.
+void tellOfChange() {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->parentWidget() == nullptr) {
+      QEvent change(QEvent::LanguageChange);
+      QCoreApplication::sendEvent(window, &change);
+    }
+  }
+}
+
+}  // namespace
+
+bool useLanguage(int index) {
+  // What is put there shall not be looked at twice.
+  watch(false);
+  AllWindows windows;
+  if (Lang().LanguageTitle(index) == Lang().CurrentLanguage()) {
+    // Loaded before there was a window.
+    Lang().TranslateForm(windows);
+  } else {
+    Lang().Localise(windows, index);
   }
   watch(!Lang().IsEnglish());
+  tellOfChange();
   return Lang().IsEnglish() == (index == 0);
 }

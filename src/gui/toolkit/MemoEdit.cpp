@@ -2,7 +2,7 @@
 
 using namespace Qt::StringLiterals;
 
-MemoEdit::MemoEdit(QWidget* parent) : QPlainTextEdit(parent) {
+MemoEdit::MemoEdit(QWidget* parent) : PlainTextBox(parent) {
   setTabChangesFocus(true);
 }
 

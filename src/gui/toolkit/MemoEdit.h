@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QPlainTextEdit>
+#include "gui/toolkit/PlainTextBox.h"
 
 /// A plain text of several lines, as fields of the model hold it: lines end in CR LF. What was put in comes out
 /// again as it was, to the character, until the user changes it. The Tab key leaves the field.
-class MemoEdit : public QPlainTextEdit {
+class MemoEdit : public PlainTextBox {
   Q_OBJECT
 
  public:

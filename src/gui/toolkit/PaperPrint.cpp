@@ -1,6 +1,8 @@
 #include "gui/toolkit/PaperPrint.h"
 
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QPainter>
 #include <QPrinter>
@@ -16,11 +18,12 @@ constexpr double kTwipsPerInch = 1440;
 void PaperPrint::print(const PrintDocument& document, PrintProgress& progress) {
   // What a printer was given it keeps: a job that is broken off comes out as far as it went. So this is the last moment
   // to stop, and what is painted from here on takes no more than moments.
-  progress.step(u"Printing pages: "_s, static_cast<qint32>(document.pages.size()));
+  progress.step(shownText(u"Printing pages: %1"_s), static_cast<qint32>(document.pages.size()));
   prepare(document);
   QPainter painter;
   if (!painter.begin(printer_.get())) {
-    throw RuntimeError(RuntimeError::DeviceError, u"The printer "_s + printer_->printerName() + u" does not answer."_s);
+    throw RuntimeError(RuntimeError::DeviceError,
+                       toldText(u"The printer %1 does not answer."_s, {printer_->printerName()}));
   }
   const QSizeF scale = scaleFor(document.paper);
   painter.scale(scale.width(), scale.height());

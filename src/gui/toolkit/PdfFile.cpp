@@ -2,6 +2,7 @@
 
 #include "core/infra/NativeFile.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/cSharedLang.h"
 
 #include <QBuffer>
 #include <QPageLayout>
@@ -45,7 +46,7 @@ QByteArray PdfFile::bytesOf(const PrintDocument& document, PrintProgress& progre
     if (number > 0) {
       writer.newPage();
     }
-    progress.step(u"Writing page "_s, ++number);
+    progress.step(shownText(u"Writing page %1"_s), ++number);
     PagePainter::paint(painter, page);
   }
   painter.end();

@@ -1,12 +1,16 @@
 #include "gui/toolkit/QtPrinters.h"
 
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "gui/toolkit/OverActiveWindow.h"
 #include "gui/toolkit/PaperPrint.h"
+#include "gui/toolkit/QtTexts.h"
+#include "gui/toolkit/WindowTexts.h"
 
 #include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -19,7 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 RuntimeError doesNotAnswer(const QString& printer) {
-  return {RuntimeError::DeviceError, u"The printer "_s + printer + u" does not answer."_s};
+  return {RuntimeError::DeviceError, toldText(u"The printer %1 does not answer."_s, {printer})};
 }
 
 /// A print on one of the system's printers.
@@ -78,6 +82,12 @@ void makeChooser(QPrintDialog& dialog) {
       part->setFocusPolicy(Qt::NoFocus);
     }
   }
+  // A printer is called, stands and is what its own system says.
+  for (const QString& name : {u"label_2"_s, u"location"_s, u"type"_s}) {
+    for (QLabel* const label : dialog.findChildren<QLabel*>(name)) {
+      keepWords(*label);
+    }
+  }
   if (auto* const box = dialog.findChild<QDialogButtonBox*>()) {
     for (QAbstractButton* const button : box->buttons()) {
       if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) {
@@ -103,6 +113,7 @@ QString QtPrinters::defaultName() const {
 QString QtPrinters::choose(const QString& current) {
   const bool isSetUp = printer_ && printer_->printerName() == current;
   const auto printer = isSetUp ? printer_ : printerFor(current);
+  translateQtTexts();
   const OverActiveWindow<QPrintDialog> dialog(printer.get());
   makeChooser(*dialog.operator->());
   if (!dialog.accepted()) {

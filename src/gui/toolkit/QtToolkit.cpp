@@ -5,6 +5,7 @@
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/InputShield.h"
 #include "gui/toolkit/OverActiveWindow.h"
+#include "gui/toolkit/QtTexts.h"
 #include "gui/toolkit/WindowTitle.h"
 #include "gui/toolkit/cSharedProgress.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
@@ -16,7 +17,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
-#include <QHash>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -26,7 +26,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTranslator>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -56,24 +55,6 @@ BoxKind kindOf(Buttons buttons) {
   }
   return {QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
 }
-
-/// Qt's colour dialog in the words of this program. For good: taking a translator away repaints every window.
-class ColourWords : public QTranslator {
- public:
-  ColourWords() { QCoreApplication::installTranslator(this); }
-  QString translate(const char* context, const char* text, const char*, int) const override {
-    static const QHash<QByteArrayView, QString> plain{
-        {"&Basic colors", u"Colours to choose &from"_s},
-        {"&Custom colors", u"&My colours"_s},
-        {"&Add to Custom Colors", u"&Add to my colours"_s},
-        {"&Pick Screen Color", u"&Take one from the screen"_s},
-        {"&Sat:", u"&Strength:"_s},
-        {"&Val:", u"&Lightness:"_s},
-        {"&HTML:", u"&Number:"_s},
-    };
-    return qstrcmp(context, "QColorDialog") == 0 ? plain.value(text) : QString();
-  }
-};
 
 Answer answerOf(int button) {
   switch (button) {
@@ -142,7 +123,8 @@ void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture
   box->setWindowTitle(u"Quillane"_s);
   // Titles and paths stand in these texts as they are, "<" and "&" too.
   box->setTextFormat(Qt::PlainText);
-  box->setText(translatedLines(text));
+  // Whoever puts it together of lines has translated those that are ours: others may be titles, whatever they say.
+  box->setText(translated(text));
   box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   letScroll(*box.operator->());
 }
@@ -192,6 +174,10 @@ class QtToolkit::PointerPause {
   QtToolkit& owner_;
 };
 
+QtToolkit::QtToolkit() {
+  translateQtTexts();
+}
+
 Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
   const PointerPause pause(*this);
   const BoxKind kind = kindOf(buttons);
@@ -231,7 +217,7 @@ QString QtToolkit::InputBox(const QString& prompt, const QString& title, const Q
   const PointerPause pause(*this);
   const OverActiveWindow<QInputDialog> dialog;
   dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : literalTitle(translated(title)));
-  dialog->setLabelText(translatedLines(prompt));
+  dialog->setLabelText(translated(prompt));
   for (QLabel* const label : dialog->findChildren<QLabel*>()) {
     label->setTextFormat(Qt::PlainText);
   }
@@ -282,7 +268,6 @@ QString QtToolkit::PickFolder(const QString& title, const QString& folder) {
 
 std::optional<quint32> QtToolkit::PickColour(const QString& title, quint32 initial) {
   const PointerPause pause(*this);
-  static const ColourWords words;
   const OverActiveWindow<QColorDialog> dialog;
   dialog->setWindowTitle(literalTitle(translated(title)));
   dialog->setCurrentColor(Colours::toQt(initial, QApplication::palette()));

@@ -5,6 +5,7 @@
 /// The toolkit of the running program: Qt's own boxes and dialogs over the window that is active.
 class QtToolkit : public Toolkit {
  public:
+  QtToolkit();
   Answer MsgBox(const QString& text, Buttons buttons = Buttons::Ok) override;
   int Choose(const ChoiceQuestion& question) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& text) override;

@@ -1,3 +1,4 @@
+#include "core/infra/cSharedLang.h"
 #include "core/text/Rtf.h"
 #include "gui/toolkit/ListLabels.h"
 #include "gui/toolkit/PlainToolTip.h"
@@ -240,7 +241,7 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
   // The control's own refusal stands in the routine that this one takes the place of.
-  if (isReadOnly()) {
+  if (isReadOnly() || source == nullptr) {
     return;
   }
   asOneChange([&] {
@@ -280,9 +281,9 @@ QString RichTextBox::describe(const CharFormat& format) {
   }
   const QString address = linkAddress(format.field);
   if (!address.isEmpty()) {
-    return address + u"\nCtrl+click to open"_s;
+    return address + u'\n' + translated(u"Ctrl+click to open"_s);
   }
-  return format.field.isEmpty() ? QString() : u"Field: "_s + format.field;
+  return format.field.isEmpty() ? QString() : translated(u"Field: %1"_s).arg(format.field);
 }
 
 bool RichTextBox::viewportEvent(QEvent* event) {

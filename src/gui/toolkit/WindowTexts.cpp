@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QGroupBox>
+#include <QHash>
 #include <QHeaderView>
 #include <QKeySequence>
 #include <QLabel>
@@ -18,6 +19,9 @@
 #include <QTabBar>
 #include <QTextEdit>
 #include <QToolButton>
+
+#include <map>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -124,35 +128,115 @@ QChar markOf(const QString& text) {
   return {};
 }
 
-/// The keys that stand beside an object: of the other entries of its menu, or of the other captions of its window.
-QSet<QChar> takenBeside(const QObject& object) {
-  QSet<QChar> taken;
-  if (const auto* const action = qobject_cast<const QAction*>(&object)) {
-    for (const QObject* const owner : action->associatedObjects()) {
-      const auto* const widget = qobject_cast<const QWidget*>(owner);
-      for (const QAction* const other : widget == nullptr ? QList<QAction*>() : widget->actions()) {
-        if (other != action) {
-          taken.insert(markOf(other->text()));
+/// The keys of the captions that stand in a window at once.
+class WindowKeys {
+ public:
+  explicit WindowKeys(const QWidget& window) {
+    for (QWidget* const child : window.findChildren<QWidget*>()) {
+      if (child->window() != &window) {
+        continue;
+      }
+      for (const Place& place : placesOf(*child)) {
+        count(place.hasMarks ? markOf(place.text) : QChar(), 1);
+      }
+      if (const auto* const bar = qobject_cast<const QMenuBar*>(child)) {
+        for (const QAction* const menu : bar->actions()) {
+          count(markOf(menu->text()), 1);
         }
+      }
+    }
+  }
+
+  void replace(QChar former, QChar key) {
+    count(former, -1);
+    count(key, 1);
+  }
+  /// As the others have them.
+  QSet<QChar> without(QChar own) const {
+    QSet<QChar> taken;
+    for (auto key = counts_.cbegin(); key != counts_.cend(); ++key) {
+      if (key.value() > (key.key() == own ? 1 : 0)) {
+        taken.insert(key.key());
       }
     }
     return taken;
   }
-  const QWidget* const window = qobject_cast<const QWidget*>(&object)->window();
-  for (QWidget* const other : window->findChildren<QWidget*>()) {
-    if (other == &object || other->window() != window) {
+
+ private:
+  void count(QChar key, int change) {
+    if (!key.isNull()) {
+      counts_[key] += change;
+    }
+  }
+
+  QHash<QChar, int> counts_;
+};
+
+/// The keys of windows that many texts are being translated in: gathered once for all of them.
+class KeysOfPass {
+ public:
+  KeysOfPass() : outer_(std::exchange(current(), this)) {}
+  ~KeysOfPass() { current() = outer_; }
+  KeysOfPass(const KeysOfPass&) = delete;
+  KeysOfPass& operator=(const KeysOfPass&) = delete;
+
+  static KeysOfPass*& current() {
+    static KeysOfPass* pass = nullptr;
+    return pass;
+  }
+  WindowKeys& of(const QWidget& window) {
+    auto found = windows_.find(&window);
+    return found == windows_.end() ? windows_.emplace(&window, WindowKeys(window)).first->second : found->second;
+  }
+  void replaced(const QWidget* window, QChar former, QChar key) {
+    if (const auto found = windows_.find(window); found != windows_.end()) {
+      found->second.replace(former, key);
+    }
+  }
+
+ private:
+  KeysOfPass* outer_;
+  std::map<const QWidget*, WindowKeys> windows_;
+};
+
+/// The window that a caption shares its key with; null for an entry of a menu that opens.
+const QWidget* windowOfKeys(const QObject& object) {
+  if (const auto* const widget = qobject_cast<const QWidget*>(&object)) {
+    return widget->window();
+  }
+  for (const QObject* const owner : static_cast<const QAction&>(object).associatedObjects()) {
+    if (const auto* const bar = qobject_cast<const QMenuBar*>(owner)) {
+      return bar->window();
+    }
+  }
+  return nullptr;
+}
+
+/// The keys that stand beside a place: of the other entries of its menu, or of the other captions of its window.
+QSet<QChar> takenBeside(const QObject& object, const Place& place) {
+  QSet<QChar> taken;
+  if (const QWidget* const window = windowOfKeys(object)) {
+    KeysOfPass* const pass = KeysOfPass::current();
+    taken = (pass == nullptr ? WindowKeys(*window) : pass->of(*window)).without(markOf(place.text));
+  }
+  const auto* const action = qobject_cast<const QAction*>(&object);
+  for (const QObject* const owner : action == nullptr ? QObjectList() : action->associatedObjects()) {
+    const auto* const widget = qobject_cast<const QWidget*>(owner);
+    if (widget == nullptr || qobject_cast<const QMenuBar*>(widget) != nullptr) {
       continue;
     }
-    for (const Place& place : placesOf(*other)) {
-      taken.insert(place.hasMarks ? markOf(place.text) : QChar());
-    }
-    if (const auto* const bar = qobject_cast<const QMenuBar*>(other)) {
-      for (const QAction* const menu : bar->actions()) {
-        taken.insert(markOf(menu->text()));
-      }
+    for (const QAction* const other : widget->actions()) {
+      taken.insert(other == action ? QChar() : markOf(other->text()));
     }
   }
   return taken;
+}
+
+void put(const QObject& object, const Place& place, const QString& text) {
+  if (place.hasMarks && KeysOfPass::current() != nullptr) {
+    KeysOfPass::current()->replaced(windowOfKeys(object), markOf(place.text), markOf(text));
+  }
+  place.put(text);
 }
 
 /// Marks the first letter of a word that is free, else any free letter.
@@ -188,7 +272,7 @@ QString fitted(const QString& translation, const Place& place, const QString& en
   if (markOf(english).isNull()) {
     return withoutMnemonic(caption).replace(u'&', u"&&"_s);
   }
-  return marked(caption, takenBeside(object));
+  return marked(caption, takenBeside(object, place));
 }
 
 void translate(QObject& object, const Place& place, QVariantMap& before, const TranslateText& translateText) {
@@ -203,7 +287,7 @@ void translate(QObject& object, const Place& place, QVariantMap& before, const T
   if (given == english) {
     before.remove(place.name);
     object.setProperty(kBefore, before);
-    place.put(english);
+    put(object, place, english);
     return;
   }
   if (isOurs && withoutMnemonic(asCaption(given)) == withoutMnemonic(place.text)) {
@@ -212,7 +296,7 @@ void translate(QObject& object, const Place& place, QVariantMap& before, const T
   const QString shown = fitted(given, place, english, object);
   before.insert(place.name, QStringList{english, shown});
   object.setProperty(kBefore, before);
-  place.put(shown);
+  put(object, place, shown);
 }
 
 }  // namespace
@@ -239,7 +323,33 @@ void translateTexts(QObject& object, const TranslateText& translateText) {
   }
 }
 
+// The first letter of a menu is what people press without looking.
+void partKeys(QWidget& window) {
+  QSet<QChar> ofMenus;
+  for (const QMenuBar* const bar : window.findChildren<QMenuBar*>()) {
+    for (const QAction* const menu : bar->actions()) {
+      ofMenus.insert(markOf(menu->text()));
+    }
+  }
+  ofMenus.remove(QChar());
+  if (ofMenus.isEmpty()) {
+    return;
+  }
+  WindowKeys keys(window);
+  for (QWidget* const child : window.findChildren<QWidget*>()) {
+    for (const Place& place : child->window() == &window ? placesOf(*child) : QList<Place>()) {
+      const QChar own = place.hasMarks ? markOf(place.text) : QChar();
+      if (ofMenus.contains(own)) {
+        const QString text = marked(place.text, keys.without(own));
+        keys.replace(own, markOf(text));
+        place.put(text);
+      }
+    }
+  }
+}
+
 void WindowTexts::eachText(const TranslateText& translate) {
+  const KeysOfPass pass;
   translateTexts(window_, translate);
   for (QWidget* const child : window_.findChildren<QWidget*>()) {
     translateTexts(*child, translate);

@@ -15,6 +15,9 @@ void translateTexts(QObject& object, const TranslateText& translate);
 /// What this shows was named by a writer, or is a name everywhere.
 void keepWords(QObject& object);
 
+/// Gives captions of a window other keys where the titles of its menu bar have theirs.
+void partKeys(QWidget& window);
+
 /// A window with all that stands in it.
 class WindowTexts : public TranslatableForm {
  public:

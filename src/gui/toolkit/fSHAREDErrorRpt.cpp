@@ -100,7 +100,7 @@ void fSHAREDErrorRpt::createControls() {
   lblError_ = makeLabel(u"lblError"_s, u"An error has ocurred:"_s, this);
   txtError = makeReadOnlyText(u"txtError"_s, u"Error"_s, this);
   giveRoom(*txtError, 3);
-  txtError->setPlainText(report_.error);
+  txtError->setPlainText(translatedLines(report_.error));
   lblError_->setBuddy(txtError);
 
   txtUserMessage = makeTextEdit(u"txtUserMessage"_s, u"Your own comments"_s, this);
@@ -163,8 +163,9 @@ void fSHAREDErrorRpt::connectSignals() {
   connect(cmdViewReport, &QPushButton::clicked, this,
           guarded("cmdViewReport_Click", kModule, this, &fSHAREDErrorRpt::viewReport));
   connect(cmdEmail, &QPushButton::clicked, this, guarded("cmdEmail_Click", kModule, this, &fSHAREDErrorRpt::submit));
-  connect(cmdHelp, &QPushButton::clicked, this,
-          guarded("cmdHelp_Click", kModule, [this] { HelpFile::open(helpTopic_); }));
+  connect(cmdHelp, &QPushButton::clicked, this, guarded("cmdHelp_Click", kModule, [this] {
+            HelpFile::open(helpTopic_.isEmpty() ? u"when-something-fails"_s : helpTopic_);
+          }));
   connect(cmdExit, &QPushButton::clicked, this, &QDialog::accept);
 }
 
@@ -210,8 +211,8 @@ void fSHAREDErrorRpt::viewReport() {
 }
 
 void fSHAREDErrorRpt::tellByHand() {
-  lblNotice_->setText(
-      u"No mail program could be started. Click '%1' to send the report by hand."_s.arg(cmdViewReport->text()));
+  lblNotice_->setText(translated(u"No mail program could be started. Click '%1' to send the report by hand."_s)
+                          .arg(cmdViewReport->text()));
   lblNotice_->show();
   cmdViewReport->setFocus();
 }

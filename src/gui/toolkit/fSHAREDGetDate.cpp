@@ -2,6 +2,7 @@
 
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedGetDate.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/WindowTitle.h"
@@ -75,7 +76,7 @@ std::optional<Key> fieldKeyOf(const QKeyEvent& event) {
 fSHAREDGetDate::fSHAREDGetDate(DateEntry& entry, const QString& caption, QWidget* parent)
     : QDialog(parent), entry_(entry) {
   setObjectName(u"fSHAREDGetDate"_s);
-  setWindowTitle(literalTitle(caption));
+  setWindowTitle(literalTitle(translated(caption)));
   createControls();
   buildLayout();
   connectSignals();

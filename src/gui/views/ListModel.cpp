@@ -17,6 +17,11 @@ namespace {
 /// More rows than any screen shows: whoever scrolls through thousands doesn't need them all again.
 constexpr qsizetype kKeptRows = 2000;
 
+QStringList inLanguage(QStringList words) {
+  std::transform(words.begin(), words.end(), words.begin(), translated);
+  return words;
+}
+
 }  // namespace
 
 ListModel::ListModel(const QStringList& titles, const QWidget& palette, QObject* parent)
@@ -55,6 +60,11 @@ void ListModel::updateAllRows() {
 
 void ListModel::setAlignment(int column, Qt::Alignment alignment) {
   alignments_.insert(column, alignment | Qt::AlignVCenter);
+}
+
+void ListModel::setTitle(int column, const QString& title) {
+  titles_[column] = title;
+  Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {
@@ -104,7 +114,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return row.toolTip.isEmpty() ? QVariant() : QVariant(plainToolTip(row.toolTip));
     case kStatesRole:
-      return row.states.join(u", "_s);
+      return inLanguage(row.states).join(u", "_s);
     case Qt::AccessibleTextRole:
       return spoken(row);
     default:
@@ -124,18 +134,18 @@ QVariant ListModel::colourOf(const ListRow& row, int column) const {
 // The keyboard moves over whole rows, so the first cell speaks for its row.
 QString ListModel::spoken(const ListRow& row) const {
   if (titles_.size() == 1) {
-    return (row.cells.mid(0, 1) + row.states).join(u", "_s);
+    return (row.cells.mid(0, 1) + inLanguage(row.states)).join(u", "_s);
   }
   QStringList parts;
   for (int column = 0; column < titles_.size(); ++column) {
     const QString cell = row.cells.value(column);
     if (row.spoken.contains(column)) {
-      parts.append(row.spoken.value(column));
+      parts.append(translated(row.spoken.value(column)));
     } else if (!cell.isEmpty()) {
-      parts.append(spokenTitle(column) + u' ' + cell);
+      parts.append(translated(spokenTitle(column)) + u' ' + cell);
     }
   }
-  return (parts + row.states).join(u", "_s);
+  return (parts + inLanguage(row.states)).join(u", "_s);
 }
 
 bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role) {

@@ -51,6 +51,8 @@ class ListModel : public QAbstractTableModel {
 
   void setAlignment(int column, Qt::Alignment alignment);
   Qt::Alignment alignmentOf(int column) const { return alignments_.value(column, Qt::AlignLeft | Qt::AlignVCenter); }
+  /// In the place of the one that the list was made with.
+  void setTitle(int column, const QString& title);
   /// For a screen reader, where the title is short for something.
   void setSpokenTitle(int column, const QString& title) { spokenTitles_.insert(column, title); }
   /// From now on the texts of the first column can be edited in place. The handler takes what was typed.

@@ -1,5 +1,6 @@
 #include "gui/views/ListView.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/views/ListDelegate.h"
 
@@ -179,7 +180,7 @@ void ListView::paintEvent(QPaintEvent* event) {
   painter.setPen(palette().color(QPalette::PlaceholderText));
   const int margin = fontMetrics().averageCharWidth() * 2;
   painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                   Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap, emptyText_);
+                   Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap, translatedLines(emptyText_));
 }
 
 // The frame stands there anyway: only its colour tells of the keyboard, nothing moves.
@@ -187,6 +188,9 @@ bool ListView::event(QEvent* event) {
   const bool result = QTreeView::event(event);
   if (event->type() == QEvent::Paint && hasFocus()) {
     frameFocus();
+  } else if (event->type() == QEvent::LanguageChange) {
+    // The model translates its titles whenever they are asked for.
+    header()->viewport()->update();
   }
   return result;
 }

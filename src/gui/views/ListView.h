@@ -68,6 +68,10 @@ class ListView : public QTreeView {
   int roomForColumns() const;
   /// What a column needs for its title and for cells such as this one.
   int widthFor(int column, QStringView cell) const;
+  /// Makes a column no narrower than any of these cells needs.
+  void widen(int column, const QStringList& cells);
+  /// The same for all columns that are seen and their titles.
+  void widenToTitles();
   void setFillRule(FillRule rule) { fill_ = std::move(rule); }
   /// Makes the columns fill the list, and keep it filled at any size until the user changes a width. Where his are
   /// shorter than the list the last column is stretched.

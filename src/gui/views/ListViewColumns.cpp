@@ -25,6 +25,22 @@ int ListView::widthFor(int column, QStringView cell) const {
   return std::max(title, style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this).width());
 }
 
+void ListView::widen(int column, const QStringList& cells) {
+  for (const QString& cell : cells) {
+    setColumnWidth(column, std::max(columnWidth(column), widthFor(column, cell)));
+  }
+}
+
+void ListView::widenToTitles() {
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    // What is as narrow as that was put away.
+    if (columnWidth(column) > header()->minimumSectionSize()) {
+      widen(column, {QString()});
+    }
+  }
+  keepFilled();
+}
+
 void ListView::fillRoom() {
   const QScopedValueRollback fitting(fitting_, true);
   const int last = header()->logicalIndex(header()->count() - 1);

@@ -1,3 +1,4 @@
+#include "core/infra/cSharedLang.h"
 #include "gui/views/ListView.h"
 
 #include <QAccessible>
@@ -7,7 +8,7 @@
 
 // Where there are rows the hint isn't seen either.
 void ListView::sayEmpty() {
-  setAccessibleDescription(rowCount() == 0 ? emptyText_ : QString());
+  setAccessibleDescription(rowCount() == 0 ? translatedLines(emptyText_) : QString());
 }
 
 // A row is read by its first cell, so that is where the keyboard stands, whichever cell was clicked. A list that is

@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Colours.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -25,11 +26,11 @@ constexpr QSize kLettersAndLines(60, 14);
 QString captionOf(InlineObject::Kind kind) {
   switch (kind) {
     case InlineObject::Kind::Comment:
-      return u"Comment"_s;
+      return shownText(u"Comment"_s);
     case InlineObject::Kind::Endnote:
-      return u"Endnote"_s;
+      return shownText(u"Endnote"_s);
     default:
-      return u"Footnote"_s;
+      return shownText(u"Footnote"_s);
   }
 }
 

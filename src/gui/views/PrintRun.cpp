@@ -3,6 +3,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
@@ -25,7 +26,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kNotLaidOut = u"The report could not be laid out."_s;
+const QString kNotLaidOut = shownText(u"The report could not be laid out."_s);
 
 [[noreturn]] void cancel(const QString& why) {
   throw RuntimeError(kPrintCancelled, why, u"SelectPrinter"_s);
@@ -34,10 +35,10 @@ const QString kNotLaidOut = u"The report could not be laid out."_s;
 /// A print as a long work that can be stopped.
 class PrintWork : public PrintProgress {
  public:
-  PrintWork() : work_(*g_Project, u"Printing"_s, false, LongWork::Stop::Offered) {}
+  PrintWork() : work_(*g_Project, shownText(u"Printing"_s), false, LongWork::Stop::Offered) {}
 
-  void step(const QString& what, qint32 number) override {
-    work_.setCaption(what, number);
+  void step(const QString& pattern, qint32 number) override {
+    work_.setCaption(pattern, number);
     work_.showIfLong();
     if (work_.stopWanted()) {
       cancel(u"The print was stopped"_s);
@@ -93,7 +94,7 @@ bool ReportRun::isWhole(const QString& failure, Piece piece) const {
   bool isDone = false;
   const QString cause = Guard(order_.routine, order_.module).causeOf([&] { isDone = unlessStopped(std::move(piece)); });
   if (!cause.isEmpty()) {
-    toolkit().MsgBox(failure + u"\n\n"_s + cause);
+    toolkit().MsgBox(translated(failure) + u"\n\n"_s + translated(cause));
   }
   return isDone;
 }
@@ -132,8 +133,8 @@ bool ReportRun::preview(const PrintState& state, bool details) {
 
 QString whatCouldNotBePrinted() {
   return Printers().Name() == cSharedPrinter::pdfFile()
-             ? u"The file "_s + Printers().PdfPath + u" could not be written."_s
-             : u"The report could not be printed on "_s + Printers().Name() + u'.';
+             ? translated(u"The file %1 could not be written."_s).arg(Printers().PdfPath)
+             : translated(u"The report could not be printed on %1."_s).arg(Printers().Name());
 }
 
 bool ReportRun::print(bool details) {
@@ -155,10 +156,10 @@ bool ReportRun::print(bool details) {
 void tellDone(const QString& told) {
   QStringList parts;
   if (!told.isEmpty()) {
-    parts.append(told);
+    parts.append(translated(told));
   }
   if (Printers().Name() == cSharedPrinter::pdfFile()) {
-    parts.append(u"The report is in the file "_s + Printers().PdfPath);
+    parts.append(translated(u"The report is in the file %1"_s).arg(Printers().PdfPath));
   }
   if (!parts.isEmpty()) {
     toolkit().MsgBox(parts.join(u"\n\n"_s));
@@ -211,7 +212,7 @@ bool printReport(const PrintOrder& order) {
 
 bool printScenes(const QList<qint32>& sceneIDs) {
   return printReport({.key = u"StoryFile"_s,
-                      .prompt = u"Print scene(s)"_s,
+                      .prompt = shownText(u"Print scene(s)"_s),
                       .name = printFileName(u"Scenes"_s),
                       .report = [sceneIDs](const ReportJob& job) { return PrintScenes(job, sceneIDs); },
                       .routine = "PrintScene",
@@ -221,7 +222,7 @@ bool printScenes(const QList<qint32>& sceneIDs) {
 bool printCast(CastKind kind) {
   const auto print = [](const QString& key, const ReportLayout& report, const char* routine) {
     return printReport({.key = key,
-                        .prompt = u"Click PRINT to continue."_s,
+                        .prompt = shownText(u"Click PRINT to continue."_s),
                         .name = printFileName(key),
                         .report = report,
                         .routine = routine,

@@ -1,6 +1,7 @@
 #include "gui/views/TextObjects.h"
 
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/OverActiveWindow.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -96,12 +97,14 @@ void TextObjects::takeOpenNote() {
 void TextObjects::openLink(const QString& address) {
   const QUrl url(address, QUrl::TolerantMode);
   if (!mayOpen(url)) {
-    toolkit().MsgBox(u"This link leads to\n\n%1\n\nOnly addresses of the web and of mail are opened from here."_s.arg(
-        breakable(address)));
+    toolkit().MsgBox(
+        translated(u"This link leads to\n\n%1\n\nOnly addresses of the web and of mail are opened from here."_s)
+            .arg(breakable(address)));
     return;
   }
-  const Answer answer = toolkit().MsgBox(u"Open this address?\n\n%1"_s.arg(breakable(address)), Buttons::YesNo);
+  const Answer answer =
+      toolkit().MsgBox(translated(u"Open this address?\n\n%1"_s).arg(breakable(address)), Buttons::YesNo);
   if (answer == Answer::Yes && !toolkit().openDocument(address)) {
-    toolkit().MsgBox(u"%1 could not be opened."_s.arg(address));
+    toolkit().MsgBox(translated(u"%1 could not be opened."_s).arg(address));
   }
 }

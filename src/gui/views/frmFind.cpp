@@ -4,6 +4,7 @@
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/RichTextBox.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -54,6 +55,7 @@ QComboBox* makeTermBox(const QString& name, const QString& spokenName, QWidget* 
   giveName(*box, name, spokenName);
   box->setEditable(true);
   box->lineEdit()->setAccessibleName(spokenName);
+  box->view()->setAccessibleName(spokenName);
   box->setInsertPolicy(QComboBox::NoInsert);
   // A term that completes itself is another one than was typed.
   box->setCompleter(nullptr);

@@ -1,5 +1,6 @@
 #include "gui/views/frmPickFont.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/OverActiveWindow.h"
 #include "gui/views/FontLists.h"
@@ -89,7 +90,7 @@ void frmPickFont::fillLists(const DefaultFont& current) {
     auto* const item = new QListWidgetItem(family, lstFonts);
     item->setData(Qt::UserRole, family);
     if (!there.contains(family, Qt::CaseInsensitive)) {
-      item->setText(u"%1 (replaced by %2)"_s.arg(family, standInFor(family)));
+      item->setText(translated(u"%1 (replaced by %2)"_s).arg(family, standInFor(family)));
     }
   }
   const auto isCurrent = [&](const QString& family) { return family.compare(current.name, Qt::CaseInsensitive) == 0; };

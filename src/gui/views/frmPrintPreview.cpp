@@ -1,5 +1,6 @@
 #include "gui/views/frmPrintPreview.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/WindowSettings.h"
@@ -41,7 +42,7 @@ QPushButton* makeTurner(const QString& name, const QString& caption, const QStri
 frmPrintPreview::frmPrintPreview(std::shared_ptr<const PrintDocument> document, QWidget* parent)
     : QDialog(parent), document_(std::move(document)) {
   setObjectName(u"frmPrintPreview"_s);
-  setWindowTitle(literalTitle(u"Preview: "_s + document_->title));
+  setWindowTitle(literalTitle(translated(u"Preview: %1"_s).arg(document_->title)));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   createControls();
   buildLayout();
@@ -68,13 +69,13 @@ void frmPrintPreview::createControls() {
   giveName(*txtPage, u"txtPage"_s, u"Page number"_s);
   txtPage->findChild<QLineEdit*>()->setAccessibleName(u"Page number"_s);
   txtPage->setRange(1, qMax(1, pageCount()));
-  txtPage->setSuffix(u" of %L1"_s.arg(pageCount()));
+  txtPage->setSuffix(translated(u" of %L1"_s).arg(pageCount()));
   txtPage->setKeyboardTracking(false);
   txtPage->installEventFilter(this);
   cmbZoom = new QComboBox(this);
   giveName(*cmbZoom, u"cmbZoom"_s, u"Zoom"_s);
   cmbZoom->setToolTip(u"Size of the page (Ctrl++, Ctrl+-)"_s);
-  cmbZoom->addItems({u"Whole page"_s, u"Page width"_s});
+  cmbZoom->addItems({translated(u"Whole page"_s), translated(u"Page width"_s)});
   for (const int hundredths : kHundredths) {
     cmbZoom->addItem(u"%1%"_s.arg(hundredths));
   }

@@ -4,12 +4,14 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/text/cSharedText.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/WindowSettings.h"
+#include "gui/toolkit/WindowTexts.h"
 #include "gui/toolkit/cSharedPrinter.h"
 #include "gui/views/FontLists.h"
 
@@ -33,7 +35,7 @@ namespace {
 
 constexpr auto kModule = "frmPrinterSetup";
 const QString kBlock = u"PrinterSetup"_s;
-const QString kNoPrinter = u"No Printer"_s;
+const QString kNoPrinter = shownText(u"No Printer"_s);
 constexpr qint16 kSmallestSize = 6;
 constexpr qint16 kLargestSize = 72;
 constexpr int kSampleLines = 5;
@@ -76,12 +78,13 @@ void frmPrinterSetup::createControls() {
   lblReportPrinterName = new QToolButton(this);
   giveName(*lblReportPrinterName, u"lblReportPrinterName"_s);
   lblReportPrinterName->setAutoRaise(true);
-  lblReportPrinterName->setToolTip(u"Choose another printer"_s);
+  lblReportPrinterName->setToolTip(translated(u"Choose another printer"_s));
+  keepWords(*lblReportPrinterName);
   lblReportPrinterName->setFocusPolicy(Qt::StrongFocus);
   cmdSetup = makeButton(u"cmdSetup"_s, u"S&etup..."_s, this);
   cmdSetup->setToolTip(u"Choose another printer"_s);
   optSingleSpaced = makeOption(u"optSingleSpaced"_s, u"S&ingle"_s, this);
-  optOneAndHalf = makeOption(u"optOneAndHalf"_s, u"1½ &lines"_s, this);
+  optOneAndHalf = makeOption(u"optOneAndHalf"_s, shownText(u"1½ &lines"_s), this);
   optDoubleSpaced = makeOption(u"optDoubleSpaced"_s, u"&Double"_s, this);
   cmbFonts = new QComboBox(this);
   giveName(*cmbFonts, u"cmbFonts"_s, u"Font"_s);
@@ -192,7 +195,7 @@ void frmPrinterSetup::fillFonts() {
   int chosen = -1;
   for (const QString& family : distinctFamilies(there + QStringList(current))) {
     const bool isThere = there.contains(family, Qt::CaseInsensitive);
-    cmbFonts->addItem(isThere ? family : u"%1 (replaced by %2)"_s.arg(family, standInFor(family)), family);
+    cmbFonts->addItem(isThere ? family : translated(u"%1 (replaced by %2)"_s).arg(family, standInFor(family)), family);
     if (chosen < 0 && TextTools().StringsEqual(family, current)) {
       chosen = cmbFonts->count() - 1;
     }
@@ -202,8 +205,11 @@ void frmPrinterSetup::fillFonts() {
 
 void frmPrinterSetup::showPrinter(const QString& name) {
   printerName_ = name;
-  lblReportPrinterName->setText(QString(name.isEmpty() ? kNoPrinter : name).replace(u'&', u"&&"_s));
-  lblReportPrinterName->setAccessibleName(u"Printer: "_s + (name.isEmpty() ? kNoPrinter : name));
+  const QString shown = name.isEmpty()                      ? translated(kNoPrinter)
+                        : name == cSharedPrinter::pdfFile() ? translated(u"PDF file"_s)
+                                                            : name;
+  lblReportPrinterName->setText(QString(shown).replace(u'&', u"&&"_s));
+  lblReportPrinterName->setAccessibleName(translated(u"Printer: %1"_s).arg(shown));
 }
 
 void frmPrinterSetup::showSample() {
@@ -225,8 +231,8 @@ bool frmPrinterSetup::isSizeTaken() {
   }
   txtFontSize->setFocus();
   txtFontSize->selectAll();
-  toolkit().MsgBox(points < kSmallestSize ? u"Font size must be at least 6 points"_s
-                                          : u"Font size must be at most 72 points"_s);
+  toolkit().MsgBox(points < kSmallestSize ? shownText(u"Font size must be at least 6 points"_s)
+                                          : shownText(u"Font size must be at most 72 points"_s));
   return false;
 }
 
@@ -255,8 +261,8 @@ bool frmPrinterSetup::askPdfPath() {
   }
   if (!path.endsWith(ending, Qt::CaseInsensitive)) {
     path += ending;
-    if (Files().FileExists(path) &&
-        toolkit().MsgBox(path + u" is there already. Replace it?"_s, Buttons::NoUnlessYes) != Answer::Yes) {
+    if (Files().FileExists(path) && toolkit().MsgBox(translated(u"%1 is there already. Replace it?"_s).arg(path),
+                                                     Buttons::NoUnlessYes) != Answer::Yes) {
       return false;
     }
   }

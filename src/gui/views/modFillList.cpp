@@ -1,5 +1,6 @@
 #include "gui/views/modFillList.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsItem.h"
@@ -49,7 +50,7 @@ ListRow castRow(qint32 id, bool showFullName) {
   return {charCells(*character, showFullName),
           character->major ? "viewpoint" : "character",
           {},
-          {character->major ? u"major"_s : u"minor"_s}};
+          {character->major ? shownText(u"major"_s) : shownText(u"minor"_s)}};
 }
 
 auto locationByID() {
@@ -105,7 +106,7 @@ void FillCharInScene(ListView& list, qint32 SceneID, bool ShowFullName, bool Onl
     return ListRow{charCells(*character, ShowFullName),
                    narrates ? "viewpoint" : "character",
                    {},
-                   narrates ? QStringList{u"viewpoint"_s} : QStringList(),
+                   narrates ? QStringList{shownText(u"viewpoint"_s)} : QStringList(),
                    character->FullName};
   });
 }

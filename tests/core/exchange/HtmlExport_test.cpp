@@ -32,18 +32,3 @@ TEST(HtmlExport, TheUsedChaptersOfTheRangeBecomeOnePage) {
   EXPECT_EQ(steps, 1);
   newProject();
 }
-
-TEST(HtmlExport, ANameGetsAnExtensionWhereItHasNone) {
-  const struct {
-    const char* typed;
-    const char* path;
-    bool isForPages;
-  } names[] = {{"/a.htm/book", "/a.htm/book.html", false},
-               {"/a/book.htm", "/a/book.htm", false},
-               {"/a/Book.HTML", "/a/Book.HTML", false},
-               {"/a/book.PLHTM", "/a/book.PLHTM", true}};
-  for (const auto& name : names) {
-    EXPECT_EQ(HtmlExport::withExtension(QString::fromLatin1(name.typed)), QString::fromLatin1(name.path));
-    EXPECT_EQ(HtmlExport::isForPages(QString::fromLatin1(name.path)), name.isForPages) << name.path;
-  }
-}

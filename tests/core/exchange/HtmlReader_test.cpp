@@ -46,11 +46,7 @@ QString marked(const RichText& text) {
 }  // namespace
 
 TEST(HtmlReader, APageIsReadAsItIsSeen) {
-  struct Case {
-    const char* html;
-    QString seen;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, QString> cases[] = {
       {"", u"|"_s},
       {"<html><head><title>No</title></head>\n<body>\n<h1>Chapter\n 1</h1>\n\n<p>One   "
        "two</p><p>three</p></body></html>",
@@ -88,8 +84,8 @@ TEST(HtmlReader, APageIsReadAsItIsSeen) {
        u"*a/b*/|/c*d*/|"_s},
       {"a</br>b</>c<pre>\r\nd</pre><q>e</q>", u"a|bc|d|\u201Ce\u201D|"_s},
   };
-  for (const Case& expected : cases) {
-    EXPECT_EQ(marked(readHtml(QString::fromUtf8(expected.html))), expected.seen) << expected.html;
+  for (const auto& [html, seen] : cases) {
+    EXPECT_EQ(marked(readHtml(QString::fromUtf8(html))), seen) << html;
   }
 }
 

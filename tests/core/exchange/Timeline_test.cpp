@@ -37,8 +37,7 @@ TEST(Timeline, HasARowForEachChapterAndForEachSceneOfAMarkedViewpoint) {
   const QString none = u"<td>&nbsp;</td>"_s;
   const struct {
     QStringList characters;
-    QString first;
-    QString second;
+    QString first, second;
   } cases[] = {
       {{u"Anna"_s, u"Nobody's"_s, u"Zoë"_s},
        none + none + u"<td>She <b>lands</b>.</td>"_s,

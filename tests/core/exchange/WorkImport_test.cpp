@@ -40,13 +40,7 @@ WorkImport cut(const RichText& text) {
 }  // namespace
 
 TEST(WorkImport, ATextIsCutIntoChaptersAndScenes) {
-  struct Case {
-    QString text;
-    QString cut;
-    qint32 words;
-    qint32 inFront;
-  };
-  const Case cases[] = {
+  const std::tuple<QString, QString, qint32, qint32> cases[] = {
       {u""_s, u""_s, 0, 0},
       {u"No heading\nat all"_s, u""_s, 0, 4},
       {u"By me\n\nCHAPTER 3\nOne\nTwo\nchapter four\nEnd"_s, u"CHAPTER 3|One|Two#chapter four|End"_s, 7, 2},
@@ -59,11 +53,11 @@ TEST(WorkImport, ATextIsCutIntoChaptersAndScenes) {
       {u"In Chapter\u00A01, chapters\n and a chapter too"_s, u"chapter too"_s, 2, 6},
       {u"a\n\n\nChapter 1\n\n\nb\n\n\nChapter 2"_s, u"Chapter 1|||b||#Chapter 2"_s, 5, 1},
   };
-  for (const Case& expected : cases) {
-    const WorkImport work = cut(RichText::fromPlain(expected.text));
-    EXPECT_EQ(shown(work), expected.cut) << expected.text;
-    EXPECT_EQ(work.words, expected.words) << expected.text;
-    EXPECT_EQ(work.wordsInFront, expected.inFront) << expected.text;
+  for (const auto& [text, expected, words, inFront] : cases) {
+    const WorkImport work = cut(RichText::fromPlain(text));
+    EXPECT_EQ(shown(work), expected) << text;
+    EXPECT_EQ(work.words, words) << text;
+    EXPECT_EQ(work.wordsInFront, inFront) << text;
   }
 }
 
@@ -181,11 +175,7 @@ TEST(WorkImport, TheBookHoldsWhatWasCutAndNothingElse) {
 }
 
 TEST(SceneListImport, ALineIsAScene) {
-  struct Case {
-    QString text;
-    QString ideas;
-  };
-  const Case cases[] = {
+  const std::pair<QString, QString> cases[] = {
       {u""_s, u""_s},
       {u"One. Two!\r\nWow! Really.\rNone\n\tIndented. Yes"_s,
        u"+One.=One. Two! Wow!=Wow! Really. No short description=None +\tIndented.=\tIndented. Yes"_s},
@@ -195,15 +185,15 @@ TEST(SceneListImport, ALineIsAScene) {
       {u"<html><head><title>x.</title></head><body><p>A &amp; b. <b>C</b>\nd</p>\n<p>E!</p></body></html>"_s,
        u"+A & b.=A & b. C d E!=E!"_s},
   };
-  for (const Case& expected : cases) {
+  for (const auto& [text, expected] : cases) {
     QStringList ideas;
-    for (const SceneListImport::Idea& idea : SceneListImport::read(expected.text).ideas) {
+    for (const SceneListImport::Idea& idea : SceneListImport::read(text).ideas) {
       ideas.append((idea.opensChapter ? u"+"_s : QString()) + idea.title + u'=' + idea.description);
     }
-    EXPECT_EQ(ideas.join(u' '), expected.ideas) << expected.text;
+    EXPECT_EQ(ideas.join(u' '), expected) << text;
   }
   makeSmallProject();
-  SceneListImport::read(cases[2].text).fill(*g_Project);
+  SceneListImport::read(cases[2].first).fill(*g_Project);
   ASSERT_EQ(g_Project->ChapterCount(), 3);
   EXPECT_EQ(chapterAt(3)->SceneCount(), 1);
   EXPECT_EQ(chapterAt(3)->Title + sceneAt(7)->DescText + sceneAt(7)->ViewPointChar()->Title(), u"Chapter 37.Unnamed"_s);

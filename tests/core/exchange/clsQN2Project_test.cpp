@@ -57,14 +57,7 @@ QStringList lostWords(const QByteArray& file, const clsQN2Text& read) {
 }  // namespace
 
 TEST(clsQN2Scene, TagsAreCutOutAndWhatRemainsIsTheText) {
-  struct Row {
-    QString span;
-    QString title;
-    QString outcome;
-    qint16 day;
-    QString text;
-  };
-  const Row rows[] = {
+  const std::tuple<QString, QString, QString, qint16, QString> rows[] = {
       {u"[COL:2][DESC: A\r\nb ][RESULT:won][DAY:3]\r\n\r\n  Text.\r\n"_s, u"A b"_s, u"won"_s, 3, u"  Text."_s},
       {u"[result:won]x[desc:late]y"_s, u"late"_s, QString(), 0, u"[result:won]xy"_s},
       {u"a [day: 12x] b [DESC:open"_s, QString(), QString(), 12, u"a  b [DESC:open"_s},
@@ -72,13 +65,13 @@ TEST(clsQN2Scene, TagsAreCutOutAndWhatRemainsIsTheText) {
       {QString(), QString(), QString(), 0, QString()},
       {u"{\\rtf1 \u4E2D}"_s, QString(), QString(), 0, u"{\\rtf1 \u4E2D}"_s},
   };
-  for (const Row& row : rows) {
-    const clsQN2Scene scene{QString(row.span)};
-    EXPECT_EQ(scene.Title, row.title) << qPrintable(row.span);
-    EXPECT_EQ(scene.Outcome, row.outcome) << qPrintable(row.span);
-    EXPECT_EQ(scene.Day, row.day) << qPrintable(row.span);
-    EXPECT_EQ(scene.Text, row.text) << qPrintable(row.span);
-    EXPECT_FALSE(scene.TextRTF().contains('?')) << qPrintable(row.span);
+  for (const auto& [span, title, outcome, day, text] : rows) {
+    const clsQN2Scene scene{QString(span)};
+    EXPECT_EQ(scene.Title, title) << qPrintable(span);
+    EXPECT_EQ(scene.Outcome, outcome) << qPrintable(span);
+    EXPECT_EQ(scene.Day, day) << qPrintable(span);
+    EXPECT_EQ(scene.Text, text) << qPrintable(span);
+    EXPECT_FALSE(scene.TextRTF().contains('?')) << qPrintable(span);
   }
 }
 
@@ -107,9 +100,8 @@ TEST(clsQN2Project, AllOfItComesIntoTheBook) {
   EXPECT_EQ(old.ActorNum(u"nobody"_s), -1);
   EXPECT_EQ(fillBook(old), QStringList(u"What stood before the first scene of these chapters is in their descriptions "
                                        "now: One, the first"_s));
-  EXPECT_EQ(g_Project->Title, u"\"My\" first, book"_s);
-  EXPECT_EQ(g_Project->AuthorName, u"Lee, A."_s);
-  EXPECT_EQ(g_Project->FieldTitle(2), u"Wit"_s);
+  EXPECT_EQ((QStringList{g_Project->Title, g_Project->AuthorName, g_Project->FieldTitle(2)}),
+            (QStringList{u"\"My\" first, book"_s, u"Lee, A."_s, u"Wit"_s}));
   EXPECT_EQ(g_Project->DeadlineDate(1), Numbers::DayNumber("2001-05-04"));
   EXPECT_EQ(g_Project->DeadlineStartDate(1), Numbers::DayNumber("2001-05-01"));
   EXPECT_EQ(g_Project->WordTarget, 60000);
@@ -129,11 +121,9 @@ TEST(clsQN2Project, AllOfItComesIntoTheBook) {
   EXPECT_TRUE(first->TextRTF().startsWith("{\\rtf"));
   EXPECT_EQ(first->ConvertedToBodyText(), u"Café {at} the \\gate.\r\nSecond line."_s);
   const auto lee = first->ViewPointChar();
-  EXPECT_EQ(lee->Title(), u"ANN/LEE"_s);
-  EXPECT_EQ(lee->FullName, u"Ann Marie Lee: the elder"_s);
-  EXPECT_EQ(lee->AlternateNames, u"Annie"_s);
-  EXPECT_EQ(lee->Bio, u"Born {here}.\r\nStayed."_s);
-  EXPECT_EQ(lee->Goals, u"To leave"_s);
+  EXPECT_EQ((QStringList{lee->Title(), lee->FullName, lee->AlternateNames, lee->Bio, lee->Goals}),
+            (QStringList{u"ANN/LEE"_s, u"Ann Marie Lee: the elder"_s, u"Annie"_s, u"Born {here}.\r\nStayed."_s,
+                         u"To leave"_s}));
   EXPECT_EQ(sceneAt(2)->ConvertedToBodyText(), u"Bob's words [GOAL:late"_s);
   EXPECT_EQ(sceneAt(3)->ViewPointID(), 0);
   EXPECT_EQ(sceneAt(4)->ConvertedToBodyText(), u"No marks at all."_s);
@@ -144,12 +134,7 @@ TEST(clsQN2Project, AllOfItComesIntoTheBook) {
 }
 
 TEST(clsQN2Project, WhatCanBeReadOfADamagedOneIsEnough) {
-  struct Row {
-    QByteArray content;
-    bool isRead;
-    QString author;
-  };
-  const Row rows[] = {
+  const std::tuple<QByteArray, bool, QString> rows[] = {
       {"T\nAUTHOR,Ann \"Kit\"\n", true, u"Ann \"Kit\""_s},
       {"T\nAUTHOR,\"Wit\" and \"fun\"\n", true, u"\"Wit\" and \"fun\""_s},
       {"T\nAUTHOR,\"Lee, A.\"\n", true, u"Lee, A."_s},
@@ -159,12 +144,12 @@ TEST(clsQN2Project, WhatCanBeReadOfADamagedOneIsEnough) {
   };
   const ScratchFolder scratch;
   const QString path = scratch.path(u"Old.qnp"_s);
-  for (const Row& row : rows) {
-    writeFile(path, row.content);
+  for (const auto& [content, isRead, author] : rows) {
+    writeFile(path, content);
     clsQN2Project old;
-    EXPECT_EQ(old.LoadProject(path), row.isRead) << row.content.constData();
-    EXPECT_EQ(old.Author, row.author);
-    EXPECT_FALSE(old.findings().join(u' ').contains(u"Not understood"_s)) << row.content.constData();
+    EXPECT_EQ(old.LoadProject(path), isRead) << content.constData();
+    EXPECT_EQ(old.Author, author);
+    EXPECT_FALSE(old.findings().join(u' ').contains(u"Not understood"_s)) << content.constData();
   }
   // Actors alone, but not from a folder that leads elsewhere.
   const ScratchFolder outside;

@@ -120,11 +120,3 @@ TEST(FileStamp, WhatWasReadOrWrittenIsKnownAgain) {
   EXPECT_FALSE(FileStamp::lookAt(path).looksLike(written));
   EXPECT_FALSE(FileStamp::lookAt(folder.path()).isKnown()) << "a folder";
 }
-
-TEST(FileStamp, ALinkIsRefusedWhereThatIsWanted) {
-  const ScratchFolder folder;
-  writeFile(folder.path(u"real"_s), "text");
-  ASSERT_TRUE(QFile::link(folder.path(u"real"_s), folder.path(u"link"_s)));
-  EXPECT_EQ(readWholeFile(folder.path(u"link"_s)), "text");
-  EXPECT_FALSE(readWholeFile(folder.path(u"link"_s), Links::Refused));
-}

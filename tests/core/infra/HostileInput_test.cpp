@@ -1,4 +1,3 @@
-#include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
 #include "support/Mutations.h"
@@ -20,18 +19,6 @@ namespace {
 
 const QByteArrayList kSnippets{"\r\n", ",", "%u", "%u04", "_INDEX", "RECENT", "&H", "-", "e9"};
 
-void useEveryWay(cSHAREDSettings& settings) {
-  for (int i = 1; i <= settings.SettingsCount(); ++i) {
-    const QString name = settings.SettingNameByIndex(i);
-    settings.sGetWD(name, 1);
-    Numbers::ToInt(settings.sGet(name));
-  }
-  settings.AddToSet(u"RECENT"_s, u"x"_s);
-  settings.SetCount(u"RECENT"_s);
-  settings.DeleteFromSetByValue(u"RECENT"_s, u"C:\\b.qn4"_s);
-  settings.DeleteASet(u"RECENT"_s);
-}
-
 }  // namespace
 
 TEST(HostileInput, AnyBytesAreASettingsFileThatSavesAndLoadsTheSame) {
@@ -52,7 +39,6 @@ TEST(HostileInput, AnyBytesAreASettingsFileThatSavesAndLoadsTheSame) {
     again.LoadSettings(path);
     ASSERT_TRUE(again.SaveSettings(path));
     ASSERT_EQ(fileBytes(path), first);
-    useEveryWay(settings);
   }
 }
 

@@ -30,17 +30,23 @@ TEST(Paths, ABackslashIsALetterInAFullPathWhereSlashesPart) {
   }
 }
 
-TEST(Paths, InstalledFilesAreFoundBesideTheDataFirst) {
+TEST(Paths, AnInstalledProgramFindsItsFilesFromWhereItStandsAndThoseBesideItFirst) {
   const ScratchFolder folder;
   const QString former = Paths::programFolder();
   const QString program = QDir::toNativeSeparators(folder.path(u"bin"_s)) + Paths::separator();
   QDir(folder.path()).mkpath(u"bin"_s);
   QDir(folder.path()).mkpath(u"share/quillane4/Dict"_s);
   Paths::overrideFolders(program);
-  EXPECT_EQ(QDir::cleanPath(Paths::installed(u"Dict"_s)), folder.path(u"share/quillane4/Dict"_s));
+  EXPECT_EQ(Paths::installed(u"Dict"_s), folder.path(u"share/quillane4/Dict"_s));
   QDir(folder.path()).mkpath(u"bin/Dict"_s);
   EXPECT_EQ(Paths::installed(u"Dict"_s), program + u"Dict"_s);
   EXPECT_EQ(Paths::installed(u"missing"_s), program + u"missing"_s);
+
+  QDir(folder.path()).mkpath(u"lib/quillane4/helpers/Hash.dll"_s);
+  EXPECT_EQ(Paths::helperLibrary(u"Hash.dll"_s), folder.path(u"lib/quillane4/helpers/Hash.dll"_s));
+  QDir(folder.path()).mkpath(u"bin/Hash.dll"_s);
+  EXPECT_EQ(Paths::helperLibrary(u"Hash.dll"_s), program + u"Hash.dll"_s);
+  EXPECT_EQ(Paths::helperLibrary(u"missing"_s), program + u"missing"_s);
   Paths::overrideFolders(former);
 }
 

@@ -1,7 +1,5 @@
 #include "core/infra/cSharedFileSubs.h"
 
-#include "core/infra/Clock.h"
-#include "core/infra/FileChannels.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/cSharedLogging.h"
@@ -36,14 +34,6 @@ QStringList namesIn(const QString& folder) {
 
 class cSharedFileSubsTest : public ::testing::Test {
  protected:
-  /// Files with their own name as text, and the folders above them.
-  void makeFiles(const QStringList& names) const {
-    for (const QString& name : names) {
-      Files().MkMissingDir(Files().PathOnly(folder.path(name)));
-      Files().WriteTextFile(folder.path(name), name.toLatin1());
-    }
-  }
-
   const ScratchFolder folder;
   const QString path = folder.path(u"scene.rtf"_s);
 };
@@ -52,52 +42,33 @@ class cSharedFileSubsTest : public ::testing::Test {
 
 TEST(cSharedFileSubs, PathStringsArePartedAtBothSlashes) {
   using Operation = QString (cSharedFileSubs::*)(const QString&) const;
-  const std::pair<Operation, QList<std::pair<QString, QString>>> cases[] = {
-      {&cSharedFileSubs::PathOnly, {{u"x.qn4"_s, u"./"_s}, {u"C:\\a/b\\c.txt"_s, u"C:/a/b/"_s}, {u""_s, u"./"_s}}},
-      {&cSharedFileSubs::ExtractPath, {{u"x.qn4"_s, u""_s}, {u"/a/x"_s, u"/a/"_s}}},
-      {&cSharedFileSubs::ExtOnly, {{u"a.b.c"_s, u"c"_s}, {u"abc"_s, u""_s}, {u"abc."_s, u""_s}}},
-      {&cSharedFileSubs::ExtOnlyWithDot, {{u"a.b.c"_s, u".c"_s}, {u"abc"_s, u""_s}}},
-      {&cSharedFileSubs::FileOnly, {{u"C:\\a/b.c"_s, u"b.c"_s}, {u"b.c"_s, u"b.c"_s}, {u"a/"_s, u""_s}}},
-      {&cSharedFileSubs::FileWithoutExt,
-       {{u"C:\\a.b\\c"_s, u"C:\\a"_s},
-        {u"/a.b/My.Novel.qn4"_s, u"/a.b/My.Novel"_s},
-        {u"abc"_s, u"abc"_s},
-        {u".x"_s, u""_s}}},
-      {&cSharedFileSubs::Fileroot, {{u"/a/b.txt"_s, u"/a/b"_s}}},
-      {&cSharedFileSubs::FileExPath, {{u"/a/b.txt"_s, u"b.txt"_s}}},
-      {&cSharedFileSubs::DriveOnly, {{u"C:\\a"_s, u"C"_s}, {u"\\a"_s, u""_s}, {u""_s, u""_s}}},
-      {&cSharedFileSubs::FolderExDrive,
-       {{u"C:\\a\\b"_s, u"a\\b"_s}, {u"\\\\server\\share\\x"_s, u"share\\x"_s}, {u"/a/b"_s, u"a/b"_s}}},
-      {&cSharedFileSubs::AddSlashIfMissing, {{u""_s, u""_s}, {u"a"_s, u"a/"_s}, {u"a\\"_s, u"a\\"_s}}},
-      {&cSharedFileSubs::AddForwardSlashIfMissing, {{u"a"_s, u"a/"_s}, {u"a/"_s, u"a/"_s}}},
-      {&cSharedFileSubs::RemoveSlashFromEnd, {{u"a//"_s, u"a/"_s}, {u"/"_s, u"/"_s}}},
-      {&cSharedFileSubs::ExtractUNCShare,
-       {{u"\\\\server\\share\\x\\y"_s, u"\\\\server\\share"_s},
-        {u"\\\\server"_s, u"\\\\server"_s},
-        {u"C:\\a"_s, u""_s}}},
-      {&cSharedFileSubs::ExtractUNCPath, {{u"\\\\server\\share\\x\\y"_s, u"\\x\\y"_s}, {u"\\\\server"_s, u""_s}}},
-      {&cSharedFileSubs::LastFolder, {{u"C:\\a\\b\\"_s, u"b"_s}, {u"/a/b"_s, u"b"_s}}},
+  const std::tuple<Operation, QString, QString> cases[] = {
+      {&cSharedFileSubs::PathOnly, u"x.qn4"_s, u"./"_s},
+      {&cSharedFileSubs::PathOnly, u"C:\\a/b\\c.txt"_s, u"C:/a/b/"_s},
+      {&cSharedFileSubs::ExtractPath, u"x.qn4"_s, u""_s},
+      {&cSharedFileSubs::ExtOnly, u"a.b.c"_s, u"c"_s},
+      {&cSharedFileSubs::ExtOnlyWithDot, u"a.b.c"_s, u".c"_s},
+      {&cSharedFileSubs::FileOnly, u"C:\\a/b.c"_s, u"b.c"_s},
+      {&cSharedFileSubs::FileWithoutExt, u"C:\\a.b\\c"_s, u"C:\\a"_s},
+      {&cSharedFileSubs::FileWithoutExt, u"/a.b/My.Novel.qn4"_s, u"/a.b/My.Novel"_s},
+      {&cSharedFileSubs::AddSlashIfMissing, u""_s, u""_s},
+      {&cSharedFileSubs::AddSlashIfMissing, u"a"_s, u"a/"_s},
+      {&cSharedFileSubs::RemoveSlashFromEnd, u"/"_s, u"/"_s},
+      {&cSharedFileSubs::LastFolder, u"C:\\a\\b\\"_s, u"b"_s},
   };
-  for (const auto& [operation, results] : cases) {
-    for (const auto& [path, expected] : results) {
-      EXPECT_EQ(Paths::native((Files().*operation)(path)), Paths::native(expected)) << path;
-    }
+  for (const auto& [operation, path, expected] : cases) {
+    EXPECT_EQ(Paths::native((Files().*operation)(path)), Paths::native(expected)) << path;
   }
-  for (const QString& file : {u"b"_s, u"/b"_s, u"\\b"_s}) {
-    EXPECT_EQ(Paths::native(Files().Combine(u"a"_s, file)), Paths::native(u"a/b"_s));
-    EXPECT_EQ(Paths::native(Files().Combine(u"a/"_s, file)), Paths::native(u"a/b"_s));
+  for (const QString& folder : {u"a"_s, u"a/"_s}) {
+    EXPECT_EQ(Paths::native(Files().Combine(folder, u"\\b"_s)), Paths::native(u"a/b"_s));
   }
-  EXPECT_EQ(Files().Combine({}, u"/b"_s), u"/b"_s);
 }
 
 TEST(cSharedFileSubs, NamesAreFittedForTheFileSystem) {
-  const std::pair<QString, QString> cases[] = {{u"a\\b/c:d*e?f<g>h|i&j,k%l\"m"_s, u"a b c d e f g h i j k l m"_s},
-                                               {u"CON"_s, u"CON1"_s},
-                                               {u"AUX"_s, u"AUX1"_s},
-                                               {u"CONS"_s, u"CONS"_s},
-                                               {u" ?Mary's? "_s, u"Mary's"_s},
-                                               {u"***"_s, u""_s}};
-  for (const auto& [given, expected] : cases) {
+  for (const auto& [given, expected] : {std::pair{u"a\\b/c:d*e?f<g>h|i&j,k%l\"m"_s, u"a b c d e f g h i j k l m"_s},
+                                        {u"CON"_s, u"CON1"_s},
+                                        {u" ?Mary's? "_s, u"Mary's"_s},
+                                        {u"***"_s, u""_s}}) {
     QString name = given;
     Files().CleanString(name);
     EXPECT_EQ(name, expected);
@@ -113,35 +84,22 @@ TEST_F(cSharedFileSubsTest, TextFilesComeBackByteForByte) {
   EXPECT_EQ(contentOf(path), all);
   EXPECT_TRUE(Files().SaveTextFile(path, u"\u20AC\u0416"_s));
   EXPECT_EQ(contentOf(path), "\x80?");
-  QString text;
-  EXPECT_TRUE(Files().ReadTextFile(path, text));
-  EXPECT_EQ(text, u"\u20AC?"_s);
-  EXPECT_TRUE(Files().AppendToTextFile(path, QByteArray("x")));
-  EXPECT_EQ(contentOf(path), "\x80?x\r\n");
   EXPECT_TRUE(Files().WriteTextFile(path, QByteArray()));
   EXPECT_EQ(contentOf(path), "");
 }
 
 TEST_F(cSharedFileSubsTest, MissingFilesGiveTheDefaults) {
   const QString missing = folder.path(u"no/such.txt"_s);
-  QByteArray text = "old";
-  EXPECT_FALSE(Files().LoadTextFile(missing, text));
-  EXPECT_EQ(text, "");
-  text = "old";
-  EXPECT_FALSE(Files().LoadTextFile(folder.path(), text)) << "a folder is no text file";
-  EXPECT_EQ(text, "");
-  EXPECT_FALSE(Files().LoadTextFile({}, text));
+  for (const QString& none : {missing, folder.path(), QString()}) {
+    QByteArray text = "old";
+    EXPECT_FALSE(Files().LoadTextFile(none, text)) << none;
+    EXPECT_EQ(text, "");
+  }
   EXPECT_FALSE(Files().FileDate(missing).isValid());
   EXPECT_EQ(Files().FileSize(missing), 0);
-  EXPECT_EQ(Files().LinesInFile(missing), 0);
-  EXPECT_FALSE(Files().isReadonly(missing));
-  EXPECT_FALSE(Files().MakeReadWrite(missing));
-  EXPECT_EQ(Files().OpenFile(missing), -1);
   EXPECT_TRUE(Files().EraseFile(missing));
   EXPECT_EQ(Files().CreateOutputFile(missing), -1);
-  EXPECT_FALSE(Files().AppendToTextFile(missing, QByteArray("x")));
   EXPECT_FALSE(Files().WriteTextFile(missing, QByteArray("x")));
-  EXPECT_TRUE(Logging().CurrentAction().contains(u"(76) in WriteTextFile of module cSharedFileSubs"_s));
 }
 
 TEST_F(cSharedFileSubsTest, AFailedWriteLeavesTheOldFileWhole) {
@@ -157,18 +115,6 @@ TEST_F(cSharedFileSubsTest, AFailedWriteLeavesTheOldFileWhole) {
   }
   EXPECT_EQ(contentOf(path), "fit");
   EXPECT_EQ(namesIn(folder.path()), QStringList(u"scene.rtf"_s)) << "nothing half written is left behind";
-}
-
-TEST_F(cSharedFileSubsTest, ReplacingTellsWhyItFailed) {
-  QDir(folder.path()).mkdir(u"folder"_s);
-  const std::pair<QString, int> cases[] = {{QString(), RuntimeError::BadFileName},
-                                           {folder.path(QString(300, u'x')), RuntimeError::BadFileName},
-                                           {folder.path(u"folder"_s), RuntimeError::PathAccess},
-                                           {folder.path(u"missing/x"_s), RuntimeError::PathNotFound}};
-  for (const auto& [target, number] : cases) {
-    EXPECT_EQ(errorOfReplacing(target, "x"), number) << target;
-  }
-  EXPECT_EQ(namesIn(folder.path()), QStringList(u"folder"_s));
 }
 
 TEST_F(cSharedFileSubsTest, ReplacingKeepsPermissionsAndFollowsLinks) {
@@ -187,34 +133,25 @@ TEST_F(cSharedFileSubsTest, ReplacingKeepsPermissionsAndFollowsLinks) {
 }
 
 TEST_F(cSharedFileSubsTest, ReadOnlyFilesAreMadeWritable) {
-  const auto lock = [&] { QFile::setPermissions(path, QFile::ReadOwner); };
-  ASSERT_TRUE(Files().WriteTextFile(path, QByteArray("old")));
-  lock();
-  EXPECT_TRUE(Files().isReadonly(path));
+  const auto lock = [&] { return QFile::setPermissions(path, QFile::ReadOwner); };
+  ASSERT_TRUE(Files().WriteTextFile(path, QByteArray("old")) && lock());
   EXPECT_TRUE(Files().WriteTextFile(path, QByteArray("new")));
+  EXPECT_EQ(contentOf(path), "new");
   EXPECT_FALSE(Files().isReadonly(path));
-  lock();
-  EXPECT_TRUE(Files().AppendToTextFile(path, QByteArray("er")));
-  EXPECT_EQ(contentOf(path), "newer\r\n");
-  lock();
+  ASSERT_TRUE(lock());
   EXPECT_TRUE(Files().EraseFile(path));
   EXPECT_FALSE(Files().FileExists(path));
 }
 
-TEST_F(cSharedFileSubsTest, AFileThatStaysReadOnlyIsLeftAndTold) {
+TEST_F(cSharedFileSubsTest, AFileThatStaysReadOnlyIsLeft) {
   QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
   ASSERT_TRUE(Files().WriteTextFile(path, QByteArray("old")));
   QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-  Logging().WriteActionsToLog();
   const OrdinaryUser user;
   if (!user.limited()) {
     GTEST_SKIP() << "permissions don't refuse here";
   }
   EXPECT_EQ(Files().CreateOutputFile(path), -1);
-  EXPECT_EQ(Logging().CurrentAction(),
-            u"DBG: "_s + path +
-                u" is read only, can't change it to read write, can't update it in CreateOutputFile of module "
-                u"cSharedFileSubs"_s);
   EXPECT_EQ(Files().OpenAppendFile(path), -1);
   EXPECT_EQ(errorOfReplacing(path, "new"), RuntimeError::PathAccess);
   EXPECT_EQ(contentOf(path), "old");
@@ -263,15 +200,6 @@ TEST_F(cSharedFileSubsTest, ALinkIsErasedAndMovedByItself) {
   EXPECT_EQ(namesIn(folder.path()), QStringList(u"real"_s));
 }
 
-TEST_F(cSharedFileSubsTest, LinesAreCountedAtEveryKindOfEnd) {
-  const std::pair<const char*, int> cases[] = {{"", 0},       {"a", 1},    {"a\r\n", 1},    {"a\r\nb", 2},
-                                               {"a\nb\n", 2}, {"a\rb", 2}, {"\r\n\r\n", 2}, {"\n\r", 2}};
-  for (const auto& [text, lines] : cases) {
-    Files().WriteTextFile(path, QByteArray(text));
-    EXPECT_EQ(Files().LinesInFile(path), lines) << text;
-  }
-}
-
 TEST_F(cSharedFileSubsTest, FoldersAreMadeLevelByLevel) {
   const QString deep = folder.path(u"a/b/c/"_s);
   EXPECT_FALSE(Files().MkMissingDir(u"  "_s));
@@ -279,45 +207,9 @@ TEST_F(cSharedFileSubsTest, FoldersAreMadeLevelByLevel) {
   EXPECT_TRUE(Files().MkMissingDir(deep));
   EXPECT_FALSE(Files().MkMissingDir(deep)) << "it is there already";
   EXPECT_TRUE(Files().FolderExists(folder.path(u"a/b/c"_s)));
-  EXPECT_TRUE(Files().MkMissingDirNoRecurse(folder.path(u"a/d"_s)));
-  EXPECT_FALSE(Files().EraseFolder(folder.path(u"a"_s))) << "it isn't empty";
-  EXPECT_TRUE(Files().EraseFolder(deep));
   EXPECT_FALSE(Files().FileExists(folder.path(u"a"_s)));
-  Files().WriteTextFile(folder.path(u"file"_s), QByteArray("x"));
-  EXPECT_FALSE(Files().MkMissingDir(folder.path(u"file/below"_s)));
-}
-
-TEST_F(cSharedFileSubsTest, CopiesKeepTimeAndContent) {
-  const QString from = folder.path(u"from.txt"_s);
-  const QDateTime time(QDate(2020, 2, 3), QTime(4, 5, 6));
-  const QByteArray large(3 << 20, 'x');
-  ASSERT_TRUE(Files().WriteTextFile(from, large));
-  ASSERT_TRUE(Files().SetFileDateTime(from, time));
-  ScriptedToolkit person;
-  qint64 reported = 0;
-  int reports = 0;
-  const auto progress = [&](qint64 done, qint64 total) {
-    EXPECT_EQ(total, large.size());
-    reported = done;
-    ++reports;
-  };
-  QDir(folder.path()).mkdir(u"to"_s);
-  EXPECT_TRUE(Files().CopyFile(from, folder.path(u"to/"_s), progress));
-  EXPECT_EQ(reported, large.size());
-  EXPECT_GE(reports, 3);
-  const QString copy = folder.path(u"to/from.txt"_s);
-  EXPECT_EQ(contentOf(copy), large);
-  EXPECT_EQ(Files().FileDate(copy), time);
-
-  EXPECT_TRUE(Files().CopyFile(copy, copy)) << "onto itself nothing is lost";
-  EXPECT_EQ(contentOf(copy), large);
-  Files().WriteTextFile(from, QByteArray("older"));
-  Files().SetFileDateTime(from, time.addDays(-1));
-  EXPECT_TRUE(Files().CopyFileIfNewer(from, copy));
-  EXPECT_EQ(Files().FileSize(copy), large.size());
-  Files().SetFileDateTime(from, time.addDays(1));
-  EXPECT_TRUE(Files().CopyFileIfNewer(from, copy));
-  EXPECT_EQ(contentOf(copy), "older");
+  Files().WriteTextFile(path, QByteArray("x"));
+  EXPECT_FALSE(Files().MkMissingDir(path + u"/below"_s));
 }
 
 TEST_F(cSharedFileSubsTest, AFailedCopyOrMoveLosesNothing) {
@@ -341,57 +233,22 @@ TEST_F(cSharedFileSubsTest, AFailedCopyOrMoveLosesNothing) {
 }
 
 TEST_F(cSharedFileSubsTest, ListingsAreSortedAndFiltered) {
-  const QDateTime old(QDate(2020, 1, 1), QTime(12, 0));
-  makeFiles({u"b.RTF"_s, u"A.rtf"_s, u"c.txt"_s, u"sub/d.rtf"_s, u"sub/deep/e.txt"_s});
-  Files().SetFileDateTime(folder.path(u"A.rtf"_s), old);
-  const auto full = [&](const QString& name) { return QDir::toNativeSeparators(folder.path(name)); };
-  const QDateTime limit = old.addDays(1);
+  for (const QString& name : {u"b.RTF"_s, u"A.rtf"_s, u"c.txt"_s, u"sub/d.rtf"_s}) {
+    Files().MkMissingDir(Files().PathOnly(folder.path(name)));
+    Files().WriteTextFile(folder.path(name), name.toLatin1());
+  }
   QStringList list{u"stale"_s};
   Files().FillFiles(folder.path(), {}, list);
   EXPECT_EQ(list, QStringList({u"A.rtf"_s, u"b.RTF"_s, u"c.txt"_s}));
   Files().FillFiles(folder.path(), u".rtf"_s, list);
   EXPECT_EQ(list, QStringList({u"A.rtf"_s, u"b.RTF"_s}));
-  Files().FillFilesAfterDate(folder.path(), u"rtf"_s, limit, list);
-  EXPECT_EQ(list, QStringList(u"b.RTF"_s));
-  Files().FillFilesBeforeDate(folder.path(), {}, limit, list);
-  EXPECT_EQ(list, QStringList(u"A.rtf"_s));
-  Files().FillFilesRecursed(folder.path(), u"rtf"_s, list);
-  EXPECT_EQ(list, QStringList({full(u"A.rtf"_s), full(u"b.RTF"_s), full(u"sub/d.rtf"_s)}));
   Files().FillFolders(folder.path(), list);
   EXPECT_EQ(list, QStringList(u"sub"_s));
-  Files().FillFoldersRecursed(folder.path(), list);
-  EXPECT_EQ(list, QStringList({full(u"sub"_s), full(u"sub/deep"_s)}));
   QList<FileObject> objects;
   Files().FillFileObjects(folder.path(), u"rtf"_s, objects);
   ASSERT_EQ(objects.size(), 2);
-  EXPECT_EQ(objects[0].Date, old);
-  EXPECT_EQ(objects[1].Path, full(u"b.RTF"_s));
+  EXPECT_EQ(objects[1].Path, QDir::toNativeSeparators(folder.path(u"b.RTF"_s)));
   EXPECT_EQ(objects[1].Size, 5);
-}
-
-TEST_F(cSharedFileSubsTest, FoldersAreCopiedWithTheirFolders) {
-  makeFiles({u"from/a.rtf"_s, u"from/x/b.rtf"_s, u"from/x/c.txt"_s});
-  EXPECT_TRUE(Files().CopyFolder(folder.path(u"from"_s), folder.path(u"from/inside"_s), u"*.rtf"_s));
-  QStringList list;
-  Files().FillFilesRecursed(folder.path(u"from/inside"_s), {}, list);
-  EXPECT_EQ(list.size(), 2);
-  EXPECT_EQ(contentOf(folder.path(u"from/inside/x/b.rtf"_s)), "from/x/b.rtf");
-  EXPECT_FALSE(Files().CopyFolder(folder.path(u"missing"_s), folder.path(u"to"_s)));
-}
-
-TEST_F(cSharedFileSubsTest, ListingsYieldToTheWindow) {
-  for (int i = 0; i < 25; ++i) {
-    ASSERT_TRUE(QFile(folder.path(QString::number(i))).open(QIODevice::WriteOnly));
-  }
-  ScriptedToolkit person;
-  QStringList list;
-  const qint64 limit = Clock::ticks() + 60000;
-  while (person.yields == 0 && Clock::ticks() < limit) {
-    Files().FillFiles(folder.path(), {}, list);
-  }
-  EXPECT_EQ(person.yields, 1);
-  EXPECT_GT(Files().DiskFree(folder.path(u"missing/x"_s)), 0);
-  EXPECT_GE(Files().DiskSize(folder.path()), Files().DiskFree(folder.path()));
 }
 
 TEST_F(cSharedFileSubsTest, AProgramIsRunAndADocumentOpened) {
@@ -405,22 +262,13 @@ TEST_F(cSharedFileSubsTest, AProgramIsRunAndADocumentOpened) {
   const QString script = file(u"a tool"_s, "#!/bin/sh\n", true);
   const QString text = file(u"notes.txt"_s, "Anna leaves", true);
   const QString guarded = file(u"a script"_s, "#!/bin/sh\n", false);
-  const QString shell = QFileInfo(u"/bin/sh"_s).absoluteFilePath();
   const QString missing = folder.path(u"missing"_s);
   ScriptedToolkit person;
-  for (const QString& started : {script, text, guarded, shell, missing, u"no-such-program"_s}) {
+  for (const QString& started : {script, text, guarded, missing}) {
     Files().RunFile(started);
   }
-  EXPECT_EQ(person.programsRun, QStringList({script, shell}));
-  EXPECT_EQ(person.openedDocuments, QStringList({text, guarded, missing, u"no-such-program"_s}));
-  person.programsRun.clear();
-  EXPECT_TRUE(Files().RunFile(u"sh"_s));
-  EXPECT_TRUE(person.programsRun.value(0).endsWith(u"/sh"_s));
-  EXPECT_TRUE(Files().RunFileWithParam(script, u"two words"_s));
-  EXPECT_EQ(person.programsRun.last(), script + u" two words"_s);
+  EXPECT_EQ(person.programsRun, QStringList(script));
+  EXPECT_EQ(person.openedDocuments, QStringList({text, guarded, missing}));
   EXPECT_TRUE(Files().RunFileHidden(script));
-  person.openedDocuments.clear();
   EXPECT_FALSE(Files().RunFileHidden(guarded) || Files().RunFileHidden(text));
-  Files().RunFileWithParam(text, u"x"_s);
-  EXPECT_EQ(person.openedDocuments, QStringList(text));
 }

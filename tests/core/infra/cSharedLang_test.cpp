@@ -1,12 +1,16 @@
 #include "core/infra/cSharedLang.h"
 
 #include "core/infra/Paths.h"
+#include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/WholeText.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
+#include "support/TestLanguage.h"
 
 #include <QDir>
 
+#include <cerrno>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -69,6 +73,11 @@ TEST_F(LangTest, ListsTheLanguagesByTheirTitles) {
   file(u"c.txt"_s, "# nothing but this");
   file(u"Template.TXT"_s, "Template\nSave||Save");
   file(u"other.lst"_s, "Other");
+  file(u"d.txt"_s, QByteArray(60, 'x') + " y\nSave||Bewaar");
+  file(u"e.txt"_s, "#" + QByteArray(4000, '-') +
+                       "\nFran\xE7"
+                       "ais\n");
+  file(u"f.txt"_s, "Huge\n" + QByteArray(1 << 20, '-'));
   struct List : LanguageList {
     void clear() override { titles.clear(); }
     void add(const QString& title) override { titles.append(title); }
@@ -79,10 +88,33 @@ TEST_F(LangTest, ListsTheLanguagesByTheirTitles) {
   lang_.FillLanguageList(list);
   lang_.LoadLanguage(1);
   lang_.SetListToSelected(list);
-  EXPECT_EQ(list.titles, QStringList({u"English"_s, u"Deutsch"_s, u"Language 2"_s}));
+  EXPECT_EQ(list.titles, QStringList({u"English"_s, u"Deutsch"_s, u"Language 2"_s, QString(60, u'x'), u"Français"_s}));
   EXPECT_EQ(list.chosen, u"Deutsch");
-  lang_.LoadLanguage(3);
+  lang_.LoadLanguage(5);
   EXPECT_EQ(lang_.CurrentLanguage(), u"Deutsch");
+  lang_.LoadLanguage(3);
+  EXPECT_EQ(lang_.CurrentLanguage(), list.titles.at(3));
+  EXPECT_EQ(lang_.GetTranslation(u"Save"_s), u"Bewaar");
+}
+
+// A translator's own file, and what came with the program.
+TEST(LangFolders, TheProgramsOwnGoesFirstAndHidesNoOther) {
+  const ScratchFolder folder;
+  const QString former = Paths::programFolder();
+  QDir().mkpath(folder.path(u"share/quillane4/Languages"_s));
+  QDir().mkpath(folder.path(u"bin/Languages"_s));
+  writeFile(folder.path(u"share/quillane4/Languages/a.txt"_s), "Deutsch\nSave||Sichern\n");
+  writeFile(folder.path(u"share/quillane4/Languages/b.txt"_s), "Italiano\nSave||Salva\n");
+  writeFile(folder.path(u"bin/Languages/x.txt"_s), "Deutsch\nSave||Speichern\n");
+  Paths::overrideFolders(folder.path(u"bin"_s));
+  cSharedLang lang;
+  lang.LoadAllLanguages();
+  Paths::overrideFolders(former);
+  ASSERT_EQ(lang.LanguageCount(), 2);
+  lang.LoadLanguage(lang.LanguageIndex(u"Italiano"_s));
+  EXPECT_EQ(lang.GetTranslation(u"Save"_s), u"Salva");
+  lang.LoadLanguage(lang.LanguageIndex(u"Deutsch"_s));
+  EXPECT_EQ(lang.GetTranslation(u"Save"_s), u"Speichern");
 }
 
 TEST_F(LangTest, LooksUpExactly) {
@@ -140,6 +172,17 @@ TEST_F(LangTest, AFormGoesToALanguageAndBack) {
   EXPECT_EQ(lang_.GetTranslation(u"Bewaar"_s), u"Save");
 }
 
+// What a window had before its language was remembered nowhere.
+TEST_F(LangTest, OnTheWayBackEnglishStaysEnglish) {
+  load(
+      "Fran\xE7"
+      "ais\nDescription||Description\nDesc||Description\nSave||Sauver\n");
+  lang_.LoadLanguage(0);
+  Form form({u"&Description:"_s, u"Sauver"_s});
+  lang_.TranslateForm(form);
+  EXPECT_EQ(form.shown(), QStringList({u"&Description:"_s, u"Save"_s}));
+}
+
 TEST_F(LangTest, WritesWhatTranslatorsNeed) {
   Form first({u"&Save..."_s, u"Open"_s});
   Form last({u"Save"_s, u"Two\nlines"_s});
@@ -148,10 +191,60 @@ TEST_F(LangTest, WritesWhatTranslatorsNeed) {
             QByteArray("Save||Save\r\nTwo\\nlines||Two\\nlines\r\n-||-\r\nOpen||Open\r\n-||-\r\n"));
   file(u"template.txt"_s, "Template\n#a||a\nSave||Save\nOpen||Open\n");
   file(u"ru.txt"_s, u"Русский\nOpen||Открыть"_s.toUtf8());
+  file(u"de.txt"_s,
+       "Deutsch\nOpen||\xC3\x96"
+       "ffnen");
+  file(u"fr.txt"_s,
+       "Fran\xE7"
+       "ais\nOpen||Ouvrir\n");
   lang_.UpdateTemplates(folder_.path(u"Languages"_s));
   lang_.UpdateTemplates(folder_.path(u"Languages"_s));
   EXPECT_EQ(WholeText::fromBytes(fileBytes(folder_.path(u"Languages/ru.txt"_s))),
             u"Русский\nOpen||Открыть\r\nSave||Save\r\n");
+  EXPECT_EQ(fileBytes(folder_.path(u"Languages/de.txt"_s)),
+            "Deutsch\nOpen||\xC3\x96"
+            "ffnen\r\nSave||Save\r\n");
+  EXPECT_EQ(fileBytes(folder_.path(u"Languages/fr.txt"_s)),
+            "Fran\xE7"
+            "ais\nOpen||Ouvrir\nSave||Save\r\n");
 }
 
 }  // namespace
+
+TEST(Translated, HasNoMarksOfKeysWhereNoneAreShown) {
+  const TestLanguage language(u"Action||&Handlung\nSave it?||Sichern && &weiter?\n%1 is full||&Voll: %1\n"_s);
+  EXPECT_EQ(translated(u"Action"_s), u"Handlung"_s);
+  EXPECT_EQ(translated(u"Save it?"_s), u"Sichern & weiter?"_s);
+  EXPECT_EQ(translated(u"R&D"_s), u"R&D"_s) << "none of ours";
+  const QString told = toldText(u"%1 is full"_s, {u"R&D"_s});
+  EXPECT_EQ(translated(told), u"Voll: R&D"_s);
+  EXPECT_EQ(translatedCaption(u"Action"_s), u"&Handlung"_s);
+  EXPECT_EQ(translatedCaption(told), u"Voll: R&&D"_s);
+}
+
+TEST(ToldText, IsEnglishUntilItIsShown) {
+  const auto tell = [](int from, int until) {
+    for (int i = from; i < until; ++i) {
+      toldText(u"Told %1"_s, {QString::number(i)});
+    }
+  };
+  tell(0, 3000);
+  const TestLanguage language(
+      u"Error %1 - %2 in %3 of %4||Fehler %1: %2 (%3, %4)\nDisk full||Voll\n%1 could not be made in %2||In %2 ging %1 nicht\n"_s);
+  const QString cause = RuntimeError::fromErrno(ENOSPC, u"/a %2"_s).description();
+  EXPECT_EQ(cause, u"Disk full: /a %2"_s);
+  EXPECT_EQ(translated(cause), u"Voll: /a %2"_s);
+  const QString outer = toldText(u"%1 could not be made in %2"_s, {cause, u"%1"_s});
+  EXPECT_EQ(outer, u"Disk full: /a %2 could not be made in %1"_s);
+  EXPECT_EQ(translatedLines(u"Disk full\n"_s + outer), u"Voll\nIn %1 ging Voll: /a %2 nicht"_s);
+  const QString fourth = toldText(u"Error %1 - %2 in %3 of %4"_s, {u"61"_s, cause, u"%4"_s, u"clsA"_s});
+  EXPECT_EQ(fourth, u"Error 61 - Disk full: /a %2 in %4 of clsA"_s);
+  tell(3000, 5000);
+  EXPECT_EQ(translated(fourth), u"Fehler 61: Voll: /a %2 (%4, clsA)"_s) << "the last ones are kept";
+  Form form({outer});
+  Lang().TranslateForm(form);
+  EXPECT_EQ(form.shown().constFirst(), u"In %1 ging Voll: /a %2 nicht"_s);
+  Lang().LoadLanguage(0);
+  Lang().TranslateForm(form);
+  EXPECT_EQ(form.shown().constFirst(), outer);
+}

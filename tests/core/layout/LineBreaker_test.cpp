@@ -61,11 +61,7 @@ class KernedLetters : public SquareLetters {
 TEST(LineBreakerTest, BreaksBeforeTheLastBlankAndCutsWhatIsTooLong) {
   const SquareLetters measure;
   const LineBreaker breaker(measure, kFont);
-  const struct {
-    QString text;
-    int letters;
-    QStringList lines;
-  } cases[] = {
+  const std::tuple<QString, int, QStringList> cases[] = {
       {u"one two three"_s, 13, {u"one two three"_s}},
       {u"one two three"_s, 12, {u"one two"_s, u"three"_s}},
       {u"one two three"_s, 7, {u"one two"_s, u"three"_s}},
@@ -75,8 +71,8 @@ TEST(LineBreakerTest, BreaksBeforeTheLastBlankAndCutsWhatIsTooLong) {
       {u"ab\U0001F600\U0001F600"_s, 4, {u"ab"_s, u"\U0001F600\U0001F600"_s}},
       {u"   abcdefghij"_s, 5, {u"   a"_s, u"bcde"_s, u"fghij"_s}},
   };
-  for (const auto& one : cases) {
-    EXPECT_EQ(linesOf(breaker, one.text, one.letters * 100), one.lines) << one.text << one.letters;
+  for (const auto& [text, letters, lines] : cases) {
+    EXPECT_EQ(linesOf(breaker, text, letters * 100), lines) << text << letters;
   }
 }
 

@@ -40,7 +40,7 @@ TEST_F(LongWorkTest, HoldsEverythingUntilTheOutermostHasGone) {
       expectHeld(true);
     }
     EXPECT_TRUE(screen_.inputHeld() && g_Project->IsBusy() && ScanPause::isActive());
-    outer.setCaption(u"Scene "_s, 7);
+    outer.setCaption(u"Scene %1"_s, 7);
   }
   expectHeld(false);
   EXPECT_EQ(screen_.progressCaptions, (QStringList{u"Reading"_s, u"Counting"_s, u"Scene 7"_s}));

@@ -2,6 +2,8 @@
 
 #include "core/infra/Clock.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
+#include "support/TestLanguage.h"
 
 #include <QLocale>
 #include <QScopeGuard>
@@ -23,8 +25,6 @@ TEST(SaveNote, HasTheHourAndMinuteAsTheLocaleHasThem) {
   note.bookSaved();
   const std::pair<QLocale, QString> cases[] = {
       {QLocale(QLocale::English, QLocale::UnitedKingdom), u"Saved 14:05"_s},
-      {QLocale(QLocale::German), u"Saved 14:05"_s},
-      {QLocale::c(), u"Saved 14:05"_s},
       {QLocale(QLocale::Finnish), u"Saved 14.05"_s},
       {QLocale(QLocale::English, QLocale::UnitedStates), u"Saved 2:05 PM"_s},
   };
@@ -62,4 +62,22 @@ TEST(SaveNote, AFailureIsMendedByASaveOfAsMuch) {
   EXPECT_EQ(note.text(), u"Not saved"_s);
   note.bookSaved();
   EXPECT_FALSE(note.failed());
+}
+
+TEST(SaveNote, IsInTheLanguage) {
+  const TestLanguage language(
+      u"Saved %1||Um %1 gesichert\nNot saved: %1||Offen: %1\nthe disk is full||voll\n"
+      "the text of %1 scene(s) could not be written||%1 Texte fehlen\n"_s);
+  SaveNote note;
+  note.bookSaved();
+  EXPECT_TRUE(note.text().startsWith(u"Um "_s)) << note.text();
+  const std::pair<QString, QString> cases[] = {
+      {RuntimeError::fromErrno(ENOSPC, u"/a/b"_s).description(), u"Offen: voll"_s},
+      {toldText(u"the text of %1 scene(s) could not be written"_s, {u"3"_s}), u"Offen: 3 Texte fehlen"_s},
+      {u"Something else"_s, u"Offen: Something else"_s},
+  };
+  for (const auto& [why, expected] : cases) {
+    note.bookNotSaved(why);
+    EXPECT_EQ(note.text(), expected);
+  }
 }

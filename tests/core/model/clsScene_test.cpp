@@ -3,23 +3,17 @@
 #include "core/model/clsScene.h"
 
 #include "core/infra/RuntimeError.h"
-#include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneEditor.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
-#include "core/model/clsItem.h"
-#include "core/model/clsLocation.h"
 #include "core/model/clsProject.h"
-#include "support/Elements.h"
 #include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
 
 #include <QDir>
-#include <QFileInfo>
-#include <QScopeGuard>
 
 #include <gtest/gtest.h>
 
@@ -110,28 +104,20 @@ class Scene : public ::testing::Test {
 }  // namespace
 
 TEST_F(Scene, ChangingTheViewpointKeepsTheOldOneAndSettingReplacesIt) {
-  struct Case {
-    QList<qint32> before;
-    qint32 id;
-    QList<qint32> changed;
-    QList<qint32> set;
-  };
-  const Case cases[] = {{{3, 5}, 5, {5, 3}, {5}},
-                        {{3, 5}, 7, {7, 3, 5}, {7, 5}},
-                        {{}, 7, {7}, {7}},
-                        {{4}, 4, {4}, {4}},
-                        {{4, 6}, 4, {4, 6}, {4, 6}}};
-  for (const Case& c : cases) {
+  using IDs = QList<qint32>;
+  const std::tuple<IDs, qint32, IDs, IDs> cases[] = {
+      {{3, 5}, 5, {5, 3}, {5}}, {{3, 5}, 7, {7, 3, 5}, {7, 5}}, {{}, 7, {7}, {7}}, {{4, 6}, 4, {4, 6}, {4, 6}}};
+  for (const auto& [before, id, afterChange, afterSetting] : cases) {
     clsScene changed;
     clsScene set;
-    for (const qint32 id : c.before) {
-      changed.AddCharByID(id);
-      set.AddCharByID(id);
+    for (const qint32 there : before) {
+      changed.AddCharByID(there);
+      set.AddCharByID(there);
     }
-    changed.ChangeViewpointByID(c.id);
-    set.SetViewpointByID(c.id);
-    EXPECT_EQ(characters(changed), c.changed);
-    EXPECT_EQ(characters(set), c.set);
+    changed.ChangeViewpointByID(id);
+    set.SetViewpointByID(id);
+    EXPECT_EQ(characters(changed), afterChange);
+    EXPECT_EQ(characters(set), afterSetting);
   }
 }
 
@@ -139,17 +125,10 @@ TEST_F(Scene, WithoutCharactersHasTheViewpointNA) {
   const auto scene = sceneAt(2);
   EXPECT_EQ(scene->ViewPointID(), 0);
   EXPECT_EQ(scene->ViewPointChar()->Title(), u"N/A"_s);
-  EXPECT_FALSE(g_CharChanges.HasChanged(0, 1));
   scene->AddCharByID(3);
   scene->AddCharByID(3);
   EXPECT_EQ(scene->CharCount(), 1);
   EXPECT_EQ(scene->ViewPointChar()->Title(), u"Пётр"_s);
-  scene->RemoveCharByID(99);
-  EXPECT_EQ(scene->CharID(2), 0);
-  EXPECT_EQ(scene->CharByIndex(2)->Title(), u"N/A"_s) << "a position outside is logged and nobody";
-  EXPECT_TRUE(Logging().CurrentAction().contains(u"(9) in CharID of module clsScene"_s));
-  EXPECT_EQ(g_Project->ChapterByID(1)->SceneID(0), 0);
-  EXPECT_THROW((void)scene->Field(6), RuntimeError);
 }
 
 TEST_F(Scene, OnlyAChangeOfTextOrAnEmptyOneMakesItDue) {
@@ -173,52 +152,6 @@ TEST_F(Scene, OnlyAChangeOfTextOrAnEmptyOneMakesItDue) {
   scene.setTextRTF({});
   EXPECT_TRUE(scene.RTFChanged()) << "an empty text always counts as a change";
   EXPECT_EQ(scene.Wordcount(), 0);
-}
-
-TEST_F(Scene, CachedCountsSurviveALoadAndAreCountedAnewWhenForced) {
-  const ScratchFolder scratch;
-  g_Project->FileWithPath = scratch.path(u"a.qn4"_s);
-  QDir(scratch.path()).mkdir(u"RTF"_s);
-  writeFile(scratch.path(u"RTF/RTF_00007.rtf"_s), simpleRtf("three words here"));
-  clsScene scene;
-  readFrom(scene, "<SCENE><ID>1</ID><RTFFile>RTF_00007.rtf</RTFFile><WordCount>70</WordCount></SCENE>");
-  ASSERT_TRUE(scene.LoadRTF());
-  EXPECT_FALSE(scene.RTFChanged());
-  EXPECT_EQ(scene.Wordcount(), 70);
-  scene.ForceWordcount();
-  EXPECT_EQ(scene.Wordcount(), 3);
-}
-
-TEST_F(Scene, FileNamesAreCountedAndWhatStandsInTheFolderIsPassedOver) {
-  const ScratchFolder scratch;
-  const QString before = QDir::currentPath();
-  const auto goBack = qScopeGuard([&] { QDir::setCurrent(before); });
-  ASSERT_TRUE(QDir::setCurrent(scratch.path()));
-  writeFile(u"RTF_100000.rtf"_s, "bare");
-  g_Project->FileWithPath = scratch.path(u"book/a.qn4"_s);
-  QDir().mkpath(scratch.path(u"book/RTF"_s));
-  writeFile(u"book/RTF/RTF_100001.rtf"_s, "taken");
-  g_Project->setLastFileIndex(4, 99'999);
-  g_Project->Scenes.SaveScenesText(false);
-  EXPECT_EQ(g_Project->SceneByID(1)->RTFFilename(), u"RTF_100000.rtf"_s);
-  EXPECT_EQ(g_Project->SceneByID(2)->RTFFilename(), u"RTF_100002.rtf"_s);
-  EXPECT_EQ(g_Project->LastFileIndex(4), 100'005);
-  EXPECT_TRUE(g_Project->SceneByID(1)->EraseScene());
-  EXPECT_FALSE(QFileInfo::exists(scratch.path(u"RTF_100000.rtf"_s)));
-  EXPECT_TRUE(QFileInfo::exists(g_Project->SceneByID(1)->RTFFileWithPath())) << "the project's own file stays";
-}
-
-TEST_F(Scene, TellsItsTimeAndWhetherItHasANote) {
-  clsScene scene;
-  EXPECT_EQ(scene.StartDate(), 0);
-  scene.Day = 2;
-  scene.Hour = 18;
-  scene.Minute = 45;
-  EXPECT_DOUBLE_EQ(scene.StartDate(), 2.78125);
-  scene.Notes = u" \r\n "_s;
-  EXPECT_FALSE(scene.HasNote());
-  scene.Notes += u'x';
-  EXPECT_TRUE(scene.HasNote());
 }
 
 TEST_F(Scene, AWindowThatCannotShowTheSceneIsClosedAgain) {

@@ -70,15 +70,13 @@ std::vector<qint32> in(const IDList& list) {
 }
 
 void expectBook() {
-  EXPECT_EQ(g_Project->Title, u"The old book"_s);
-  EXPECT_EQ(g_Project->AuthorName, u"A. Writer"_s);
-  EXPECT_EQ(g_Project->AuthorBio, u"She wrote."_s);
+  EXPECT_EQ((QStringList{g_Project->Title, g_Project->AuthorName, g_Project->AuthorBio, g_Project->FieldTitle(1),
+                         g_Project->FieldTitle(2)}),
+            (QStringList{u"The old book"_s, u"A. Writer"_s, u"She wrote."_s, u"Fear"_s, u"Tension"_s}));
   EXPECT_EQ(g_Project->WordTarget, 50000);
   EXPECT_EQ(g_Project->WordTargetStartDate, Numbers::DayNumber("2004-02-29"));
   EXPECT_EQ(g_Project->DeadlineDate(1), Numbers::DayNumber("2005-01-31"));
   EXPECT_EQ(g_Project->DeadlineDate(2), 0);
-  EXPECT_EQ(g_Project->FieldTitle(1), u"Fear"_s);
-  EXPECT_EQ(g_Project->FieldTitle(2), u"Tension"_s);
   EXPECT_EQ(g_Project->LastFileIndex(4), 3);
   ASSERT_EQ(g_Project->ChapterCount(), 2);
   EXPECT_EQ(chapterAt(1)->Title, u"One, and a comma"_s);
@@ -104,12 +102,11 @@ void expectBook() {
   EXPECT_EQ(g_Project->SceneByID(3)->Title, u"Unnamed Scene"_s);
   EXPECT_EQ(g_Project->SceneByID(3)->Status, 1);
   ASSERT_EQ(g_Project->CharCount(), 3);
-  EXPECT_EQ(g_Project->CharByID(3)->Bio, u"Bio"_s);
-  EXPECT_EQ(g_Project->CharByID(3)->Notes, u"(n)"_s);
-  EXPECT_EQ(g_Project->CharByID(4)->Bio, u"Born."_s);
-  EXPECT_EQ(g_Project->LocationByID(5)->Title, u"Location"_s);
-  EXPECT_EQ(g_Project->LocationByID(5)->DescText, u"Wet"_s);
-  EXPECT_EQ(g_Project->ItemByID(6)->Title, u"Lamp"_s);
+  const auto anna = g_Project->CharByID(3);
+  const auto place = g_Project->LocationByID(5);
+  EXPECT_EQ((QStringList{anna->Bio, anna->Notes, g_Project->CharByID(4)->Bio, place->Title, place->DescText,
+                         g_Project->ItemByID(6)->Title}),
+            (QStringList{u"Bio"_s, u"(n)"_s, u"Born."_s, u"Location"_s, u"Wet"_s, u"Lamp"_s}));
 }
 
 }  // namespace
@@ -230,8 +227,7 @@ TEST_F(Generation3, ATextWhoseNameWontDoGetsAnotherAndTheBookOpensAgain) {
   writeFile(outside.path(u"secret.rtf"_s), simpleRtf("secret"));
   enum class There { Text, Nothing, Folder, LinkOut };
   struct Row {
-    QString named;
-    QString file;
+    QString named, file;
     There there;
     bool keepsName;
   };
@@ -268,13 +264,7 @@ TEST_F(Generation3, ATextWhoseNameWontDoGetsAnotherAndTheBookOpensAgain) {
 }
 
 TEST_F(Generation3, WhatADamagedListLosesIsTold) {
-  struct Row {
-    QString file;
-    QByteArray content;
-    QString told;
-    qint32 scenes;
-  };
-  const Row rows[] = {
+  const std::tuple<QString, QByteArray, QString, qint32> rows[] = {
       {u"Sc.txt"_s, "SCENES,2x\r\nSCENES_1,Sc1.txt\r\nSCENES_2,Sc2.txt\r\n", {}, 2},
       {u"Sc.txt"_s, "SCENES, 1 \r\nSCENES_1,Sc1.txt\r\nSCENES_2,Sc2.txt\r\n", u"Scenes (1 counted, 2 found)"_s, 1},
       {u"Sc.txt"_s, "SCENES, 3 \r\nSCENES_1,Sc1.txt\r\nSCENES_3,Sc2.txt\r\n", u"Scenes (3 counted, 2 found)"_s, 2},
@@ -283,14 +273,14 @@ TEST_F(Generation3, WhatADamagedListLosesIsTold) {
        u"Scenes of chapter One: \"x\""_s, 3},
       {u"Old book.qn3"_s, "CHAPTERFILE,ChList.txt\r\nSCENEFILE,Sc.txt\r\nDEADLINEDATE1,00:00:00\r\n", {}, 3},
   };
-  for (const Row& row : rows) {
+  for (const auto& [file, content, expected, scenes] : rows) {
     freshProject();
-    writeFile(row.file.endsWith(u"qn3"_s) ? path : data(row.file), row.content);
+    writeFile(file.endsWith(u"qn3"_s) ? path : data(file), content);
     const QString told = findingsOf();
-    EXPECT_TRUE(told.contains(row.told)) << row.content.constData() << qPrintable(told);
-    EXPECT_FALSE(row.told.isEmpty() && told.contains(u"counted"_s)) << qPrintable(told);
+    EXPECT_TRUE(told.contains(expected)) << content.constData() << qPrintable(told);
+    EXPECT_FALSE(expected.isEmpty() && told.contains(u"counted"_s)) << qPrintable(told);
     EXPECT_FALSE(told.contains(u"00:00:00"_s)) << qPrintable(told);
-    EXPECT_EQ(g_Project->SceneCount(), row.scenes) << row.content.constData();
+    EXPECT_EQ(g_Project->SceneCount(), scenes) << content.constData();
   }
 }
 
@@ -328,18 +318,10 @@ TEST_F(Generation3, SavedElsewhereTheOldFileKeepsItsName) {
 // Cut, zeroed, random: each of its files in turn.
 TEST_F(Generation3, AnyBytesAtAllEndInABookOrAMessage) {
   std::mt19937 random(7);
-  const QList<QByteArray> snippets{"\r\n",
-                                   ",",
-                                   "SCENES, 2147483647 \r\n",
-                                   "ID,-1\r\n",
-                                   "ID, 2147483647 \r\n",
-                                   "_INDEX,",
-                                   "%",
-                                   "..\\..\\",
-                                   QByteArray("\0", 1),
-                                   "RTFFILE,..\r\n",
-                                   "<ID>",
-                                   QByteArray(300, 'x')};
+  const QList<QByteArray> snippets =
+      QByteArray("\r\n~,~SCENES, 2147483647 \r\n~ID,-1\r\n~ID, 2147483647 \r\n~_INDEX,~%~..\\..\\~RTFFILE,..\r\n~<ID>")
+          .split('~') +
+      QList<QByteArray>{QByteArray("\0", 1), QByteArray(300, 'x')};
   const QStringList files = before.keys();
   int converted = 0;
   int refused = 0;

@@ -1,6 +1,5 @@
 // A project folder as a whole: what a load and a save do, in which order, and what the writer is told.
 
-#include "core/infra/Paths.h"
 #include "core/infra/ScanPause.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLogging.h"
@@ -75,21 +74,6 @@ TEST_F(LoadSave, AProjectComesBackAndIsWrittenAgainByteForByte) {
   EXPECT_EQ(filesBelow(scratch_.path()), before);
 }
 
-TEST_F(LoadSave, ProgressIsShownOnlyWhenAskedAndNamesEachStep) {
-  g_Project->Load(path_, false);
-  EXPECT_EQ(screen_.progressWindowsShown, 0);
-  screen_.progressCaptions.clear();
-  g_Project->Load(path_, true);
-  EXPECT_EQ(screen_.progressWindowsShown, 1);
-  const QStringList expected{u"Loading Project"_s,    u"Loading Chapters"_s, u"Loading Scenes"_s,
-                             u"Loading Scene 1"_s,    u"Loading Scene 2"_s,  u"Loading Scene 3"_s,
-                             u"Loading Scene 4"_s,    u"Loading Scene 5"_s,  u"Loading Locations"_s,
-                             u"Loading Characters"_s, u"Loading Items"_s,    u"Loading Notes"_s,
-                             u"Loading Complete"_s};
-  EXPECT_EQ(screen_.progressCaptions, expected);
-  EXPECT_EQ(screen_.pointer, Pointer::Normal);
-}
-
 // Whatever loads or saves, and however often it yields: the windows neither take input nor look at what has changed.
 TEST_F(LoadSave, InputIsHeldAndTheScanWaitsUntilItIsDone) {
   int yields = 0;
@@ -124,9 +108,6 @@ TEST_F(LoadSave, AMissingSceneFileFailsTheLoadAndLeavesAnEmptyProject) {
   screen_.expectErrorReport(u"There was an error loading this project. (If you moved the QN4 file"_s);
   EXPECT_FALSE(g_Project->Load(path_, true));
   expectEmptyProject();
-  const QString log = logText();
-  EXPECT_TRUE(log.contains(u"Could not find or load "_s));
-  EXPECT_TRUE(log.contains(u"Load failed ... unable to extract scene data / load scenes from "_s + path_));
   EXPECT_EQ(filesBelow(scratch_.path()), before);
 }
 
@@ -154,20 +135,6 @@ TEST_F(LoadSave, FilesThatAreNoProjectAreToldAndLeaveNothing) {
   screen_.expectErrorReport(u"There was an error loading this project."_s);
   EXPECT_FALSE(g_Project->Load(scratch_.path(u"absent.qn4"_s), false));
   EXPECT_TRUE(logText().contains(u"unable to extract project data from "_s + scratch_.path(u"absent.qn4"_s)));
-}
-
-// The chapters' inner list is taken for the scene block when that stands behind it.
-TEST_F(LoadSave, ScenesBehindTheChaptersAreNotFound) {
-  QByteArray text = fileBytes(path_);
-  const qsizetype from = text.indexOf("\t<SCENES>");
-  const qsizetype to = text.indexOf("\t<CHAPTERS>");
-  const QByteArray scenes = text.mid(from, to - from);
-  text.remove(from, to - from).replace("</CHAPTERS>\r\n", "</CHAPTERS>\r\n" + scenes);
-  writeFile(path_, text);
-  screen_.expectBox(u"Arrival (2); Departure (2); Cut scenes (1)"_s);
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  EXPECT_EQ(g_Project->SceneCount(), 0);
-  EXPECT_EQ(g_Project->ChapterCount(), 3);
 }
 
 TEST_F(LoadSave, OnlyChangedScenesAreWrittenAndWithProgressThoseThatHaveGone) {
@@ -204,9 +171,6 @@ TEST_F(LoadSave, ANewProjectAsksForItsFileAndRefusesAFolderThatHoldsOne) {
   screen_.expectFile(scratch_.path(u"sub/deeper/Other.qn4"_s));
   ASSERT_TRUE(g_Project->SaveQN4(true));
   ASSERT_EQ(screen_.fileQuestions.size(), 2);
-  EXPECT_EQ(screen_.fileQuestions[0].title, u"Specify your Project file."_s);
-  EXPECT_EQ(screen_.fileQuestions[0].defaultName, u"MyProject.qn4"_s);
-  EXPECT_EQ(screen_.fileQuestions[0].folder, Paths::documentsFolder());
   EXPECT_EQ(screen_.fileQuestions[1].folder, scratch_.path() + u'/') << "the refused folder is offered again";
   EXPECT_EQ(filesBelow(scratch_.path(u"sub/deeper"_s)).size(), 6);
   EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), scratch_.path(u"sub/deeper/Other.qn4"_s));
@@ -293,16 +257,6 @@ TEST_F(LoadSave, AProjectWithUnreadTextsIsSavedWholeAndOpensAgain) {
   EXPECT_EQ(g_Project->SceneCount(), 5);
   EXPECT_EQ(sceneAt(1)->TextRTF() + sceneAt(2)->TextRTF(), "");
   EXPECT_EQ(sceneAt(3)->TextRTF(), simpleRtf("six seven eight nine"));
-}
-
-TEST_F(LoadSave, SaveAsWritesEveryTextIntoTheNewFolder) {
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  screen_.expectFile(scratch_.path(u"copy/Copy.qn4"_s));
-  ASSERT_TRUE(g_Project->SaveAs());
-  EXPECT_EQ(filesBelow(scratch_.path(u"copy"_s)).size(), 6);
-  screen_.expectFile({});
-  EXPECT_FALSE(g_Project->SaveAs());
-  EXPECT_EQ(g_Project->FileWithPath, scratch_.path(u"copy/Copy.qn4"_s));
 }
 
 TEST_F(LoadSave, ATextThatIsYoungerThanTheProjectFileIsCountedAnew) {

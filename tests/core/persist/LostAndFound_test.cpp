@@ -96,26 +96,23 @@ TEST_F(LostAndFoundTest, ASceneComesBackAtTheEndOfAChapter) {
 
 TEST_F(LostAndFoundTest, AFileBecomesTheFileOfANewSceneAndIsLeftAlone) {
   const QByteArray bytes = simpleRtf("A lamp was lit far out on the water, and nobody spoke of it.");
-  struct Case {
-    QString file;
-    QString title;
-  };
   qint32 scenes = 5;
-  for (const Case& c : {Case{u"RTF_00077.rtf"_s, u"A lamp was lit far out on the water, and…"_s},
-                        Case{u"The lamp.rtf"_s, u"The lamp"_s}, Case{u"Überfahrt.RTF"_s, u"Überfahrt"_s}}) {
-    SCOPED_TRACE(c.file.toStdString());
-    writeFile(rtf(c.file), bytes);
+  for (const auto& [file, title] : {std::pair{u"RTF_00077.rtf"_s, u"A lamp was lit far out on the water, and…"_s},
+                                    {u"The lamp.rtf"_s, u"The lamp"_s},
+                                    {u"Überfahrt.RTF"_s, u"Überfahrt"_s}}) {
+    SCOPED_TRACE(file.toStdString());
+    writeFile(rtf(file), bytes);
     ASSERT_TRUE(LostAndFound::putIntoChapter(only(), *chapterAt(1)));
     EXPECT_EQ(found(), QStringList());
     ASSERT_TRUE(g_Project->SaveQN4(true));
     reload();
     const auto scene = sceneAt(++scenes);
-    EXPECT_EQ(scene->RTFFilename(), c.file);
-    EXPECT_EQ(scene->Title, c.title);
+    EXPECT_EQ(scene->RTFFilename(), file);
+    EXPECT_EQ(scene->Title, title);
     EXPECT_EQ(scene->Wordcount(), 14);
     EXPECT_EQ(scene->BelongsToChID, chapterAt(1)->ID());
     EXPECT_EQ(chapterAt(1)->SceneIndex(scene->ID()), chapterAt(1)->SceneCount());
-    EXPECT_EQ(fileBytes(rtf(c.file)), bytes);
+    EXPECT_EQ(fileBytes(rtf(file)), bytes);
   }
 }
 

@@ -18,13 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The lines of a project file without the cached counts.
-QByteArrayList withoutCounts(const QByteArray& text) {
-  QByteArrayList lines = text.split('\n');
-  lines.removeIf([](const QByteArray& line) { return line.contains("<WordCount>") || line.contains("<LetterCount>"); });
-  return lines;
-}
-
 class Novels : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -51,24 +44,6 @@ TEST_F(Novels, ComeBackByteForByte) {
       ASSERT_TRUE(g_Project->SaveQN4(false));
       EXPECT_TRUE(filesBelow(scratch.path()) == before) << novel << ' ' << style;
     }
-  }
-}
-
-TEST_F(Novels, WithoutCachedCountsDifferInTheCountsAlone) {
-  for (const QString& style : {u"richedit"_s, u"word"_s, u"mixed"_s}) {
-    const ScratchFolder scratch;
-    const QString path = makeNovel(scratch.path(), u"pride-and-prejudice"_s, {u"--stale"_s, u"--style"_s, style});
-    ASSERT_FALSE(path.isEmpty());
-    const auto before = filesBelow(scratch.path());
-    newProject();
-    ASSERT_TRUE(g_Project->Load(path, false));
-    ASSERT_TRUE(g_Project->SaveQN4(false));
-    auto after = filesBelow(scratch.path());
-    const QString name = u"pride-and-prejudice.qn4"_s;
-    EXPECT_EQ(withoutCounts(after.value(name)), withoutCounts(before.value(name)));
-    EXPECT_EQ(after.value(name).count("<WordCount>"), g_Project->SceneCount());
-    after[name] = before.value(name);
-    EXPECT_TRUE(after == before);
   }
 }
 

@@ -12,6 +12,7 @@
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
 #include "support/TestHome.h"
+#include "support/TestLanguage.h"
 
 #include <QDir>
 #include <QFile>
@@ -53,8 +54,7 @@ class OtherPrograms : public ::testing::Test {
 TEST_F(OtherPrograms, ATextThatBothHaveChangedIsKeptAsTheWriterSays) {
   const struct {
     QString choice;
-    QByteArray stays;
-    QByteArray beside;
+    QByteArray stays, beside;
     bool saved;
   } cases[] = {{u"Keep both"_s, simpleRtf("mine"), kTheirs, true},
                {u"Keep mine"_s, simpleRtf("mine"), {}, true},
@@ -343,4 +343,16 @@ TEST_F(OtherPrograms, ASingleFileIsLookedAtToo) {
   screen_.expectChoice(kChanged, u"Keep both"_s);
   EXPECT_TRUE(g_Project->SaveQNC4(false));
   EXPECT_TRUE(fileBytes(scratch_.path(u"one/One (conflict 2026-11-21).qnc4"_s)).contains("Theirs"));
+}
+
+TEST_F(OtherPrograms, TheQuestionIsInTheLanguageAndLeavesTitlesAlone) {
+  const TestLanguage language(
+      u"The text of '%1'||Text von <%1>\n"
+      "Another program has changed what you are about to save||Geändert wurde\n"_s);
+  ASSERT_TRUE(g_Project->Load(path_, false));
+  sceneAt(2)->Title = u"%1 of %2"_s;
+  sceneAt(2)->setTextRTF(simpleRtf("mine"));
+  leaveTheirs(2);
+  screen_.expectChoice(u"Geändert wurde:\n\nText von <%1 of %2> (RTF_00002.rtf, "_s, QString());
+  EXPECT_FALSE(g_Project->SaveQN4(true));
 }

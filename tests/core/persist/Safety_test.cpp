@@ -154,21 +154,6 @@ TEST_F(Safety, AFailureInAYieldCostsNoBook) {
   installToolkit(&screen_);
 }
 
-TEST_F(Safety, ALinkedProjectFileIsFollowedAndKeepsItsRights) {
-  const QString target = scratch_.path(u"real/Real.qn4"_s);
-  ASSERT_TRUE(QDir().mkpath(scratch_.path(u"real"_s)));
-  ASSERT_TRUE(g_Project->Load(path_, false));
-  ASSERT_TRUE(QFile::rename(path_, target));
-  ASSERT_TRUE(QFile::link(target, path_));
-  const QFile::Permissions rights = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
-  ASSERT_TRUE(QFile::setPermissions(target, rights));
-  g_Project->Title = u"Anew"_s;
-  ASSERT_TRUE(g_Project->SaveQN4(false));
-  EXPECT_TRUE(QFileInfo(path_).isSymLink());
-  EXPECT_TRUE(fileBytes(target).contains("<Title>Anew</Title>"));
-  EXPECT_EQ(QFile::permissions(target) & (rights | QFile::ReadOther | QFile::WriteGroup), rights);
-}
-
 TEST_F(Safety, NothingBeginsInTheMiddleOfALoadOrSave) {
   const QString other = scratch_.path(u"other/Other.qn4"_s);
   ASSERT_TRUE(g_Project->Load(path_, false));

@@ -31,23 +31,19 @@ TEST(Deadlines, ANewBookGetsFiveMonthsOneBehindTheOther) {
 }
 
 TEST(Deadlines, WhatIsSetStaysAndTheLastPairIsPutInOrderBehindTheFilling) {
-  struct Case {
-    Deadlines::Range second;
-    Deadlines::Range last;
-    Deadlines::Range filledSecond;
-    Deadlines::Range filledLast;
-  };
-  for (const Case& known :
-       {Case{{0, 46500}, {0, 46200}, {46030, 46500}, {46120, 46200}},
-        Case{{-20, 0}, {46100, 0}, {-20, 46059}, {46100, 46149}}, Case{{9, 8}, {46201, 46200}, {9, 8}, {46199, 46200}},
-        Case{{9, 9}, {0, 45000}, {9, 9}, {44999, 45000}}, Case{{9, 9}, {46200, 46200}, {9, 9}, {46200, 46200}}}) {
+  using Range = Deadlines::Range;
+  for (const auto& [second, last, filledSecond, filledLast] :
+       {std::tuple{Range{0, 46500}, Range{0, 46200}, Range{46030, 46500}, Range{46120, 46200}},
+        {Range{-20, 0}, Range{46100, 0}, Range{-20, 46059}, Range{46100, 46149}},
+        {Range{9, 8}, Range{46201, 46200}, Range{9, 8}, Range{46199, 46200}},
+        {Range{9, 9}, Range{0, 45000}, Range{9, 9}, Range{44999, 45000}}}) {
     Deadlines deadlines;
-    deadlines.levels[1] = known.second;
-    deadlines.levels[4] = known.last;
+    deadlines.levels[1] = second;
+    deadlines.levels[4] = last;
     Deadlines expected = filled({});
-    expected.levels[1] = known.filledSecond;
-    expected.levels[4] = known.filledLast;
-    EXPECT_EQ(filled(deadlines), expected) << known.second.start << ' ' << known.last.start;
+    expected.levels[1] = filledSecond;
+    expected.levels[4] = filledLast;
+    EXPECT_EQ(filled(deadlines), expected) << second.start << ' ' << last.start;
   }
 }
 
@@ -57,8 +53,7 @@ TEST(Deadlines, ADateBeforeTheOneThatItMustFollowIsFound) {
     size_t level;
     bool start;
     qint32 days;
-    std::vector<size_t> badStarts;
-    std::vector<size_t> badEnds;
+    std::vector<size_t> badStarts, badEnds;
   };
   for (const Case& known : {Case{0, true, 500, {}, {}}, Case{0, false, -500, {}, {}}, Case{0, false, 1, {}, {}},
                             Case{0, false, 2, {1}, {}}, Case{1, true, -1, {}, {}}, Case{1, true, -2, {1}, {}},

@@ -34,29 +34,15 @@ TEST(BoardGrid, PlacesCardsAndFindsTheCellUnderOne) {
       EXPECT_EQ(BoardGrid::cellOf(BoardGrid::cardAt(place, row), 7), (Cell{place + 8, row}));
     }
   }
-  EXPECT_EQ(BoardGrid::cardAt(0, 1).x, 1890);
-  EXPECT_EQ(BoardGrid::cardAt(2, 3).y, 2976);
-  EXPECT_EQ(BoardGrid::barTop(1), 740);
-  EXPECT_EQ(BoardGrid::nameTop(2), 2155);
   EXPECT_EQ(BoardGrid::cellOf({-9000, -1300}, 4), (Cell{5, 0})) << "left of the first, above the first";
-  EXPECT_EQ(BoardGrid::cellOf({899, 0}, 0).column, 1);
-  EXPECT_EQ(BoardGrid::rowColour(12), BoardGrid::rowColour(1));
-  EXPECT_EQ(BoardGrid::rowColour(2), 0x0000C0U);
 }
 
 TEST(BoardGrid, RoundsTheColumnsAndCutsTheRowsThatAreSeen) {
   EXPECT_EQ(BoardGrid::visibleColumns(2.5 * 1800), 2);
   EXPECT_EQ(BoardGrid::visibleColumns(3.5 * 1800), 4);
-  EXPECT_EQ(BoardGrid::visibleColumns(1e9), 59);
-  EXPECT_EQ(BoardGrid::rowsInView(3.9 * 1300), 3);
-  EXPECT_EQ(BoardGrid::lastFirstColumn(25, 10 * 1800), 16);
-  EXPECT_EQ(BoardGrid::lastFirstColumn(0, 10 * 1800), 2);
   EXPECT_EQ(BoardGrid::lastFirstColumn(25, 9.8 * 1800), 17) << "the last card whole";
-  EXPECT_EQ(BoardGrid::lastFirstRow(3, 9 * 1300), 1);
-  EXPECT_EQ(BoardGrid::lastFirstRow(9, 3.5 * 1300), 6);
   EXPECT_EQ(BoardGrid::lastFirstRow(9, 3.1 * 1300), 7) << "its lowest card whole";
   // Nowhere a gap; at rest where there is nothing to scroll.
-  EXPECT_EQ(BoardGrid::fitted(300, 5000, 4000), -5);
   EXPECT_EQ(BoardGrid::fitted(-700, 5000, 4000), -700);
   EXPECT_EQ(BoardGrid::fitted(-1300, 5000, 4000), -1000);
   EXPECT_EQ(BoardGrid::fitted(-1300, 3000, 4000), -5);
@@ -129,10 +115,8 @@ TEST_F(BoardTest, HasAColumnForEachSceneAndARowForEachViewpoint) {
 TEST_F(BoardTest, ACardThatIsPutDownElsewhereMovesItsScene) {
   struct Case {
     const char* what;
-    Cell from;
-    Cell to;
-    QList<qint32> first;
-    QList<qint32> second;
+    Cell from, to;
+    QList<qint32> first, second;
     bool moved;
   };
   for (const Case& known : {Case{"its own cell", {1, 1}, {1, 1}, {1, 2}, {3, 4}, false},

@@ -14,31 +14,23 @@ constexpr auto kEndTooEarly = u"Please ensure the end date is ahead of today's d
 }  // namespace
 
 TEST(WordTarget, ADayCountsByWhetherThePeriodIsRunning) {
-  struct Case {
-    qint32 start;
-    qint32 end;
-    qint32 days;
-  };
-  // The days are counted from today.
-  for (const Case& known : {Case{0, 0, 1}, Case{0, 30, 31}, Case{5, 5, 1}, Case{5, 9, 5}, Case{-1, 0, 0},
-                            Case{-1, 1, 1}, Case{-9, 30, 30}, Case{3, 2, 0}, Case{-9, -3, 0}}) {
-    const TargetFigures figures = targetFigures({kToday + known.start, kToday + known.end, 0, 100, 0}, kToday);
-    EXPECT_EQ(figures.daysLeft.value_or(0), known.days) << known.start << ' ' << known.end;
-    EXPECT_EQ(figures.share.has_value(), known.days > 0);
-    EXPECT_EQ(figures.status == kEndTooEarly, known.days == 0) << figures.status;
+  // Both ends are counted from today.
+  for (const auto& [start, end, days] :
+       {std::tuple{0, 0, 1}, {0, 30, 31}, {5, 9, 5}, {-1, 0, 0}, {-1, 1, 1}, {-9, 30, 30}, {3, 2, 0}, {-9, -3, 0}}) {
+    const TargetFigures figures = targetFigures({kToday + start, kToday + end, 0, 100, 0}, kToday);
+    EXPECT_EQ(figures.daysLeft.value_or(0), days) << start << ' ' << end;
+    EXPECT_EQ(figures.share.has_value(), days > 0);
+    EXPECT_EQ(figures.status == kEndTooEarly, days == 0) << figures.status;
   }
 }
 
 TEST(WordTarget, EachDayAsksForItsShareOfWhatIsLeft) {
   struct Case {
     const char* what;
-    double startCount;
-    double target;
-    qint32 now;
-    qint32 days;
+    double startCount, target;
+    qint32 now, days;
     qint64 perDay;
-    QString status;
-    QString text;
+    QString status, text;
   };
   const QString half = u"You need to write 1 more words"_s;
   for (const Case& known :

@@ -10,6 +10,7 @@
 #include "support/SampleProject.h"
 #include "support/SquareLetters.h"
 #include "support/TestHome.h"
+#include "support/TestLanguage.h"
 
 #include <QLocale>
 
@@ -43,10 +44,7 @@ TEST_F(ReportsTest, TellTheBookSceneByScene) {
   const QString viewpoint = sceneAt(2)->ViewPointChar()->Title();
   const QString other = sceneAt(3)->ViewPointChar()->Title();
   const QString status = g_StatusNames.value(2);
-  const struct {
-    ReportLayout report;
-    QStringList texts;
-  } cases[] = {
+  const std::pair<ReportLayout, QStringList> cases[] = {
       {&PrintSynopsis,
        {u"1"_s, u"A small book synopsis"_s, u"*Arrival*"_s, u"1. Arrival 1"_s, u"What happens, 1"_s, u"#"_s,
         u"2. Arrival 2"_s, u"*Departure*"_s, u"1. Departure 1"_s, u"What happens, 3"_s}},
@@ -59,10 +57,10 @@ TEST_F(ReportsTest, TellTheBookSceneByScene) {
         u"*"_s + viewpoint + u"*"_s, u"Arrival 2"_s, u"*2) *"_s, u"Departure (4 words)"_s, u"*Scene *"_s,
         u"1: 4 words, "_s + status + u", "_s, u"*"_s + other + u"*"_s, u"Departure 1"_s, u"What happens, 3"_s}},
   };
-  for (const auto& one : cases) {
-    const PrintDocument document = one.report(job());
+  for (const auto& [report, texts] : cases) {
+    const PrintDocument document = report(job());
     ASSERT_EQ(document.pages.size(), 1);
-    EXPECT_EQ(textsOf(document.pages[0]), one.texts);
+    EXPECT_EQ(textsOf(document.pages[0]), texts);
     EXPECT_EQ(progress_.steps, (QStringList{u"Laying out chapter 1"_s, u"Laying out scene 1"_s, u"Laying out scene 2"_s,
                                             u"Laying out chapter 2"_s, u"Laying out scene 1"_s}));
     progress_.steps.clear();
@@ -95,31 +93,6 @@ TEST_F(ReportsTest, LeaveOutWhatIsUnused) {
   }
 }
 
-TEST_F(ReportsTest, LeaveTheRoomThatWasChosen) {
-  const struct {
-    const char* what;
-    ReportLayout report;
-    /// The first five texts below the page's number; lines are 200 high and 200 apart.
-    QList<double> y;
-  } cases[] = {
-      {"synopsis", &PrintSynopsis, {650, 1050, 1450, 2250, 2650}},
-      {"summary", &PrintSummary, {650, 1050, 1450, 1850, 2250}},
-      {"cast", &PrintCharList, {650, 1050, 1450, 1850, 2250}},
-      {"places", &PrintLocationList, {650, 1050}},
-  };
-  for (const auto& one : cases) {
-    ReportJob spaced = job();
-    spaced.state.PrintDoubleSpaced = true;
-    const std::vector<PlacedText> texts = one.report(spaced).pages.at(0).texts;
-    for (qsizetype i = 0; i < one.y.size(); ++i) {
-      EXPECT_EQ(texts.at(static_cast<size_t>(i) + 1).y, one.y[i]) << one.what << i;
-    }
-  }
-  const std::vector<PlacedText> texts = PrintExpandedSynopsis(job()).pages.at(0).texts;
-  EXPECT_EQ(texts.at(3).text, u"Scene "_s);
-  EXPECT_EQ(texts.at(3).x, 600 + 3 * 100) << "the fourth column";
-}
-
 TEST_F(ReportsTest, ListTheCastAndTheWorld) {
   g_Project->CharByID(1)->Bio = u"Born at sea"_s;
   g_Project->CharByID(2)->FullName.clear();
@@ -135,17 +108,13 @@ TEST_F(ReportsTest, LayOutCardsInTwoColumns) {
   makeLargerProject(1, 20);
   sceneAt(2)->DescText = QString();
   sceneAt(3)->DescText = u"A description that goes on and on. "_s.repeated(200);
-  const struct {
-    int perPage;
-    double height;
-    int rows;
-  } cases[] = {{12, (16838.0 - 500) / 6, 6}, {7, (16838.0 - 500) * 2 / 7, 3}};
-  for (const auto& one : cases) {
+  for (const auto& [perPage, height, rows] :
+       {std::tuple{12, (16838.0 - 500) / 6, 6}, {7, (16838.0 - 500) * 2 / 7, 3}}) {
     ReportJob all = job();
     all.chapters.last = 4;
-    const PrintDocument document = PrintSummaryCards(all, one.perPage);
-    EXPECT_EQ(document.pages.size(), (23 + 2 * one.rows - 1) / (2 * one.rows)) << one.perPage;
-    EXPECT_EQ(document.pages[0].lines.size(), one.rows + 4);
+    const PrintDocument document = PrintSummaryCards(all, perPage);
+    EXPECT_EQ(document.pages.size(), (23 + 2 * rows - 1) / (2 * rows)) << perPage;
+    EXPECT_EQ(document.pages[0].lines.size(), rows + 4);
     const PlacedText& first = document.pages[0].texts[0];
     EXPECT_EQ(first.text, u"1.1 Arrival 1 (3 words)"_s);
     EXPECT_TRUE(first.font.bold);
@@ -153,18 +122,18 @@ TEST_F(ReportsTest, LayOutCardsInTwoColumns) {
     EXPECT_TRUE(textsOf(document.pages[0]).contains(u"No summary found"_s));
     double cardsSeen = 0;
     for (const PlacedText& text : document.pages[0].texts) {
-      const int row = static_cast<int>((text.y - 200) / one.height);
-      EXPECT_LE(text.y + 180, 200 + (row + 1) * one.height) << text.text << "runs out of its card";
+      const int row = static_cast<int>((text.y - 200) / height);
+      EXPECT_LE(text.y + 180, 200 + (row + 1) * height) << text.text << "runs out of its card";
       if (text.font.bold) {
         // The first column from top to bottom, then the second.
-        EXPECT_EQ(text.y, 260 + static_cast<int>(cardsSeen) % one.rows * one.height) << text.text;
-        EXPECT_EQ(text.x > document.paper.width / 2.0, cardsSeen >= one.rows) << text.text;
+        EXPECT_EQ(text.y, 260 + static_cast<int>(cardsSeen) % rows * height) << text.text;
+        EXPECT_EQ(text.x > document.paper.width / 2.0, cardsSeen >= rows) << text.text;
         ++cardsSeen;
       } else {
         EXPECT_EQ(text.font, (PrintFont{u"Arial"_s, 9, false}));
       }
     }
-    EXPECT_EQ(cardsSeen, 2 * one.rows);
+    EXPECT_EQ(cardsSeen, 2 * rows);
   }
 }
 
@@ -191,4 +160,16 @@ TEST_F(ReportsTest, SaveASynopsis) {
             "\r\nDeparture\r\n\r\n  2.1 Out\r\n");
   sceneAt(3)->DescText = u"Пётр"_s;
   EXPECT_TRUE(save().endsWith("2.1 " + u"Пётр"_s.toUtf8() + "\r\n"));
+}
+
+TEST_F(ReportsTest, AreInTheLanguageAndSavedTextsAreNot) {
+  const TestLanguage language(u"%1 synopsis||Inhalt von %1\n%1 words||%1 Worte\nScene||Szene\nDraft||Entwurf\n"_s);
+  ScratchFolder folder;
+  g_Project->FileWithPath = folder.path(u"book.qn4"_s);
+  g_Project->Title = u"Draft %1"_s;
+  EXPECT_EQ(textsOf(PrintSynopsis(job()).pages[0]).value(1), u"Inhalt von Draft %1");
+  const QStringList texts = textsOf(PrintExpandedSynopsis(job()).pages[0]);
+  EXPECT_EQ(texts.value(3), u"*Szene *");
+  EXPECT_EQ(texts.value(4), u"1: 3 Worte, Entwurf, ");
+  EXPECT_TRUE(fileBytes(SaveSynopsis({1, 3})).startsWith("Draft %1 synopsis"));
 }

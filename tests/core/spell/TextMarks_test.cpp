@@ -25,18 +25,16 @@ QString painted(qsizetype length, const TextMarks& marks) {
 }  // namespace
 
 TEST(TextMarks, NamesAreFoundWhereverTheyStand) {
-  struct Case {
-    QString text;
-    QStringList names;
-    QString row;
-  };
-  for (const Case& known :
-       {Case{u"Anne met Annette."_s, {u"Anne"_s}, u"nnnn.....nnnn...."_s},
-        Case{u"anne ANNE Anne"_s, {u" Anne "_s}, u"..........nnnn"_s},
-        Case{u"Anne Lee Lee"_s, {u"Anne"_s, u"Lee"_s, u"Anne Lee"_s}, u"nnnnnnnn.nnn"_s},
-        Case{u"xAnAnAx"_s, {u"AnA"_s}, u".nnnnn."_s}, Case{u"Жук Ann"_s, {u"Жук"_s, u""_s, u"  "_s}, u"nnn...."_s},
-        Case{u"Ann"_s, {u"Anna"_s, u"Annabel"_s}, u"..."_s}, Case{u""_s, {u"Ann"_s}, u""_s}}) {
-    EXPECT_EQ(painted(known.text.size(), findNames(known.text, known.names)), known.row) << known.text.toStdString();
+  const std::tuple<QString, QStringList, QString> cases[] = {
+      {u"Anne met Annette."_s, {u"Anne"_s}, u"nnnn.....nnnn...."_s},
+      {u"anne ANNE Anne"_s, {u" Anne "_s}, u"..........nnnn"_s},
+      {u"Anne Lee Lee"_s, {u"Anne"_s, u"Lee"_s, u"Anne Lee"_s}, u"nnnnnnnn.nnn"_s},
+      {u"xAnAnAx"_s, {u"AnA"_s}, u".nnnnn."_s},
+      {u"Жук Ann"_s, {u"Жук"_s, u""_s, u"  "_s}, u"nnn...."_s},
+      {u"Ann"_s, {u"Anna"_s, u"Annabel"_s}, u"..."_s},
+      {u""_s, {u"Ann"_s}, u""_s}};
+  for (const auto& [text, names, row] : cases) {
+    EXPECT_EQ(painted(text.size(), findNames(text, names)), row) << text.toStdString();
   }
 }
 

@@ -64,27 +64,12 @@ TEST(NumberWords, FiguresThatAreNumbersAndDates) {
 }
 
 TEST_F(Spelling, ATextFallsIntoWordsAndEachMarkStandsInItsPlace) {
-  for (const char16_t* text : {u"",
-                               u"   ",
-                               u"\r\n",
-                               u"The dog.",
-                               u"[Teh] dog, [teh] dog!",
-                               u"[dgo]",
-                               u"the\r\n[dgo]\tdog",
-                               u"'dog' 'the dogs'",
-                               u"''[dgo]''",
-                               u"the dogs' [dgo's]",
-                               u"''' ' ''",
-                               u"dog's DOG'S",
-                               u"don't [the’t] [don’re] “dog”",
-                               u"well-known well—[nown]",
-                               u"12 3/4/2005 -5 [12th]",
-                               u"[na]ï[ve] café [CAF]É",
-                               u"\U0001F600[dgo]\U0001F600dog",
-                               u"жук dog",
-                               u"dog\u00A0the\u2028[teh]",
-                               u"the_dog [dog2]"}) {
-    const QString expected = QString::fromUtf16(text);
+  // Parted by "~".
+  const QString texts =
+      u"The dog.~[Teh] dog, [teh] dog!~[dgo]~the\r\n[dgo]\tdog~'dog' 'the dogs'~''[dgo]''~the dogs' [dgo's]~''' ' ''~"
+      "dog's DOG'S~don't [the’t] [don’re] “dog”~well-known well—[nown]~12 3/4/2005 -5 [12th]~[na]ï[ve] café [CAF]É~"
+      "\U0001F600[dgo]\U0001F600dog~жук dog~dog\u00A0the\u2028[teh]~the_dog [dog2]~ \r\n ~"_s;
+  for (const QString& expected : texts.split(u'~')) {
     EXPECT_EQ(marked(QString(expected).remove(u'[').remove(u']')), expected);
   }
 }
@@ -171,33 +156,24 @@ TEST(SpellingWithoutLists, TheCustomListAloneIsNoDictionary) {
   }
 }
 
-TEST(SpellingWithoutLists, WithoutAFolderNothingIsAddedOrMade) {
-  const ProgramFolder folder;
-  cSharedSpell spell;
-  EXPECT_FALSE(spell.DictAvailable());
-  EXPECT_EQ(spell.AddWordToCustomDict(u"dog"_s), QString());
-  EXPECT_FALSE(QFileInfo::exists(folder.path(u"Dict"_s)));
-}
-
 TEST_F(Spelling, AnAddedWordIsRightNowAndInTheNextRun) {
-  struct Case {
-    QString added;
-    QString text;
-    QByteArray file;
-  };
-  for (const Case& known :
-       {Case{u"dgo"_s, u"dgo Dgo's"_s, "dgo\r\n"}, Case{u" “dgo,” "_s, u"dgo"_s, "dgo\r\n"},
-        Case{u"dog"_s, u"dog"_s, "dog\r\n"}, Case{u"...,"_s, u""_s, "(none)"},
-        Case{u"naïve"_s, u"naïve"_s, "na\xC3\xAFve\r\nna\r\nve\r\n"}, Case{u"O'Nan"_s, u"O'Nan's"_s, "O'Nan\r\n"},
-        Case{u"the dgo, dog teh"_s, u"dgo teh"_s, "dgo\r\nteh\r\n"}, Case{u"dog-dgo"_s, u"dgo"_s, "dgo\r\n"},
-        Case{u"teh—dog,dgo"_s, u"teh—dgo"_s, "teh\r\ndgo\r\n"}, Case{u"don’re"_s, u"don're don’re"_s, "don're\r\n"}}) {
+  for (const auto& [added, text, file] : {std::tuple{u"dgo"_s, u"dgo Dgo's"_s, "dgo\r\n"},
+                                          {u" “dgo,” "_s, u"dgo"_s, "dgo\r\n"},
+                                          {u"dog"_s, u"dog"_s, "dog\r\n"},
+                                          {u"...,"_s, u""_s, "(none)"},
+                                          {u"naïve"_s, u"naïve"_s, "na\xC3\xAFve\r\nna\r\nve\r\n"},
+                                          {u"O'Nan"_s, u"O'Nan's"_s, "O'Nan\r\n"},
+                                          {u"the dgo, dog teh"_s, u"dgo teh"_s, "dgo\r\nteh\r\n"},
+                                          {u"dog-dgo"_s, u"dgo"_s, "dgo\r\n"},
+                                          {u"teh—dog,dgo"_s, u"teh—dgo"_s, "teh\r\ndgo\r\n"},
+                                          {u"don’re"_s, u"don're don’re"_s, "don're\r\n"}}) {
     QFile::remove(folder.path(u"Dict/Custom.txt"_s));
     cSharedSpell mine;
-    EXPECT_EQ(mine.AddWordToCustomDict(known.added), QString());
-    EXPECT_EQ(contentOf(folder.path(u"Dict/Custom.txt"_s)), known.file) << known.added.toStdString();
-    EXPECT_TRUE(mine.Misspellings(known.text).empty()) << known.text.toStdString();
+    EXPECT_EQ(mine.AddWordToCustomDict(added), QString());
+    EXPECT_EQ(contentOf(folder.path(u"Dict/Custom.txt"_s)), file) << added.toStdString();
+    EXPECT_TRUE(mine.Misspellings(text).empty()) << text.toStdString();
     cSharedSpell next;
-    EXPECT_TRUE(next.Misspellings(known.text).empty()) << known.text.toStdString();
+    EXPECT_TRUE(next.Misspellings(text).empty()) << text.toStdString();
   }
 }
 
@@ -225,12 +201,4 @@ TEST_F(Spelling, ListsOfAnArchiveReplaceTheOldOnesAndNeverTheCustomOne) {
 TEST_F(Spelling, ListsThatAreInstalledElsewhereServeBesideTheWritersOwn) {
   put(folder.path(u"../share/quillane4/Dict/5desk.txt"_s), "dgo\r\n");
   EXPECT_EQ(marked(u"dgo dog teh"_s), u"dgo dog [teh]"_s);
-}
-
-TEST_F(Spelling, TheInstructionsNameTheFolder) {
-  ScriptedToolkit toolkit;
-  toolkit.expectBox(u"To enable spell checking, follow these instructions:\n1) Download the latest 12dicts from "_s +
-                    WordListArchive::page() + u"\n2) Extract to "_s + folder.path(u"Dict"_s) +
-                    u"\n3) Restart this program"_s);
-  spell.ShowInstructions();
 }

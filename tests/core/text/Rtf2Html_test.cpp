@@ -1,4 +1,3 @@
-#include "core/text/HtmlTags.h"
 #include "core/text/Rtf.h"
 #include "core/text/RtfSamples.h"
 #include "core/text/cSharedHTML.h"
@@ -151,25 +150,12 @@ QList<QByteArray> anyRtf() {
   for (int i = 0; i < 300; ++i) {
     all.append(writeRtf(randomRichText(random)));
   }
-  static const QList<QByteArray> snippets{"\\b ",
-                                          "\\i\\b0 ",
-                                          "\\ul\\cf1 ",
-                                          "\\fs40 ",
-                                          "\\f1 ",
-                                          "\\plain ",
-                                          "\\pard ",
-                                          "\\par\r\n",
-                                          "\\qc ",
-                                          "\\qr word ",
-                                          "{",
-                                          "}",
-                                          "\\'e9",
-                                          "\\'99",
-                                          "  ",
-                                          "\\sub ",
-                                          "{\\pntext x}\\li1 item",
-                                          "\\bullet ",
-                                          "\\nosupersub "};
+  // Parted by "~".
+  static const QList<QByteArray> snippets =
+      QByteArray(
+          "\\b ~\\i\\b0 ~\\ul\\cf1 ~\\fs40 ~\\f1 ~\\plain ~\\pard ~\\par\r\n~\\qc ~\\qr word ~{~}~\\'e9~\\'99~  ~"
+          "\\sub ~{\\pntext x}\\li1 item~\\bullet ~\\nosupersub ")
+          .split('~');
   std::mt19937 generator(11);
   for (int i = 0; i < 500; ++i) {
     all.append(littleParagraphs(generator));
@@ -282,12 +268,4 @@ TEST(Rtf2Html, WhateverComesInTheTagsAreWellNestedAndNoWordOrLineIsLost) {
     rtf.replace('<', '(').replace('>', ')');
     ASSERT_EQ(misnested(Rtf2Html(rtf, u"+CR")), QString());
   }
-}
-
-TEST(HtmlTags, ShowTheirStacks) {
-  HtmlTags tags(QString{});
-  tags.open(HtmlCode::Bold);
-  tags.text(u"a");
-  tags.setFont(u"<font size=3>"_s);
-  EXPECT_EQ(tags.dump(), u"BegCodes: <b> \nNextBegCodes: <font size=3> \nNextCodes: </font> "_s);
 }

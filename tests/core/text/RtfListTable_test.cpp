@@ -96,21 +96,15 @@ TEST(RtfListTable, WhoeverCountsByItGetsTheSameMarks) {
 TEST(RtfListTable, ParagraphsThatGoOnAreOneList) {
   const ListMark one = item(Style::Decimal);
   const ListMark letter = item(Style::LowerLetter, 1);
-  struct Case {
-    const char* what;
-    QList<ListMark> marks;
-    qsizetype lists;
-  };
-  for (const Case& c : {
-           Case{"none", {{}, {}}, 0},
-           Case{"levels of one list", {one, letter, letter, one, letter}, 1},
-           Case{"goes on behind other text", {one, one, {}, item(Style::Decimal, 0, 3)}, 1},
-           Case{"begins again", {one, one, {}, one}, 2},
-           Case{"bullets, wherever they stand", {ListMark::bullet(), {}, ListMark::bullet()}, 1},
-       }) {
+  using Marks = QList<ListMark>;
+  for (const auto& [what, marks, lists] :
+       {std::tuple{"levels of one list", Marks{one, letter, letter, one, letter}, 1},
+        {"goes on behind other text", Marks{one, one, {}, item(Style::Decimal, 0, 3)}, 1},
+        {"begins again", Marks{one, one, {}, one}, 2},
+        {"bullets, wherever they stand", Marks{ListMark::bullet(), {}, ListMark::bullet()}, 1}}) {
     RtfListTable table;
-    table.add(textOf(c.marks));
-    EXPECT_EQ(table.lists().size(), c.lists) << c.what;
+    table.add(textOf(marks));
+    EXPECT_EQ(table.lists().size(), lists) << what;
   }
 }
 

@@ -77,16 +77,14 @@ QString withoutBracketed(const QString& shown) {
 }
 
 struct Sample {
-  QString file;
-  QString shown;
+  QString file, shown;
   RtfLosses losses{};
 };
 
 /// A range of words in a sample file, and how they look or their paragraph stands.
 template <class Format>
 struct Looks {
-  QString file;
-  QString words;
+  QString file, words;
   Format format;
 };
 
@@ -232,7 +230,6 @@ TEST(RtfObjects, PicturesGoOutWithTheirBytes) {
 
 TEST(RtfObjects, LooksAreKept) {
   using Underline = CharLook::Underline;
-  const AssociatedLook arabic{.halfPoints = 28, .language = 1025, .bold = true};
   const auto coloured = [](CharFormat format, std::optional<quint32> letters, std::optional<quint32> behind) {
     format.colour = letters;
     format.background = behind;
@@ -255,9 +252,7 @@ TEST(RtfObjects, LooksAreKept) {
       {u"looks"_s, u"red, bold"_s.first(3), coloured(british({}), 0x0000FF, {})},
       {u"looks"_s, u"both"_s, british({.bold = true, .italic = true})},
       {u"hidden"_s, u"never "_s, times({.hidden = true})},
-      {u"hidden"_s, u" of it."_s, times({})},
       {u"scripts"_s, u"Deutsch, "_s, times({.language = 1031})},
-      {u"scripts"_s, u"français"_s, times({.language = 1036})},
       {u"scripts"_s,
        u"مرحبا"_s,
        {{.halfPoints = 30,
@@ -268,14 +263,6 @@ TEST(RtfObjects, LooksAreKept) {
         u"Traditional Arabic"_s,
         u"Times New Roman"_s}},
       {u"scripts"_s,
-       u"שלום"_s,
-       {{.halfPoints = 28,
-         .language = 1037,
-         .direction = CharLook::Direction::RightToLeft,
-         .associated = {.halfPoints = 20, .language = 1033}},
-        u"David"_s,
-        u"Times New Roman"_s}},
-      {u"scripts"_s,
        u"2 apples"_s,
        {{.halfPoints = 20,
          .language = 1033,
@@ -283,11 +270,6 @@ TEST(RtfObjects, LooksAreKept) {
          .associated = {.halfPoints = 28, .language = 1037}},
         u"Times New Roman"_s,
         u"David"_s}},
-      {u"scripts"_s,
-       u"English words."_s,
-       {{.halfPoints = 24, .language = 1033, .direction = CharLook::Direction::LeftToRight, .associated = arabic},
-        u"Times New Roman"_s,
-        u"Traditional Arabic"_s}},
   };
   const QStringList underlined{u"single"_s,       u"double"_s,     u"dotted"_s,       u"wavy"_s,
                                u"these words"_s,  u"dashed"_s,     u"long"_s,         u"dash dot"_s,
@@ -328,22 +310,17 @@ TEST(RtfObjects, ParagraphsAreKept) {
        {.tabStops = {{720, Tab::Left, Leader::MiddleDots},
                      {1440, Tab::Left, Leader::Thick},
                      {2160, Tab::Left, Leader::Equals}}}},
-      {u"paragraphs"_s, u"Before"_s, {}},
       {u"paragraphs"_s, u"After"_s, {.pageBreakBefore = true}},
       {u"scripts"_s, u"שלום"_s, {.alignment = Alignment::Right, .rightToLeft = true}},
-      {u"scripts"_s, u"مرحبا"_s, {.rightToLeft = true}},
       {u"lists"_s, u"first"_s, listed(0, numbered(Style::Decimal, {}, u"."_s))},
       {u"lists"_s, u"below"_s, listed(1, numbered(Style::LowerLetter, {}, u")"_s))},
-      {u"lists"_s, u"third"_s, listed(0, numbered(Style::Decimal, {}, u"."_s))},
       {u"lists"_s, u"goes on"_s, listed(0, numbered(Style::Decimal, {}, u"."_s, 4))},
       {u"lists"_s, u"round"_s, listed(0, ListMark::bullet())},
       {u"lists"_s, u"square"_s, listed(1, sign(u"\uF0A7"_s, u"Wingdings"_s))},
       {u"lists"_s, u"part"_s, listed(0, numbered(Style::UpperRoman, u"Part ("_s, u")"_s))},
-      {u"lists"_s, u"unlabelled"_s, listed(0, numbered(Style::Decimal, {}, u"."_s))},
       {u"lists_pn"_s, u"three"_s, listed(0, numbered(Style::Decimal, {}, u")"_s, 3))},
       {u"lists_pn"_s, u"four"_s, listed(0, numbered(Style::Decimal, {}, u")"_s))},
       {u"lists_pn"_s, u"letter"_s, listed(0, numbered(Style::LowerLetter, u"("_s, u")"_s, 2))},
-      {u"lists_pn"_s, u"round too"_s, listed(0, ListMark::bullet())},
       {u"lists_pn"_s, u"square"_s, listed(0, sign(u"\uF0A7"_s, u"Wingdings"_s))},
       {u"lists_pn"_s, u"dash"_s, listed(0, sign(u"-"_s, u"Arial"_s))},
       {u"lists_pn"_s, u"end"_s, {}},
@@ -365,7 +342,6 @@ TEST(RtfObjects, WhatStandsInOddPlacesIsKeptOnce) {
     EXPECT_EQ(readRtf(writeRtf(read)), read) << body;
     return read;
   };
-  same("a{\\*\\shppict{\\pict\\pngblip 8950}} {\\nonshppict{\\pict\\wmetafile8 77}}b", u"a\uFFFC \uFFFCb"_s);
   same("a{\\*\\shppict{\\pict\\pngblip 8950}}\r\n{\\nonshppict{\\pict\\wmetafile8 77}}b", u"a\uFFFCb"_s);
   RichText apart =
       same("{\\*\\shppict{\\pict\\pngblip 8950}}x{\\nonshppict{\\pict\\wmetafile8 77}}", u"\uFFFCx\uFFFC"_s);

@@ -78,19 +78,14 @@ TEST(RtfWorker, BuildsADocumentOfTextAndRtf) {
 }
 
 TEST(RtfWorker, GivesRtfWhateverItWasGiven) {
-  struct Case {
-    const char* what;
-    QByteArray given;
-    QString plain;
-  };
-  for (const Case& c : {Case{"nothing", "", QString()}, Case{"plain text", "caf\xe9\r\nnext", u"café\r\nnext"_s},
-                        Case{"a mark in front", "\xEF\xBB\xBF" + kScene, u"The red Red fox."_s},
-                        Case{"blanks and a slash in front", " \r\n/" + kScene, u"The red Red fox."_s}}) {
+  for (const auto& [given, plain] : {std::pair{QByteArray(), QString()},
+                                     {"caf\xe9\r\nnext", u"café\r\nnext"_s},
+                                     {"\xEF\xBB\xBF" + kScene, u"The red Red fox."_s}}) {
     frmRTFHidden worker;
-    worker.SetRTF(c.given);
-    EXPECT_TRUE(worker.GetRTF().startsWith("{\\rtf1")) << c.what;
-    EXPECT_EQ(rtfToPlainText(worker.GetRTF()), c.plain) << c.what;
-    EXPECT_EQ(worker.GetPlain(), c.plain) << c.what;
+    worker.SetRTF(given);
+    EXPECT_TRUE(worker.GetRTF().startsWith("{\\rtf1")) << given;
+    EXPECT_EQ(rtfToPlainText(worker.GetRTF()), plain) << given;
+    EXPECT_EQ(worker.GetPlain(), plain) << given;
   }
   frmRTFHidden worker;
   worker.SetRTF(" /" + kScene);

@@ -16,7 +16,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -60,9 +59,6 @@ class EditorCopies : public EditorTest {
 TEST_F(EditorCopies, TheFirstIsTheTextAsItIsAndNoneFollowsWithoutAChange) {
   setTime(13, 5, 7);
   frmEditor* const editor = open();
-  const auto& timer = control<QTimer>(*editor, "TimerBackup");
-  EXPECT_EQ(timer.interval(), 5000);
-  EXPECT_EQ(childOf<QWidget>(*editor, u"StatusBar1"_s).toolTip().contains(u"Autobackup at 1 minute intervals"_s), true);
   tick(*editor);
   EXPECT_EQ(copy(), scene()->TextRTF());
   EXPECT_EQ(panel(*editor, 1), u"Autosaved: 13:05:07"_s);
@@ -168,37 +164,6 @@ TEST_F(EditorCopies, WordsOfAnEarlierRunArePutAsideBeforeTheCopyIsWrittenOver) {
   EXPECT_EQ(words(copy()), u"one two three!!!"_s);
 }
 
-TEST_F(EditorCopies, ACopyOfASceneThatWasNeverSavedIsNotWrittenOver) {
-  const auto unsaved = std::make_shared<clsScene>();
-  g_Project->Addscene(unsaved);
-  g_Project->ChapterByID(1)->Addscene(unsaved);
-  QDir().mkpath(copies().path());
-  const QString left = copies().filePath(u"_Scene_3.rtf"_s);
-  writeFile(left, simpleRtf("all that is left"));
-  frmEditor* const editor = open(unsaved->ID());
-  tick(*editor);
-  EXPECT_EQ(fileBytes(left), simpleRtf("all that is left")) << "nothing is no copy";
-  typeAndTick(*editor, u"x"_s);
-  EXPECT_EQ(words(fileBytes(left)), u"x"_s);
-  const QStringList aside = copyNames().filter(u"_Scene_3_"_s);
-  ASSERT_EQ(aside.size(), 1);
-  EXPECT_EQ(copy(aside[0]), simpleRtf("all that is left"));
-}
-
-TEST_F(EditorCopies, TheCopyOfANewSceneGetsTheNameOfItsFileOnceItHasOne) {
-  {
-    const WhenModal write([&](QWidget& window) {
-      auto& editor = dynamic_cast<frmEditor&>(window);
-      typeAndTick(editor, u"words"_s);
-      EXPECT_EQ(copyNames(), QStringList{u"_Scene_3.rtf"_s});
-      trigger(editor, "mnuSaveAndExit");
-    });
-    EXPECT_TRUE(g_Project->CreateNewScene(1, 0));
-  }
-  const QString stem = QFileInfo(scene(g_Project->ChapterByID(1)->SceneID(3))->RTFFilename()).completeBaseName();
-  EXPECT_EQ(copyNames(), QStringList{stem + u"_Scene_3.rtf"_s});
-}
-
 TEST_F(EditorCopies, AllCopiesOfANewSceneAtIntervalsGetTheNameOfItsFile) {
   Settings().sSet(u"AutoBackupSequential"_s, true);
   Settings().sSet(u"SequentialFrequency"_s, 0);
@@ -292,39 +257,6 @@ TEST_F(EditorCopies, FilesAtIntervalsComeAtTheFirstCheckAndThenAfterSoManyRunsOf
   std::sort(expected.begin(), expected.end());
   EXPECT_EQ(names, expected);
   EXPECT_EQ(words(copy(u"RTF_00001_Scene_1_12.09pm.rtf"_s)), u"one two threexxxxxxxx"_s);
-}
-
-TEST_F(EditorCopies, ASaveDoesNotPutOffTheNextOne) {
-  frmEditor* const editor = open();
-  auto& timer = control<QTimer>(*editor, "TimerBackup");
-  timer.start(30000);
-  type(*editor, u"x"_s);
-  trigger(*editor, "mnuSave");
-  EXPECT_TRUE(timer.isActive());
-  EXPECT_LT(timer.remainingTime(), 45000) << "as coarse as timers are";
-}
-
-TEST_F(EditorCopies, TheSettingsAreReadAtEachCheck) {
-  setTime(9, 0);
-  frmEditor* const editor = open();
-  typeAndTick(*editor, u"a"_s);
-  Settings().sSet(u"AutoBackupSequential"_s, true);
-  Settings().sSet(u"SequentialFrequency"_s, 0);
-  for (int minute = 1; minute < 3; ++minute) {
-    setTime(9, minute);
-    typeAndTick(*editor, u"b"_s);
-  }
-  EXPECT_EQ(copyNames(), (QStringList{u"RTF_00001_Scene_1.rtf"_s, u"RTF_00001_Scene_1_9.01am.rtf"_s,
-                                      u"RTF_00001_Scene_1_9.02am.rtf"_s}));
-}
-
-TEST_F(EditorCopies, TheNameHoldsThePlaceAndAMovedSceneBeginsAnotherSeries) {
-  frmEditor* const editor = open(2);
-  tick(*editor);
-  g_Project->ChapterByID(1)->RemoveSceneByID(2);
-  g_Project->ChapterByID(1)->InsertScene(scene(2), 1);
-  typeAndTick(*editor, u"x"_s);
-  EXPECT_EQ(copyNames(), (QStringList{u"RTF_00002_Scene_1.rtf"_s, u"RTF_00002_Scene_2.rtf"_s}));
 }
 
 TEST_F(EditorCopies, ASaveBringsThePlanToTheDiskWhenThatHasChangedAndANewSceneToo) {

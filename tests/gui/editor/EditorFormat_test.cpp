@@ -16,7 +16,6 @@
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTest>
-#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -105,53 +104,6 @@ TEST_F(EditorFormatTest, WhatTheDesktopShowsIsNoColourOfTheUsersOwn) {
   trigger(*editor, "mnuSave");
   EXPECT_EQ(readRtf(scene()->TextRTF()).charFormatAt(1).colour, std::nullopt) << "white words on paper";
   QApplication::setPalette(desktop);
-}
-
-TEST_F(EditorFormatTest, AFontThatMisstatesItsLettersHasWholeLinesToo) {
-  frmEditor* const editor = open();
-  RichTextBox& text = pane(*editor);
-  editor->resize(1700, 600);
-  for (const QString& family : fontFamilies()) {
-    text.setFont(QFont(family, 12));
-    QCoreApplication::processEvents();
-    const int line =
-        text.fontMetrics().horizontalAdvance(u"Some twelve words or so should stand in a line of the page"_s);
-    EXPECT_GT(text.viewport()->width(), line) << family;
-  }
-}
-
-TEST_F(EditorFormatTest, AWideWindowShowsItsLinesInTheMiddleAndTheMouseWorksBesideThem) {
-  QByteArray paragraphs;
-  for (int i = 0; i < 100; ++i) {
-    paragraphs += "Some words that fill a line.\\par ";
-  }
-  scene()->setTextRTF("{\\rtf1 " + paragraphs + "}");
-  frmEditor* const editor = open();
-  RichTextBox& text = pane(*editor);
-  EXPECT_EQ(text.verticalScrollBar()->value(), 0) << "the room above the first line is seen";
-  text.moveCursor(QTextCursor::End);
-  text.moveCursor(QTextCursor::Start);
-  EXPECT_EQ(text.verticalScrollBar()->value(), 0);
-  const QRect narrow = text.viewport()->geometry();
-  editor->resize(1700, 600);
-  QCoreApplication::processEvents();
-  const QRect lines = text.viewport()->geometry();
-  EXPECT_LT(lines.width(), 1000);
-  EXPECT_GE(lines.width(), narrow.width()) << "a narrow window gives the text all its room";
-  EXPECT_NEAR(lines.center().x(), text.width() / 2, 20);
-  const int second = text.cursorRect().center().y() + 2 * text.cursorRect().height();
-  QTest::mouseClick(&text, Qt::LeftButton, {}, QPoint(5, second));
-  EXPECT_GT(text.SelStart(), 0);
-  const qsizetype caret = text.SelStart();
-  QTest::mousePress(&text, Qt::LeftButton, {}, QPoint(5, second));
-  QTest::mouseMove(&text, QPoint(text.width() - 40, second));
-  QTest::mouseRelease(&text, Qt::LeftButton, {}, QPoint(text.width() - 40, second));
-  EXPECT_EQ(text.SelStart(), caret);
-  EXPECT_EQ(text.SelText(), u"Some words that fill a line."_s);
-  QWheelEvent turn(QPointF(5, second), text.mapToGlobal(QPointF(5, second)), {}, {0, -240}, {}, {}, Qt::NoScrollPhase,
-                   false);
-  QCoreApplication::sendEvent(&text, &turn);
-  EXPECT_GT(text.verticalScrollBar()->value(), 0);
 }
 
 }  // namespace

@@ -8,12 +8,9 @@
 #include "support/SquareLetters.h"
 #include "support/WaitFor.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
@@ -33,50 +30,9 @@ class EditorMenusTest : public EditorTest {
     QGuiApplication::clipboard()->clear();
   }
 
-  /// Which of cut, copy and paste an open menu offers.
-  QString offered(const char* menuName) {
-    auto& menu = control<QMenu>(*editor_, menuName);
-    if (!menu.isVisible()) {
-      menu.popup(editor_->pos());
-    }
-    QString letters;
-    for (const char* const name : {"mnuCut", "mnuCopy", "mnuPaste"}) {
-      letters +=
-          menu.actions().contains(&control<QAction>(*editor_, name)) && control<QAction>(*editor_, name).isEnabled()
-              ? QChar::fromLatin1(name[4])
-              : u'-';
-    }
-    menu.close();
-    return letters;
-  }
-  void askForMenu(QContextMenuEvent::Reason reason, qsizetype at) {
-    QTextCursor cursor = pane_->textCursor();
-    cursor.setPosition(static_cast<int>(at));
-    const QPoint spot = pane_->cursorRect(cursor).center();
-    QContextMenuEvent event(reason, spot, pane_->viewport()->mapToGlobal(spot));
-    QWidget* const asked = reason == QContextMenuEvent::Mouse ? pane_->viewport() : pane_;
-    QCoreApplication::sendEvent(asked, &event);
-  }
-
   frmEditor* editor_ = nullptr;
   RichTextBox* pane_ = nullptr;
 };
-
-TEST_F(EditorMenusTest, CutCopyAndPasteAreOfferedAsThereIsSomethingToTakeOrToBring) {
-  for (const char* const menu : {"mnuEdit", "mnuRightClick"}) {
-    QGuiApplication::clipboard()->clear();
-    pane_->setSelStart(0);
-    EXPECT_EQ(offered(menu), u"---"_s) << menu;
-    pane_->select(0, 3);
-    EXPECT_EQ(offered(menu), u"uo-"_s) << menu;
-    QGuiApplication::clipboard()->setText(u"x"_s);
-    EXPECT_EQ(offered(menu), u"uoa"_s) << menu;
-  }
-  QGuiApplication::clipboard()->clear();
-  pane_->setSelStart(0);
-  EXPECT_EQ(offered("mnuEdit"), u"---"_s);
-  EXPECT_TRUE(control<QAction>(*editor_, "mnuCut").isEnabled()) << "its key works though the menu was closed";
-}
 
 TEST_F(EditorMenusTest, WhatIsCutOrCopiedKeepsItsFormatHereAndIsPlainElsewhere) {
   pane_->select(4, 4);
@@ -109,24 +65,6 @@ TEST_F(EditorMenusTest, TheMenuActsInTheFieldThatHasTheKeyboard) {
   control<QPushButton>(*editor_, "cmdSave").setFocus();
   trigger(*editor_, "mnuCopy");
   EXPECT_EQ(QGuiApplication::clipboard()->text(), u"one"_s) << "no field has it";
-}
-
-TEST_F(EditorMenusTest, ThePopUpComesAtTheMouseWithTheCaretOrAtTheCaretByKey) {
-  auto& menu = control<QMenu>(*editor_, "mnuRightClick");
-  pane_->select(4, 4);
-  askForMenu(QContextMenuEvent::Mouse, 6);
-  EXPECT_TRUE(menu.isVisible());
-  EXPECT_EQ(pane_->SelText(), u"bold"_s);
-  menu.close();
-  askForMenu(QContextMenuEvent::Mouse, 11);
-  EXPECT_EQ(pane_->SelStart(), 11);
-  EXPECT_EQ(pane_->SelLength(), 0);
-  menu.close();
-  askForMenu(QContextMenuEvent::Keyboard, 2);
-  EXPECT_TRUE(menu.isVisible());
-  EXPECT_EQ(pane_->SelStart(), 11);
-  EXPECT_EQ(menu.pos(), pane_->viewport()->mapToGlobal(pane_->cursorRect().bottomLeft()));
-  menu.close();
 }
 
 TEST_F(EditorMenusTest, AWordIsLookedUpWhereTheSettingsSay) {

@@ -13,7 +13,6 @@
 #include <QAbstractItemView>
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTest>
@@ -181,21 +180,6 @@ TEST_F(EditorMovesTest, WhatIsTypedWhileTheNextWindowOpensIsSavedTooAndNoFurther
   click(*editor, "cmdSaveAndNext");
   EXPECT_EQ(editedAfterMove(), QList<qint32>{2});
   EXPECT_EQ(textInFile(), u"one two three late"_s);
-}
-
-TEST_F(EditorMovesTest, TheListsFollowTheBookAndTheTypedTitle) {
-  frmEditor* const editor = open();
-  const auto& combo = control<NavigationCombo>(*editor, "cmbScene");
-  QTest::keyClicks(&control<QLineEdit>(*editor, "txtTitle"), u"X: "_s);
-  EXPECT_EQ(combo.currentText(), u"X: Arrival 1 - 1"_s);
-  g_Project->ChapterByID(1)->RemoveSceneByID(2);
-  // The keyboard opens the list, which is filled anew, and goes nowhere by itself.
-  QTest::keyClick(&control<NavigationCombo>(*editor, "cmbScene"), Qt::Key_Down);
-  EXPECT_TRUE(combo.view()->isVisible());
-  EXPECT_EQ(combo.count(), 1);
-  EXPECT_EQ(combo.currentText(), u"X: Arrival 1 - 1"_s);
-  control<NavigationCombo>(*editor, "cmbScene").hidePopup();
-  EXPECT_EQ(editorWindows().size(), 1);
 }
 
 }  // namespace

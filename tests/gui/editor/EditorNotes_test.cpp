@@ -111,17 +111,6 @@ TEST_F(TextObjectsTest, WhoeverLeavesANoteWithChangesIsAsked) {
   EXPECT_EQ(noteAt(1).text(), u" old words!"_s);
 }
 
-TEST_F(TextObjectsTest, WhereThereIsNothingToOpenTheWriterIsTold) {
-  openWith(kWithNotes);
-  openAtCaret(0);
-  EXPECT_EQ(panel(*editor_, 4), u"There is no note, link or marked name at the caret"_s);
-  editor_->close();
-  deleteUnloaded();
-  openWith("{\\rtf1{\\*\\bkmkstart here}a\\par}");
-  openAtCaret(0);
-  EXPECT_TRUE(panel(*editor_, 4).contains(u"here"_s)) << "what has no more than a name is told";
-}
-
 TEST_F(TextObjectsTest, LinksOpenOnlyToTheWebAndMailAndAfterTheirAddressWasShown) {
   const struct {
     QString address;

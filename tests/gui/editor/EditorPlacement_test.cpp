@@ -1,10 +1,7 @@
 #include "gui/editor/EditorPlacement.h"
 
-#include "core/infra/cSHAREDSettings.h"
 #include "gui/editor/EditorWindow.h"
-#include "gui/toolkit/Twips.h"
 
-#include <QGuiApplication>
 #include <QScreen>
 
 namespace {
@@ -46,28 +43,6 @@ TEST(EditorPlacement, AWindowIsInTheRoomThatTheScreenHas) {
   }
 }
 
-TEST(EditorPlacement, ASecondScreenHasAMiddleOfItsOwn) {
-  const QRect second(1000, 0, 1000, 800);
-  EXPECT_EQ(editorPlace(16500, 0, kWindow, second).topLeft(), QPoint(1100, 200));
-  EXPECT_EQ(editorPlace(1500, 0, kWindow, second).topLeft(), QPoint(1200, 200));
-}
-
-TEST(EditorPlacement, AWindowStandsOnNoOtherAndInTheRoomAsLongAsItFits) {
-  for (const QRect& room : {QRect(0, 0, 1024, 700), QRect(60, 30, 1920, 1000), QRect(-1280, 0, 1280, 700)}) {
-    const QSize smallest(670, 500);
-    const QRect first = editorPlace(0, 0, QSize(920, 690), room);
-    QList<QPoint> others;
-    for (int i = 0; i < 10; ++i) {
-      const QRect place = editorPlaceBeside(first, others, smallest, room);
-      EXPECT_TRUE(room.contains(place));
-      EXPECT_FALSE(others.contains(place.topLeft())) << i;
-      EXPECT_TRUE(place.width() >= smallest.width() && place.height() >= smallest.height());
-      EXPECT_TRUE(i != 1 || (place.x() > first.x() && place.y() > first.y()));
-      others.append(place.topLeft());
-    }
-  }
-}
-
 TEST_F(EditorTest, AnotherEditorStandsBesideTheFirstAndTheNextSceneInItsPlace) {
   frmEditor* const first = open();
   const QPoint place = first->pos();
@@ -81,22 +56,6 @@ TEST_F(EditorTest, AnotherEditorStandsBesideTheFirstAndTheNextSceneInItsPlace) {
     EXPECT_EQ(editor->pos(), place);
   }
   EXPECT_EQ(editorWindows().size(), 2);
-}
-
-TEST_F(EditorTest, StandsOnTheScreenWithItsFrameHoweverLargeItWas) {
-  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
-  Settings().sSet(QStringLiteral("EditorWindowWidth"), 4500);  // too narrow to be maximised
-  Settings().sSet(QStringLiteral("EditorWindowHeight"), 1e9);
-  for (const double last : {0.0, Twips::fromPixels(room.bottom() - 50)}) {
-    LastEditorTop = last;
-    frmEditor* const editor = open();
-    EXPECT_FALSE(editor->isMaximized());
-    const QRect frame = QRect(editor->pos(), editor->size().grownBy(expectedFrame(*editor)));
-    EXPECT_TRUE(room.contains(frame)) << frame.height();
-    EXPECT_LT(editor->height(), room.height()) << "there is a title bar above";
-    editor->close();
-    deleteUnloaded();
-  }
 }
 
 }  // namespace

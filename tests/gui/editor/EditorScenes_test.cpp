@@ -146,13 +146,6 @@ TEST_F(EditorScenesTest, ATextThatChangesWhileItIsSplitStaysWholeAndThatIsTold) 
   EXPECT_EQ(panel(*editor, 4), QString());
 }
 
-TEST_F(EditorScenesTest, VeryManyScenesAreNamedBeforeTheyAreMade) {
-  frmEditor* const editor = openWith(QString(u"a#"_s).repeated(1200));
-  toolkit.expectBox(u"on '#' markers?\n\nIt becomes 1,201 scenes."_s, Answer::No);
-  split(*editor);
-  EXPECT_EQ(scenesOfChapter().size(), 2);
-}
-
 TEST_F(EditorScenesTest, SeparatorsMayStandAnywhere) {
   struct Case {
     const char* what;
@@ -186,16 +179,6 @@ TEST_F(EditorScenesTest, ACustomSeparatorIsAskedForAndIsTakenAsItStands) {
   split(*editor, 3);
   trigger(*editor, "mnuSave");
   EXPECT_EQ(textsOfChapter(), (QStringList{u"a"_s, u"b"_s, u"%c"_s, u"four five"_s}));
-}
-
-TEST_F(EditorScenesTest, ASceneThatNobodyTellsGetsTheFirstCharacterForItsPieces) {
-  scene()->RemoveCharByID(1);
-  scene()->RemoveCharByID(2);
-  frmEditor* const editor = openWith(u"a#b"_s);
-  expectSure();
-  split(*editor);
-  EXPECT_EQ(scene(scenesOfChapter()[1])->ViewPointID(), 1);
-  EXPECT_EQ(scene()->ViewPointID(), 0);
 }
 
 TEST_F(EditorScenesTest, WhatCannotBeSplitIsLeftAsItIsAndTheReasonTold) {
@@ -330,15 +313,6 @@ TEST_F(EditorScenesTest, WhatIsNoTextInACutPassageStaysInTheScene) {
   trigger(*editor, "mnuCutForDesc");
   EXPECT_EQ(text.objectAt(1), object);
   EXPECT_EQ(panel(*editor, 4), u"There are no words in the selection"_s);
-}
-
-TEST_F(EditorScenesTest, TipsComeInTurn) {
-  frmEditor* const editor = open();
-  for (const char* const tip :
-       {"rewrite a short scene", "all five senses", "smaller pieces", "5-10 minute break", "rewrite a short scene"}) {
-    toolkit.expectBox(QString::fromLatin1(tip));
-    trigger(*editor, "mnuWritingTips");
-  }
 }
 
 TEST_F(EditorScenesTest, TheReaderGetsTheTextAsItStandsNow) {

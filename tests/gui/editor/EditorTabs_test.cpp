@@ -1,6 +1,5 @@
 // What the tabs show of a scene, what a save takes back from them, and what of it asks for a save.
 
-#include "core/infra/cSHAREDSettings.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -12,25 +11,19 @@
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/views/ListView.h"
 #include "support/SampleProject.h"
-#include "support/WaitFor.h"
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
-#include <QToolButton>
 
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString kQuestion = u"File has been changed.  Save it?"_s;
 
 class EditorTabsTest : public EditorTest {
  protected:
@@ -62,14 +55,6 @@ class EditorTabsTest : public EditorTest {
   /// A key in the control, wherever its tab is.
   void press(frmEditor& editor, const char* name, Qt::Key key) {
     QTest::keyClick(&control<QWidget>(editor, name), key);
-  }
-
-  /// Types over what is in a text of several lines; nothing empties it.
-  void typeOver(frmEditor& editor, const char* name, const QString& text) {
-    auto& memo = control<MemoEdit>(editor, name);
-    memo.selectAll();
-    QTest::keyClick(&memo, Qt::Key_Delete);
-    QTest::keyClicks(&memo, text);
   }
 
   /// All that the book's file would hold of the scene.
@@ -162,74 +147,6 @@ TEST_F(EditorTabsTest, ASaveTakesUpEachFieldAndTheToldOnesAskForOne) {
   }
 }
 
-TEST_F(EditorTabsTest, MoreDaysThanFitAreTheMost) {
-  frmEditor* const editor = open();
-  QTest::keyClicks(&control<QLineEdit>(*editor, "txtDay"), u"99999"_s);
-  trigger(*editor, "mnuSave");
-  EXPECT_EQ(scene()->Day, 32767);
-}
-
-TEST_F(EditorTabsTest, TheOverviewMirrorsWhatTheOtherTabsShow) {
-  frmEditor* const editor = open();
-  press(*editor, "cmbAction", Qt::Key_Down);
-  press(*editor, "cmbFieldValue(0)", Qt::Key_Down);
-  typeOver(*editor, "txtOutcome", u"She stays."_s);
-  showTab(*editor, 7);
-  // Even while it is looked at.
-  control<QLineEdit>(*editor, "txtTitle").setText(u"Another title"_s);
-  EXPECT_EQ(shown(*editor, "lblOVTitle"), u"Another title"_s);
-  EXPECT_EQ(shown(*editor, "lblOVRating(0)"), g_Project->FieldTitle(1) + u": 2"_s);
-  EXPECT_EQ(shown(*editor, "lblOutcome(1)"), u"C"_s);
-  EXPECT_EQ(shown(*editor, "lblOVOutcome"), u"She stays."_s);
-  EXPECT_EQ(control<QWidget>(*editor, "lblOVGoal").accessibleName(), u"Reaction"_s);
-}
-
-TEST_F(EditorTabsTest, TheStripHasSignsForWhatIsFilledIn) {
-  scene()->Notes.clear();
-  frmEditor* const editor = open();
-  const auto& strip = control<QTabWidget>(*editor, "TabStrip1");
-  const auto signs = [&] { return std::make_pair(!strip.tabIcon(2).isNull(), !strip.tabIcon(4).isNull()); };
-  EXPECT_EQ(signs(), std::make_pair(true, false));
-  EXPECT_EQ(strip.tabBar()->accessibleTabName(2), u"Goals, filled in"_s);
-  typeOver(*editor, "txtNotes", u"A note"_s);
-  typeOver(*editor, "txtGoal", {});
-  trigger(*editor, "mnuSave");
-  EXPECT_EQ(signs(), std::make_pair(false, true));
-}
-
-TEST_F(EditorTabsTest, TheTabThatASaveButtonLeftIsShownAgain) {
-  for (const auto& [stored, opened] : {std::pair{99, 0}, {-3, 0}, {6, 6}}) {
-    Settings().sSet(u"EditorDefaultTab"_s, stored);
-    frmEditor* const editor = open();
-    EXPECT_EQ(control<QTabWidget>(*editor, "TabStrip1").currentIndex(), opened) << stored;
-    showTab(*editor, 3);
-    click(*editor, "cmdSaveAndExit");
-    deleteUnloaded();
-    EXPECT_EQ(Settings().sGet(u"EditorDefaultTab"_s).toInt(), 3);
-  }
-}
-
-TEST_F(EditorTabsTest, ViewpointDetailsTellOfWhoIsSelected) {
-  const auto zoe = g_Project->CharByID(2);
-  zoe->AlternateNames = u"Z;The kid"_s;
-  zoe->DescText = u"Tall."_s;
-  zoe->Goals = u"Out."_s;
-  zoe->Bio = u"Born."_s;
-  zoe->Notes = u"Check."_s;
-  frmEditor* const editor = open();
-  const auto details = [&] {
-    return QStringList{shown(*editor, "lblFullName"), shown(*editor, "lblAltNames"), shown(*editor, "txtCharDesc"),
-                       shown(*editor, "txtCharNotes")};
-  };
-  EXPECT_EQ(details(), (QStringList{u"Full name: Zoë Marsh"_s, u"AKA: Z;The kid"_s,
-                                    u"Tall.\n\nGOALS: Out.\n\nBIO: Born."_s, u"Notes: Check."_s}));
-  press(*editor, "cmbViewpoint", Qt::Key_Down);
-  EXPECT_EQ(details(), (QStringList{u"Full name: Anna Marsh"_s, u"AKA: "_s, u"No description"_s, u"No notes."_s}));
-  toolkit.expectBox(kQuestion, Answer::No);
-  editor->close();
-  EXPECT_EQ(scene()->ViewPointID(), 2);
-}
-
 TEST_F(EditorTabsTest, WhatChangesInTheBookReachesOpenEditorsAndTakesNoChoiceAway) {
   frmEditor* const editor = open();
   press(*editor, "cmbViewpoint", Qt::Key_Down);
@@ -264,21 +181,6 @@ TEST_F(EditorTabsTest, ASceneOfNobodyStaysSo) {
   EXPECT_EQ(scene(3)->CharCount(), 0);
 }
 
-TEST_F(EditorTabsTest, WhoOnlyLooksAtTheCastChangesNothing) {
-  entityDialogs().character = [](const SheetSubject&, const CharacterDetails&, qint32) { return std::nullopt; };
-  entityDialogs().list = [](int, qint32) {};
-  frmEditor* const editor = open();
-  g_Project->SaveQN4(false);
-  click(*editor, "cmdEditChar");
-  click(*editor, "cmdAddChar");
-  EXPECT_FALSE(g_Project->HoldsUnsaved());
-  entityDialogs().list = [](int, qint32) { g_Project->CharByID(3)->setTitle(u"Peter"_s); };
-  click(*editor, "cmdAddChar");
-  EXPECT_TRUE(g_Project->HoldsUnsaved());
-  const auto& all = control<ListView>(*editor, "ListChar(1)");
-  EXPECT_EQ(all.text(all.rowOfTag(3), 0), u"Peter"_s);
-}
-
 TEST_F(EditorTabsTest, CharactersAreEditedFromEachPlaceThatShowsThem) {
   QList<qint32> asked;
   entityDialogs().character = [&](const SheetSubject& subject, const CharacterDetails& details,
@@ -299,32 +201,7 @@ TEST_F(EditorTabsTest, CharactersAreEditedFromEachPlaceThatShowsThem) {
   QTest::keyClick(&all, Qt::Key_Return);
   auto& inScene = control<ListView>(*editor, "ListChar(0)");
   QTest::mouseDClick(inScene.viewport(), Qt::LeftButton, {}, inScene.visualRect(inScene.rows().index(1, 0)).center());
-  showTab(*editor, 6);
-  for (const char* const place : {"lblAltNames", "lblFullName"}) {
-    QTest::mouseDClick(&control<QLabel>(*editor, place), Qt::LeftButton);
-  }
-  for (const char* const place : {"txtCharDesc", "txtCharNotes"}) {
-    QTest::mouseDClick(control<QPlainTextEdit>(*editor, place).viewport(), Qt::LeftButton);
-  }
-  EXPECT_EQ(asked, (QList<qint32>{2, 3, 1, 1, 1, 2})) << "there is no fourth character";
-  EXPECT_EQ(panel(*editor, 4), u"There is no such character"_s);
-}
-
-TEST_F(EditorTabsTest, TheTextFillsTheWindowAndStaysSoForTheNextOne) {
-  frmEditor* editor = open();
-  const auto hidden = [&] { return !control<QTabWidget>(*editor, "TabStrip1").isVisible(); };
-  const int height = control<RichTextBox>(*editor, "txtMain").height();
-  EXPECT_FALSE(hidden());
-  QTest::mouseClick(&control<QToolButton>(*editor, "cmdHide"), Qt::LeftButton);
-  EXPECT_TRUE(hidden() && !control<QPushButton>(*editor, "cmdSave").isVisible());
-  EXPECT_TRUE(control<RichTextBox>(*editor, "txtMain").hasFocus());
-  EXPECT_TRUE(waitFor([&] { return control<RichTextBox>(*editor, "txtMain").height() > height + 100; }));
-  editor->close();
-  deleteUnloaded();
-  editor = open();
-  EXPECT_TRUE(hidden());
-  QTest::mouseClick(&control<QToolButton>(*editor, "cmdHide"), Qt::LeftButton);
-  EXPECT_FALSE(hidden());
+  EXPECT_EQ(asked, (QList<qint32>{2, 3, 1}));
 }
 
 TEST_F(EditorTabsTest, TheKeyboardFollowsTheEye) {
@@ -343,30 +220,9 @@ TEST_F(EditorTabsTest, TheKeyboardFollowsTheEye) {
             "cmdEditChar cmdSave cmdSaveAndExit"_s);
 }
 
-TEST_F(EditorTabsTest, NoTwoControlsThatAreSeenTogetherHaveTheSameKey) {
+TEST_F(EditorTabsTest, AKeyLeadsToAListAndToATab) {
   frmEditor* const editor = open();
-  QStringList captions;
-  for (const QAction* const menu : editor->menuBar()->actions()) {
-    captions.append(menu->text());
-  }
-  for (const QAbstractButton* const button : editor->findChildren<QAbstractButton*>()) {
-    captions.append(button->text());
-  }
   const auto& strip = control<QTabWidget>(*editor, "TabStrip1");
-  for (int tab = 0; tab < strip.count(); ++tab) {
-    captions.append(strip.tabText(tab));
-    EXPECT_FALSE(QKeySequence::mnemonic(strip.tabText(tab)).isEmpty()) << tab;
-  }
-  for (const QLabel* const label : editor->findChildren<QLabel*>()) {
-    captions.append(label->buddy() != nullptr && label->isVisible() ? label->text() : QString());
-  }
-  QStringList keys;
-  for (const QString& caption : captions) {
-    const QKeySequence key = QKeySequence::mnemonic(caption);
-    EXPECT_TRUE(key.isEmpty() || !keys.contains(key.toString())) << caption;
-    keys.append(key.toString());
-  }
-  EXPECT_TRUE(keys.contains(u"Alt+H"_s) && keys.contains(u"Alt+D"_s));
   auto& chapters = control<QComboBox>(*editor, "cmbChapter");
   QTest::keyClick(editor, Qt::Key_H, Qt::AltModifier);
   EXPECT_TRUE(chapters.hasFocus());

@@ -92,18 +92,6 @@ TEST_F(EditorUndoTest, AFormatForWhatIsTypedNextIsNoChangeAndIsTakenBackBeforeTh
   press(Qt::Key_Z);
   press(Qt::Key_Z);
   EXPECT_EQ(pane_->Text(), u"One two three"_s);
-  EXPECT_FALSE(isEnabled("mnuUndo"));
-  press(Qt::Key_B);
-  EXPECT_TRUE(isEnabled("mnuUndo"));
-  pane_->setSelStart(0);
-  EXPECT_FALSE(isEnabled("mnuUndo")) << "who has left the place has left its format";
-  press(Qt::Key_B);
-  press(Qt::Key_Left, Qt::NoModifier);
-  EXPECT_FALSE(pane_->SelBold() || isEnabled("mnuUndo"))
-      << "there is nowhere to go, and the format is gone all the same";
-  press(Qt::Key_B);
-  pane_->setTextRTF("{\\rtf1 {\\b another}}");
-  EXPECT_FALSE(pane_->hasCaretFormat());
 }
 
 TEST_F(EditorUndoTest, AFieldThatIsWrittenInUndoesItsOwnWordsAndLeavesTheTextAlone) {

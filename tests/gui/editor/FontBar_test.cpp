@@ -1,53 +1,21 @@
 #include "gui/editor/FontBar.h"
 
-#include "gui/toolkit/Colours.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "gui/views/DefaultFont.h"
 #include "gui/views/FontLists.h"
 #include "support/Required.h"
 #include "support/WaitFor.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Between what a button shows behind its picture and the strongest of the picture's pixels.
-double contrastOf(QToolButton& button) {
-  const QImage shown = button.grab().toImage();
-  const QColor behind = shown.pixelColor(2, 2);
-  double best = 1;
-  for (int y = 2; y < shown.height() - 2; ++y) {
-    for (int x = 2; x < shown.width() - 2; ++x) {
-      best = std::max(best, Colours::contrast(shown.pixelColor(x, y), behind));
-    }
-  }
-  return best;
-}
-
-TEST(FontBar, ItsButtonsAreReadOnLightAndDarkDesktops) {
-  const QPalette desktop = QApplication::palette();
-  RichTextBox text;
-  FontBar bar(text, nullptr);
-  bar.show();
-  for (const QColor& background : {QColor(0xef, 0xef, 0xef), QColor(0x2b, 0x2b, 0x2b), QColor(Qt::white)}) {
-    QApplication::setPalette(QPalette(background));
-    QCoreApplication::processEvents();
-    for (const char* const name : {"cmdBold", "cmdItalic", "cmdUnderline"}) {
-      auto& button = childOf<QToolButton>(bar, QString::fromLatin1(name));
-      EXPECT_GE(contrastOf(button), 4.5) << name << " on " << background.name();
-    }
-  }
-  QApplication::setPalette(desktop);
-}
 
 TEST(FontBar, WalkingThroughItsBoxesFormatsNothing) {
   QWidget window;
@@ -152,23 +120,6 @@ TEST_F(FontBarTest, ATypedChoiceIsTakenByReturnAndGivenUpByEscape) {
   box("cmbFontSize").setCurrentText(QString());
   Q_EMIT box("cmbFontSize").textActivated(u"48"_s);
   EXPECT_EQ(text.SelFontSize(), 48) << "chosen from the list";
-}
-
-TEST_F(FontBarTest, AFontThatIsNotThereIsMarkedAsReplaced) {
-  const auto told = [this](int position) {
-    text.select(position, 1);
-    QCoreApplication::processEvents();
-    return box("cmbFont").lineEdit()->accessibleDescription();
-  };
-  EXPECT_EQ(told(0), QString());
-  EXPECT_EQ(told(12),
-            u"Nowhere Serif isn't installed. "_s + standInFor(u"Nowhere Serif"_s) + u" is shown in its place."_s);
-}
-
-TEST(FontLists, HoldEachFamilyOnceInTheReadersOrder) {
-  EXPECT_EQ(
-      distinctFamilies({u"zeta"_s, u"Arial [Adobe]"_s, u"Font 10"_s, u"Arial"_s, u"Font 9"_s, u"arial"_s, u" [x]"_s}),
-      QStringList({u"Arial"_s, u"Font 9"_s, u"Font 10"_s, u"zeta"_s}));
 }
 
 }  // namespace

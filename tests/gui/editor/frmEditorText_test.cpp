@@ -8,9 +8,7 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/SampleProject.h"
-#include "support/WaitFor.h"
 
-#include <QComboBox>
 #include <QDir>
 #include <QDirIterator>
 #include <QLineEdit>
@@ -192,36 +190,6 @@ TEST_F(EditorTextTest, KeysAndButtonsFormatTheSelection) {
     QTest::mouseClick(&control<QToolButton>(*editor, std::get<1>(style)), Qt::LeftButton);
     EXPECT_FALSE(savedStyle()) << std::get<1>(style);
   }
-}
-
-TEST_F(EditorTextTest, ATypedFontSizeIsTakenFromFiveToBelowThirtyTwo) {
-  frmEditor* const editor = open();
-  auto& pane = control<RichTextBox>(*editor, "txtMain");
-  auto& size = required(control<QComboBox>(*editor, "cmbFontSize").lineEdit(), u"field for the font size"_s);
-  pane.selectAll();
-  const auto enter = [&](const QString& text) {
-    size.selectAll();
-    QTest::keyClicks(&size, text);
-    QTest::keyClick(&size, Qt::Key_Return);
-    trigger(*editor, "mnuSave");
-    return readRtf(scene()->TextRTF()).charFormatAt(1).halfPoints;
-  };
-  EXPECT_EQ(enter(u"5"_s), 10);
-  EXPECT_EQ(enter(u"31.5"_s), 63);
-  EXPECT_EQ(enter(u"32"_s), 63);
-  EXPECT_EQ(size.text(), u"31.5"_s);
-  EXPECT_EQ(enter(u"4.9"_s), 63);
-  EXPECT_EQ(enter(u"x"_s), 63);
-}
-
-TEST_F(EditorTextTest, TheListsOfTheFontBarAreFilledWithoutTouchingTheText) {
-  frmEditor* const editor = open();
-  auto& fonts = control<QComboBox>(*editor, "cmbFont");
-  control<RichTextBox>(*editor, "txtMain").selectAll();
-  EXPECT_TRUE(waitFor([&] { return fonts.count() > 0; }));
-  EXPECT_EQ(fonts.currentText(), u"Arial"_s);
-  EXPECT_EQ(control<QComboBox>(*editor, "cmbFontSize").currentText(), u"10"_s);
-  editor->close();
 }
 
 }  // namespace

@@ -137,15 +137,3 @@ TEST_F(SheetTest, NoFileHoldsUpTheProgramOrTakesItsMemory) {
   readPicture(folder.path(u"scans.jpg"_s), 1000, 100ms);
   EXPECT_LT(time.elapsed(), 10'000) << "half a minute and more without an end";
 }
-
-TEST_F(SheetTest, LargePicturesAreReadSmallerWhateverTheFileIsCalled) {
-  for (const char* format : {"jpg", "bmp", "png"}) {
-    const QString path = folder.path(u"photograph"_s);
-    ASSERT_TRUE(redImage(2000, 500).save(path, format));
-    EXPECT_EQ(readPicture(path, 1000).image.size(), QSize(1000, 250)) << format;
-    EXPECT_EQ(readPicture(path, 4000).image.size(), QSize(2000, 500)) << format;
-  }
-  // A GIF of one dot: the toolkit writes none.
-  writeFile(folder.path(u"dot.gif"_s), QByteArray::fromBase64("R0lGODlhAQABAIAAAP8AAP///ywAAAAAAQABAAACAkQBADs="));
-  EXPECT_EQ(readPicture(folder.path(u"dot.gif"_s), 1000).image.size(), QSize(1, 1));
-}

@@ -190,17 +190,6 @@ TEST_F(SheetTest, WhatIsTypedWhenTheSystemEndsTheProgramIsKept) {
             u"A shell Found on the beach"_s);
 }
 
-TEST_F(SheetTest, AWindowThatGoesTakesItsSheetAlong) {
-  QWidget owner;
-  owner.show();
-  ASSERT_TRUE(waitUntilActive(owner));
-  auto* const window = new QWidget;
-  window->show();
-  ASSERT_TRUE(waitUntilActive(*window));
-  const WhenModal whenUp([&](QWidget&) { delete window; });
-  EXPECT_FALSE(g_Project->ItemByID(1)->Edit());
-}
-
 TEST_F(SheetTest, TheChapterSheetTellsItsWordsAndTheDescriptionsOfItsScenes) {
   sceneAt(1)->setTextRTF(simpleRtf(QByteArray("tide ").repeated(1234)));
   sceneAt(1)->DescText = u"She comes.\r\nBy boat."_s;
@@ -271,40 +260,4 @@ TEST_F(SheetTest, TheKeysOfATabTurnToItAndTheKeyboardFollows) {
     QTest::mouseClick(&line(sheet, "txtShortName"), Qt::LeftButton, {}, QPoint(8, 8));
     EXPECT_EQ(line(sheet, "txtShortName").selectedText(), QString()) << "a second click sets the caret";
   });
-}
-
-TEST_F(SheetTest, EachSheetKeepsItsSize) {
-  for (int i = 0; i < kinds().size(); ++i) {
-    during(kinds()[i].open, [i](QDialog& sheet) { sheet.resize(700 + 10 * i, 500 + 10 * i); });
-  }
-  for (int i = 0; i < kinds().size(); ++i) {
-    during(kinds()[i].open, [i](const QDialog& sheet) { EXPECT_EQ(sheet.size(), QSize(700 + 10 * i, 500 + 10 * i)); });
-  }
-}
-
-TEST_F(SheetTest, NoTwoKeysOfASheetAreTheSame) {
-  for (const Kind& kind : kinds()) {
-    during(kind.open, [&](const QDialog& sheet) {
-      QStringList captions;
-      for (const char* text : {"text", "tabText"}) {
-        for (const QWidget* const widget : sheet.findChildren<QWidget*>()) {
-          captions.append(widget->property(text).toString());
-        }
-      }
-      if (const auto* const tabs = sheet.findChild<QTabWidget*>()) {
-        for (int i = 0; i < tabs->count(); ++i) {
-          captions.append(tabs->tabText(i));
-        }
-      }
-      QSet<QChar> keys;
-      for (const QString& caption : captions) {
-        const qsizetype at = caption.indexOf(u'&');
-        if (at >= 0 && at + 1 < caption.size()) {
-          EXPECT_FALSE(keys.contains(caption[at + 1].toLower())) << caption;
-          keys.insert(caption[at + 1].toLower());
-        }
-      }
-      EXPECT_GE(keys.size(), 5) << kind.form;
-    });
-  }
 }

@@ -15,9 +15,7 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -87,17 +85,6 @@ TEST_F(frmListTest, TheChooserTurnsToTheOtherKinds) {
   }
 }
 
-TEST_F(frmListTest, WithoutAKindNothingIsShown) {
-  frmList unset;
-  toolkit.expectBox(u"Fatal Error: No type specified"_s);
-  unset.SetupFor(3, true);
-  for (int way = 0; way < 2; ++way) {
-    toolkit.expectBox(u"Fatal error: You can't display the fill/pick list without calling showform first."_s);
-    way == 0 ? unset.show() : void(unset.exec());
-    EXPECT_FALSE(unset.isVisible());
-  }
-}
-
 TEST_F(frmListTest, CharactersMoveAmongTheirOwnKindAlone) {
   g_Project->CharByID(3)->SortOrder = 100;
   show(kListCharacters);
@@ -122,24 +109,6 @@ TEST_F(frmListTest, CharactersMoveAmongTheirOwnKindAlone) {
   EXPECT_EQ(rows(), IDs({2, 1}));
   onlyMajor(false);
   EXPECT_EQ(rows(), IDs({2, 1, 3}));
-}
-
-TEST_F(frmListTest, TheMenuOfMovesIsForASelectedRowAndKnowsTheEnds) {
-  show(kListLocations);
-  auto& menu = childOf<QMenu>(form(), u"mnuMove"_s);
-  for (const int row : {0, 1}) {
-    list().SelectRow(row);
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
-    QCoreApplication::sendEvent(list().viewport(), &byKey);
-    ASSERT_TRUE(menu.isVisible());
-    EXPECT_EQ(move("mnuMoveUp").isEnabled(), row == 1);
-    EXPECT_EQ(move("mnuMoveDown").isEnabled(), row == 0);
-    menu.close();
-  }
-  const QPoint below(5, list().viewport()->height() - 3);
-  QContextMenuEvent beside(QContextMenuEvent::Mouse, below, list().viewport()->mapToGlobal(below));
-  QCoreApplication::sendEvent(list().viewport(), &beside);
-  EXPECT_FALSE(menu.isVisible());
 }
 
 TEST_F(frmListTest, AMovedLocationStandsThereInTheBookAndInTheNextOne) {

@@ -1,5 +1,8 @@
 #include "gui/toolkit/MemoEdit.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -27,6 +30,14 @@ TEST(MemoEdit, AnEditedTextHasLinesThatEndInCrLfAndKeepsItsNoBreakSpaces) {
   QTest::keyClick(&memo, Qt::Key_Return, Qt::ShiftModifier);
   QTest::keyClicks(&memo, u"y"_s);
   EXPECT_EQ(memo.Text(), u"10\u00a0miles\r\nsouth!\r\nx\r\ny"_s);
+}
+
+TEST(MemoEdit, PastingFromAnEmptyClipboardPutsNothingIn) {
+  MemoEdit memo;
+  memo.setText(u"kept"_s);
+  QGuiApplication::clipboard()->setMimeData(new QMimeData);
+  QTest::keyClick(&memo, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(memo.Text(), u"kept"_s);
 }
 
 }  // namespace

@@ -56,28 +56,6 @@ TEST_F(PdfFileTest, HoldsRealTextWithItsFontsTitleAndAuthor) {
   }
 }
 
-TEST_F(PdfFileTest, PutsEachTextWhereItWasPlaced) {
-  PrintDocument drawn{u"Places"_s, {}, PaperSize::a4(), {}};
-  drawn.pages.push_back(
-      {{{2880, 1440, u"here"_s, {u"Liberation Serif"_s, 12, false}}}, {{1440, 7200, 4320, 7200}}, {}});
-  PdfFile(path()).print(drawn, progress_);
-  const QString boxes = outputOf(u"pdftotext"_s, {u"-bbox"_s, path(), u"-"_s});
-  if (boxes.isEmpty()) {
-    GTEST_SKIP() << "no program here reads PDF files";
-  }
-  const auto number = [&](const QString& name) {
-    const qsizetype at = boxes.indexOf(name + u"=\""_s, boxes.indexOf(u"<word"_s)) + name.size() + 2;
-    return boxes.mid(at, boxes.indexOf(u'"', at) - at).toDouble();
-  };
-  EXPECT_NEAR(number(u"xMin"_s), 144, 0.5);
-  EXPECT_NEAR(number(u"yMin"_s), 72, 2);
-  EXPECT_NEAR((number(u"xMax"_s) - number(u"xMin"_s)) * 20, measure_.width(u"here", drawn.pages[0].texts[0].font), 12);
-  outputOf(u"pdftoppm"_s, {u"-r"_s, u"72"_s, u"-png"_s, u"-singlefile"_s, path(), folder_.path(u"page"_s)});
-  const QImage picture(folder_.path(u"page.png"_s));
-  EXPECT_LT(qGray(picture.pixel(150, 360)), 200);
-  EXPECT_GT(qGray(picture.pixel(150, 370)), 200);
-}
-
 TEST_F(PdfFileTest, PutsAPictureOnAPageOnItsSide) {
   QImage drawn(40, 20, QImage::Format_RGB32);
   drawn.fill(QColor(250, 3, 200));

@@ -180,16 +180,6 @@ TEST(PictureImage, SizeIsTheStatedOneWithinLimits) {
   }
 }
 
-TEST(PictureImage, SizeIsFoundBehindTheLongHeadOfAPhotograph) {
-  const QByteArray jpeg = fileOf(sample(), "JPG");
-  constexpr quint16 length = 60'000;
-  const QByteArray extra = "\xFF\xE1" + number(qToBigEndian(length)) + zeros(length - 2);
-  for (const int count : {1, 4}) {
-    QByteArray file = jpeg;
-    EXPECT_EQ(Text("\\jpegblip", file.insert(2, extra.repeated(count))).size(), QSize(120, 60)) << count;
-  }
-}
-
 TEST(PictureImage, IsCroppedInTheMeasureOfItsGoal) {
   const QByteArray png = fileOf(sample(), "PNG");
   const QImage right = Text("\\pngblip\\picwgoal800\\pichgoal800\\picscalex10\\piccropl400\\piccropt200", png).image();
@@ -225,14 +215,6 @@ TEST(PictureImage, ThatWouldTakeTooMuchMemoryIsRefused) {
   ASSERT_GT(frame, 0);
   qToBigEndian(quint32{0x2100'2100}, jpeg.data() + frame + 5);
   EXPECT_TRUE(Text("\\jpegblip", jpeg).image().isNull());
-}
-
-TEST(PictureImage, LargePhotographsComeSmaller) {
-  QImage large(8000, 5000, QImage::Format_Grayscale8);
-  large.fill(Qt::white);
-  const QImage image = Text("\\jpegblip", fileOf(large, "JPG")).image();
-  EXPECT_FALSE(image.isNull());
-  EXPECT_LE(image.width() * image.height(), 26'000'000);
 }
 
 TEST(PictureImage, AnyBytesAreShownOrNot) {

@@ -14,7 +14,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -115,19 +114,6 @@ TEST(MsgBox, WhoseWindowGoesBeneathItCountsAsNo) {
   EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, Buttons::YesNo), Answer::No);
 }
 
-TEST(ErrorReport, IsShownInTheReporterAndWaitsForIt) {
-  QtToolkit toolkit;
-  bool shown = false;
-  const WhenModal look([&](QWidget& window) {
-    EXPECT_EQ(window.windowTitle(), u"Error Reporter"_s);
-    EXPECT_EQ(childOf<QPlainTextEdit>(window, u"txtError"_s).toPlainText(), u"61 - Disk full in SaveSettings"_s);
-    shown = true;
-    window.close();
-  });
-  toolkit.ShowErrorReport(u"61 - Disk full in SaveSettings"_s, {});
-  EXPECT_TRUE(shown);
-}
-
 TEST(InputBox, GivesTheTextAndNothingOnCancel) {
   QtToolkit toolkit;
   {
@@ -157,23 +143,6 @@ TEST(FileDialog, OffersFolderPatternsAndNameAndAddsTheExtension) {
   });
   const FileQuestion question{u"Specify your Project file."_s, u"*.qn3;*.qn4"_s, u"MyProject"_s, folder.path()};
   EXPECT_EQ(toolkit.SaveFileDialog(question), folder.path(u"MyProject.qn3"_s));
-}
-
-TEST(FileDialog, BeginsAtHomeWithoutAFolderThatIsThereAndGivesNothingOnCancel) {
-  QtToolkit toolkit;
-  const auto cancelled = [](const std::function<QString()>& ask) {
-    const WhenModal cancel([](QWidget& window) {
-      EXPECT_EQ(dynamic_cast<QFileDialog&>(window).directory().absolutePath(), QDir::homePath());
-      window.close();
-    });
-    EXPECT_EQ(ask(), QString());
-  };
-  for (const QString& folder : {QString(), u"/no/such/folder"_s}) {
-    cancelled([&] { return toolkit.OpenFileDialog({u"Open"_s, u"*.qn4"_s, {}, folder}); });
-    cancelled([&] { return toolkit.GetFiles({u"Open"_s, u"*.TXT"_s, {}, folder}).join(u'+'); });
-    cancelled([&] { return toolkit.SaveFileDialog({u"Save"_s, {}, {}, folder}); });
-    cancelled([&] { return toolkit.PickFolder(u"Where?"_s, folder); });
-  }
 }
 
 TEST(ColourDialog, SpeaksBlueGreenRedNumbersAndTakesSystemColours) {
@@ -209,21 +178,6 @@ TEST(Pointer, OneNormalEndsAnyNumberOfBusyAndLeavesOthersAlone) {
   QGuiApplication::restoreOverrideCursor();
 }
 
-TEST(Pointer, IsOrdinaryWhileABoxIsUpAndBusyAgainBehind) {
-  QtToolkit toolkit;
-  toolkit.setPointer(Pointer::Busy);
-  {
-    const WhenModal look([](QWidget& window) {
-      EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-      window.close();
-    });
-    toolkit.MsgBox(u"Disk full"_s, Buttons::RetryCancel);
-  }
-  ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
-  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
-  toolkit.setPointer(Pointer::Normal);
-}
-
 TEST(OpenDocument, TellsFilesFromAddressesAndRefusesWhatIsNotThere) {
   const ScratchFolder folder;
   const QString path = folder.path(u"100% done #2.txt"_s);
@@ -239,15 +193,6 @@ TEST(OpenDocument, TellsFilesFromAddressesAndRefusesWhatIsNotThere) {
   ASSERT_EQ(catcher.taken.size(), 2);
   EXPECT_EQ(catcher.taken[0].toLocalFile(), path);
   EXPECT_EQ(catcher.taken[1].toEncoded(), "mailto:bugs@example.org?subject=A%20B&body=100%25");
-}
-
-TEST(OpenDocument, KeepsAMailWholeWhoseBodyIsCutInsideAnEscape) {
-  UrlCatcher urls;
-  QtToolkit screen;
-  EXPECT_TRUE(screen.openDocument(u"mailto:bugs2026@x.example?subject=a%20b&body=c%0D%0Ay%2&attachment=\"/l\""_s));
-  ASSERT_EQ(urls.taken.size(), 1);
-  const QByteArray sent = urls.taken.first().toEncoded();
-  EXPECT_TRUE(sent.contains("body=c%0D%0Ay&attachment")) << sent.constData();
 }
 
 TEST(RunProgram, StartsItAndSaysWhenItCouldNot) {

@@ -1,16 +1,13 @@
 #include "core/text/Rtf.h"
-#include "gui/toolkit/Colours.h"
 #include "gui/toolkit/ListLabels.h"
 #include "gui/toolkit/RichMimeData.h"
 #include "gui/toolkit/RichTextBox.h"
 #include "support/WaitFor.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QClipboard>
 #include <QDropEvent>
 #include <QHelpEvent>
-#include <QImage>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -136,66 +133,6 @@ TEST_F(RichTextBoxObjects, ALinkEndsWithItsLastLetter) {
   EXPECT_EQ(box.PlainText(), u"abcdeflixnkpastedyz gh"_s);
 }
 
-TEST_F(RichTextBoxObjects, ALinkLeavesNothingOnThePartsOfTheTextAroundIt) {
-  box.setTextRTF("{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"http://a\"}{\\fldrslt link}}\\par}");
-  QTest::keyClick(&box, Qt::Key_End);
-  QTest::keyClick(&box, Qt::Key_Return);
-  type(box, u"x"_s);
-  box.setSelStart(0);
-  type(box, u"y"_s);
-  const RichText text = box.richText();
-  EXPECT_EQ(text.text(), u"ylink\r\nx"_s);
-  for (const auto& [position, isLink] :
-       {std::pair{0, false}, {1, true}, {4, true}, {5, false}, {7, false}, {8, false}}) {
-    EXPECT_EQ(text.charFormatAt(position).field.isEmpty(), !isLink) << position;
-  }
-}
-
-TEST_F(RichTextBoxObjects, OwnLooksCanBeReadOnAnyGroundAndComeBackBehindMarks) {
-  box.setTextRTF("{\\rtf1{\\v hid}{\\field{\\*\\fldinst HYPERLINK \"http://a\"}{\\fldrslt link}}\\par}");
-  const auto shownAt = [this](int position) {
-    QTextCursor cursor(box.document());
-    cursor.setPosition(position + 1);
-    return cursor.charFormat();
-  };
-  const auto colourAt = [&](int position) { return shownAt(position).foreground().color(); };
-  for (const QColor& ground : {QColor(Qt::white), QColor(Qt::black), QColor(0x80, 0x80, 0x60)}) {
-    QPalette palette = box.palette();
-    palette.setColor(QPalette::Base, ground);
-    palette.setColor(QPalette::Text, Colours::textOn(ground));
-    box.setPalette(palette);
-    EXPECT_GE(Colours::contrast(colourAt(0), ground), 4.4) << qPrintable(ground.name());
-    EXPECT_GE(Colours::contrast(colourAt(3), ground), 4.4) << qPrintable(ground.name());
-  }
-  const QColor link = colourAt(3);
-  box.colourRanges({{3, 4, 192}});
-  EXPECT_NE(colourAt(3), link);
-  box.colourRanges({{3, 4, std::nullopt}});
-  EXPECT_EQ(colourAt(3), link);
-  box.select(3, 4);
-  box.setSelUnderline(false);
-  EXPECT_EQ(shownAt(3).underlineStyle(), QTextCharFormat::SingleUnderline) << "what is shown is the link's own";
-  EXPECT_FALSE(box.isEdited());
-}
-
-TEST_F(RichTextBoxObjects, WhatIsPastedStandsAsIfItHadBeenTyped) {
-  RichTextBox fresh;
-  QApplication::clipboard()->setText(u"שלום\nplain\nعربي"_s);
-  fresh.paste();
-  const RichText text = fresh.richText();
-  ASSERT_EQ(text.paragraphCount(), 3);
-  for (qsizetype i = 0; i < 3; ++i) {
-    EXPECT_EQ(text.paragraph(i).format->rightToLeft, i != 1) << i;
-  }
-  EXPECT_EQ(fresh.SelStart(), text.size());
-  fresh.resize(300, 200);
-  fresh.setRichText({});
-  fresh.show();
-  fresh.setSelRichText(RichText::fromPlain(u"hangs out"_s, {}, {.leftIndent = 0, .firstIndent = -900}));
-  fresh.setSelStart(0);
-  EXPECT_GE(fresh.cursorRect().left(), 0);
-}
-
 TEST_F(RichTextBoxObjects, ParagraphsRunAsTheirFirstLettersDo) {
   const auto paragraph = [this](qsizetype index) { return *box.richText().paragraph(index).format; };
   box.setRichText(RichText());
@@ -278,70 +215,6 @@ TEST_F(RichTextBoxObjects, WhatIsTakenBackOrMarkedIsNoEdit) {
   EXPECT_FALSE(box.isEdited());
 }
 
-TEST_F(RichTextBoxObjects, ReturnInAnEmptyParagraphBeginsAnother) {
-  box.setSelIndent(300);
-  for (int i = 0; i < 3; ++i) {
-    QTest::keyClick(&box, Qt::Key_Return);
-  }
-  type(box, u"x"_s);
-  EXPECT_EQ(box.Text(), u"\r\n\r\n\r\nx"_s + kText);
-  EXPECT_EQ(box.formatAt(6).fontName, u"Arial"_s);
-  for (qsizetype i = 0; i < 4; ++i) {
-    EXPECT_EQ(box.richText().paragraph(i).format->firstIndent + box.richText().paragraph(i).format->leftIndent, 300);
-  }
-}
-
-/// A drop in the box that it came from is one edit of the document.
-TEST_F(RichTextBoxObjects, WhoHearsOfAChangeReadsIt) {
-  QTextCursor whole(box.document());
-  QStringList heard;
-  QObject::connect(&box, &RichTextBox::Changed, &box, [&] { heard.append(box.richText().text().first(1)); });
-  whole.beginEditBlock();
-  box.richText();
-  box.setSelText(u"x"_s);
-  whole.endEditBlock();
-  EXPECT_FALSE(heard.isEmpty());
-  EXPECT_EQ(heard.count(u"x"_s), heard.size());
-  EXPECT_EQ(box.TextRTF(), writeRtf(box.richText()));
-}
-
-TEST_F(RichTextBoxObjects, NoFirstLineIsCutOff) {
-  ParagraphFormat hanging;
-  for (const bool rightToLeft : {false, true}) {
-    hanging.rightToLeft = rightToLeft;
-    hanging.alignment = rightToLeft ? Alignment::Right : Alignment::Left;
-    hanging.firstIndent = -900;
-    box.setRichText(RichText::fromPlain(rightToLeft ? u"שלום"_s : u"first"_s, {}, hanging));
-    EXPECT_GE(box.cursorRect().left(), 0);
-    EXPECT_LE(box.cursorRect().right(), box.viewport()->width());
-    EXPECT_FALSE(box.isEdited());
-  }
-}
-
-/// Larger than the control, and smaller by half.
-TEST_F(RichTextBoxObjects, PicturesFillTheirPlaceWhateverItsSize) {
-  for (const int pixels : {100, 700, 2000}) {
-    QImage plain(pixels, pixels, QImage::Format_RGB32);
-    plain.fill(QColor(200, 30, 60));
-    QByteArray file;
-    QBuffer buffer(&file);
-    buffer.open(QIODevice::WriteOnly);
-    plain.save(&buffer, "PNG");
-    box.resize(500, 700);
-    box.setTextRTF("{\\rtf1{\\pict\\pngblip " + file.toHex() + "}}");
-    const QImage shown = box.viewport()->grab().toImage();
-    const int side = qMin(pixels, box.viewport()->width() - 2 * static_cast<int>(box.document()->documentMargin()) - 2);
-    int across = 0;
-    int down = 0;
-    for (int i = 0; i < qMin(shown.width(), shown.height()); ++i) {
-      across += shown.pixelColor(i, side / 2) == plain.pixelColor(0, 0) ? 1 : 0;
-      down += shown.pixelColor(side / 2, i) == plain.pixelColor(0, 0) ? 1 : 0;
-    }
-    EXPECT_EQ(across, side) << pixels;
-    EXPECT_EQ(down, side) << pixels;
-  }
-}
-
 TEST_F(RichTextBoxObjects, AreDroppedWhereThePointerIs) {
   const RichMimeData data(box.richText().slice(kNote, 2));
   const auto drop = [&](QPoint place) {
@@ -361,14 +234,6 @@ TEST_F(RichTextBoxObjects, AreDroppedWhereThePointerIs) {
   box.setLocked(true);
   drop(placeOf(0));
   EXPECT_EQ(box.Text(), after);
-}
-
-TEST_F(RichTextBoxObjects, ADoubleClickTakesAWordWithoutThem) {
-  const std::tuple<qsizetype, QString> clicks[] = {{0, u"ab"_s}, {3, u"cd"_s}, {7, u"eflink"_s}, {14, u"gh"_s}};
-  for (const auto& [position, word] : clicks) {
-    QTest::mouseDClick(box.viewport(), Qt::LeftButton, {}, placeOf(position));
-    EXPECT_EQ(box.SelText(), word) << position;
-  }
 }
 
 TEST_F(RichTextBoxObjects, StayWhereTheyAreDraggedToWhatTakesLettersAlone) {

@@ -3,9 +3,7 @@
 #include "core/text/Rtf.h"
 #include "core/text/RtfSamples.h"
 #include "gui/toolkit/RichTextDocument.h"
-#include "support/WaitFor.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
@@ -144,24 +142,6 @@ TEST(RichTextBox, FormatsTheSelectionAndNoMore) {
   }
 }
 
-TEST(RichTextBox, AFontInPixelsHasASizeInPoints) {
-  RichTextBox box;
-  QFont font(u"Arial"_s);
-  font.setPixelSize(20);
-  box.setFont(font);
-  EXPECT_DOUBLE_EQ(box.SelFontSize(), QFontInfo(font).pointSizeF());
-  EXPECT_GT(box.SelFontSize(), 0);
-}
-
-TEST(RichTextBox, TypedTextTakesTheFormatSetAtTheCaret) {
-  RichTextBox box;
-  box.setSelFontName(u"Courier New"_s);
-  box.setSelBold(true);
-  QTest::keyClicks(&box, u"x"_s);
-  EXPECT_TRUE(box.formatAt(0).bold);
-  EXPECT_EQ(box.formatAt(0).fontName, u"Courier New"_s);
-}
-
 TEST(RichTextBox, IndentsCountFromTheFirstLine) {
   const auto box = boxWith(kRtf);
   EXPECT_EQ(box->SelIndent(), 0);
@@ -220,42 +200,6 @@ TEST(RichTextBox, ListsGoOnWithReturnAndEndInAnEmptyItem) {
   EXPECT_EQ(box.Text(), u"one\r\nx"_s);
 }
 
-TEST(RichTextBox, ColoursManyRangesAndKeepsThePlace) {
-  RichTextBox box;
-  box.resize(300, 100);
-  box.setRichText(RichText::fromPlain(u"some words\n"_s.repeated(400)));
-  box.show();
-  box.select(2400, 5);
-  box.ensureCursorVisible();
-  const int scrolled = box.verticalScrollBar()->value();
-  ASSERT_GT(scrolled, 0);
-  std::vector<RichTextBox::ColouredRange> ranges;
-  for (qsizetype i = 399; i >= 0; --i) {
-    ranges.push_back({i * 12, 4, 192});
-  }
-  box.colourRanges(ranges);
-  EXPECT_EQ(box.SelStart(), 2400);
-  EXPECT_EQ(box.SelLength(), 5);
-  EXPECT_EQ(box.verticalScrollBar()->value(), scrolled);
-  RichText expected = RichText::fromPlain(u"some words\n"_s.repeated(400));
-  for (const auto& range : ranges) {
-    expected.formatCharacters(range.start, range.length, [](CharFormat& format) { format.colour = 192; });
-  }
-  EXPECT_EQ(box.richText(), expected);
-}
-
-TEST(RichTextBox, SpanGrowsTheSelectionToTheEndOfTheWord) {
-  const auto box = boxWith(kRtf);
-  box->select(1, 1);
-  box->Span(u" ,;:.?!"_s, true, true);
-  EXPECT_EQ(box->SelText(), u"ne"_s);
-  box->setSelStart(5);
-  box->Span(u" ,;:.?!"_s, true, true);
-  EXPECT_EQ(box->SelText(), u"wo"_s) << "a word ends with its line";
-  box->Span(u"two "_s, false, false);
-  EXPECT_EQ(box->SelText(), u" two"_s);
-}
-
 TEST(RichTextBox, TheClipboardCarriesPlainText) {
   const auto box = boxWith(kRtf);
   box->select(4, 10);
@@ -270,35 +214,4 @@ TEST(RichTextBox, TheClipboardCarriesPlainText) {
   box->paste();
   EXPECT_EQ(box->Text(), u"a\r\nb two\r\nthree\r\nfour five"_s);
   EXPECT_FALSE(box->formatAt(0).bold);
-}
-
-TEST(RichTextBox, LockedTextIsOnlyRead) {
-  const auto box = boxWith(kRtf);
-  box->setLocked(true);
-  QTest::keyClicks(box.get(), u"x"_s);
-  EXPECT_EQ(box->Text(), kPlain);
-  QGuiApplication::clipboard()->setText(u"pasted"_s);
-  box->paste();
-  EXPECT_EQ(box->Text(), kPlain);
-  box->select(0, 3);
-  EXPECT_EQ(box->SelText(), u"one"_s);
-  box->setLocked(false);
-  QTest::keyClicks(box.get(), u"x"_s);
-  EXPECT_EQ(box->Text(), u"x two\r\nthree\r\nfour five"_s);
-}
-
-TEST(RichTextBox, UndoIsLeftToTheWindow) {
-  QWidget window;
-  auto* box = new RichTextBox(&window);
-  QAction undo;
-  undo.setShortcut(QKeySequence::Undo);
-  window.addAction(&undo);
-  QSignalSpy spy(&undo, &QAction::triggered);
-  window.show();
-  box->setFocus();
-  ASSERT_TRUE(waitUntilActive(window));
-  QTest::keyClicks(box, u"ab"_s);
-  QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(spy.count(), 1);
-  EXPECT_EQ(box->Text(), u"ab"_s);
 }

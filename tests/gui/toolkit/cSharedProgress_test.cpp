@@ -43,27 +43,6 @@ TEST(Progress, MakesNoWindowUntilItIsShownAndThenShowsTheLatestCaption) {
   EXPECT_EQ(caption->text(), u"behind the scene"_s);
 }
 
-class PaintCounter : public QObject {
- public:
-  PaintCounter() { qApp->installEventFilter(this); }
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    count += event->type() == QEvent::Paint && watched->objectName() == u"lblCaption"_s ? 1 : 0;
-    return false;
-  }
-  int count = 0;
-};
-
-// The work may not yield for a while.
-TEST(Progress, IsPaintedBeforeTheWorkBegins) {
-  QWidget main;
-  main.show();
-  ASSERT_TRUE(waitUntilActive(main));
-  const PaintCounter painted;
-  cSharedProgress progress;
-  progress.Show();
-  EXPECT_GT(painted.count, 0);
-}
-
 TEST(Progress, BearsTheLossOfTheWindowThatItStandsOver) {
   auto under = std::make_unique<QWidget>();
   under->show();

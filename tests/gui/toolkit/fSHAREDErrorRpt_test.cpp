@@ -48,23 +48,6 @@ class fSHAREDErrorRptTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(fSHAREDErrorRptTest, OpensWithTheErrorAlone) {
-  EXPECT_EQ(text(u"txtError"_s)->toPlainText(), u"Error 61 - Disk full"_s);
-  EXPECT_TRUE(text(u"txtLog"_s)->toPlainText().endsWith(u"100% \u0416\n"_s));
-  EXPECT_FALSE(text(u"txtLog"_s)->isVisible());
-  EXPECT_FALSE(text(u"txtUserMessage"_s)->isVisible());
-}
-
-TEST_F(fSHAREDErrorRptTest, FramesAreShownOnce) {
-  click(u"cmdShowComments"_s);
-  EXPECT_TRUE(text(u"txtUserMessage"_s)->isVisible());
-  EXPECT_FALSE(button(u"cmdShowComments"_s)->isEnabled());
-  EXPECT_EQ(window->focusWidget(), text(u"txtUserMessage"_s));
-  click(u"cmdViewLog"_s);
-  EXPECT_TRUE(text(u"txtLog"_s)->isVisible());
-  EXPECT_FALSE(button(u"cmdViewLog"_s)->isEnabled());
-}
-
 TEST_F(fSHAREDErrorRptTest, TheMailCarriesWhatTheUserTyped) {
   ScriptedToolkit person;
   click(u"cmdEmail"_s);
@@ -129,15 +112,6 @@ TEST_F(fSHAREDErrorRptTest, OffersTheHelpOnlyWhereThereIsOne) {
   withManual.show();
   EXPECT_TRUE(childOf<QPushButton>(withManual, u"cmdHelp"_s).isVisible());
   Files().EraseFile(manual);
-}
-
-TEST_F(fSHAREDErrorRptTest, OnlyTheWindowsOwnControlIsACancel) {
-  click(u"cmdExit"_s);
-  EXPECT_FALSE(window->isVisible());
-  EXPECT_FALSE(window->Cancelled());
-  window->show();
-  window->close();
-  EXPECT_TRUE(window->Cancelled());
 }
 
 TEST(fSHAREDErrorRpt, AFailureInsideItOpensNoSecondOne) {

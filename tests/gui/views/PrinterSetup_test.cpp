@@ -22,7 +22,6 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTest>
-#include <QThread>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -163,7 +162,7 @@ TEST_F(PrinterSetupTest, StopsWhereverItIsAndPrintsNothing) {
     stopped.report = [&](const ReportJob& job) {
       toolkit_.pressStop();
       if (inLayout) {
-        job.progress.step(u"Laying out chapter "_s, 1);
+        job.progress.step(u"Laying out chapter %1"_s, 1);
         ++behind;
       }
       return order(3).report(job);
@@ -175,21 +174,6 @@ TEST_F(PrinterSetupTest, StopsWhereverItIsAndPrintsNothing) {
   EXPECT_TRUE(pages.documents.empty());
   EXPECT_EQ(toolkit_.boxes, QStringList()) << "who stops it knows";
   EXPECT_EQ(toolkit_.pointer, Pointer::Normal);
-}
-
-TEST_F(PrinterSetupTest, ShowsProgressOnceItTakesLong) {
-  const PrintedPages pages;
-  for (const int milliseconds : {0, 600}) {
-    PrintOrder longer = order(1);
-    longer.report = [&](const ReportJob& job) {
-      QThread::msleep(static_cast<unsigned long>(milliseconds));
-      job.progress.step(u"Laying out scene "_s, 1);
-      return order(1).report(job);
-    };
-    const WhenModal whenUp([](QWidget& form) { press(form, u"cmdOk"_s); });
-    EXPECT_TRUE(printReport(longer));
-    EXPECT_EQ(toolkit_.progressWindowsShown, milliseconds == 0 ? 0 : 1);
-  }
 }
 
 TEST_F(PrinterSetupTest, TellsWhatFailsAndLogsItUnderTheReportsName) {

@@ -57,17 +57,4 @@ TEST(FindDialog, AsksForWhatWasTypedAndForNothingWithoutIt) {
   EXPECT_EQ(kept, QStringList({u"The"_s, u" then "_s, u"the"_s})) << "the latest first, each once";
 }
 
-TEST(FindPlaceTest, TheDialogStandsBesideItsWindowAndOffWhatIsFound) {
-  const QRect room(0, 0, 2000, 1000);
-  const QSize dialog(400, 200);
-  EXPECT_EQ(FindPlace::beside({100, 50, 900, 700}, dialog, room), QPoint(1008, 50));
-  EXPECT_EQ(FindPlace::beside({1000, 50, 900, 700}, dialog, room), QPoint(592, 50));
-  EXPECT_EQ(FindPlace::beside({100, 950, 900, 700}, dialog, room), QPoint(1008, 800));
-  EXPECT_EQ(FindPlace::beside(room, dialog, room), QPoint(1592, 8));
-  const QRect there(1000, 300, 400, 200);
-  EXPECT_EQ(FindPlace::clearOf({10, 10, 50, 20}, there, room), there.topLeft());
-  EXPECT_EQ(FindPlace::clearOf({1300, 400, 50, 20}, there, room), QPoint(1000, 428));
-  EXPECT_EQ(FindPlace::clearOf({1300, 400, 50, 500}, there, room), QPoint(1000, 192));
-}
-
 }  // namespace

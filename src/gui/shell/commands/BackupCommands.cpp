@@ -4,6 +4,7 @@
 #include "core/infra/FirstOf.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/BackupsProject.h"
@@ -22,10 +23,11 @@ namespace {
 /// What the writer would look for in vain.
 QString whatIsMissing() {
   if (g_Project->HoldsUnsaved()) {
-    return u"\n\nIt holds what is on the disk: what could not be saved is not in it."_s;
+    return u"\n\n"_s + translated(u"It holds what is on the disk: what could not be saved is not in it."_s);
   }
-  return g_Project->EditorsHoldUnsaved() ? u"\n\nWhat isn't saved yet in open editor windows is not in it."_s
-                                         : QString();
+  return g_Project->EditorsHoldUnsaved()
+             ? u"\n\n"_s + translated(u"What isn't saved yet in open editor windows is not in it."_s)
+             : QString();
 }
 
 }  // namespace
@@ -54,12 +56,12 @@ void BackupCommands::mnuBackupProject_Click() {
   const BackupOutcome outcome = backUpProject(*g_Project, true, false);
   if (outcome.result != BackupOutcome::Result::Made) {
     main_.status().setBackupFailure(outcome.causes);
-    toolkit().MsgBox(u"Backup failed. See the Quillane log file for details.\n\n"_s +
-                     firstOf(outcome.causes).join(u'\n'));
+    toolkit().MsgBox(translated(u"Backup failed. See the Quillane log file for details."_s) + u"\n\n"_s +
+                     translatedLines(firstOf(outcome.causes).join(u'\n')));
     return;
   }
   noteFullBackup(main_);
-  toolkit().MsgBox(u"Backup to "_s + g_Project->TodaysBackupFolder() + u" complete."_s + whatIsMissing());
+  toolkit().MsgBox(translated(u"Backup to %1 complete."_s).arg(g_Project->TodaysBackupFolder()) + whatIsMissing());
 }
 
 void BackupCommands::noteFullBackup(frmMain& main) {

@@ -3,6 +3,7 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -102,7 +103,7 @@ void ChapterCommands::mnuCreateChapters_Click() {
   const std::optional<double> number = Numbers::ToNumber(answer);
   if (!number) {
     if (!answer.isEmpty()) {
-      main_.showMessage(u"No chapter was created: \""_s + answer + u"\" is no number"_s);
+      main_.showMessage(translated(u"No chapter was created: \"%1\" is no number"_s).arg(answer));
     }
     throw RuntimeError(RuntimeError::TypeMismatch);
   }
@@ -131,9 +132,10 @@ void ChapterCommands::createChapters(qint32 count) {
   if (g_Project->ChapterByID(chapter->ID()) != chapter) {
     return;  // another program's book was taken in the save
   }
-  main_.showMessage(
-      count == 1 ? u"Chapter %1 was created at the end of the book"_s.arg(highest + 1)
-                 : u"Chapters %1 to %2 were created at the end of the book"_s.arg(highest + 1).arg(highest + count));
+  main_.showMessage(count == 1 ? translated(u"Chapter %1 was created at the end of the book"_s).arg(highest + 1)
+                               : translated(u"Chapters %1 to %2 were created at the end of the book"_s)
+                                     .arg(highest + 1)
+                                     .arg(highest + count));
 }
 
 void ChapterCommands::mnuEditChapter_Click() {
@@ -169,8 +171,9 @@ void ChapterCommands::mnuRenumber_Click() {
   }
   main_.RefreshAll();
   g_Project->UpdateCombosInEditorWindows();
-  main_.showMessage(renamed == 0 ? u"No chapter has another title."_s
-                                 : u"Chapters with another title: %L1. The log holds the old ones."_s.arg(renamed));
+  main_.showMessage(renamed == 0
+                        ? shownText(u"No chapter has another title."_s)
+                        : translated(u"Chapters with another title: %L1. The log holds the old ones."_s).arg(renamed));
 }
 
 // Scenes that were marked by hand lose their mark.
@@ -196,7 +199,7 @@ void ChapterCommands::mnuMarkChaptersUnused_Click() {
 void ChapterCommands::mnuRemoveChapter_Click() {
   const Chapters chapters = selectedIn(main_.panes().chapters());
   const QString question =
-      u"This will remove the selected chapter(s) and their scenes from your project. Are you sure?"_s;
+      shownText(u"This will remove the selected chapter(s) and their scenes from your project. Are you sure?"_s);
   if (chapters.empty() || !BookScenes::mayRemove(main_, scenesOf(chapters), question)) {
     return;
   }

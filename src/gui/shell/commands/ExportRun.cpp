@@ -6,6 +6,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/SceneTitle.h"
@@ -20,11 +21,11 @@ struct Stopped {};
 
 /// False when it was stopped.
 bool wasDone(const ExportJob& job) {
-  LongWork work(*g_Project, u"Exporting"_s, false, LongWork::Stop::Offered);
+  LongWork work(*g_Project, shownText(u"Exporting"_s), false, LongWork::Stop::Offered);
   try {
     job.work([&work](qint32 scene) {
       work.showIfLong();
-      work.setCaption(u"Exporting scene "_s, scene);
+      work.setCaption(shownText(u"Exporting scene %1"_s), scene);
       if (work.stopWanted()) {
         throw Stopped();
       }
@@ -48,10 +49,11 @@ bool runExport(const ExportJob& job) {
   if (done) {
     return true;
   }
-  const QString end = cause.isEmpty() ? u"The export was stopped, and "_s + job.path + u" was not written."_s
-                                      : job.path + u" could not be written."_s;
-  const QString former = Files().FileExists(job.path) ? u" The file that is there is the former one."_s : QString();
-  toolkit().MsgBox(end + former + (cause.isEmpty() ? QString() : u"\n\n"_s + cause));
+  const QString end = cause.isEmpty() ? translated(u"The export was stopped, and %1 was not written."_s)
+                                      : translated(u"%1 could not be written."_s);
+  const QString former =
+      Files().FileExists(job.path) ? translated(u" The file that is there is the former one."_s) : QString();
+  toolkit().MsgBox(end.arg(job.path) + former + (cause.isEmpty() ? QString() : u"\n\n"_s + translated(cause)));
   return false;
 }
 
@@ -65,7 +67,8 @@ QString askForExportFile(const FileQuestion& question) {
     if (path.isEmpty() || !holdsTheBook(path)) {
       return path;
     }
-    toolkit().MsgBox(path + u" is where the book itself is kept. Please choose another name or folder."_s);
+    toolkit().MsgBox(
+        translated(u"%1 is where the book itself is kept. Please choose another name or folder."_s).arg(path));
   }
 }
 
@@ -77,7 +80,7 @@ QString placeOfExport(const QString& name) {
   if (g_Project->HasPlace()) {
     return g_Project->Path() + name;
   }
-  return askForExportFile({u"Specify a .TXT file to export to"_s, u"*.txt"_s, name, folderForExports()});
+  return askForExportFile({shownText(u"Specify a .TXT file to export to"_s), u"*.txt"_s, name, folderForExports()});
 }
 
 QString missingTexts(bool withUnused) {
@@ -87,12 +90,13 @@ QString missingTexts(bool withUnused) {
 QString missingTexts(const QStringList& unread) {
   QStringList missing;
   if (!unread.isEmpty()) {
-    missing.append(u"The text of %1 could not be read when the book was opened, and is missing in the file:\n"_s.arg(
-                       countedScenes(unread.size())) +
-                   firstOf(unread).join(u'\n'));
+    missing.append(
+        translated(u"The text of %1 could not be read when the book was opened, and is missing in the file:"_s)
+            .arg(countedScenes(unread.size())) +
+        u'\n' + firstOf(unread).join(u'\n'));
   }
   if (g_Project->EditorsHoldUnsaved()) {
-    missing.append(u"What isn't saved yet in open editor windows is not in it."_s);
+    missing.append(translated(u"What isn't saved yet in open editor windows is not in it."_s));
   }
   return missing.join(u"\n\n"_s);
 }

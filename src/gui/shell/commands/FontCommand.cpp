@@ -2,6 +2,7 @@
 
 #include "core/infra/FirstOf.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/SceneTitle.h"
@@ -24,15 +25,19 @@ constexpr qint32 kScenesInAMoment = 50;
 
 /// How far it came, and what is as it was.
 QString endOf(const BookFont::Outcome& outcome) {
-  const QString done = u"The font was set in %L1 of %L2 scenes"_s.arg(outcome.done).arg(outcome.scenes);
   switch (outcome.end) {
     case End::Stopped:
-      return done + u", then it was stopped. The others are as they were."_s;
+      return translated(u"The font was set in %L1 of %L2 scenes, then it was stopped. The others are as they were."_s)
+          .arg(outcome.done)
+          .arg(outcome.scenes);
     case End::Failed:
-      return done + u". It ended at \""_s + outcome.failedAt + u"\": "_s + outcome.cause +
-             u"\n\nThat scene and those behind it are as they were."_s;
+      return translated(u"The font was set in %L1 of %L2 scenes. It ended at \"%3\": %4"_s)
+                 .arg(outcome.done)
+                 .arg(outcome.scenes)
+                 .arg(outcome.failedAt, translated(outcome.cause)) +
+             u"\n\n"_s + translated(u"That scene and those behind it are as they were."_s);
     default:
-      return done + u'.';
+      return translated(u"The font was set in %L1 of %L2 scenes."_s).arg(outcome.done).arg(outcome.scenes);
   }
 }
 
@@ -40,9 +45,9 @@ QString endOf(const BookFont::Outcome& outcome) {
 QStringList remarksOn(const BookFont::Outcome& outcome) {
   QStringList remarks;
   if (!outcome.unread.isEmpty()) {
-    remarks.append(u"The text of %1 could not be read when the book was opened, and is as it was:\n"_s.arg(
-                       countedScenes(outcome.unread.size())) +
-                   firstOf(outcome.unread).join(u'\n'));
+    remarks.append(translated(u"The text of %1 could not be read when the book was opened, and is as it was:"_s)
+                       .arg(countedScenes(outcome.unread.size())) +
+                   u'\n' + firstOf(outcome.unread).join(u'\n'));
   }
   if (const QString remark = outcome.reduced.remark(); !remark.isEmpty()) {
     remarks.append(remark);
@@ -51,11 +56,11 @@ QStringList remarksOn(const BookFont::Outcome& outcome) {
 }
 
 BookFont::Outcome setEverywhere(const DefaultFont& font) {
-  LongWork work(*g_Project, u"Setting the font"_s, g_Project->SceneCount() > kScenesInAMoment, LongWork::Stop::Offered);
-  const QString what = u"Setting the font in %1 scenes, done: "_s.arg(g_Project->SceneCount());
+  LongWork work(*g_Project, shownText(u"Setting the font"_s), g_Project->SceneCount() > kScenesInAMoment,
+                LongWork::Stop::Offered);
   return BookFont(font.name, font.points).apply([&](qint32 done) {
     work.showIfLong();
-    work.setCaption(what, done);
+    work.setCaption(translated(u"Setting the font in %1 scenes, done: %2"_s).arg(g_Project->SceneCount()).arg(done));
     return !work.stopWanted();
   });
 }
@@ -70,7 +75,7 @@ void FontCommand::mnuSetAllSceneFont_Click() {
   if (g_Project->IsBusy() || main_.refusedWhileEditing()) {
     return;
   }
-  const std::optional<DefaultFont> font = frmPickFont::pick(u"Set font across all scenes"_s);
+  const std::optional<DefaultFont> font = frmPickFont::pick(shownText(u"Set font across all scenes"_s));
   if (!font || g_Project->IsBusy()) {
     return;
   }

@@ -5,6 +5,7 @@
 #include "core/infra/MayReplace.h"
 #include "core/infra/NativeFile.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/commands/ExportRun.h"
@@ -21,7 +22,7 @@ namespace {
 QString GetHTMLFilename() {
   for (;;) {
     const QString typed =
-        askForExportFile({u"Enter a filename"_s, u"*.HTML;*.HTM;*.PLHTM"_s, QString(), folderForExports()});
+        askForExportFile({shownText(u"Enter a filename"_s), u"*.HTML;*.HTM;*.PLHTM"_s, QString(), folderForExports()});
     const QString path = typed.isEmpty() ? QString() : HtmlExport::withExtension(typed);
     // The dialog has asked about the name that was typed, not about what we have made of it.
     if (path == typed || mayReplace(path)) {
@@ -35,7 +36,7 @@ bool writePage(const HtmlExport& what, const QString& path) {
   std::optional<ReplacementFile> file;
   const QString cause = Guard("ExportToHTML", "modExportHTML").causeOf([&] { file.emplace(path); });
   if (!cause.isEmpty()) {
-    toolkit().MsgBox(u"Couldn't open output file.\n\n"_s + cause);
+    toolkit().MsgBox(translated(u"Couldn't open output file."_s) + u"\n\n"_s + translated(cause));
     return false;
   }
   return runExport({"ExportToHTML", "modExportHTML", path, [&](const ExportStep& step) {
@@ -63,7 +64,7 @@ void HtmlExportCommand::mnuExportHTML_Click() {
   if (!writePage(what, path)) {
     return;
   }
-  const QString end = u"The book was exported to "_s + path;
+  const QString end = translated(u"The book was exported to %1"_s).arg(path);
   const QString missing = missingTexts(unreadTexts(false, what.chapters));
   if (missing.isEmpty()) {
     main_.showMessage(end);

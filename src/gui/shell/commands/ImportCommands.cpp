@@ -7,8 +7,10 @@
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
 #include "core/infra/ScanPause.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsChapter.h"
@@ -22,6 +24,7 @@
 #include "gui/toolkit/GuardedSlot.h"
 
 #include <QCollator>
+#include <QLocale>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -33,10 +36,10 @@ namespace {
 
 constexpr auto kModule = "frmMain";
 
-const QString kEachAScene =
+const QString kEachAScene = shownText(
     u"Select one or more files of text or RTF. Each becomes a new scene at the end of the selected chapter, with the "
     "name of the file as its title.\n\n(Note that the original files will be copied into the project, and left "
-    "untouched.)"_s;
+    "untouched.)"_s);
 
 bool isProjectOpen() {
   return !g_Project->FileWithPath.isEmpty() || !g_Project->IsEmpty();
@@ -59,10 +62,12 @@ struct Misfits {
   void tell() const {
     QStringList told;
     if (!noTexts.isEmpty()) {
-      told.append(u"These files are neither text nor RTF, and were left out:\n"_s + firstOf(noTexts).join(u'\n'));
+      told.append(translated(u"These files are neither text nor RTF, and were left out:"_s) + u'\n' +
+                  firstOf(noTexts).join(u'\n'));
     }
     if (!unread.isEmpty()) {
-      told.append(u"These files could not be read, so their scenes are empty:\n"_s + firstOf(unread).join(u'\n'));
+      told.append(translated(u"These files could not be read, so their scenes are empty:"_s) + u'\n' +
+                  firstOf(unread).join(u'\n'));
     }
     if (!told.isEmpty()) {
       toolkit().MsgBox(told.join(u"\n\n"_s));
@@ -82,7 +87,7 @@ std::shared_ptr<clsScene> sceneOf(const QString& file, Misfits& misfits) {
     scene->setTextRTF(text.value_or(QByteArray()));
   });
   if (!cause.isEmpty()) {
-    misfits.unread.append(cause.contains(name) ? cause : name + u": "_s + cause);
+    misfits.unread.append(cause.contains(name) ? translated(cause) : name + u": "_s + translated(cause));
   }
   if (!isText) {
     misfits.noTexts.append(name);
@@ -93,21 +98,24 @@ std::shared_ptr<clsScene> sceneOf(const QString& file, Misfits& misfits) {
 
 /// Nothing when the writer has stopped it.
 std::optional<SceneListImport> readList(const QString& file) {
-  LongWork work(*g_Project, u"Reading "_s + Files().FileOnly(file), Manuscript::takesLong(file),
+  LongWork work(*g_Project, translated(u"Reading %1"_s).arg(Files().FileOnly(file)), Manuscript::takesLong(file),
                 LongWork::Stop::Offered);
   const std::optional<QString> text = Manuscript::plainText(Manuscript::bytesOf(file));
   if (!text) {
-    throw RuntimeError(RuntimeError::InvalidCall, Files().FileOnly(file) + u" is no text."_s);
+    throw RuntimeError(RuntimeError::InvalidCall, toldText(shownText(u"%1 is no text."_s), {Files().FileOnly(file)}));
   }
-  work.setCaption(u"Looking for scenes"_s);
+  work.setCaption(shownText(u"Looking for scenes"_s));
   return work.stopWanted() ? std::nullopt : std::optional(SceneListImport::read(*text));
 }
 
 QString doneWith(qint32 imported, qsizetype files, bool isStopped) {
-  const QString done = imported == 1 ? u"1 scene was imported"_s : u"%L1 scenes were imported"_s.arg(imported);
-  return !isStopped   ? done
-         : files == 1 ? done + u" before it was stopped; 1 file is left"_s
-                      : done + u" before it was stopped; %L1 files are left"_s.arg(files);
+  const QString done =
+      imported == 1 ? translated(u"1 scene was imported"_s) : translated(u"%L1 scenes were imported"_s).arg(imported);
+  if (!isStopped) {
+    return done;
+  }
+  return files == 1 ? translated(u"%1 before it was stopped; 1 file is left"_s).arg(done)
+                    : translated(u"%1 before it was stopped; %2 files are left"_s).arg(done, QLocale().toString(files));
 }
 
 }  // namespace
@@ -136,15 +144,16 @@ bool ImportCommands::mayBegin(const QString& question, const QStringList& explan
   if (toolkit().MsgBox(question, Buttons::NoUnlessYes) != Answer::Yes) {
     return false;
   }
-  toolkit().MsgBox(explanation.join(u'\n'));
+  toolkit().MsgBox(translatedLines(explanation.join(u'\n')));
   return true;
 }
 
 void ImportCommands::ImportWorkInProgress() {
-  if (!mayBegin(u"Importing a work in progress will erase everything in the current project. Are you sure?"_s,
-                {u"A work in progress is an HTML, RTF or TXT file with the following delimiters:"_s,
-                 u"First, it should contain chapter headings as 'Chapter 1', 'Chapter 2' and so on."_s,
-                 u"Second, each scene should be broken with three asterisks: * * *"_s})) {
+  if (!mayBegin(
+          shownText(u"Importing a work in progress will erase everything in the current project. Are you sure?"_s),
+          {shownText(u"A work in progress is an HTML, RTF or TXT file with the following delimiters:"_s),
+           shownText(u"First, it should contain chapter headings as 'Chapter 1', 'Chapter 2' and so on."_s),
+           shownText(u"Second, each scene should be broken with three asterisks: * * *"_s)})) {
     return;
   }
   frmImportWIP* const wizard = frmImportWIP::showOver(main_);
@@ -161,10 +170,12 @@ void ImportCommands::ImportWorkInProgress() {
 }
 
 void ImportCommands::ImportScenesFromFile() {
-  if (!mayBegin(u"Importing will erase everything in the current project. Are you sure?"_s,
-                {u"A suitable file will consist of separate paragraphs, one per scene."_s,
-                 u"Each paragraph is a scene description. The first sentence will be used as the short description."_s,
-                 u"After importing, there will be one new chapter for every three scenes."_s})) {
+  if (!mayBegin(
+          shownText(u"Importing will erase everything in the current project. Are you sure?"_s),
+          {shownText(u"A suitable file will consist of separate paragraphs, one per scene."_s),
+           shownText(
+               u"Each paragraph is a scene description. The first sentence will be used as the short description."_s),
+           shownText(u"After importing, there will be one new chapter for every three scenes."_s)})) {
     return;
   }
   const ScanPause pause;
@@ -175,7 +186,7 @@ void ImportCommands::ImportScenesFromFile() {
   std::optional<SceneListImport> list;
   const QString cause = Guard("ImportScenesFromFile", kModule).causeOf([&] { list = readList(file); });
   if (!cause.isEmpty()) {
-    toolkit().MsgBox(u"The file can't be read. Nothing was imported.\n\n"_s + cause);
+    toolkit().MsgBox(translated(u"The file can't be read. Nothing was imported."_s) + u"\n\n"_s + translated(cause));
     return;
   }
   if (list) {
@@ -204,10 +215,10 @@ void ImportCommands::importScenes(clsChapter& chapter, const QStringList& files)
   qint32 imported = 0;
   qsizetype left = files.size();
   {
-    LongWork work(*g_Project, u"Importing scenes"_s, false, LongWork::Stop::Offered);
+    LongWork work(*g_Project, shownText(u"Importing scenes"_s), false, LongWork::Stop::Offered);
     for (const QString& file : files) {
       work.showIfLong();
-      work.setCaption(u"Importing scene "_s, imported + 1);
+      work.setCaption(shownText(u"Importing scene %1"_s), imported + 1);
       if (work.stopWanted()) {
         break;
       }

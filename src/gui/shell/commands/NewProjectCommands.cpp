@@ -4,6 +4,7 @@
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/NewBook.h"
@@ -17,9 +18,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kOverwrite =
+const QString kOverwrite = shownText(
     u"The project filename already exists. Do you want to overwrite it?\n(This won't delete existing chapters or "
-    "scenes in this folder, just the project file)"_s;
+    "scenes in this folder, just the project file)"_s);
 
 /// The file that the book gets: one that is there already is taken only when the user wants that.
 QString fileFor(const NewBook& book) {

@@ -7,6 +7,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/SceneTitle.h"
@@ -41,16 +42,18 @@ QString askForOlder(const QString& title, const QString& filter) {
 }
 
 QString whyNotOlder(const QString& path) {
-  return path +
-         u" is not a Quillane 3 project: the name of such a file ends in .qn3. (One that was converted before ends in "
-         ".qn3.bak. To convert it again, make a copy of the entire project folder and remove the .bak from the name "
-         "there.) Nothing was imported."_s;
+  return translated(
+             u"%1 is not a Quillane 3 project: the name of such a file ends in .qn3. (One that was converted before "
+             "ends in .qn3.bak. To convert it again, make a copy of the entire project folder and remove the "
+             ".bak from the name there.) Nothing was imported."_s)
+      .arg(path);
 }
 
 QString whyNotRead(const QString& path) {
-  return u"No chapter of the Quillane 2 project "_s + path +
-         u" could be read. (The texts of its chapters are expected in the folder of the project file.) Nothing was "
-         "imported."_s;
+  return translated(
+             u"No chapter of the Quillane 2 project %1 could be read. (The texts of its chapters are expected in "
+             "the folder of the project file.) Nothing was imported."_s)
+      .arg(path);
 }
 
 }  // namespace
@@ -63,7 +66,7 @@ void OlderProjectCommands::bind(MenuBindings& menu) {
 
 void OlderProjectCommands::mnuImportQuillane3_Click() {
   openChosen(main_, [] {
-    const QString path = askForOlder(u"Import Quillane3 Project"_s, u"*.qn3"_s);
+    const QString path = askForOlder(shownText(u"Import Quillane3 Project"_s), u"*.qn3"_s);
     if (path.isEmpty() || clsProject::IsQN3(path)) {
       return path;
     }
@@ -77,15 +80,15 @@ void OlderProjectCommands::mnuImportQuillane2_Click() {
     return;
   }
   const ScanPause pause;
-  const QString path = askForOlder(u"Import Quillane2 Project"_s, u"*.QNP"_s);
+  const QString path = askForOlder(shownText(u"Import Quillane2 Project"_s), u"*.QNP"_s);
   if (path.isEmpty()) {
     return;
   }
   clsQN2Project old;
   bool isRead = false;
   {
-    LongWork work(*g_Project, u"Loading Project"_s, true);
-    old.LoadingNum = [&work](qint32 number) { work.setCaption(u"Loading Chapter "_s, number); };
+    LongWork work(*g_Project, shownText(u"Loading Project"_s), true);
+    old.LoadingNum = [&work](qint32 number) { work.setCaption(shownText(u"Loading Chapter %1"_s), number); };
     isRead = old.LoadProject(path);
     old.LoadingNum = nullptr;
   }
@@ -117,7 +120,7 @@ bool OlderProjectCommands::beginBook() {
 void OlderProjectCommands::fillBook(const clsQN2Project& from) {
   QStringList findings = from.findings();
   {
-    LongWork work(*g_Project, u"Importing Project"_s, true);
+    LongWork work(*g_Project, shownText(u"Importing Project"_s), true);
     findings += ImportQN2::fill(from, work);
   }
   const bool saved = g_Project->SaveQN4(true);
@@ -129,7 +132,8 @@ void OlderProjectCommands::fillBook(const clsQN2Project& from) {
   main_.RefreshAll();
   main_.backups().bookOpened();
   if (!findings.isEmpty()) {
-    toolkit().MsgBox(u"This was found when the project was imported:\n\n"_s + findings.join(u"\n\n"_s));
+    toolkit().MsgBox(translated(u"This was found when the project was imported:"_s) + u"\n\n"_s +
+                     findings.join(u"\n\n"_s));
   }
 }
 
@@ -144,8 +148,8 @@ void OlderProjectCommands::mnuConvQN2Scn_Click() {
     return;
   }
   if (!clsQN2Text::MarksScenes(scene->ConvertedToBodyText())) {
-    toolkit().MsgBox(u"I can't see any [SCENE] marks in the text of '"_s + calledScene(scene->Title) +
-                     u"'. Nothing was converted."_s);
+    toolkit().MsgBox(translated(u"I can't see any [SCENE] marks in the text of '%1'. Nothing was converted."_s)
+                         .arg(calledScene(scene->Title)));
     return;
   }
   if (g_Project->ReadOnly()) {
@@ -160,10 +164,12 @@ void OlderProjectCommands::mnuConvQN2Scn_Click() {
   const qint32 before = g_Project->SceneCount();
   const QString failure = ImportQN2::splitScene(*scene);
   if (!failure.isEmpty()) {
-    toolkit().MsgBox(u"The scene was not converted, and nothing has changed.\n\n"_s + failure);
+    toolkit().MsgBox(translated(u"The scene was not converted, and nothing has changed."_s) + u"\n\n"_s +
+                     translated(failure));
   }
   main_.RefreshAll();
   if (failure.isEmpty()) {
-    main_.showMessage(countedScenes(g_Project->SceneCount() - before) + u" made of the selected one"_s);
+    main_.showMessage(
+        translated(u"%1 made of the selected one"_s).arg(countedScenes(g_Project->SceneCount() - before)));
   }
 }

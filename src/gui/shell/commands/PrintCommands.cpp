@@ -3,6 +3,7 @@
 #include "core/infra/Guard.h"
 #include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/reports/SaveSynopsis.h"
@@ -27,9 +28,10 @@ namespace {
 /// It goes into the book's folder. Empty when it can.
 QString whyNoSynopsis() {
   if (g_Project->FileWithPath.isEmpty()) {
-    return u"Save the book first. The synopsis goes into its folder."_s;
+    return shownText(u"Save the book first. The synopsis goes into its folder."_s);
   }
-  return g_Project->ReadOnly() ? u"The book was opened read-only, so no synopsis is saved in its folder."_s : QString();
+  return g_Project->ReadOnly() ? shownText(u"The book was opened read-only, so no synopsis is saved in its folder."_s)
+                               : QString();
 }
 
 /// Nothing when the user wants no cards after all.
@@ -57,10 +59,11 @@ void PrintCommands::bind(MenuBindings& menu) {
         menu, entry,
         {.key = key, .prompt = prompt, .report = report, .routine = routine, .module = "modPrintSynopsis"});
   };
-  bindReport("mnuPrintSynopsis", "PrintSynopsis", u"Synopsis"_s, u"Click PRINT to output the list."_s, &PrintSynopsis);
+  bindReport("mnuPrintSynopsis", "PrintSynopsis", u"Synopsis"_s, shownText(u"Click PRINT to output the list."_s),
+             &PrintSynopsis);
   bindReport("mnuExpandedSynopsis", "PrintExpandedSynopsis", u"Expanded Synopsis"_s,
-             u"Click PRINT to output the list."_s, &PrintExpandedSynopsis);
-  bindReport("mnuPrintSummary", "PrintSummary", u"Summary"_s, u"Click PRINT to continue."_s, &PrintSummary);
+             shownText(u"Click PRINT to output the list."_s), &PrintExpandedSynopsis);
+  bindReport("mnuPrintSummary", "PrintSummary", u"Summary"_s, shownText(u"Click PRINT to continue."_s), &PrintSummary);
   bindWorkSchedule(menu);
   bindList(menu, "mnuPrintChar", CastKind::Character);
   bindList(menu, "mnuPrintLocationList", CastKind::Location);
@@ -89,7 +92,7 @@ void PrintCommands::bindChapterReport(MenuBindings& menu, const char* entry, con
 void PrintCommands::bindWorkSchedule(MenuBindings& menu) {
   menu.bind("mnuPrintOnStatus", [](const MenuChoice& chosen) {
     printReport({.key = u"SceneList"_s,
-                 .prompt = u"Click PRINT to output the report."_s,
+                 .prompt = shownText(u"Click PRINT to output the report."_s),
                  .name = printFileName(u"Work Schedule"_s),
                  .report = [item = chosen.index](const ReportJob& job) { return PrintWorkSchedule(job, item); },
                  .routine = "PrintWorkSchedule",
@@ -107,7 +110,7 @@ void PrintCommands::mnuPrintProject_Click() {
   }
   if (const auto chapters = pickChapters()) {
     printReport({.key = u"Chapter"_s,
-                 .prompt = u"Print chapter(s)"_s,
+                 .prompt = shownText(u"Print chapter(s)"_s),
                  .name = printFileName(u"Manuscript"_s),
                  .report = &PrintProject,
                  .chapters = *chapters,
@@ -123,7 +126,7 @@ void PrintCommands::mnuPrintSelectedChapters_Click() {
     return;
   }
   printReport({.key = u"Chapter"_s,
-               .prompt = u"Print chapter(s)"_s,
+               .prompt = shownText(u"Print chapter(s)"_s),
                .name = printFileName(u"Chapters"_s),
                .report = [chapters](const ReportJob& job) { return PrintChapters(job, chapters); },
                .offersDetails = true,
@@ -148,7 +151,7 @@ void PrintCommands::mnuPrintSceneCards_Click() {
   const std::optional<ChapterRange> chapters = cards ? pickChapters() : std::nullopt;
   if (chapters) {
     printReport({.key = u"Scene Cards"_s,
-                 .prompt = u"Click PRINT to output all project summaries."_s,
+                 .prompt = shownText(u"Click PRINT to output all project summaries."_s),
                  .name = printFileName(u"Scene Cards"_s),
                  .report = [perPage = *cards](const ReportJob& job) { return PrintSummaryCards(job, perPage); },
                  .chapters = *chapters,
@@ -172,6 +175,6 @@ void PrintCommands::mnuSaveSynopsis_Click() {
   }
   QString path;
   const QString cause = Guard("SaveSynopsis", "modSaveSynopsis").causeOf([&] { path = SaveSynopsis(*chapters); });
-  toolkit().MsgBox(cause.isEmpty() ? u"Synopsis saved to "_s + path
-                                   : u"The synopsis could not be saved.\n\n"_s + cause);
+  toolkit().MsgBox(cause.isEmpty() ? translated(u"Synopsis saved to %1"_s).arg(path)
+                                   : translated(u"The synopsis could not be saved."_s) + u"\n\n"_s + translated(cause));
 }

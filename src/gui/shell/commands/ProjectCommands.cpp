@@ -4,6 +4,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
@@ -73,8 +74,9 @@ void ProjectCommands::mnuSaveProj_Click() {
   }
   const QStringList unsaved = titlesOfUnsavedTexts();
   if (!unsaved.isEmpty()) {
-    toolkit().MsgBox(u"The text of these scenes could not be written to "_s + g_Project->Path() + u"RTF:\n"_s +
-                     unsaved.join(u'\n'));
+    toolkit().MsgBox(
+        translated(u"The text of these scenes could not be written to %1:"_s).arg(g_Project->Path() + u"RTF"_s) +
+        u'\n' + unsaved.join(u'\n'));
   }
 }
 
@@ -113,6 +115,6 @@ void ProjectCommands::mnuSaveToSingleFile_Click() {
     }
   }
   if (!saved.isEmpty()) {
-    toolkit().MsgBox(u"File saved to "_s + saved);
+    toolkit().MsgBox(translated(u"File saved to %1"_s).arg(saved));
   }
 }

@@ -5,6 +5,7 @@
 #include "core/infra/ScanPause.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -31,8 +32,8 @@ std::optional<QString> backedUp(frmMain& main) {
     toolkit().MsgBox(u"The book was opened read-only, so nothing is saved to its place."_s);
     return {};
   }
-  const CompleteBackup backup =
-      CompleteBackup::makeOrAsk(u"what is erased could not be brought back"_s, u"Import all the same?"_s);
+  const CompleteBackup backup = CompleteBackup::makeOrAsk(shownText(u"what is erased could not be brought back"_s),
+                                                          shownText(u"Import all the same?"_s));
   if (!backup.mayGoOn) {
     return {};
   }
@@ -117,9 +118,10 @@ void tellWhereFormerIs(frmMain& main, const QString& archive) {
     return;
   }
   if (g_Project->HoldsUnsaved()) {
-    toolkit().MsgBox(u"What was imported could not be saved whole. What the project held before is in\n"_s + archive);
+    toolkit().MsgBox(translated(u"What was imported could not be saved whole. What the project held before is in"_s) +
+                     u'\n' + archive);
   } else {
-    main.showMessage(u"Imported. What the project held before is in "_s + archive);
+    main.showMessage(translated(u"Imported. What the project held before is in %1"_s).arg(archive));
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -60,7 +61,7 @@ void SceneCommands::mnuAddMultiScenes_Click() {
       toolkit().InputBox(u"How many scenes would you like to add to this chapter?"_s, u"Create blank scenes"_s, {});
   const double count = std::nearbyint(Numbers::Val(answer));
   if (count == 0 && !answer.isEmpty() && !Numbers::ToNumber(answer)) {
-    main_.showMessage(u"No scene was added: \""_s + answer + u"\" is no number"_s);
+    main_.showMessage(translated(u"No scene was added: \"%1\" is no number"_s).arg(answer));
     return;
   }
   if (count > kMostAtOnce) {
@@ -86,8 +87,8 @@ void SceneCommands::createScenes(clsChapter& chapter, qint32 count) {
   if (g_Project->SceneByID(scene->ID()) != scene) {
     return;  // another program's book was taken in the save
   }
-  main_.showMessage(count == 1 ? u"1 scene was added to the chapter"_s
-                               : u"%L1 scenes were added to the chapter"_s.arg(count));
+  main_.showMessage(count == 1 ? shownText(u"1 scene was added to the chapter"_s)
+                               : translated(u"%L1 scenes were added to the chapter"_s).arg(count));
 }
 
 void SceneCommands::mnuMarkScenesUnused_Click() {
@@ -132,7 +133,7 @@ void SceneCommands::RemoveScenes(bool AlsoDeleteFile) {
     toolkit().MsgBox(u"Select a scene first"_s);
     return;
   }
-  if (!BookScenes::mayRemove(main_, scenes, u"Remove selected scene(s) from your project?"_s)) {
+  if (!BookScenes::mayRemove(main_, scenes, shownText(u"Remove selected scene(s) from your project?"_s))) {
     return;
   }
   const auto chapter = g_Project->ChapterByID(chapterID);

@@ -1,6 +1,7 @@
 #include "gui/shell/commands/SearchCommands.h"
 
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/spell/ProblemWords.h"
@@ -51,7 +52,7 @@ void SearchCommands::bind(MenuBindings& menu) {
 void SearchCommands::fillProblemWords(MainMenuBar& menus) {
   QList<MenuElement> elements;
   for (const QString& word : ProblemWords::load()) {
-    elements.append({u"Search for '"_s + word + u'\'', word});
+    elements.append({translated(u"Search for '%1'"_s).arg(word), word});
   }
   menus.loadElements(u"mnuUDW"_s, elements);
 }

@@ -1,6 +1,7 @@
 #include "gui/shell/commands/SettingsCommands.h"
 
 #include "core/infra/Clock.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/planning/frmWordTarget.h"
@@ -29,7 +30,7 @@ void SettingsCommands::mnuSettings_Click() {
 void SettingsCommands::take(const ProjectSettings& settings) {
   settings.storeIn(*g_Project);
   main_.panes().chapters().showTitles();
-  saveStored(u"settings are"_s);
+  saveStored(shownText(u"The book was opened read-only: the settings are changed, but not saved."_s));
 }
 
 void SettingsCommands::mnuWordTarget_Click() {
@@ -38,21 +39,22 @@ void SettingsCommands::mnuWordTarget_Click() {
   }
   const WordTarget target = WordTarget::of(*g_Project, Clock::dayNumber(Clock::today()));
   const frmWordTarget* const form = frmWordTarget::showOver(main_, target, g_Project->Wordcount(false));
-  QObject::connect(form, &QDialog::accepted, &main_, guarded("cmdSave_Click", "frmWordTarget", [this, form] {
-                     form->target().storeIn(*g_Project);
-                     main_.showTotal();
-                     saveStored(u"word target is"_s);
-                   }));
+  QObject::connect(
+      form, &QDialog::accepted, &main_, guarded("cmdSave_Click", "frmWordTarget", [this, form] {
+        form->target().storeIn(*g_Project);
+        main_.showTotal();
+        saveStored(shownText(u"The book was opened read-only: the word target is changed, but not saved."_s));
+      }));
 }
 
 // A read-only book keeps the change in memory. So does one whose save was given up, and this is all that a book may
 // hold so far: the change is marked then, or nobody would ask about it when the book is left.
-void SettingsCommands::saveStored(const QString& what) {
+void SettingsCommands::saveStored(const QString& inMemoryOnly) {
   main_.ProjectChanged = true;
   main_.SaveProject(false);
   main_.ProjectChanged = main_.session().isChanged();
   main_.showTitle();
   if (g_Project->ReadOnly()) {
-    main_.showMessage(u"The book was opened read-only: the "_s + what + u" changed, but not saved."_s);
+    main_.showMessage(inMemoryOnly);
   }
 }

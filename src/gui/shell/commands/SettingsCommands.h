@@ -19,8 +19,8 @@ class SettingsCommands : public CommandGroup {
   void mnuSettings_Click();
   void mnuWordTarget_Click();
   void take(const ProjectSettings& settings);
-  /// Saves what was stored in the project. Of a book that isn't saved it says that this is changed alone.
-  void saveStored(const QString& what);
+  /// Saves what was stored in the project. `inMemoryOnly` is said where the book isn't saved.
+  void saveStored(const QString& inMemoryOnly);
 
   frmMain& main_;
 };

@@ -2,6 +2,7 @@
 
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/clsHashTable.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
@@ -32,7 +33,7 @@ bool isUnused(const clsScene& scene) {
 /// What was counted: the total below the chapters, which leaves the unused scenes out, is another one.
 QString scopeOf(const std::vector<std::shared_ptr<clsScene>>& scenes) {
   const auto unused = std::count_if(scenes.begin(), scenes.end(), [](const auto& scene) { return isUnused(*scene); });
-  return u"Scenes: %L1, unused ones among them: %L2"_s.arg(scenes.size()).arg(unused);
+  return translated(u"Scenes: %L1, unused ones among them: %L2"_s).arg(scenes.size()).arg(unused);
 }
 
 bool counts(clsScene& scene) {
@@ -66,10 +67,13 @@ void tellShares(const clsHashTable& table, qint32 whole) {
     const HashRecord record = table.Record(i);
     const double percent = whole == 0 ? 0 : 100.0 * record.Count / whole;
     const QString name = g_Project->CharByID(record.ID)->Title();
-    lines += (name.isEmpty() ? u"(no name)"_s : name) + u": %L1 (%L2%)\n"_s.arg(record.Count).arg(percent, 0, 'f', 2);
+    lines += (name.isEmpty() ? translated(u"(no name)"_s) : name) +
+             u": %L1 (%L2%)\n"_s.arg(record.Count).arg(percent, 0, 'f', 2);
   }
-  toolkit().MsgBox(lines.isEmpty() ? u"No characters"_s
-                                   : lines + u"\n(Does not include unused scenes or scenes within unused chapters)"_s);
+  toolkit().MsgBox(lines.isEmpty()
+                       ? translated(u"No characters"_s)
+                       : lines + u'\n' +
+                             translated(u"(Does not include unused scenes or scenes within unused chapters)"_s));
 }
 
 }  // namespace
@@ -87,7 +91,8 @@ void StatisticsCommands::mnuWordsPerCharacter_Click() {
   std::optional<clsHashTable> table;
   const qint32 before = g_Project->Wordcount(false);
   {
-    LongWork work(*g_Project, u"Counting words"_s, g_Project->SceneCount() > kScenesInAMoment, LongWork::Stop::Offered);
+    LongWork work(*g_Project, shownText(u"Counting words"_s), g_Project->SceneCount() > kScenesInAMoment,
+                  LongWork::Stop::Offered);
     table = perCharacter(work, [](clsScene& scene) {
       // What is typed in an open editor counts when it is saved, as everywhere.
       if (!scene.Locked()) {
@@ -111,7 +116,7 @@ void StatisticsCommands::mnuScenesPerCharacter_Click() {
   }
   std::optional<clsHashTable> table;
   {
-    LongWork work(*g_Project, u"Counting scenes"_s, false, LongWork::Stop::Offered);
+    LongWork work(*g_Project, shownText(u"Counting scenes"_s), false, LongWork::Stop::Offered);
     table = perCharacter(work, [](const clsScene&) { return 1; });
   }
   if (table) {
@@ -128,7 +133,7 @@ void StatisticsCommands::mnuWordUsageCount_Click() {
   {
     // The scenes that are walked stay, whatever is done while the window repaints.
     const bool takesLong = g_Project->SceneCount() > kScenesInAMoment;
-    LongWork work(*g_Project, u"Counting words"_s, takesLong, LongWork::Stop::Offered);
+    LongWork work(*g_Project, shownText(u"Counting words"_s), takesLong, LongWork::Stop::Offered);
     const std::vector<std::shared_ptr<clsScene>> scenes(g_Project->Scenes.begin(), g_Project->Scenes.end());
     for (const auto& scene : scenes) {
       main_.showMessage(scene->RTFFilename());

@@ -6,6 +6,7 @@
 #include "core/exchange/RtfExport.h"
 #include "core/exchange/TextExport.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/commands/ExportRun.h"
@@ -31,7 +32,7 @@ bool ask(const QString& question) {
 }
 
 bool askForUnused() {
-  return ask(u"Include unused chapters and scenes?"_s);
+  return ask(shownText(u"Include unused chapters and scenes?"_s));
 }
 
 /// An export into one file. True when it was done.
@@ -47,9 +48,9 @@ void tell(const QString& done, const QString& remark = {}) {
 }  // namespace
 
 void TextExportCommands::bind(MenuBindings& menu) {
-  const Manuscript text{"CombineFiles", "modExportProject",       u"Specify a .TXT file to export to"_s,
+  const Manuscript text{"CombineFiles", "modExportProject",       shownText(u"Specify a .TXT file to export to"_s),
                         u"*.txt"_s,     u"ExportedProject.txt"_s, &CombineFiles};
-  const Manuscript rtf{"ExportToRTF", "modExportToRTF",         u"Specify an .rtf file to export to"_s,
+  const Manuscript rtf{"ExportToRTF", "modExportToRTF",         shownText(u"Specify an .rtf file to export to"_s),
                        u"*.rtf"_s,    u"ExportedProject.rtf"_s, &ExportToRTF};
   menu.bind("mnuCombineFiles", [this, text] { exportManuscript(text); });
   menu.bind("mnuExportToRTF", [this, rtf] { exportManuscript(rtf); });
@@ -67,13 +68,13 @@ void TextExportCommands::exportManuscript(const Manuscript& kind) {
     return;
   }
   ManuscriptOptions options;
-  options.summaries = ask(u"Save summaries to file as well?"_s);
+  options.summaries = ask(shownText(u"Save summaries to file as well?"_s));
   options.unused = askForUnused();
   const auto content = [&](const ExportStep& step) { return kind.content(options, step); };
   if (!exportFile(kind.routine, kind.module, path, content)) {
     return;
   }
-  const QString end = u"The book was exported to "_s + path;
+  const QString end = translated(u"The book was exported to %1"_s).arg(path);
   const QString missing = missingTexts(options.unused);
   missing.isEmpty() ? main_.showMessage(end) : tell(end, missing);
 }
@@ -84,7 +85,7 @@ void TextExportCommands::mnuExportOutline_Click() {
   }
   const QString path = placeOfExport(u"auto_outline.txt"_s);
   if (!path.isEmpty() && exportFile("ExportOutline", "modExportOutline", path, &ExportOutline)) {
-    tell(u"Outline saved to "_s + path);
+    tell(translated(u"Outline saved to %1"_s).arg(path));
   }
 }
 
@@ -101,7 +102,7 @@ void TextExportCommands::mnuExportDesc_Click() {
     return ExportDescriptionsByChapter(chapters->first, chapters->last, step);
   };
   if (!path.isEmpty() && exportFile("ExportDescriptionsByChapter", "modExportDesc", path, text)) {
-    tell(u"Your summary was saved to "_s + path);
+    tell(translated(u"Your summary was saved to %1"_s).arg(path));
   }
 }
 
@@ -116,6 +117,6 @@ void TextExportCommands::mnuExportNano_Click() {
   const bool withUnused = askForUnused();
   const auto text = [withUnused](const ExportStep& step) { return ExportToNano(withUnused, step); };
   if (exportFile("ExportToNano", "modExportNano", path, text)) {
-    tell(u"Your Nano-obfusicated file has been saved to "_s + path, missingTexts(withUnused));
+    tell(translated(u"Your Nano-obfusicated file has been saved to %1"_s).arg(path), missingTexts(withUnused));
   }
 }

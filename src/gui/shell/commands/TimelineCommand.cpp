@@ -7,6 +7,7 @@
 #include "core/infra/RuntimeError.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/EntityDialogs.h"
 #include "core/model/Globals.h"
@@ -29,8 +30,8 @@ QString writePage(const QString& path, const QStringList& characters) {
   } catch (const RuntimeError& error) {
     Logging().AddDebug(error.description(), u"ExportTimeline"_s, u"modExportTimeline"_s);
     const bool isDisk = error.number() == RuntimeError::DiskFull || error.number() == RuntimeError::DeviceError;
-    return isDisk ? u"The timeline could not be saved.\n\n"_s + error.description()
-                  : u"Could not create output file. Already open in another program?"_s;
+    return isDisk ? translated(u"The timeline could not be saved."_s) + u"\n\n"_s + translated(error.description())
+                  : shownText(u"Could not create output file. Already open in another program?"_s);
   }
 }
 
@@ -69,6 +70,6 @@ void TimelineCommand::ExportTimeline() {
   if (const QString failure = writePage(path, names); !failure.isEmpty()) {
     toolkit().MsgBox(failure);
   } else if (!openPage(path)) {
-    toolkit().MsgBox(u"The timeline is in the file "_s + path);
+    toolkit().MsgBox(translated(u"The timeline is in the file %1"_s).arg(path));
   }
 }

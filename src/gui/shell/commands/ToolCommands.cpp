@@ -9,6 +9,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/DebugFile.h"
+#include "gui/shell/commands/SearchCommands.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/InterfaceFont.h"
 #include "gui/shell/main/InterfaceLanguage.h"
@@ -29,17 +30,20 @@ namespace {
 
 void tellOf(const DebugFile& debug, const QString& cause, bool zipped) {
   if (!cause.isEmpty()) {
-    toolkit().MsgBox(u"The debug file "_s + debug.file() + u" could not be made. Your project is as it was.\n\n"_s +
-                     cause);
+    toolkit().MsgBox(
+        translated(u"The debug file %1 could not be made. Your project is as it was."_s).arg(debug.file()) + u"\n\n"_s +
+        translated(cause));
   } else if (zipped) {
     toolkit().MsgBox(
-        u"Your debug info has been stored in "_s + debug.archive() +
-        u"\n Note - all descriptions and notes have been removed from the debug file, and no scene content "
-        "has been included."_s +
-        (debug.missing().isEmpty() ? QString() : u"\n\nThese could not be packed: "_s + debug.missing().join(u", "_s)));
+        translated(u"Your debug info has been stored in %1\n Note - all descriptions and notes have been removed from "
+                   "the debug file, and no scene content has been included."_s)
+            .arg(debug.archive()) +
+        (debug.missing().isEmpty()
+             ? QString()
+             : u"\n\n"_s + translated(u"These could not be packed: %1"_s).arg(debug.missing().join(u", "_s))));
   } else {
-    toolkit().MsgBox(u"Unable to zip the debug file. However, you can still zip and send "_s + debug.file() +
-                     u" manually."_s);
+    toolkit().MsgBox(translated(u"Unable to zip the debug file. However, you can still zip and send %1 manually."_s)
+                         .arg(debug.file()));
   }
 }
 
@@ -110,6 +114,7 @@ void ToolCommands::mnuLanguage_Click(const QString& language) {
     return;
   }
   Settings().sSet(kLanguageSetting, language);
+  SearchCommands::fillProblemWords(main_.menus());
 }
 
 void ToolCommands::mnuAbout_Click() {

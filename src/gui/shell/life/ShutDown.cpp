@@ -1,7 +1,9 @@
 #include "core/infra/Guard.h"
+#include "core/infra/InstallerFile.h"
 #include "core/infra/SilentToolkit.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/layout/PrintState.h"
 #include "core/model/Globals.h"
@@ -9,6 +11,7 @@
 #include "core/model/clsProject.h"
 #include "core/persist/RescueFolder.h"
 #include "core/spell/cSharedSpell.h"
+#include "gui/editor/DictionaryInstaller.h"
 #include "gui/sheets/EntitySheets.h"
 #include "gui/shell/main/BookBackups.h"
 #include "gui/shell/main/ChapterPane.h"
@@ -34,11 +37,13 @@ QString whatWouldBeLost() {
   }
   const QString& path = g_Project->FileWithPath;
   if (const qint32 unsaved = g_Project->UnsavedTexts(); unsaved > 0 && !path.isEmpty()) {
-    return u"The text of %1 scene(s) could not be written to %2. Please make room or free the files."_s.arg(unsaved)
+    return translated(u"The text of %1 scene(s) could not be written to %2. Please make room or free the files."_s)
+        .arg(unsaved)
         .arg(g_Project->RTFFolder());
   }
-  return g_Project->HoldsUnsaved() ? u"The book isn't saved. What was changed since it was last saved would be lost."_s
-                                   : QString();
+  return g_Project->HoldsUnsaved()
+             ? translated(u"The book isn't saved. What was changed since it was last saved would be lost."_s)
+             : QString();
 }
 
 /// While it lives nobody is asked and nothing is shown.
@@ -94,6 +99,7 @@ void frmMain::EndProgram() {
       return;
     }
   }
+  guard([&] { giveUpTransfers(); });
   guard([&] { forgetRescue(); });
   // Rows would ask the empty book for what they show.
   guard([&] { clearLists(); });
@@ -103,9 +109,7 @@ void frmMain::EndProgram() {
   }
   guard([] { Spell().SaveCustomDict(); });
   unloadForms();
-  if (!InstallerPath.isEmpty()) {
-    guard([&] { toolkit().runProgram(InstallerPath, {}, false); });
-  }
+  guard([&] { startInstaller(); });
   Logging().LogEnd();
   endProcess();
 }
@@ -156,7 +160,9 @@ void frmMain::EndAtOnce() {
   StopScanTimer();
   Timer3.stop();
   Logging().LogEvent(u"Ended by the system"_s);
-  Guard("EndAtOnce", "frmMain")([&] { SaveAtOnce(); });
+  const Guard guard("EndAtOnce", "frmMain");
+  guard([&] { SaveAtOnce(); });
+  guard([&] { giveUpTransfers(); });
   finishAtOnce(kWaits);
 }
 
@@ -186,10 +192,27 @@ void frmMain::finishAtOnce(int waits) {
   endProcess();
 }
 
+// A transfer waits in a loop of its own, which the end of the process's doesn't end.
+void frmMain::giveUpTransfers() {
+  Q_EMIT leaving();
+  DictionaryInstaller::CancelRunning();
+}
+
+void frmMain::startInstaller() {
+  if (InstallerPath.isEmpty()) {
+    return;
+  }
+  if (!isStillThat(InstallerPath, InstallerHash)) {
+    Logging().LogEvent(u"The installer isn't what was downloaded any more, and isn't started"_s);
+    return;
+  }
+  toolkit().runProgram(InstallerPath, {}, false);
+}
+
 /// Whether the program may end: not over what is in memory alone, unless the user says so.
 bool frmMain::mayLeaveBook() {
   const QString lost = whatWouldBeLost();
-  return lost.isEmpty() || toolkit().MsgBox(lost + u" Do you want to leave the program all the same?"_s,
+  return lost.isEmpty() || toolkit().MsgBox(lost + translated(u" Do you want to leave the program all the same?"_s),
                                             Buttons::NoUnlessYes) == Answer::Yes;
 }
 

@@ -7,10 +7,12 @@
 #include "core/infra/Numbers.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
@@ -74,17 +76,20 @@ QString pathOf(const QString& commandLine) {
 }  // namespace
 
 void frmMain::Form_Load() {
+  const auto told = [](int number, const QString& why) {
+    return toldText(u"Error %1 in %2 - %3"_s, {QString::number(number), u"Form_Load"_s, why});
+  };
   QString failure;
   try {
     ::addCommands(*this);
     StartUp(*this).run();
     return;
   } catch (const RuntimeError& error) {
-    failure = QString::number(error.number()) + u" in Form_Load - "_s + error.description();
+    failure = told(error.number(), error.description());
   } catch (const std::exception& error) {
-    failure = QString::number(RuntimeError::Internal) + u" in Form_Load - "_s + QString::fromLocal8Bit(error.what());
+    failure = told(RuntimeError::Internal, QString::fromLocal8Bit(error.what()));
   }
-  ShowFatalAndExit(u"Error "_s + failure);
+  ShowFatalAndExit(failure);
 }
 
 StartUp::StartUp(frmMain& main) : main_(main) {}
@@ -115,10 +120,11 @@ void StartUp::run() {
 bool StartUp::helperLibrariesExist() const {
   for (const char* library : kHelperLibraries) {
     const QString name = QString::fromLatin1(library);
-    if (!Files().FileExists(Paths::executableFolder() + name)) {
-      toolkit().MsgBox(u"Essential file "_s + name +
-                       u" missing.  Please download and install the complete Quillane4 package from "_s +
-                       QString::fromLatin1(Maker::kWebAddress));
+    if (!Files().FileExists(Paths::helperLibrary(name))) {
+      toolkit().MsgBox(
+          translated(
+              u"Essential file %1 missing.  Please download and install the complete Quillane4 package from %2"_s)
+              .arg(name, QString::fromLatin1(Maker::kWebAddress)));
       return false;
     }
   }
@@ -126,18 +132,18 @@ bool StartUp::helperLibrariesExist() const {
 }
 
 void StartUp::setGlobals() const {
-  g_SettingsFile = Paths::programFolder() + u"Quillane4.ini"_s;
+  g_SettingsFile = Paths::settingsFile();
   initChangeTables();
-  g_RatingNames = u"Dummy,Relevance,Tension,Humour,Quality"_s.split(u',');
-  g_StatusNames = u"Dummy,Outline,Draft,1st Edit,2nd Edit,Done"_s.split(u',');
+  g_RatingNames = usualRatingNames();
+  g_StatusNames = usualStatusNames();
 }
 
 void StartUp::showSplash() {
   splash_ = std::make_unique<frmSplash>();
   splash_->show();
   beginLog();
-  splashStatus(u"Starting Application"_s);
-  splashStatus(u"Setting Up"_s);
+  splashStatus(shownText(u"Starting Application"_s));
+  splashStatus(shownText(u"Setting Up"_s));
 }
 
 // A copy that runs already goes on writing its log: a further one has a file of its own, and can't tell how the last
@@ -154,7 +160,7 @@ void StartUp::beginLog() {
 }
 
 void StartUp::splashStatus(const QString& text) const {
-  splash_->setStatus(text);
+  splash_->setStatus(translated(text));
   toolkit().DoEvents();
 }
 
@@ -175,19 +181,19 @@ void StartUp::greetFirstRun() const {
   }
 }
 
-void StartUp::readSettings() const {
+void StartUp::readSettings() {
   Settings().LoadSettings(g_SettingsFile);
   main_.settingsLoaded_ = true;
   g_DebugMode = truth(Settings().sGet(u"DebugMode"_s, false));
   main_.menus().setVisible(u"mnuManual"_s, HelpFile::isInstalled());
   offerUpdateCheck(main_);
-  SearchCommands::fillProblemWords(main_.menus());
   const QString font = Settings().sGet(u"FormFont"_s).toString().trimmed();
   if (font.isEmpty() || !useFormFont(main_, font)) {
     useFormFont(main_, kSystemFormFont);
   }
   // A language may want a font of its own.
-  useStoredLanguage(main_);
+  lostLanguage_ = useStoredLanguage(main_);
+  SearchCommands::fillProblemWords(main_.menus());
 }
 
 void StartUp::readFonts() const {
@@ -233,7 +239,7 @@ void StartUp::restoreList(const QString& name, ListView& list) const {
 
 // The lists themselves are read with the first check, in the background.
 void StartUp::lookForDictionaries() const {
-  splashStatus(u"Loading Dictionaries"_s);
+  splashStatus(shownText(u"Loading Dictionaries"_s));
   if (Spell().DictionaryFound()) {
     Logging().LogEvent(u"One or more dictionaries found: spell check enabled"_s);
   } else {
@@ -258,19 +264,19 @@ void StartUp::openFromCommandLine(const QString& path) {
     notFound_ = path;
     return;
   }
-  splashStatus(u"Loading "_s + Files().FileOnly(path));
+  splashStatus(translated(u"Loading %1"_s).arg(Files().FileOnly(path)));
   // The path is kept for the next start, which may stand in another folder.
   main_.LoadProject(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()), false);
 }
 
 void StartUp::openLast(const QString& path) const {
   Logging().LogEvent(u"Loading last project: "_s + path);
-  splashStatus(u"Loading '"_s + Files().FileOnly(path) + u"'"_s);
+  splashStatus(translated(u"Loading '%1'"_s).arg(Files().FileOnly(path)));
   main_.LoadProject(path, true);
 }
 
 void StartUp::finish() {
-  splashStatus(u"Startup Complete"_s);
+  splashStatus(shownText(u"Startup Complete"_s));
   splash_.reset();
   main_.session().UpdateRecent();
   main_.panes().scenes().tabStrip1().setCurrentIndex(0);
@@ -286,14 +292,16 @@ void StartUp::offerRescued() const {
   if (rescued.isEmpty()) {
     return;
   }
-  const QString what = u"The computer ended Quillane before the book could be saved whole in its own place. "_s;
+  const QString what =
+      translated(u"The computer ended Quillane before the book could be saved whole in its own place. "_s);
   if (!Files().FileExists(rescued)) {
     Settings().DeleteSettingByName(u"RescuedBook"_s);
-    toolkit().MsgBox(what + u"Nor could it be kept anywhere else."_s);
+    toolkit().MsgBox(what + translated(u"Nor could it be kept anywhere else."_s));
     return;
   }
-  if (toolkit().Choose(
-          {what + u"A copy with all its words was kept:\n"_s + rescued, {u"Open it now"_s, u"Later"_s}, 0}) == 0) {
+  if (toolkit().Choose({what + translated(u"A copy with all its words was kept:"_s) + u'\n' + rescued,
+                        {shownText(u"Open it now"_s), shownText(u"Later"_s)},
+                        0}) == 0) {
     Settings().DeleteSettingByName(u"RescuedBook"_s);
     main_.LoadProject(rescued, true);
     main_.session().setMenusByProject();
@@ -307,9 +315,10 @@ void StartUp::tellOfRescuedTexts() const {
   }
   Settings().DeleteSettingByName(u"RescuedTexts"_s);
   toolkit().MsgBox(
-      u"The computer ended Quillane while the text of a scene could not be saved in its own place. It was kept in the "
-      u"folder\n"_s +
-      folder);
+      translated(
+          u"The computer ended Quillane while the text of a scene could not be saved in its own place. It was kept "
+          "in the folder"_s) +
+      u'\n' + folder);
 }
 
 void StartUp::tellOfStart() const {
@@ -317,10 +326,14 @@ void StartUp::tellOfStart() const {
   tellOfRescuedTexts();
   QStringList told;
   if (!notFound_.isEmpty()) {
-    told += notFound_ + u" wasn't found."_s;
+    told += translated(u"%1 wasn't found."_s).arg(notFound_);
+  }
+  if (!lostLanguage_.isEmpty()) {
+    told += translated(u"The language %1 could not be read."_s).arg(lostLanguage_);
   }
   if (endedBadly_) {
-    told += u"Quillane didn't end properly last time. Books open as they were last saved. (log_last.txt tells more.)"_s;
+    told += translated(
+        u"Quillane didn't end properly last time. Books open as they were last saved. (log_last.txt tells more.)"_s);
   }
   if (!told.isEmpty()) {
     main_.showMessage(told.join(u' '));

@@ -26,7 +26,7 @@ class StartUp {
   void splashStatus(const QString& text) const;
   void fillStatusMenu() const;
   void greetFirstRun() const;
-  void readSettings() const;
+  void readSettings();
   void readFonts() const;
   void showStatusBar() const;
   void restoreLayout() const;
@@ -43,6 +43,8 @@ class StartUp {
   frmMain& main_;
   /// A file that was named and isn't there.
   QString notFound_;
+  /// One that was chosen and can't be read.
+  QString lostLanguage_;
   /// The last run left its log without an end.
   bool endedBadly_ = false;
   std::unique_ptr<frmSplash> splash_;

@@ -6,6 +6,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedDateSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -63,12 +64,13 @@ void rememberSeen(const QList<YoungerCopy>& found) {
 QString offerOf(const QList<YoungerCopy>& found) {
   QStringList scenes;
   for (const YoungerCopy& copy : found) {
-    const QString what = copy.isOfPlan ? u"copy of its title, description, goals and notes, "_s : u"copy of "_s;
-    scenes.append(titleInCopies(copy.scene.get()) + u" ("_s + what + Dates().ShortFormatDateTime(copy.copy.Date) +
-                  u')');
+    const QString line = copy.isOfPlan ? translated(u"%1 (copy of its title, description, goals and notes, %2)"_s)
+                                       : translated(u"%1 (copy of %2)"_s);
+    scenes.append(line.arg(titleInCopies(copy.scene.get()), Dates().ShortFormatDateTime(copy.copy.Date)));
   }
-  return u"Backup copies hold words that were never saved to the book:\n"_s + firstOf(scenes).join(u'\n') +
-         u"\n\nDo you want to look at them?"_s;
+  return translated(
+             u"Backup copies hold words that were never saved to the book:\n%1\n\nDo you want to look at them?"_s)
+      .arg(firstOf(scenes).join(u'\n'));
 }
 
 }  // namespace
@@ -119,7 +121,7 @@ void BookBackups::makeDue() {
   const BackupOutcome outcome = backUpProject(*g_Project, false, false);
   if (outcome.result == BackupOutcome::Result::Failed) {
     main_.status().setBackupFailure(outcome.causes);
-    main_.showMessage(u"Today's backup of the book failed: "_s + outcome.causes.value(0));
+    main_.showMessage(translated(u"Today's backup of the book failed: %1"_s).arg(translated(outcome.causes.value(0))));
   }
 }
 

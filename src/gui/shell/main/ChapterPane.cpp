@@ -1,5 +1,6 @@
 #include "gui/shell/main/ChapterPane.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -41,12 +42,12 @@ struct Section {
 /// A section whose end isn't marked has none.
 Section sectionAt(qint32 position, qint32 endOfBeginning, qint32 endOfMiddle) {
   if (endOfMiddle > 0 && position > endOfMiddle) {
-    return {RowColours::kRed, u"end section"_s};
+    return {RowColours::kRed, shownText(u"end section"_s)};
   }
   if (endOfBeginning > 0 && position > endOfBeginning) {
-    return {RowColours::kOrange, u"middle section"_s};
+    return {RowColours::kOrange, shownText(u"middle section"_s)};
   }
-  return {RowColours::kGreen, endOfBeginning > 0 ? u"beginning section"_s : QString()};
+  return {RowColours::kGreen, endOfBeginning > 0 ? shownText(u"beginning section"_s) : QString()};
 }
 
 }  // namespace
@@ -158,7 +159,7 @@ ListRow ChapterPane::chapterRow(qint32 id, int row) const {
   const Section section = sectionAt(row + 1, endOfBeginning_, endOfMiddle_);
   QStringList states;
   if (chapter->Unused) {
-    states.append(u"unused"_s);
+    states.append(shownText(u"unused"_s));
   }
   if (!section.name.isEmpty()) {
     states.append(section.name);
@@ -199,7 +200,8 @@ qint32 ChapterPane::SelectedChapterID() const {
 }
 
 void ChapterPane::showDescription(const clsChapter& chapter) {
-  const QString text = chapter.Title + u" description: \n"_s + QString(chapter.DescText).replace(u"\r\n"_s, u"\n"_s);
+  const QString text = translated(u"%1 description:"_s).arg(chapter.Title) + u" \n"_s +
+                       QString(chapter.DescText).replace(u"\r\n"_s, u"\n"_s);
   if (txtChapterDesc->toPlainText() != text) {
     txtChapterDesc->setPlainText(text);
   }

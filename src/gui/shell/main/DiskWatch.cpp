@@ -1,6 +1,7 @@
 #include "gui/shell/main/DiskWatch.h"
 
 #include "core/infra/ScanPause.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
@@ -27,10 +28,12 @@ constexpr qint32 kScenesAtATime = 64;
 
 QString whatChanged(const DiskConflicts& found) {
   const auto scenes = found.scenes();
-  const QString what = found.hasProjectFile() ? u"this book's file"_s
-                       : scenes.size() == 1   ? u"the text of '"_s + calledScene(scenes.first()->Title) + u'\''
-                                              : u"the texts of %1 scenes"_s.arg(scenes.size());
-  return u"Another program has changed "_s + what + u'.';
+  if (found.hasProjectFile()) {
+    return translated(u"Another program has changed this book's file."_s);
+  }
+  return scenes.size() == 1
+             ? translated(u"Another program has changed the text of '%1'."_s).arg(calledScene(scenes.first()->Title))
+             : translated(u"Another program has changed the texts of %1 scenes."_s).arg(scenes.size());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "gui/shell/main/InterfaceLanguage.h"
 
+#include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
@@ -37,12 +38,10 @@ class LanguageMenu : public LanguageList {
 }  // namespace
 
 bool useLanguage(frmMain& main, const QString& title) {
-  if (title != Lang().CurrentLanguage()) {
-    const int index = Lang().LanguageIndex(title);
-    if (index >= 0) {
-      useLanguage(index, main);
-      main.showInLanguage();
-    }
+  const int index = Lang().LanguageIndex(title);
+  if (index >= 0) {
+    useLanguage(index);
+    main.showInLanguage();
   }
   main.menus().checkElement(kArray, Lang().CurrentLanguage());
   return title == Lang().CurrentLanguage();
@@ -54,14 +53,24 @@ void fillLanguageMenu(frmMain& main) {
   Lang().SetListToSelected(menu);
 }
 
-void useStoredLanguage(frmMain& main) {
+void loadStoredLanguage() {
+  const QString stored = cSHAREDSettings::storedIn(Paths::settingsFile(), kLanguageSetting).toString();
+  if (!stored.isEmpty() && stored != Lang().CurrentLanguage()) {
+    Lang().LoadAllLanguages();
+    Lang().LoadLanguage(Lang().LanguageIndex(stored));
+  }
+}
+
+QString useStoredLanguage(frmMain& main) {
   const QString stored = Settings().sGet(kLanguageSetting, u"English"_s).toString();
   if (stored == u"English" && Lang().IsEnglish()) {
     main.menus().checkElement(kArray, stored);
-    return;
+    return {};
   }
   fillLanguageMenu(main);
-  if (!useLanguage(main, stored)) {
-    Logging().LogEvent(u"The language "_s + stored + u" could not be read"_s);
+  if (useLanguage(main, stored)) {
+    return {};
   }
+  Logging().LogEvent(u"The language "_s + stored + u" could not be read"_s);
+  return stored;
 }

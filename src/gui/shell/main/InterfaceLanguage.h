@@ -9,7 +9,9 @@ inline const QString kLanguageSetting = QStringLiteral("langID");
 /// Shows the program in the language of this title. False when it isn't there, which changes nothing, or can't be read,
 /// which leaves English.
 bool useLanguage(frmMain& main, const QString& title);
-/// At start-up. In English nothing is looked for.
-void useStoredLanguage(frmMain& main);
+/// Before there is a window: what is asked and told at once is in the stored language already.
+void loadStoredLanguage();
+/// At start-up. In English nothing is looked for. The title of a stored language that can't be read.
+QString useStoredLanguage(frmMain& main);
 /// The languages that are there now, the one in use checked.
 void fillLanguageMenu(frmMain& main);

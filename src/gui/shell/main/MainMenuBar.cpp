@@ -1,6 +1,7 @@
 #include "gui/shell/main/MainMenuBar.h"
 
 #include "core/infra/Guard.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/PlainToolTip.h"
 #include "gui/toolkit/WindowTexts.h"
@@ -148,7 +149,7 @@ QString MainMenuBar::whyNever(const StatedAction& entry) const {
   const QMenu* const menu = entry.action->menu<QMenu*>();
   const bool isInBar = menu != nullptr && qobject_cast<QMenu*>(menu->parentWidget()) == nullptr;
   const bool isBuilt = menu != nullptr ? isInBar || holdsBuilt(*menu) : bindings_.isBound(entry.baseName);
-  return isBuilt ? entry.whyNot : u"not in this version yet"_s;
+  return isBuilt ? entry.whyNot : shownText(u"not in this version yet"_s);
 }
 
 bool MainMenuBar::holdsBuilt(const QMenu& menu) const {
@@ -185,7 +186,7 @@ bool MainMenuBar::eventFilter(QObject* watched, QEvent* event) {
   const auto noteAt = [this, watched](const QPoint& place) {
     const QAction* const action =
         watched == &bar_ ? bar_.actionAt(place) : static_cast<QMenu*>(watched)->actionAt(place);
-    return action == nullptr ? QString() : action->statusTip();
+    return action == nullptr ? QString() : translated(action->statusTip());
   };
   switch (event->type()) {
     case QEvent::ToolTip: {

@@ -1,5 +1,6 @@
 #include "gui/shell/main/MainPanes.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -68,7 +69,8 @@ void MainPanes::connectSignals() {
   connect(FrameChapters, &ChapterPane::titlesEdited, this, &MainPanes::titlesEdited);
   connect(FrameNotes, &NotesPane::notesChanged, this, &MainPanes::notesChanged);
   connect(FrameNotes, &NotesPane::editingChanged, this, [this](bool editing) {
-    TabStrip2->setTabText(TabStrip2->indexOf(FrameNotes), editing ? u"Notes *"_s : u"Notes"_s);
+    TabStrip2->setTabText(TabStrip2->indexOf(FrameNotes),
+                          translated(editing ? shownText(u"Notes *"_s) : shownText(u"Notes"_s)));
     if (!FrameNotes->isEnabled()) {
       FrameChapters->listChapters().setFocus();
     }
@@ -101,6 +103,12 @@ void MainPanes::refill() {
   FrameNotes->FillNoteList();
 }
 
+void MainPanes::showInLanguage() {
+  refill();
+  FrameScenes->showInLanguage();
+  FrameChapters->listChapters().widenToTitles();
+}
+
 void MainPanes::FillChapterList() {
   FrameChapters->FillChapterList();
 }
@@ -125,9 +133,10 @@ void MainPanes::showScenesTab() {
 }
 
 void MainPanes::setProjectOpen(bool open) {
-  FrameChapters->setEmptyText(open ? u"This book has no chapters yet.\nChapter \u2013 Create new chapter adds one."_s
-                                   : u"No project is open.\nProject \u2013 Open brings one up,\nNew Project Wizard "
-                                     "begins one."_s);
+  FrameChapters->setEmptyText(
+      open ? shownText(u"This book has no chapters yet.\nChapter \u2013 Create new chapter adds one."_s)
+           : shownText(u"No project is open.\nProject \u2013 Open brings one up,\nNew Project "
+                       "Wizard begins one."_s));
   switchOn(open);
 }
 

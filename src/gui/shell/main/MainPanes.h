@@ -25,6 +25,8 @@ class MainPanes : public QWidget {
 
   /// Titles, lists and notes anew from the project; the selection is kept by ID.
   void refill();
+  /// What stands there is of another language now.
+  void showInLanguage();
   /// The chapters anew, without the scenes.
   void FillChapterList();
   /// The scenes of the selected chapter; nothing when none is selected.

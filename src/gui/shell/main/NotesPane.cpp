@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsNote.h"
 #include "core/model/clsProject.h"
@@ -61,7 +62,7 @@ std::shared_ptr<clsNote> noteInBook(qint32 id) {
 
 ListRow noteRow(qint32 id) {
   const QString title = oneLine(g_Project->NoteByID(id)->Title);
-  return {{title}, "note", {}, title.isEmpty() ? QStringList{u"without a title"_s} : QStringList()};
+  return {{title}, "note", {}, title.isEmpty() ? QStringList{shownText(u"without a title"_s)} : QStringList()};
 }
 
 QVBoxLayout* plainColumn() {
@@ -82,7 +83,7 @@ void addButtons(QVBoxLayout& column, std::initializer_list<QPushButton*> buttons
 }  // namespace
 
 QString NotesPane::hint() {
-  return u"You must click SAVE to store any changes."_s;
+  return shownText(u"You must click SAVE to store any changes."_s);
 }
 
 // The letters of the buttons are those that the menu bar leaves.
@@ -191,7 +192,7 @@ void NotesPane::clear() {
 
 void NotesPane::setProjectOpen(bool open) {
   projectOpen_ = open;
-  ListNotes->setEmptyText(open ? u"No notes yet.\nNew begins one."_s : QString());
+  ListNotes->setEmptyText(open ? shownText(u"No notes yet.\nNew begins one."_s) : QString());
   showState();
 }
 
@@ -292,8 +293,9 @@ bool NotesPane::mayLeave() {
     return true;
   }
   const QString title = txtNoteTitle->text();
-  const QString name = title.isEmpty() ? u"The note"_s : u"The note '"_s + title + u'\'';
-  switch (toolkit().Choose({name + u" isn't saved."_s, {u"Save"_s, u"Discard"_s}})) {
+  const QString question =
+      title.isEmpty() ? translated(u"The note isn't saved."_s) : translated(u"The note '%1' isn't saved."_s).arg(title);
+  switch (toolkit().Choose({question, {shownText(u"Save"_s), shownText(u"Discard"_s)}})) {
     case 0:
       cmdSave_Click();
       return true;
@@ -378,7 +380,7 @@ void NotesPane::showState() {
   txtNoteTitle->setReadOnly(!editing_);
   showLocked(*txtNoteTitle, !editing_, palette());
   txtNoteEditor->viewport()->setBackgroundRole(editing_ ? QPalette::Base : QPalette::Button);
-  txtNoteEditor->setPlaceholderText(shown && !editing_ ? u"No text yet"_s : QString());
+  txtNoteEditor->setPlaceholderText(shown && !editing_ ? translated(u"No text yet"_s) : QString());
   if (editing_) {
     txtNoteEditor->setReadOnly(false);
   } else {

@@ -1,5 +1,6 @@
 #include "gui/shell/main/PopupMenus.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
@@ -73,7 +74,8 @@ void PopupMenus::mnuChapters_Click() {
   const ListView& list = main_.panes().chapters().listChapters();
   const bool anyRows = popup_ ? list.SelectedTag() > 0 : list.rowCount() > 0;
   main_.UpdateMenusForEditing();
-  main_.menus().apply(chapterEntries(anyRows), popup_ ? u"no chapter is selected"_s : u"there is no chapter yet"_s);
+  main_.menus().apply(chapterEntries(anyRows),
+                      popup_ ? shownText(u"no chapter is selected"_s) : shownText(u"there is no chapter yet"_s));
   if (main_.Editing()) {
     main_.UpdateMenusForEditing();
   }
@@ -82,7 +84,8 @@ void PopupMenus::mnuChapters_Click() {
 void PopupMenus::mnuScene_Click() {
   const ListView& list = main_.panes().scenes().listScenes();
   const bool anyRows = popup_ ? list.SelectedTag() > 0 : list.rowCount() > 0;
-  main_.menus().apply(sceneEntries(anyRows), popup_ ? u"no scene is selected"_s : u"there is no scene here"_s);
+  main_.menus().apply(sceneEntries(anyRows),
+                      popup_ ? shownText(u"no scene is selected"_s) : shownText(u"there is no scene here"_s));
   checkStatus();
 }
 
@@ -97,7 +100,7 @@ void PopupMenus::ListChar_MouseUp(ListView& list, bool inScene, const QPoint& pl
   if (inScene) {
     const auto scene = g_Project->SceneByID(modFillList::listSceneID(list));
     main_.menus().apply(charEntries(id > 0, id == scene->ViewPointID()),
-                        id > 0 ? u"is the viewpoint already"_s : u"no character is selected"_s);
+                        id > 0 ? shownText(u"is the viewpoint already"_s) : shownText(u"no character is selected"_s));
     popUp("mnuCharRC", place);
   } else if (id > 0) {
     popUp("mnuAllCharRC", place);

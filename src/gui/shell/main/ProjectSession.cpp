@@ -2,6 +2,7 @@
 
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/main/BookBackups.h"
@@ -17,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kConvert =
-    u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s;
+    shownText(u"If you proceed, your Quillane3 project will be converted to Quillane4 format. Are you sure?"_s);
 
 }  // namespace
 
@@ -116,8 +117,9 @@ bool ProjectSession::saveUnderNewName() {
 // A changed title is in no text and counts as little as it does elsewhere: it is a change all the same.
 bool ProjectSession::mayLeaveReadOnly() {
   while (main_.ProjectChanged.isUnsaved() || g_Project->HoldsUnsaved()) {
-    switch (toolkit().Choose({u"The book was opened read-only, so what you have changed in it isn't saved."_s,
-                              {u"Save under a new name"_s, u"Leave it unsaved"_s}})) {
+    switch (
+        toolkit().Choose({shownText(u"The book was opened read-only, so what you have changed in it isn't saved."_s),
+                          {shownText(u"Save under a new name"_s), shownText(u"Leave it unsaved"_s)}})) {
       case 0:
         if (saveUnderNewName()) {
           return true;
@@ -182,7 +184,8 @@ void ProjectSession::UpdateRecent() {
   QList<MenuElement> elements;
   recentAway_ = false;
   for (const auto& [path, away] : RecentProjects::known()) {
-    elements.append({RecentProjects::captionOf(path), path, away ? u"The folder isn't there now"_s : QString()});
+    elements.append(
+        {RecentProjects::captionOf(path), path, away ? shownText(u"The folder isn't there now"_s) : QString()});
     recentAway_ = recentAway_ || away;
   }
   recentTime_ = looking.elapsed();

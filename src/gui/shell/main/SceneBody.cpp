@@ -1,5 +1,6 @@
 #include "gui/shell/main/SceneBody.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsScene.h"
 #include "core/text/Rtf.h"
 #include "gui/editor/EditorColours.h"
@@ -19,7 +20,9 @@ bool SceneBody::showText(clsScene& scene) {
   const EditorColours colours = EditorColours::fromSettings();
   colours.applyTo(*this);
   const std::optional<quint32> colour = colours.textColour();
-  if (sceneID_ == scene.ID() && shown_ == scene.TextRTF() && colour_ == colour) {
+  const QString none = translated(u"This scene has no content"_s);
+  const bool isSame = sceneID_ == scene.ID() && shown_ == scene.TextRTF() && colour_ == colour;
+  if (isSame && (hasContent_ || toPlainText() == none)) {
     return hasContent_;
   }
   sceneID_ = scene.ID();
@@ -28,7 +31,7 @@ bool SceneBody::showText(clsScene& scene) {
   RichText text = readRtf(shown_);
   hasContent_ = !text.text().trimmed().isEmpty();
   if (!hasContent_) {
-    text = RichText::fromPlain(u"This scene has no content"_s);
+    text = RichText::fromPlain(none);
   }
   ResetFontColour(text, colour);
   setRichText(text);

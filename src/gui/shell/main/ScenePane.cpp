@@ -1,5 +1,6 @@
 #include "gui/shell/main/ScenePane.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
@@ -52,13 +53,13 @@ const char* sceneIcon(clsScene& scene) {
 QStringList sceneStates(clsScene& scene) {
   QStringList states;
   if (scene.Unused) {
-    states.append(u"unused"_s);
+    states.append(shownText(u"unused"_s));
   }
   if (scene.Locked()) {
-    states.append(u"open in an editor"_s);
+    states.append(shownText(u"open in an editor"_s));
   }
   if (scene.HasNote()) {
-    states.append(u"has a note"_s);
+    states.append(shownText(u"has a note"_s));
   }
   return states;
 }
@@ -121,6 +122,12 @@ void ScenePane::buildLayout() {
   row->addWidget(splitter_);
 }
 
+void ScenePane::showInLanguage() {
+  ListScenes->rows().setTitle(kActionReaction, SceneCells::letters());
+  ListScenes->widen(kStatus, SceneCells::statuses());
+  ListScenes->widenToTitles();
+}
+
 void ScenePane::connectSignals() {
   connect(ListScenes, &ListView::rowsSelected, this, guarded("ListScenes_ItemClick", kModule, [this] {
             const bool gathering = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
@@ -159,7 +166,7 @@ void ScenePane::FillSceneList(qint32 ChapterID, int SelectIndex) {
     }
   }
   shownChapterID_ = ChapterID;
-  ListScenes->setEmptyText(u"This chapter has no scenes yet.\nScene \u2013 Add scene adds one."_s);
+  ListScenes->setEmptyText(shownText(u"This chapter has no scenes yet.\nScene \u2013 Add scene adds one."_s));
   ListScenes->rowCount() == 0 ? ClearSceneDisplay() : DisplaySelectedScene();
 }
 

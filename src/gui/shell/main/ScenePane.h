@@ -21,6 +21,8 @@ class ScenePane : public QWidget {
   /// Fills the list and selects a row, counted from 1: 0 keeps what is selected, in another chapter the row at the
   /// same place. The first row when there is no such row.
   void FillSceneList(qint32 ChapterID, int SelectIndex);
+  /// Columns have room for the words of the language that is in force.
+  void showInLanguage();
   /// No chapter: an empty list and display.
   void clear();
   /// The row of the scene shows what is true now. Nothing for a scene that isn't listed.

@@ -1,5 +1,6 @@
 #include "gui/shell/main/SceneTabs.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
@@ -33,13 +34,25 @@ constexpr auto kModule = "frmMain";
 enum Tab { kDescription, kContent, kCharacters, kLocations, kItems, kGoals, kNotes };
 
 constexpr std::array kGoalNames{"txtGoal", "txtConflict", "txtOutcome"};
-constexpr std::array kActionLabels{"Goal", "Conflict", "Outcome"};
-constexpr std::array kReactionLabels{"Reaction", "Dilemma", "Decision"};
+
+/// What one of the three is called, and what is said where there is none.
+struct GoalWords {
+  const char16_t* label;
+  const char16_t* none;
+};
+
+constexpr std::array kActionWords{GoalWords{shownText(u"Goal"), shownText(u"No Goal specified")},
+                                  GoalWords{shownText(u"Conflict"), shownText(u"No Conflict specified")},
+                                  GoalWords{shownText(u"Outcome"), shownText(u"No Outcome specified")}};
+constexpr std::array kReactionWords{GoalWords{shownText(u"Reaction"), shownText(u"No Reaction specified")},
+                                    GoalWords{shownText(u"Dilemma"), shownText(u"No Dilemma specified")},
+                                    GoalWords{shownText(u"Decision"), shownText(u"No Decision specified")}};
 
 /// What stands in empty lists beside a scene.
-void showHints(const SceneTabs::CastLists& lists, const QString& menu) {
-  lists.inScene->setEmptyText(u"None in this scene yet.\nInsert in the list below adds what is selected there."_s);
-  lists.all->setEmptyText(u"None yet.\n"_s + menu + u" \u2013 View/Edit makes the first."_s);
+void showHints(const SceneTabs::CastLists& lists, const QString& whenNone) {
+  lists.inScene->setEmptyText(
+      shownText(u"None in this scene yet.\nInsert in the list below adds what is selected there."_s));
+  lists.all->setEmptyText(whenNone);
 }
 
 ListView* plainList(const QString& name, const QString& spokenName, const QStringList& columns) {
@@ -120,8 +133,15 @@ void SceneTabs::buildHiddenTabs() {
     return;
   }
   buildContent();
-  cast_ = {buildLists(kCharacters, u"ListChar"_s, {u"Name"_s, u"Full name"_s}),
-           buildLists(kLocations, u"ListLoc"_s, {u"Name"_s}), buildLists(kItems, u"ListItems"_s, {u"Name"_s})};
+  cast_ = {
+      buildLists(kCharacters, {u"ListChar"_s,
+                               shownText(u"Characters in this scene"_s),
+                               shownText(u"All characters"_s),
+                               {u"Name"_s, u"Full name"_s}}),
+      buildLists(kLocations,
+                 {u"ListLoc"_s, shownText(u"Locations in this scene"_s), shownText(u"All locations"_s), {u"Name"_s}}),
+      buildLists(kItems,
+                 {u"ListItems"_s, shownText(u"Items in this scene"_s), shownText(u"All items"_s), {u"Name"_s}})};
   buildGoals();
   buildNotes();
   Q_EMIT listsBuilt();
@@ -162,10 +182,9 @@ void SceneTabs::buildContent() {
   columnOf(kContent)->addWidget(lblEmpty_);
 }
 
-SceneTabs::CastLists SceneTabs::buildLists(int tab, const QString& array, const QStringList& allColumns) {
-  const QString caption = tabText(tab);
-  const CastLists lists{plainList(array + u"(0)"_s, caption + u" in this scene"_s, {u"Name"_s}),
-                        plainList(array + u"(1)"_s, u"All "_s + caption.toLower(), allColumns)};
+SceneTabs::CastLists SceneTabs::buildLists(int tab, const CastNames& names) {
+  const CastLists lists{plainList(names.array + u"(0)"_s, names.inScene, {u"Name"_s}),
+                        plainList(names.array + u"(1)"_s, names.all, names.allColumns)};
   lists.inScene->setToolTip(u"Press Delete, or drag rows to the list of all, to take them out of this scene."_s);
   lists.all->setToolTip(u"Press Insert, or drag rows to the list above or to selected scenes, to add them."_s);
   QVBoxLayout* column = columnOf(tab);
@@ -179,8 +198,9 @@ SceneTabs::CastLists SceneTabs::buildLists(int tab, const QString& array, const 
 void SceneTabs::buildGoals() {
   QVBoxLayout* column = columnOf(kGoals);
   for (size_t i = 0; i < goals_.size(); ++i) {
-    goals_[i] = makeReadOnlyText(QString::fromLatin1(kGoalNames[i]), QString::fromLatin1(kActionLabels[i]));
-    goalLabels_[i] = makeLabelOf(QString::fromLatin1(kActionLabels[i]), *goals_[i]);
+    const QString label = QString::fromUtf16(kActionWords[i].label);
+    goals_[i] = makeReadOnlyText(QString::fromLatin1(kGoalNames[i]), label);
+    goalLabels_[i] = makeLabelOf(label, *goals_[i]);
     column->addWidget(goalLabels_[i]);
     column->addWidget(goals_[i], 1);
   }
@@ -204,7 +224,7 @@ bool SceneTabs::eventFilter(QObject* watched, QEvent* event) {
 void SceneTabs::showTabIcon(int tab, const char* key, bool shown) {
   if (shown == tabIcon(tab).isNull()) {
     setTabIcon(tab, shown ? icon(key) : QIcon());
-    tabBar()->setAccessibleTabName(tab, shown ? tabText(tab) + u", filled"_s : QString());
+    tabBar()->setAccessibleTabName(tab, shown ? translated(u"%1, filled"_s).arg(tabText(tab)) : QString());
   }
 }
 
@@ -263,25 +283,25 @@ void SceneTabs::fillTab(int tab) {
         txtSceneTitle->setText(scene.Title);
         txtSceneTitle->setCursorPosition(0);
       }
-      txtSceneTitle->setPlaceholderText(calledScene({}));
-      txtDesc->setPlaceholderText(u"No description yet"_s);
+      txtSceneTitle->setPlaceholderText(translated(calledScene({})));
+      txtDesc->setPlaceholderText(translated(u"No description yet"_s));
       showText(*txtDesc, scene.DescText);
       break;
     case kContent:
       lblEmpty_->setVisible(!txtBody->showText(scene));
       break;
     case kCharacters:
-      showHints(cast_[0], u"Characters"_s);
+      showHints(cast_[0], shownText(u"None yet.\nCharacters \u2013 View/Edit makes the first."_s));
       modFillList::FillCharInScene(*cast_[0].inScene, sceneID_, false, false);
       modFillList::FillAllCharList(*cast_[0].all, true, false);
       break;
     case kLocations:
-      showHints(cast_[1], u"Locations"_s);
+      showHints(cast_[1], shownText(u"None yet.\nLocations \u2013 View/Edit makes the first."_s));
       modFillList::FillLocationsInScene(*cast_[1].inScene, sceneID_);
       modFillList::FillAllLocations(*cast_[1].all);
       break;
     case kItems:
-      showHints(cast_[2], u"Items"_s);
+      showHints(cast_[2], shownText(u"None yet.\nItems \u2013 View/Edit makes the first."_s));
       modFillList::FillItemsInScene(*cast_[2].inScene, sceneID_);
       modFillList::FillAllItems(*cast_[2].all);
       break;
@@ -289,20 +309,20 @@ void SceneTabs::fillTab(int tab) {
       displayGoals(scene);
       break;
     default:
-      txtNotes->setPlaceholderText(u"No notes yet"_s);
+      txtNotes->setPlaceholderText(translated(u"No notes yet"_s));
       showText(*txtNotes, scene.Notes);
   }
 }
 
 void SceneTabs::displayGoals(const clsScene& scene) {
-  const auto& labels = scene.ReactionScene ? kReactionLabels : kActionLabels;
+  const auto& words = scene.ReactionScene ? kReactionWords : kActionWords;
   const std::array texts{&scene.Goal, &scene.Conflict, &scene.Outcome};
   for (size_t i = 0; i < goals_.size(); ++i) {
-    const QString label = QString::fromLatin1(labels[i]);
+    const QString label = translated(QString::fromUtf16(words[i].label));
     const QString& text = *texts[i];
     goalLabels_[i]->setText(label);
     goals_[i]->setAccessibleName(label);
-    showText(*goals_[i], text.isEmpty() ? u"No "_s + label + u" specified"_s : text);
+    showText(*goals_[i], text.isEmpty() ? translated(QString::fromUtf16(words[i].none)) : text);
   }
 }
 

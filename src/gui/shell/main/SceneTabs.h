@@ -64,7 +64,14 @@ class SceneTabs : public QTabWidget {
   QVBoxLayout* columnOf(int tab) const;
   void buildDescription();
   void buildContent();
-  CastLists buildLists(int tab, const QString& array, const QStringList& allColumns);
+  struct CastNames {
+    QString array;
+    /// For a screen reader.
+    QString inScene;
+    QString all;
+    QStringList allColumns;
+  };
+  CastLists buildLists(int tab, const CastNames& names);
   void buildGoals();
   void buildNotes();
   void fillTab(int tab);

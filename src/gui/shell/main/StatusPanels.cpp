@@ -132,9 +132,9 @@ void StatusPanels::setBackupFailure(const QStringList& causes) {
 
 void StatusPanels::showBackupPanel() {
   const bool failed = !backupFailure_.isEmpty();
-  backup_->setText(translated(failed       ? u"  The last backup failed  "_s
-                              : backupDue_ ? u"  Use Tools - Backups and make a full backup!  "_s
+  backup_->setText(translated(failed       ? shownText(u"  The last backup failed  "_s)
+                              : backupDue_ ? shownText(u"  Use Tools - Backups and make a full backup!  "_s)
                                            : QString()));
-  backup_->setToolTip(failed ? plainToolTip(firstOf(backupFailure_).join(u'\n')) : QString());
+  backup_->setToolTip(failed ? plainToolTip(translatedLines(firstOf(backupFailure_).join(u'\n'))) : QString());
   backup_->setVisible(failed || backupDue_);
 }

@@ -19,8 +19,9 @@ fSHAREDUpdater& updaterOf(frmMain& main) {
                    guarded("Updater_Status", "frmMain", &main, &frmMain::showMessage));
   QObject::connect(updater, &fSHAREDUpdater::InstallFile, &main,
                    guarded("Updater_InstallFile", "frmMain", &main, &frmMain::Updater_InstallFile));
-  QObject::connect(&main, &frmMain::layoutStored, updater,
-                   guarded("StopAll", "frmMain", updater, &fSHAREDUpdater::StopAll));
+  QObject::connect(updater, &fSHAREDUpdater::InstallerGone, &main,
+                   guarded("Updater_InstallerGone", "frmMain", [&main] { main.InstallerPath.clear(); }));
+  QObject::connect(&main, &frmMain::leaving, updater, guarded("StopAll", "frmMain", updater, &fSHAREDUpdater::StopAll));
   return *updater;
 }
 

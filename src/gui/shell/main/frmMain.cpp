@@ -49,9 +49,9 @@ namespace {
 
 constexpr auto kModule = "frmMain";
 
-const QString kCloseFirst = u"Please close all editor windows first"_s;
-const QString kNoProject = u"no project is open"_s;
-const QString kEditing = u"please close all editor windows first"_s;
+const QString kCloseFirst = shownText(u"Please close all editor windows first"_s);
+const QString kNoProject = shownText(u"no project is open"_s);
+const QString kEditing = shownText(u"please close all editor windows first"_s);
 
 }  // namespace
 
@@ -256,8 +256,11 @@ void frmMain::showTotal() {
 }
 
 void frmMain::showInLanguage() {
+  const ScanPause pause;
   status_->showAgain();
+  panes_->showInLanguage();
   showTotal();
+  showBook();
 }
 
 void frmMain::showMessage(const QString& text) {
@@ -268,7 +271,7 @@ void frmMain::showMessage(const QString& text) {
 void frmMain::showTitle() {
   const QString program = u"Quillane 4 by Brackenlight Software"_s;
   const QString book = session_.nameOfBook();
-  const QString state = g_Project->ReadOnly() ? u" (read-only)"_s : QString();
+  const QString state = g_Project->ReadOnly() ? translated(u" (read-only)"_s) : QString();
   setWindowTitle(book.isEmpty() ? program : literalTitle(book) + state + u"[*] \u2013 "_s + program);
   // Asked twice a second: the desktop hears only of what is new.
   const bool unsaved = !book.isEmpty() && (ProjectChanged.isUnsaved() || g_Project->HoldsUnsaved());
@@ -325,10 +328,11 @@ void frmMain::Timer3_Timer() {
   checkForUpdateByItself(*this);
 }
 
-void frmMain::Updater_InstallFile() {
+void frmMain::Updater_InstallFile(const QByteArray& hash) {
+  InstallerHash = hash;
   InstallerPath = Paths::programFolder() + u"Quillane4Upd.exe"_s;
-  toolkit().MsgBox(u"The installer will begin when you exit Quillane. If it doesn't, run "_s + InstallerPath +
-                   u" manually."_s);
+  toolkit().MsgBox(translated(u"The installer will begin when you exit Quillane. If it doesn't, run %1 manually."_s)
+                       .arg(InstallerPath));
 }
 
 void frmMain::mnuConfirmExit_Click() {

@@ -42,6 +42,8 @@ class frmMain : public QMainWindow {
   bool AnotherCopyRuns = false;
   /// A downloaded installer to start at the end; empty otherwise.
   QString InstallerPath;
+  /// What has come of it: nothing else is started in its place.
+  QByteArray InstallerHash;
   /// Ends the process, at the very end of EndProgram.
   std::function<void()> endProcess;
 
@@ -72,7 +74,7 @@ class frmMain : public QMainWindow {
   void StartScanTimer();
   void stopUpdateCheck() { Timer3.stop(); }
   void startUpdateCheck() { Timer3.start(); }
-  void Updater_InstallFile();
+  void Updater_InstallFile(const QByteArray& hash);
 
   /// The full redraw.
   void RefreshAll();
@@ -110,6 +112,8 @@ class frmMain : public QMainWindow {
   void listsCleared();
   /// The end comes: what is to be remembered of how windows stand is stored now.
   void layoutStored();
+  /// Nobody is asked any more whether the program ends: what is still coming from the web is given up.
+  void leaving();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -134,6 +138,8 @@ class frmMain : public QMainWindow {
   void storeSettings();
   void storeLayout();
   void unloadForms();
+  void giveUpTransfers();
+  void startInstaller();
 
   QString commandLine_;
   QTimer Timer3;

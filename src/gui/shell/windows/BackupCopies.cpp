@@ -1,6 +1,7 @@
 #include "gui/shell/windows/BackupCopies.h"
 
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsProject.h"
@@ -29,13 +30,14 @@ void sortByScene(std::vector<BackupCopy>& copies) {
 }
 
 /// Members of an archive are the scenes' own files.
-QString kindOf(const BackupCopy& copy) {
+QString withKind(const BackupCopy& copy, const QString& title) {
   if (!copy.archive.isEmpty()) {
-    return {};
+    return title;
   }
-  return SceneCopy::isOfPlan(copy.name)                            ? u"Plan: "_s
-         : copy.name.contains(u"_Original"_s, Qt::CaseInsensitive) ? u"Original: "_s
-                                                                   : QString();
+  if (SceneCopy::isOfPlan(copy.name)) {
+    return translated(u"Plan: %1"_s).arg(title);
+  }
+  return copy.name.contains(u"_Original"_s, Qt::CaseInsensitive) ? translated(u"Original: %1"_s).arg(title) : title;
 }
 
 }  // namespace
@@ -43,7 +45,7 @@ QString kindOf(const BackupCopy& copy) {
 QString BackupCopy::title() const {
   const auto scene = sceneID == 0 ? nullptr : g_Project->SceneByID(sceneID);
   const bool isKnown = (scene && scene->InScenes()) || SceneCopy::isOfUnsaved(name);
-  return kindOf(*this) + (isKnown ? titleInCopies(scene.get()) : u"(not in the book now)"_s);
+  return withKind(*this, isKnown ? titleInCopies(scene.get()) : translated(u"(not in the book now)"_s));
 }
 
 RestoredFile BackupCopy::read() const {
@@ -52,7 +54,7 @@ RestoredFile BackupCopy::read() const {
 
 QString titleInCopies(const clsScene* scene) {
   if (scene == nullptr) {
-    return u"A new scene that was never saved"_s;
+    return translated(u"A new scene that was never saved"_s);
   }
   return calledScene(scene->Title);
 }
@@ -64,8 +66,9 @@ BackupCopies BackupCopies::inFolder(const QString& folder) {
   }
   sortByScene(found.copies);
   if (found.copies.empty()) {
-    found.whyNone = backupFolders(*g_Project).contains(folder) ? u"There is no copy of a scene from this day."_s
-                                                               : u"This folder isn't there any more."_s;
+    found.whyNone = backupFolders(*g_Project).contains(folder)
+                        ? shownText(u"There is no copy of a scene from this day."_s)
+                        : shownText(u"This folder isn't there any more."_s);
   }
   return found;
 }
@@ -79,7 +82,8 @@ BackupCopies BackupCopies::inArchive(const QString& archive) {
     }
   }
   sortByScene(found.copies);
-  found.whyNone = listing.failure.isEmpty() ? u"This archive holds the project file and no text of a scene."_s
-                                            : u"This archive can't be read: "_s + listing.failure;
+  found.whyNone = listing.failure.isEmpty()
+                      ? shownText(u"This archive holds the project file and no text of a scene."_s)
+                      : translated(u"This archive can't be read: %1"_s).arg(translated(listing.failure));
   return found;
 }

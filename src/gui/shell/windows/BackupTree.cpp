@@ -1,5 +1,6 @@
 #include "gui/shell/windows/BackupTree.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/BackupsView.h"
@@ -41,7 +42,7 @@ void BackupTree::fill() {
     return;
   }
   folders.sort();
-  auto* root = new QTreeWidgetItem(this, {u"AutoBackups"_s});
+  auto* root = new QTreeWidgetItem(this, {translated(u"AutoBackups"_s)});
   for (const QString& folder : folders) {
     auto* day = new QTreeWidgetItem(root, {folder});
     day->setData(0, kFolder, folder);

@@ -2,8 +2,10 @@
 
 #include "core/infra/Clock.h"
 #include "core/infra/FirstOf.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/persist/BackupsProject.h"
@@ -34,7 +36,7 @@ BackupOutcome makeBackup() {
   if (!Files().MoveFile(earlier, aside)) {
     return {BackupOutcome::Result::Failed,
             {},
-            {u"The earlier backup could not be renamed, and is left as it is: "_s + earlier}};
+            {toldText(shownText(u"The earlier backup could not be renamed, and is left as it is: %1"_s), {earlier})}};
   }
   BackupOutcome outcome = backUpProject(*g_Project, true, false);
   if (!Files().FileExists(earlier)) {
@@ -49,12 +51,13 @@ CompleteBackup CompleteBackup::makeOrAsk(const QString& loss, const QString& que
   const BackupOutcome outcome = makeBackup();
   QStringList causes = firstOf(outcome.causes);
   if (g_Project->HoldsUnsaved()) {
-    causes.append(u"What could not be saved is not in it."_s);
+    causes.append(shownText(u"What could not be saved is not in it."_s));
   }
   if (causes.isEmpty()) {
     return {true, outcome.archive};
   }
-  const QString text = u"There is no complete backup of the book as it is now, so "_s + loss + u".\n\n"_s +
-                       causes.join(u'\n') + u"\n\n"_s + question;
+  const QString text =
+      translated(u"There is no complete backup of the book as it is now, so %1."_s).arg(translated(loss)) + u"\n\n"_s +
+      translatedLines(causes.join(u'\n')) + u"\n\n"_s + translated(question);
   return {toolkit().MsgBox(text, Buttons::NoUnlessYes) == Answer::Yes, {}};
 }

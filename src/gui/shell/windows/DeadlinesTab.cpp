@@ -3,6 +3,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedGetDate.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -31,11 +32,12 @@ QString rowCaption(size_t level) {
 }
 
 QString startCaption(size_t level) {
-  return statusName(level) + u" start date"_s;
+  return translated(u"%1 start date"_s).arg(translated(statusName(level)));
 }
 
 QString deadlineCaption(size_t level) {
-  return level == kLast ? u"Project completion date"_s : statusName(level) + u" deadline date"_s;
+  return level == kLast ? translated(u"Project completion date"_s)
+                        : translated(u"%1 deadline date"_s).arg(translated(statusName(level)));
 }
 
 QString indexed(const QString& array, size_t index) {
@@ -138,9 +140,9 @@ void DeadlinesTab::showDates() {
   for (size_t i = 0; i < rows_.size(); ++i) {
     const Deadlines::Range& range = deadlines_.levels[i];
     showDate(*rows_[i].lblDeadlineStart, startCaption(i), range.start,
-             faultOf(bad_.start[i], u"This start date comes before the deadline above it."_s));
+             faultOf(bad_.start[i], translated(u"This start date comes before the deadline above it."_s)));
     showDate(*rows_[i].lblDeadline, deadlineCaption(i), range.end,
-             faultOf(bad_.end[i], u"This deadline comes before its start date."_s));
+             faultOf(bad_.end[i], translated(u"This deadline comes before its start date."_s)));
   }
   lblOutOfOrder->setVisible(bad_.any());
 }

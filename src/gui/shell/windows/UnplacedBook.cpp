@@ -1,5 +1,6 @@
 #include "gui/shell/windows/UnplacedBook.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 
@@ -9,6 +10,7 @@ QString howToKeepChanges() {
   if (g_Project->HasPlace()) {
     return {};
   }
-  return g_Project->ReadOnly() ? u"The book is read-only: save it under a new name to keep this."_s
-                               : u"The book has no file yet: save it to keep this."_s;
+  return translated(g_Project->ReadOnly()
+                        ? shownText(u"The book is read-only: save it under a new name to keep this."_s)
+                        : shownText(u"The book has no file yet: save it to keep this."_s));
 }

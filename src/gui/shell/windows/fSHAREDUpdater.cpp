@@ -4,35 +4,35 @@
 #include "core/infra/CurlLibrary.h"
 #include "core/infra/DateFormat.h"
 #include "core/infra/Guard.h"
-#include "core/infra/InstallerFile.h"
 #include "core/infra/Maker.h"
-#include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDInternet.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSHAREDSubs.h"
-#include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
-#include "gui/shell/windows/fSHAREDProxy.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/fSHAREDProxy.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
+
+#include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr auto kModule = "fSHAREDUpdater";
-constexpr int kPercent = 100;
-constexpr qint64 kKilobyte = 1024;
 constexpr int kLetters = 60;
 
 const QString kDisabled = u"DisableAutoUpdateCheck"_s;
@@ -72,7 +72,9 @@ fSHAREDUpdater::~fSHAREDUpdater() {
   // A transfer that waits below ends by itself and finds nobody to tell.
   internet_->Cancel();
   internet_->Status = nullptr;
+  internet_->Receiving = nullptr;
   internet_->Progress = nullptr;
+  internet_->DownloadError = nullptr;
 }
 
 void fSHAREDUpdater::buildLayout() {
@@ -85,7 +87,6 @@ void fSHAREDUpdater::buildLayout() {
     label->setMinimumWidth(fontMetrics().averageCharWidth() * kLetters);
   }
   giveName(*ProgressBar1, u"ProgressBar1"_s, u"Download"_s);
-  ProgressBar1->setRange(0, kPercent);
   giveName(*chkDisableAutoUpdate, u"chkDisableAutoUpdate"_s);
   txtDetail->setMinimumHeight(txtDetail->fontMetrics().lineSpacing() * kDetailLines);
   auto* const offers = new QHBoxLayout;
@@ -111,10 +112,20 @@ void fSHAREDUpdater::buildLayout() {
   column->addLayout(buttons);
   txtDetail->hide();
   cmdClose->setDefault(true);
+  const std::initializer_list<QWidget*> order = {
+      cmdShowDetail, cmdDownload,   cmdDownloadInstall, txtDetail, chkDisableAutoUpdate,
+      cmdProxy,      cmdCheckAgain, cmdCancel,          cmdClose};
+  for (auto next = order.begin(); next + 1 != order.end(); ++next) {
+    setTabOrder(*next, *(next + 1));
+  }
 }
 
 void fSHAREDUpdater::connectSignals() {
+  internet_->Status = [this](const QString& status) { tellStatus(translated(status)); };
+  // How much has come is told from then on.
+  internet_->Receiving = [this] { internet_->SuppressAllButDLAndErrors = state_ == State::Downloading; };
   internet_->Progress = [this](qint64 received) { tellProgress(received); };
+  internet_->DownloadError = [this](const QString& why) { why_ = translated(why); };
   const auto clicked = [this](QPushButton* button, const char* routine, auto slot) {
     connect(button, &QPushButton::clicked, this, guarded(routine, kModule, slot));
   };
@@ -130,9 +141,10 @@ void fSHAREDUpdater::connectSignals() {
 }
 
 void fSHAREDUpdater::setState(State state) {
+  const QWidget* const focused = focusWidget();
   state_ = state;
-  const bool busy = state == State::Checking || state == State::Downloading;
-  const bool available = state == State::Available || state == State::Downloading;
+  const bool busy = state == State::Checking || state == State::Retrieving || state == State::Downloading;
+  const bool available = state == State::Available || state == State::Retrieving || state == State::Downloading;
   for (QPushButton* button : {cmdShowDetail, cmdDownload, cmdDownloadInstall}) {
     button->setVisible(available);
     button->setEnabled(!busy);
@@ -144,10 +156,44 @@ void fSHAREDUpdater::setState(State state) {
   if (!available) {
     txtDetail->hide();
   }
+  if (focused == nullptr || focused->isHidden() || !focused->isEnabled()) {
+    nextButton()->setFocus();
+  }
+  if (txtDetail->isHidden() && !isMaximized()) {
+    resize(width(), 0);
+  }
+  fit();
+}
+
+/// As high as all lines need: lines that are wrapped don't see to it by themselves.
+void fSHAREDUpdater::fit() {
+  layout()->activate();
+  const int needed = layout()->totalHeightForWidth(width());
+  if (needed > height()) {
+    resize(width(), needed);
+  }
+}
+
+/// What the keyboard is most likely wanted for.
+QPushButton* fSHAREDUpdater::nextButton() const {
+  switch (state_) {
+    case State::Checking:
+    case State::Retrieving:
+    case State::Downloading:
+      return cmdCancel;
+    case State::Available:
+      return cmdShowDetail;
+    case State::Failed:
+      return cmdCheckAgain;
+    default:
+      return cmdClose;
+  }
 }
 
 bool fSHAREDUpdater::NoAutoCheck() {
   if (!isSet(kAsked)) {
+    // Nobody has agreed while the question is up, however that ends.
+    Settings().sSet(kDisabled, true);
     Settings().sSet(kAsked, true);
     const Answer answer = toolkit().MsgBox(
         u"Do you want to enable an automatic weekly check for new versions of this software? (Recommended)"_s,
@@ -179,11 +225,12 @@ void fSHAREDUpdater::showForm() {
 
 void fSHAREDUpdater::tellUpdate(const QString& text) {
   lblUpdate->setText(text);
-  layout()->activate();
+  fit();
 }
 
-void fSHAREDUpdater::tellStatus(const QString& text) {
-  lblStatus->setText(text);
+void fSHAREDUpdater::tellStatus(const QString& text, const QString& reason) {
+  lblStatus->setText(reason.isEmpty() ? text : text + u'\n' + reason);
+  fit();
   if (!silent_) {
     Q_EMIT Status(text);
   }
@@ -193,15 +240,23 @@ std::optional<QString> fSHAREDUpdater::fetchText(const QString& address) {
   // What the window is may go while the text comes; what fetches it stays.
   const std::shared_ptr<cSHAREDInternet> internet = internet_;
   const QPointer<fSHAREDUpdater> form(this);
+  beginTransfer();
+  const auto ended = qScopeGuard([&form] {
+    if (!form.isNull()) {
+      form->running_ = false;
+    }
+  });
+  QString text = internet->OpenURL(address);
+  return form.isNull() || stopped_ ? std::nullopt : std::optional(std::move(text));
+}
+
+void fSHAREDUpdater::beginTransfer() {
   running_ = true;
   stopped_ = false;
-  internet->ApplyProxy();
-  QString text = internet->OpenURL(address);
-  if (form.isNull()) {
-    return std::nullopt;
-  }
-  running_ = false;
-  return stopped_ ? std::nullopt : std::optional(std::move(text));
+  why_.clear();
+  internet_->SuppressAllButErrors = silent_;
+  internet_->SuppressAllButDLAndErrors = false;
+  internet_->ApplyProxy();
 }
 
 void fSHAREDUpdater::CheckForUpdate(bool Silent) {
@@ -213,48 +268,44 @@ void fSHAREDUpdater::CheckForUpdate(bool Silent) {
   }
   if (running_) {
     silent_ = silent_ && Silent;  // what is under way ends in the window that was asked for
+    internet_->SuppressAllButErrors = silent_;
     return;
   }
   silent_ = Silent;
   setState(State::Checking);
-  lblProgram->setText(u"Version "_s + Subs().AppVersion());
+  if (!Silent) {
+    nextButton()->setFocus();
+  }
+  lblProgram->setText(translated(u"Version %1"_s).arg(Subs().AppVersion()));
   chkDisableAutoUpdate->setChecked(isSet(kDisabled));
-  tellUpdate(u"Checking for update"_s);
+  tellUpdate(translated(u"Checking for update"_s));
   tellStatus({});
   const QPointer<fSHAREDUpdater> form(this);
   const std::optional<QString> reply = fetchText(UpdateAddress::versionFile());
   if (form.isNull()) {
     return;
   }
-  if (!reply) {
-    setState(State::Failed);
-    tellUpdate(u"Could not retrieve update status"_s);
-    tellStatus(u"Stopped"_s);
-    return;
+  if (reply) {
+    takeReply(reply->trimmed());
+  } else {
+    tellFailure(u"Could not retrieve update status"_s);
+    tellStatus(translated(u"Stopped"_s));
   }
-  takeReply(reply->trimmed());
   Q_EMIT Finished();
 }
 
 void fSHAREDUpdater::takeReply(const QString& reply) {
   if (reply.isEmpty() || UpdateAddress::isPage(reply)) {
-    if (!Guard("CheckForUpdate", kModule)([] { CurlLibrary::get(); })) {
-      Logging().LogEvent(u"MSINET control is missing or outdated"_s);
-      tellFailure(u"Could not retrieve update status\n\nThe internet control is missing or outdated."_s);
-      return;
-    }
-    Logging().LogEvent(u"Could not retrieve information from the update server."_s);
-    tellFailure(u"Could not retrieve update status\n\nUpdate check failed. You can look for a new version at "_s +
-                QString::fromLatin1(Maker::kWebAddress));
+    tellUnanswered();
     return;
   }
-  tellStatus(u"Data retrieved"_s);
+  tellStatus(translated(u"Data retrieved"_s));
   SaveLastCheckDate();
   newest_ = VersionFile::read(reply);
   if (newest_.download.isEmpty()) {
-    tellFailure(u"Update check failed, could not read download filename"_s);
+    tellFailure(shownText(u"Update check failed, could not read download filename"_s));
   } else if (!newest_.numbers) {
-    tellFailure(u"Could not read update status from file"_s);
+    tellFailure(shownText(u"Could not read update status from file"_s));
   } else if (newest_.numbers->isNewerThan(ProgramVersion::read(Subs().AppVersion()).value_or(ProgramVersion{}))) {
     tellAvailable();
   } else {
@@ -262,19 +313,33 @@ void fSHAREDUpdater::takeReply(const QString& reply) {
   }
 }
 
-void fSHAREDUpdater::tellFailure(const QString& text) {
+void fSHAREDUpdater::tellUnanswered() {
+  const QString failed = shownText(u"Could not retrieve update status"_s);
+  if (!Guard("CheckForUpdate", kModule)([] { CurlLibrary::get(); })) {
+    Logging().LogEvent(u"MSINET control is missing or outdated"_s);
+    tellFailure(failed, translated(u"The internet control is missing or outdated."_s));
+    return;
+  }
+  Logging().LogEvent(u"Could not retrieve information from the update server."_s);
+  tellFailure(failed, translated(u"Update check failed. You can look for a new version at %1"_s)
+                          .arg(QString::fromLatin1(Maker::kWebAddress)));
+  tellStatus(why_);
+}
+
+void fSHAREDUpdater::tellFailure(const QString& text, const QString& advice) {
+  Logging().LogEvent(text);
   setState(State::Failed);
   tellStatus({});
-  tellUpdate(text);
-  Logging().LogEvent(text.section(u'\n', 0, 0));
+  tellUpdate(advice.isEmpty() ? translated(text) : translated(text) + u"\n\n"_s + advice);
 }
 
 void fSHAREDUpdater::tellAvailable() {
   setState(State::Available);
-  tellUpdate(u"Version "_s + newest_.version.toUpper() + u" is available!"_s);
+  tellUpdate(translated(u"Version %1 is available!"_s).arg(newest_.version.toUpper()));
   if (silent_ && toolkit().MsgBox(u"An update is available. Would you like to view the details now?"_s,
                                   Buttons::YesNo) == Answer::Yes) {
     showForm();
+    nextButton()->setFocus();
   }
   silent_ = false;
 }
@@ -282,7 +347,8 @@ void fSHAREDUpdater::tellAvailable() {
 void fSHAREDUpdater::tellUpToDate() {
   setState(State::UpToDate);
   Logging().LogEvent(u"Already up to date (Available version is "_s + newest_.version + u')');
-  tellUpdate(u"You're up to date!\nLatest available version is "_s + newest_.version);
+  tellUpdate(translated(u"You're up to date!"_s) + u'\n' +
+             translated(u"Latest available version is %1"_s).arg(newest_.version));
 }
 
 void fSHAREDUpdater::cmdShowDetail_Click() {
@@ -290,8 +356,8 @@ void fSHAREDUpdater::cmdShowDetail_Click() {
     return;
   }
   const QString before = lblUpdate->text();
-  tellUpdate(u"Retrieving info..."_s);
-  setState(State::Checking);
+  tellUpdate(translated(u"Retrieving info..."_s));
+  setState(State::Retrieving);
   const QPointer<fSHAREDUpdater> form(this);
   const std::optional<QString> reply = fetchText(UpdateAddress::detailsFile());
   if (form.isNull()) {
@@ -300,9 +366,10 @@ void fSHAREDUpdater::cmdShowDetail_Click() {
   setState(State::Available);
   tellUpdate(before);
   if (!reply) {
-    tellStatus(u"Stopped"_s);
+    tellStatus(translated(u"Stopped"_s));
   } else if (reply->isEmpty() || reply->contains(u"html"_s, Qt::CaseInsensitive) || reply->contains(u"404"_s)) {
-    tellStatus(u"Unable to read data from server. Please check your internet settings and try again."_s);
+    tellStatus(translated(u"Unable to read data from server. Please check your internet settings and try again."_s),
+               why_);
   } else {
     tellStatus({});
     txtDetail->setPlainText(*reply);
@@ -311,88 +378,13 @@ void fSHAREDUpdater::cmdShowDetail_Click() {
   }
 }
 
-bool fSHAREDUpdater::Download(const QString& path) {
-  const QString address = UpdateAddress::installer(UpdateAddress::versionFile(), newest_.download);
-  if (address.isEmpty()) {
-    toolkit().MsgBox(
-        u"The installer is not downloaded. Only one that comes from the update server itself by a secure connection "
-        "(HTTPS) can be trusted, and this one would come from:\n"_s +
-        newest_.download);
-    return false;
-  }
-  const std::shared_ptr<cSHAREDInternet> internet = internet_;
-  const QPointer<fSHAREDUpdater> form(this);
-  setState(State::Downloading);
-  ProgressBar1->setValue(0);
-  running_ = true;
-  stopped_ = false;
-  internet->ApplyProxy();
-  internet->MayBeSentElsewhere = false;
-  const QString failure = downloadInstaller(*internet, address, path);
-  internet->MayBeSentElsewhere = true;
-  if (form.isNull()) {
-    return false;
-  }
-  running_ = false;
-  setState(State::Available);
-  if (!failure.isEmpty()) {
-    tellStatus(stopped_ ? u"Download cancelled"_s : failure);
-  }
-  return failure.isEmpty() && !stopped_;
-}
-
-void fSHAREDUpdater::tellProgress(qint64 received) {
-  const qint64 expected = internet_->ExpectedFilesize();
-  const QString kilobytes = QString::number(received / kKilobyte);
-  // A size that isn't known yet has a bar that only moves.
-  ProgressBar1->setRange(0, expected > 0 ? kPercent : 0);
-  if (expected > 0) {
-    ProgressBar1->setValue(static_cast<int>(received * kPercent / expected));
-  }
-  if (state_ != State::Downloading) {
+// A key that stops doesn't close as well.
+void fSHAREDUpdater::keyPressEvent(QKeyEvent* event) {
+  if (running_ && event->matches(QKeySequence::Cancel)) {
+    StopAll();
     return;
   }
-  if (expected <= 0) {
-    tellStatus(kilobytes + u" kb downloaded"_s);
-  } else if (received >= expected) {
-    tellStatus(kilobytes + u" kb (100%)"_s);
-  } else {
-    tellStatus(kilobytes + u" kb of "_s + QString::number(expected / kKilobyte));
-  }
-}
-
-void fSHAREDUpdater::cmdDownload_Click() {
-  if (running_) {
-    return;
-  }
-  const QString folder = toolkit().PickFolder(u"Download the update to"_s, Paths::documentsFolder());
-  if (folder.isEmpty()) {
-    return;
-  }
-  const QString path = Files().Combine(folder, Files().FileOnly(newest_.download.section(u'?', 0, 0)));
-  if (Files().FileExists(path) && toolkit().MsgBox(path + u" is there already. Do you want to replace it?"_s,
-                                                   Buttons::NoUnlessYes) != Answer::Yes) {
-    return;
-  }
-  if (Download(path)) {
-    tellStatus(u"File saved to "_s + path);
-  }
-}
-
-void fSHAREDUpdater::DownloadAndInstall() {
-  if (running_) {
-    return;
-  }
-  if (Download(Paths::programFolder() + u"Quillane4Upd.exe"_s) &&
-      toolkit().MsgBox(u"The update has been downloaded. Do you want to install it now?"_s, Buttons::YesNo) ==
-          Answer::Yes) {
-    Q_EMIT InstallFile();
-  }
-}
-
-void fSHAREDUpdater::StopAll() {
-  stopped_ = running_;
-  internet_->Cancel();
+  QDialog::keyPressEvent(event);
 }
 
 void fSHAREDUpdater::reject() {

@@ -34,34 +34,52 @@ class fSHAREDUpdater : public QDialog {
   void StopAll();
   void reject() override;
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  Q_SIGNALS:
   void Status(const QString& text);
   void Finished();
   void FormClosed();
-  void InstallFile();
+  /// The installer stands in its place, is this one, and is wanted.
+  void InstallFile(const QByteArray& hash);
+  /// What was downloaded before is there no more.
+  void InstallerGone();
 
  private:
-  enum class State { Idle, Checking, Failed, UpToDate, Available, Downloading };
+  enum class State { Idle, Checking, Failed, UpToDate, Available, Retrieving, Downloading };
 
   void buildLayout();
   void connectSignals();
   void setState(State state);
+  void fit();
   void showForm();
   void tellUpdate(const QString& text);
-  void tellStatus(const QString& text);
+  QPushButton* nextButton() const;
+  /// The reason isn't the main window's.
+  void tellStatus(const QString& text, const QString& reason = {});
+  void beginTransfer();
   /// Nothing when the window has gone or the transfer was stopped meanwhile.
   std::optional<QString> fetchText(const QString& address);
   void takeReply(const QString& reply);
-  void tellFailure(const QString& text);
+  void tellUnanswered();
+  /// The text as it is in English, for the log.
+  void tellFailure(const QString& text, const QString& advice = {});
   void tellAvailable();
   void tellUpToDate();
-  bool Download(const QString& path);
+  /// How an installer is fetched from an address to a path; what is told of why not.
+  using Fetch = QString (*)(cSHAREDInternet& internet, const QString& address, const QString& path);
+  /// Empty, and said, for one that can't be trusted.
+  QString trustedAddress() const;
+  bool Download(Fetch fetch, const QString& address, const QString& path);
   void tellProgress(qint64 received);
   void cmdShowDetail_Click();
   void cmdDownload_Click();
 
   const std::shared_ptr<cSHAREDInternet> internet_;
   VersionFile newest_;
+  /// What kept the last transfer from coming to its end.
+  QString why_;
   State state_ = State::Idle;
   bool silent_ = false;
   bool running_ = false;

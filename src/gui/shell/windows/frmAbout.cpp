@@ -4,6 +4,8 @@
 #include "core/infra/Maker.h"
 #include "core/infra/ProgramFacts.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSHAREDSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
@@ -58,7 +60,7 @@ void frmAbout::buildLayout() {
 
   auto* words = new QVBoxLayout;
   words->addWidget(name);
-  words->addWidget(makeLabel(u"lblVersion"_s, ProgramFacts::version()));
+  words->addWidget(makeLabel(u"lblVersion"_s, translated(u"Version %1"_s).arg(Subs().AppVersion())));
   words->addSpacing(8);
   words->addWidget(new QLabel(u"Plan and write a novel scene by scene."_s));
   words->addWidget(new QLabel(maker + u", "_s + QString::number(Clock::today().year())));
@@ -70,7 +72,7 @@ void frmAbout::buildLayout() {
   top->addLayout(words, 1);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-  QPushButton* page = buttons->addButton(u"Visit "_s + maker, QDialogButtonBox::ActionRole);
+  QPushButton* page = buttons->addButton(translated(u"Visit %1"_s).arg(maker), QDialogButtonBox::ActionRole);
   page->setObjectName(u"cmdWebPage"_s);
   connect(page, &QPushButton::clicked, this, guarded("cmdWebPage_Click", "frmAbout", [] {
             toolkit().openDocument(QString::fromLatin1(Maker::kWebAddress));

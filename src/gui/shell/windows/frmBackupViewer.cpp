@@ -216,7 +216,7 @@ void frmBackupViewer::showFolder() {
   } else if (const QString folder = TreeView1->folder(); !folder.isEmpty()) {
     found = BackupCopies::inFolder(folder);
   } else {
-    found.whyNone = u"Choose a day to see its copies."_s;
+    found.whyNone = shownText(u"Choose a day to see its copies."_s);
   }
   {
     const QSignalBlocker quiet(ListView1);
@@ -246,7 +246,9 @@ void frmBackupViewer::showSelection() {
   showText(tag > 0 ? &copies_[static_cast<size_t>(tag) - 1] : nullptr);
   showButtons();
   const qsizetype count = std::ssize(copies_);
-  lblInfo->setText(count == 0 ? QString() : count == 1 ? u"1 copy"_s : translated(u"%L1 copies"_s).arg(count));
+  lblInfo->setText(count == 0   ? QString()
+                   : count == 1 ? translated(u"1 copy"_s)
+                                : translated(u"%L1 copies"_s).arg(count));
 }
 
 void frmBackupViewer::showText(const BackupCopy* copy) {
@@ -256,10 +258,12 @@ void frmBackupViewer::showText(const BackupCopy* copy) {
     return;
   }
   text_ = copy->read();
-  RichText text = text_.failure.isEmpty() ? readRtf(text_.content)
-                                          : RichText::fromPlain(u"This copy can't be read: "_s + text_.failure);
+  RichText text =
+      text_.failure.isEmpty()
+          ? readRtf(text_.content)
+          : RichText::fromPlain(translated(u"This copy can't be read: %1"_s).arg(translated(text_.failure)));
   if (text.text().trimmed().isEmpty()) {
-    text = RichText::fromPlain(u"This copy has no content"_s);
+    text = RichText::fromPlain(translated(u"This copy has no content"_s));
   }
   // Black letters would sink into a dark window.
   text.formatCharacters(0, -1, [](CharFormat& format) { format.colour.reset(); });
@@ -283,17 +287,17 @@ void frmBackupViewer::showButtons() {
   };
   const BackupCopy* const copy = chosen();
   const bool isArchive = !TreeView1->archive().isEmpty();
-  set(*cmdRestore, u"Puts the text into the book as a new scene. Nothing is replaced."_s,
-      copy == nullptr                ? u"Choose one copy first."_s
-      : !text_.failure.isEmpty()     ? u"This copy can't be read."_s
-      : chapterFor(*copy) == nullptr ? u"There is no chapter yet."_s
+  set(*cmdRestore, shownText(u"Puts the text into the book as a new scene. Nothing is replaced."_s),
+      copy == nullptr                ? shownText(u"Choose one copy first."_s)
+      : !text_.failure.isEmpty()     ? shownText(u"This copy can't be read."_s)
+      : chapterFor(*copy) == nullptr ? shownText(u"There is no chapter yet."_s)
                                      : QString());
-  set(*cmdVerify, u"Reads every file of the archive back and compares its checksum."_s,
-      isArchive ? QString() : u"Choose an archive below a day first."_s);
-  set(*cmdDelete, u"Deletes the selected files from the disk."_s,
-      ListView1->SelectedRow() < 0 ? u"Choose a copy first."_s
-      : isArchive                  ? u"What is in an archive stays there."_s
-      : g_Project->ReadOnly()      ? u"The book was opened read-only."_s
+  set(*cmdVerify, shownText(u"Reads every file of the archive back and compares its checksum."_s),
+      isArchive ? QString() : shownText(u"Choose an archive below a day first."_s));
+  set(*cmdDelete, shownText(u"Deletes the selected files from the disk."_s),
+      ListView1->SelectedRow() < 0 ? shownText(u"Choose a copy first."_s)
+      : isArchive                  ? shownText(u"What is in an archive stays there."_s)
+      : g_Project->ReadOnly()      ? shownText(u"The book was opened read-only."_s)
                                    : QString());
 }
 
@@ -312,8 +316,8 @@ void frmBackupViewer::cmdRestore_Click() {
   const auto restored = restoreAsNewScene(text_.content, title, source.get(), *chapter);
   const auto into = g_Project->ChapterByID(restored->BelongsToChID);
   Q_EMIT bookChanged();
-  lblInfo->setText(
-      u"\"%1\" is scene %2 of \"%3\" now."_s.arg(title).arg(into->SceneIndex(restored->ID())).arg(into->Title));
+  lblInfo->setText(translated(u"\"%1\" is scene %2 of \"%3\" now."_s)
+                       .arg(title, QString::number(into->SceneIndex(restored->ID())), into->Title));
 }
 
 void frmBackupViewer::cmdVerify_Click() {
@@ -339,6 +343,6 @@ void frmBackupViewer::cmdDelete_Click() {
   showFolder();
   ListView1->SelectRow(std::min(tags.first() - 1, ListView1->rowCount() - 1));
   if (!stay.isEmpty()) {
-    toolkit().MsgBox(u"These files could not be deleted:\n"_s + firstOf(stay).join(u'\n'));
+    toolkit().MsgBox(translated(u"These files could not be deleted:\n%1"_s).arg(firstOf(stay).join(u'\n')));
   }
 }

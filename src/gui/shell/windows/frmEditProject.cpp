@@ -2,6 +2,7 @@
 
 #include "core/infra/Guard.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/windows/DeadlinesTab.h"
@@ -208,7 +209,7 @@ bool frmEditProject::namesAreFit() {
 
 // Closing the box without a choice saves nothing.
 bool frmEditProject::deadlinesMayStay() {
-  const QString question = u"You have invalid dates in your settings. Do you want to edit them?"_s;
+  const QString question = shownText(u"You have invalid dates in your settings. Do you want to edit them?"_s);
   if (!deadlines_->BadValues() || toolkit().MsgBox(question, Buttons::YesNoOrBack) == Answer::No) {
     return true;
   }

@@ -2,6 +2,7 @@
 
 #include "core/infra/BusyPointer.h"
 #include "core/infra/Toolkit.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "gui/shell/windows/CompleteBackup.h"
@@ -26,34 +27,40 @@ namespace {
 constexpr auto kModule = "frmGlobalReplace";
 constexpr int kLetters = 64;
 
-/// "1 scene was changed".
+/// "1 scene was changed."
 QString scenesChanged(qint32 count) {
-  return count == 0   ? u"No scene was changed"_s
-         : count == 1 ? u"1 scene was changed"_s
-                      : QLocale().toString(count) + u" scenes were changed"_s;
+  return count == 0   ? translated(u"No scene was changed."_s)
+         : count == 1 ? translated(u"1 scene was changed."_s)
+                      : translated(u"%1 scenes were changed."_s).arg(QLocale().toString(count));
 }
 
-QString replaced(qint64 occurrences) {
-  return u"Replaced "_s + QLocale().toString(occurrences) + u" occurrences"_s;
+QString changedBefore(qint32 count) {
+  return count == 0   ? translated(u"No scene was changed before."_s)
+         : count == 1 ? translated(u"1 scene was changed before."_s)
+                      : translated(u"%1 scenes were changed before."_s).arg(QLocale().toString(count));
 }
 
 QString notSaved(const GlobalReplace::Outcome& outcome) {
-  return u"Global search/replace stopped. The scene \""_s + outcome.unsaved + u"\" could not be saved"_s +
-         (outcome.cause.isEmpty() ? QString() : u": "_s + outcome.cause) + u"\n\nIt is as it was before. "_s +
-         scenesChanged(outcome.scenes) + u" before."_s;
+  const QString what =
+      outcome.cause.isEmpty()
+          ? translated(u"Global search/replace stopped. The scene \"%1\" could not be saved"_s).arg(outcome.unsaved)
+          : translated(u"Global search/replace stopped. The scene \"%1\" could not be saved: %2"_s)
+                .arg(outcome.unsaved, translated(outcome.cause));
+  return what + u"\n\n"_s + translated(u"It is as it was before."_s) + u' ' + changedBefore(outcome.scenes);
 }
 
 QString endOf(const GlobalReplace::Outcome& outcome) {
-  const QString before = u"\n\n"_s + scenesChanged(outcome.scenes) + u" before."_s;
+  const QString before = u"\n\n"_s + changedBefore(outcome.scenes);
+  const QString occurrences = QLocale().toString(outcome.occurrences);
   switch (outcome.end) {
     case GlobalReplace::End::Locked:
-      return u"Global search/replace cancelled. One or more scenes are open in edit windows."_s + before;
+      return translated(u"Global search/replace cancelled. One or more scenes are open in edit windows."_s) + before;
     case GlobalReplace::End::Stopped:
-      return u"Global search/replace stopped. "_s + replaced(outcome.occurrences) + u'.' + before;
+      return translated(u"Global search/replace stopped. Replaced %1 occurrences."_s).arg(occurrences) + before;
     case GlobalReplace::End::NotSaved:
       return notSaved(outcome);
     default:
-      return replaced(outcome.occurrences);
+      return translated(u"Replaced %1 occurrences"_s).arg(occurrences);
   }
 }
 
@@ -156,7 +163,7 @@ void frmGlobalReplace::cmdOK_Click() {
     return replacement.wouldChange();
   }();
   if (wouldChange && !backUp()) {
-    lblResult->setText(scenesChanged(0) + u'.');
+    lblResult->setText(scenesChanged(0));
     return;
   }
   const GlobalReplace::Outcome outcome = replacement.run();
@@ -185,8 +192,8 @@ bool frmGlobalReplace::mayReplace() {
 /// False when there is none and the user doesn't go on without.
 bool frmGlobalReplace::backUp() {
   SaveBook();
-  const CompleteBackup backup =
-      CompleteBackup::makeOrAsk(u"the former texts could not be brought back"_s, u"Replace all the same?"_s);
+  const CompleteBackup backup = CompleteBackup::makeOrAsk(shownText(u"the former texts could not be brought back"_s),
+                                                          shownText(u"Replace all the same?"_s));
   archive_ = backup.archive;
   if (!archive_.isEmpty()) {
     Q_EMIT backedUp();
@@ -195,12 +202,14 @@ bool frmGlobalReplace::backUp() {
 }
 
 void frmGlobalReplace::tell(const GlobalReplace::Outcome& outcome) {
-  QString result = scenesChanged(outcome.scenes) + u'.';
+  QString result = scenesChanged(outcome.scenes);
   if (outcome.titles > 0) {
-    result += u" Titles or descriptions have changed in "_s + QLocale().toString(outcome.titles) + u" of them."_s;
+    result +=
+        u' ' +
+        translated(u"Titles or descriptions have changed in %1 of them."_s).arg(QLocale().toString(outcome.titles));
   }
   if (!archive_.isEmpty()) {
-    result += u"\nThe book as it was before is in "_s + archive_;
+    result += u'\n' + translated(u"The book as it was before is in %1"_s).arg(archive_);
   }
   const QString toKeep = outcome.scenes > 0 ? howToKeepChanges() : QString();
   if (!toKeep.isEmpty()) {

@@ -5,6 +5,7 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedDateSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/LongWork.h"
 #include "core/model/clsChapter.h"
@@ -52,19 +53,10 @@ QString keyOf(const LostText& lost) {
              : u"file "_s + QString::number(lost.date.toMSecsSinceEpoch()) + u' ' + lost.fileName;
 }
 
-QString quoted(const QString& title) {
-  return u'"' + title + u'"';
-}
-
 /// Many a writer numbers chapters in their titles.
 QString numbered(qint32 number, const clsChapter& chapter) {
   const QString front = QString::number(number) + u'.';
   return chapter.Title.startsWith(front) ? chapter.Title : front + u' ' + chapter.Title;
-}
-
-/// "1 scene", "2 scenes".
-QString counted(qsizetype number, const QString& one, const QString& many) {
-  return QLocale().toString(number) + u' ' + (number == 1 ? one : many);
 }
 
 qsizetype numberOf(const std::vector<LostText>& texts, LostText::Kind kind) {
@@ -76,23 +68,30 @@ QString summaryOf(const std::vector<LostText>& lost) {
   const qsizetype files = numberOf(lost, LostText::Kind::File);
   QStringList parts;
   if (scenes > 0) {
-    parts.append(counted(scenes, u"scene is"_s, u"scenes are"_s) + u" in no chapter"_s);
+    parts.append(scenes == 1 ? translated(u"1 scene is in no chapter"_s)
+                             : translated(u"%L1 scenes are in no chapter"_s).arg(scenes));
   }
   if (files > 0) {
-    parts.append(counted(files, u"file belongs"_s, u"files belong"_s) + u" to no scene"_s);
+    parts.append(files == 1 ? translated(u"1 file belongs to no scene"_s)
+                            : translated(u"%L1 files belong to no scene"_s).arg(files));
   }
   return parts.isEmpty() ? QString() : parts.join(u", "_s) + u'.';
 }
 
 QString removalQuestion(const std::vector<LostText>& scenes) {
   if (scenes.size() > 1) {
-    return u"Remove %L1 scenes from the project? Their files stay on disk; their descriptions, notes and ratings go."_s
+    return translated(
+               u"Remove %L1 scenes from the project? Their files stay on disk; their descriptions, notes and "
+               "ratings go."_s)
         .arg(scenes.size());
   }
   const LostText& scene = scenes.front();
-  return u"Remove "_s + quoted(scene.title) + u" from the project? "_s +
-         (scene.fileName.isEmpty() ? QString() : u"Its file "_s + scene.fileName + u" stays on disk. "_s) +
-         u"Its description, notes and ratings go."_s;
+  if (scene.fileName.isEmpty()) {
+    return translated(u"Remove \"%1\" from the project? Its description, notes and ratings go."_s).arg(scene.title);
+  }
+  return translated(
+             u"Remove \"%1\" from the project? Its file %2 stays on disk. Its description, notes and ratings go."_s)
+      .arg(scene.title, scene.fileName);
 }
 
 }  // namespace
@@ -217,7 +216,7 @@ void frmLostAndFound::refresh() {
   glancing_.stop();
   std::vector<LostText> found;
   {
-    const LongWork work(*g_Project, u"Looking for lost texts"_s, false);
+    const LongWork work(*g_Project, shownText(u"Looking for lost texts"_s), false);
     found = LostAndFound::find();
   }
   // Not before the work has yielded for the last time: the rows are those of the old ones till then.
@@ -247,7 +246,7 @@ ListRow frmLostAndFound::rowOf(const LostText& lost) const {
   const std::optional<TextGlance> glance = glances_.value(keyOf(lost));
   return {{lost.title, glance ? QLocale().toString(glance->words) : QString(),
            lost.date.isValid() ? Dates().ShortFormatDate(lost.date.date()) : QString(),
-           glance ? glance->firstWords : (known ? u"(can't be read)"_s : QString())},
+           glance ? glance->firstWords : (known ? translated(u"(can't be read)"_s) : QString())},
           lost.kind == LostText::Kind::Scene ? "scene" : "file"};
 }
 
@@ -281,12 +280,13 @@ std::vector<LostText> frmLostAndFound::selected() const {
 void frmLostAndFound::showSelection() {
   const std::vector<LostText> texts = selected();
   const bool anyScene = numberOf(texts, LostText::Kind::Scene) > 0;
-  const QString whyNot = texts.empty() || anyScene ? QString() : u"Files stay on disk: only scenes can be removed."_s;
+  const QString whyNot =
+      texts.empty() || anyScene ? QString() : translated(u"Files stay on disk: only scenes can be removed."_s);
   cmbChapter->setEnabled(!lost_.empty() && cmbChapter->count() > 0);
   cmdPutIntoChapter->setEnabled(!texts.empty() && cmbChapter->count() > 0);
-  cmdPutIntoChapter->setToolTip(cmbChapter->count() > 0 ? QString() : u"There is no chapter yet."_s);
+  cmdPutIntoChapter->setToolTip(cmbChapter->count() > 0 ? QString() : shownText(u"There is no chapter yet."_s));
   cmdRemove->setEnabled(anyScene);
-  cmdRemove->setToolTip(anyScene ? u"Takes scenes out of the project. Their files stay on disk."_s : whyNot);
+  cmdRemove->setToolTip(anyScene ? shownText(u"Takes scenes out of the project. Their files stay on disk."_s) : whyNot);
   lblInfo->setText((summaryOf(lost_) + u' ' + whyNot).trimmed());
   showText(shown());
 }
@@ -297,10 +297,10 @@ void frmLostAndFound::showText(const LostText* lost) {
     return;
   }
   const std::optional<QByteArray> rtf = LostAndFound::textOf(*lost);
-  RichText text = rtf ? readRtf(*rtf) : RichText::fromPlain(u"This file can't be read"_s);
+  RichText text = rtf ? readRtf(*rtf) : RichText::fromPlain(translated(u"This file can't be read"_s));
   if (text.text().trimmed().isEmpty()) {
-    text = RichText::fromPlain(lost->kind == LostText::Kind::Scene ? u"This scene has no content"_s
-                                                                   : u"This file has no content"_s);
+    text = RichText::fromPlain(lost->kind == LostText::Kind::Scene ? translated(u"This scene has no content"_s)
+                                                                   : translated(u"This file has no content"_s));
   }
   // Black letters would sink into a dark window.
   text.formatCharacters(0, -1, [](CharFormat& format) { format.colour.reset(); });
@@ -322,12 +322,14 @@ void frmLostAndFound::cmdPutIntoChapter_Click() {
     }
   }
   if (!put.empty()) {
-    changed(counted(static_cast<qsizetype>(put.size()), u"text was"_s, u"texts were"_s) + u" put at the end of "_s +
-            quoted(cmbChapter->currentText()) + u'.');
+    const QString into = cmbChapter->currentText();
+    changed(put.size() == 1 ? translated(u"1 text was put at the end of \"%1\"."_s).arg(into)
+                            : translated(u"%1 texts were put at the end of \"%2\"."_s)
+                                  .arg(QLocale().toString(static_cast<qsizetype>(put.size())), into));
     sayWhatStays(put);
   }
   if (!unread.isEmpty()) {
-    toolkit().MsgBox(u"These files could not be read:\n"_s + unread.join(u'\n'));
+    toolkit().MsgBox(translated(u"These files could not be read:\n%1"_s).arg(unread.join(u'\n')));
   }
 }
 
@@ -339,9 +341,9 @@ void frmLostAndFound::sayWhatStays(const std::vector<LostText>& put) {
   const bool stays =
       std::any_of(put.begin(), put.end(), [&](const LostText& lost) { return listed.contains(keyOf(lost)); });
   if (stays) {
-    lblInfo->setText(lblInfo->text() +
-                     u" A project file can't hold the names of all these files: their scenes get files of their own "
-                     "when the project is saved, and the old ones stay."_s);
+    lblInfo->setText(lblInfo->text() + u' ' +
+                     translated(u"A project file can't hold the names of all these files: their scenes get files of "
+                                "their own when the project is saved, and the old ones stay."_s));
   }
 }
 
@@ -355,8 +357,9 @@ void frmLostAndFound::cmdRemove_Click() {
   for (const LostText& scene : scenes) {
     g_Project->RemoveSceneByID(scene.sceneID);
   }
-  changed(counted(static_cast<qsizetype>(scenes.size()), u"scene was"_s, u"scenes were"_s) +
-          u" removed from the project. Files stay on disk."_s);
+  changed(scenes.size() == 1
+              ? translated(u"1 scene was removed from the project. Files stay on disk."_s)
+              : translated(u"%L1 scenes were removed from the project. Files stay on disk."_s).arg(scenes.size()));
 }
 
 bool frmLostAndFound::mayRemove(const std::vector<LostText>& scenes) const {

@@ -1,5 +1,6 @@
 #include "gui/shell/windows/frmOverview.h"
 
+#include "core/infra/cSharedLang.h"
 #include "core/reports/modPrintLists.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
@@ -60,14 +61,15 @@ void frmOverview::setText(const QString& text) {
 }
 
 void frmOverview::cmdPrint_Click() {
-  printReport({.key = u"AllStoryFile"_s,
-               .prompt = u"Click PRINT to continue."_s,
-               .name = printFileName(u"Overview"_s),
-               .report = [text = txtOverview->toPlainText()](
-                             const ReportJob& job) { return PrintPlainText(job, text, u"Project Overview"_s); },
-               .told = u"Overview printed"_s,
-               .routine = "cmdPrint_Click",
-               .module = "frmOverview"});
+  printReport(
+      {.key = u"AllStoryFile"_s,
+       .prompt = shownText(u"Click PRINT to continue."_s),
+       .name = printFileName(u"Overview"_s),
+       .report = [text = txtOverview->toPlainText()](
+                     const ReportJob& job) { return PrintPlainText(job, text, translated(u"Project Overview"_s)); },
+       .told = shownText(u"Overview printed"_s),
+       .routine = "cmdPrint_Click",
+       .module = "frmOverview"});
 }
 
 void frmOverview::done(int result) {

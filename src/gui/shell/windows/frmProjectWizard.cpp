@@ -3,6 +3,7 @@
 #include "core/infra/Paths.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/Icons.h"
@@ -29,8 +30,8 @@ constexpr int kSummaryInLines = 7;
 
 enum Page { kWelcome, kTitle, kAuthor, kPath, kSummary };
 
-const QString kNext = u"&Next >>"_s;
-const QString kFinish = u"&Finish"_s;
+const QString kNext = shownText(u"&Next >>"_s);
+const QString kFinish = shownText(u"&Finish"_s);
 
 QLabel* makeHeading(const QString& text) {
   QLabel* label = makeLabel({}, text);
@@ -59,7 +60,7 @@ QString wordsOn(const QWidget& page) {
   QStringList words;
   for (const QLabel* label : page.findChildren<QLabel*>()) {
     if (label->buddy() == nullptr && !label->isHidden()) {
-      words.append(label->text());
+      words.append(translated(label->text()));
     }
   }
   return words.join(u' ');
@@ -210,8 +211,8 @@ void frmProjectWizard::showPage(int page) {
 
 void frmProjectWizard::showSummary() {
   const NewBook wanted = book();
-  txtSummary->setPlainText(u"Title: "_s + wanted.title + u"\nAuthor: "_s + wanted.author + u"\nProject file: "_s +
-                           wanted.file());
+  txtSummary->setPlainText(
+      translated(u"Title: %1\nAuthor: %2\nProject file: %3"_s).arg(wanted.title, wanted.author, wanted.file()));
   lblFileName->setVisible(wanted.fileName() != wanted.title);
 }
 
@@ -231,9 +232,9 @@ void frmProjectWizard::cmdNext_Click() {
 bool frmProjectWizard::mayLeavePage() {
   switch (CurrentPage) {
     case kTitle:
-      return isFilled(*txtProjTitle, u"Please specify a project title"_s);
+      return isFilled(*txtProjTitle, shownText(u"Please specify a project title"_s));
     case kAuthor:
-      return isFilled(*txtAuthor, u"Please specify the author's name"_s);
+      return isFilled(*txtAuthor, shownText(u"Please specify the author's name"_s));
     case kPath:
       return pathIsChosen();
     case kSummary:
@@ -253,7 +254,7 @@ bool frmProjectWizard::isFilled(QLineEdit& field, const QString& complaint) {
 }
 
 bool frmProjectWizard::pathIsChosen() {
-  if (!isFilled(*txtProjectpath, u"Please specify a path to store the project in"_s)) {
+  if (!isFilled(*txtProjectpath, shownText(u"Please specify a path to store the project in"_s))) {
     return false;
   }
   const QString folder = NewBookFolder::named(txtProjectpath->text());

@@ -2,6 +2,7 @@
 
 #include "core/infra/Numbers.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
@@ -80,10 +81,27 @@ constexpr std::array kColumns{
     ColumnLook{u"Mins", u"Lasts: minutes", Qt::AlignRight, u"88"},
 };
 
+bool isLetter(const ColumnLook& column) {
+  return column.title.size() == 1;
+}
+
+/// The letter that the word begins with; more of them where another such column begins in the same way.
+QString shortTitle(const ColumnLook& wanted) {
+  const QString word = translated(wanted.spoken.toString());
+  qsizetype letters = 1;
+  for (const ColumnLook& column : kColumns) {
+    const QString other = isLetter(column) ? translated(column.spoken.toString()) : QString();
+    while (other != word && letters < word.size() && other.startsWith(QStringView(word).first(letters))) {
+      ++letters;
+    }
+  }
+  return word.first(letters);
+}
+
 QStringList columnTitles() {
   QStringList titles;
   for (const ColumnLook& column : kColumns) {
-    titles.append(column.title.toString());
+    titles.append(isLetter(column) ? shortTitle(column) : column.title.toString());
   }
   return titles;
 }
@@ -101,7 +119,7 @@ ListRow sceneRow(qint32 id) {
                number(scene->LastsDays), number(scene->LastsHours), number(scene->LastsMinutes)}};
   if (scene->Unused) {
     row.colours = {{kDescription, RowColours::kGrey}};
-    row.states = QStringList(u"unused"_s);
+    row.states = QStringList(shownText(u"unused"_s));
   }
   row.spoken = SceneCells::spoken(*scene, kViewpoint, kAction);
   return row;
@@ -131,13 +149,19 @@ void frmSceneList::createControls() {
   cmbStatus = new QComboBox(this);
   giveName(*cmbStatus, u"cmbStatus"_s, u"Status"_s);
   cmbStatus->view()->setAccessibleName(u"Status"_s);
-  cmbStatus->setPlaceholderText(u"(choose one)"_s);
-  cmbStatus->addItems(g_StatusNames.mid(1));
-  cmbStatus->setCurrentIndex(-1);
+  fillStatuses();
   cmdExit = makeButton(u"cmdExit"_s, u"E&xit"_s, this);
   for (QPushButton* const button : {cmdChangeSelected, cmdExit}) {
     button->setAutoDefault(false);
   }
+}
+
+void frmSceneList::fillStatuses() {
+  const int chosen = cmbStatus->currentIndex();
+  cmbStatus->clear();
+  cmbStatus->setPlaceholderText(translated(u"(choose one)"_s));
+  cmbStatus->addItems(SceneCells::statuses());
+  cmbStatus->setCurrentIndex(chosen);
 }
 
 void frmSceneList::setUpColumns() {
@@ -149,6 +173,7 @@ void frmSceneList::setUpColumns() {
     }
     ListView1->setColumnWidth(column, ListView1->widthFor(column, look.longest));
   }
+  ListView1->widen(kStatus, SceneCells::statuses());
   ListView1->setFillRule({kDescription,
                           u"A scene in"_s,
                           u"A scene that takes more words to tell"_s,
@@ -314,6 +339,23 @@ void frmSceneList::reject() {
 // Whoever else closes the window lets it go by himself.
 void frmSceneList::closeEvent(QCloseEvent* event) {
   event->spontaneous() ? QDialog::closeEvent(event) : event->accept();
+}
+
+void frmSceneList::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) {
+    Guard("Form_Localise", kModule)([this] { showInLanguage(); });
+  }
+}
+
+void frmSceneList::showInLanguage() {
+  const QStringList titles = columnTitles();
+  for (int column = 0; column < titles.size(); ++column) {
+    ListView1->rows().setTitle(column, titles.at(column));
+  }
+  fillStatuses();
+  ListView1->widen(kStatus, SceneCells::statuses());
+  refresh();
 }
 
 void frmSceneList::hideEvent(QHideEvent* event) {

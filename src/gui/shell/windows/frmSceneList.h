@@ -45,6 +45,7 @@ class frmSceneList : public QDialog {
   void sceneOpened();
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
@@ -59,6 +60,7 @@ class frmSceneList : public QDialog {
   };
 
   void createControls();
+  void fillStatuses();
   void setUpColumns();
   void buildLayout();
   void connectSignals();
@@ -67,6 +69,7 @@ class frmSceneList : public QDialog {
   void fillRows(Story story);
   void sceneChanged(qint32 id);
   void showRenamed();
+  void showInLanguage();
   void enableButtons();
   void ListView1_DblClick();
   void cmdChangeSelected_Click();

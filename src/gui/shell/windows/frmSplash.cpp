@@ -3,6 +3,7 @@
 #include "Version.h"
 #include "core/infra/Clock.h"
 #include "core/infra/Maker.h"
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 
 #include <QGuiApplication>
@@ -32,7 +33,7 @@ void frmSplash::buildLayout() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(24, 20, 24, 16);
   column->addWidget(makeLabel(u"lblTitle"_s, u"Quillane 4"_s));
-  column->addWidget(makeLabel(u"lblVersion"_s, u"Version " QUILLANE_VERSION ""_s));
+  column->addWidget(makeLabel(u"lblVersion"_s, translated(u"Version %1"_s).arg(u"" QUILLANE_VERSION ""_s)));
   const QString maker = QString::fromLatin1(Maker::kName) + u" "_s + QString::number(Clock::today().year());
   column->addWidget(makeLabel(u"lblMaker"_s, maker));
   column->addSpacing(16);
@@ -40,5 +41,5 @@ void frmSplash::buildLayout() {
 }
 
 void frmSplash::setStatus(const QString& text) {
-  lblStatus->setText(lblStatus->fontMetrics().elidedText(text, Qt::ElideMiddle, lblStatus->width()));
+  lblStatus->setText(lblStatus->fontMetrics().elidedText(translated(text), Qt::ElideMiddle, lblStatus->width()));
 }

@@ -131,15 +131,6 @@ TEST_F(CastCommandsTest, SelectedCharactersGoIntoAllSelectedScenesAndOut) {
   EXPECT_EQ(viewpointShown(1), u"Пётр"_s);
 }
 
-TEST_F(CastCommandsTest, WithoutASelectedSceneNothingChanges) {
-  select("ListScenes", {});
-  select("ListChar(1)", {3});
-  trigger("mnuAddCharToAll");
-  trigger("mnuRemoveCharFromAll");
-  EXPECT_EQ(charsOf(1), IDs({2, 1}));
-  EXPECT_FALSE(window().ProjectChanged);
-}
-
 TEST_F(CastCommandsTest, ARowIsOpenedByADoubleClickAndByEnter) {
   std::vector<std::pair<EntityKind, qint32>> opened;
   bool confirmed = false;
@@ -180,35 +171,6 @@ TEST_F(CastCommandsTest, ARowIsOpenedByADoubleClickAndByEnter) {
     EXPECT_EQ(all.text(all.rowOfTag(known.id), 0), before + u'!');
   }
   EXPECT_EQ(viewpointShown(0), u"Zoë!"_s);
-}
-
-TEST_F(CastCommandsTest, TheWindowOfEachKindOpensAndWhatIsDoneThereIsShown) {
-  struct Case {
-    const char* entry;
-    const char* all;
-    int tab;
-    int type;
-    qint32 id;
-    QString name;
-  };
-  for (const Case& known : {Case{"mnuEditChar", "ListChar(1)", 2, kListCharacters, 1, u"Anna"_s},
-                            Case{"mnuAddLocation", "ListLoc(1)", 3, kListLocations, 1, u"The pier"_s},
-                            Case{"mnuAddItem", "ListItems(1)", 4, kListItems, 1, u"A lamp"_s}}) {
-    SCOPED_TRACE(known.entry);
-    window().ProjectChanged = false;
-    control<QTabWidget>("TabStrip1").setCurrentIndex(known.tab);
-    inList(known.entry, false, [&](frmList& form) {
-      EXPECT_EQ(form.ListType, known.type);
-      EXPECT_TRUE(childOf<QWidget>(form, u"FrameChooser"_s).isVisible());
-      toolkit.expectBox(u"Are you sure you want to delete "_s + known.name, Answer::Yes);
-      form.selectID(known.id);
-      childOf<QPushButton>(form, u"cmdDel"_s).click();
-    });
-    EXPECT_EQ(list(known.all).rowOfTag(known.id), -1);
-    EXPECT_TRUE(window().ProjectChanged);
-  }
-  EXPECT_EQ(charsOf(1), IDs{2});
-  EXPECT_EQ(list("ListChar(0)").rows().tags(), IDs{2});
 }
 
 TEST_F(CastCommandsTest, WhoOnlyLooksHasNothingToSave) {

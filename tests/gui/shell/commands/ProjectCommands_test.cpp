@@ -22,7 +22,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QSet>
 #include <QTest>
 #include <QTimer>
 
@@ -58,14 +57,6 @@ class ProjectCommandsTest : public ShellTest {
     return paths;
   }
 };
-
-TEST(RecentProjects, TheNewestStandsInFrontAndNoneTwice) {
-  using RecentProjects::withNewest;
-  EXPECT_EQ(withNewest({}, u"a"_s), QStringList({u"a"_s}));
-  EXPECT_EQ(withNewest({u"a"_s, u"b"_s, u"c"_s}, u"c"_s), QStringList({u"c"_s, u"a"_s, u"b"_s}));
-  EXPECT_EQ(withNewest({u"a"_s, u"A"_s}, u"a"_s), QStringList({u"a"_s, u"A"_s}));
-  EXPECT_EQ(withNewest({u"/b/q"_s, u"/a/./p"_s, u"/b/../b/q"_s}, u"/a/p"_s), QStringList({u"/a/p"_s, u"/b/q"_s}));
-}
 
 TEST_F(ProjectCommandsTest, TheRecentListIsWrittenAtOnceAndPushesTheOldestOut) {
   startWith({});
@@ -175,13 +166,6 @@ TEST_F(ProjectCommandsTest, NothingTheUserDoesReachesAProjectThatIsBeingLoaded) 
   EXPECT_EQ(list("ListChapters").rowCount(), 3);
 }
 
-TEST_F(ProjectCommandsTest, ClosingReleasesTheLocksOfItsScenes) {
-  startWith(smallProject());
-  g_SceneChanges.LockRec(1);
-  EXPECT_TRUE(window().session().CloseProject());
-  EXPECT_FALSE(window().Editing());
-}
-
 TEST_F(ProjectCommandsTest, AFailedLoadLeavesAnEmptyProjectAndClosedMenus) {
   startWith(smallProject());
   const QString broken = folder.path(u"broken.qn4"_s);
@@ -195,19 +179,6 @@ TEST_F(ProjectCommandsTest, AFailedLoadLeavesAnEmptyProjectAndClosedMenus) {
   EXPECT_TRUE(control<QLineEdit>("txtTitle").text().isEmpty());
   EXPECT_FALSE(isEnabled("mnuSaveProj"));
   EXPECT_EQ(panel("Totalwords"), u"Total words: 0"_s);
-}
-
-TEST_F(ProjectCommandsTest, ClosingEmptiesTheWindowAndKeepsTheLastProject) {
-  const QString path = smallProject();
-  startWith(path);
-  trigger("mnuSaveProj");
-  control<QLineEdit>("txtAuthor").setText(u"Somebody"_s);
-  trigger("mnuCloseProject");
-  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
-  EXPECT_EQ(list("ListChapters").rowCount(), 0);
-  EXPECT_FALSE(isEnabled("mnuSaveProj"));
-  EXPECT_TRUE(fileBytes(path).contains("<AuthorName>Somebody</AuthorName>"));
-  EXPECT_EQ(Settings().sGet(u"LastProjectFile"_s).toString(), path);
 }
 
 TEST_F(ProjectCommandsTest, ClosingIsRefusedWhileWhatAnOpenSceneBelongsToHasChanges) {
@@ -286,17 +257,6 @@ TEST_F(ProjectCommandsTest, ABookThatCouldNotBeSavedIsReplacedOnlyWhenTheUserSay
   EXPECT_EQ(fileBytes(file), text);
 }
 
-TEST_F(ProjectCommandsTest, ASaveGivenUpForWantOfAFileBlamesNoFolder) {
-  startWith(smallProject());
-  g_Project->FileWithPath.clear();
-  g_Project->SceneByID(1)->setTextRTF(simpleRtf("kept in memory"));
-  toolkit.expectFile({});
-  toolkit.expectBox(u"No project file specified. Save cancelled."_s);
-  trigger("mnuSaveProj");
-  EXPECT_EQ(g_Project->SceneByID(1)->TextRTF(), simpleRtf("kept in memory"));
-  EXPECT_TRUE(g_Project->HoldsUnsaved());
-}
-
 TEST_F(ProjectCommandsTest, AnEmptyProjectIsMadeWhereTheUserSays) {
   startWith(smallProject());
   const QString path = folder.path(u"New/Fresh.qn4"_s);
@@ -315,17 +275,6 @@ TEST_F(ProjectCommandsTest, AnEmptyProjectIsMadeWhereTheUserSays) {
   EXPECT_FALSE(isEnabled("mnuSaveProj"));
 }
 
-TEST_F(ProjectCommandsTest, ASingleFileIsWrittenBesideTheProject) {
-  const QString path = smallProject();
-  startWith(path);
-  QString single = path;
-  single.replace(u".qn4"_s, u".qnc4"_s);
-  toolkit.expectBox(u"File saved to "_s + single);
-  trigger("mnuSaveToSingleFile");
-  EXPECT_TRUE(QFile::exists(single));
-  EXPECT_EQ(g_Project->FileWithPath, path);
-}
-
 TEST_F(ProjectCommandsTest, TheTickStaysWithTheFontThatIsInUse) {
   startWith(smallProject());
   const char* inUse = "mnuFont(2)";
@@ -341,20 +290,4 @@ TEST_F(ProjectCommandsTest, TheTickStaysWithTheFontThatIsInUse) {
       EXPECT_EQ(font->isChecked(), font->objectName() == QLatin1String(inUse)) << font->objectName() << entry;
     }
   }
-}
-
-TEST_F(ProjectCommandsTest, MenusHaveLettersForTheKeyboardThatAreNoPartOfTheirCaptions) {
-  startWith(smallProject());
-  QSet<QString> letters;
-  for (const QAction* menu : window().menuBar()->actions()) {
-    const qsizetype mark = menu->text().indexOf(u'&');
-    EXPECT_TRUE(!menu->isVisible() || mark >= 0) << menu->text();
-    const QString letter = menu->text().mid(mark + 1, 1).toLower();
-    EXPECT_TRUE(!menu->isVisible() || !letters.contains(letter)) << menu->text();
-    letters.insert(letter);
-  }
-  Q_EMIT control<QMenu>("mnuFontmnu").aboutToShow();
-  EXPECT_EQ(control<QAction>("mnuFont(5)").text(), u"&Verdana"_s);
-  trigger("mnuFont(5)");
-  EXPECT_EQ(Settings().sGet(u"FormFont"_s).toString(), u"Verdana"_s);
 }

@@ -9,7 +9,6 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/planning/frmStoryboard.h"
 #include "gui/shell/MainWindow.h"
-#include "gui/toolkit/Colours.h"
 #include "support/ModalHelper.h"
 #include "support/PrintedPages.h"
 #include "support/SampleProject.h"
@@ -89,16 +88,6 @@ class StoryboardTest : public ShellTest {
     send(dragged, QEvent::MouseButtonRelease, to);
   }
   void press(int key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(form().focusWidget(), Qt::Key(key), keys); }
-  static bool hasInk(const QImage& image, const QRect& part, const QColor& ground) {
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-      for (int x = part.left(); x <= part.right(); ++x) {
-        if (image.pixelColor(x, y) != ground) {
-          return true;
-        }
-      }
-    }
-    return false;
-  }
   StoryCard* focused() { return dynamic_cast<StoryCard*>(form().focusWidget()); }
   QList<qint32> chapter(qint32 index) {
     const auto& ids = chapterAt(index)->SceneIDs();
@@ -120,41 +109,6 @@ TEST_F(StoryboardTest, ShowsACardForEachSceneInItsColumnAndRow) {
   QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&card(0));
   EXPECT_EQ(spoken->role(), QAccessible::ListItem);
   EXPECT_EQ(spoken->parent()->role(), QAccessible::List);
-  // Dark, and light.
-  for (const QColor& ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
-    QPalette palette(ground, ground);
-    form().setPalette(palette);
-    const QImage image = card(3).grab().toImage();
-    EXPECT_EQ(image.pixelColor(50, 70), palette.color(QPalette::Base));
-    EXPECT_GE(Colours::contrast(image.pixelColor(0, 40), palette.color(QPalette::Base)), Colours::kLineContrast);
-    EXPECT_TRUE(hasInk(image, {4, 4, 60, 14}, palette.color(QPalette::Base))) << "the title";
-    const QImage board = part<QWidget>("picSB").grab().toImage();
-    const QRgb bar = board.pixel(5, 50);
-    EXPECT_GE(Colours::contrast(bar, ground), Colours::kLineContrast);
-    EXPECT_NE(bar, board.pixel(5, 136)) << "each row has its colour";
-    EXPECT_TRUE(hasInk(board, {2, 56, 30, 14}, ground)) << "Zoë";
-    EXPECT_TRUE(hasInk(board, {360, 200, 1, 20}, ground)) << "where a chapter begins";
-  }
-}
-
-TEST_F(StoryboardTest, CardsAreUsedAgainWhenTheBoardIsScrolled) {
-  for (int i = 0; i < 500; ++i) {
-    chapterAt(i % 2 + 1)->Addscene(std::make_shared<clsScene>());
-  }
-  ASSERT_TRUE(soon([this] { return shown().size() > 5; }));
-  const qsizetype alive = form().findChildren<StoryCard*>().size();
-  auto& sideways = part<QScrollBar>("HScroll1");
-  sideways.setValue(248);
-  EXPECT_EQ(card(0).tag(), chapter(1).at(248));
-  EXPECT_EQ(marks(), u"1:1 2:5"_s) << "the first that is seen always has one";
-  const StoryCard* const second = &card(1);
-  sideways.setValue(249);
-  EXPECT_EQ(&card(0), second) << "a scene that is seen still keeps its card";
-  sideways.setValue(sideways.maximum());
-  EXPECT_EQ(shown().last(), chapter(3).last());
-  EXPECT_EQ(form().findChildren<StoryCard*>().size(), alive);
-  form().resize(9000, 500);
-  EXPECT_LE(form().findChildren<StoryCard*>().size(), 60);
 }
 
 TEST_F(StoryboardTest, ACardThatIsDraggedWithShiftMovesItsScene) {
@@ -215,51 +169,6 @@ TEST_F(StoryboardTest, ADragThatIsGivenUpOrOvertakenMovesNothing) {
   part<QScrollBar>("HScroll1").setValue(1);
   drop(dragged);
   EXPECT_EQ(chapter(2), (QList<qint32>{3, 1, 4}));
-}
-
-TEST_F(StoryboardTest, TheBoardScrollsUnderACardAtTheEdgeOnceItWasMoved) {
-  form().resize(form().minimumSize());
-  const auto timers = form().findChildren<QTimer*>(Qt::FindDirectChildrenOnly);
-  const auto edge =
-      std::find_if(timers.begin(), timers.end(), [](const QTimer* one) { return one->interval() == 200; });
-  ASSERT_NE(edge, timers.end());
-  const QWidget& frame = part<QWidget>("picFrame");
-  const QPoint atEdge = frame.mapToGlobal(QPoint(frame.width() - 2, 40));
-  send(card(0), QEvent::MouseButtonPress, card(0).mapToGlobal(QPoint(11, 13)), Qt::ShiftModifier);
-  EXPECT_FALSE((*edge)->isActive()) << "a press alone moves nothing";
-  StoryCard& lifted = childOf<StoryCard>(form(), u"picScene(lifted)"_s);
-  send(lifted, QEvent::MouseMove, atEdge);
-  EXPECT_TRUE((*edge)->isActive());
-  (*edge)->setInterval(0);
-  EXPECT_TRUE(soon([&] { return part<QScrollBar>("HScroll1").value() > 0; }));
-  press(Qt::Key_Escape);
-  EXPECT_FALSE((*edge)->isActive());
-}
-
-TEST_F(StoryboardTest, ScrollsUntilTheLastCardIsSeenWhole) {
-  form().resize(form().minimumSize());
-  sceneAt(5)->SetViewpointByID(99);
-  form().refresh();
-  auto& down = part<QScrollBar>("VScroll1");
-  auto& sideways = part<QScrollBar>("HScroll1");
-  ASSERT_TRUE(down.isEnabled());
-  EXPECT_EQ(down.singleStep(), 1);
-  down.setValue(down.maximum());
-  // More to the side than down, as a hand on a touchpad moves.
-  const QPointF place(60, 60);
-  QWheelEvent turn(place, form().mapToGlobal(place), QPoint(), QPoint(-120, 30), Qt::NoButton, Qt::NoModifier,
-                   Qt::NoScrollPhase, false);
-  QCoreApplication::sendEvent(&form(), &turn);
-  EXPECT_GT(sideways.value(), 0);
-  EXPECT_EQ(down.value(), down.maximum());
-  sideways.setValue(sideways.maximum());
-  const QWidget& frame = part<QWidget>("picFrame");
-  const auto cards = form().findChildren<StoryCard*>();
-  const auto last = std::find_if(cards.begin(), cards.end(), [](const StoryCard* one) { return one->tag() == 5; });
-  ASSERT_NE(last, cards.end());
-  EXPECT_TRUE(frame.rect().contains(QRect((*last)->mapTo(&frame, QPoint(0, 0)), (*last)->size())));
-  form().clear();
-  EXPECT_EQ(down.value(), 0);
 }
 
 TEST_F(StoryboardTest, WhatHappensWhileItIsMinimizedIsShownBehind) {

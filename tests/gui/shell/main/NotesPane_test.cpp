@@ -14,7 +14,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
-#include <QTimer>
 
 #include <set>
 
@@ -71,59 +70,10 @@ class NotesPaneTest : public ShellTest {
     }
     return nullptr;
   }
-  /// Whether one comes by itself within a few rounds of timers that wait for nothing.
-  bool opensField() {
-    int rounds = 0;
-    QTimer round;
-    QObject::connect(&round, &QTimer::timeout, &round, [&] { ++rounds; });
-    round.start(0);
-    return soon([&] { return rounds > 5; }) && fieldInRow() != nullptr;
-  }
-
-  void expectState(bool editing, bool noteShown, const char* when) {
-    SCOPED_TRACE(when);
-    EXPECT_EQ(caption(), editing ? u"Notes *"_s : u"Notes"_s);
-    EXPECT_EQ(title().isReadOnly(), !editing);
-    EXPECT_EQ(text().isReadOnly(), !editing);
-    EXPECT_EQ(text().viewport()->backgroundRole(), editing ? QPalette::Base : QPalette::Button);
-    EXPECT_EQ(notes().isEnabled(), !editing);
-    EXPECT_EQ(button("cmdNew").isEnabled(), !editing);
-    EXPECT_EQ(button("cmdEdit").isEnabled(), !editing && noteShown);
-    EXPECT_EQ(button("cmdSave").isEnabled(), editing);
-    EXPECT_EQ(button("cmdDiscard").isEnabled(), editing);
-  }
 
   const QStringList kAll{u"To do: Line one\r\nLine two"_s, u"Weather: About Weather"_s, u"Names: About Names"_s};
   QString path_;
 };
-
-TEST_F(NotesPaneTest, WhatCanBeDoneGoesWithTheState) {
-  expectState(false, true, "at first");
-  click(notes(), 1);
-  EXPECT_EQ(shown(), u"Weather: About Weather"_s);
-  doubleClick(notes(), 1);
-  expectState(true, true, "after a double click");
-  press("cmdDiscard");
-  expectState(false, true, "after Discard");
-  QTest::keyClick(&notes(), Qt::Key_Return);
-  expectState(true, true, "after Enter");
-  press("cmdSave");
-  expectState(false, true, "after Save");
-  press("cmdNew");
-  expectState(true, false, "after New");
-  EXPECT_EQ(shown(), u"New Note: "_s);
-  EXPECT_EQ(notes().SelectedRow(), -1);
-  press("cmdDiscard");
-  EXPECT_EQ(shown(), u"Weather: About Weather"_s) << "what was shown before";
-  g_Project->Notes.Clear();
-  window().RefreshAll();
-  expectState(false, false, "without a note");
-  EXPECT_EQ(shown(), u": "_s);
-  trigger("mnuCloseProject");
-  for (const char* name : {"ListNotes", "txtNoteTitle", "txtNoteEditor", "cmdNew", "cmdEdit"}) {
-    EXPECT_FALSE(control<QWidget>(name).isEnabled()) << name;
-  }
-}
 
 TEST_F(NotesPaneTest, LockedFieldsFollowTheDesktopAndTheirHintReads) {
   for (const QRgb ground : {0x31363bU, 0xefefefU}) {
@@ -203,21 +153,6 @@ TEST_F(NotesPaneTest, ALabelIsEditedInItsRow) {
   typeLabel(u"Three"_s);
   trigger("mnuCloseProject");
   EXPECT_TRUE(fileBytes(path_).contains("<Title>Three</Title>"));
-}
-
-TEST_F(NotesPaneTest, ASlowSecondClickEditsALabelAndADoubleClickTheNote) {
-  const int interval = QApplication::doubleClickInterval();
-  QApplication::setDoubleClickInterval(0);
-  text().setFocus();
-  click(notes(), 0);
-  EXPECT_FALSE(opensField()) << "it brought the keyboard back";
-  click(notes(), 0);
-  EXPECT_TRUE(soon([this] { return fieldInRow() != nullptr; }));
-  notes().setFocus();
-  doubleClick(notes(), 0);
-  EXPECT_TRUE(isEditing());
-  EXPECT_FALSE(opensField());
-  QApplication::setDoubleClickInterval(interval);
 }
 
 TEST_F(NotesPaneTest, DeleteTakesAllSelectedNotesOnceThatIsConfirmed) {
@@ -362,13 +297,6 @@ TEST_F(NotesPaneTest, TheKeyboardAloneDoesIt) {
     return walked;
   };
   EXPECT_EQ(walk(notes()), QStringList({u"ListNotes"_s, u"cmdNew"_s, u"cmdEdit"_s, u"txtNoteTitle"_s}));
-  std::set<QKeySequence> keys;
-  for (const QAction* menu : window().menuBar()->actions()) {
-    keys.insert(QKeySequence::mnemonic(menu->text()));
-  }
-  for (const char* name : {"cmdNew", "cmdEdit", "cmdSave", "cmdDiscard"}) {
-    EXPECT_TRUE(keys.insert(button(name).shortcut()).second) << name;
-  }
   QTest::keyClick(&window(), Qt::Key_W, Qt::AltModifier);
   ASSERT_TRUE(soon([this] { return isEditing(); }));
   EXPECT_EQ(QApplication::focusWidget(), &title());

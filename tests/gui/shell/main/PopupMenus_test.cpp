@@ -4,7 +4,6 @@
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/MainWindow.h"
-#include "gui/toolkit/Mnemonics.h"
 #include "support/SampleProject.h"
 
 #include <QAction>
@@ -51,15 +50,6 @@ class PopupMenusTest : public ShellTest {
     }
     return states;
   }
-  QStringList checkedStatuses() {
-    QStringList names;
-    for (const QAction* entry : control<QMenu>("mnuStatusMain").actions()) {
-      if (entry->isChecked()) {
-        names.append(withoutMnemonic(entry->text()));
-      }
-    }
-    return names;
-  }
 };
 
 TEST_F(PopupMenusTest, AListBringsUpItsMenuForTheRowByMouseAndKey) {
@@ -82,22 +72,6 @@ TEST_F(PopupMenusTest, AListBringsUpItsMenuForTheRowByMouseAndKey) {
   }
   rightClick(list("ListChapters"), 1);
   EXPECT_EQ(list("ListScenes").tagAt(0), 3) << "the scenes of the chapter that was clicked";
-  closeMenu();
-}
-
-TEST_F(PopupMenusTest, WhatConcernsNoRowIsInTheBarAlone) {
-  const auto shown = [this] {
-    return QList{isShown("mnuSetAllSceneFont"), isShown("mnuSepListView"), isShown("mnuListView")};
-  };
-  const QList all{true, true, true};
-  for (const char* name : {"ListChapters", "ListScenes"}) {
-    rightClick(list(name), 0);
-    EXPECT_EQ(shown(), QList({false, false, false})) << name;
-    closeMenu();
-    EXPECT_EQ(shown(), all) << name;
-  }
-  control<QMenu>("mnuScene").popup({});
-  EXPECT_EQ(shown(), all);
   closeMenu();
 }
 
@@ -128,16 +102,6 @@ TEST_F(PopupMenusTest, WithoutASelectionOnlyWhatNeedsNoneCanBeChosen) {
   rightClick(list("ListChapters"), 0);
   EXPECT_EQ(chapterStates(), QList({true, true, false, true})) << "a scene is open";
   closeMenu();
-}
-
-TEST_F(PopupMenusTest, TheStatusOfTheSelectedSceneIsChecked) {
-  g_Project->SceneByID(2)->Status = 4;
-  for (const auto& [row, checked] :
-       {std::pair{0, QStringList(g_StatusNames.value(2))}, {1, {g_StatusNames.value(4)}}, {-1, {}}}) {
-    rightClick(list("ListScenes"), row);
-    EXPECT_EQ(checkedStatuses(), checked) << row;
-    closeMenu();
-  }
 }
 
 TEST_F(PopupMenusTest, ACharacterOfTheSceneCanBecomeItsViewpointUnlessItIs) {

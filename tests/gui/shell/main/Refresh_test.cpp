@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPaintEvent>
 #include <QScrollBar>
 #include <QTest>
 
@@ -63,9 +62,6 @@ class RefreshTest : public ShellTest {
     return place;
   }
 
-  /// What waits to be painted is.
-  static void settle() { QCoreApplication::processEvents(QEventLoop::AllEvents, 1000); }
-
   clsChapter& shown() { return *g_Project->ChapterByID(list("ListChapters").SelectedTag()); }
 };
 
@@ -108,36 +104,6 @@ TEST_F(RefreshTest, KeepsSelectionPlaceAndFocus) {
       window().RefreshAll();
       EXPECT_EQ(placeIn(view), expected);
       EXPECT_TRUE(view.hasFocus());
-    }
-  }
-}
-
-TEST_F(RefreshTest, PaintsAllThatIsSeenOfWhatHasChanged) {
-  /// What of a list has been painted.
-  struct Painting : QObject {
-    bool eventFilter(QObject*, QEvent* event) override {
-      if (event->type() == QEvent::Paint) {
-        region += static_cast<QPaintEvent*>(event)->region();
-      }
-      return false;
-    }
-    QRegion region;
-  };
-  for (const char* name : {"ListChapters", "ListScenes"}) {
-    ListView& view = list(name);
-    arrange(view);
-    settle();
-    const int last = view.indexAt(view.viewport()->rect().bottomLeft()).row();
-    const auto seen = [&](int row) { return view.visualRect(view.model()->index(row, 0)) & view.viewport()->rect(); };
-    const QRegion ends = QRegion(seen(10)) + seen(last);
-    for (const auto& [area, change] : {std::pair<QRegion, std::function<void()>>{ends, [&] { window().RefreshAll(); }},
-                                       {ends, [&] { view.rows().updateAllRows(); }},
-                                       {seen(last), [&] { view.updateRow(last); }}}) {
-      Painting painting;
-      view.viewport()->installEventFilter(&painting);
-      change();
-      settle();
-      EXPECT_EQ(painting.region & area, area) << name;
     }
   }
 }

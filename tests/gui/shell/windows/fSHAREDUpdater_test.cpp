@@ -3,15 +3,16 @@
 #include "gui/shell/windows/fSHAREDUpdater.h"
 
 #include "core/infra/Clock.h"
-#include "core/infra/InstallerFile.h"
-#include "core/infra/cSHAREDInternet.h"
+#include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedEncrypt.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
 #include "gui/shell/MainWindow.h"
-#include "gui/shell/windows/fSHAREDProxy.h"
+#include "gui/toolkit/fSHAREDProxy.h"
 #include "support/Required.h"
+#include "support/SampleProject.h"
 #include "support/WaitFor.h"
 #include "support/WebServer.h"
 
@@ -22,6 +23,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -50,6 +52,8 @@ class UpdaterTest : public ShellTest {
     Settings().sSet(u"UpdateAddress"_s, server.address({}));
     trigger("mnuCheckVersion");
     EXPECT_TRUE(updater().isVisible());
+    const auto& label = of<QLabel>("lblUpdate");
+    EXPECT_GE(label.height(), label.heightForWidth(label.width())) << "no line is cut";
     return said();
   }
 };
@@ -58,6 +62,7 @@ TEST_F(UpdaterTest, TheCheckOfTheMenuSaysWhatTheServerTells) {
   startWithAddress(u"http://127.0.0.1:9"_s);
   g_Project->Title = u"Changed"_s;
   window().ProjectChanged = true;
+  EXPECT_LT(saidOf("99.0.0." + QByteArray(900'000, '7') + "\nx").size(), 99);
   EXPECT_EQ(saidOf("99.0.0a\r\nget@@@.exe"), u"Version 99.0.0A is available!"_s);
   EXPECT_FALSE(window().ProjectChanged) << "what is open is saved first";
   EXPECT_FALSE(of("cmdDownloadInstall").isHidden());
@@ -82,20 +87,33 @@ TEST_F(UpdaterTest, DetailsAreShownAndAnInstallerFromElsewhereRefused) {
   EXPECT_TRUE(of<QPlainTextEdit>("txtDetail").isVisible());
   toolkit.expectBox(u"The installer is not downloaded."_s);
   of("cmdDownloadInstall").click();
-  toolkit.expectFile(folder.path());
   toolkit.expectBox(u"The installer is not downloaded."_s);
   of("cmdDownload").click();
 }
 
-TEST_F(UpdaterTest, ACheckThatHangsIsStoppedByItsButtonAndTheEndOfTheProgram) {
-  const WebServer server({});
-  startWithAddress(server.address({}));
-  for (const bool byButton : {true, false}) {
-    toolkit.onYield = [&, byButton] { (byButton ? of("cmdCancel") : of("cmdClose")).click(); };
+TEST_F(UpdaterTest, ACheckThatHangsIsStoppedByItsButtonsAndTheEndOfTheProgram) {
+  const WebServer server({{kCurrent, WebServer::ok("1.0.0\nx")}});
+  const QList<std::function<void()>> ways = {[&] { of("cmdCancel").click(); }, [&] { of("cmdClose").click(); },
+                                             [&] { window().EndProgram(); }, [&] { window().EndAtOnce(); }};
+  for (qsizetype way = 0; way < ways.size(); ++way) {
+    startWithAddress(server.address(u"/silent"_s));
+    toolkit.onYield = ways[way];
     trigger("mnuCheckVersion");
-    EXPECT_TRUE(of("cmdCancel").isHidden());
-    EXPECT_EQ(updater().isVisible(), byButton);
+    EXPECT_EQ(status(), u"Stopped"_s) << way;
+    EXPECT_TRUE(of("cmdCancel").isHidden()) << way;
+    EXPECT_EQ(ended, std::max<qsizetype>(way - 1, 0)) << way;
   }
+  startWithAddress(server.address({}));
+  toolkit.onYield = [&] {
+    sceneAt(1)->setTextRTF(simpleRtf("in memory alone"));
+    g_Project->FileWithPath.clear();
+    toolkit.expectFile({});
+    toolkit.expectBox(u"Save cancelled."_s);
+    toolkit.expectBox(u"The book isn't saved."_s, Answer::No);
+    window().EndProgram();
+  };
+  trigger("mnuCheckVersion");
+  EXPECT_TRUE(said().startsWith(u"You're up to date!"_s)) << "who stays keeps what is under way";
 }
 
 TEST_F(UpdaterTest, TheCheckByItselfAsksOnceAndSpeaksOfANewVersionOnly) {
@@ -119,6 +137,12 @@ TEST_F(UpdaterTest, TheCheckByItselfAsksOnceAndSpeaksOfANewVersionOnly) {
   EXPECT_FALSE(updater().NoAutoCheck());
   Settings().sSet(u"DisableAutoUpdateCheck"_s, true);
   EXPECT_TRUE(updater().NoAutoCheck());
+  for (const QString& key : {u"DisableAutoUpdateCheck"_s, u"AskedAboutAutoUpdates"_s}) {
+    Settings().DeleteSettingByName(key);
+  }
+  toolkit.expectBox(u"Do you want to enable an automatic weekly check"_s, Answer::Yes);
+  toolkit.onBox = [&] { EXPECT_TRUE(updater().NoAutoCheck()) << "nobody has agreed yet"; };
+  EXPECT_FALSE(updater().NoAutoCheck());
 }
 
 TEST_F(UpdaterTest, WithoutAnAddressThereIsNoCheck) {
@@ -131,20 +155,97 @@ TEST_F(UpdaterTest, WithoutAnAddressThereIsNoCheck) {
   EXPECT_EQ(window().findChild<fSHAREDUpdater*>(), nullptr);
 }
 
-TEST_F(UpdaterTest, AnInstallerIsKeptWholeOnly) {
-  startWith(smallProject());
-  const WebServer server({{u"/whole"_s, WebServer::ok("MZ")},
-                          {u"/page"_s, WebServer::ok("<Html>no such file")},
-                          {u"/short"_s, WebServer::ok("MZ", 9)}});
-  cSHAREDInternet internet;
-  const QString path = folder.path(u"get.exe"_s);
-  for (const auto& [from, told] : {std::pair{u"/whole"_s, u""_s},
-                                   {u"/page"_s, u"Error - File not found on server."_s},
-                                   {u"/short"_s, u"Error - Download failed."_s}}) {
-    QFile::remove(path);
-    EXPECT_EQ(downloadInstaller(internet, server.address(from), path), told) << from.toStdString();
-    EXPECT_EQ(QFile::exists(path), told.isEmpty()) << from.toStdString();
+TEST_F(UpdaterTest, AnInstallerComesWholeFromItsHostOrNotAtAll) {
+  qputenv("SSL_CERT_FILE", WebServer::certificateFile().toUtf8());
+  const QByteArray body(70'000, 'M');
+  const WebServer elsewhere({{u"/get.exe"_s, WebServer::ok(body)}}, WebServer::Kind::Secure);
+  struct Case {
+    QString folder;
+    QByteArray reply;
+    QString told;
+  };
+  const QString saved = u"File saved to "_s + folder.path(u"get9900.exe"_s);
+  const QList<Case> cases = {
+      {u"/page"_s, WebServer::ok("<Html lang='en'>no such file"), u"Error - File not found on server."_s},
+      {u"/short"_s, WebServer::ok(body, 90'000), u"Error - Downloaded file is incomplete. Please retry"_s},
+      {u"/empty"_s, WebServer::ok({}), u"Error - Download failed."_s},
+      {u"/gone"_s, "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n", u"Error - Download failed."_s},
+      {u"/away"_s, WebServer::moved(elsewhere.address(u"/get.exe"_s).toUtf8()), u"Error - Download failed."_s},
+      {u"/moved"_s, WebServer::moved("/whole/versions/get9900.exe?a=b"), saved},
+      {u"/whole"_s, WebServer::ok(body), saved}};
+  QHash<QString, WebServer::Reply> replies;
+  for (const Case& c : cases) {
+    replies.insert(c.folder + kCurrent, WebServer::ok("99.0.0\ng%65t@@@.exe?a=b#c"));
+    replies.insert(c.folder + u"/versions/get9900.exe?a=b"_s, c.reply);
   }
+  replies.insert(u"/hidden"_s + kCurrent, WebServer::ok("99.0.0\n%2Eprofile"));
+  const WebServer server(replies, WebServer::Kind::Secure);
+  startWithAddress(server.address({}));
+  for (const Case& c : cases) {
+    Settings().sSet(u"UpdateAddress"_s, server.address(c.folder));
+    trigger("mnuCheckVersion");
+    toolkit.expectFile(folder.path());
+    of("cmdDownload").click();
+    EXPECT_TRUE(status().startsWith(c.told)) << c.folder.toStdString() << ": " << status().toStdString();
+    EXPECT_EQ(toolkit.pointer, Pointer::Normal);
+    QFile file(folder.path(u"get9900.exe"_s));
+    EXPECT_EQ(file.exists(), c.told == saved) << c.folder.toStdString();
+    if (file.exists()) {
+      EXPECT_EQ(fileBytes(file.fileName()), body);
+      file.remove();
+    }
+  }
+  EXPECT_EQ(of<QProgressBar>("ProgressBar1").value(), 100);
+  const QString own = Paths::programFolder() + u"Quillane4Upd.exe"_s;
+  writeFile(folder.path(u"mine.txt"_s), "mine");
+  ASSERT_TRUE(QFile::link(folder.path(u"mine.txt"_s), own));
+  toolkit.expectBox(u"The update has been downloaded. Do you want to install it now?"_s, Answer::Yes);
+  toolkit.expectBox(u"The installer will begin when you exit Quillane."_s);
+  of("cmdDownloadInstall").click();
+  EXPECT_EQ(window().InstallerPath, own);
+  EXPECT_EQ(fileBytes(own), body);
+  EXPECT_EQ(fileBytes(folder.path(u"mine.txt"_s)), "mine") << "a link isn't followed";
+  EXPECT_EQ(int(QFile::permissions(own)), 0x7700) << "for the owner alone";
+  EXPECT_TRUE(logText().contains(u"File size: 70000"_s));
+  toolkit.expectBox(u"The update has been downloaded. Do you want to install it now?"_s, Answer::No);
+  of("cmdDownloadInstall").click();
+  EXPECT_EQ(window().InstallerPath, QString()) << "the last word holds";
+  toolkit.expectBox(u"The update has been downloaded. Do you want to install it now?"_s, Answer::Yes);
+  toolkit.expectBox(u"The installer will begin when you exit Quillane."_s);
+  of("cmdDownloadInstall").click();
+  Settings().sSet(u"UpdateAddress"_s, server.address(u"/hidden"_s));
+  trigger("mnuCheckVersion");
+  of("cmdDownload").click();
+  EXPECT_EQ(status(), u"Update check failed, could not read download filename"_s);
+  window().EndProgram();
+  EXPECT_EQ(toolkit.programsRun, QStringList({own}));
+  qunsetenv("SSL_CERT_FILE");
+}
+
+TEST_F(UpdaterTest, EscapeEndsADownloadAndThenTheWindow) {
+  qputenv("SSL_CERT_FILE", WebServer::certificateFile().toUtf8());
+  const WebServer server({{kCurrent, WebServer::ok("99.0.0\nget.exe")},
+                          {u"/versions/get.exe"_s, WebServer::held(WebServer::ok("MZ", 90'000))}},
+                         WebServer::Kind::Secure);
+  startWithAddress(server.address({}));
+  trigger("mnuCheckVersion");
+  QStringList shown;
+  QObject::connect(&updater(), &fSHAREDUpdater::Status, &updater(), [&](const QString& text) {
+    shown += text;
+    if (text.contains(u"kb"_s)) {
+      QTest::keyClick(&updater(), Qt::Key_Escape);
+    }
+  });
+  toolkit.expectFile(folder.path());
+  of("cmdDownload").click();
+  EXPECT_EQ(shown.first(3), QStringList({u"Resolving Host"_s, u"Host Resolved"_s, u"Connecting"_s}));
+  EXPECT_EQ(shown.sliced(8), QStringList({u"0 kb of 87 kb"_s, u"Download cancelled"_s}));
+  EXPECT_FALSE(QFile::exists(folder.path(u"get.exe"_s)));
+  EXPECT_EQ(updater().focusWidget(), &of("cmdShowDetail"));
+  EXPECT_TRUE(updater().isVisible());
+  QTest::keyClick(&updater(), Qt::Key_Escape);
+  EXPECT_FALSE(updater().isVisible());
+  qunsetenv("SSL_CERT_FILE");
 }
 
 TEST_F(UpdaterTest, AProxyIsKeptUnlessItsPasswordWouldNotComeBack) {
@@ -162,6 +263,11 @@ TEST_F(UpdaterTest, AProxyIsKeptUnlessItsPasswordWouldNotComeBack) {
   toolkit.expectBox(u"The password has letters that can't be kept."_s);
   form.accept();
   EXPECT_FALSE(Settings().IsSettingPresent(u"ProxyPwd"_s));
+  childOf<QRadioButton>(form, u"optNoProxy"_s).setChecked(true);
+  form.accept();
+  EXPECT_EQ(Settings().sGet(u"ProxyType"_s).toInt(), 3) << "nothing is asked of a proxy that isn't used";
+  EXPECT_FALSE(Settings().IsSettingPresent(u"ProxyPwd"_s));
+  childOf<QRadioButton>(form, u"optNamed"_s).setChecked(true);
   for (const char* name : {"txtPwd", "txtPwdRepeat"}) {
     field(name).setText(u"<pass!"_s);
   }

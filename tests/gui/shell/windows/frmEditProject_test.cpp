@@ -7,7 +7,6 @@
 #include "core/infra/cSharedGetDate.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
-#include "gui/toolkit/Colours.h"
 #include "support/ErrorOf.h"
 #include "support/Required.h"
 #include "support/SampleProject.h"
@@ -146,28 +145,6 @@ TEST_F(EditProject, EachTabIsReachedByItsLetterAndTakesWhatIsTyped) {
   EXPECT_EQ(form().result(), QDialog::Accepted) << "Enter in a line saves";
 }
 
-TEST_F(EditProject, NoTwoCaptionsHaveTheSameLetter) {
-  QString letters;
-  const auto take = [&letters](const QString& caption) {
-    const qsizetype mark = caption.indexOf(u'&');
-    if (mark >= 0) {
-      const QChar letter = caption.at(mark + 1).toLower();
-      EXPECT_FALSE(letters.contains(letter)) << caption;
-      letters.append(letter);
-    }
-  };
-  for (int i = 0; i < tabs().count(); ++i) {
-    take(tabs().tabText(i));
-  }
-  for (const QLabel* label : form().findChildren<QLabel*>()) {
-    take(label->text());
-  }
-  for (const QPushButton* button : form().findChildren<QPushButton*>()) {
-    take(button->text());
-  }
-  EXPECT_EQ(letters.size(), 15);
-}
-
 TEST_F(EditProject, RatingsGoBackToTheirDefaults) {
   press("cmdDefault");
   EXPECT_EQ(form().settings().FieldTitles,
@@ -280,32 +257,4 @@ TEST_F(EditProject, DatesOutOfOrderAreRedSaidAndAskedAbout) {
   press("cmdSave");
   EXPECT_EQ(form().result(), QDialog::Accepted);
   EXPECT_EQ(form().settings().deadlines.levels[4].end, day(2026, 2, 27)) << "as they are";
-}
-
-TEST_F(EditProject, RedIsReadableOnBothPalettesAndGoesWithItsFault) {
-  picked = QDate(2026, 2, 27);
-  QPushButton& button = date(u"lblDeadlineStart(1)"_s);
-  button.click();
-  for (const int grey : {0xEF, 0x35}) {
-    form().setPalette(QPalette(QColor(grey, grey, grey)));
-    const QColor text = button.palette().color(QPalette::ButtonText);
-    EXPECT_GE(Colours::contrast(text, button.palette().color(QPalette::Button)), 4.5) << grey;
-    EXPECT_NEAR(text.hslHue(), 0, 3) << grey;
-    EXPECT_EQ(red(), QStringList{u"lblDeadlineStart(1)"_s}) << grey;
-  }
-  EXPECT_NE(button.palette().color(QPalette::ButtonText), QColor(192, 0, 0));
-  form().setPalette(QPalette());
-  EXPECT_EQ(button.palette().color(QPalette::ButtonText), QColor(192, 0, 0));
-  picked = QDate(2026, 2, 28);
-  button.click();
-  EXPECT_EQ(red(), QStringList());
-  EXPECT_TRUE(button.toolTip().isEmpty() && button.accessibleDescription().isEmpty());
-}
-
-TEST_F(EditProject, KeepsItsSize) {
-  form().resize(form().width() + 40, form().height() + 30);
-  const QSize size = form().size();
-  form().close();
-  show(wholeSettings());
-  EXPECT_EQ(form().size(), size);
 }

@@ -168,12 +168,3 @@ TEST_F(LostAndFoundWindow, WithoutAChapterThereIsNowhereToPutIt) {
   EXPECT_FALSE(button("cmdPutIntoChapter").isEnabled());
   EXPECT_EQ(button("cmdPutIntoChapter").toolTip(), u"There is no chapter yet."_s);
 }
-
-TEST_F(LostAndFoundWindow, KeepsItsSize) {
-  frmLostAndFound& first = openForm();
-  first.resize(first.width() - 40, first.height() - 30);
-  const QSize size = first.size();
-  first.close();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_EQ(openForm().size(), size);
-}

@@ -1,4 +1,4 @@
-#include "gui/shell/windows/fSHAREDProxy.h"
+#include "gui/toolkit/fSHAREDProxy.h"
 
 #include "core/infra/Numbers.h"
 #include "core/infra/Toolkit.h"
@@ -102,11 +102,19 @@ void fSHAREDProxy::enableFields() {
 }
 
 void fSHAREDProxy::accept() {
+  if (!optNamed->isChecked() || mayBeKept()) {
+    store();
+    QDialog::accept();
+  }
+}
+
+/// Whether a named proxy can be kept as it was typed; says why not.
+bool fSHAREDProxy::mayBeKept() {
   if (txtPwd->text() != txtPwdRepeat->text()) {
     toolkit().MsgBox(u"Your passwords don't match.  Please retype them."_s);
     txtPwdRepeat->setFocus();
     txtPwdRepeat->selectAll();
-    return;
+    return false;
   }
   if (!cSharedEncrypt::bringsBack(txtPwd->text())) {
     toolkit().MsgBox(
@@ -114,15 +122,14 @@ void fSHAREDProxy::accept() {
         "and the usual signs."_s);
     txtPwd->setFocus();
     txtPwd->selectAll();
-    return;
+    return false;
   }
-  if (optNamed->isChecked() && txtServer->text().trimmed().isEmpty()) {
+  if (txtServer->text().trimmed().isEmpty()) {
     toolkit().MsgBox(u"Please type the name of the proxy server."_s);
     txtServer->setFocus();
-    return;
+    return false;
   }
-  store();
-  QDialog::accept();
+  return true;
 }
 
 void fSHAREDProxy::store() const {
@@ -131,5 +138,8 @@ void fSHAREDProxy::store() const {
   Settings().sSet(u"ProxyServer"_s, txtServer->text().trimmed());
   Settings().sSet(u"ProxyPort"_s, txtPort->text().trimmed());
   Settings().sSet(u"ProxyUser"_s, txtUser->text().trimmed());
-  Settings().sSet(u"ProxyPwd"_s, cSharedEncrypt::Encrypt(txtPwd->text()));
+  // With another choice nobody has looked at it.
+  if (txtPwd->text() == txtPwdRepeat->text() && cSharedEncrypt::bringsBack(txtPwd->text())) {
+    Settings().sSet(u"ProxyPwd"_s, cSharedEncrypt::Encrypt(txtPwd->text()));
+  }
 }

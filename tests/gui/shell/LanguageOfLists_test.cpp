@@ -1,0 +1,144 @@
+// The program's words among a writer's own, in another language: what is shown is translated, what is kept is not.
+
+#include "core/infra/cSharedLang.h"
+#include "core/model/Globals.h"
+#include "core/model/clsChapter.h"
+#include "core/model/clsProject.h"
+#include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
+#include "gui/planning/StoryCard.h"
+#include "gui/planning/frmStoryboard.h"
+#include "gui/shell/MainWindow.h"
+#include "gui/shell/main/InterfaceLanguage.h"
+#include "gui/shell/windows/frmSceneList.h"
+#include "gui/toolkit/LanguageHook.h"
+#include "gui/toolkit/QtToolkit.h"
+#include "gui/views/ListView.h"
+#include "support/ModalHelper.h"
+#include "support/SampleProject.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStatus = 3;
+constexpr int kActionReaction = 4;
+
+class LanguageOfListsTest : public ShellTest {
+ protected:
+  void SetUp() override {
+    ShellTest::SetUp();
+    QDir().mkpath(folder.path(u"Languages"_s));
+    Lang().OverrideLanguagePath(folder.path());
+    writeFile(folder.path(u"Languages/x.txt"_s),
+              u"Pröbe\nDraft||Entwurf\nDone||Fertig\nAction||Handlung\nAction or reaction||Handlung oder "
+              u"Folge\nDay||Handtag\nReaction||Folge\nOpen||Öffnen\n"
+              "File has been changed.  Save it?||Sichern?\n%1 description||Worum es in %1 geht\n"
+              "Tension||Spannung\nGoal||Ziel\nNo Goal specified||Kein Ziel\n"_s.toUtf8());
+    writeFile(folder.path(u"Languages/y.txt"_s),
+              u"Prova\nDraft||Bozza\nAction||Mossa\nGoal||Meta\n%1 words||%1 parole\n(nobody)||(nessuno)\n"_s.toUtf8());
+    startWith(smallProject());
+    chapterAt(1)->Title = u"Open"_s;
+    sceneAt(1)->Title = u"Draft"_s;
+    sceneAt(1)->Goal.clear();
+    sceneAt(1)->Status = 2;
+  }
+  void TearDown() override {
+    useLanguage(0);
+    ShellTest::TearDown();
+  }
+
+  void speak(const QString& title) {
+    fillLanguageMenu(window());
+    EXPECT_TRUE(useLanguage(window(), title));
+  }
+};
+
+}  // namespace
+
+TEST_F(LanguageOfListsTest, TheMainWindowShowsItsWordsAndLeavesTheWriters) {
+  for (const auto& [language, status, action, about, goal] :
+       {std::tuple{u"Pröbe"_s, u"Entwurf"_s, u"H"_s, u"Worum es in Open geht:"_s, u"Kein Ziel"_s},
+        {u"English"_s, u"Draft"_s, u"A"_s, u"Open description:"_s, u"No Goal specified"_s}}) {
+    speak(language);
+    EXPECT_EQ(cell("ListChapters", 0, 0), u"Open"_s);
+    EXPECT_EQ(cell("ListScenes", 0, 2), u"Draft"_s);
+    EXPECT_EQ(cell("ListScenes", 0, kStatus), status);
+    EXPECT_EQ(cell("ListScenes", 0, kActionReaction), action);
+    const QString title = list("ListScenes").model()->headerData(kActionReaction, Qt::Horizontal).toString();
+    EXPECT_TRUE(title.startsWith(action + u'/')) << title.toStdString();
+    EXPECT_TRUE(control<QPlainTextEdit>("txtChapterDesc").toPlainText().startsWith(about));
+    EXPECT_EQ(control<QPlainTextEdit>("txtGoal").toPlainText(), goal);
+  }
+}
+
+TEST_F(LanguageOfListsTest, AStatusThatIsChosenInAnyLanguageIsTheSameNumber) {
+  speak(u"Pröbe"_s);
+  g_Project->setFieldTitle(2, u"Tension"_s);
+  sceneAt(1)->Edit();
+  auto& editor = openEditor();
+  auto& status = childOf<QComboBox>(editor, u"cmbStatus"_s);
+  EXPECT_EQ(status.currentText(), u"Entwurf"_s);
+  EXPECT_EQ(childOf<QLabel>(editor, u"lblFieldTitle(1)"_s).text(), u"Spannung:"_s);
+  EXPECT_EQ(g_Project->FieldTitle(2), u"Tension"_s) << "is stored as it was";
+  status.setCurrentIndex(status.findText(u"Fertig"_s));
+  Q_EMIT status.activated(status.currentIndex());
+  childOf<QPushButton>(editor, u"cmdSave"_s).click();
+  EXPECT_EQ(sceneAt(1)->Status, 5);
+  frmSceneList all;
+  QSignalSpy wanted(&all, &frmSceneList::statusWanted);
+  auto& choice = childOf<QComboBox>(all, u"cmbStatus"_s);
+  const QAbstractItemModel& columns = *childOf<QTreeView>(all, u"ListView1"_s).model();
+  QStringList titles;
+  for (int column = 0; column < columns.columnCount(); ++column) {
+    titles.append(columns.headerData(column, Qt::Horizontal).toString());
+  }
+  EXPECT_TRUE(titles.contains(u"Handl"_s) && titles.contains(u"Handt"_s)) << titles.join(u' ');
+  EXPECT_EQ(titles.removeDuplicates(), 0);
+  all.SelectScene(sceneAt(1)->ID());
+  choice.setCurrentIndex(choice.findText(u"Entwurf"_s));
+  childOf<QPushButton>(all, u"cmdChangeSelected"_s).click();
+  ASSERT_EQ(wanted.size(), 1);
+  EXPECT_EQ(wanted.constFirst().at(1).toInt(), 2);
+}
+
+TEST_F(LanguageOfListsTest, OpenWindowsGoFromOneLanguageToTheNext) {
+  sceneAt(1)->Edit();
+  auto& editor = openEditor();
+  frmSceneList all;
+  frmStoryboard board;
+  board.show();
+  for (const auto& [language, status, action, goal, words, nobody] :
+       {std::tuple{u"Pröbe"_s, u"Entwurf"_s, u"Handlung"_s, u"Ziel"_s, u" words"_s, u"(nobody)"_s},
+        {u"Prova"_s, u"Bozza"_s, u"Mossa"_s, u"Meta"_s, u" parole"_s, u"(nessuno)"_s},
+        {u"English"_s, u"Draft"_s, u"Action"_s, u"Goal"_s, u" words"_s, u"(nobody)"_s}}) {
+    speak(language);
+    SCOPED_TRACE(language.toStdString());
+    EXPECT_EQ(childOf<QComboBox>(editor, u"cmbStatus"_s).currentText(), status);
+    EXPECT_EQ(childOf<QComboBox>(editor, u"cmbAction"_s).currentText(), action);
+    EXPECT_EQ(childOf<QComboBox>(editor, u"cmbViewpoint"_s).placeholderText(), nobody);
+    EXPECT_EQ(childOf<QLabel>(editor, u"lblGoal(0)"_s).text(), goal);
+    const QAbstractItemModel& rows = *childOf<ListView>(all, u"ListView1"_s).model();
+    EXPECT_EQ(rows.index(0, 1).data(), status);
+    EXPECT_EQ(childOf<QComboBox>(all, u"cmbStatus"_s).itemText(1), status);
+    EXPECT_TRUE(board.findChild<StoryCard*>()->toolTip().endsWith(words));
+  }
+}
+
+TEST_F(LanguageOfListsTest, ATitleOnALineOfItsOwnStaysInABox) {
+  speak(u"Pröbe"_s);
+  QtToolkit screen;
+  const WhenModal look([](QWidget& box) {
+    EXPECT_EQ(childOf<QLabel>(box, u"qt_msgbox_label"_s).text(), u"Sichern?\n\nOpen..."_s);
+    box.close();
+  });
+  screen.MsgBox(translated(u"File has been changed.  Save it?"_s) + u"\n\nOpen..."_s, Buttons::YesNoOrBack);
+}
