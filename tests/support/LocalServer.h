@@ -53,7 +53,9 @@ class LocalServer {
     server->listen(QHostAddress::LocalHost);
     port_ = server->serverPort();
     while (!ends_) {
-      if (server->waitForNewConnection(kLookMs)) {
+      server->waitForNewConnection(kLookMs);
+      // One wait may have let several in, and the next one waits for further ones alone.
+      while (server->hasPendingConnections() && !ends_) {
         answer_(*server->nextPendingConnection());
       }
     }

@@ -237,7 +237,7 @@ TEST_F(Internet, ASecureServerIsBelievedWhenSomebodyVouchesForItAndTheWayStaysSe
   EXPECT_EQ(internet.OpenURL(address), QString());
   EXPECT_EQ(why, u"The server's certificate could not be verified"_s);
   qputenv("SSL_CERT_FILE", WebServer::certificateFile().toUtf8());
-  EXPECT_EQ(internet.OpenURL(address), u"safely"_s);
+  EXPECT_EQ(internet.OpenURL(address), u"safely"_s) << why.toStdString();
   EXPECT_EQ(internet.OpenURL(server.address(u"/moved"_s)), u"safely"_s);
   EXPECT_EQ(internet.OpenURL(server.address(u"/away"_s)), QString());
   // It says how an address is to be read, and that one is asked for.
