@@ -31,7 +31,7 @@ DateEntry::DateEntry(bool monthFirst, QString separator, const QDate& start)
 }
 
 QString DateEntry::orderString() const {
-  return monthFirst_ ? u"MM/DD"_s : u"DD/MM"_s;
+  return monthFirst_ ? shownText(u"MM/DD"_s) : shownText(u"DD/MM"_s);
 }
 
 QString DateEntry::joined() const {

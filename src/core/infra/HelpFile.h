@@ -7,6 +7,9 @@
 /// The program's help: a folder of pages. Where no manual is installed, nothing should offer it.
 namespace HelpFile {
 
+/// The property by which a window names its page where that depends on what it was opened for.
+inline constexpr auto kPage = "helpPage";
+
 bool isInstalled();
 
 /// The address that opens the manual at a topic: the page of that name, a place of that name in the first page where

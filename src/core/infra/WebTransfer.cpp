@@ -256,8 +256,13 @@ void WebTransfer::check(CURLcode result) const {
       return;
     case CURLE_COULDNT_RESOLVE_PROXY:
     case CURLE_COULDNT_RESOLVE_HOST:
-    case CURLE_COULDNT_CONNECT:
-      throw TransferError(shownText(u"The server could not be reached"_s), TransferError::Kind::Unreachable, detail);
+    case CURLE_COULDNT_CONNECT: {
+      // Whoever has named one is connected with nothing else.
+      const bool isProxy = result == CURLE_COULDNT_RESOLVE_PROXY || request_.proxy.type == WebProxy::Named;
+      throw TransferError(isProxy ? shownText(u"The proxy server could not be reached"_s)
+                                  : shownText(u"The server could not be reached"_s),
+                          TransferError::Kind::Unreachable, detail);
+    }
     case CURLE_PEER_FAILED_VERIFICATION:
       throw TransferError(shownText(u"The server's certificate could not be verified"_s), TransferError::Kind::Other,
                           detail);

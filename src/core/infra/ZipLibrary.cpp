@@ -71,6 +71,18 @@ const ZipLibrary& ZipLibrary::get() {
 }
 
 QString ZipLibrary::describe(int code) const {
+  switch (code) {
+    case ZIP_ER_NOZIP:
+      return shownText(u"it is no archive"_s);
+    case ZIP_ER_INCONS:
+      return shownText(u"it contradicts itself"_s);
+    case ZIP_ER_CRC:
+      return shownText(u"its checksum is wrong"_s);
+    case ZIP_ER_EOF:
+      return shownText(u"it ends too soon"_s);
+    default:
+      break;
+  }
   zip_error_t text{};
   beginErrorWithCode(&text, code);
   const QString described = QString::fromUtf8(errorText(&text));

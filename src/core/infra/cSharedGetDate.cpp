@@ -40,7 +40,8 @@ qint32 cSharedGetDate::GetDate(const QString& prompt, qint32 start) const {
   const bool monthFirst = Dates().SysDateMonthField() <= Dates().SysDateDayField();
   DateEntry entry(monthFirst, Dates().DateSeparator(), start == 0 ? Clock::today() : Clock::dateOf(start));
   logOrder(entry);
-  const QString caption = prompt.isEmpty() ? translated(u"Enter the date (%1)"_s).arg(entry.orderString()) : prompt;
+  const QString caption =
+      prompt.isEmpty() ? translated(u"Enter the date (%1)"_s).arg(translated(entry.orderString())) : prompt;
   Guard("GetDate", kModule)([&] {
     if (installed()) {
       installed()(entry, caption);

@@ -211,14 +211,18 @@ void cSharedLang::listFolder(const QString& folder) {
 }
 
 auto cSharedLang::read(const QString& text) -> Language {
-  static const QRegularExpression fontLine(u"^#\\s*font:(.*)$"_s, QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression remark(u"^#\\s*(font|colon):(.+)$"_s, QRegularExpression::CaseInsensitiveOption);
   Language language;
   bool hasTitle = false;
   for (const QString& raw : linesOf(text)) {
     const QString line = cleanLine(raw);
     if (line.startsWith(u'#')) {
-      const QRegularExpressionMatch font = fontLine.match(line);
-      language.font = font.hasMatch() ? font.captured(1).trimmed() : language.font;
+      const QRegularExpressionMatch found = remark.match(line);
+      const bool isColon = found.captured(1).startsWith(u'c', Qt::CaseInsensitive);
+      if (found.hasMatch()) {
+        // A blank in front of a colon is part of it.
+        (isColon ? language.colon : language.font) = isColon ? found.captured(2) : found.captured(2).trimmed();
+      }
     } else if (!line.isEmpty() && !hasTitle) {
       hasTitle = true;
     } else if (const qsizetype bar = line.indexOf(kBar); bar > 0) {
@@ -255,6 +259,7 @@ void cSharedLang::LoadLanguage(int index) {
   Language language = read(WholeText::fromBytes(bytes));
   current_ = title;
   font_ = language.font;
+  colon_ = {u":"_s, language.colon};
   strings_ = std::move(language.entries);
   english_.clear();
 }
@@ -265,6 +270,7 @@ void cSharedLang::RevertToEnglish() {
   }
   current_ = kEnglish;
   font_.clear();
+  std::swap(colon_.english, colon_.translated);
   for (Entry& entry : strings_) {
     english_.insert(entry.english);
     std::swap(entry.english, entry.translated);
@@ -327,7 +333,7 @@ QString cSharedLang::TranslationOf(const QString& text) const {
   if (entry == nullptr || placesOf(entry->english) != placesOf(entry->translated)) {
     return text;
   }
-  return pieces.before + entry->translated + pieces.behind;
+  return pieces.before + entry->translated + pieces.behind.replace(colon_.english, colon_.translated);
 }
 
 QString cSharedLang::WordsOf(const QString& text) const {

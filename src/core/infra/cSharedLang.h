@@ -38,7 +38,8 @@ class LanguageList {
 };
 
 /// Puts the program's texts into a language that stands in a file: "English||translated", an entry a line. What has no
-/// entry stays English.
+/// entry stays English. Two remarks in it are read: "#font:Name", and "#colon:" with what stands for a colon at the end
+/// of a caption, a blank in front included.
 class cSharedLang {
  public:
   /// "Languages" is looked for in this folder from now on; nothing when it isn't there.
@@ -86,6 +87,7 @@ class cSharedLang {
   };
   struct Language {
     QString font;
+    QString colon = QStringLiteral(":");
     std::vector<Entry> entries;
   };
 
@@ -109,6 +111,7 @@ class cSharedLang {
   QSet<QString> english_;
   QString current_ = QStringLiteral("English");
   QString font_;
+  Entry colon_{QStringLiteral(":"), QStringLiteral(":")};
   QStringList missingFonts_;
 };
 

@@ -134,7 +134,7 @@ std::shared_ptr<clsCharacter> clsProject::CharByID(qint32 id) const {
     return Chars.CharByID(id);
   }
   auto nobody = std::make_shared<clsCharacter>();
-  nobody->setTitle(u"N/A"_s);
+  nobody->setTitle(shownText(u"N/A"_s));
   g_CharChanges.ResetAllChanged(0);
   return nobody;
 }

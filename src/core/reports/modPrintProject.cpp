@@ -2,6 +2,7 @@
 
 #include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -24,7 +25,7 @@ QString ruler(const QString& name, int dashesBehind) {
 }
 
 QString sceneBlock(clsScene& scene) {
-  QString block = translated(u"Viewpoint: "_s) + scene.ViewPointChar()->Title() + kLine;
+  QString block = translated(u"Viewpoint: "_s) + shownViewpoint(scene) + kLine;
   for (int i = 1; i <= kRatings; ++i) {
     block += shownRating(g_Project->FieldTitle(i)) + u": "_s + QString::number(scene.Field(i)) + kLine;
   }

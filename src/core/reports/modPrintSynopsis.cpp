@@ -2,6 +2,7 @@
 
 #include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -45,7 +46,7 @@ void printExpandedScene(PrintFlow& flow, clsScene& scene, qint32 number) {
   flow.PrintHeading(
       {{translated(u"Scene "_s), true},
        {QString::number(number) + u": "_s + counted(scene.Wordcount()) + statusOf(scene) + u", "_s, false},
-       {scene.ViewPointChar()->Title(), true}},
+       {shownViewpoint(scene), true}},
       tab);
   if (!scene.Title.isEmpty()) {
     flow.PrintHeading({{scene.Title, false}});
@@ -81,7 +82,7 @@ PrintDocument PrintSummary(const ReportJob& job) {
   Reports::eachUsedChapter(job, [&](const clsChapter& chapter, qint32 chapterNumber) {
     printTitle(flow, chapter);
     Reports::eachUsedScene(job, chapter, [&](const clsScene& scene, qint32 number, bool) {
-      printParagraph(flow, u' ' + Reports::numberOf(chapterNumber, number) + u"  ["_s + scene.ViewPointChar()->Title() +
+      printParagraph(flow, u' ' + Reports::numberOf(chapterNumber, number) + u"  ["_s + shownViewpoint(scene) +
                                u"] "_s + scene.Title);
     });
   });

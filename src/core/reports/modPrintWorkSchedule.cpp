@@ -6,6 +6,7 @@
 #include "core/infra/cSharedDateSubs.h"
 #include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
+#include "core/model/SceneTitle.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -66,8 +67,8 @@ QString sceneLine(const Standing& standing) {
   clsScene& scene = *standing.scene;
   const QString chapter = QString(standing.chapter->Title).replace(u"Chapter"_s, u"Ch"_s, Qt::CaseSensitive);
   return translated(u"%1.%2: (%3w, %4) %5"_s)
-      .arg(chapter, QString::number(standing.number), QString::number(scene.Wordcount()),
-           scene.ViewPointChar()->Title(), scene.Title);
+      .arg(chapter, QString::number(standing.number), QString::number(scene.Wordcount()), shownViewpoint(scene),
+           scene.Title);
 }
 
 class WorkSchedule {

@@ -36,6 +36,8 @@ OverviewTab::OverviewTab(QWidget* parent)
       lblOVStatus(makeElidedLabel(u"lblOVStatus"_s, this)) {
   for (size_t i = 0; i < lblOVRating.size(); ++i) {
     lblOVRating[i] = makeElidedLabel(u"lblOVRating(%1)"_s.arg(i), this);
+    // A file may hold more than the names that there are.
+    keepWords(*lblOVRating[i]);
   }
   keepWords(*lblOVTitle);
   QFont bold = lblOVTitle->font();

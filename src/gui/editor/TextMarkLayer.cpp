@@ -169,8 +169,9 @@ std::optional<TextMark::Kind> TextMarkLayer::kindAt(qsizetype position) const {
 void TextMarkLayer::tellOfCaret() {
   const auto mark = shownAt(pane_.textCursor().position());
   if (mark && pane_.accessibleDescription().isEmpty()) {
-    pane_.setAccessibleDescription(mark->kind == TextMark::Kind::Name ? shownText(u"Name of a character"_s)
-                                                                      : shownText(u"Not in the dictionary"_s));
+    pane_.setAccessibleDescription(translated(mark->kind == TextMark::Kind::Name
+                                                  ? shownText(u"Name of a character"_s)
+                                                  : shownText(u"Not in the dictionary"_s)));
   }
 }
 

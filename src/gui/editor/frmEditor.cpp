@@ -188,8 +188,8 @@ void frmEditor::RedrawForm() {
   cmdHide->setArrowType(ControlsHidden ? Qt::UpArrow : Qt::DownArrow);
   const QString what = ControlsHidden ? shownText(u"Show the planning data below the text"_s)
                                       : shownText(u"Let the text fill the window"_s);
-  cmdHide->setToolTip(translated(what));
-  cmdHide->setAccessibleName(translated(what));
+  cmdHide->setToolTip(what);
+  cmdHide->setAccessibleName(what);
 }
 
 void frmEditor::cmdHide_Click() {

@@ -1,6 +1,7 @@
 #include "core/infra/BusyPointer.h"
 #include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLang.h"
@@ -335,22 +336,21 @@ void frmEditor::savePlan() {
 }
 
 void frmEditor::showSaved() {
-  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? translated(u"Not saved yet"_s) : whereSaved());
+  StatusBar1->setPanel(EditorStatusBar::autosave, Dirty ? shownText(u"Not saved yet"_s) : whereSaved());
 }
 
+/// In English: it stays there while the language is changed.
 QString frmEditor::whereSaved() const {
   if (g_Project->HasPlace()) {
-    const QString time = Clock::now().toString(u"HH:mm:ss"_s);
-    return (g_Project->PlanDue() ? translated(u"Text saved, project file not: %1"_s) : translated(u"Saved: %1"_s))
-        .arg(time);
+    return toldText(g_Project->PlanDue() ? shownText(u"Text saved, project file not: %1"_s) : shownText(u"Saved: %1"_s),
+                    {Clock::now().toString(u"HH:mm:ss"_s)});
   }
   const bool isRescued = RescueFolder(*g_Project).holds(*scene());
   if (g_Project->ReadOnly()) {
-    return translated(isRescued ? shownText(u"Read-only: kept in the rescue folder"_s)
-                                : shownText(u"Read-only: kept in memory"_s));
+    return isRescued ? shownText(u"Read-only: kept in the rescue folder"_s) : shownText(u"Read-only: kept in memory"_s);
   }
-  return translated(isRescued ? shownText(u"No file yet: kept in the rescue folder"_s)
-                              : shownText(u"No file yet: kept in memory"_s));
+  return isRescued ? shownText(u"No file yet: kept in the rescue folder"_s)
+                   : shownText(u"No file yet: kept in memory"_s);
 }
 
 // Should the scene's own file not take it, there is one more.

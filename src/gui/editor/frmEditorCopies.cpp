@@ -4,6 +4,7 @@
 #include "core/infra/Clock.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
@@ -103,10 +104,10 @@ void frmEditor::AutoBackup(clsScene& shown, const QByteArray& rtf) {
 /// An empty failure is none.
 void frmEditor::tellCopy(const QString& failure) {
   if (failure.isEmpty()) {
-    StatusBar1->setPanel(EditorStatusBar::autosave, translated(u"Autosaved: %1"_s).arg(timeNow()));
+    StatusBar1->setPanel(EditorStatusBar::autosave, toldText(u"Autosaved: %1"_s, {timeNow()}));
     return;
   }
-  StatusBar1->setPanel(EditorStatusBar::autosave, translated(u"Autosave failed: %1"_s).arg(timeNow()),
+  StatusBar1->setPanel(EditorStatusBar::autosave, toldText(u"Autosave failed: %1"_s, {timeNow()}),
                        translated(u"There is no copy of what was typed last, and it is tried again every minute. "
                                   "Please save the scene."_s) +
                            u"\n\n"_s + translated(failure));

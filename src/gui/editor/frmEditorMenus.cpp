@@ -1,5 +1,6 @@
 // The menus of the editor's window, a function for each.
 
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
@@ -126,7 +127,7 @@ void frmEditor::createSceneMenu() {
   menu->addSeparator();
   int index = 0;
   for (const QString& separator : {u"* * *"_s, u"***"_s, u"#"_s}) {
-    addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index++), translated(u"Split scene on '%1'"_s).arg(separator),
+    addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index++), toldText(u"Split scene on '%1'"_s, {separator}),
              [this, separator] { splitScene(separator); });
   }
   addEntry(menu, u"mnuSplitScene(%1)"_s.arg(index), u"Split scene on custom"_s, [this] { splitOnCustom(); });

@@ -127,7 +127,8 @@ void frmStoryboard::PrintSB() {
 }
 
 PrintDocument frmStoryboard::screenshots(const ReportJob& job) {
-  PrintDocument document{g_Project->Title + u" storyboard"_s, g_Project->AuthorName, PaperSize::a4().turned(), {}};
+  PrintDocument document{
+      translated(u"%1 storyboard"_s).arg(g_Project->Title), g_Project->AuthorName, PaperSize::a4().turned(), {}};
   const AsBefore before(*this);
   setPalette(paper());
   // No card is printed as the one that the keyboard is on.

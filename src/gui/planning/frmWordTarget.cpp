@@ -23,7 +23,7 @@ namespace {
 
 constexpr auto kModule = "frmWordTarget";
 const QString kBlock = u"WordTarget"_s;
-const QString kNoFigure = u"N/A"_s;
+const QString kNoFigure = shownText(u"N/A"_s);
 const QString kStartDate = shownText(u"Start date"_s);
 const QString kEndDate = shownText(u"End date"_s);
 constexpr int kDigits = 12;

@@ -7,13 +7,22 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QLabel>
 #include <QPointer>
 
 namespace {
 
+/// A tool tip may be the keys alone.
+QString keysInLanguage(const QString& text) {
+  const QKeySequence keys = text.contains(u'+') ? QKeySequence(text, QKeySequence::PortableText) : QKeySequence();
+  return keys.toString(QKeySequence::PortableText) == text ? keys.toString(QKeySequence::NativeText) : text;
+}
+
 QString inLanguage(const FormText& text) {
-  return translatedCaption(text.english.isNull() ? text.shown : text.english);
+  const QString& english = text.english.isNull() ? text.shown : text.english;
+  const QString caption = translatedCaption(english);
+  return caption == english ? keysInLanguage(english) : caption;
 }
 
 /// Sees every control before it is laid out, shown, painted and hovered over.

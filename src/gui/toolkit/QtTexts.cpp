@@ -14,6 +14,18 @@ namespace {
 // Where a word of this program means something else the text has the place that Qt knows it by in front.
 const QSet<QString>& qtTexts() {
   static const QSet<QString> texts{
+      shownText(u"Cursor at %1, %2\nPress ESC to cancel"_s),
+      // Keys beside the entries of menus.
+      shownText(u"QShortcut|Ctrl"_s),
+      shownText(u"QShortcut|Shift"_s),
+      shownText(u"QShortcut|Alt"_s),
+      shownText(u"QShortcut|Return"_s),
+      shownText(u"QShortcut|Up"_s),
+      shownText(u"QShortcut|Down"_s),
+      shownText(u"QShortcut|Left"_s),
+      shownText(u"QShortcut|Right"_s),
+      shownText(u"QShortcut|Home"_s),
+      shownText(u"QShortcut|Del"_s),
       // Choosing files.
       shownText(u"%1 already exists.\nDo you want to replace it?"_s),
       shownText(u"%1\nFile not found.\nPlease verify the correct file name was given."_s),
@@ -21,6 +33,7 @@ const QSet<QString>& qtTexts() {
       shownText(u"'%1' is write protected.\nDo you want to delete it anyway?"_s),
       shownText(u"Are you sure you want to delete '%1'?"_s),
       shownText(u"Could not delete directory."_s),
+      shownText(u"QFileDialog|Show"_s),
       shownText(u"Recent Places"_s),
       shownText(u"Directory"_s),
       shownText(u"Choose"_s),
@@ -50,6 +63,9 @@ const QSet<QString>& qtTexts() {
       shownText(u"Scroll left"_s),
       shownText(u"Scroll right"_s),
       shownText(u"Copy Link Location"_s),
+      // Those of fields with numbers.
+      shownText(u"Step up"_s),
+      shownText(u"Step down"_s),
       // Setting up a printer.
       shownText(u"QPrintWidget|Location"_s),
       shownText(u"Properties"_s),
@@ -90,9 +106,32 @@ const QSet<QString>& qtTexts() {
       shownText(u"Orientation"_s),
       shownText(u"Portrait"_s),
       shownText(u"Landscape"_s),
+      shownText(u"Reverse portrait"_s),
+      shownText(u"Reverse landscape"_s),
+      shownText(u"Paper source"_s),
+      shownText(u"Page order"_s),
+      shownText(u"Millimeters (mm)"_s),
+      shownText(u"Inches (in)"_s),
+      shownText(u"Points (pt)"_s),
+      shownText(u"Left to Right, Top to Bottom"_s),
+      shownText(u"Left to Right, Bottom to Top"_s),
+      shownText(u"Right to Left, Top to Bottom"_s),
+      shownText(u"Right to Left, Bottom to Top"_s),
+      shownText(u"Bottom to Top, Left to Right"_s),
+      shownText(u"Bottom to Top, Right to Left"_s),
+      shownText(u"Top to Bottom, Left to Right"_s),
+      shownText(u"Top to Bottom, Right to Left"_s),
       shownText(u"Margins"_s),
       shownText(u"Page Layout"_s),
       shownText(u"Pages per sheet"_s),
+      shownText(u"Current Page"_s),
+      shownText(u"Invalid Pages Definition"_s),
+      shownText(u"%1 does not follow the correct syntax. Please use ',' to separate ranges and pages, '-' to define "
+                "ranges and make sure ranges do not intersect with each other."_s),
+      shownText(u"Options 'Pages Per Sheet' and 'Page Set' cannot be used together.\nPlease turn one of those options "
+                "off."_s),
+      shownText(u"Page Setup Conflicts"_s),
+      shownText(u"There are conflicts in page setup options. Do you want to fix them?"_s),
   };
   return texts;
 }

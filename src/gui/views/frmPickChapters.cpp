@@ -1,5 +1,6 @@
 #include "gui/views/frmPickChapters.h"
 
+#include "core/infra/HelpFile.h"
 #include "core/infra/Toolkit.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -130,8 +131,9 @@ void frmPickChapters::done(int result) {
   QDialog::done(result);
 }
 
-std::optional<ChapterRange> pickChapters() {
+std::optional<ChapterRange> pickChapters(const QString& helpPage) {
   const OverActiveWindow<frmPickChapters> form;
+  form->setProperty(HelpFile::kPage, helpPage);
   form->ShowRange();
   if (!form.isThere() || form->Cancelled) {
     return {};

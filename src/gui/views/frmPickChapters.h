@@ -44,5 +44,5 @@ class frmPickChapters : public QDialog {
   QPushButton* cmdCancel = nullptr;
 };
 
-/// Asks for a range over the active window; nothing when none was chosen.
-std::optional<ChapterRange> pickChapters();
+/// Asks for a range over the active window; nothing when none was chosen. Help opens this page of the manual.
+std::optional<ChapterRange> pickChapters(const QString& helpPage);

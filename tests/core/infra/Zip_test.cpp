@@ -165,8 +165,8 @@ TEST_F(Zip, WhateverFailsTheOldArchiveIsThereAndTheCauseIsTold) {
   writeFile(path(u"short.zip"_s), old.chopped(30));
   for (const auto& [archive, cause] : {std::pair{u"gone/a.zip"_s, u"Path not found"_s},
                                        {u"folder.zip"_s, u"Path/File access"_s},
-                                       {u"none.zip"_s, u"Not a zip archive"_s},
-                                       {u"short.zip"_s, u"Not a zip archive"_s}}) {
+                                       {u"none.zip"_s, u"it is no archive"_s},
+                                       {u"short.zip"_s, u"it is no archive"_s}}) {
     const QByteArray before = fileBytes(path(archive));
     zip_.ZipFileName = path(archive);
     EXPECT_NE(pack({u"book/RTF/1.rtf"_s}), 0) << qPrintable(archive);

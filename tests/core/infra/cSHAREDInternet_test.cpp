@@ -137,12 +137,20 @@ TEST_F(Internet, ATextIsTakenByTheProxyOfTheSettings) {
   Settings().sSet(u"ProxyUser"_s, u"me"_s);
   Settings().sSet(u"ProxyPwd"_s, cSharedEncrypt::Encrypt(u"secret"_s));
   internet.ApplyProxy();
+  QString why;
+  internet.DownloadError = [&](const QString& told) { why = told; };
   EXPECT_EQ(internet.OpenURL(u"http://nowhere.invalid/text"_s), u"by the proxy"_s);
   const QString asked = server.asked().constLast();
   EXPECT_TRUE(
       asked.contains(u"Proxy-Authorization: Basic "_s + QString::fromLatin1(QByteArray("me:secret").toBase64())));
   EXPECT_FALSE(asked.contains(u"User-Agent"_s)) << "nothing but the request";
   const WebServer other({{u"/text"_s, WebServer::ok("past it")}});
+  Settings().sSet(u"ProxyPort"_s, 9);
+  internet.ApplyProxy();
+  EXPECT_EQ(internet.OpenURL(other.address(u"/text"_s)), QString());
+  EXPECT_EQ(why, u"The proxy server could not be reached"_s);
+  Settings().sSet(u"ProxyPort"_s, server.address({}).section(u':', -1));
+  internet.ApplyProxy();
   internet.TimeoutMs = 50;
   EXPECT_EQ(internet.OpenURL(other.address(u"/text"_s)), QString());
   EXPECT_EQ(other.asked(), QStringList()) << "a proxy that was named has no exceptions";

@@ -152,6 +152,16 @@ TEST_F(LangTest, KeepsMarksDotsAndBlanksOutOfTheKeys) {
   }
 }
 
+TEST_F(LangTest, AColonIsWrittenAsTheLanguageDoes) {
+  load(u"# Colon:\u00a0:\nFrançais\nTitle||Titre\nUse it||Utiliser : oui\n"_s.toUtf8());
+  EXPECT_EQ(lang_.TranslationOf(u"&Title:"_s), u"Titre\u00a0:"_s);
+  EXPECT_EQ(lang_.TranslationOf(u"Title"_s), u"Titre"_s);
+  EXPECT_EQ(lang_.TranslationOf(u"Use it..."_s), u"Utiliser : oui..."_s);
+  EXPECT_EQ(lang_.TranslationOf(u"Name:"_s), u"Name:"_s) << "an English text stays as it is";
+  lang_.LoadLanguage(0);
+  EXPECT_EQ(lang_.TranslationOf(u"Titre\u00a0:"_s), u"Title:"_s);
+}
+
 TEST_F(LangTest, AFormGoesToALanguageAndBack) {
   // Two texts share a translation.
   file(u"a.txt"_s, "#font: Serif\nDeutsch\nSave||Sichern\nBackup||Sichern\n");

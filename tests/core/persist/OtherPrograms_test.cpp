@@ -322,7 +322,7 @@ TEST_F(OtherPrograms, ANameThatIsMadeOfWhatWasTypedIsAskedAbout) {
   ASSERT_TRUE(g_Project->Load(path_, false));
   writeFile(scratch_.path(u"Vol. 2.qn4"_s), "another book");
   screen_.expectFile(scratch_.path(u"Vol. 2"_s));
-  screen_.expectBox(u"Vol. 2.qn4 already exists. Do you want to replace it?"_s, Answer::No);
+  screen_.expectBox(u"Vol. 2.qn4 is there already. Do you want to replace it?"_s, Answer::No);
   EXPECT_FALSE(g_Project->SaveAs());
   EXPECT_EQ(fileBytes(scratch_.path(u"Vol. 2.qn4"_s)), "another book");
   EXPECT_EQ(g_Project->FileWithPath, path_);

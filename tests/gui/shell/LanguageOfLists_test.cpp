@@ -44,7 +44,8 @@ class LanguageOfListsTest : public ShellTest {
               "File has been changed.  Save it?||Sichern?\n%1 description||Worum es in %1 geht\n"
               "Tension||Spannung\nGoal||Ziel\nNo Goal specified||Kein Ziel\n"_s.toUtf8());
     writeFile(folder.path(u"Languages/y.txt"_s),
-              u"Prova\nDraft||Bozza\nAction||Mossa\nGoal||Meta\n%1 words||%1 parole\n(nobody)||(nessuno)\n"_s.toUtf8());
+              u"Prova\nDraft||Bozza\nAction||Mossa\nGoal||Meta\n%1 words||%1 parole\n(nobody)||(nessuno)\n"
+              "Saved: %1||Messo: %1\nN/A||nessuno\n"_s.toUtf8());
     startWith(smallProject());
     chapterAt(1)->Title = u"Open"_s;
     sceneAt(1)->Title = u"Draft"_s;
@@ -113,6 +114,9 @@ TEST_F(LanguageOfListsTest, AStatusThatIsChosenInAnyLanguageIsTheSameNumber) {
 TEST_F(LanguageOfListsTest, OpenWindowsGoFromOneLanguageToTheNext) {
   sceneAt(1)->Edit();
   auto& editor = openEditor();
+  childOf<QPushButton>(editor, u"cmdSave"_s).click();
+  QLabel& saved = childOf<QLabel>(editor, u"StatusBar1(1)"_s);
+  const QString time = saved.text().section(u' ', 1);
   frmSceneList all;
   frmStoryboard board;
   board.show();
@@ -126,6 +130,8 @@ TEST_F(LanguageOfListsTest, OpenWindowsGoFromOneLanguageToTheNext) {
     EXPECT_EQ(childOf<QComboBox>(editor, u"cmbAction"_s).currentText(), action);
     EXPECT_EQ(childOf<QComboBox>(editor, u"cmbViewpoint"_s).placeholderText(), nobody);
     EXPECT_EQ(childOf<QLabel>(editor, u"lblGoal(0)"_s).text(), goal);
+    EXPECT_EQ(saved.text(), (language == u"Prova"_s ? u"Messo: "_s : u"Saved: "_s) + time);
+    EXPECT_EQ(cell("ListScenes", 1, 0), language == u"Prova"_s ? u"nessuno"_s : u"N/A"_s);
     const QAbstractItemModel& rows = *childOf<ListView>(all, u"ListView1"_s).model();
     EXPECT_EQ(rows.index(0, 1).data(), status);
     EXPECT_EQ(childOf<QComboBox>(all, u"cmbStatus"_s).itemText(1), status);

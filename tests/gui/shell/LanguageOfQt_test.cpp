@@ -1,6 +1,8 @@
 // Qt's own dialogs in the language that is chosen.
 
 #include "core/infra/cSharedLang.h"
+#include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/main/InterfaceLanguage.h"
 #include "gui/toolkit/LanguageHook.h"
@@ -30,7 +32,7 @@ class LanguageOfQtTest : public ShellTest {
     Lang().OverrideLanguagePath(folder.path());
     writeFile(folder.path(u"Languages/x.txt"_s),
               u"Pröbe\nLocation||Schauplatz\nQPrintWidget|Location||Standort\nLandscape||Quer\nPrint range||Bereich\n"
-              "Properties||Mehr\nName||Datei\nDate Modified||Am\nOpen||Öffnen\nLocal file||Open\n"
+              "QShortcut|Ctrl||Strg\nProperties||Mehr\nName||Datei\nDate Modified||Am\nOpen||Öffnen\nLocal file||Open\n"
               "%1 already exists.\\nDo you want to replace it?||Es gibt %1.\\nErsetzen?\n"_s.toUtf8());
     startWith(smallProject());
     fillLanguageMenu(window());
@@ -82,4 +84,13 @@ TEST_F(LanguageOfQtTest, APrinterStandsSomewhereElseThanAScene) {
     dialog.close();
   });
   EXPECT_EQ(QtPrinters().choose(cSharedPrinter::pdfFile()), QString());
+}
+
+TEST_F(LanguageOfQtTest, KeysAreCalledAsOnTheKeyboardAndReadAsTheyAreWritten) {
+  sceneAt(1)->Edit();
+  openEditor().show();
+  const QKeySequence save(u"Ctrl+S"_s);
+  EXPECT_EQ(save, QKeySequence(Qt::CTRL | Qt::Key_S));
+  EXPECT_EQ(save.toString(QKeySequence::NativeText), u"Strg+S"_s);
+  EXPECT_EQ(childOf<QPushButton>(openEditor(), u"cmdSave"_s).toolTip(), u"Strg+S"_s);
 }

@@ -51,7 +51,7 @@ QStringList keysIn(const QString& text) {
 /// The texts that the sources hand over whole to be translated where they are shown.
 QStringList spokenInSources() {
   static const QRegularExpression call(
-      uR"re((?:translated|shownText|toldText|MsgBox|showMessage|InputBox|setRest|setHint|FileDialog|GetFiles|PickFolder|setText|setToolTip|setWindowTitle|setPanel)\((?:[\w:]+, )?\s*\{?)re"
+      uR"re((?:translated|shownText|toldText|MsgBox|showMessage|InputBox|setRest|setHint|FileDialog|GetFiles|PickFolder|setText|setToolTip|setWindowTitle|setPanel)\((?:[\w:]+, )?\s*(?:\{|QStringLiteral\(\s*)?)re"
       uR"re(((?:\s*u?"(?:[^"\\]|\\.)*")+)(?:_s|sv)?\s*[,)}]\s*(?:u"((?:[^"\\*]|\\.)*)"_s)?)re"_s);
   static const QRegularExpression escaped(uR"re(\\u([0-9a-f]{4}))re"_s, QRegularExpression::CaseInsensitiveOption);
   static const QRegularExpression seam(uR"re("\s*u?")re"_s);
@@ -79,7 +79,7 @@ QStringList spokenInSources() {
 
 /// Words, and none that are the same everywhere.
 bool hasWords(const QString& key) {
-  static const QRegularExpression word(u"\\p{L}{2}|%L?1"_s);
+  static const QRegularExpression word(u"\\p{L}{2}|%L?1|^N/A$"_s);
   static const QRegularExpression name(u"^(Ctrl|Alt)[+]\\S+$|^Quillane( 4)?$|Brackenlight|~"_s);
   return key.contains(word) && !key.contains(name);
 }

@@ -55,7 +55,7 @@ void HtmlExportCommand::mnuExportHTML_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
-  const std::optional<ChapterRange> chapters = pickChapters();
+  const std::optional<ChapterRange> chapters = pickChapters(u"exports"_s);
   const QString path = chapters ? GetHTMLFilename() : QString();
   if (path.isEmpty()) {
     return;

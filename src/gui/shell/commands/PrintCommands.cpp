@@ -80,7 +80,7 @@ void PrintCommands::bindChapterReport(MenuBindings& menu, const char* entry, con
     if (g_Project->IsBusy()) {
       return;
     }
-    if (const auto chapters = pickChapters()) {
+    if (const auto chapters = pickChapters(u"printing"_s)) {
       PrintOrder order = report;
       order.name = printFileName(order.key);
       order.chapters = *chapters;
@@ -108,7 +108,7 @@ void PrintCommands::mnuPrintProject_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
-  if (const auto chapters = pickChapters()) {
+  if (const auto chapters = pickChapters(u"printing"_s)) {
     printReport({.key = u"Chapter"_s,
                  .prompt = shownText(u"Print chapter(s)"_s),
                  .name = printFileName(u"Manuscript"_s),
@@ -148,7 +148,7 @@ void PrintCommands::mnuPrintSceneCards_Click() {
     return;
   }
   const std::optional<int> cards = askCardsPerPage();
-  const std::optional<ChapterRange> chapters = cards ? pickChapters() : std::nullopt;
+  const std::optional<ChapterRange> chapters = cards ? pickChapters(u"printing"_s) : std::nullopt;
   if (chapters) {
     printReport({.key = u"Scene Cards"_s,
                  .prompt = shownText(u"Click PRINT to output all project summaries."_s),
@@ -169,7 +169,7 @@ void PrintCommands::mnuSaveSynopsis_Click() {
     toolkit().MsgBox(refusal);
     return;
   }
-  const std::optional<ChapterRange> chapters = pickChapters();
+  const std::optional<ChapterRange> chapters = pickChapters(u"printing"_s);
   if (!chapters) {
     return;
   }

@@ -93,7 +93,7 @@ void TextExportCommands::mnuExportDesc_Click() {
   if (g_Project->IsBusy()) {
     return;
   }
-  const std::optional<ChapterRange> chapters = pickChapters();
+  const std::optional<ChapterRange> chapters = pickChapters(u"exports"_s);
   if (!chapters) {
     return;
   }

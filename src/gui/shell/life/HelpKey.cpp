@@ -35,7 +35,6 @@ const std::vector<std::pair<const char*, const char*>>& HelpKey::pages() {
       {"frmWordCount", "word-usage"},
       {"frmPrinterSetup", "printing"},
       {"frmPrintPreview", "printing"},
-      {"frmPickChapters", "printing"},
       {"frmImportWIP", "imports"},
       {"frmProjectWizard", "first-book"},
       {"frmBackupViewer", "backups"},
@@ -52,6 +51,9 @@ const std::vector<std::pair<const char*, const char*>>& HelpKey::pages() {
 QString HelpKey::pageFor(const QWidget& control) {
   for (const QWidget* window = control.window(); window != nullptr;
        window = window->parentWidget() == nullptr ? nullptr : window->parentWidget()->window()) {
+    if (const QString own = window->property(HelpFile::kPage).toString(); !own.isEmpty()) {
+      return own;
+    }
     const auto found = std::find_if(pages().begin(), pages().end(), [&](const auto& line) {
       return window->objectName() == QLatin1String(line.first);
     });

@@ -68,7 +68,7 @@ ListRow sceneRow(qint32 id) {
   const auto scene = g_Project->SceneByID(id);
   const QLocale locale;
   return {
-      {scene->ViewPointChar()->Title(), locale.toString(scene->Wordcount()), calledScene(scene->Title),
+      {shownViewpoint(*scene), locale.toString(scene->Wordcount()), calledScene(scene->Title),
        SceneCells::status(*scene), SceneCells::actionOrReaction(*scene), scene->RTFFilename(),
        locale.toString(scene->Lettercount())},
       sceneIcon(*scene),

@@ -115,7 +115,7 @@ ListRow sceneRow(qint32 id) {
   const auto number = [](qint16 value) { return QString::number(value); };
   ListRow row{{g_Project->ChapterByID(scene->BelongsToChID)->Title, SceneCells::status(*scene),
                SceneCells::actionOrReaction(*scene), QLocale().toString(scene->Wordcount()), number(scene->Day),
-               number(scene->Hour), number(scene->Minute), scene->ViewPointChar()->Title(), calledScene(scene->Title),
+               number(scene->Hour), number(scene->Minute), shownViewpoint(*scene), calledScene(scene->Title),
                number(scene->LastsDays), number(scene->LastsHours), number(scene->LastsMinutes)}};
   if (scene->Unused) {
     row.colours = {{kDescription, RowColours::kGrey}};

@@ -39,7 +39,7 @@ TEST_F(HtmlExportTest, TheFileIsWrittenWholeOrNotAtAll) {
 
   writeFile(page, "mine");
   toolkit.expectFile(folder.path(u"page"_s));
-  toolkit.expectBox(u"page.html already exists. Do you want to replace it?"_s, Answer::No);
+  toolkit.expectBox(u"page.html is there already. Do you want to replace it?"_s, Answer::No);
   toolkit.expectFile(QString());
   exportAll();
   EXPECT_EQ(fileBytes(page), "mine");

@@ -177,6 +177,9 @@ TEST_F(HelpWindowTest, F1OpensThePageOfTheWindowAlsoInFrontOfABoxAndOutlivesIt) 
     QTest::keyClick(&modal, Qt::Key_F1);
     EXPECT_EQ(page(), u"sheets.html"_s);
     EXPECT_EQ(help()->parentWidget(), &modal);
+    modal.setProperty(HelpFile::kPage, u"exports"_s);
+    QTest::keyClick(&modal, Qt::Key_F1);
+    EXPECT_EQ(page(), u"exports.html"_s) << "opened for something of its own";
     modal.close();
   });
   box.exec();
