@@ -1,5 +1,6 @@
 #include "gui/shell/windows/frmHelp.h"
 
+#include "core/infra/HelpFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "gui/editor/frmEditor.h"
