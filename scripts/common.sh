@@ -2,7 +2,7 @@
 # Sourced; the caller has set -euo pipefail and stands in the project's folder.
 
 PACKAGES=(
-  g++ cmake ninja-build ccache pkg-config
+  g++ cmake ninja-build ccache pkg-config ca-certificates
   qt6-base-dev libqt6svg6 libzip-dev libcurl4-openssl-dev libgtest-dev
   fonts-dejavu-core fonts-liberation
   wamerican-large wbritish-large
@@ -82,26 +82,25 @@ with_display() {
   # Nothing of the desktop that this may be called from: not its display, and no program that runs there already.
   export XDG_RUNTIME_DIR=$runtime QT_QPA_PLATFORM=xcb
   unset WAYLAND_DISPLAY
-  local number=90
-  while [ -e "/tmp/.X11-unix/X$number" ] || [ -e "/tmp/.X$number-lock" ]; do number=$((number + 1)); done
-  # Without "-noreset" it starts anew when the first that asks whether it is there has gone, and turns others away.
-  Xvfb ":$number" -screen 0 1440x900x24 -nolisten tcp -noreset >/dev/null 2>&1 &
-  local server=$!
-  export DISPLAY=":$number"
-  local tries=0
-  until xdpyinfo >/dev/null 2>&1; do
+  # It takes a free number and tells it, so that two that start together don't share one. Without "-noreset" it starts
+  # anew when the first that asks whether it is there has gone, and turns others away.
+  Xvfb -displayfd 3 -screen 0 1440x900x24 -nolisten tcp -noreset 3>"$runtime/display" >/dev/null 2>&1 &
+  local server=$! tries=0
+  until [ -s "$runtime/display" ]; do
     tries=$((tries + 1))
-    [ $tries -lt 100 ] || { say "The virtual display did not start."; kill "$server"; exit 1; }
+    [ $tries -lt 600 ] && kill -0 "$server" 2>/dev/null || { say "The virtual display did not start."; exit 1; }
     sleep 0.1
   done
+  DISPLAY=":$(cat "$runtime/display")"
+  export DISPLAY
   local manager=$server
   if [ "${WINDOW_MANAGER:-yes}" = yes ]; then
     openbox >/dev/null 2>&1 &
-    manager=$!
+    manager=$! tries=0
     # A window that is mapped before the manager runs gets no keys.
     until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
       tries=$((tries + 1))
-      [ $tries -lt 200 ] || { say "The window manager did not start."; kill "$server"; exit 1; }
+      [ $tries -lt 600 ] || { say "The window manager did not start."; kill "$server"; exit 1; }
       sleep 0.05
     done
   fi
@@ -128,12 +127,12 @@ photograph() {
       cat "$log" >&2
       return 1
     fi
-    if xdotool search --onlyvisible --name "$title" >/dev/null 2>&1; then
+    if timeout 5 xdotool search --onlyvisible --name "$title" >/dev/null 2>&1; then
       timeout 20 import -silent -window root "$picture" || continue
       now=$(identify -format '%#' "$picture")
       [ "$now" = "$last" ] && break
       last=$now
-    elif box=$(xdotool search --onlyvisible --name '^Quillane$' 2>/dev/null | tail -n 1) && [ -n "$box" ]; then
+    elif box=$(timeout 5 xdotool search --onlyvisible --name '^Quillane$' 2>/dev/null | tail -n 1) && [ -n "$box" ]; then
       # The box of a first start.
       timeout 5 xdotool windowactivate --sync "$box" key Return 2>/dev/null || true
     fi

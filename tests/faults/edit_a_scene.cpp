@@ -5,6 +5,7 @@
 //
 // HOME is the folder for settings and log. It prints "kept N" when the timer has been there behind the word N, and what
 // a user is told.
+#include "core/infra/Clock.h"
 #include "core/infra/Paths.h"
 #include "core/infra/cSHAREDSettings.h"
 #include "core/model/Globals.h"
@@ -80,6 +81,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   Paths::overrideFolders(arguments[1]);
+  // A copy's name has the minute: one that turns would be another number of calls.
+  Clock::set(Clock::now());
   ListeningToolkit screen;
   installToolkit(&screen);
   registerWindows();

@@ -32,7 +32,7 @@ class FtpServer {
     QTcpServer passive;
     passive.listen(QHostAddress::LocalHost);
     say(socket, "220 Ready");
-    while (LocalServer::isOpen(socket)) {
+    while (LocalServer::isOpen(socket) && !server_.ends()) {
       if (!socket.canReadLine() && !socket.waitForReadyRead(LocalServer::kLookMs)) {
         continue;
       }
@@ -54,7 +54,12 @@ class FtpServer {
   }
   void send(QTcpSocket& socket, QTcpServer& passive) {
     say(socket, "150 Here it comes");
-    passive.waitForNewConnection(-1);
+    // Whoever asks for a file and doesn't fetch it isn't waited for.
+    while (!passive.waitForNewConnection(LocalServer::kLookMs)) {
+      if (server_.ends()) {
+        return;
+      }
+    }
     const std::unique_ptr<QTcpSocket> data(passive.nextPendingConnection());
     data->write(file_);
     LocalServer::close(*data);

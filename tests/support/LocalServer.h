@@ -20,7 +20,7 @@ class LocalServer {
 
   explicit LocalServer(Answer answer, Listen listen = &std::make_unique<QTcpServer>)
       : answer_(std::move(answer)), listen_(std::move(listen)), thread_([this] { serve(); }) {
-    while (port_ == 0) {
+    while (port_ == 0 && !ends_) {
       std::this_thread::yield();
     }
   }
@@ -50,7 +50,8 @@ class LocalServer {
  private:
   void serve() {
     const std::unique_ptr<QTcpServer> server = listen_();
-    server->listen(QHostAddress::LocalHost);
+    // Without a loopback nobody waits for it.
+    ends_ = ends_ || !server->listen(QHostAddress::LocalHost);
     port_ = server->serverPort();
     while (!ends_) {
       server->waitForNewConnection(kLookMs);

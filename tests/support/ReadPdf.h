@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/WaitFor.h"
+
 #include <QProcess>
 #include <QStandardPaths>
 #include <QString>
@@ -15,7 +17,7 @@ inline QString outputOf(const QString& program, const QStringList& arguments) {
   }
   QProcess process;
   process.start(path, arguments);
-  process.waitForFinished();
+  EXPECT_TRUE(process.waitForFinished(kPatience));
   EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
   return QString::fromUtf8(process.readAllStandardOutput());
 }

@@ -19,6 +19,8 @@ TestHome::TestHome() {
   qputenv("XDG_CONFIG_HOME", (home + u"/config"_s).toLocal8Bit());
   qputenv("XDG_DATA_HOME", (home + u"/data"_s).toLocal8Bit());
   qputenv("TZ", "UTC");
+  // No proxy of this machine stands between a test and its servers.
+  qputenv("no_proxy", "*");
   QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
   // The helper libraries are looked for in the program's folder: the test's one links to the built ones.
   const QDir built(QCoreApplication::applicationDirPath());

@@ -127,7 +127,11 @@ TEST_F(EditorSpellingTest, ASceneIsCheckedAMomentAfterItWasOpenedAndTheListsAreR
   for (const bool on : {true, false}) {
     Settings().sSet(u"AutoSpell"_s, on);
     Spell() = cSharedSpell();
-    frmEditor& editor = openWith(u"dog dgo"_s);
+    // Not a moment is waited for before it is looked at.
+    scene()->setTextRTF(writeRtf(RichText::fromPlain(u"dog dgo"_s)));
+    scene()->Edit();
+    frmEditor& editor = required(editorWindows().value(0), u"editor"_s);
+    pane_ = &control<RichTextBox>(editor, "txtMain");
     const auto& timer = childOf<QTimer>(editor, u"TimerFirstSpellCheck"_s);
     EXPECT_TRUE(timer.isActive() && timer.isSingleShot());
     EXPECT_EQ(timer.interval(), 1500);

@@ -22,6 +22,7 @@
 #include <QLabel>
 #include <QTest>
 
+#include <chrono>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -85,6 +86,9 @@ frmMain& ShellTest::start(const QString& commandLine) {
   window_.reset();
   window_ = std::make_unique<frmMain>(commandLine);
   window_->endProcess = [this] { ++ended; };
+  for (const QString& timer : {u"TimerBookBackups"_s, u"TimerDisk"_s}) {
+    required(window_->findChild<QTimer*>(timer), timer).setInterval(std::chrono::hours(1));
+  }
   if (prepare) {
     prepare(*window_);
   }

@@ -7,6 +7,7 @@
 #include "support/TestHome.h"
 
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -34,6 +35,9 @@ class ShellTest : public ::testing::Test {
   frmMain& window() { return required(window_, QStringLiteral("main window")); }
   /// Ends the program by its own way out and forgets the window.
   void endProgram();
+
+  /// Lets a timer come round that a start holds back: machines do other work too.
+  void hurry(const char* timer) { control<QTimer>(timer).setInterval(1); }
 
   void trigger(const char* entry);
   bool isEnabled(const char* entry);

@@ -32,7 +32,7 @@ class InputShieldTest : public ::testing::Test {
     window_.addAction(save);
     window_.show();
     window_.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_, 20000));
+    ASSERT_TRUE(waitUntilActive(window_));
     line_->setFocus();
   }
 

@@ -19,6 +19,7 @@
 #include "support/FailingDisk.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
+#include "support/WaitFor.h"
 #include "support/TestHome.h"
 #include "support/WebServer.h"
 
@@ -221,7 +222,7 @@ TEST_F(ShutDownTest, EndedByTheSystemInTheMiddleOfAQuestionItLosesNothing) {
   toolkit.onChoice = [&] {
     window().EndAtOnce();
     QDialog question;
-    QTimer::singleShot(5000, &question, [&] {
+    QTimer::singleShot(kPatience, &question, [&] {
       leftOpen = true;
       question.reject();
     });

@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 class BookBackupsTest : public BackupTest {
  protected:
   bool archiveComes() {
+    hurry("TimerBookBackups");
     return soon([this] { return QFile::exists(archive()); });
   }
   frmBackupViewer* viewer() { return window().findChild<frmBackupViewer*>(); }
@@ -69,6 +70,7 @@ TEST_F(BookBackupsTest, AReadOnlyBookGetsNone) {
 TEST_F(BookBackupsTest, AFailureIsToldUntilABackupWorks) {
   startWith(project_);
   writeFile(below(u"Autobackups"_s), "a file in the way");
+  hurry("TimerBookBackups");
   ASSERT_TRUE(soon([this] { return panel("backup") == u"  The last backup failed  "_s; }));
   EXPECT_TRUE(control<QLabel>("backup").isVisible());
   EXPECT_TRUE(control<QLabel>("backup").toolTip().contains(u"Small.zip"_s));
@@ -86,6 +88,7 @@ TEST_F(BookBackupsTest, AYoungerCopyWithOtherWordsIsOfferedOnce) {
   writeCopy(u"RTF_00001_Scene_1_Plan.rtf"_s, simpleRtf("planned and never saved"), 5);
   toolkit.expectBox(u"Backup copies hold words that were never saved to the book:\nArrival 1"_s, Answer::No);
   startWith(project_);
+  hurry("TimerBookBackups");
   ASSERT_TRUE(soon([this] { return !toolkit.boxes.isEmpty(); }));
   EXPECT_FALSE(toolkit.boxes.last().contains(u"Arrival 2"_s));
   EXPECT_EQ(viewer(), nullptr);
@@ -102,6 +105,7 @@ TEST_F(BookBackupsTest, AYoungerCopyWithOtherWordsIsOfferedOnce) {
   writeCopy(u"RTF_00002_Scene_2.rtf"_s, simpleRtf("typed in another"), 6);
   toolkit.expectBox(u"Backup copies hold words that were never saved to the book:\n"_s, Answer::Yes);
   start();
+  hurry("TimerBookBackups");
   ASSERT_TRUE(soon([this] { return viewer() != nullptr && viewer()->isVisible(); }));
   EXPECT_EQ(control<RichTextBox>("RichTextBox1").Text(), u"typed later still"_s);
   EXPECT_EQ(list("ListView1").SelectedTags().size(), 1);

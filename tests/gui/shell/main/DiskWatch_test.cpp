@@ -20,7 +20,7 @@ class DiskWatchTest : public ShellTest {
     ShellTest::SetUp();
     path_ = smallProject();
     startWith(path_);
-    control<QTimer>("TimerDisk").setInterval(1);
+    hurry("TimerDisk");
     EXPECT_FALSE(button().isVisible());
   }
 
