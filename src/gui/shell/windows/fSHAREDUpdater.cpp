@@ -341,12 +341,15 @@ void fSHAREDUpdater::tellAvailable() {
   tellUpdate(translated(u"Version %1 is available!"_s).arg(newest_.version.toUpper()));
   if (std::exchange(silent_, false)) {
     offers_ = true;
+    // Whoever ends the program before is told by the next run's check.
+    Settings().DeleteSettingByName(kLastCheck);
     Q_EMIT Offered();
   }
 }
 
 void fSHAREDUpdater::Offer() {
   offers_ = false;
+  SaveLastCheckDate();
   if (toolkit().MsgBox(u"An update is available. Would you like to view the details now?"_s, Buttons::YesNo) ==
       Answer::Yes) {
     showForm();

@@ -169,9 +169,11 @@ TEST_F(UpdaterTest, ANewVersionIsToldOfWhenNobodyWritesOrWhereItWasAskedFor) {
   ASSERT_TRUE(soon([&] { return editor() != nullptr && updater().HasOffer(); }));
   QTest::qWait(50);
   EXPECT_EQ(toolkit.boxes, QStringList()) << "nothing takes the keyboard from the text";
+  EXPECT_TRUE(updater().DoCheckNow()) << "whoever ends here is told another time";
   toolkit.expectBox(u"An update is available."_s, Answer::Yes);
   openEditor().close();
   ASSERT_TRUE(soon([&] { return updater().isVisible(); }));
+  EXPECT_FALSE(updater().DoCheckNow());
   updater().close();
   Settings().sSet(u"LastUpdateCheck"_s, u""_s);
   toolkit.onYield = [&] { trigger("mnuCheckVersion"); };
