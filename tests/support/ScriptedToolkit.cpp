@@ -155,7 +155,7 @@ bool ScriptedToolkit::openDocument(const QString& pathOrAddress) {
 
 bool ScriptedToolkit::runProgram(const QString& program, const QStringList& arguments, bool) {
   programsRun.append((QStringList{program} + arguments).join(u' '));
-  return true;
+  return startsPrograms;
 }
 
 std::unique_ptr<ProgressWindow> ScriptedToolkit::makeProgressWindow() {

@@ -39,6 +39,7 @@ class ScriptedToolkit : public Toolkit {
   int progressWindowsShown = 0;
   QStringList openedDocuments;
   QStringList programsRun;
+  bool startsPrograms = true;
   QString clipboard;
   Pointer pointer = Pointer::Normal;
   int yields = 0;

@@ -10,8 +10,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <memory>
 #include <mutex>
+#include <thread>
 #include <utility>
 
 /// A web server on this machine. Each request for a path gets the bytes that are held for it
@@ -26,6 +28,8 @@ class WebServer {
     QByteArray bytes;
     /// The connection stays as it is behind these bytes.
     bool isHeld = false;
+    /// More than 0: they come in ten pieces, with so long a silence behind each.
+    int pauseMs = 0;
   };
 
   explicit WebServer(QHash<QString, Reply> replies, Kind kind = Kind::Plain)
@@ -58,6 +62,11 @@ class WebServer {
     reply.isHeld = true;
     return reply;
   }
+  static Reply trickling(const QByteArray& bytes, int pauseMs) {
+    Reply reply(bytes);
+    reply.pauseMs = pauseMs;
+    return reply;
+  }
 
  private:
   class Listener : public QTcpServer {
@@ -86,6 +95,15 @@ class WebServer {
     const Kind kind_;
   };
 
+  static void send(QTcpSocket& socket, const Reply& reply) {
+    constexpr qsizetype kPieces = 10;
+    const qsizetype step = reply.pauseMs > 0 ? reply.bytes.size() / kPieces + 1 : reply.bytes.size();
+    for (qsizetype at = 0; at < reply.bytes.size(); at += step) {
+      socket.write(reply.bytes.mid(at, step));
+      socket.flush();
+      std::this_thread::sleep_for(std::chrono::milliseconds(reply.pauseMs));
+    }
+  }
   void answer(QTcpSocket& socket) {
     QByteArray head;
     while (!head.contains("\r\n\r\n") && LocalServer::isOpen(socket) && !server_.ends()) {
@@ -100,8 +118,7 @@ class WebServer {
     }
     const auto reply = replies_.constFind(QString::fromLatin1(head).section(u' ', 1, 1));
     if (reply != replies_.constEnd()) {
-      socket.write(reply->bytes);
-      socket.flush();
+      send(socket, *reply);
     }
     // Who didn't even ask has hung up.
     if (!head.isEmpty() && (reply == replies_.constEnd() || reply->isHeld)) {

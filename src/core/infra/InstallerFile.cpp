@@ -45,7 +45,8 @@ QString downloadInstaller(cSHAREDInternet& internet, const QString& address, con
     Files().EraseFile(path);
     return failed();
   }
-  if (expected > 0 && Files().FileSize(path) != expected) {
+  // Where no length was announced a connection that was cut looks like the end of the file.
+  if (Files().FileSize(path) != expected) {
     Files().EraseFile(path);
     return incomplete();
   }
@@ -58,19 +59,18 @@ QString downloadInstaller(cSHAREDInternet& internet, const QString& address, con
 }
 
 QString downloadOwnInstaller(cSHAREDInternet& internet, const QString& address, const QString& path) {
-  if (!Files().EraseFile(path)) {
-    return failed();
-  }
-  const QString failure = downloadInstaller(internet, address, path);
-  if (!failure.isEmpty()) {
-    return failure;
-  }
+  // What replaces a file has its rights from the first byte on.
   constexpr QFile::Permissions kOwnersAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-  if (!QFile::setPermissions(path, kOwnersAlone)) {
-    Files().EraseFile(path);
+  QFile place(path);
+  if (!Files().EraseFile(path) || !place.open(QFile::WriteOnly | QFile::NewOnly, kOwnersAlone)) {
     return failed();
   }
-  return {};
+  place.close();
+  QString failure = downloadInstaller(internet, address, path);
+  if (!failure.isEmpty()) {
+    Files().EraseFile(path);
+  }
+  return failure;
 }
 
 bool isStillThat(const QString& path, const QByteArray& hash) {

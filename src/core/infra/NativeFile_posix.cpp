@@ -22,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;
+constexpr mode_t kOwnersAlone = 0600;
 constexpr mode_t kPermissionBits = 07777;
 constexpr off_t kLargestRead = off_t{1} << 30;
 
@@ -204,7 +205,7 @@ struct ReplacementFile::Handle : Descriptor {
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
 
-  void openBeside();
+  void openBeside(mode_t mode);
   void write(QByteArrayView bytes);
   FileStamp checkContent() const;
   void takePermissions(const struct stat& old) const;
@@ -226,13 +227,13 @@ struct ReplacementFile::Handle : Descriptor {
 };
 
 /// The name doesn't grow with the target's, so that a name of the greatest length can be replaced too.
-void ReplacementFile::Handle::openBeside() {
+void ReplacementFile::Handle::openBeside(mode_t mode) {
   static int count = 0;
   removeStale(folderOf(target));
   const QByteArray start = folderOf(target) + ".quillane-" + QByteArray::number(::getpid()) + '-';
   do {
     temporary = start + QByteArray::number(++count) + ".tmp";
-    fd = ::open(temporary.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+    fd = ::open(temporary.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
   } while (fd < 0 && errno == EEXIST);
   if (fd < 0) {
     const int code = errno;
@@ -287,7 +288,8 @@ ReplacementFile::ReplacementFile(const QString& path) : handle_(std::make_unique
     }
     return;
   }
-  handle_->openBeside();
+  // Nobody gets in before the rights are those of the old file.
+  handle_->openBeside(exists ? kOwnersAlone : kNewFileMode);
   if (exists) {
     handle_->takePermissions(old);
   }

@@ -25,8 +25,8 @@ class InputHold {
   virtual ~InputHold() = default;
 };
 
-/// NoUnlessYes is YesNo in which Enter says No. YesNoOrBack has Cancel too, which closing the box without a choice is,
-/// so that neither is taken for it.
+/// NoUnlessYes is YesNo in which Enter says No and a typed letter nothing. YesNoOrBack has Cancel too, which closing
+/// the box without a choice is, so that neither is taken for it.
 enum class Buttons { Ok, YesNo, NoUnlessYes, YesNoOrBack, RetryCancel };
 enum class Answer { Ok, Yes, No, Retry, Cancel };
 enum class Pointer { Normal, Busy, Background };

@@ -61,12 +61,16 @@ VersionFile VersionFile::read(const QString& text) {
   const QStringList lines = plain.remove(u'\r').split(u'\n');
   VersionFile file;
   constexpr qsizetype kMostShown = 40;
+  constexpr qsizetype kLongestAddress = 500;
   const QString version = lines.value(0).trimmed();
   file.version = version.left(kMostShown);
   file.numbers = ProgramVersion::read(version);
   file.download = lines.value(1).trimmed();
   if (file.numbers) {
     file.download.replace(u"@@@"_s, file.numbers->joined());
+  }
+  if (file.download.size() > kLongestAddress) {
+    file.download.clear();
   }
   return file;
 }
@@ -90,7 +94,7 @@ QString detailsFile() {
 }
 
 bool isPage(QStringView reply) {
-  return reply.contains(u"<HTML", Qt::CaseInsensitive);
+  return reply.contains(u"<HTML", Qt::CaseInsensitive) || reply.contains(u"<!DOCTYPE", Qt::CaseInsensitive);
 }
 
 QString installer(const QString& versionFile, const QString& download) {

@@ -26,7 +26,7 @@ struct VersionFile {
   QString version;
   /// Nothing when the line can't be read.
   std::optional<ProgramVersion> numbers;
-  /// A file name or an address, its "@@@" replaced by the version's numbers; may be empty.
+  /// A file name or an address, its "@@@" replaced by the version's numbers; empty also when it is longer than any.
   QString download;
 
   static VersionFile read(const QString& text);

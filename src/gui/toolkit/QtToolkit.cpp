@@ -18,6 +18,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
@@ -129,6 +130,20 @@ void prepare(const OverActiveWindow<QMessageBox>& box, QMessageBox::Icon picture
   letScroll(*box.operator->());
 }
 
+/// A box takes a letter for the button that is marked with it: not while somebody types as it comes up. Alt brings it
+/// back.
+class LettersIgnored : public QObject {
+ public:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) {
+      const auto& key = *static_cast<QKeyEvent*>(event);
+      const bool isTyped = !(key.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
+      return isTyped && !key.text().isEmpty() && key.text().front().isLetter();
+    }
+    return QObject::eventFilter(watched, event);
+  }
+};
+
 /// Marks the first letter of a word that isn't taken yet.
 QString withMnemonic(const QString& caption, QString& taken) {
   QString text = QString(caption).replace(u'&', u"&&"_s);
@@ -181,11 +196,15 @@ QtToolkit::QtToolkit() {
 Answer QtToolkit::MsgBox(const QString& text, Buttons buttons) {
   const PointerPause pause(*this);
   const BoxKind kind = kindOf(buttons);
+  LettersIgnored typing;
   const OverActiveWindow<QMessageBox> box;
   prepare(box, kind.picture, text);
   box->setStandardButtons(kind.buttons);
   box->setDefaultButton(kind.onEnter);
   box->setEscapeButton(kind.onEscape);
+  if (buttons == Buttons::NoUnlessYes) {
+    box->installEventFilter(&typing);
+  }
   box->button(kind.onEnter)->setFocus();
   const int button = box->exec();
   return answerOf(button == 0 ? kind.onEscape : button);

@@ -44,6 +44,12 @@ TEST(VersionFile, ItsLinesAreReadOrTheVersionIsNot) {
   }
 }
 
+TEST(VersionFile, ALineThatIsTooLongForAnAddressIsNone) {
+  for (const auto& [length, is] : {std::pair{400, true}, {600, false}, {900'000, false}}) {
+    EXPECT_EQ(VersionFile::read(u"4.0.90\n"_s + QString(length, u'x')).download.isEmpty(), !is) << length;
+  }
+}
+
 TEST(VersionFile, AnInstallerComesSafelyFromTheHostOfTheVersionFileOnly) {
   const QString from = u"https://maker.example/versions/current.txt"_s;
   EXPECT_EQ(UpdateAddress::installer(from, u"get.exe"_s), u"https://maker.example/versions/get.exe"_s);

@@ -97,6 +97,18 @@ TEST_F(Internet, AFailedTransferLeavesWhatStoodThere) {
   }
 }
 
+TEST_F(Internet, WhatGetsFurtherMayTakeItsTimeButNotForEver) {
+  const QByteArray body(1'000, 'z');
+  const WebServer server(
+      {{u"/slow"_s, WebServer::trickling(WebServer::ok(body), 60)}, {u"/circle"_s, WebServer::moved("/circle")}});
+  internet.TimeoutMs = 400;
+  EXPECT_TRUE(internet.GetFile(server.address(u"/slow"_s), path)) << "it was never silent for so long";
+  EXPECT_EQ(content(), body);
+  internet.MayBeSentTo = [](const QString& to) { return to; };
+  EXPECT_FALSE(internet.GetFile(server.address(u"/circle"_s), path));
+  EXPECT_EQ(server.asked().size(), 1 + 11);
+}
+
 TEST_F(Internet, AFileThatCannotBeWrittenFails) {
   const WebServer server({{u"/list.zip"_s, WebServer::ok("zip")}});
   EXPECT_FALSE(internet.GetFile(server.address(u"/list.zip"_s), folder.path(u"none/list.zip"_s)));
@@ -131,6 +143,13 @@ TEST_F(Internet, ATextIsTakenByTheProxyOfTheSettings) {
   for (const QString& none : {server.address(u"/long"_s), u"http://nowhere.invalid/text"_s, u""_s}) {
     EXPECT_EQ(internet.OpenURL(none), QString()) << none.toStdString();
   }
+  qputenv("http_proxy", server.address({}).toUtf8());
+  for (const auto& [type, expected] : {std::pair{1, u"by the proxy"_s}, {0, u""_s}, {3, u""_s}}) {
+    Settings().sSet(u"ProxyType"_s, type);
+    internet.ApplyProxy();
+    EXPECT_EQ(internet.OpenURL(u"http://nowhere.invalid/text"_s), expected) << type;
+  }
+  qunsetenv("http_proxy");
   Settings().sSet(u"ProxyType"_s, 2);
   Settings().sSet(u"ProxyServer"_s, u"127.0.0.1"_s);
   Settings().sSet(u"ProxyPort"_s, server.address({}).section(u':', -1));

@@ -36,6 +36,7 @@ struct BoxCase {
 
 constexpr BoxCase kBoxes[] = {{Buttons::Ok, Answer::Ok, Answer::Ok},
                               {Buttons::YesNo, Answer::Yes, Answer::No},
+                              {Buttons::NoUnlessYes, Answer::No, Answer::No},
                               {Buttons::YesNoOrBack, Answer::Yes, Answer::Cancel},
                               {Buttons::RetryCancel, Answer::Retry, Answer::Cancel}};
 
@@ -77,6 +78,18 @@ TEST(Choose, EnterTakesTheDefaultAndEscapeNone) {
               }
             }),
             2);
+}
+
+TEST(MsgBox, WhoIsTypingWhenItComesUpDoesNotSayYes) {
+  QtToolkit toolkit;
+  const WhenModal type([](QWidget& window) {
+    QWidget* const focus = window.focusWidget();
+    QTest::keyClicks(focus, u"Yay"_s);
+    QTest::qWait(300);
+    EXPECT_TRUE(window.isVisible());
+    QTest::keyClick(focus, Qt::Key_Space);
+  });
+  EXPECT_EQ(toolkit.MsgBox(u"Carry on?"_s, Buttons::NoUnlessYes), Answer::No);
 }
 
 TEST(MsgBox, ALongListScrollsAndItsButtonsStayOnTheScreen) {

@@ -6,7 +6,7 @@
 #include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/frmMain.h"
 
-// Whoever opens a project by hand is not asked about updates in this run.
+// Whoever opens a project by hand has no check begin in this run any more.
 void openChosen(frmMain& main, const std::function<QString()>& choose) {
   if (g_Project->IsBusy()) {
     return;

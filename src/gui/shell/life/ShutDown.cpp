@@ -1,8 +1,10 @@
 #include "core/infra/Guard.h"
 #include "core/infra/InstallerFile.h"
 #include "core/infra/SilentToolkit.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDSettings.h"
+#include "core/infra/cSharedFileSubs.h"
 #include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/layout/PrintState.h"
@@ -44,6 +46,11 @@ QString whatWouldBeLost() {
   return g_Project->HoldsUnsaved()
              ? translated(u"The book isn't saved. What was changed since it was last saved would be lost."_s)
              : QString();
+}
+
+void logAndTell(const QString& text) {
+  Logging().LogEvent(text);
+  toolkit().MsgBox(text);
 }
 
 /// While it lives nobody is asked and nothing is shown.
@@ -203,10 +210,12 @@ void frmMain::startInstaller() {
     return;
   }
   if (!isStillThat(InstallerPath, InstallerHash)) {
-    Logging().LogEvent(u"The installer isn't what was downloaded any more, and isn't started"_s);
-    return;
+    Files().EraseFile(InstallerPath);
+    logAndTell(toldText(shownText(
+        u"The installer isn't what was downloaded any more, and isn't started. Please download it again."_s)));
+  } else if (!toolkit().runProgram(InstallerPath, {}, false)) {
+    logAndTell(toldText(shownText(u"The installer could not be started. Please run %1 manually."_s), {InstallerPath}));
   }
-  toolkit().runProgram(InstallerPath, {}, false);
 }
 
 /// Whether the program may end: not over what is in memory alone, unless the user says so.

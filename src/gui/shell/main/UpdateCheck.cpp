@@ -21,6 +21,9 @@ fSHAREDUpdater& updaterOf(frmMain& main) {
                    guarded("Updater_InstallFile", "frmMain", &main, &frmMain::Updater_InstallFile));
   QObject::connect(updater, &fSHAREDUpdater::InstallerGone, &main,
                    guarded("Updater_InstallerGone", "frmMain", [&main] { main.InstallerPath.clear(); }));
+  // Somebody may have begun to write since the check began: the question waits for what that waited for.
+  QObject::connect(updater, &fSHAREDUpdater::Offered, &main,
+                   guarded("Updater_Offered", "frmMain", &main, &frmMain::startUpdateCheck));
   QObject::connect(&main, &frmMain::leaving, updater, guarded("StopAll", "frmMain", updater, &fSHAREDUpdater::StopAll));
   return *updater;
 }
@@ -40,7 +43,9 @@ void checkForUpdateByItself(frmMain& main) {
     return;
   }
   fSHAREDUpdater& updater = updaterOf(main);
-  if (!updater.NoAutoCheck() && updater.DoCheckNow()) {
+  if (updater.HasOffer()) {
+    updater.Offer();
+  } else if (!updater.NoAutoCheck() && updater.DoCheckNow()) {
     updater.CheckForUpdate(true);
   }
 }

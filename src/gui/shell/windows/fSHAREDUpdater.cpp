@@ -1,5 +1,6 @@
 #include "gui/shell/windows/fSHAREDUpdater.h"
 
+#include "Version.h"
 #include "core/infra/Clock.h"
 #include "core/infra/CurlLibrary.h"
 #include "core/infra/DateFormat.h"
@@ -8,7 +9,6 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDInternet.h"
 #include "core/infra/cSHAREDSettings.h"
-#include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "gui/toolkit/Controls.h"
@@ -27,6 +27,7 @@
 #include <QVBoxLayout>
 
 #include <initializer_list>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -210,7 +211,8 @@ bool fSHAREDUpdater::NoAutoCheck() {
 bool fSHAREDUpdater::DoCheckNow() const {
   constexpr int kWeek = 7;
   const QDate last = QLocale::c().toDate(Settings().sGet(kLastCheck).toString().trimmed(), u"dd/MMM/yyyy"_s);
-  return !last.isValid() || last.daysTo(Clock::today()) >= kWeek;
+  // A date to come is that of a clock that was wrong.
+  return !last.isValid() || last.daysTo(Clock::today()) >= kWeek || last > Clock::today();
 }
 
 void fSHAREDUpdater::SaveLastCheckDate() {
@@ -264,6 +266,7 @@ void fSHAREDUpdater::CheckForUpdate(bool Silent) {
     return;
   }
   if (!Silent) {
+    offers_ = false;
     showForm();
   }
   if (running_) {
@@ -276,7 +279,7 @@ void fSHAREDUpdater::CheckForUpdate(bool Silent) {
   if (!Silent) {
     nextButton()->setFocus();
   }
-  lblProgram->setText(translated(u"Version %1"_s).arg(Subs().AppVersion()));
+  lblProgram->setText(translated(u"Version %1"_s).arg(u"" QUILLANE_VERSION ""_s));
   chkDisableAutoUpdate->setChecked(isSet(kDisabled));
   tellUpdate(translated(u"Checking for update"_s));
   tellStatus({});
@@ -306,7 +309,7 @@ void fSHAREDUpdater::takeReply(const QString& reply) {
     tellFailure(shownText(u"Update check failed, could not read download filename"_s));
   } else if (!newest_.numbers) {
     tellFailure(shownText(u"Could not read update status from file"_s));
-  } else if (newest_.numbers->isNewerThan(ProgramVersion::read(Subs().AppVersion()).value_or(ProgramVersion{}))) {
+  } else if (newest_.numbers->isNewerThan(ProgramVersion::read(u"" QUILLANE_VERSION).value_or(ProgramVersion{}))) {
     tellAvailable();
   } else {
     tellUpToDate();
@@ -336,12 +339,22 @@ void fSHAREDUpdater::tellFailure(const QString& text, const QString& advice) {
 void fSHAREDUpdater::tellAvailable() {
   setState(State::Available);
   tellUpdate(translated(u"Version %1 is available!"_s).arg(newest_.version.toUpper()));
-  if (silent_ && toolkit().MsgBox(u"An update is available. Would you like to view the details now?"_s,
-                                  Buttons::YesNo) == Answer::Yes) {
+  if (std::exchange(silent_, false)) {
+    offers_ = true;
+    // Whoever ends the program before is told by the next run's check.
+    Settings().DeleteSettingByName(kLastCheck);
+    Q_EMIT Offered();
+  }
+}
+
+void fSHAREDUpdater::Offer() {
+  offers_ = false;
+  SaveLastCheckDate();
+  if (toolkit().MsgBox(u"An update is available. Would you like to view the details now?"_s, Buttons::YesNo) ==
+      Answer::Yes) {
     showForm();
     nextButton()->setFocus();
   }
-  silent_ = false;
 }
 
 void fSHAREDUpdater::tellUpToDate() {

@@ -27,8 +27,12 @@ class fSHAREDUpdater : public QDialog {
   /// Whether the last check is a week old.
   bool DoCheckNow() const;
   static void SaveLastCheckDate();
-  /// A silent one speaks only of a newer version.
+  /// A silent one speaks only of a newer version, and leaves it to whoever hears of Offered when.
   void CheckForUpdate(bool Silent);
+  /// Whether a silent check has found a newer version that nobody was told of yet.
+  bool HasOffer() const { return offers_; }
+  /// Tells of it and asks whether to show the window.
+  void Offer();
   void ShowandCheck() { CheckForUpdate(false); }
   void DownloadAndInstall();
   void StopAll();
@@ -40,6 +44,7 @@ class fSHAREDUpdater : public QDialog {
  Q_SIGNALS:
   void Status(const QString& text);
   void Finished();
+  void Offered();
   void FormClosed();
   /// The installer stands in its place, is this one, and is wanted.
   void InstallFile(const QByteArray& hash);
@@ -84,6 +89,7 @@ class fSHAREDUpdater : public QDialog {
   bool silent_ = false;
   bool running_ = false;
   bool stopped_ = false;
+  bool offers_ = false;
 
   QLabel* lblProgram;
   QLabel* lblUpdate;

@@ -133,8 +133,9 @@ void fSHAREDUpdater::DownloadAndInstall() {
   }
   const QPointer<fSHAREDUpdater> form(this);
   const QByteArray hash = internet_->Hash();
+  // It comes up minutes later: what is typed elsewhere by then is no yes.
   const Answer answer =
-      toolkit().MsgBox(u"The update has been downloaded. Do you want to install it now?"_s, Buttons::YesNo);
+      toolkit().MsgBox(u"The update has been downloaded. Do you want to install it now?"_s, Buttons::NoUnlessYes);
   if (!form.isNull() && answer == Answer::Yes) {
     Q_EMIT InstallFile(hash);
   }

@@ -299,16 +299,24 @@ TEST_F(ShutDownTest, AMinimisedWindowLeavesTheSplitterAsItWasStored) {
   EXPECT_TRUE(settingsText().contains(u"SPLITPERCENT,.4"_s));
 }
 
-TEST_F(ShutDownTest, AnInstallerThatIsNotWhatHasComeIsNotStarted) {
-  startWith(smallProject());
+TEST_F(ShutDownTest, AnInstallerThatIsNotStartedIsToldOf) {
   const QString installer = Paths::programFolder() + u"Quillane4Upd.exe"_s;
-  toolkit.expectBox(u"The installer will begin when you exit Quillane. If it doesn't, run "_s + installer +
-                    u" manually."_s);
-  writeFile(installer, "changed since");
-  window().Updater_InstallFile(QCryptographicHash::hash("as it came", QCryptographicHash::Sha256));
-  window().close();
+  const auto endWith = [&](const QByteArray& content, const QString& told) {
+    startWith(smallProject());
+    toolkit.expectBox(u"The installer will begin when you exit Quillane. If it doesn't, run "_s + installer +
+                      u" manually."_s);
+    writeFile(installer, content);
+    window().Updater_InstallFile(QCryptographicHash::hash("as it came", QCryptographicHash::Sha256));
+    toolkit.expectBox(told);
+    window().close();
+    EXPECT_TRUE(logText().contains(told));
+    EXPECT_EQ(std::exchange(ended, 0), 1);
+  };
+  endWith("changed since", u"The installer isn't what was downloaded any more"_s);
   EXPECT_TRUE(toolkit.programsRun.isEmpty()) << "nothing else is started in its place";
-  EXPECT_EQ(ended, 1);
+  EXPECT_FALSE(QFile::exists(installer));
+  toolkit.startsPrograms = false;
+  endWith("as it came", u"The installer could not be started. Please run "_s + installer);
   QFile::remove(installer);
 }
 

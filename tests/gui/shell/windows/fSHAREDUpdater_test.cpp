@@ -9,6 +9,7 @@
 #include "core/model/Globals.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
+#include "gui/editor/frmEditor.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/toolkit/fSHAREDProxy.h"
 #include "support/Required.h"
@@ -17,6 +18,7 @@
 #include "support/WebServer.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -67,11 +69,14 @@ TEST_F(UpdaterTest, TheCheckOfTheMenuSaysWhatTheServerTells) {
   EXPECT_FALSE(window().ProjectChanged) << "what is open is saved first";
   EXPECT_FALSE(of("cmdDownloadInstall").isHidden());
   EXPECT_FALSE(Settings().sGet(u"LastUpdateCheck"_s).toString().isEmpty());
-  for (const auto& [reply, text] : {std::pair<QByteArray, QString>{"1.0.0\nx", u"You're up to date!"_s},
-                                    {"99.0\nx", u"Could not read update status from file"_s},
-                                    {"99.0.0\n", u"Update check failed, could not read download filename"_s},
-                                    {"<html>Gone", u"Could not retrieve update status"_s},
-                                    {"", u"Could not retrieve update status"_s}}) {
+  for (const auto& [reply, text] :
+       {std::pair<QByteArray, QString>{"1.0.0\nx", u"You're up to date!"_s},
+        {"99.0\nx", u"Could not read update status from file"_s},
+        {"99.0.0\n", u"Update check failed, could not read download filename"_s},
+        {"99.0.0\n" + QByteArray(900'000, 'x'), u"Update check failed, could not read download filename"_s},
+        {"<!Doctype html>\nGone", u"Could not retrieve update status"_s},
+        {"<html>Gone", u"Could not retrieve update status"_s},
+        {"", u"Could not retrieve update status"_s}}) {
     EXPECT_TRUE(saidOf(reply).startsWith(text)) << reply.constData();
     EXPECT_TRUE(of("cmdDownloadInstall").isHidden()) << reply.constData();
     EXPECT_FALSE(of("cmdCheckAgain").isHidden());
@@ -82,6 +87,14 @@ TEST_F(UpdaterTest, DetailsAreShownAndAnInstallerFromElsewhereRefused) {
   const WebServer server({{kCurrent, WebServer::ok("99.0.0\nget.exe")}, {kDetails, WebServer::ok("<b>Much\nis new")}});
   startWithAddress(server.address({}));
   trigger("mnuCheckVersion");
+  for (const char* page : {"<HTML>", "Error 404", ""}) {
+    const WebServer other({{kDetails, WebServer::ok(page)}});
+    Settings().sSet(u"UpdateAddress"_s, other.address({}));
+    of("cmdShowDetail").click();
+    EXPECT_EQ(status(), u"Unable to read data from server. Please check your internet settings and try again."_s);
+    EXPECT_FALSE(of<QPlainTextEdit>("txtDetail").isVisible()) << page;
+  }
+  Settings().sSet(u"UpdateAddress"_s, server.address({}));
   of("cmdShowDetail").click();
   EXPECT_EQ(of<QPlainTextEdit>("txtDetail").toPlainText(), u"<b>Much\nis new"_s);
   EXPECT_TRUE(of<QPlainTextEdit>("txtDetail").isVisible());
@@ -126,7 +139,9 @@ TEST_F(UpdaterTest, TheCheckByItselfAsksOnceAndSpeaksOfANewVersionOnly) {
   ASSERT_TRUE(soon([&] { return toolkit.boxes.size() == 2; }));
   EXPECT_FALSE(updater().isVisible());
   EXPECT_FALSE(updater().DoCheckNow());
-  for (const auto& [last, due] : {std::pair{u"01/Jan/2020"_s, true}, {u"nonsense"_s, true}, {u""_s, true}}) {
+  const auto before = [](int days) { return QLocale::c().toString(Clock::today().addDays(-days), u"dd/MMM/yyyy"_s); };
+  for (const auto& [last, due] :
+       {std::pair{before(6), false}, {before(7), true}, {before(-2), true}, {u"nonsense"_s, true}, {u""_s, true}}) {
     Settings().sSet(u"LastUpdateCheck"_s, last);
     EXPECT_EQ(updater().DoCheckNow(), due) << last.toStdString();
   }
@@ -143,6 +158,29 @@ TEST_F(UpdaterTest, TheCheckByItselfAsksOnceAndSpeaksOfANewVersionOnly) {
   toolkit.expectBox(u"Do you want to enable an automatic weekly check"_s, Answer::Yes);
   toolkit.onBox = [&] { EXPECT_TRUE(updater().NoAutoCheck()) << "nobody has agreed yet"; };
   EXPECT_FALSE(updater().NoAutoCheck());
+}
+
+TEST_F(UpdaterTest, ANewVersionIsToldOfWhenNobodyWritesOrWhereItWasAskedFor) {
+  const WebServer server({{kCurrent, WebServer::ok("99.0.0\nget.exe")}});
+  startWithAddress(server.address({}));
+  auto& timer = control<QTimer>("Timer3");
+  toolkit.onYield = [&] { window().EditSelectedScene(); };
+  timer.setInterval(1);
+  ASSERT_TRUE(soon([&] { return editor() != nullptr && updater().HasOffer(); }));
+  QTest::qWait(50);
+  EXPECT_EQ(toolkit.boxes, QStringList()) << "nothing takes the keyboard from the text";
+  EXPECT_TRUE(updater().DoCheckNow()) << "whoever ends here is told another time";
+  toolkit.expectBox(u"An update is available."_s, Answer::Yes);
+  openEditor().close();
+  ASSERT_TRUE(soon([&] { return updater().isVisible(); }));
+  EXPECT_FALSE(updater().DoCheckNow());
+  updater().close();
+  Settings().sSet(u"LastUpdateCheck"_s, u""_s);
+  toolkit.onYield = [&] { trigger("mnuCheckVersion"); };
+  timer.start();
+  ASSERT_TRUE(soon([&] { return updater().isVisible() && of("cmdCancel").isHidden(); }));
+  EXPECT_EQ(said(), u"Version 99.0.0 is available!"_s);
+  EXPECT_FALSE(timer.isActive() || updater().HasOffer());
 }
 
 TEST_F(UpdaterTest, WithoutAnAddressThereIsNoCheck) {
@@ -168,6 +206,7 @@ TEST_F(UpdaterTest, AnInstallerComesWholeFromItsHostOrNotAtAll) {
   const QList<Case> cases = {
       {u"/page"_s, WebServer::ok("<Html lang='en'>no such file"), u"Error - File not found on server."_s},
       {u"/short"_s, WebServer::ok(body, 90'000), u"Error - Downloaded file is incomplete. Please retry"_s},
+      {u"/unannounced"_s, "HTTP/1.1 200 OK\r\n\r\n" + body, u"Error - Downloaded file is incomplete. Please retry"_s},
       {u"/empty"_s, WebServer::ok({}), u"Error - Download failed."_s},
       {u"/gone"_s, "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n", u"Error - Download failed."_s},
       {u"/away"_s, WebServer::moved(elsewhere.address(u"/get.exe"_s).toUtf8()), u"Error - Download failed."_s},
@@ -196,11 +235,22 @@ TEST_F(UpdaterTest, AnInstallerComesWholeFromItsHostOrNotAtAll) {
     }
   }
   EXPECT_EQ(of<QProgressBar>("ProgressBar1").value(), 100);
+  const QString another = folder.path(u"get9900.exe"_s);
+  writeFile(another, "mine");
+  toolkit.expectFile(folder.path());
+  toolkit.expectBox(another + u" is there already."_s, Answer::No);
+  of("cmdDownload").click();
+  EXPECT_EQ(fileBytes(another), "mine");
   const QString own = Paths::programFolder() + u"Quillane4Upd.exe"_s;
   writeFile(folder.path(u"mine.txt"_s), "mine");
   ASSERT_TRUE(QFile::link(folder.path(u"mine.txt"_s), own));
   toolkit.expectBox(u"The update has been downloaded. Do you want to install it now?"_s, Answer::Yes);
   toolkit.expectBox(u"The installer will begin when you exit Quillane."_s);
+  toolkit.onYield = [] {
+    const auto coming = QDir(Paths::programFolder()).entryInfoList({u".quillane-*"_s}, QDir::Files | QDir::Hidden);
+    ASSERT_EQ(coming.size(), 1);
+    EXPECT_FALSE(coming.first().permissions() & ~0x7700) << "for the owner alone while it comes";
+  };
   of("cmdDownloadInstall").click();
   EXPECT_EQ(window().InstallerPath, own);
   EXPECT_EQ(fileBytes(own), body);
@@ -210,6 +260,7 @@ TEST_F(UpdaterTest, AnInstallerComesWholeFromItsHostOrNotAtAll) {
   toolkit.expectBox(u"The update has been downloaded. Do you want to install it now?"_s, Answer::No);
   of("cmdDownloadInstall").click();
   EXPECT_EQ(window().InstallerPath, QString()) << "the last word holds";
+  EXPECT_EQ(toolkit.lastButtons, Buttons::NoUnlessYes) << "who types while it comes says nothing";
   toolkit.expectBox(u"The update has been downloaded. Do you want to install it now?"_s, Answer::Yes);
   toolkit.expectBox(u"The installer will begin when you exit Quillane."_s);
   of("cmdDownloadInstall").click();
