@@ -33,7 +33,7 @@ const QSet<QString>& qtTexts() {
       shownText(u"'%1' is write protected.\nDo you want to delete it anyway?"_s),
       shownText(u"Are you sure you want to delete '%1'?"_s),
       shownText(u"Could not delete directory."_s),
-      shownText(u"QFileDialog|Show"_s),
+      shownText(u"Show"_s),
       shownText(u"Recent Places"_s),
       shownText(u"Directory"_s),
       shownText(u"Choose"_s),

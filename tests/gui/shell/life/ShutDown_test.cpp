@@ -19,8 +19,8 @@
 #include "support/FailingDisk.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
-#include "support/WaitFor.h"
 #include "support/TestHome.h"
+#include "support/WaitFor.h"
 #include "support/WebServer.h"
 
 #include <QCryptographicHash>
