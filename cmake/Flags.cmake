@@ -11,6 +11,3 @@ if(QUILLANE_SANITIZE)
   target_compile_options(quillane_flags INTERFACE -fsanitize=${QUILLANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(quillane_flags INTERFACE -fsanitize=${QUILLANE_SANITIZE})
 endif()
-# Files come from anywhere: what the compiler can check of buffers is checked in what people run.
-target_compile_options(quillane_flags INTERFACE
-  $<$<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:GNU>>:-D_FORTIFY_SOURCE=2 -fstack-protector-strong>)
