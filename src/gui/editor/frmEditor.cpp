@@ -159,7 +159,7 @@ void frmEditor::connectSignals() {
   connect(cmdSave, &QPushButton::clicked, this, [this] {
     const Guard guard("cmdSave_Click", kModule);
     guard([this] { storeWindowSettings(); });
-    guard([this] { SaveChanges(true); });
+    guard([this] { saveWhole(true); });
   });
   connect(cmdSaveAndExit, &QPushButton::clicked, this,
           guarded("cmdSaveAndExit_Click", kModule, this, &frmEditor::saveAndExit));

@@ -62,7 +62,7 @@ QAction* frmEditor::addEntry(QMenu* menu, const QString& name, const QString& ca
 
 void frmEditor::createFileMenu() {
   QMenu* const file = addMenu(u"mnuFile"_s, u"File"_s);
-  addEntry(file, u"mnuSave"_s, u"Save"_s, [this] { SaveChanges(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
+  addEntry(file, u"mnuSave"_s, u"Save"_s, [this] { saveWhole(true); })->setShortcut(QKeySequence(u"Ctrl+S"_s));
   addEntry(file, u"mnuSaveAndExit"_s, u"Save && Exit"_s, [this] {
     if (saveWhole()) {
       ExitForm();

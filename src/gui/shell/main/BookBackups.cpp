@@ -14,6 +14,7 @@
 #include "core/persist/BackupsView.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
+#include "gui/shell/main/ProjectSession.h"
 #include "gui/shell/main/StatusPanels.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/shell/windows/BackupCopies.h"
@@ -36,7 +37,7 @@ namespace {
 /// One look could come before the window is painted.
 constexpr int kQuietLooks = 2;
 
-/// The time of the newest copy that was offered, of the book that is open.
+/// The time of the newest copy that was refused, of the book that is open.
 QString seenKey() {
   const QByteArray path = Paths::identity(g_Project->FileWithPath).toUtf8();
   return u"CopiesSeen_"_s + QString::fromLatin1(QCryptographicHash::hash(path, QCryptographicHash::Sha1).toHex());
@@ -46,7 +47,7 @@ qint64 timeOf(const YoungerCopy& found) {
   return found.copy.Date.toMSecsSinceEpoch();
 }
 
-/// Those that weren't offered before.
+/// Those that weren't refused before.
 QList<YoungerCopy> newCopies() {
   QList<YoungerCopy> found = youngerCopies(*g_Project);
   const qint64 seen = Settings().sGet(seenKey(), 0).toLongLong();
@@ -145,10 +146,11 @@ void BookBackups::offerYoungerCopies() {
   if (found.isEmpty()) {
     return;
   }
-  const bool wanted = toolkit().MsgBox(offerOf(found), Buttons::YesNo) == Answer::Yes;
-  rememberSeen(found);
-  if (wanted) {
+  // Whoever looks may not get to the end: only what was refused isn't offered again.
+  if (toolkit().MsgBox(offerOf(found), Buttons::YesNo) == Answer::Yes) {
     showViewer(found.first().copy.Path);
+  } else {
+    rememberSeen(found);
   }
 }
 
@@ -161,6 +163,7 @@ void BookBackups::showViewer(const QString& copy) {
     QObject::connect(viewer_, &frmBackupViewer::bookChanged, &main_,
                      guarded("mnuAutobackups_Click", "frmMain", [&main = main_] {
                        main.ProjectChanged = true;
+                       main.session().saveChange();
                        main.RefreshAll();
                        g_Project->UpdateCombosInEditorWindows();
                      }));

@@ -68,6 +68,7 @@ void MainPanes::connectSignals() {
   connect(FrameChapters, &ChapterPane::chapterOpened, this, &MainPanes::chapterOpened);
   connect(FrameChapters, &ChapterPane::titlesEdited, this, &MainPanes::titlesEdited);
   connect(FrameNotes, &NotesPane::notesChanged, this, &MainPanes::notesChanged);
+  connect(FrameNotes, &NotesPane::noteSaved, this, &MainPanes::noteSaved);
   connect(FrameNotes, &NotesPane::editingChanged, this, [this](bool editing) {
     TabStrip2->setTabText(TabStrip2->indexOf(FrameNotes),
                           translated(editing ? shownText(u"Notes *"_s) : shownText(u"Notes"_s)));
@@ -171,6 +172,10 @@ bool MainPanes::mayLeaveNotes() {
 
 void MainPanes::storeTypedNote() {
   FrameNotes->storeTyped();
+}
+
+void MainPanes::setNoteWritten() {
+  FrameNotes->setWritten();
 }
 
 void MainPanes::EditSelectedScene() {

@@ -39,6 +39,8 @@ class MainPanes : public QWidget {
   bool mayLeaveNotes();
   /// The same goes into its note without a question.
   void storeTypedNote();
+  /// What was stored is in the file now.
+  void setNoteWritten();
 
   /// These scenes have changed: their rows and, for the selected one, the display.
   void showChanged(const QList<qint32>& sceneIDs);
@@ -58,6 +60,7 @@ class MainPanes : public QWidget {
   /// The selected rows of a list are to be removed by the command of this name.
   void removalWanted(const QString& command);
   void notesChanged();
+  void noteSaved();
   /// An editor was opened, or brought forward.
   void sceneEdited();
 

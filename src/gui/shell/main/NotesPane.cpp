@@ -158,7 +158,10 @@ void NotesPane::connectSignals() {
   connect(txtNoteTitle, &QLineEdit::returnPressed, txtNoteEditor, qOverload<>(&QWidget::setFocus));
   connect(cmdNew, &QPushButton::clicked, this, guarded("cmdNew_Click", kModule, this, &NotesPane::cmdNew_Click));
   connect(cmdEdit, &QPushButton::clicked, this, guarded("cmdEdit_Click", kModule, this, &NotesPane::cmdEdit_Click));
-  connect(cmdSave, &QPushButton::clicked, this, guarded("cmdSave_Click", kModule, this, &NotesPane::cmdSave_Click));
+  connect(cmdSave, &QPushButton::clicked, this, guarded("cmdSave_Click", kModule, [this] {
+            cmdSave_Click();
+            Q_EMIT noteSaved();
+          }));
   connect(cmdDiscard, &QPushButton::clicked, this,
           guarded("cmdDiscard_Click", kModule, this, &NotesPane::cmdDiscard_Click));
 }
@@ -312,6 +315,13 @@ void NotesPane::storeTyped() {
   ListNotes->finishEdit();
   if (holdsTyped()) {
     store();
+  }
+}
+
+void NotesPane::setWritten() {
+  if (editing_) {
+    titleBefore_ = txtNoteTitle->text();
+    textBefore_ = txtNoteEditor->Text();
   }
 }
 

@@ -35,10 +35,14 @@ class NotesPane : public QWidget {
   bool mayLeave();
   /// What is typed goes into its note without a question, and can be edited further.
   void storeTyped();
+  /// What was stored stands in the book's file: it doesn't count as typed any more.
+  void setWritten();
 
  Q_SIGNALS:
   void editingChanged(bool editing);
   void notesChanged();
+  /// The writer has pressed Save.
+  void noteSaved();
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -77,8 +77,11 @@ void ProjectSession::SaveProject(bool ShowProgress) {
   if (g_Project->ReadOnly()) {
     return;
   }
+  // Whoever saves the book means the note as well that is being written.
+  main_.panes().storeTypedNote();
   main_.ProjectChanged = false;
   if (g_Project->SaveQN4(ShowProgress)) {
+    main_.panes().setNoteWritten();
     AddToRecent(g_Project->FileWithPath);
   } else {
     reloadIfWanted(ShowProgress);

@@ -137,6 +137,7 @@ void frmMain::connectSignals() {
   };
   connect(panes_, &MainPanes::titlesEdited, this, guarded("txtTitle_Change", kModule, keepInMind));
   connect(panes_, &MainPanes::notesChanged, this, guarded("ListNotes_Change", kModule, keepInMind));
+  connect(panes_, &MainPanes::noteSaved, this, guarded("cmdSave_Click", kModule, [this] { session().saveChange(); }));
   connect(menus_, &MainMenuBar::chosen, this, guarded("mnu_Click", kModule, [this] { showRest(); }));
   connect(menus_, &MainMenuBar::hinted, this,
           guarded("mnu_MouseMove", kModule, [this](const QString& note) { status_->setHint(note); }));

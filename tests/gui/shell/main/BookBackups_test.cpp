@@ -107,6 +107,11 @@ TEST_F(BookBackupsTest, AYoungerCopyWithOtherWordsIsOfferedOnce) {
   start();
   hurry("TimerBookBackups");
   ASSERT_TRUE(soon([this] { return viewer() != nullptr && viewer()->isVisible(); }));
+  endProgram();
+  toolkit.expectBox(u"Backup copies hold words that were never saved to the book:\n"_s, Answer::Yes);
+  start();
+  hurry("TimerBookBackups");
+  ASSERT_TRUE(soon([this] { return viewer() != nullptr && viewer()->isVisible(); })) << "looking is no answer";
   EXPECT_EQ(control<RichTextBox>("RichTextBox1").Text(), u"typed later still"_s);
   EXPECT_EQ(list("ListView1").SelectedTags().size(), 1);
   EXPECT_FALSE(window().ProjectChanged);

@@ -107,6 +107,18 @@ TEST_F(NotesPaneTest, WhatIsSavedGoesIntoTheBook) {
   EXPECT_EQ(inBook().constFirst(), u"Done at last: Again. Line one\r\nLine two"_s);
   EXPECT_EQ(row("ListNotes", 0), QStringList{u"Done at last"_s});
   EXPECT_EQ(notes().SelectedTags(), QList<qint32>{1});
+  EXPECT_TRUE(fileBytes(path_).contains("Again.%20Line%20one")) << "the button's name is kept to";
+}
+
+TEST_F(NotesPaneTest, WhoeverSavesTheBookSavesTheNoteThatIsBeingWritten) {
+  typeInto(0, u"Half a thou"_s);
+  window().SaveProject(false);
+  EXPECT_TRUE(fileBytes(path_).contains("Half%20a%20thouLine%20one"));
+  EXPECT_TRUE(isEditing());
+  QTest::keyClicks(&text(), u"ght"_s);
+  toolkit.expectChoice(u"The note 'To do' isn't saved."_s, u"Discard"_s);
+  window().session().CloseProject();
+  EXPECT_FALSE(fileBytes(path_).contains("thought"));
 }
 
 TEST_F(NotesPaneTest, WhatWasNotTypedStaysAsTheFileHadIt) {

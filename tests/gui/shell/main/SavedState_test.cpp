@@ -93,6 +93,7 @@ TEST_F(SavedStateTest, ATextThatCouldNotBeWrittenIsMendedByItsOwnSave) {
   window().EditSelectedScene();
   frmEditor& edited = openEditor();
   QTest::keyClicks(&childOf<RichTextBox>(edited, u"txtMain"_s), u"typed "_s);
+  toolkit.expectBox(u"The text of this scene could not be written to "_s + file);
   childOf<QAction>(edited, u"mnuSave"_s).trigger();
   EXPECT_TRUE(soon([this] { return shown().startsWith(u"Not saved: "_s); }));
   ASSERT_TRUE(QDir().rmdir(file));
