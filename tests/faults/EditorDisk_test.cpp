@@ -81,19 +81,19 @@ class EditorDisk : public EditorTest {
   }
 
   std::vector<Road> roads() {
-    const auto leaving = [this](auto take) {
+    const auto told = [this](auto take) {
       return [this, take](frmEditor& editor) {
         toolkit.expectBox(u"The text of this scene could not be written to "_s);
         take(editor);
       };
     };
     return {
-        {"mnuSave", [this](frmEditor& editor) { trigger(editor, "mnuSave"); }},
-        {"cmdSave", [this](frmEditor& editor) { click(editor, "cmdSave"); }},
+        {"mnuSave", told([this](frmEditor& editor) { trigger(editor, "mnuSave"); })},
+        {"cmdSave", told([this](frmEditor& editor) { click(editor, "cmdSave"); })},
         {"SaveQuietly", [](frmEditor& editor) { editor.SaveQuietly(); }},
-        {"mnuSaveAndExit", leaving([this](frmEditor& editor) { trigger(editor, "mnuSaveAndExit"); })},
-        {"cmdSaveAndExit", leaving([this](frmEditor& editor) { click(editor, "cmdSaveAndExit"); })},
-        {"cmdSaveAndNext", leaving([this](frmEditor& editor) { click(editor, "cmdSaveAndNext"); })},
+        {"mnuSaveAndExit", told([this](frmEditor& editor) { trigger(editor, "mnuSaveAndExit"); })},
+        {"cmdSaveAndExit", told([this](frmEditor& editor) { click(editor, "cmdSaveAndExit"); })},
+        {"cmdSaveAndNext", told([this](frmEditor& editor) { click(editor, "cmdSaveAndNext"); })},
         {"close",
          [this](frmEditor& editor) {
            toolkit.expectBox(u"File has been changed.  Save it?"_s, Answer::Yes);
