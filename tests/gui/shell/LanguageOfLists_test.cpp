@@ -195,7 +195,9 @@ TEST_F(LanguageOfListsTest, ColumnsMakeRoomForTheirTitlesAndGetItBack) {
 
 TEST_F(LanguageOfListsTest, WhatWindowsSayOfThemselvesFollows) {
   Settings().sSet(u"UpdateAddress"_s, u"http://127.0.0.1:9"_s);
+  speak(u"Pröbe"_s);
   trigger("mnuCheckVersion");
+  speak(u"English"_s);
   const QString manual = Paths::programFolder() + u"Help"_s;
   QDir().rmdir(manual);
   ASSERT_TRUE(QFile::link(QStringLiteral(QUILLANE_SOURCE_DIR "/docs/manual/"), manual));
