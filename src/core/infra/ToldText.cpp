@@ -74,10 +74,14 @@ QString toldText(const QString& pattern, const QStringList& arguments) {
   QString text = filled(pattern, arguments);
   constexpr qsizetype kMost = 4096;
   const QMutexLocker locked(&memory().lock);
-  if (!memory().texts.contains(text)) {
+  const bool isKnown = memory().texts.contains(text);
+  if (!isKnown) {
     memory().order.append(text);
   }
-  memory().texts.insert(text, {pattern, arguments});
+  // Told again as an argument it is still made of what it was made of.
+  if (!isKnown || !arguments.isEmpty()) {
+    memory().texts.insert(text, {pattern, arguments});
+  }
   if (memory().order.size() > kMost) {
     forgetOldest(kMost / 2);
   }

@@ -103,11 +103,25 @@ QStringList placesOf(const QString& text) {
   return places;
 }
 
-/// Also of a text that was told in English: an ampersand in that marks nothing.
+/// Also of a text that was told in English: an ampersand in that marks nothing, unless a menu has marked a key in it.
 QString captionIn(const cSharedLang& language, const QString& text) {
   const QString found = language.TranslationOf(text);
-  const QString told = found == text ? retold(text) : text;
-  return told == text ? found : QString(told).replace(u'&', u"&&"_s);
+  if (found != text) {
+    return found;
+  }
+  for (const QString& english : {text, withoutMarks(text)}) {
+    if (const QString told = retold(english); told != english) {
+      return QString(told).replace(u'&', u"&&"_s);
+    }
+  }
+  return found;
+}
+
+/// The toolkit's texts may have a blank in front of their colon already.
+QString withColonOf(const QString& behind, const QString& former, const QString& colon) {
+  const qsizetype at = behind.indexOf(former);
+  const bool isParted = at > 0 && behind[at - 1].isSpace();
+  return isParted ? behind : QString(behind).replace(former, colon);
 }
 
 /// The first line that is no remark.
@@ -151,6 +165,10 @@ QString translated(const QString& text) {
 
 QString translatedCaption(const QString& text) {
   return Lang().IsEnglish() ? text : captionIn(Lang(), text);
+}
+
+QString withColon(const QString& title) {
+  return title + Lang().Colon();
 }
 
 QString translatedLines(const QString& text) {
@@ -333,7 +351,7 @@ QString cSharedLang::TranslationOf(const QString& text) const {
   if (entry == nullptr || placesOf(entry->english) != placesOf(entry->translated)) {
     return text;
   }
-  return pieces.before + entry->translated + pieces.behind.replace(colon_.english, colon_.translated);
+  return pieces.before + entry->translated + withColonOf(pieces.behind, colon_.english, colon_.translated);
 }
 
 QString cSharedLang::WordsOf(const QString& text) const {

@@ -53,6 +53,8 @@ class cSharedLang {
   bool IsEnglish() const;
   /// What the language wants to be written in; empty when it doesn't care.
   const QString& LanguageFont() const { return font_; }
+  /// What stands for a colon behind a title, a blank in front included.
+  const QString& Colon() const { return colon_.translated; }
 
   /// Of two folders that hold a language of one title the program's own folder goes first.
   void LoadAllLanguages();
@@ -123,6 +125,8 @@ cSharedLang& Lang();
 QString translated(const QString& text);
 /// The same for a place where an ampersand marks a key.
 QString translatedCaption(const QString& text);
+/// A title in the language that is in force, as a caption of what stands beside or behind it.
+QString withColon(const QString& title);
 /// A message of several lines: as a whole where that has an entry, else line by line.
 QString translatedLines(const QString& text);
 

@@ -90,7 +90,7 @@ void StatusTab::showNames() {
   cmbPlot->renew({translated(u"Main plot"_s), translated(u"Subplot"_s)});
   cmbStatus->renew(SceneCells::statuses());
   for (size_t i = 0; i < kRatings; ++i) {
-    lblFieldTitle[i]->setText(fieldTitle(i) + u':');
+    lblFieldTitle[i]->setText(withColon(fieldTitle(i)));
     cmbFieldValue[i]->setAccessibleName(fieldTitle(i).isEmpty() ? translated(u"Rating %1"_s).arg(i + 1)
                                                                 : fieldTitle(i));
   }
@@ -133,7 +133,7 @@ void StatusTab::describe(SceneOverview& shown) const {
   shown.plot = cmbPlot->currentText();
   shown.status = cmbStatus->currentText();
   for (size_t i = 0; i < kRatings; ++i) {
-    shown.ratings.append(fieldTitle(i) + u": "_s + cmbFieldValue[i]->currentText());
+    shown.ratings.append(withColon(fieldTitle(i)) + u' ' + cmbFieldValue[i]->currentText());
   }
 }
 

@@ -1,22 +1,93 @@
 #include "gui/toolkit/Mnemonics.h"
 
 #include <QAction>
+#include <QHash>
 #include <QSet>
+#include <QStringList>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The place of a letter that nobody has yet, at the beginning of a word or anywhere; -1 when all are taken.
-qsizetype freeLetter(const QString& caption, const QSet<QChar>& taken, bool beginningOfWord) {
-  for (qsizetype i = 0; i < caption.size(); ++i) {
-    const bool begins = i == 0 || !caption[i - 1].isLetterOrNumber();
-    if (caption[i].isLetterOrNumber() && (begins || !beginningOfWord) && !taken.contains(caption[i].toLower())) {
-      return i;
+/// Who has which letter.
+class Letters {
+ public:
+  explicit Letters(const QStringList& captions) : captions_(captions), places_(captions.size(), -1) {}
+
+  qsizetype placeOf(qsizetype caption) const { return places_[caption]; }
+
+  /// Beginnings of words are given out first, to all captions; only what goes without takes another letter.
+  void giveOut() {
+    const auto each = [this](auto give) {
+      for (qsizetype caption = 0; caption < captions_.size(); ++caption) {
+        if (places_[caption] < 0) {
+          give(caption);
+        }
+      }
+    };
+    for (const Wanted wanted : {Wanted::Beginnings, Wanted::Plain}) {
+      each([&](qsizetype caption) { takeFree(caption, wanted); });
+    }
+    each([this](qsizetype caption) {
+      QSet<QChar> tried;
+      takeAny(caption, tried);
+    });
+    each([this](qsizetype caption) { takeFree(caption, Wanted::Accented); });
+  }
+
+ private:
+  enum class Wanted { Beginnings, Plain, Accented };
+
+  QChar letterAt(qsizetype caption, qsizetype at) const { return captions_[caption][at].toLower(); }
+
+  bool suits(qsizetype caption, qsizetype at, Wanted wanted) const {
+    const QString& text = captions_[caption];
+    const bool begins = at == 0 || !text[at - 1].isLetterOrNumber();
+    return text[at].isLetterOrNumber() && isAccented(text[at]) == (wanted == Wanted::Accented) &&
+           (begins || wanted != Wanted::Beginnings);
+  }
+
+  void take(qsizetype caption, qsizetype at) {
+    places_[caption] = at;
+    owners_.insert(letterAt(caption, at), caption);
+  }
+
+  void takeFree(qsizetype caption, Wanted wanted) {
+    for (qsizetype at = 0; at < captions_[caption].size(); ++at) {
+      if (suits(caption, at, wanted) && !owners_.contains(letterAt(caption, at))) {
+        take(caption, at);
+        return;
+      }
     }
   }
-  return -1;
-}
+
+  /// Also a letter whose owner finds another one; one that he has at the beginning of a word comes last.
+  bool takeAny(qsizetype caption, QSet<QChar>& tried) {
+    for (const bool ofBeginnings : {false, true}) {
+      for (qsizetype at = 0; at < captions_[caption].size(); ++at) {
+        const QChar letter = letterAt(caption, at);
+        const auto owner = owners_.constFind(letter);
+        const bool isOwned = owner != owners_.cend();
+        if (!suits(caption, at, Wanted::Plain) || tried.contains(letter) ||
+            (isOwned && suits(*owner, places_[*owner], Wanted::Beginnings) != ofBeginnings)) {
+          continue;
+        }
+        tried.insert(letter);
+        if (!isOwned || takeAny(*owner, tried)) {
+          take(caption, at);
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
+  const QStringList captions_;
+  QList<qsizetype> places_;
+  QHash<QChar, qsizetype> owners_;
+};
 
 QString marked(const QString& caption, qsizetype at) {
   QString text = QString(caption).replace(u'&', u"&&"_s);
@@ -35,26 +106,23 @@ QString withoutMnemonic(const QString& text) {
   return caption;
 }
 
-// Beginnings of words are given out first, to all captions; only what goes without takes another letter.
+bool isAccented(QChar letter) {
+  constexpr char16_t kBehindAscii = 0x80;
+  return letter.unicode() >= kBehindAscii && letter.script() == QChar::Script_Latin;
+}
+
 void assignMnemonics(const QList<QAction*>& actions) {
-  QList<QAction*> open = actions;
-  open.removeIf([](const QAction* action) { return action->isSeparator() || !action->isVisible(); });
-  QSet<QChar> taken;
-  for (const bool beginningOfWord : {true, false}) {
-    for (QAction*& action : open) {
-      const QString caption = withoutMnemonic(action->text());
-      const qsizetype at = freeLetter(caption, taken, beginningOfWord);
-      if (at < 0 && beginningOfWord) {
-        continue;
-      }
-      if (at >= 0) {
-        taken.insert(caption[at].toLower());
-      }
-      if (const QString text = marked(caption, at); text != action->text()) {
-        action->setText(text);
-      }
-      action = nullptr;
+  QList<QAction*> shown = actions;
+  shown.removeIf([](const QAction* action) { return action->isSeparator() || !action->isVisible(); });
+  QStringList captions;
+  for (const QAction* const action : std::as_const(shown)) {
+    captions.append(withoutMnemonic(action->text()));
+  }
+  Letters letters(captions);
+  letters.giveOut();
+  for (qsizetype i = 0; i < shown.size(); ++i) {
+    if (const QString text = marked(captions[i], letters.placeOf(i)); text != shown[i]->text()) {
+      shown[i]->setText(text);
     }
-    open.removeAll(nullptr);
   }
 }

@@ -239,7 +239,7 @@ void put(const QObject& object, const Place& place, const QString& text) {
   place.put(text);
 }
 
-/// Marks the first letter of a word that is free, else any free letter.
+/// Marks the first letter of a word that is free, else any free letter; one without accent goes first.
 QString marked(const QString& caption, const QSet<QChar>& taken) {
   const QChar own = markOf(caption);
   if (!own.isNull() && !taken.contains(own)) {
@@ -247,10 +247,11 @@ QString marked(const QString& caption, const QSet<QChar>& taken) {
   }
   const QString bare = withoutMnemonic(caption);
   QString text = QString(bare).replace(u'&', u"&&"_s);
-  for (const bool beginsWord : {true, false}) {
+  for (const auto& [beginsWord, accented] : {std::pair{true, false}, {false, false}, {false, true}}) {
     for (qsizetype i = 0; i < text.size(); ++i) {
       const bool begins = i == 0 || !text[i - 1].isLetterOrNumber();
-      if (text[i].isLetterOrNumber() && (begins || !beginsWord) && !taken.contains(text[i].toLower())) {
+      if (text[i].isLetterOrNumber() && isAccented(text[i]) == accented && (begins || !beginsWord) &&
+          !taken.contains(text[i].toLower())) {
         return text.insert(i, u'&');
       }
     }
@@ -349,14 +350,21 @@ void partKeys(QWidget& window) {
 }
 
 void WindowTexts::eachText(const TranslateText& translate) {
-  const KeysOfPass pass;
-  translateTexts(window_, translate);
-  for (QWidget* const child : window_.findChildren<QWidget*>()) {
-    translateTexts(*child, translate);
+  {
+    const KeysOfPass pass;
+    translateTexts(window_, translate);
+    for (QWidget* const child : window_.findChildren<QWidget*>()) {
+      translateTexts(*child, translate);
+    }
+    for (QAction* const entry : window_.findChildren<QAction*>()) {
+      translateTexts(*entry, translate);
+    }
   }
-  for (QAction* const entry : window_.findChildren<QAction*>()) {
-    translateTexts(*entry, translate);
+  // One by one the last menu may have found all its letters taken.
+  for (const QMenuBar* const bar : window_.findChildren<QMenuBar*>()) {
+    assignMnemonics(bar->actions());
   }
+  partKeys(window_);
 }
 
 bool WindowTexts::fontExists(const QString& family) const {

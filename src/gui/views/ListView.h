@@ -2,6 +2,8 @@
 
 #include "gui/views/ListModel.h"
 
+#include <QHash>
+#include <QSet>
 #include <QTreeView>
 
 #include <memory>
@@ -70,8 +72,9 @@ class ListView : public QTreeView {
   int widthFor(int column, QStringView cell) const;
   /// Makes a column no narrower than any of these cells needs.
   void widen(int column, const QStringList& cells);
-  /// The same for all columns that are seen and their titles.
-  void widenToTitles();
+  /// The same for all columns that are seen, their titles and these cells of some; the column that fills the list
+  /// makes room for it.
+  void widenToTitles(const QHash<int, QStringList>& cells = {});
   void setFillRule(FillRule rule) { fill_ = std::move(rule); }
   /// Makes the columns fill the list, and keep it filled at any size until the user changes a width. Where his are
   /// shorter than the list the last column is stretched.
@@ -140,6 +143,7 @@ class ListView : public QTreeView {
   void sayEmpty();
   void keepFilled();
   void columnResized(int column);
+  void narrowFilled(int pixels);
   void stretchLastColumn();
   Kept kept() const;
   void restore(const Kept& kept);
@@ -155,6 +159,10 @@ class ListView : public QTreeView {
   bool fitting_ = false;
   /// What the last column has been stretched by.
   int stretched_ = 0;
+  /// What titles of another language have made of the columns' widths.
+  QHash<int, int> widened_;
+  /// The columns that the user has made as narrow as can be.
+  QSet<int> putAway_;
   ListDrags drags_;
   int dropHighlight_ = -1;
 };

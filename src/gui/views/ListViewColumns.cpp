@@ -26,19 +26,42 @@ int ListView::widthFor(int column, QStringView cell) const {
 }
 
 void ListView::widen(int column, const QStringList& cells) {
+  const QScopedValueRollback fitting(fitting_, true);
   for (const QString& cell : cells) {
     setColumnWidth(column, std::max(columnWidth(column), widthFor(column, cell)));
   }
 }
 
-void ListView::widenToTitles() {
-  for (int column = 0; column < model_->columnCount(); ++column) {
-    // What is as narrow as that was put away.
-    if (columnWidth(column) > header()->minimumSectionSize()) {
-      widen(column, {QString()});
+// What the former language's titles took is given back first: the widths are kept for the next time.
+void ListView::widenToTitles(const QHash<int, QStringList>& cells) {
+  {
+    const QScopedValueRollback fitting(fitting_, true);
+    const int last = header()->logicalIndex(header()->count() - 1);
+    setColumnWidth(last, columnWidth(last) - std::exchange(stretched_, 0));
+    for (int column = 0; column < model_->columnCount(); ++column) {
+      setColumnWidth(column, columnWidth(column) - widened_.value(column));
     }
+    const int before = header()->length();
+    for (int column = 0; column < model_->columnCount(); ++column) {
+      const int own = columnWidth(column);
+      if (!putAway_.contains(column)) {
+        widen(column, cells.value(column) + QStringList{QString()});
+      }
+      widened_.insert(column, columnWidth(column) - own);
+    }
+    narrowFilled(header()->length() - std::max(before, roomForColumns()));
   }
   keepFilled();
+}
+
+/// By these pixels, as far as it can spare them.
+void ListView::narrowFilled(int pixels) {
+  if (filled_ || fill_.column < 0 || pixels <= 0) {
+    return;
+  }
+  const int own = columnWidth(fill_.column);
+  setColumnWidth(fill_.column, std::min(own, std::max(own - pixels, widthFor(fill_.column, {}))));
+  widened_[fill_.column] += columnWidth(fill_.column) - own;
 }
 
 void ListView::fillRoom() {
@@ -46,12 +69,21 @@ void ListView::fillRoom() {
   const int last = header()->logicalIndex(header()->count() - 1);
   setColumnWidth(last, columnWidth(last) - std::exchange(stretched_, 0));
   int others = header()->length() - columnWidth(fill_.column);
-  if (roomForColumns() - others < widthFor(fill_.column, fill_.comfortable)) {
+  // What fitted in the former language shall fit in this one.
+  int spared = 0;
+  for (auto extra = widened_.cbegin(); extra != widened_.cend(); ++extra) {
+    spared += extra.key() == fill_.column ? 0 : extra.value();
+  }
+  const auto needed = [&](const QString& cell) {
+    return std::max(widthFor(fill_.column, cell) - spared, widthFor(fill_.column, {}));
+  };
+  if (roomForColumns() - others < needed(fill_.comfortable)) {
     for (const int column : fill_.mayHide) {
       others -= columnWidth(column);
     }
   }
-  setColumnWidth(fill_.column, std::max(roomForColumns() - others, widthFor(fill_.column, fill_.leastShown)));
+  setColumnWidth(fill_.column, std::max(roomForColumns() - others, needed(fill_.leastShown)));
+  widened_.remove(fill_.column);
   filled_ = true;
 }
 
@@ -72,6 +104,13 @@ void ListView::columnResized(int column) {
     return;
   }
   filled_ = false;
+  widened_.remove(column);
+  const int least = header()->minimumSectionSize();
+  if (columnWidth(column) <= least && widthFor(column, {}) > least) {
+    putAway_.insert(column);
+  } else {
+    putAway_.remove(column);
+  }
   if (header()->visualIndex(column) == header()->count() - 1) {
     stretched_ = 0;
   }

@@ -157,6 +157,7 @@ TEST_F(LangTest, AColonIsWrittenAsTheLanguageDoes) {
   EXPECT_EQ(lang_.TranslationOf(u"&Title:"_s), u"Titre\u00a0:"_s);
   EXPECT_EQ(lang_.TranslationOf(u"Title"_s), u"Titre"_s);
   EXPECT_EQ(lang_.TranslationOf(u"Use it..."_s), u"Utiliser : oui..."_s);
+  EXPECT_EQ(lang_.TranslationOf(u"Title\u00a0:"_s), u"Titre\u00a0:"_s) << "has a blank there already";
   EXPECT_EQ(lang_.TranslationOf(u"Name:"_s), u"Name:"_s) << "an English text stays as it is";
   lang_.LoadLanguage(0);
   EXPECT_EQ(lang_.TranslationOf(u"Titre\u00a0:"_s), u"Title:"_s);
@@ -230,6 +231,9 @@ TEST(Translated, HasNoMarksOfKeysWhereNoneAreShown) {
   EXPECT_EQ(translated(told), u"Voll: R&D"_s);
   EXPECT_EQ(translatedCaption(u"Action"_s), u"&Handlung"_s);
   EXPECT_EQ(translatedCaption(told), u"Voll: R&&D"_s);
+  toldText(u"%1 is full"_s, {u"* * *"_s});
+  EXPECT_EQ(translatedCaption(u"* * * is f&ull"_s), u"Voll: * * *"_s) << "a menu has marked a key";
+  EXPECT_EQ(translated(toldText(u"> %1"_s, {toldText(told)})), u"> Voll: R&D"_s) << "told twice";
 }
 
 TEST(ToldText, IsEnglishUntilItIsShown) {

@@ -1,5 +1,8 @@
 // The program's words among a writer's own, in another language: what is shown is translated, what is kept is not.
 
+#include "core/infra/HelpFile.h"
+#include "core/infra/Paths.h"
+#include "core/infra/cSHAREDSettings.h"
 #include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
@@ -10,18 +13,24 @@
 #include "gui/planning/frmStoryboard.h"
 #include "gui/shell/MainWindow.h"
 #include "gui/shell/main/InterfaceLanguage.h"
+#include "gui/shell/windows/frmHelp.h"
 #include "gui/shell/windows/frmSceneList.h"
 #include "gui/toolkit/LanguageHook.h"
+#include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/views/ListView.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTreeView>
 
@@ -38,11 +47,14 @@ class LanguageOfListsTest : public ShellTest {
     ShellTest::SetUp();
     QDir().mkpath(folder.path(u"Languages"_s));
     Lang().OverrideLanguagePath(folder.path());
-    writeFile(folder.path(u"Languages/x.txt"_s),
-              u"Pröbe\nDraft||Entwurf\nDone||Fertig\nAction||Handlung\nAction or reaction||Handlung oder "
-              u"Folge\nDay||Handtag\nReaction||Folge\nOpen||Öffnen\n"
-              "File has been changed.  Save it?||Sichern?\n%1 description||Worum es in %1 geht\n"
-              "Tension||Spannung\nGoal||Ziel\nNo Goal specified||Kein Ziel\n"_s.toUtf8());
+    writeFile(
+        folder.path(u"Languages/x.txt"_s),
+        u"Pröbe\nDraft||Entwurf\nDone||Fertig\nAction||Handlung\nAction or reaction||Handlung oder "
+        u"Folge\nDay||Handtag\nReaction||Folge\nOpen||Öffnen\n"
+        "File has been changed.  Save it?||Sichern?\n%1 description||Worum es in %1 geht\n"
+        "Tension||Spannung\nWds||Wörter\nScns||Szenen\nSplit scene on '%1'||Trennen bei %1\n"
+        "Help||Hilfe\nCould not retrieve update status||Keine Auskunft\nGoal||Ziel\nNo Goal specified||Kein Ziel\n"_s
+            .toUtf8());
     writeFile(folder.path(u"Languages/y.txt"_s),
               u"Prova\nDraft||Bozza\nAction||Mossa\nGoal||Meta\n%1 words||%1 parole\n(nobody)||(nessuno)\n"
               "Saved: %1||Messo: %1\nN/A||nessuno\n"_s.toUtf8());
@@ -62,6 +74,16 @@ class LanguageOfListsTest : public ShellTest {
     EXPECT_TRUE(useLanguage(window(), title));
   }
 };
+
+/// The window of this name among those that are up.
+QWidget& windowNamed(const QString& name) {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == name) {
+      return *window;
+    }
+  }
+  throw std::runtime_error("no window " + name.toStdString());
+}
 
 }  // namespace
 
@@ -136,6 +158,63 @@ TEST_F(LanguageOfListsTest, OpenWindowsGoFromOneLanguageToTheNext) {
     EXPECT_EQ(rows.index(0, 1).data(), status);
     EXPECT_EQ(childOf<QComboBox>(all, u"cmbStatus"_s).itemText(1), status);
     EXPECT_TRUE(board.findChild<StoryCard*>()->toolTip().endsWith(words));
+  }
+}
+
+// The longer titles of a language are seen whole and take their room from the column that can spare it.
+TEST_F(LanguageOfListsTest, ColumnsMakeRoomForTheirTitlesAndGetItBack) {
+  ListView& chapters = list("ListChapters");
+  frmSceneList all;
+  all.show();
+  auto& scenes = childOf<ListView>(all, u"ListView1"_s);
+  for (const bool byHand : {false, true}) {
+    SCOPED_TRACE(byHand);
+    chapters.setColumnWidth(1, chapters.columnWidth(1) + (byHand ? 1 : 0));
+    const auto widths = [&chapters] {
+      QList<int> found;
+      for (int column = 0; column < chapters.model()->columnCount(); ++column) {
+        found.append(chapters.columnWidth(column));
+      }
+      return found;
+    };
+    const QList<int> before = widths();
+    const int length = chapters.header()->length();
+    speak(u"Pröbe"_s);
+    EXPECT_GT(chapters.columnWidth(1), before.at(1));
+    EXPECT_LT(chapters.columnWidth(0), before.at(0));
+    EXPECT_LE(chapters.header()->length(), length) << chapters.roomForColumns();
+    for (ListView* const view : {&chapters, &scenes}) {
+      for (int column = 1; column < view->model()->columnCount(); ++column) {
+        EXPECT_GE(view->columnWidth(column), view->header()->sectionSizeHint(column)) << column;
+      }
+    }
+    speak(u"English"_s);
+    EXPECT_EQ(widths(), before);
+  }
+}
+
+TEST_F(LanguageOfListsTest, WhatWindowsSayOfThemselvesFollows) {
+  Settings().sSet(u"UpdateAddress"_s, u"http://127.0.0.1:9"_s);
+  speak(u"Pröbe"_s);
+  trigger("mnuCheckVersion");
+  speak(u"English"_s);
+  const QString manual = Paths::programFolder() + u"Help"_s;
+  QDir().rmdir(manual);
+  ASSERT_TRUE(QFile::link(QStringLiteral(QUILLANE_SOURCE_DIR "/docs/manual/"), manual));
+  const auto away = qScopeGuard([&manual] { QFile::remove(manual); });
+  ASSERT_TRUE(frmHelp::open(HelpFile::address()));
+  const auto& help = dynamic_cast<const frmHelp&>(windowNamed(u"frmHelp"_s));
+  const auto closed = qScopeGuard([&help] { delete &help; });
+  sceneAt(1)->Edit();
+  auto& split = childOf<QAction>(openEditor(), u"mnuSplitScene(0)"_s);
+  for (const auto& [language, status, title, entry] :
+       {std::tuple{u"Pröbe"_s, u"Keine Auskunft"_s, u"Hilfe - "_s, u"Trennen bei * * *"_s},
+        {u"English"_s, u"Could not retrieve update status"_s, u"Help - "_s, u"Split scene on '* * *'"_s}}) {
+    speak(language);
+    const QString said = childOf<QLabel>(window(), u"lblUpdate"_s).text();
+    EXPECT_TRUE(said.startsWith(status)) << said.toStdString();
+    EXPECT_TRUE(help.windowTitle().startsWith(title)) << help.windowTitle().toStdString();
+    EXPECT_EQ(withoutMnemonic(split.text()), entry);
   }
 }
 

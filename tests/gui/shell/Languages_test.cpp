@@ -175,7 +175,7 @@ TEST_F(LanguagesTest, TheProgramGoesThereAndBack) {
   EXPECT_EQ(label->text(), u"Öffnen...");
   EXPECT_EQ(typed->text(), u"Open");
   EXPECT_EQ(first->text(), u"&Ja");
-  EXPECT_EQ(second->text(), u"&Öffnen");
+  EXPECT_EQ(second->text(), u"Ö&ffnen");
   EXPECT_EQ(third->text(), u"Sichern && &weiter");
   label->setText(u"Late"_s);
   EXPECT_TRUE(soon([&] { return label->text() == u"Spät"; }));

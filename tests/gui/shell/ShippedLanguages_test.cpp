@@ -126,6 +126,19 @@ QStringList sharedAtOnce(const QWidget& window) {
   return sharedMarks(captions);
 }
 
+/// The menus of a bar that no keyboard leads to.
+QStringList keylessMenus(const QWidget& window) {
+  QStringList found;
+  for (const QMenuBar* const bar : window.findChildren<QMenuBar*>()) {
+    for (const QAction* const menu : bar->actions()) {
+      const QChar mark = markOf(menu->text());
+      const bool hasKey = !mark.isNull() && mark.decomposition().isEmpty();
+      found += hasKey || !menu->isVisible() ? QStringList() : QStringList{menu->text()};
+    }
+  }
+  return found;
+}
+
 /// A text that doesn't find room in its control; empty where it does.
 QString clippedText(const QWidget& widget) {
   if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
@@ -181,6 +194,9 @@ QStringList stumblingBlocks(QWidget& window) {
       found.append(u"one key: "_s + shared);
     }
   });
+  for (const QString& menu : keylessMenus(window)) {
+    found.append(u"no key: "_s + menu);
+  }
   for (const QString& shared : sharedInMenus(window)) {
     found.append(u"one key in a menu: "_s + shared);
   }

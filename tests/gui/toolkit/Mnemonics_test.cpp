@@ -31,7 +31,11 @@ TEST(Mnemonics, EveryCaptionHasALetterOfItsOwnAsLongAsThereAreLetters) {
   EXPECT_EQ(assigned({u"File"_s, u"Search"_s, u"Chapter"_s, u"Scene"_s, u"Characters"_s, u"Language"_s, u"Help"_s}),
             u"&File, &Search, &Chapter, Sc&ene, Ch&aracters, &Language, &Help"_s);
   EXPECT_EQ(assigned({u"Save"_s, u"Save As..."_s, u"Sav"_s, u"v"_s, u"12 point"_s}),
-            u"&Save, Save &As..., Sav, &v, &12 point"_s);
+            u"Sav&e, Save &As..., &Sav, &v, &12 point"_s);
+}
+
+TEST(Mnemonics, AnAccentedLetterIsTheLast) {
+  EXPECT_EQ(assigned({u"Élan"_s, u"Сцена"_s, u"é"_s}), u"É&lan, &Сцена, &é"_s);
 }
 
 TEST(Mnemonics, AnAmpersandThatIsShownStaysOne) {

@@ -124,8 +124,7 @@ void ScenePane::buildLayout() {
 
 void ScenePane::showInLanguage() {
   ListScenes->rows().setTitle(kActionReaction, SceneCells::letters());
-  ListScenes->widen(kStatus, SceneCells::statuses());
-  ListScenes->widenToTitles();
+  ListScenes->widenToTitles({{kStatus, SceneCells::statuses()}});
 }
 
 void ScenePane::connectSignals() {

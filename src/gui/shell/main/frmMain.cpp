@@ -300,7 +300,7 @@ void frmMain::showBook() {
 void frmMain::sayWhyNot(const QAction& action) {
   const QString why = MainMenuBar::whyNot(action);
   if (!why.isEmpty()) {
-    showMessage(commandName(withoutMnemonic(action.text())) + u": "_s + translated(why));
+    showMessage(withColon(commandName(withoutMnemonic(action.text()))) + u' ' + translated(why));
   }
 }
 

@@ -6,6 +6,7 @@
 #include "core/infra/DateFormat.h"
 #include "core/infra/Guard.h"
 #include "core/infra/Maker.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDInternet.h"
 #include "core/infra/cSHAREDSettings.h"
@@ -36,12 +37,19 @@ namespace {
 constexpr auto kModule = "fSHAREDUpdater";
 constexpr int kLetters = 60;
 
+const QString kLines = u"%1\n%2"_s;
+const QString kParted = u"%1\n\n%2"_s;
+
 const QString kDisabled = u"DisableAutoUpdateCheck"_s;
 const QString kAsked = u"AskedAboutAutoUpdates"_s;
 const QString kLastCheck = u"LastUpdateCheck"_s;
 
 bool isSet(const QString& key) {
   return Settings().sGetWD(key, 0).toInt() != 0;
+}
+
+QString availability(const VersionFile& newest) {
+  return toldText(u"Version %1 is available!"_s, {newest.version.toUpper()});
 }
 
 }  // namespace
@@ -122,11 +130,11 @@ void fSHAREDUpdater::buildLayout() {
 }
 
 void fSHAREDUpdater::connectSignals() {
-  internet_->Status = [this](const QString& status) { tellStatus(translated(status)); };
+  internet_->Status = [this](const QString& status) { tellStatus(status); };
   // How much has come is told from then on.
   internet_->Receiving = [this] { internet_->SuppressAllButDLAndErrors = state_ == State::Downloading; };
   internet_->Progress = [this](qint64 received) { tellProgress(received); };
-  internet_->DownloadError = [this](const QString& why) { why_ = translated(why); };
+  internet_->DownloadError = [this](const QString& why) { why_ = why; };
   const auto clicked = [this](QPushButton* button, const char* routine, auto slot) {
     connect(button, &QPushButton::clicked, this, guarded(routine, kModule, slot));
   };
@@ -164,6 +172,20 @@ void fSHAREDUpdater::setState(State state) {
     resize(width(), 0);
   }
   fit();
+}
+
+/// In English: they stay there while the language is changed.
+void fSHAREDUpdater::tellUpdate(const QString& text) {
+  lblUpdate->setText(text);
+  fit();
+}
+
+void fSHAREDUpdater::tellStatus(const QString& text, const QString& reason) {
+  lblStatus->setText(reason.isEmpty() ? text : toldText(kLines, {toldText(text), toldText(reason)}));
+  fit();
+  if (!silent_) {
+    Q_EMIT Status(translated(text));
+  }
 }
 
 /// As high as all lines need: lines that are wrapped don't see to it by themselves.
@@ -225,19 +247,6 @@ void fSHAREDUpdater::showForm() {
   activateWindow();
 }
 
-void fSHAREDUpdater::tellUpdate(const QString& text) {
-  lblUpdate->setText(text);
-  fit();
-}
-
-void fSHAREDUpdater::tellStatus(const QString& text, const QString& reason) {
-  lblStatus->setText(reason.isEmpty() ? text : text + u'\n' + reason);
-  fit();
-  if (!silent_) {
-    Q_EMIT Status(text);
-  }
-}
-
 std::optional<QString> fSHAREDUpdater::fetchText(const QString& address) {
   // What the window is may go while the text comes; what fetches it stays.
   const std::shared_ptr<cSHAREDInternet> internet = internet_;
@@ -279,9 +288,9 @@ void fSHAREDUpdater::CheckForUpdate(bool Silent) {
   if (!Silent) {
     nextButton()->setFocus();
   }
-  lblProgram->setText(translated(u"Version %1"_s).arg(u"" QUILLANE_VERSION ""_s));
+  lblProgram->setText(toldText(u"Version %1"_s, {u"" QUILLANE_VERSION ""_s}));
   chkDisableAutoUpdate->setChecked(isSet(kDisabled));
-  tellUpdate(translated(u"Checking for update"_s));
+  tellUpdate(shownText(u"Checking for update"_s));
   tellStatus({});
   const QPointer<fSHAREDUpdater> form(this);
   const std::optional<QString> reply = fetchText(UpdateAddress::versionFile());
@@ -292,7 +301,7 @@ void fSHAREDUpdater::CheckForUpdate(bool Silent) {
     takeReply(reply->trimmed());
   } else {
     tellFailure(u"Could not retrieve update status"_s);
-    tellStatus(translated(u"Stopped"_s));
+    tellStatus(shownText(u"Stopped"_s));
   }
   Q_EMIT Finished();
 }
@@ -302,7 +311,7 @@ void fSHAREDUpdater::takeReply(const QString& reply) {
     tellUnanswered();
     return;
   }
-  tellStatus(translated(u"Data retrieved"_s));
+  tellStatus(shownText(u"Data retrieved"_s));
   SaveLastCheckDate();
   newest_ = VersionFile::read(reply);
   if (newest_.download.isEmpty()) {
@@ -320,12 +329,12 @@ void fSHAREDUpdater::tellUnanswered() {
   const QString failed = shownText(u"Could not retrieve update status"_s);
   if (!Guard("CheckForUpdate", kModule)([] { CurlLibrary::get(); })) {
     Logging().LogEvent(u"MSINET control is missing or outdated"_s);
-    tellFailure(failed, translated(u"The internet control is missing or outdated."_s));
+    tellFailure(failed, shownText(u"The internet control is missing or outdated."_s));
     return;
   }
   Logging().LogEvent(u"Could not retrieve information from the update server."_s);
-  tellFailure(failed, translated(u"Update check failed. You can look for a new version at %1"_s)
-                          .arg(QString::fromLatin1(Maker::kWebAddress)));
+  tellFailure(failed, toldText(u"Update check failed. You can look for a new version at %1"_s,
+                               {QString::fromLatin1(Maker::kWebAddress)}));
   tellStatus(why_);
 }
 
@@ -333,12 +342,12 @@ void fSHAREDUpdater::tellFailure(const QString& text, const QString& advice) {
   Logging().LogEvent(text);
   setState(State::Failed);
   tellStatus({});
-  tellUpdate(advice.isEmpty() ? translated(text) : translated(text) + u"\n\n"_s + advice);
+  tellUpdate(advice.isEmpty() ? text : toldText(kParted, {toldText(text), toldText(advice)}));
 }
 
 void fSHAREDUpdater::tellAvailable() {
   setState(State::Available);
-  tellUpdate(translated(u"Version %1 is available!"_s).arg(newest_.version.toUpper()));
+  tellUpdate(availability(newest_));
   if (std::exchange(silent_, false)) {
     offers_ = true;
     // Whoever ends the program before is told by the next run's check.
@@ -360,16 +369,15 @@ void fSHAREDUpdater::Offer() {
 void fSHAREDUpdater::tellUpToDate() {
   setState(State::UpToDate);
   Logging().LogEvent(u"Already up to date (Available version is "_s + newest_.version + u')');
-  tellUpdate(translated(u"You're up to date!"_s) + u'\n' +
-             translated(u"Latest available version is %1"_s).arg(newest_.version));
+  tellUpdate(toldText(
+      kLines, {toldText(u"You're up to date!"_s), toldText(u"Latest available version is %1"_s, {newest_.version})}));
 }
 
 void fSHAREDUpdater::cmdShowDetail_Click() {
   if (running_) {
     return;
   }
-  const QString before = lblUpdate->text();
-  tellUpdate(translated(u"Retrieving info..."_s));
+  tellUpdate(shownText(u"Retrieving info..."_s));
   setState(State::Retrieving);
   const QPointer<fSHAREDUpdater> form(this);
   const std::optional<QString> reply = fetchText(UpdateAddress::detailsFile());
@@ -377,11 +385,11 @@ void fSHAREDUpdater::cmdShowDetail_Click() {
     return;
   }
   setState(State::Available);
-  tellUpdate(before);
+  tellUpdate(availability(newest_));
   if (!reply) {
-    tellStatus(translated(u"Stopped"_s));
+    tellStatus(shownText(u"Stopped"_s));
   } else if (reply->isEmpty() || reply->contains(u"html"_s, Qt::CaseInsensitive) || reply->contains(u"404"_s)) {
-    tellStatus(translated(u"Unable to read data from server. Please check your internet settings and try again."_s),
+    tellStatus(shownText(u"Unable to read data from server. Please check your internet settings and try again."_s),
                why_);
   } else {
     tellStatus({});
@@ -398,6 +406,15 @@ void fSHAREDUpdater::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QDialog::keyPressEvent(event);
+}
+
+// Another language needs other lines.
+bool fSHAREDUpdater::event(QEvent* event) {
+  const bool done = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest) {
+    fit();
+  }
+  return done;
 }
 
 void fSHAREDUpdater::reject() {

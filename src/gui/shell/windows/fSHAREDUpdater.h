@@ -39,6 +39,7 @@ class fSHAREDUpdater : public QDialog {
   void reject() override;
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  Q_SIGNALS:

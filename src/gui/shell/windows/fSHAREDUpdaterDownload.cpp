@@ -2,6 +2,7 @@
 
 #include "core/infra/InstallerFile.h"
 #include "core/infra/Paths.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSHAREDInternet.h"
 #include "core/infra/cSharedFileSubs.h"
@@ -63,9 +64,9 @@ bool fSHAREDUpdater::Download(Fetch fetch, const QString& address, const QString
     return false;
   }
   if (stopped_) {
-    tellStatus(translated(u"Download cancelled"_s));
+    tellStatus(shownText(u"Download cancelled"_s));
   } else if (!failure.isEmpty()) {
-    tellStatus(translated(failure), why_);
+    tellStatus(failure, why_);
   } else {
     ProgressBar1->setRange(0, kPercent);
     ProgressBar1->setValue(kPercent);
@@ -81,14 +82,13 @@ void fSHAREDUpdater::tellProgress(qint64 received) {
   const qint64 expected = internet_->ExpectedFilesize();
   const QString kilobytes = QLocale().toString(received / kKilobyte);
   if (expected <= 0) {
-    tellStatus(translated(u"%1 kb downloaded"_s).arg(kilobytes));
+    tellStatus(toldText(u"%1 kb downloaded"_s, {kilobytes}));
     return;
   }
   ProgressBar1->setRange(0, kPercent);
   ProgressBar1->setValue(static_cast<int>(received * kPercent / expected));
-  tellStatus(received < expected
-                 ? translated(u"%1 kb of %2 kb"_s).arg(kilobytes, QLocale().toString(expected / kKilobyte))
-                 : translated(u"%1 kb (%2)"_s).arg(kilobytes, u"100%"_s));
+  tellStatus(received < expected ? toldText(u"%1 kb of %2 kb"_s, {kilobytes, QLocale().toString(expected / kKilobyte)})
+                                 : toldText(u"%1 kb (%2)"_s, {kilobytes, u"100%"_s}));
 }
 
 void fSHAREDUpdater::cmdDownload_Click() {
@@ -101,7 +101,7 @@ void fSHAREDUpdater::cmdDownload_Click() {
   }
   const QString name = fileNameOf(address);
   if (name.isEmpty()) {
-    tellStatus(translated(u"Update check failed, could not read download filename"_s));
+    tellStatus(shownText(u"Update check failed, could not read download filename"_s));
     return;
   }
   const QString folder = toolkit().PickFolder(u"Download the update to"_s, Paths::documentsFolder());
@@ -115,7 +115,7 @@ void fSHAREDUpdater::cmdDownload_Click() {
     return;
   }
   if (Download(&downloadInstaller, address, path)) {
-    tellStatus(translated(u"File saved to %1"_s).arg(path));
+    tellStatus(toldText(u"File saved to %1"_s, {path}));
   }
 }
 

@@ -194,5 +194,7 @@ void frmHelp::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isVisible() && !isActiveWindow()) {
     storeLayout();
+  } else if (event->type() == QEvent::LanguageChange) {
+    showTitle();
   }
 }

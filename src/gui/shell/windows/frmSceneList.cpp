@@ -147,6 +147,7 @@ void frmSceneList::createControls() {
   cmdChangeSelected = makeButton(u"cmdChangeSelected"_s, u"C&hange selected to:"_s, this);
   cmdChangeSelected->setToolTip(u"Changes the status of the selected scenes"_s);
   cmbStatus = new QComboBox(this);
+  cmbStatus->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   giveName(*cmbStatus, u"cmbStatus"_s, u"Status"_s);
   cmbStatus->view()->setAccessibleName(u"Status"_s);
   fillStatuses();
@@ -354,7 +355,7 @@ void frmSceneList::showInLanguage() {
     ListView1->rows().setTitle(column, titles.at(column));
   }
   fillStatuses();
-  ListView1->widen(kStatus, SceneCells::statuses());
+  ListView1->widenToTitles({{kStatus, SceneCells::statuses()}});
   refresh();
 }
 
