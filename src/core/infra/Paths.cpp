@@ -83,6 +83,10 @@ QString programFolder() {
   return overridden().isEmpty() ? folder : overridden();
 }
 
+QString rescueFolder() {
+  return programFolder() + u"Rescue"_s;
+}
+
 QString settingsFile() {
   return programFolder() + u"Quillane4.ini"_s;
 }

@@ -26,6 +26,8 @@ bool areSame(const QString& path, const QString& other);
 /// be written to, unless the program is installed there with a share folder; else the user's data folder.
 /// Decided once.
 QString programFolder();
+/// Where texts and books are kept that have no place of their own: no trailing separator, and often not there.
+QString rescueFolder();
 /// Every folder that installed() would look at and that has this, the first one first.
 QStringList allInstalled(const QString& name);
 /// The user's preferences.

@@ -23,7 +23,9 @@ QString versionOf(Ask&& ask) {
 
 QStringList placesInEnglish() {
   return {toldText(shownText(u"Settings and log: %1"_s), {Paths::programFolder()}),
+          toldText(shownText(u"Rescued texts: %1"_s), {Paths::rescueFolder()}),
           toldText(shownText(u"Dictionaries: %1"_s), {Paths::installed(u"Dict"_s)}),
+          toldText(shownText(u"Languages: %1"_s), {Paths::installed(u"Languages"_s)}),
           toldText(shownText(u"Program: %1"_s), {Paths::executableFolder()})};
 }
 

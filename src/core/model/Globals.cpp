@@ -21,7 +21,10 @@ QStringList usualRatingNames() {
           shownText(u"Quality"_s)};
 }
 
-QString shownRating(const QString& title) {
+QString shownRating(int number, const QString& title) {
+  if (title.isEmpty()) {
+    return translated(u"Rating %1"_s).arg(number);
+  }
   return usualRatingNames().contains(title) ? translated(title) : title;
 }
 

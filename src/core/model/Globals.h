@@ -25,8 +25,9 @@ extern QStringList g_RatingNames;
 /// Both as the program begins with them.
 QStringList usualStatusNames();
 QStringList usualRatingNames();
-/// What a rating of the book is called where it is shown: the usual names are in the language that is in force.
-QString shownRating(const QString& title);
+/// What the rating `number`, 1 to 4, is called where it is shown: the usual names are in the language that is in force,
+/// and one that the writer hasn't named is told by its number.
+QString shownRating(int number, const QString& title);
 
 /// Full path of the settings file.
 extern QString g_SettingsFile;

@@ -23,7 +23,7 @@ QString asFileName(const QString& title, const QString& otherwise) {
 }  // namespace
 
 bool RescueFolder::isBelow(const QString& file) {
-  return Paths::identity(file).startsWith(Paths::identity(Paths::programFolder() + u"Rescue"_s) + Paths::separator());
+  return Paths::identity(file).startsWith(Paths::identity(Paths::rescueFolder()) + Paths::separator());
 }
 
 QString RescueFolder::nameOfBook() const {
@@ -32,7 +32,7 @@ QString RescueFolder::nameOfBook() const {
 
 QString RescueFolder::path() const {
   if (project_.rescueFolder_.isEmpty()) {
-    project_.rescueFolder_ = Paths::programFolder() + u"Rescue"_s + Paths::separator() +
+    project_.rescueFolder_ = Paths::rescueFolder() + Paths::separator() +
                              Clock::now().toString(u"yyyy-MM-dd HH.mm.ss "_s) + nameOfBook() + Paths::separator();
   }
   return project_.rescueFolder_;

@@ -57,8 +57,7 @@ QString SceneRatings::inWords() const {
   for (size_t field = 0; field < titles.size() && !scenes.empty(); ++field) {
     const auto less = [field](const Scene& a, const Scene& b) { return a.ratings[field] < b.ratings[field]; };
     const auto [lowest, highest] = std::minmax_element(scenes.begin(), scenes.end(), less);
-    const QString title =
-        titles[field].isEmpty() ? translated(u"Rating %1"_s).arg(field + 1) : shownRating(titles[field]);
+    const QString title = shownRating(static_cast<int>(field) + 1, titles[field]);
     const qint16 from = lowest->ratings[field];
     const qint16 to = highest->ratings[field];
     parts.append(from == to ? u"%1 %2"_s.arg(title, QString::number(from))

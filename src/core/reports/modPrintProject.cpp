@@ -27,7 +27,7 @@ QString ruler(const QString& name, int dashesBehind) {
 QString sceneBlock(clsScene& scene) {
   QString block = translated(u"Viewpoint: "_s) + shownViewpoint(scene) + kLine;
   for (int i = 1; i <= kRatings; ++i) {
-    block += withColon(shownRating(g_Project->FieldTitle(i))) + u' ' + QString::number(scene.Field(i)) + kLine;
+    block += withColon(shownRating(i, g_Project->FieldTitle(i))) + u' ' + QString::number(scene.Field(i)) + kLine;
   }
   block += translated(u"Goal: "_s) + scene.Goal + kLine;
   block += translated(u"Conflict: "_s) + scene.Conflict + kLine;

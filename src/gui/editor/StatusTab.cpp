@@ -27,7 +27,8 @@ constexpr int kHighestRating = 10;
 constexpr int kNameLetters = 30;
 
 QString fieldTitle(size_t index) {
-  return shownRating(g_Project->FieldTitle(static_cast<int>(index) + 1));
+  const int number = static_cast<int>(index) + 1;
+  return shownRating(number, g_Project->FieldTitle(number));
 }
 
 }  // namespace
@@ -91,8 +92,7 @@ void StatusTab::showNames() {
   cmbStatus->renew(SceneCells::statuses());
   for (size_t i = 0; i < kRatings; ++i) {
     lblFieldTitle[i]->setText(withColon(fieldTitle(i)));
-    cmbFieldValue[i]->setAccessibleName(fieldTitle(i).isEmpty() ? translated(u"Rating %1"_s).arg(i + 1)
-                                                                : fieldTitle(i));
+    cmbFieldValue[i]->setAccessibleName(fieldTitle(i));
   }
   int width = 0;
   for (const ElidedLabel* const name : lblFieldTitle) {

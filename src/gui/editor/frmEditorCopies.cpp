@@ -114,8 +114,7 @@ void frmEditor::tellCopy(const QString& failure) {
 }
 
 void frmEditor::showCopyPlace() {
-  const QString folder =
-      g_Project->HasPlace() ? g_Project->Path() + u"Autobackup"_s : Paths::programFolder() + u"Rescue"_s;
+  const QString folder = g_Project->HasPlace() ? g_Project->Path() + u"Autobackup"_s : Paths::rescueFolder();
   StatusBar1->setToolTip(plainToolTip(
       translated(u"This file will be backed up to %1 at 1 minute intervals (If changes occur)"_s).arg(folder)));
 }

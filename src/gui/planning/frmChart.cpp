@@ -99,7 +99,7 @@ void frmChart::showLegend() {
     QPalette coloured;
     coloured.setColor(QPalette::WindowText, ChartPicture::colourOf(field, palette()));
     lblLegend[field]->setPalette(coloured);
-    lblLegend[field]->setText(shownRating(ratings_.titles[field]));
+    lblLegend[field]->setText(shownRating(static_cast<int>(field) + 1, ratings_.titles[field]));
   }
 }
 

@@ -93,6 +93,7 @@ TEST_F(EditorTabsTest, AllFieldsAreShownAndGoBackAsTheyWere) {
       {"cmbFieldValue(0)", "10"},
       {"cmbFieldValue(3)", ""},
       {"lblFieldTitle(1)", "Zest & more:"},
+      {"lblFieldTitle(2)", "Rating 3:"},
       {"txtDay", ""},
       {"cmbMinute", "09"},
       {"cmbLastsHours", ""},
