@@ -1,5 +1,7 @@
 #include "core/exchange/ImportedBook.h"
 
+#include "core/infra/cSharedLang.h"
+#include "core/model/ChapterNumbers.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -15,21 +17,17 @@ std::shared_ptr<clsCharacter> begin(clsProject& project) {
   // Chapters of the same numbers come, and none of them ends a section.
   project.EndBeginningChID = 0;
   project.EndMiddleChID = 0;
-  project.Title = u"Imported Project"_s;
-  project.AuthorName = u"Author's Name"_s;
+  project.Title = translated(u"Imported Project"_s);
+  project.AuthorName = translated(u"Author's Name"_s);
   auto narrator = std::make_shared<clsCharacter>();
-  narrator->setTitle(u"Unnamed"_s);
+  narrator->setTitle(translated(u"Unnamed"_s));
   project.AddChar(narrator);
   return narrator;
 }
 
-QString titleOfChapter(qint32 number) {
-  return u"Chapter "_s + QString::number(number);
-}
-
 std::shared_ptr<clsChapter> addChapter(clsProject& project) {
   auto chapter = std::make_shared<clsChapter>();
-  chapter->Title = titleOfChapter(project.ChapterCount() + 1);
+  chapter->Title = ChapterNumbers::title(project.ChapterCount() + 1);
   project.AddChapter(chapter);
   return chapter;
 }

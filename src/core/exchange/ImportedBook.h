@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <memory>
 
 class clsChapter;
@@ -14,8 +12,6 @@ namespace ImportedBook {
 /// Everything in the project is erased but what is set about it as a whole: its file, its settings. It gets a title and
 /// an author to be replaced, and the character who narrates all that comes.
 std::shared_ptr<clsCharacter> begin(clsProject& project);
-
-QString titleOfChapter(qint32 number);
 
 /// At the end, numbered, without a scene.
 std::shared_ptr<clsChapter> addChapter(clsProject& project);

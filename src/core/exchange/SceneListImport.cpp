@@ -2,6 +2,7 @@
 
 #include "core/exchange/HtmlReader.h"
 #include "core/exchange/ImportedBook.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -34,7 +35,7 @@ QString shortDescription(QStringView line) {
   const qsizetype stop = line.indexOf(u'.');
   const qsizetype call = line.indexOf(u'!');
   const qsizetype end = stop < 0 || (call >= 0 && call < stop) ? call : stop;
-  return end < 0 ? u"No short description"_s : line.first(end + 1).toString();
+  return end < 0 ? translated(u"No short description"_s) : line.first(end + 1).toString();
 }
 
 bool isHtml(const QString& text) {

@@ -2,6 +2,8 @@
 
 #include "core/exchange/ImportedBook.h"
 #include "core/exchange/TextParts.h"
+#include "core/infra/cSharedLang.h"
+#include "core/model/ChapterNumbers.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsCharacter.h"
 #include "core/model/clsProject.h"
@@ -15,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// In any line, as writers know it. The word of another language has to begin one.
 constexpr QStringView kHeading = u"chapter ";
 constexpr QStringView kSceneBreak = u"* * *";
 constexpr QStringView kLineEnd = u"\r\n";
@@ -33,9 +36,25 @@ qsizetype behindInstructions(QStringView plain) {
   return second < 0 ? 0 : second + kRule.size();
 }
 
-/// Where the headings begin, and the end of the text. By a letter that is rare: a comparison that ignores case costs
-/// more than all else at each place.
-std::vector<qsizetype> chapterBounds(QStringView plain, qsizetype from) {
+bool isIndent(QChar unit) {
+  return unit == u' ' || unit == u'\t';
+}
+
+bool isLineStart(QStringView text, qsizetype at) {
+  return at == 0 || text[at - 1] == u'\n';
+}
+
+/// With nothing before it but blanks, or the marks of our export.
+bool beginsLine(QStringView text, qsizetype at) {
+  at -= text.first(at).endsWith(kCentredTitle) ? kCentredTitle.size() : 0;
+  while (at > 0 && isIndent(text[at - 1])) {
+    --at;
+  }
+  return isLineStart(text, at);
+}
+
+/// By a letter that is rare: a comparison that ignores case costs more than all else at each place.
+std::vector<qsizetype> headingsIn(QStringView plain, qsizetype from) {
   constexpr qsizetype kRare = 3;
   static_assert(kHeading[kRare] == u'p');
   const char16_t* const units = plain.utf16();
@@ -45,6 +64,22 @@ std::vector<qsizetype> chapterBounds(QStringView plain, qsizetype from) {
         plain.sliced(at, kHeading.size()).compare(kHeading, Qt::CaseInsensitive) == 0) {
       bounds.push_back(at);
     }
+  }
+  return bounds;
+}
+
+/// Where the headings begin, and the end of the text.
+std::vector<qsizetype> chapterBounds(QStringView plain, qsizetype from, const QStringList& words) {
+  std::vector<qsizetype> bounds = headingsIn(plain, from);
+  for (const QString& word : words.sliced(1)) {
+    const QString heading = word + u' ';
+    const auto english = static_cast<std::ptrdiff_t>(bounds.size());
+    for (qsizetype at = from; (at = plain.indexOf(heading, at, Qt::CaseInsensitive)) >= 0; at += heading.size()) {
+      if (beginsLine(plain, at)) {
+        bounds.push_back(at);
+      }
+    }
+    std::inplace_merge(bounds.begin(), bounds.begin() + english, bounds.end());
   }
   bounds.push_back(plain.size());
   return bounds;
@@ -59,14 +94,6 @@ std::vector<qsizetype> sceneBreaks(QStringView chapter) {
     }
   }
   return marks;
-}
-
-bool isIndent(QChar unit) {
-  return unit == u' ' || unit == u'\t';
-}
-
-bool isLineStart(QStringView text, qsizetype at) {
-  return at == 0 || text[at - 1] == u'\n';
 }
 
 /// Without so many of the empty lines in front of the line that begins here.
@@ -142,9 +169,11 @@ qsizetype behindTitle(QStringView text, qsizetype heading, qint32 number, const 
   const qsizetype end = found < 0 ? text.size() : found;
   QStringView said = text.sliced(heading, end - heading).trimmed();
   said.chop(frame.isText && said.endsWith(u'*') ? 1 : 0);
-  return said.compare(ImportedBook::titleOfChapter(number), Qt::CaseInsensitive) == 0
-             ? behindEmptyLines(text, end, frame.isText ? 4 : 3)
-             : heading;
+  const QStringList words = ChapterNumbers::words();
+  const bool saysTitle = std::any_of(words.begin(), words.end(), [&](const QString& word) {
+    return said.compare(word + u' ' + QString::number(number), Qt::CaseInsensitive) == 0;
+  });
+  return saysTitle ? behindEmptyLines(text, end, frame.isText ? 4 : 3) : heading;
 }
 
 struct Chapters {
@@ -154,7 +183,7 @@ struct Chapters {
 };
 
 Chapters chaptersOf(QStringView plain, qsizetype begin) {
-  const std::vector<qsizetype> bounds = chapterBounds(plain, begin);
+  const std::vector<qsizetype> bounds = chapterBounds(plain, begin, ChapterNumbers::words());
   Chapters chapters{bounds.front(), {}};
   for (size_t i = 0; i + 1 < bounds.size(); ++i) {
     const std::optional<Frame> frame = frameAround(plain, bounds[i]);
@@ -194,11 +223,13 @@ std::vector<TextRange> scenesOf(QStringView chapter) {
 /// Word processors write the blanks of headings and marks as ones that don't break, which look the same: there they are
 /// plain blanks. In the middle of a line they are the writer's.
 QString withPlainBlanks(QString plain) {
-  const auto word = kHeading.chopped(1);
+  const QStringList words = ChapterNumbers::words();
   for (qsizetype at = plain.indexOf(QChar::Nbsp); at >= 0; at = plain.indexOf(QChar::Nbsp, at + 1)) {
     const QStringView before = QStringView(plain).first(at);
     const bool isInMark = before.endsWith(u'*') && QStringView(plain).sliced(at + 1).startsWith(u'*');
-    const bool isInHeading = before.endsWith(word, Qt::CaseInsensitive) && isLineStart(plain, at - word.size());
+    const bool isInHeading = std::any_of(words.begin(), words.end(), [&](const QString& word) {
+      return before.endsWith(word, Qt::CaseInsensitive) && isLineStart(plain, at - word.size());
+    });
     if (isInMark || isInHeading) {
       plain[at] = u' ';
     }
@@ -249,7 +280,7 @@ void WorkImport::fill(clsProject& project) const {
     for (const QByteArray& text : texts) {
       const auto scene = std::make_shared<clsScene>();
       scene->setTextRTF(text);
-      scene->Title = u"Scene "_s + QString::number(chapter->SceneCount() + 1);
+      scene->Title = translated(u"Scene"_s) + u' ' + QString::number(chapter->SceneCount() + 1);
       scene->SetViewpointByID(narrator);
       chapter->Addscene(scene);
     }

@@ -5,6 +5,7 @@
 #include "core/infra/Maker.h"
 #include "core/infra/cSHAREDSubs.h"
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 
 using namespace Qt::StringLiterals;
@@ -61,10 +62,10 @@ QString ErrorReport::mailLink() const {
 
 QString ErrorReport::plainText() const {
   constexpr qsizetype kRuleLength = 75;
-  const QStringList lines{u"If the 'submit report' button doesn't work on your system, open an email"_s,
-                          u"to '"_s + mailbox() + u"' and paste the following text into it."_s,
+  const QStringList lines{translated(u"If the 'submit report' button doesn't work on your system, open an email"_s),
+                          translated(u"to '%1' and paste the following text into it."_s).arg(mailbox()),
                           {},
-                          u"Submitting a bug report helps improve the software."_s,
+                          translated(u"Submitting a bug report helps improve the software."_s),
                           {},
                           QString(kRuleLength, u'-'),
                           {},

@@ -187,7 +187,7 @@ void cSharedLang::OverrideLanguagePath(const QString& folder) {
   }
 }
 
-QStringList cSharedLang::languageFolders() const {
+QStringList cSharedLang::LanguageFolders() const {
   return path_.isEmpty() ? Paths::allInstalled(u"Languages"_s) : QStringList{Files().Combine(path_, u"Languages"_s)};
 }
 
@@ -206,7 +206,7 @@ bool cSharedLang::IsEnglish() const {
 void cSharedLang::LoadAllLanguages() {
   files_.clear();
   titles_.clear();
-  for (const QString& folder : languageFolders()) {
+  for (const QString& folder : LanguageFolders()) {
     listFolder(folder);
   }
 }

@@ -77,6 +77,8 @@ class cSharedLang {
   void TranslateForm(TranslatableForm& form);
   void Localise(TranslatableForm& form, int index);
 
+  /// Where languages are looked for, the program's own folder first.
+  QStringList LanguageFolders() const;
   /// Gathers the texts of these windows, the last one first, in FormsText.txt. False when that can't be written.
   bool GenerateLanguageTemplate(const QList<TranslatableForm*>& forms) const;
   /// Gives every language of the folder the entries of its template.txt that it lacks, in English.
@@ -93,7 +95,6 @@ class cSharedLang {
     std::vector<Entry> entries;
   };
 
-  QStringList languageFolders() const;
   void listFolder(const QString& folder);
   static Language read(const QString& text);
   static void sort(std::vector<Entry>& entries);

@@ -323,7 +323,7 @@ void PrintFlow::printHeaderAndFooter(const QString& title) {
   placeAt(left, kHeaderTop, elided(line, numberLeft - blank - left, breaker()), font);
   placeAt(numberLeft, kHeaderTop, number, font);
   font = textFont;
-  const QString printed = QLocale::c().toString(Clock::now(), u"dd-MMM-yyyy, HH:mm"_s);
+  const QString printed = QLocale().toString(Clock::now(), u"dd-MMM-yyyy, HH:mm"_s);
   placeAt(kPageLeft, paper_.height - kFooterFromBottom, translated(u"Printed %1"_s).arg(printed),
           {font.name, kFooterPoints, false});
 }

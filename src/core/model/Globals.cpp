@@ -5,6 +5,8 @@
 #include "core/model/SceneEditor.h"
 #include "core/model/clsProject.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 QStringList usualStatusNames() {
@@ -26,6 +28,13 @@ QString shownRating(int number, const QString& title) {
     return translated(u"Rating %1"_s).arg(number);
   }
   return usualRatingNames().contains(title) ? translated(title) : title;
+}
+
+QString keptRating(const QString& typed) {
+  const QStringList usual = usualRatingNames().sliced(1);
+  const auto same =
+      std::find_if(usual.begin(), usual.end(), [&](const QString& name) { return translated(name) == typed; });
+  return same == usual.end() ? typed : *same;
 }
 
 clsHashTable g_SceneChanges;

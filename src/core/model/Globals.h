@@ -28,6 +28,8 @@ QStringList usualRatingNames();
 /// What the rating `number`, 1 to 4, is called where it is shown: the usual names are in the language that is in force,
 /// and one that the writer hasn't named is told by its number.
 QString shownRating(int number, const QString& title);
+/// What is kept of a rating's name as it was typed: a usual one of the language that is in force is kept in English.
+QString keptRating(const QString& typed);
 
 /// Full path of the settings file.
 extern QString g_SettingsFile;

@@ -4,6 +4,7 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
+#include "core/infra/ToldText.h"
 #include "core/infra/ZipContents.h"
 #include "core/infra/cSHAREDZipFiles.h"
 #include "core/infra/cSharedFileSubs.h"
@@ -86,7 +87,7 @@ void DebugFile::write() const {
   const std::optional<QByteArray> project = readWholeFile(projectFile_);
   if (!project) {
     throw RuntimeError(RuntimeError::FileNotFound,
-                       RuntimeError::descriptionOf(RuntimeError::FileNotFound) + u": "_s + projectFile_);
+                       toldText(RuntimeError::descriptionOf(RuntimeError::FileNotFound) + u": %1"_s, {projectFile_}));
   }
   Files().ReplaceFile(file_, withoutStory(*project));
   Files().ReplaceFile(list_, listed().toUtf8());

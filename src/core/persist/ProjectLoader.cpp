@@ -322,7 +322,7 @@ void ProjectLoader::beginEmptyBook(const QString& file) {
   project_.readOnly_ = readOnly;
   project_.FileWithPath = file;
   const auto chapter = std::make_shared<clsChapter>();
-  chapter->Title = u"Found texts"_s;
+  chapter->Title = translated(u"Found texts"_s);
   project_.AddChapter(chapter);
 }
 

@@ -1,6 +1,7 @@
 #include "core/persist/RestoredScene.h"
 
 #include "core/infra/cSharedFileSubs.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -27,5 +28,5 @@ std::shared_ptr<clsScene> restoreAsNewScene(const QByteArray& rtf, const QString
 QString titleOfRestored(const clsScene* source, const QString& copy, const QString& time) {
   const QString title = source == nullptr ? QString() : source->Title.trimmed();
   const QString front = title.isEmpty() ? Files().FileWithoutExt(Files().FileOnly(copy)) : title;
-  return time.isEmpty() ? front + u" (copy)"_s : front + u" (copy of "_s + time + u')';
+  return front + u' ' + (time.isEmpty() ? translated(u"(copy)"_s) : translated(u"(copy of %1)"_s).arg(time));
 }

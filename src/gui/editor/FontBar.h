@@ -25,13 +25,14 @@ class FontBar : public QWidget {
   void choose(const DefaultFont& font);
   /// Fills the lists; what the combos show stays.
   void fillLists();
+  /// Marks the shown font when it isn't installed, and says what stands in for it.
+  void markReplaced();
 
  private:
   QToolButton* makeToggle(const char* name, const QString& tip);
   void connectCombos();
   void connectButton(QToolButton& button, const char* handler, void (RichTextBox::*toggle)());
   void follow();
-  void markReplaced();
   void applyFont(const QString& name);
   void applySize(const QString& typed);
   void setSize(double points);

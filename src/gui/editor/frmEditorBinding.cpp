@@ -23,6 +23,7 @@
 #include "gui/editor/EditorStatusBar.h"
 #include "gui/editor/EditorTabStrip.h"
 #include "gui/editor/EditorText.h"
+#include "gui/editor/FontBar.h"
 #include "gui/editor/ViewpointBox.h"
 #include "gui/editor/frmEditor.h"
 #include "gui/toolkit/RichTextBox.h"
@@ -188,6 +189,9 @@ void frmEditor::ShowSceneWordCount() {
 void frmEditor::showInLanguage() {
   UpdateCombos();
   TabStrip1->TabIcons();
+  fontBar_->markReplaced();
+  tellLosses();
+  showCopyPlace();
   LastCountedText.reset();
   ShowSceneWordCount();
 }

@@ -1,4 +1,5 @@
 #include "core/infra/Guard.h"
+#include "core/infra/cSharedLang.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -28,7 +29,7 @@ qint32 AddSceneToChapter(qint32 chapterID) {
   const auto added = std::make_shared<clsScene>();
   g_Project->Addscene(added);
   g_Project->ChapterByID(chapterID)->Addscene(added);
-  added->Title = u"New Scene"_s;
+  added->Title = translated(u"New Scene"_s);
   added->Save(false, true);
   g_Project->setPlanDue();
   // Until then nothing names its file. Why it could not be saved is told by the save, and the next one takes it along.

@@ -120,7 +120,7 @@ void frmStoryboard::PrintSB() {
   };
   printReport({.key = u"Storyboard"_s,
                .prompt = shownText(u"Click PRINT to continue."_s),
-               .name = printFileName(u"Storyboard"_s),
+               .name = printFileName(shownText(u"Storyboard"_s)),
                .report = report,
                .routine = "PrintSB",
                .module = "frmStoryboard"});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/infra/cSharedLang.h"
 #include "core/model/EntityDialogs.h"
 
 #include <QDialog>
@@ -66,7 +67,7 @@ class SheetOf : public Sheet {
     }
     Details typed = FormToData();
     if (typed.Title.trimmed().isEmpty()) {
-      typed.Title = given_.Title.isEmpty() ? QStringLiteral("Unnamed") : given_.Title;
+      typed.Title = given_.Title.isEmpty() ? translated(QStringLiteral("Unnamed")) : given_.Title;
     }
     keep_(typed);
     return true;

@@ -1,5 +1,6 @@
 #include "gui/toolkit/WindowTexts.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Mnemonics.h"
 
 #include <QAbstractButton>
@@ -295,6 +296,11 @@ void translate(QObject& object, const Place& place, QVariantMap& before, const T
     return;
   }
   const QString shown = fitted(given, place, english, object);
+  if (Lang().IsEnglish()) {
+    // A window had put it there translated: this is what it begins with from now on.
+    put(object, place, shown);
+    return;
+  }
   before.insert(place.name, QStringList{english, shown});
   object.setProperty(kBefore, before);
   put(object, place, shown);

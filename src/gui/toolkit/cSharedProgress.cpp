@@ -1,5 +1,6 @@
 #include "gui/toolkit/cSharedProgress.h"
 
+#include "core/infra/cSharedLang.h"
 #include "gui/toolkit/Controls.h"
 #include "gui/toolkit/GuardedSlot.h"
 #include "gui/toolkit/InputShield.h"
@@ -53,7 +54,7 @@ void cSharedProgress::build() {
   auto* bar = new QProgressBar(window_);
   bar->setRange(0, 0);
   bar->setTextVisible(false);
-  bar->setAccessibleName(u"Busy"_s);
+  bar->setAccessibleName(shownText(u"Busy"_s));
   bar->setMinimumWidth(window_->fontMetrics().averageCharWidth() * kWidthInChars);
   auto* layout = new QVBoxLayout(window_);
   layout->setSizeConstraint(QLayout::SetMinAndMaxSize);

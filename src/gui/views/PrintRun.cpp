@@ -213,7 +213,7 @@ bool printReport(const PrintOrder& order) {
 bool printScenes(const QList<qint32>& sceneIDs) {
   return printReport({.key = u"StoryFile"_s,
                       .prompt = shownText(u"Print scene(s)"_s),
-                      .name = printFileName(u"Scenes"_s),
+                      .name = printFileName(shownText(u"Scenes"_s)),
                       .report = [sceneIDs](const ReportJob& job) { return PrintScenes(job, sceneIDs); },
                       .routine = "PrintScene",
                       .module = "modPrintProject"});
@@ -230,11 +230,11 @@ bool printCast(CastKind kind) {
   };
   switch (kind) {
     case CastKind::Character:
-      return print(u"Character List"_s, &PrintCharList, "PrintCharList");
+      return print(shownText(u"Character List"_s), &PrintCharList, "PrintCharList");
     case CastKind::Location:
-      return print(u"Location List"_s, &PrintLocationList, "PrintLocationList");
+      return print(shownText(u"Location List"_s), &PrintLocationList, "PrintLocationList");
     default:
-      return print(u"Item List"_s, &PrintItemList, "PrintItemList");
+      return print(shownText(u"Item List"_s), &PrintItemList, "PrintItemList");
   }
 }
 
@@ -242,7 +242,8 @@ bool printCast(CastKind kind) {
 QString printFileName(const QString& report) {
   constexpr qsizetype kLongestTitle = 60;
   const QString title = shortened(g_Project->Title, kLongestTitle);
-  QString name = title.isEmpty() ? report : title + u" - "_s + report;
+  const QString kind = translated(report);
+  QString name = title.isEmpty() ? kind : title + u" - "_s + kind;
   for (QChar& letter : name) {
     if (u"\\/:*?\"<>|"_s.contains(letter) || letter < u' ') {
       letter = u' ';

@@ -42,5 +42,5 @@ bool printScenes(const QList<qint32>& sceneIDs);
 /// The same for all characters, locations or items.
 bool printCast(CastKind kind);
 
-/// What a file of a report of this book may be called, without an extension.
+/// What a file of a report of this book may be called, in the language that is in force and without an extension.
 QString printFileName(const QString& report);

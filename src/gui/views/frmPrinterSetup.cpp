@@ -41,7 +41,7 @@ constexpr qint16 kLargestSize = 72;
 constexpr int kSampleLines = 5;
 constexpr int kSampleLetters = 56;
 constexpr int kSizeLetters = 6;
-constexpr int kFontLetters = 34;
+constexpr int kFontLetters = 37;
 
 QLabel* makeSample(QWidget* parent) {
   QLabel* const sample = makeLabel(u"picPreview"_s, u"This is a preview of the selected font & size"_s, parent);

@@ -11,6 +11,7 @@
 #include "core/model/clsScene.h"
 #include "core/text/Rtf.h"
 #include "support/SampleProject.h"
+#include "support/TestLanguage.h"
 
 #include <QStringList>
 
@@ -38,6 +39,21 @@ WorkImport cut(const RichText& text) {
 }
 
 }  // namespace
+
+// A word of another language is a heading at the begin of a line only.
+TEST(WorkImport, HeadingsMayBeInTheLanguageOfTheProgram) {
+  const TestLanguage language(u"Chapter||Kapitel\nScene||Szene\n"_s);
+  const WorkImport work = cut(
+      RichText::fromPlain(u"Von mir\n  KAPITEL 3\nDas Kapitel davor\nChapter 9\nb\nKapitel\u00a0drei\nc\n* * *\nd"_s));
+  EXPECT_EQ(shown(work), u"KAPITEL 3|Das Kapitel davor#Chapter 9|b#Kapitel\u00a0drei|c/d"_s);
+  g_Project->Clear();
+  work.fill(*g_Project);
+  EXPECT_EQ(g_Project->ChapterByIndex(3)->Title + u'/' + g_Project->SceneByID(4)->Title, u"Kapitel 3/Szene 2"_s);
+  for (qint32 id = 1; id <= 4; ++id) {
+    g_Project->SceneByID(id)->setTextRTF(writeRtf(RichText::fromPlain(u"a"_s)));
+  }
+  EXPECT_EQ(shown(cut(readRtf(ExportToRTF({}, [](qint32) {})))), u"a#a#a/a"_s) << "headings of ours aren't said again";
+}
 
 TEST(WorkImport, ATextIsCutIntoChaptersAndScenes) {
   const std::tuple<QString, QString, qint32, qint32> cases[] = {

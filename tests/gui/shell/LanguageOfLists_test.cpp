@@ -19,6 +19,7 @@
 #include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/QtToolkit.h"
 #include "gui/views/ListView.h"
+#include "gui/views/PrintRun.h"
 #include "support/ModalHelper.h"
 #include "support/SampleProject.h"
 
@@ -57,7 +58,9 @@ class LanguageOfListsTest : public ShellTest {
             .toUtf8());
     writeFile(folder.path(u"Languages/y.txt"_s),
               u"Prova\nDraft||Bozza\nAction||Mossa\nGoal||Meta\n%1 words||%1 parole\n(nobody)||(nessuno)\n"
-              "Saved: %1||Messo: %1\nN/A||nessuno\n"_s.toUtf8());
+              "Saved: %1||Messo: %1\nN/A||nessuno\n"
+              "This file will be backed up to %1 at 1 minute intervals (If changes occur)||Copie in %1\n"
+              "Chapter||Capitolo\nNew Scene||Nuova scena\nChapters||Capitoli\nTension||Tensione\n"_s.toUtf8());
     startWith(smallProject());
     chapterAt(1)->Title = u"Open"_s;
     sceneAt(1)->Title = u"Draft"_s;
@@ -153,6 +156,8 @@ TEST_F(LanguageOfListsTest, OpenWindowsGoFromOneLanguageToTheNext) {
     EXPECT_EQ(childOf<QComboBox>(editor, u"cmbViewpoint"_s).placeholderText(), nobody);
     EXPECT_EQ(childOf<QLabel>(editor, u"lblGoal(0)"_s).text(), goal);
     EXPECT_EQ(saved.text(), (language == u"Prova"_s ? u"Messo: "_s : u"Saved: "_s) + time);
+    const QString place = childOf<QWidget>(editor, u"StatusBar1"_s).toolTip();
+    EXPECT_EQ(place.contains(u"Copie in"_s), language == u"Prova"_s) << place.toStdString();
     EXPECT_EQ(cell("ListScenes", 1, 0), language == u"Prova"_s ? u"nessuno"_s : u"N/A"_s);
     const QAbstractItemModel& rows = *childOf<ListView>(all, u"ListView1"_s).model();
     EXPECT_EQ(rows.index(0, 1).data(), status);
@@ -216,6 +221,31 @@ TEST_F(LanguageOfListsTest, WhatWindowsSayOfThemselvesFollows) {
     EXPECT_TRUE(help.windowTitle().startsWith(title)) << help.windowTitle().toStdString();
     EXPECT_EQ(withoutMnemonic(split.text()), entry);
   }
+}
+
+// They become the writer's own, and the commands that go by such a name know it in both languages.
+TEST_F(LanguageOfListsTest, WhatTheProgramNamesIsNamedInItsLanguage) {
+  speak(u"Prova"_s);
+  toolkit.expectFile(u"2"_s);
+  trigger("mnuCreateChapters");
+  chapterAt(1)->Title = u"Prologo"_s;
+  chapterAt(2)->Title = u"Chapter 7"_s;
+  const auto titles = [] {
+    QStringList found;
+    for (const auto& chapter : g_Project->Chapters) {
+      found.append(chapter->Title);
+    }
+    return found;
+  };
+  EXPECT_EQ(titles().last().section(u' ', 0, 0), u"Capitolo"_s);
+  chapterAt(3)->Title = u"il capitolo terzo"_s;
+  trigger("mnuRenumber");
+  EXPECT_EQ(titles(), (QStringList{u"Prologo"_s, u"Chapter 1"_s, u"Capitolo 2"_s, u"Capitolo 3"_s, u"Capitolo 4"_s}));
+  click(list("ListChapters"), 0);
+  toolkit.expectFile(u"1"_s);
+  trigger("mnuAddMultiScenes");
+  EXPECT_EQ(cell("ListScenes", list("ListScenes").model()->rowCount() - 1, 2), u"Nuova scena 1"_s);
+  EXPECT_EQ(printFileName(u"Chapters"_s), g_Project->Title + u" - Capitoli"_s);
 }
 
 TEST_F(LanguageOfListsTest, ATitleOnALineOfItsOwnStaysInABox) {

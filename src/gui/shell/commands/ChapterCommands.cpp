@@ -5,12 +5,12 @@
 #include "core/infra/Toolkit.h"
 #include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
+#include "core/model/ChapterNumbers.h"
 #include "core/model/Globals.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
 #include "core/model/clsScene.h"
 #include "gui/shell/commands/BookScenes.h"
-#include "gui/shell/commands/ChapterNumbers.h"
 #include "gui/shell/main/ChapterPane.h"
 #include "gui/shell/main/MainPanes.h"
 #include "gui/shell/main/frmMain.h"
@@ -123,7 +123,7 @@ void ChapterCommands::createChapters(qint32 count) {
   std::shared_ptr<clsChapter> chapter;
   for (qint32 i = 1; i <= count; ++i) {
     chapter = std::make_shared<clsChapter>();
-    chapter->Title = u"Chapter "_s + QString::number(highest + i);
+    chapter->Title = ChapterNumbers::title(highest + i);
     g_Project->AddChapter(chapter);
   }
   main_.ProjectChanged = true;

@@ -59,11 +59,12 @@ void PrintCommands::bind(MenuBindings& menu) {
         menu, entry,
         {.key = key, .prompt = prompt, .report = report, .routine = routine, .module = "modPrintSynopsis"});
   };
-  bindReport("mnuPrintSynopsis", "PrintSynopsis", u"Synopsis"_s, shownText(u"Click PRINT to output the list."_s),
-             &PrintSynopsis);
-  bindReport("mnuExpandedSynopsis", "PrintExpandedSynopsis", u"Expanded Synopsis"_s,
+  bindReport("mnuPrintSynopsis", "PrintSynopsis", shownText(u"Synopsis"_s),
+             shownText(u"Click PRINT to output the list."_s), &PrintSynopsis);
+  bindReport("mnuExpandedSynopsis", "PrintExpandedSynopsis", shownText(u"Expanded Synopsis"_s),
              shownText(u"Click PRINT to output the list."_s), &PrintExpandedSynopsis);
-  bindReport("mnuPrintSummary", "PrintSummary", u"Summary"_s, shownText(u"Click PRINT to continue."_s), &PrintSummary);
+  bindReport("mnuPrintSummary", "PrintSummary", shownText(u"Summary"_s), shownText(u"Click PRINT to continue."_s),
+             &PrintSummary);
   bindWorkSchedule(menu);
   bindList(menu, "mnuPrintChar", CastKind::Character);
   bindList(menu, "mnuPrintLocationList", CastKind::Location);
@@ -93,7 +94,7 @@ void PrintCommands::bindWorkSchedule(MenuBindings& menu) {
   menu.bind("mnuPrintOnStatus", [](const MenuChoice& chosen) {
     printReport({.key = u"SceneList"_s,
                  .prompt = shownText(u"Click PRINT to output the report."_s),
-                 .name = printFileName(u"Work Schedule"_s),
+                 .name = printFileName(shownText(u"Work Schedule"_s)),
                  .report = [item = chosen.index](const ReportJob& job) { return PrintWorkSchedule(job, item); },
                  .routine = "PrintWorkSchedule",
                  .module = "modPrintWorkSchedule"});
@@ -111,7 +112,7 @@ void PrintCommands::mnuPrintProject_Click() {
   if (const auto chapters = pickChapters(u"printing"_s)) {
     printReport({.key = u"Chapter"_s,
                  .prompt = shownText(u"Print chapter(s)"_s),
-                 .name = printFileName(u"Manuscript"_s),
+                 .name = printFileName(shownText(u"Manuscript"_s)),
                  .report = &PrintProject,
                  .chapters = *chapters,
                  .offersDetails = true,
@@ -127,7 +128,7 @@ void PrintCommands::mnuPrintSelectedChapters_Click() {
   }
   printReport({.key = u"Chapter"_s,
                .prompt = shownText(u"Print chapter(s)"_s),
-               .name = printFileName(u"Chapters"_s),
+               .name = printFileName(shownText(u"Chapters"_s)),
                .report = [chapters](const ReportJob& job) { return PrintChapters(job, chapters); },
                .offersDetails = true,
                .routine = "PrintChapter",
@@ -152,7 +153,7 @@ void PrintCommands::mnuPrintSceneCards_Click() {
   if (chapters) {
     printReport({.key = u"Scene Cards"_s,
                  .prompt = shownText(u"Click PRINT to output all project summaries."_s),
-                 .name = printFileName(u"Scene Cards"_s),
+                 .name = printFileName(shownText(u"Scene Cards"_s)),
                  .report = [perPage = *cards](const ReportJob& job) { return PrintSummaryCards(job, perPage); },
                  .chapters = *chapters,
                  .routine = "PrintSummaryCards",

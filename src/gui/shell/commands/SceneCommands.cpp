@@ -76,7 +76,7 @@ void SceneCommands::createScenes(clsChapter& chapter, qint32 count) {
   std::shared_ptr<clsScene> scene;
   for (qint32 i = 1; i <= count; ++i) {
     scene = std::make_shared<clsScene>();
-    scene->Title = u"New Scene "_s + QString::number(i);
+    scene->Title = translated(u"New Scene"_s) + u' ' + QString::number(i);
     g_Project->Addscene(scene);
     chapter.Addscene(scene);
     g_SceneChanges.MarkUpdated(scene->ID());

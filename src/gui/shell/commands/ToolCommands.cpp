@@ -20,6 +20,7 @@
 #include "gui/shell/windows/frmAbout.h"
 #include "gui/shell/windows/frmLostAndFound.h"
 #include "gui/toolkit/GuardedSlot.h"
+#include "gui/toolkit/Mnemonics.h"
 #include "gui/toolkit/fSHAREDLogViewer.h"
 
 #include <QMenu>
@@ -51,13 +52,19 @@ void tellOf(const DebugFile& debug, const QString& cause, bool zipped) {
 
 void ToolCommands::bind(MenuBindings& menu) {
   // The folder of the languages is looked at when somebody wants to choose one.
-  QObject::connect(main_.menus().menu(u"mnuChooseLang"_s), &QMenu::aboutToShow, &main_,
-                   guarded("mnuChooseLang_Click", "frmMain", [&main = main_] { fillLanguageMenu(main); }));
+  QMenu* const languages = main_.menus().menu(u"mnuChooseLang"_s);
+  QObject::connect(languages, &QMenu::aboutToShow, &main_,
+                   guarded("mnuChooseLang_Click", "frmMain", [&main = main_, languages] {
+                     fillLanguageMenu(main);
+                     // Keys were given before those entries were there.
+                     assignMnemonics(languages->actions());
+                   }));
   menu.bind("mnuCreateDebug", [this] { mnuCreateDebug_Click(); });
   menu.bind("mnuViewLog", [this] { mnuViewLog_Click(); });
   menu.bind("mnuLostAndFound", [this] { mnuLostAndFound_Click(); });
   menu.bind("mnuFont", [this](const MenuChoice& chosen) { mnuFont_Click(chosen.tag.toString()); });
   menu.bind("mnuLanguage", [this](const MenuChoice& chosen) { mnuLanguage_Click(chosen.tag.toString()); });
+  menu.bind("mnuUpdateLanguages", [this] { mnuUpdateLanguages_Click(); });
   menu.bind("mnuAbout", [this] { mnuAbout_Click(); });
   menu.bind("mnuCheckVersion", [this] { mnuCheckVersion_Click(); });
   menu.bind("mnuManual", [this] { mnuManual_Click(); });
@@ -109,12 +116,20 @@ void ToolCommands::mnuFont_Click(const QString& family) {
 }
 
 void ToolCommands::mnuLanguage_Click(const QString& language) {
+  if (language == Lang().CurrentLanguage()) {
+    return;
+  }
   if (!useLanguage(main_, language)) {
     main_.showMessage(translated(u"The language %1 could not be read."_s).arg(language));
     return;
   }
   Settings().sSet(kLanguageSetting, language);
   SearchCommands::fillProblemWords(main_.menus());
+}
+
+void ToolCommands::mnuUpdateLanguages_Click() {
+  main_.showMessage(updateLanguageFiles() ? shownText(u"The language files were updated"_s)
+                                          : shownText(u"The texts of the windows could not be written"_s));
 }
 
 void ToolCommands::mnuAbout_Click() {

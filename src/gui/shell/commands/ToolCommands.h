@@ -20,6 +20,8 @@ class ToolCommands : public CommandGroup {
   /// Takes the font for the window and keeps it in the settings.
   void mnuFont_Click(const QString& family);
   void mnuLanguage_Click(const QString& language);
+  /// Gathers the texts of the windows that are open, and gives each language file the entries that it lacks.
+  void mnuUpdateLanguages_Click();
   void mnuAbout_Click();
   void mnuCheckVersion_Click();
   void mnuManual_Click();

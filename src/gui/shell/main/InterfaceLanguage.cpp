@@ -7,6 +7,12 @@
 #include "gui/shell/main/MainMenuBar.h"
 #include "gui/shell/main/frmMain.h"
 #include "gui/toolkit/LanguageHook.h"
+#include "gui/toolkit/WindowTexts.h"
+
+#include <QApplication>
+
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -73,4 +79,20 @@ QString useStoredLanguage(frmMain& main) {
   }
   Logging().LogEvent(u"The language "_s + stored + u" could not be read"_s);
   return stored;
+}
+
+bool updateLanguageFiles() {
+  std::vector<std::unique_ptr<WindowTexts>> windows;
+  QList<TranslatableForm*> forms;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) {
+      windows.push_back(std::make_unique<WindowTexts>(*window));
+      forms.append(windows.back().get());
+    }
+  }
+  const bool isWritten = Lang().GenerateLanguageTemplate(forms);
+  for (const QString& folder : Lang().LanguageFolders()) {
+    Lang().UpdateTemplates(folder);
+  }
+  return isWritten;
 }

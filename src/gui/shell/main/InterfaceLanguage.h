@@ -13,5 +13,8 @@ bool useLanguage(frmMain& main, const QString& title);
 void loadStoredLanguage();
 /// At start-up. In English nothing is looked for. The title of a stored language that can't be read.
 QString useStoredLanguage(frmMain& main);
+/// For who translates: the texts of all windows that are open, in a file beside the settings, and every language file
+/// with the entries of its template that it lacks. False when the texts could not be written.
+bool updateLanguageFiles();
 /// The languages that are there now, the one in use checked.
 void fillLanguageMenu(frmMain& main);

@@ -193,6 +193,7 @@ constexpr std::array kTools{
     entry("mnuCreateDebug", u"Create Debug File", "mnuDebugMenu"),
     entry("mnuViewLog", u"View Log", "mnuDebugMenu"),
     flagged("mnuShowDebug", u"Show Debug Window", "mnuDebugMenu", kDevelopment),
+    flagged("mnuUpdateLanguages", u"Update language files", "mnuDebugMenu", kDevelopment),
     separator("mnuWindow"),
     menu("mnuFontmnu", u"Select User Interface Font", "mnuWindow"),
     choice("mnuFont(0)", u"Arial", "mnuFontmnu", u"Arial"),

@@ -230,7 +230,7 @@ void NotesPane::cmdNew_Click() {
     const QSignalBlocker quiet(ListNotes);
     ListNotes->clearSelection();
   }
-  show(u"New Note"_s, {});
+  show(translated(u"New Note"_s), {});
   edit(nullptr);
   selectedBefore_ = selected;
   txtNoteTitle->setFocus();

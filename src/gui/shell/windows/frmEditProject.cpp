@@ -166,7 +166,8 @@ void frmEditProject::showSettings(const ProjectSettings& settings) {
   showText(*txtAuthor, settings.AuthorName);
   txtBio->setText(settings.AuthorBio);
   for (size_t i = 0; i < txtField.size(); ++i) {
-    showText(*txtField[i], settings.FieldTitles[i]);
+    const QString& name = settings.FieldTitles[i];
+    showText(*txtField[i], name.isEmpty() ? name : shownRating(static_cast<int>(i) + 1, name));
   }
   deadlines_->showDeadlines(settings.deadlines);
 }
@@ -175,14 +176,14 @@ ProjectSettings frmEditProject::settings() const {
   ProjectSettings settings{txtTitle->text(),       txtDesc->Text(), txtAuthor->text(), txtBio->Text(), {},
                            deadlines_->deadlines()};
   for (size_t i = 0; i < txtField.size(); ++i) {
-    settings.FieldTitles[i] = txtField[i]->text();
+    settings.FieldTitles[i] = keptRating(txtField[i]->text());
   }
   return settings;
 }
 
 void frmEditProject::cmdDefault_Click() {
   for (size_t i = 0; i < txtField.size(); ++i) {
-    txtField[i]->setText(g_RatingNames.value(static_cast<qsizetype>(i) + 1));
+    txtField[i]->setText(translated(g_RatingNames.value(static_cast<qsizetype>(i) + 1)));
   }
 }
 

@@ -64,7 +64,7 @@ void frmOverview::cmdPrint_Click() {
   printReport(
       {.key = u"AllStoryFile"_s,
        .prompt = shownText(u"Click PRINT to continue."_s),
-       .name = printFileName(u"Overview"_s),
+       .name = printFileName(shownText(u"Overview"_s)),
        .report = [text = txtOverview->toPlainText()](
                      const ReportJob& job) { return PrintPlainText(job, text, translated(u"Project Overview"_s)); },
        .told = shownText(u"Overview printed"_s),

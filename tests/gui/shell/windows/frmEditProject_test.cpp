@@ -11,6 +11,7 @@
 #include "support/Required.h"
 #include "support/SampleProject.h"
 #include "support/ScriptedToolkit.h"
+#include "support/TestLanguage.h"
 #include "support/WaitFor.h"
 
 #include <QApplication>
@@ -228,6 +229,20 @@ TEST_F(EditProject, DatesThatAreUnsetComeFilled) {
   EXPECT_EQ(red(), QStringList());
   form().close();
   EXPECT_FALSE(form().isVisible()) << "that alone is no change of the user's";
+}
+
+TEST_F(EditProject, TheUsualNamesOfRatingsAreShownInALanguageAndKeptInEnglish) {
+  const TestLanguage language(u"Tension||Spannung\nHumour||Humor\nRelevance||Gewicht\nQuality||Güte\n"_s);
+  ProjectSettings settings = wholeSettings();
+  settings.FieldTitles = {u"Tempo"_s, u"Tension"_s, {}, {}};
+  show(settings);
+  EXPECT_EQ(control<QLineEdit>(u"txtField(2)"_s).text(), u"Spannung"_s);
+  control<QLineEdit>(u"txtField(4)"_s).setText(u"Humor"_s);
+  EXPECT_EQ(form().settings().FieldTitles, (decltype(settings.FieldTitles){u"Tempo"_s, u"Tension"_s, {}, u"Humour"_s}));
+  tabs().setCurrentIndex(2);
+  press("cmdDefault");
+  EXPECT_EQ(control<QLineEdit>(u"txtField(3)"_s).text(), u"Humor"_s);
+  EXPECT_EQ(form().settings().FieldTitles[3], u"Quality"_s);
 }
 
 TEST_F(EditProject, DatesOutOfOrderAreRedSaidAndAskedAbout) {

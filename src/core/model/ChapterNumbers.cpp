@@ -1,6 +1,7 @@
-#include "gui/shell/commands/ChapterNumbers.h"
+#include "core/model/ChapterNumbers.h"
 
 #include "core/infra/Numbers.h"
+#include "core/infra/cSharedLang.h"
 #include "core/infra/cSharedLogging.h"
 #include "core/model/clsChapter.h"
 #include "core/model/clsProject.h"
@@ -9,7 +10,25 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString numbered(const QString& word, qint64 number) {
+  return word + u' ' + QString::number(number);
+}
+
+}  // namespace
+
 namespace ChapterNumbers {
+
+QStringList words() {
+  QStringList words{u"Chapter"_s, translated(u"Chapter"_s)};
+  words.removeDuplicates();
+  return words;
+}
+
+QString title(qint64 number) {
+  return numbered(words().constLast(), number);
+}
 
 qint64 inTitle(QStringView title) {
   constexpr double kMost = 1e15;
@@ -27,13 +46,17 @@ qint64 highest(const clsProject& project) {
 }
 
 qint32 renumber(clsProject& project) {
+  const QStringList words = ChapterNumbers::words();
   qint32 number = 0;
   qint32 changed = 0;
   for (const auto& chapter : project.Chapters) {
-    if (!chapter->Title.contains(u"chapter", Qt::CaseInsensitive)) {
+    const auto word = std::find_if(words.begin(), words.end(), [&](const QString& called) {
+      return chapter->Title.contains(called, Qt::CaseInsensitive);
+    });
+    if (word == words.end()) {
       continue;
     }
-    const QString title = u"Chapter "_s + QString::number(++number);
+    const QString title = numbered(*word, ++number);
     if (chapter->Title != title) {
       Logging().LogEvent(u"Renamed chapter "_s + chapter->Title + u" to "_s + title);
       chapter->Title = title;
