@@ -53,8 +53,10 @@ class WebServer {
     return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(announced < 0 ? body.size() : announced) +
            "\r\n\r\n" + body;
   }
+  /// Says that the connection ends: a client gives up where it has found too many dead that it kept for the next
+  /// request.
   static QByteArray moved(const QByteArray& to) {
-    return "HTTP/1.1 302 Found\r\nContent-Length: 5\r\nLocation: " + to + "\r\n\r\nMoved";
+    return "HTTP/1.1 302 Found\r\nContent-Length: 5\r\nConnection: close\r\nLocation: " + to + "\r\n\r\nMoved";
   }
   /// The first bytes of a longer answer whose rest never comes.
   static Reply held(const QByteArray& bytes) {

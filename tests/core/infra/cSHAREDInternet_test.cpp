@@ -15,6 +15,7 @@
 #include <QFile>
 
 #include <gtest/gtest.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -100,10 +101,11 @@ TEST_F(Internet, AFailedTransferLeavesWhatStoodThere) {
 TEST_F(Internet, WhatGetsFurtherMayTakeItsTimeButNotForEver) {
   const QByteArray body(1'000, 'z');
   const WebServer server(
-      {{u"/slow"_s, WebServer::trickling(WebServer::ok(body), 60)}, {u"/circle"_s, WebServer::moved("/circle")}});
-  internet.TimeoutMs = 400;
+      {{u"/slow"_s, WebServer::trickling(WebServer::ok(body), 250)}, {u"/circle"_s, WebServer::moved("/circle")}});
+  const qint64 usual = std::exchange(internet.TimeoutMs, 2'000);
   EXPECT_TRUE(internet.GetFile(server.address(u"/slow"_s), path)) << "it was never silent for so long";
   EXPECT_EQ(content(), body);
+  internet.TimeoutMs = usual;
   internet.MayBeSentTo = [](const QString& to) { return to; };
   EXPECT_FALSE(internet.GetFile(server.address(u"/circle"_s), path));
   EXPECT_EQ(server.asked().size(), 1 + 11);
@@ -234,10 +236,11 @@ TEST_F(Internet, WhatATransferIsAtIsTold) {
     EXPECT_FALSE(internet.Connected());
   }
   internet.SuppressAllButErrors = false;
-  internet.TimeoutMs = 50;
+  const qint64 usual = std::exchange(internet.TimeoutMs, 50);
   told.clear();
   EXPECT_EQ(internet.OpenURL(server.address(u"/silent"_s)), QString());
   EXPECT_EQ(told.constLast(), u"(Transfer timed out)"_s);
+  internet.TimeoutMs = usual;
   toolkit.onYield = [&] { internet.Cancel(); };
   EXPECT_EQ(internet.OpenURL(server.address(u"/silent"_s)), QString());
   EXPECT_EQ(told.constLast(), u"(cancelled)"_s);
