@@ -60,6 +60,12 @@ class LanguageHook : public QObject {
           translateTexts(watched, inLanguage);
         }
         break;
+      case QEvent::ToolTipChange:
+        // A screen reader tells it without a pointer. What isn't up yet is translated with its window.
+        if (const auto* const widget = qobject_cast<QWidget*>(&watched); widget != nullptr && widget->isVisible()) {
+          translateTexts(watched, inLanguage);
+        }
+        break;
       case QEvent::Paint:
         if (qobject_cast<QLabel*>(&watched) != nullptr || qobject_cast<QAbstractButton*>(&watched) != nullptr ||
             qobject_cast<QGroupBox*>(&watched) != nullptr) {
