@@ -26,10 +26,14 @@
 #include "gui/shell/windows/frmProblemWords.h"
 #include "gui/shell/windows/frmProjectWizard.h"
 #include "gui/shell/windows/frmSceneList.h"
+#include "gui/shell/windows/frmSplash.h"
+#include "gui/toolkit/RichTextBox.h"
+#include "gui/toolkit/cSharedProgress.h"
 #include "gui/toolkit/fSHAREDErrorRpt.h"
 #include "gui/toolkit/fSHAREDGetDate.h"
 #include "gui/toolkit/fSHAREDLogViewer.h"
 #include "gui/toolkit/fSHAREDProxy.h"
+#include "gui/views/NoteWindow.h"
 #include "gui/views/frmFind.h"
 #include "gui/views/frmPickChapters.h"
 #include "gui/views/frmPickFont.h"
@@ -50,7 +54,7 @@ Window& EveryWindow::make(Arguments&&... arguments) {
   return made;
 }
 
-EveryWindow::EveryWindow(QWidget& main) {
+EveryWindow::EveryWindow(QWidget& main) : progress_(std::make_unique<cSharedProgress>()) {
   all_.append(&main);
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     if (qobject_cast<frmEditor*>(window) != nullptr) {
@@ -93,6 +97,19 @@ EveryWindow::EveryWindow(QWidget& main) {
   for (const int kind : {kListCharacters, kListLocations, kListItems}) {
     make<frmList>().SetupFor(kind, true);
   }
+  make<frmSplash>();
+  const RichTextBox text;
+  for (const auto kind : {InlineObject::Kind::Footnote, InlineObject::Kind::Endnote, InlineObject::Kind::Comment}) {
+    make<NoteWindow>(InlineObject{.kind = kind}, text, &main);
+  }
+  progress_->offerStop([] {});
+  progress_->Show();
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == u"cSharedProgress") {
+      all_.append(window);
+    }
+  }
+  progress_->Hide();
 }
 
 EveryWindow::~EveryWindow() = default;

@@ -11,6 +11,7 @@
 #include <vector>
 
 class QWidget;
+class cSharedProgress;
 
 /// Every window of the program, as each is before anything is done in it. A window that is new in the program joins the
 /// others here. It needs an open book, and an editor where the editor's shall be among them.
@@ -28,6 +29,7 @@ class EveryWindow {
 
   clsHashTable noWords_;
   DateEntry entry_{false, QStringLiteral("/"), QDate(2026, 3, 2)};
+  std::unique_ptr<cSharedProgress> progress_;
   std::vector<std::unique_ptr<QWidget>> own_;
   QList<QWidget*> all_;
 };
