@@ -97,6 +97,11 @@ bool isPage(QStringView reply) {
   return reply.contains(u"<HTML", Qt::CaseInsensitive) || reply.contains(u"<!DOCTYPE", Qt::CaseInsensitive);
 }
 
+QString whole(const QString& versionFile, const QString& download) {
+  const QUrl address = QUrl(versionFile).resolved(QUrl(download));
+  return address.isValid() ? address.toString(QUrl::FullyEncoded) : download;
+}
+
 QString installer(const QString& versionFile, const QString& download) {
   const QUrl base(versionFile);
   const QUrl address = base.resolved(QUrl(download));

@@ -42,7 +42,9 @@ QString detailsFile();
 
 /// Whether a reply is a page for a browser where a plain text was asked for.
 bool isPage(QStringView reply);
-/// The whole address of what a version file names. Empty for what must not be run: anything that doesn't come by HTTPS
+/// The whole address of what a version file names, whatever it is.
+QString whole(const QString& versionFile, const QString& download);
+/// The same of an installer. Empty for what must not be run: anything that doesn't come by HTTPS
 /// from the host, and the port, of the version file.
 QString installer(const QString& versionFile, const QString& download);
 

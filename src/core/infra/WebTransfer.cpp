@@ -1,5 +1,6 @@
 #include "core/infra/WebTransfer.h"
 
+#include "core/infra/ToldText.h"
 #include "core/infra/cSharedLang.h"
 
 #include <algorithm>
@@ -268,7 +269,12 @@ void WebTransfer::check(CURLcode result) const {
                           detail);
     case CURLE_PARTIAL_FILE:
       throw TransferError(shownText(u"The connection ended too soon"_s), TransferError::Kind::CutShort, detail);
+    case CURLE_HTTP_RETURNED_ERROR: {
+      long code = 0;
+      curl_.getInfo(handle_.get(), CURLINFO_RESPONSE_CODE, &code);
+      throw TransferError(toldText(u"The server answered with error %1"_s, {QString::number(code)}));
+    }
     default:
-      throw TransferError(detail);
+      throw TransferError(toldText(u"The transfer failed: %1"_s, {detail}));
   }
 }

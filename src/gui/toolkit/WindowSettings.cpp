@@ -9,10 +9,14 @@
 #include <QTreeView>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
 
 /// A point of the title bar, from the corner of a window.
 constexpr QPoint kGrip(60, 12);
+/// Of the screen.
+constexpr double kHigh = 0.8;
 
 }  // namespace
 
@@ -80,6 +84,11 @@ void storeWindow(const QString& name, QWidget& window) {
 void restoreWindow(const QString& name, QWidget& window) {
   WindowSettings form(window);
   Settings().ReadWindowSettings(name, form);
+  // Qt puts what is inside the frame into the middle: the title of a high window would lie above the screen.
+  const QRect room = window.screen()->availableGeometry();
+  if (!window.isMaximized() && window.height() > room.height() * kHigh) {
+    window.move(room.left() + std::max(0, (room.width() - window.width()) / 2), room.top());
+  }
 }
 
 void storePlace(const QString& name, QWidget& window) {

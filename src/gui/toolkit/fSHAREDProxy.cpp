@@ -9,10 +9,10 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QIntValidator>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +22,7 @@ namespace {
 constexpr int kSystem = 1;
 constexpr int kNamed = 2;
 constexpr int kNone = 3;
+constexpr int kHighestPort = 65'535;
 
 QRadioButton* makeOption(const QString& name, const QString& caption, QWidget* parent) {
   auto* const option = new QRadioButton(caption, parent);
@@ -51,7 +52,6 @@ void fSHAREDProxy::showOver(QWidget& window) {
 
 void fSHAREDProxy::buildLayout() {
   constexpr int kIndent = 24;
-  constexpr int kHighestPort = 65'535;
   constexpr int kLetters = 28;
   auto* const column = new QVBoxLayout(this);
   column->addWidget(optDefault);
@@ -65,7 +65,8 @@ void fSHAREDProxy::buildLayout() {
   txtPwd = addLineEdit(*fields, u"txtPwd"_s, u"Pass&word"_s);
   txtPwdRepeat = addLineEdit(*fields, u"txtPwdRepeat"_s, u"&Repeat password"_s);
   txtServer->setMinimumWidth(fontMetrics().averageCharWidth() * kLetters);
-  txtPort->setValidator(new QIntValidator(1, kHighestPort, txtPort));
+  // One for whole numbers takes the signs between thousands as well.
+  txtPort->setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]{0,5}"_s), txtPort));
   txtPwd->setEchoMode(QLineEdit::Password);
   txtPwdRepeat->setEchoMode(QLineEdit::Password);
   column->addLayout(fields);
@@ -75,6 +76,11 @@ void fSHAREDProxy::buildLayout() {
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   buttons->button(QDialogButtonBox::Ok)->setDefault(true);
   column->addWidget(buttons);
+  const std::initializer_list<QWidget*> order = {optDefault, optNoProxy, optNamed, txtServer,
+                                                 txtPort,    txtUser,    txtPwd,   txtPwdRepeat};
+  for (auto next = order.begin(); next + 1 != order.end(); ++next) {
+    setTabOrder(*next, *(next + 1));
+  }
 }
 
 void fSHAREDProxy::connectSignals() {
@@ -86,7 +92,9 @@ void fSHAREDProxy::connectSignals() {
 void fSHAREDProxy::load() {
   const auto text = [](const QString& key) { return Settings().sGet(key).toString(); };
   const int type = Numbers::ToInt(Settings().sGet(u"ProxyType"_s, kSystem));
-  (type == kSystem ? optDefault : type == kNamed ? optNamed : optNoProxy)->setChecked(true);
+  QRadioButton* const chosen = type == kSystem ? optDefault : type == kNamed ? optNamed : optNoProxy;
+  chosen->setChecked(true);
+  chosen->setFocus();
   txtServer->setText(text(u"ProxyServer"_s));
   txtPort->setText(text(u"ProxyPort"_s));
   txtUser->setText(text(u"ProxyUser"_s));
@@ -102,9 +110,19 @@ void fSHAREDProxy::enableFields() {
 }
 
 void fSHAREDProxy::accept() {
+  partServer();
   if (!optNamed->isChecked() || mayBeKept()) {
     store();
     QDialog::accept();
+  }
+}
+
+/// "proxy:3128" is what other programs take for both; several colons are an address without port.
+void fSHAREDProxy::partServer() {
+  static const QRegularExpression both(u"^((?:[a-z0-9]+://)?(?:[^@]*@)?[^:@/]+):([0-9]{1,5})/?$"_s);
+  if (const QRegularExpressionMatch found = both.match(txtServer->text().trimmed()); found.hasMatch()) {
+    txtServer->setText(found.captured(1));
+    txtPort->setText(found.captured(2));
   }
 }
 
@@ -127,6 +145,13 @@ bool fSHAREDProxy::mayBeKept() {
   if (txtServer->text().trimmed().isEmpty()) {
     toolkit().MsgBox(u"Please type the name of the proxy server."_s);
     txtServer->setFocus();
+    return false;
+  }
+  const QString port = txtPort->text();
+  if (!port.isEmpty() && (port.toInt() < 1 || port.toInt() > kHighestPort)) {
+    toolkit().MsgBox(u"The port is a number from 1 to 65535."_s);
+    txtPort->setFocus();
+    txtPort->selectAll();
     return false;
   }
   return true;

@@ -21,6 +21,7 @@ class fSHAREDProxy : public QDialog {
   void buildLayout();
   void connectSignals();
   void load();
+  void partServer();
   bool mayBeKept();
   void store() const;
   void enableFields();

@@ -3,6 +3,7 @@
 #include "gui/toolkit/Twips.h"
 #include "support/WaitFor.h"
 
+#include <QDialog>
 #include <QHeaderView>
 #include <QScreen>
 #include <QTest>
@@ -57,6 +58,16 @@ TEST_F(WindowSettingsTest, ASizeFromALargerScreenIsBroughtWithinThisOne) {
   Settings().sSet(u"EditorWindowHeight"_s, 1e9);
   restoreWindow(u"Editor"_s, window);
   EXPECT_TRUE(window.isMaximized());
+}
+
+TEST_F(WindowSettingsTest, AHighWindowBeginsWithItsFrameAtTheTop) {
+  QDialog window;
+  const QRect room = window.screen()->availableGeometry();
+  Settings().sSet(u"EditorWindowWidth"_s, 15 * 400);
+  Settings().sSet(u"EditorWindowHeight"_s, 15 * (room.height() * 9 / 10));
+  restoreWindow(u"Editor"_s, window);
+  window.show();
+  EXPECT_EQ(window.frameGeometry().topLeft(), QPoint(room.left() + (room.width() - 400) / 2, room.top()));
 }
 
 TEST_F(WindowSettingsTest, APlaceIsTakenAgainWhereTheTitleBarCanBeReached) {

@@ -308,6 +308,10 @@ void fSHAREDUpdater::CheckForUpdate(bool Silent) {
 
 void fSHAREDUpdater::takeReply(const QString& reply) {
   if (reply.isEmpty() || UpdateAddress::isPage(reply)) {
+    if (!reply.isEmpty()) {
+      // A network that wants a name first answers so to everything.
+      why_ = shownText(u"The server sent a page for a browser"_s);
+    }
     tellUnanswered();
     return;
   }
@@ -399,10 +403,13 @@ void fSHAREDUpdater::cmdShowDetail_Click() {
   }
 }
 
-// A key that stops doesn't close as well.
+// A key that stops doesn't close as well, and Enter, which would close, ends no download.
 void fSHAREDUpdater::keyPressEvent(QKeyEvent* event) {
   if (running_ && event->matches(QKeySequence::Cancel)) {
     StopAll();
+    return;
+  }
+  if (running_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
     return;
   }
   QDialog::keyPressEvent(event);

@@ -32,11 +32,12 @@ QString fileNameOf(const QString& address) {
 }  // namespace
 
 QString fSHAREDUpdater::trustedAddress() const {
-  QString address = UpdateAddress::installer(UpdateAddress::versionFile(), newest_.download);
+  const QString versionFile = UpdateAddress::versionFile();
+  QString address = UpdateAddress::installer(versionFile, newest_.download);
   if (address.isEmpty()) {
     toolkit().MsgBox(translated(u"The installer is not downloaded. Only one that comes from the update server itself "
                                 "by a secure connection (HTTPS) can be trusted, and this one would come from:\n%1"_s)
-                         .arg(newest_.download));
+                         .arg(UpdateAddress::whole(versionFile, newest_.download)));
   }
   return address;
 }
