@@ -241,6 +241,9 @@ QString QtToolkit::InputBox(const QString& prompt, const QString& title, const Q
     label->setTextFormat(Qt::PlainText);
   }
   dialog->setTextValue(text);
+  // A frame cuts the title of a window that is narrower, and has buttons beside it.
+  const QFontMetrics letters = dialog->fontMetrics();
+  dialog->setMinimumWidth(letters.horizontalAdvance(dialog->windowTitle()) + letters.height() * 8);
   return dialog.accepted() ? dialog->textValue() : QString();
 }
 
