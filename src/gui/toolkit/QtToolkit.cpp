@@ -33,6 +33,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The room beside a title, in lines.
+constexpr int kTitleButtons = 8;
+
 struct BoxKind {
   QMessageBox::Icon picture;
   QMessageBox::StandardButtons buttons;
@@ -237,13 +240,14 @@ QString QtToolkit::InputBox(const QString& prompt, const QString& title, const Q
   const OverActiveWindow<QInputDialog> dialog;
   dialog->setWindowTitle(title.isEmpty() ? u"Quillane"_s : literalTitle(translated(title)));
   dialog->setLabelText(translated(prompt));
-  for (QLabel* const label : dialog->findChildren<QLabel*>()) {
-    label->setTextFormat(Qt::PlainText);
-  }
-  dialog->setTextValue(text);
   // A frame cuts the title of a window that is narrower, and has buttons beside it.
   const QFontMetrics letters = dialog->fontMetrics();
-  dialog->setMinimumWidth(letters.horizontalAdvance(dialog->windowTitle()) + letters.height() * 8);
+  const int widthOfTitle = letters.horizontalAdvance(dialog->windowTitle()) + letters.height() * kTitleButtons;
+  for (QLabel* const label : dialog->findChildren<QLabel*>()) {
+    label->setTextFormat(Qt::PlainText);
+    label->setMinimumWidth(widthOfTitle);
+  }
+  dialog->setTextValue(text);
   return dialog.accepted() ? dialog->textValue() : QString();
 }
 

@@ -132,6 +132,7 @@ TEST(InputBox, GivesTheTextAndNothingOnCancel) {
   {
     const WhenModal type([](QWidget& window) {
       EXPECT_EQ(window.windowTitle(), u"Custom scene splitting"_s);
+      EXPECT_GT(window.width(), window.fontMetrics().horizontalAdvance(window.windowTitle()) * 3 / 2) << "isn't cut";
       auto* const edit = &childOf<QLineEdit>(window);
       EXPECT_EQ(edit->text(), u"%-%"_s);
       QTest::keyClicks(edit, u"##"_s);
