@@ -169,11 +169,9 @@ qsizetype behindTitle(QStringView text, qsizetype heading, qint32 number, const 
   const qsizetype end = found < 0 ? text.size() : found;
   QStringView said = text.sliced(heading, end - heading).trimmed();
   said.chop(frame.isText && said.endsWith(u'*') ? 1 : 0);
-  const QStringList words = ChapterNumbers::words();
-  const bool saysTitle = std::any_of(words.begin(), words.end(), [&](const QString& word) {
-    return said.compare(word + u' ' + QString::number(number), Qt::CaseInsensitive) == 0;
-  });
-  return saysTitle ? behindEmptyLines(text, end, frame.isText ? 4 : 3) : heading;
+  return ChapterNumbers::titles(number).contains(said, Qt::CaseInsensitive)
+             ? behindEmptyLines(text, end, frame.isText ? 4 : 3)
+             : heading;
 }
 
 struct Chapters {

@@ -26,8 +26,15 @@ QStringList words() {
   return words;
 }
 
+QStringList titles(qint64 number) {
+  QStringList titles = words();
+  std::transform(titles.begin(), titles.end(), titles.begin(),
+                 [number](const QString& word) { return numbered(word, number); });
+  return titles;
+}
+
 QString title(qint64 number) {
-  return numbered(words().constLast(), number);
+  return titles(number).constLast();
 }
 
 qint64 inTitle(QStringView title) {

@@ -10,6 +10,8 @@ namespace ChapterNumbers {
 
 /// What a chapter is called in front of its number: in English, and in the language that is in force.
 QStringList words();
+/// What the chapter of this number may be called, in both.
+QStringList titles(qint64 number);
 /// In the language that is in force.
 QString title(qint64 number);
 
@@ -18,8 +20,7 @@ qint64 inTitle(QStringView title);
 /// The highest that any chapter's title ends in.
 qint64 highest(const clsProject& project);
 /// Numbers the chapters in order, those that are called so, in either language: whatever else stands in such a title
-/// goes, and is logged.
-/// Other titles don't count. How many have another title than before.
+/// goes, and is logged. Other titles don't count. How many have another title than before.
 qint32 renumber(clsProject& project);
 
 }  // namespace ChapterNumbers

@@ -4,7 +4,6 @@
 #include "core/infra/NativeFile.h"
 #include "core/infra/Paths.h"
 #include "core/infra/RuntimeError.h"
-#include "core/infra/ToldText.h"
 #include "core/infra/ZipContents.h"
 #include "core/infra/cSHAREDZipFiles.h"
 #include "core/infra/cSharedFileSubs.h"
@@ -15,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 using namespace modConstXML;
@@ -86,8 +86,7 @@ QString DebugFile::listed() const {
 void DebugFile::write() const {
   const std::optional<QByteArray> project = readWholeFile(projectFile_);
   if (!project) {
-    throw RuntimeError(RuntimeError::FileNotFound,
-                       toldText(RuntimeError::descriptionOf(RuntimeError::FileNotFound) + u": %1"_s, {projectFile_}));
+    throw RuntimeError::fromErrno(ENOENT, projectFile_);
   }
   Files().ReplaceFile(file_, withoutStory(*project));
   Files().ReplaceFile(list_, listed().toUtf8());

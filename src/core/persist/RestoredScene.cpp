@@ -28,5 +28,5 @@ std::shared_ptr<clsScene> restoreAsNewScene(const QByteArray& rtf, const QString
 QString titleOfRestored(const clsScene* source, const QString& copy, const QString& time) {
   const QString title = source == nullptr ? QString() : source->Title.trimmed();
   const QString front = title.isEmpty() ? Files().FileWithoutExt(Files().FileOnly(copy)) : title;
-  return front + u' ' + (time.isEmpty() ? translated(u"(copy)"_s) : translated(u"(copy of %1)"_s).arg(time));
+  return time.isEmpty() ? translated(u"%1 (copy)"_s).arg(front) : translated(u"%1 (copy of %2)"_s).arg(front, time);
 }

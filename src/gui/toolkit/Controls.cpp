@@ -42,6 +42,12 @@ void giveName(QWidget& control, const QString& name, const QString& spokenName) 
   control.setAccessibleName(spokenName);
 }
 
+void giveTabOrder(std::initializer_list<QWidget*> controls) {
+  for (auto next = controls.begin(); next != controls.end() && next + 1 != controls.end(); ++next) {
+    QWidget::setTabOrder(*next, *(next + 1));
+  }
+}
+
 void giveName(QTabWidget& tabs, const QString& name, const QString& spokenName) {
   giveName(static_cast<QWidget&>(tabs), name, spokenName);
   tabs.tabBar()->setAccessibleName(spokenName);

@@ -3,6 +3,8 @@
 #include <QString>
 #include <Qt>
 
+#include <initializer_list>
+
 class QFormLayout;
 class QIcon;
 class QLabel;
@@ -20,6 +22,9 @@ class QWidget;
 void giveName(QWidget& control, const QString& name, const QString& spokenName = {});
 /// The same for the tabs and for their bar, which is what takes the keyboard.
 void giveName(QTabWidget& tabs, const QString& name, const QString& spokenName);
+
+/// The Tab key leads from each of them to the next.
+void giveTabOrder(std::initializer_list<QWidget*> controls);
 
 /// Spoken of by its caption.
 QPushButton* makeButton(const QString& name, const QString& caption, QWidget* parent = nullptr);

@@ -3,6 +3,7 @@
 #include "core/infra/Numbers.h"
 #include "gui/toolkit/Twips.h"
 
+#include <QDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScreen>
@@ -84,9 +85,9 @@ void storeWindow(const QString& name, QWidget& window) {
 void restoreWindow(const QString& name, QWidget& window) {
   WindowSettings form(window);
   Settings().ReadWindowSettings(name, form);
-  // Qt puts what is inside the frame into the middle: the title of a high window would lie above the screen.
+  // Of a dialog Qt puts what is inside the frame into the middle: the title of a high one would lie above the screen.
   const QRect room = window.screen()->availableGeometry();
-  if (!window.isMaximized() && window.height() > room.height() * kHigh) {
+  if (qobject_cast<QDialog*>(&window) != nullptr && !window.isMaximized() && window.height() > room.height() * kHigh) {
     window.move(room.left() + std::max(0, (room.width() - window.width()) / 2), room.top());
   }
 }

@@ -76,11 +76,7 @@ void fSHAREDProxy::buildLayout() {
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   buttons->button(QDialogButtonBox::Ok)->setDefault(true);
   column->addWidget(buttons);
-  const std::initializer_list<QWidget*> order = {optDefault, optNoProxy, optNamed, txtServer,
-                                                 txtPort,    txtUser,    txtPwd,   txtPwdRepeat};
-  for (auto next = order.begin(); next + 1 != order.end(); ++next) {
-    setTabOrder(*next, *(next + 1));
-  }
+  giveTabOrder({optDefault, optNoProxy, optNamed, txtServer, txtPort, txtUser, txtPwd, txtPwdRepeat});
 }
 
 void fSHAREDProxy::connectSignals() {

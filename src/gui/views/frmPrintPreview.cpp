@@ -107,12 +107,7 @@ void frmPrintPreview::buildLayout() {
   column->addLayout(bar);
   column->addWidget(area_, 1);
   column->addLayout(buttons);
-  QWidget* before = cmdFirst;
-  for (QWidget* const next :
-       std::initializer_list<QWidget*>{cmdPrevious, txtPage, cmdNext, cmdLast, cmbZoom, area_, cmdPrint, cmdCancel}) {
-    setTabOrder(before, next);
-    before = next;
-  }
+  giveTabOrder({cmdFirst, cmdPrevious, txtPage, cmdNext, cmdLast, cmbZoom, area_, cmdPrint, cmdCancel});
 }
 
 void frmPrintPreview::connectSignals() {

@@ -200,6 +200,17 @@ TEST_F(LanguagesTest, TheProgramGoesThereAndBack) {
   }
 }
 
+TEST_F(LanguagesTest, ADevelopmentBuildCompletesTheFilesAndGathersTheTexts) {
+  language(u"Pröbe\r\nProject||Werk\r\n"_s);
+  writeFile(folder.path(u"Languages/template.txt"_s), "Template\nProject||Project\nScene||Scene\n");
+  startWith(smallProject());
+  trigger("mnuUpdateLanguages");
+  EXPECT_EQ(QString::fromUtf8(fileBytes(folder.path(u"Languages/x.txt"_s))),
+            u"Pröbe\r\nProject||Werk\r\nScene||Scene\r\n"_s);
+  EXPECT_TRUE(fileBytes(folder.path(u"FormsText.txt"_s)).contains("Autobackups||"));
+  EXPECT_EQ(panel("numberfiles"), u"The language files were updated"_s);
+}
+
 TEST_F(LanguagesTest, TheNextStartKnowsTheLanguage) {
   language(u"Pröbe\nProject||Werk\n"_s);
   startWith(smallProject());

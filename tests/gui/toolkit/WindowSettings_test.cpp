@@ -60,7 +60,7 @@ TEST_F(WindowSettingsTest, ASizeFromALargerScreenIsBroughtWithinThisOne) {
   EXPECT_TRUE(window.isMaximized());
 }
 
-TEST_F(WindowSettingsTest, AHighWindowBeginsWithItsFrameAtTheTop) {
+TEST_F(WindowSettingsTest, AHighDialogBeginsWithItsFrameAtTheTop) {
   QDialog window;
   const QRect room = window.screen()->availableGeometry();
   Settings().sSet(u"EditorWindowWidth"_s, 15 * 400);

@@ -27,7 +27,6 @@
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
-#include <initializer_list>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -121,12 +120,8 @@ void fSHAREDUpdater::buildLayout() {
   column->addLayout(buttons);
   txtDetail->hide();
   cmdClose->setDefault(true);
-  const std::initializer_list<QWidget*> order = {
-      cmdShowDetail, cmdDownload,   cmdDownloadInstall, txtDetail, chkDisableAutoUpdate,
-      cmdProxy,      cmdCheckAgain, cmdCancel,          cmdClose};
-  for (auto next = order.begin(); next + 1 != order.end(); ++next) {
-    setTabOrder(*next, *(next + 1));
-  }
+  giveTabOrder({cmdShowDetail, cmdDownload, cmdDownloadInstall, txtDetail, chkDisableAutoUpdate, cmdProxy,
+                cmdCheckAgain, cmdCancel, cmdClose});
 }
 
 void fSHAREDUpdater::connectSignals() {
